@@ -1,0 +1,299 @@
+#include "core/analysis/LineTables.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+constexpr std::int8_t kNotYet = -2;
+constexpr unsigned kJokerBit = 1U << 4;
+constexpr unsigned kStarsBit = 1U << 5;
+constexpr unsigned kRedBits = 0b1010;  // hearts and diamonds
+constexpr unsigned kBlackBits = 0b0101;
+
+bool IsRed(std::size_t suit) { return suit % 2 == 1; }
+
+bool IsWildCard(const DeckDescription& deck, int rank, int suit) {
+    if (!deck.usesWilds) return false;
+    const bool oneEyed = rank == 11 && (suit == kSpades || suit == kHearts);
+    return rank == 0 || (deck.oneEyedJacksWild && oneEyed) ||
+           std::ranges::find(deck.wildRanks, rank) != deck.wildRanks.end();
+}
+
+bool KeepsWildCards(const SuitRenaming& renaming, const DeckDescription& deck) {
+    for (int rank = 1; rank <= 13; ++rank) {
+        for (int suit = 0; suit < kSuits; ++suit) {
+            const int renamed = renaming[static_cast<std::size_t>(suit)];
+            if (IsWildCard(deck, rank, suit + 1) != IsWildCard(deck, rank, renamed + 1))
+                return false;
+        }
+    }
+    return true;
+}
+
+// Red and black may change places as a whole.
+bool KeepsColours(const SuitRenaming& renaming) {
+    const auto stays = [&renaming](std::size_t suit) {
+        return IsRed(suit) == IsRed(renaming[suit]);
+    };
+    return stays(0) == stays(1) && stays(1) == stays(2) && stays(2) == stays(3);
+}
+
+// A copy of the table without the lines that a set cannot be paid on.
+PayTable WithoutPassedOver(const PayTable& table, std::vector<int>& lineNumbers) {
+    PayTable kept = table;
+    kept.lines.clear();
+    for (std::size_t i = 0; i < table.lines.size(); ++i) {
+        const HandRank rank = table.lines[i].rank;
+        if (rank == HandRank::kFiveCardCharlie || rank == HandRank::kFourAcesInOrder) continue;
+        kept.lines.push_back(table.lines[i]);
+        lineNumbers.push_back(static_cast<int>(i));
+    }
+    return kept;
+}
+
+std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
+
+template <std::size_t N>
+std::uint32_t KeyOf(const std::array<SetCard, N>& cards, int size) {
+    std::uint32_t key = 0;
+    for (int i = 0; i < size; ++i) key += SetKey::Add(i, cards[static_cast<std::size_t>(i)]);
+    return key;
+}
+
+// The sorted set with one card more, put into its place.
+std::array<SetCard, kHandSize> WithCard(std::span<const SetCard> cards, SetCard card) {
+    std::array<SetCard, kHandSize> larger{};
+    std::size_t i = cards.size();
+    for (; i > 0 && card < cards[i - 1]; --i) larger[i] = cards[i - 1];
+    larger[i] = card;
+    std::copy_n(cards.begin(), i, larger.begin());
+    return larger;
+}
+
+}  // namespace
+
+SuitGroup InterchangeableSuits(const PayTable& table) {
+    const DeckDescription deck = DeckOf(table);
+    const bool coloursCount = HasLine(table, HandRank::kAllRedOrBlack);
+    SuitGroup group;
+    SuitRenaming renaming{0, 1, 2, 3};
+    do {
+        if (KeepsWildCards(renaming, deck) && (!coloursCount || KeepsColours(renaming))) {
+            group.push_back(renaming);
+        }
+    } while (std::ranges::next_permutation(renaming).found);
+    return group;
+}
+
+// The evaluator's side of the work: cards in, line number of the whole table out.
+struct LineTables::Building {
+    const LineTables& tables;
+    std::vector<int> lineNumbers;
+    PayTable lines;
+
+    Building(const LineTables& tables, const PayTable& table)
+        : tables(tables), lines(WithoutPassedOver(table, lineNumbers)) {}
+
+    EvaluatedHand Deal(std::span<const SetCard> cards) const {
+        EvaluatedHand dealt;
+        for (std::size_t i = 0; i < cards.size(); ++i) {
+            const SetCard card = cards[i];
+            const bool extra = card.kind == kExtraKind;
+            dealt.hand.ranks[i] = extra ? tables.extraFace.rank : card.kind + 1;
+            dealt.hand.suits[i] = extra ? tables.extraFace.suit : card.suit + 1;
+            dealt.hand.wild[i] = tables.wild[card.kind][card.suit];
+        }
+        return dealt;
+    }
+
+    int Classify(EvaluatedHand& evaluated) const {
+        SaveFeatures(evaluated);
+        const int line = ClassifyHand(evaluated, lines, 1).line;
+        return line < 0 ? -1 : lineNumbers[static_cast<std::size_t>(line)];
+    }
+
+    int LineOf(std::span<const SetCard> five) const {
+        EvaluatedHand evaluated = Deal(five);
+        ComputeFeatures(evaluated, lines);
+        return Classify(evaluated);
+    }
+
+    int LineOfHeld(std::span<const SetCard> held) const {
+        EvaluatedHand evaluated = Deal(held);
+        const HoldMask firstOnes = kStandPat << (kHandSize - static_cast<int>(held.size()));
+        ComputePartialFeatures(evaluated, lines, firstOnes & kStandPat, lines.usesWilds);
+        return Classify(evaluated);
+    }
+};
+
+LineTables::LineTables(const PayTable& table) {
+    DescribeDeck(table);
+    const SuitGroup group = InterchangeableSuits(table);
+    for (int size = 1; size <= kMaxSetSize; ++size) classes.emplace_back(size, extras, group);
+
+    const Building building(*this, table);
+    CountFours(building);
+    CountFromLarger<3>(threes);
+    CountFromLarger<2>(twos);
+    CountFromLarger<1>(ones);
+    Rows<std::uint32_t> all;
+    CountFromLarger<0>(all);
+    allHands = all.front();
+    if (table.type == GameType::kDoubleDraw) ClassifyHeld(building);
+}
+
+void LineTables::DescribeDeck(const PayTable& table) {
+    const DeckDescription deck = DeckOf(table);
+    coloursCount = HasLine(table, HandRank::kAllRedOrBlack);
+    deckSize = deck.deckSize;
+    extras = deck.fifthAce ? 1 : deck.jokers;
+    extraFace = deck.fifthAce ? CardFace{1, kStars} : CardFace{0, kNoSuit};
+    kindCount = extras > 0 ? kMaxKinds : kMaxKinds - 1;
+    for (std::size_t kind = 0; kind < kMaxKinds; ++kind) {
+        const bool extra = kind == kExtraKind;
+        const unsigned extraBit = deck.fifthAce ? kStarsBit : kJokerBit;
+        for (std::size_t suit = 0; suit < kSuits; ++suit) {
+            const int rank = extra ? extraFace.rank : static_cast<int>(kind) + 1;
+            wild[kind][suit] = IsWildCard(deck, rank, static_cast<int>(suit) + 1);
+        }
+        const auto wilds = std::ranges::count(wild[kind], true);
+        for (std::size_t suit = 0; suit < kSuits; ++suit) {
+            SuitView& view = views[kind][suit];
+            view.suits = extra ? extraBit : 1U << suit;
+            view.naturalSuits = wild[kind][suit] ? 0 : view.suits;
+            view.wildByFace = wild[kind][suit] && wilds < kSuits ? 1 : 0;
+        }
+    }
+}
+
+std::size_t LineTables::ViewNumber(const SuitView& view) const {
+    const auto atMostOne = [](unsigned bits) { return (bits & (bits - 1)) == 0; };
+    const bool flush = atMostOne(view.suits);
+    const bool naturalFlush = atMostOne(view.naturalSuits);
+    const bool red = coloursCount && (view.suits & ~kRedBits) == 0;
+    const bool black = coloursCount && (view.suits & ~kBlackBits) == 0;
+    const std::size_t colour = red ? 1 : black ? 2 : 0;
+    return view.wildByFace * 12 + colour * 4 + (naturalFlush ? 2 : 0) + (flush ? 1 : 0);
+}
+
+// For each class of four cards: every fifth card there is, and the line that the five are paid on.
+void LineTables::CountFours(const Building& building) {
+    lineOfFive.assign(MultisetCount(kHandSize, kindCount) * kViews, kNotYet);
+    fours.resize(classes[3].Count());
+    std::array<std::size_t, kMaxKinds>
+        firstOfKinds{};  // in lineOfFive, by the kind of the fifth card
+    std::uint32_t lastKinds = UINT32_MAX;
+    classes[3].ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
+        SuitView view;
+        std::uint32_t key = 0;
+        for (std::size_t i = 0; i < cards.size(); ++i) {
+            view = view + ViewOf(cards[i]);
+            key += SetKey::Add(static_cast<int>(i), cards[i]);
+        }
+        if (SetKey::Kinds(key) != lastKinds) {
+            lastKinds = SetKey::Kinds(key);
+            for (std::uint8_t kind = 0; kind < kMaxKinds; ++kind) {
+                const std::uint32_t five = KeyOf(WithCard(cards, {kind, 0}), kHandSize);
+                firstOfKinds[kind] = SetKey::Kinds(five) * kViews;
+            }
+        }
+        auto& row = fours[number];
+        ForEachFurtherCard(cards, [&](SetCard card, int count) {
+            auto& line = lineOfFive[firstOfKinds[card.kind] + ViewNumber(view + ViewOf(card))];
+            if (line == kNotYet) {
+                line = static_cast<std::int8_t>(building.LineOf(WithCard(cards, card)));
+            }
+            row[LaneOf(line)] = static_cast<std::uint8_t>(row[LaneOf(line)] + count);
+        });
+    });
+}
+
+// A hand that holds the set is met once for every card of it outside the set.
+template <int Size, typename Count>
+void LineTables::CountFromLarger(Rows<Count>& rows) const {
+    const auto countSet = [this](std::span<const SetCard> cards) {
+        LineCounts sum{};
+        ForEachFurtherCard(cards, [&](SetCard card, int count) {
+            LineCounts larger;
+            Read<Size + 1>(KeyOf(WithCard(cards, card), Size + 1), larger);
+            for (std::size_t lane = 0; lane < kLanes; ++lane) {
+                sum[lane] += larger[lane] * static_cast<std::uint32_t>(count);
+            }
+        });
+        std::array<Count, kLanes> row{};
+        for (std::size_t lane = 0; lane < kLanes; ++lane) {
+            row[lane] = static_cast<Count>(sum[lane] / (kHandSize - Size));
+        }
+        return row;
+    };
+    if constexpr (Size == 0) {
+        rows.push_back(countSet({}));
+    } else {
+        const SetClasses& sets = classes[Size - 1];
+        rows.resize(sets.Count());
+        sets.ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
+            rows[number] = countSet(cards);
+        });
+    }
+}
+
+// Calls visit(card, count) for every card of the deck outside the set; jokers, which are alike,
+// come as one card and their number.
+template <typename Visitor>
+void LineTables::ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const {
+    std::uint64_t used = 0;
+    int left = extras;
+    for (const SetCard card : cards) {
+        used |= std::uint64_t{1} << (card.kind * kSuits + card.suit);
+        if (card.kind == kExtraKind) --left;
+    }
+    for (std::uint8_t kind = 0; kind < kExtraKind; ++kind) {
+        for (std::uint8_t suit = 0; suit < kSuits; ++suit, used >>= 1) {
+            if ((used & 1) == 0) visit(SetCard{kind, suit}, 1);
+        }
+    }
+    if (left > 0) visit(SetCard{kExtraKind, 0}, left);
+}
+
+void LineTables::ClassifyHeld(const Building& building) {
+    for (const SetClasses& sets : classes) {
+        auto& lines = heldLines.emplace_back(sets.Count());
+        sets.ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
+            lines[number] = static_cast<std::int8_t>(building.LineOfHeld(cards));
+        });
+    }
+}
+
+bool LineTables::Contains(CardFace face) const {
+    if (extras > 0 && face == extraFace) return true;
+    return face.rank >= 1 && face.rank <= 13 && face.suit >= kSpades && face.suit <= kDiamonds;
+}
+
+SetCard LineTables::ToSetCard(CardFace face) const {
+    if (face == extraFace) return {kExtraKind, 0};
+    return {static_cast<std::uint8_t>(face.rank - 1), static_cast<std::uint8_t>(face.suit - 1)};
+}
+
+int LineTables::LineOfFive(const std::array<SetCard, kHandSize>& cards) const {
+    SuitView view;
+    for (const SetCard card : cards) view = view + ViewOf(card);
+    return lineOfFive[SetKey::Kinds(KeyOf(cards, kHandSize)) * kViews + ViewNumber(view)];
+}
+
+int LineTables::LineOfHeld(std::span<const SetCard> cards) const {
+    if (heldLines.empty() || cards.empty() || cards.size() > kMaxSetSize) return -1;
+    std::uint32_t key = 0;
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        key += SetKey::Add(static_cast<int>(i), cards[i]);
+    return heldLines[cards.size() - 1][classes[cards.size() - 1].ClassOf(key)];
+}
+
+std::size_t LineTables::Bytes() const {
+    std::size_t bytes = sizeof(*this) + lineOfFive.size() + ones.size() * sizeof(ones[0]) +
+                        twos.size() * sizeof(twos[0]) + threes.size() * sizeof(threes[0]) +
+                        fours.size() * sizeof(fours[0]);
+    for (const auto& sets : classes) bytes += sets.Bytes();
+    for (const auto& lines : heldLines) bytes += lines.size();
+    return bytes;
+}

@@ -1,0 +1,134 @@
+// For every set of at most four cards of a deck: how many five-card hands that hold it are paid on
+// each line of a pay table. The draws of a hold follow from these counts alone, by inclusion and
+// exclusion over the discarded cards, so that no draw is ever dealt and no rule of the evaluator is
+// written twice.
+//
+// The evaluator classifies one hand of every multiset of ranks for each way in which its suits can
+// matter to it: it compares suits with each other (a flush of all cards, a flush of the natural
+// ones) and looks at the colours of the five, nothing else. So building takes milliseconds for any
+// deck.
+#pragma once
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "core/analysis/CardSets.h"
+#include "core/cards/CardTable.h"
+#include "core/eval/HandEvaluator.h"
+#include "core/paytable/PayTable.h"
+
+// One count per pay line in table order, then, in the last lane, the hands that pay nothing.
+inline constexpr std::size_t kLanes = kMaxPayLines + 1;
+inline constexpr std::size_t kNothingLane = kLanes - 1;
+using LineCounts = std::array<std::uint32_t, kLanes>;
+
+// A card by what is printed on it.
+struct CardFace {
+    int rank = -1;  // 1..13, 0 a joker, -1 no card
+    int suit = 0;   // Suit
+
+    bool operator==(const CardFace&) const = default;
+};
+
+// The renamings of the suits under which the deck and the lines of a pay table stay the same: all
+// 24, unless single jacks are wild or a line depends on colour.
+SuitGroup InterchangeableSuits(const PayTable& table);
+
+// Two kinds of line are passed over here, as if they were not in the table: 5 CARD CHARLIE, which
+// no analysis counts, and 4 ACE$ BONUS, which asks for positions, and a set has none.
+class LineTables {
+  public:
+    explicit LineTables(const PayTable& table);
+
+    int DeckSize() const { return deckSize; }
+
+    // False when the deck does not hold such a card.
+    bool Contains(CardFace face) const;
+
+    // Cards of the deck only.
+    SetCard ToSetCard(CardFace face) const;
+
+    bool IsWild(CardFace face) const {
+        const SetCard card = ToSetCard(face);
+        return wild[card.kind][card.suit];
+    }
+
+    // The hands that hold a set of Size cards (0..4), by the set's key.
+    template <int Size>
+    void Read(std::uint32_t key, LineCounts& counts) const;
+
+    // The line that five cards, sorted, are paid on; -1 for no win.
+    int LineOfFive(const std::array<SetCard, kHandSize>& cards) const;
+
+    // The line that one to four cards, sorted, make by themselves, the other positions being empty;
+    // -1 for none. Known for double-draw games only, otherwise always -1.
+    int LineOfHeld(std::span<const SetCard> cards) const;
+
+    // Memory of the tables in bytes.
+    std::size_t Bytes() const;
+
+  private:
+    template <typename Count>
+    using Rows = std::vector<std::array<Count, kLanes>>;
+
+    // What the evaluator can tell of the suits and the wild cards of a hand whose ranks are known.
+    struct SuitView {
+        unsigned suits = 0;         // bits: 0..3 the suits, 4 jokers, 5 the fifth suit
+        unsigned naturalSuits = 0;  // the same of the cards that are not wild
+        unsigned wildByFace = 0;    // wild cards of ranks that are only partly wild
+
+        SuitView operator+(const SuitView& other) const {
+            return {suits | other.suits, naturalSuits | other.naturalSuits,
+                    wildByFace + other.wildByFace};
+        }
+    };
+    static constexpr std::size_t kViews = 36;  // numbers that ViewNumber gives
+
+    // What the constructor alone needs.
+    struct Building;
+
+    std::size_t ViewNumber(const SuitView& view) const;
+    const SuitView& ViewOf(SetCard card) const { return views[card.kind][card.suit]; }
+    void DescribeDeck(const PayTable& table);
+    void CountFours(const Building& building);
+    template <int Size, typename Count>
+    void CountFromLarger(Rows<Count>& rows) const;
+    void ClassifyHeld(const Building& building);
+    template <typename Visitor>
+    void ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const;
+
+    int deckSize = 0;
+    int kindCount = kMaxKinds - 1;  // kinds in the deck
+    int extras = 0;                 // cards of the extra kind
+    CardFace extraFace;
+    bool coloursCount = false;  // a line asks for cards of one colour
+    std::array<std::array<bool, kSuits>, kMaxKinds> wild{};
+    std::array<std::array<SuitView, kSuits>, kMaxKinds> views{};
+
+    std::vector<SetClasses> classes;      // by size - 1
+    std::vector<std::int8_t> lineOfFive;  // by multiset of kinds, then by view
+    LineCounts allHands{};
+    Rows<std::uint32_t> ones;  // rows by class
+    Rows<std::uint32_t> twos;
+    Rows<std::uint16_t> threes;
+    Rows<std::uint8_t> fours;
+    std::vector<std::vector<std::int8_t>> heldLines;  // by size - 1, then by class
+};
+
+template <int Size>
+inline void LineTables::Read(std::uint32_t key, LineCounts& counts) const {
+    static_assert(Size >= 0 && Size <= kMaxSetSize);
+    const auto widen = [&counts](const auto& row) {
+        for (std::size_t lane = 0; lane < kLanes; ++lane) counts[lane] = row[lane];
+    };
+    if constexpr (Size == 0) {
+        widen(allHands);
+    } else {
+        const std::uint32_t row = classes[Size - 1].ClassOf(key);
+        if constexpr (Size == 1) widen(ones[row]);
+        if constexpr (Size == 2) widen(twos[row]);
+        if constexpr (Size == 3) widen(threes[row]);
+        if constexpr (Size == 4) widen(fours[row]);
+    }
+}

@@ -1,0 +1,13 @@
+// Marks a function whose loops are worth compiling for several instruction sets: the program picks
+// the widest that the processor has when it starts, and the build stays portable. Sanitizers run
+// before the choice could be made, so they get the plain function, as do compilers without the
+// attribute.
+#pragma once
+
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
+    !defined(__SANITIZE_ADDRESS__)
+#define TOLVANE_WIDE_VECTORS \
+    __attribute__((target_clones("arch=skylake-avx512", "arch=haswell", "default")))
+#else
+#define TOLVANE_WIDE_VECTORS
+#endif

@@ -1,0 +1,327 @@
+#include "core/eval/HandEvaluator.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+#include "core/paytable/PayTable.h"
+
+namespace {
+
+constexpr int kStraight = 4;
+constexpr int kFlush = 10;
+constexpr int kAceHigh = 14;
+constexpr int kQuadPairs = 6;
+constexpr int kQuintPairs = 10;
+
+// [natural pairs][wild cards] -> pairs of the best hand that the wild cards make of them. The zero
+// cells cannot occur among five cards. It serves pairs of equal suit as well.
+constexpr int kWildTable[7][5] = {
+    {0, 1, 3, 6, 10}, {1, 3, 6, 10, 0}, {2, 4, 0, 0, 0},  {3, 6, 10, 0, 0},
+    {4, 0, 0, 0, 0},  {5, 0, 0, 0, 0},  {6, 10, 0, 0, 0},
+};
+
+bool IsHigh(int rank, const PayTable& table) { return rank >= table.minPair || rank == 1; }
+
+void CountPairOf(int rank, const PayTable& table, HandFeatures& features) {
+    ++(IsHigh(rank, table) ? features.highPairs : features.lowPairs);
+}
+
+void CountNeighbours(const Hand& hand, std::size_t i, const PayTable& table,
+                     HandFeatures& features) {
+    for (std::size_t j = i + 1; j < kHandSize; ++j) {
+        if (hand.ranks[j] < 0) continue;
+        const bool bothNatural = !hand.wild[i] && !hand.wild[j];
+        if (hand.ranks[i] == hand.ranks[j]) {
+            if (bothNatural && hand.ranks[i] != 0) ++features.pairs;
+            CountPairOf(hand.ranks[i], table, features);
+        }
+        if (!bothNatural) continue;
+        if (hand.suits[i] == hand.suits[j]) {
+            ++features.suitPairs;
+        } else {
+            features.flushFlag = false;
+            features.flushSuit = kNoSuit;
+        }
+    }
+}
+
+void CountCard(const Hand& hand, std::size_t i, const PayTable& table, HandFeatures& features) {
+    const int rank = hand.ranks[i];
+    const int suit = hand.suits[i];
+    if (rank == 1) ++features.aces;
+    if (rank == 11) ++features.jacks;
+    if (!hand.wild[i] && (rank > 9 || rank == 1)) ++features.royalCards;
+    ++(IsHigh(rank, table) ? features.highCards : features.lowCards);
+    if (hand.wild[i]) ++features.wilds;
+    if (suit == kHearts || suit == kDiamonds) ++features.reds;
+    if (suit == kSpades || suit == kClubs) ++features.blacks;
+}
+
+void CountCards(const Hand& hand, const PayTable& table, HandFeatures& features) {
+    features.flushFlag = true;
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        if (hand.ranks[i] < 0) continue;
+        if (features.flushSuit == kNoSuit) features.flushSuit = hand.suits[i];
+        CountNeighbours(hand, i, table, features);
+        CountCard(hand, i, table, features);
+    }
+    if (features.flushSuit == kNoSuit || features.heldCount == 0) features.flushFlag = true;
+}
+
+// Moves the ace at position first to the end, where it is 14.
+void PlayAceHigh(SortedRanks& ranks, std::size_t first) {
+    std::copy(ranks.begin() + static_cast<std::ptrdiff_t>(first) + 1, ranks.end(),
+              ranks.begin() + static_cast<std::ptrdiff_t>(first));
+    ranks.back() = kAceHigh;
+}
+
+// False when the ranks lie too far apart for any straight, wild cards being out of play.
+bool CountStraightSteps(SortedRanks& ranks, const PayTable& table, HandFeatures& features) {
+    if (ranks[0] == 1 && ranks[4] >= 10) PlayAceHigh(ranks, 0);
+    if (!table.usesWilds && ranks[0] != -1 && ranks[4] - ranks[0] > 4) return false;
+    for (std::size_t i = 0; i + 1 < kHandSize; ++i) {
+        if (ranks[i] >= 0 && ranks[i] + 1 == ranks[i + 1]) ++features.straightSteps;
+    }
+    return true;
+}
+
+void SpendWildCards(SortedRanks& ranks, HandFeatures& features) {
+    const auto wilds = static_cast<std::size_t>(features.wilds);
+    if (wilds == kHandSize) {
+        // No natural card is left to look a count up by: the hand is whatever its wild cards can
+        // be.
+        features.pairs = kQuintPairs;
+        features.suitPairs = kFlush;
+        features.straightSteps = kStraight;
+        features.royalCards = kHandSize;
+        return;
+    }
+    if (ranks[wilds] == 1 && ranks[4] >= 6) PlayAceHigh(ranks, wilds);
+    if (ranks[4] - ranks[wilds] < 5 && features.pairs == 0) {
+        features.straightSteps = std::min(features.straightSteps + 2 * features.wilds, kStraight);
+    }
+    features.straightSteps = std::min(features.straightSteps, kStraight);
+    features.pairs = kWildTable[features.pairs][wilds];
+    features.suitPairs = kWildTable[features.suitPairs][wilds];
+    if (features.highCards > 0 && features.highPairs == 0) features.highPairs = 1;
+    features.royalCards += features.wilds;
+}
+
+bool Contains(const std::vector<int>& ranks, int rank) {
+    return std::ranges::find(ranks, rank) != ranks.end();
+}
+
+int CountRank(const Hand& hand, int rank) {
+    return static_cast<int>(std::ranges::count(hand.ranks, rank));
+}
+
+// A wild card of the listed rank counts twice, as a card of the rank and as a wild card: a table
+// that lists its own wild rank asks for no more natural cards than that.
+bool HasBonusQuads(const EvaluatedHand& evaluated, const PayLine& line, int need) {
+    int count = 0;
+    for (const int rank : line.bonusQuads) {
+        count = CountRank(evaluated.hand, rank) + evaluated.features.wilds;
+        if (count >= 4) break;
+    }
+    return count >= need;
+}
+
+bool KickerFits(const PayLine& line, int kicker, int quadRank) {
+    return kicker != quadRank && Contains(line.trailers, kicker);
+}
+
+bool HasQuadKicker(const Hand& hand, const PayLine& line) {
+    const SortedRanks ranks = SortRanks(hand);
+    if (ranks[0] != ranks[1]) return KickerFits(line, ranks[0], ranks[1]);
+    if (ranks[3] == ranks[4]) return true;  // five of a kind has no kicker to ask for
+    return KickerFits(line, ranks[4], ranks[0]);
+}
+
+bool MatchesWildCount(const EvaluatedHand& evaluated, const PayLine& line, int wildsNeeded) {
+    if (evaluated.features.wilds != wildsNeeded) return false;
+    if (line.bonusQuads.empty()) return true;
+    if (std::ranges::none_of(line.bonusQuads, [&](int rank) {
+            return CountRank(evaluated.hand, rank) == wildsNeeded;
+        })) {
+        return false;
+    }
+    if (line.trailers.empty()) return true;
+    const SortedRanks& ranks = evaluated.sortedRanks;
+    if (ranks[0] != ranks[1]) return KickerFits(line, ranks[0], ranks[1]);
+    if (ranks[3] != ranks[4]) return KickerFits(line, ranks[4], ranks[3]);
+    // Five wild cards have no kicker, so a line that asks for one is not theirs.
+    return false;
+}
+
+bool AcesInOrderFrom(const Hand& hand, std::size_t first) {
+    for (std::size_t i = 0; i < 4; ++i) {
+        if (hand.ranks[first + i] != 1 || hand.suits[first + i] != static_cast<int>(i) + kSpades) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool MatchesPairs(const EvaluatedHand& evaluated, const PayLine& line, int pairs) {
+    if (evaluated.features.pairs != pairs) return false;
+    if (pairs >= kQuadPairs && !line.bonusQuads.empty()) {
+        const int need = pairs == kQuadPairs ? 4 : 5;
+        if (!HasBonusQuads(evaluated, line, need)) return false;
+        return line.trailers.empty() || HasQuadKicker(evaluated.hand, line);
+    }
+    return line.rank != HandRank::kOnePair || evaluated.features.highPairs > 0;
+}
+
+bool Fits(int required, int count) { return required == 0 || required == count; }
+
+bool MatchesCounts(const EvaluatedHand& evaluated, const PayLine& line) {
+    const HandFeatures& features = evaluated.features;
+    const HandRankInfo& info = RankInfo(line.rank);
+    if (info.pairs != 0 && !MatchesPairs(evaluated, line, info.pairs)) return false;
+    // Quads and quints with a list are settled by their ranks and kicker.
+    if (!Fits(info.straightSteps, features.straightSteps)) return false;
+    if (!Fits(info.suitPairs, features.suitPairs)) return false;
+    if (!Fits(info.royalCards, features.royalCards)) return false;
+    return line.rank != HandRank::kFiveCardCharlie || IsCharlie(evaluated.hand.ranks);
+}
+
+bool MatchesLine(const EvaluatedHand& evaluated, const PayLine& line) {
+    const HandFeatures& features = evaluated.features;
+    if (!line.wildsOK && features.wilds > 0) return false;
+    switch (line.rank) {
+        case HandRank::kUnknown:
+            return false;
+        case HandRank::kFourAcesInOrder:
+            return AcesInOrderFrom(evaluated.hand, 0) || AcesInOrderFrom(evaluated.hand, 1);
+        case HandRank::kAllRedOrBlack:
+            return features.reds == kHandSize || features.blacks == kHandSize;
+        case HandRank::kFiveOfAKindWithOneWild:
+            return features.wilds == 1 && features.pairs == kQuintPairs;
+        case HandRank::kFiveWilds:
+        case HandRank::kFourWilds:
+            return MatchesWildCount(evaluated, line, RankInfo(line.rank).wildsNeeded);
+        default:
+            return MatchesCounts(evaluated, line);
+    }
+}
+
+}  // namespace
+
+int Classification::Pay() const {
+    constexpr std::int64_t largest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(std::int64_t{linePay} * (charlie ? 5 : 1), largest));
+}
+
+SortedRanks SortRanks(const Hand& hand) {
+    SortedRanks sorted{};
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        sorted[i] = hand.ranks[i] == -1 ? -1 : hand.wild[i] ? 0 : hand.ranks[i];
+    }
+    std::ranges::sort(sorted);
+    return sorted;
+}
+
+void ComputeFeatures(EvaluatedHand& evaluated, const PayTable& table) {
+    HandFeatures& features = evaluated.features;
+    features = HandFeatures();
+    CountCards(evaluated.hand, table, features);
+    evaluated.sortedRanks = SortRanks(evaluated.hand);
+    if (features.pairs == 0 && !CountStraightSteps(evaluated.sortedRanks, table, features)) return;
+    if (table.usesWilds && features.wilds > 0) SpendWildCards(evaluated.sortedRanks, features);
+}
+
+void ComputePartialFeatures(EvaluatedHand& evaluated, const PayTable& table, HoldMask mask,
+                            bool useWilds) {
+    HandFeatures& features = evaluated.features;
+    features = HandFeatures();
+    Hand held = evaluated.hand;
+    int heldWilds = 0;
+    for (int i = 0; i < kHandSize; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        if (!Holds(mask, i)) {
+            held.ranks[at] = -1;
+            continue;
+        }
+        if (held.wild[at] && useWilds) {
+            held.ranks[at] = -1;
+            ++heldWilds;
+        } else if (held.wild[at]) {
+            held.wild[at] = false;
+            evaluated.hand.wild[at] = false;
+        }
+        ++features.heldCount;
+    }
+    CountCards(held, table, features);
+    evaluated.sortedRanks = SortRanks(held);
+    if (features.heldCount == 1) {
+        features.suitPairs = 1;
+        features.straightSteps = 1;
+    }
+    if (features.pairs == 0) CountStraightSteps(evaluated.sortedRanks, table, features);
+    features.wilds = heldWilds;
+}
+
+void ComputePickEmDealFeatures(EvaluatedHand& evaluated, const PayTable& table, int otherPileRank) {
+    HandFeatures& features = evaluated.features;
+    features = HandFeatures();
+    evaluated.sortedRanks = {};
+    const auto& ranks = evaluated.hand.ranks;
+    const auto addPair = [&](int rank) {
+        ++features.pairs;
+        CountPairOf(rank, table, features);
+    };
+    if (ranks[0] == ranks[1]) addPair(ranks[0]);
+    if (ranks[0] == ranks[2] || ranks[0] == otherPileRank) addPair(ranks[0]);
+    if (ranks[1] == ranks[2] || ranks[1] == otherPileRank) addPair(ranks[1]);
+    if (features.pairs == 2) features.pairs = 1;
+}
+
+void SaveFeatures(EvaluatedHand& evaluated) {
+    evaluated.savedFeatures = evaluated.features;
+    evaluated.savedSortedRanks = evaluated.sortedRanks;
+    evaluated.savedWild = evaluated.hand.wild;
+}
+
+void RestoreFeatures(EvaluatedHand& evaluated) {
+    evaluated.features = evaluated.savedFeatures;
+    evaluated.sortedRanks = evaluated.savedSortedRanks;
+    evaluated.hand.wild = evaluated.savedWild;
+}
+
+Classification ClassifyHand(EvaluatedHand& evaluated, const PayTable& table, int bet) {
+    Classification result;
+    bool natural = false;  // the features are those of the hand with its wild cards as printed
+    for (std::size_t i = 0; i < table.lines.size(); ++i) {
+        const PayLine& line = table.lines[i];
+        const bool wantsNatural = table.usesWilds && !line.wildsOK;
+        if (wantsNatural && !natural) {
+            ComputePartialFeatures(evaluated, table, kStandPat, false);
+        } else if (natural && !wantsNatural) {
+            RestoreFeatures(evaluated);
+        }
+        natural = wantsNatural;
+        if (MatchesLine(evaluated, line)) {
+            result.line = static_cast<int>(i);
+            result.linePay = LineUnitPay(table, result.line, bet);
+            result.charlie = table.charlieBonus && IsCharlie(evaluated.hand.ranks);
+            break;
+        }
+    }
+    if (natural) RestoreFeatures(evaluated);
+    return result;
+}
+
+Classification EvaluateHand(const Hand& hand, const PayTable& table, int bet) {
+    EvaluatedHand evaluated;
+    evaluated.hand = hand;
+    ComputeFeatures(evaluated, table);
+    SaveFeatures(evaluated);
+    return ClassifyHand(evaluated, table, bet);
+}
+
+bool IsCharlie(const std::array<int, kHandSize>& ranks) {
+    int sum = 0;
+    for (const int rank : ranks) sum += std::clamp(rank, 0, 10);
+    return sum == 21 || (sum + 10 == 21 && std::ranges::find(ranks, 1) != ranks.end());
+}

@@ -1,0 +1,163 @@
+#include "core/paytable/PayTable.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+#include "core/profile/ProfileFile.h"
+#include "core/text/Numbers.h"
+#include "core/text/Ranks.h"
+
+namespace {
+
+constexpr std::size_t kTextSize = 81;  // texts of a pay table have at most 80 bytes
+constexpr std::size_t kMaxShortDescription = 10;
+
+// One section of the main profile file, and the readers of its keys.
+class TableReader {
+  public:
+    TableReader(ProfileFile& file, std::string section, const std::string& path)
+        : file(file), section(std::move(section)), path(path) {}
+
+    int Int(const std::string& key, int otherwise) const {
+        return file.GetInt(section, key, otherwise, path);
+    }
+    bool Flag(const std::string& key) const { return Int(key, 0) != 0; }
+    std::string Text(const std::string& key) const {
+        return file.GetString(section, key, "", kTextSize, path);
+    }
+    std::vector<int> Ranks(const std::string& key, std::size_t limit) const;
+
+  private:
+    ProfileFile& file;
+    std::string section;
+    const std::string& path;
+};
+
+std::vector<int> TableReader::Ranks(const std::string& key, std::size_t limit) const {
+    const std::string text = Text(key);
+    std::vector<int> ranks;
+    for (const int number : ReadRankNumbers(text, text.size() + 1)) {
+        const int rank = number == 14 ? 1 : number;
+        if (rank >= 1 && rank <= 13 && ranks.size() < limit) ranks.push_back(rank);
+    }
+    return ranks;
+}
+
+void SplitDescription(const std::string& text, PayLine& line) {
+    const auto semicolon = text.find(';');
+    line.description = text.substr(0, semicolon);
+    line.shortDescription = semicolon == std::string::npos
+                                ? std::string(RankInfo(line.rank).shortName)
+                                : text.substr(semicolon + 1, kMaxShortDescription);
+}
+
+PayLine ReadLine(const TableReader& reader, int index) {
+    const std::string i = std::to_string(index);
+    PayLine line;
+    line.rank = HandRankFromNumber(reader.Int("Rank" + i, 0));
+    SplitDescription(reader.Text("Descr" + i), line);
+    line.payout = std::max(0, reader.Int("Payout" + i, 0));
+    line.maxPayout = std::max(0, reader.Int("MaxPayout" + i, 0));
+    line.bonusQuads = reader.Ranks("BonusQuads" + i, kMaxLineRanks);
+    line.trailers = reader.Ranks("Trailer" + i, kMaxLineRanks);
+    line.wildsOK = reader.Flag("WildsOK" + i);
+    return line;
+}
+
+GameType TypeFromNumber(int number) {
+    return number >= 1 && number <= 6 ? static_cast<GameType>(number) : GameType::kStandard;
+}
+
+void ReadWildRanks(const TableReader& reader, PayTable& table) {
+    std::size_t count = 0;
+    for (const int rank : reader.Ranks("WildCard", kTextSize)) {
+        const auto end = table.wildRanks.begin() + static_cast<std::ptrdiff_t>(count);
+        if (count == table.wildRanks.size() ||
+            std::find(table.wildRanks.begin(), end, rank) != end) {
+            continue;
+        }
+        table.wildRanks[count++] = rank;
+        table.wildCardCount += 4;
+    }
+}
+
+int LineCount(const TableReader& reader) {
+    return std::clamp(reader.Int("PayLines", 0), 0, kMaxPayLines);
+}
+
+}  // namespace
+
+std::string TableSection(const std::string& gameName, int tableIndex) {
+    return gameName + "(" + std::to_string(tableIndex) + ")";
+}
+
+PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName, int tableIndex,
+                      const std::string& mainPath, const std::string& gamePath) {
+    const std::string section = TableSection(gameName, tableIndex);
+    const TableReader reader(file, section, mainPath);
+    PayTable table;
+    table.gameId = gameId;
+    table.type = TypeFromNumber(reader.Int("Type", 1));
+    const bool fifthAce = table.type == GameType::kFiveAces;
+    table.jokers = fifthAce ? 0 : std::clamp(reader.Int("Jokers", 0), 0, kMaxJokers);
+    table.deckSize = fifthAce ? 53 : 52 + table.jokers;
+    table.wildCardCount = table.jokers;
+    table.usesWilds = reader.Flag("UsesWilds");
+    ReadWildRanks(reader, table);
+    table.minPair = reader.Int("MinPair", 15);
+    table.maxBet = std::max(1, reader.Int("MaxBet", kFullBet));
+    table.charlieBonus = reader.Flag("CharlieBonus");
+    table.redBlackBonus = reader.Flag("RBBonus");
+    table.spinBonus = reader.Flag("SpinBonus");
+    table.targetBonus = reader.Flag("TgtBonus");
+    for (int i = 0; i < LineCount(reader); ++i) table.lines.push_back(ReadLine(reader, i));
+
+    // Last, because naming another file makes the engine read that one.
+    for (std::size_t i = 0; !gamePath.empty() && i < table.lines.size(); ++i) {
+        const std::string key = "Payline" + std::to_string(i) + "Won";
+        table.lines[i].totalWins = std::max(0, file.GetInt(section, key, 0, gamePath));
+    }
+    return table;
+}
+
+bool TableExists(ProfileFile& file, const std::string& gameName, int tableIndex,
+                 const std::string& mainPath) {
+    return LineCount(TableReader(file, TableSection(gameName, tableIndex), mainPath)) > 0;
+}
+
+std::vector<int> TableChain(ProfileFile& file, const std::string& gameName,
+                            const std::string& mainPath) {
+    std::vector<int> chain;
+    int index = 0;
+    while (index >= 0 && std::ranges::find(chain, index) == chain.end() &&
+           TableExists(file, gameName, index, mainPath)) {
+        chain.push_back(index);
+        index = file.GetInt(TableSection(gameName, index), "NextIndex", -1, mainPath);
+    }
+    return chain;
+}
+
+DeckDescription DeckOf(const PayTable& table) {
+    DeckDescription deck;
+    deck.deckSize = table.deckSize;
+    deck.jokers = table.jokers;
+    deck.fifthAce = table.type == GameType::kFiveAces;
+    deck.oneEyedJacksWild = table.type == GameType::kOneEyedJacks;
+    deck.usesWilds = table.usesWilds;
+    deck.wildRanks = table.wildRanks;
+    return deck;
+}
+
+bool HasLine(const PayTable& table, HandRank rank) {
+    return std::ranges::any_of(table.lines,
+                               [rank](const PayLine& line) { return line.rank == rank; });
+}
+
+int LineUnitPay(const PayTable& table, int line, int bet) {
+    if (line < 0 || line >= static_cast<int>(table.lines.size()) || bet < 1) return 0;
+    const PayLine& payLine = table.lines[static_cast<std::size_t>(line)];
+    if (bet == kFullBet) return payLine.maxPayout;
+    constexpr std::int64_t largest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(std::int64_t{payLine.payout} * bet, largest));
+}

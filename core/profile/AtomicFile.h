@@ -1,0 +1,13 @@
+// Writing a file so that its old contents are there until the new ones are, whatever happens in
+// between.
+#pragma once
+#include <string>
+#include <string_view>
+
+// Gives the file at path these contents. They are written to a file beside it, brought to the disk
+// and renamed over the old one. A symbolic link stays: the file behind it is replaced. The new file
+// has the mode of the old one, and its owner and group where the system lets us; a missing file is
+// created. False when the path names something else than a plain file, when the old file may not be
+// written (as when opening it for writing), or when any step fails: the old file is then as it was,
+// and nothing is left beside it.
+bool ReplaceFile(const std::string& path, std::string_view contents);

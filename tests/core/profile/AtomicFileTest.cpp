@@ -1,0 +1,157 @@
+#include "core/profile/AtomicFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+// No file can grow past this many bytes while it lives: the disk that is full in the middle of a
+// write.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) : oldAction(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &oldLimit);
+        const rlimit limit{bytes, oldLimit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &oldLimit);
+        std::signal(SIGXFSZ, oldAction);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit oldLimit{};
+    void (*oldAction)(int);
+};
+
+// The administrator may write anything: while it lives, the test is somebody else.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() : bound(geteuid() != 0 || seteuid(kNobody) == 0) {}
+    ~OrdinaryUser() { EXPECT_EQ(seteuid(getuid()), 0); }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+    const bool bound;  // permissions bind this user
+
+  private:
+    static constexpr uid_t kNobody = 65534;
+};
+
+mode_t ModeOf(const std::string& path) {
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+}  // namespace
+
+TEST(AtomicFileTest, ReplacesTheContentsAndLeavesNothingBeside) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.ini", "old and much longer");
+    const std::string contents("new\r\n\0\xFF", 7);
+    EXPECT_TRUE(ReplaceFile(path, contents));
+    EXPECT_EQ(folder.Read("a.ini"), contents);
+    EXPECT_TRUE(ReplaceFile(path, ""));
+    EXPECT_EQ(folder.Read("a.ini"), "");
+    EXPECT_EQ(folder.FileCount(), 1);
+}
+
+TEST(AtomicFileTest, KeepsTheModeAndGivesANewFileTheOrdinaryOne) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.ini", "old");
+    for (const mode_t mode : {0600U, 0640U, 0666U, 0755U}) {
+        ASSERT_EQ(chmod(path.c_str(), mode), 0);
+        EXPECT_TRUE(ReplaceFile(path, "new"));
+        EXPECT_EQ(ModeOf(path), mode);
+    }
+    const mode_t umaskBefore = umask(027);
+    EXPECT_TRUE(ReplaceFile(folder.Path("b.ini"), "first"));
+    umask(umaskBefore);
+    EXPECT_EQ(ModeOf(folder.Path("b.ini")), 0640);
+    EXPECT_EQ(folder.Read("b.ini"), "first");
+}
+
+TEST(AtomicFileTest, KeepsTheOwner) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.ini", "old");
+    if (chown(path.c_str(), 1234, 5678) != 0) GTEST_SKIP() << "needs the administrator";
+    EXPECT_TRUE(ReplaceFile(path, "new"));
+    struct stat status = {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 1234U);
+    EXPECT_EQ(status.st_gid, 5678U);
+}
+
+TEST(AtomicFileTest, WritesTheFileBehindALinkOfLinks) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.Path("real"));
+    folder.Write("real/a.ini", "old");
+    std::filesystem::create_symlink("a.ini", folder.Path("real/inner"));
+    std::filesystem::create_symlink("real/inner", folder.Path("outer"));
+    EXPECT_TRUE(ReplaceFile(folder.Path("outer"), "new"));
+    EXPECT_EQ(folder.Read("real/a.ini"), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("outer")));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("real/inner")));
+}
+
+TEST(AtomicFileTest, WritesAFileWhoseNameIsAsLongAsNamesGet) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write(std::string(255, 'n'), "old");
+    EXPECT_TRUE(ReplaceFile(path, "new"));
+    EXPECT_EQ(folder.Read(std::string(255, 'n')), "new");
+}
+
+TEST(AtomicFileTest, AFullDiskLeavesTheOldFileWhole) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.ini", "old");
+    {
+        const FullDisk disk(4096);
+        EXPECT_FALSE(ReplaceFile(path, std::string(10'000, 'x')));
+    }
+    EXPECT_EQ(folder.Read("a.ini"), "old");
+    EXPECT_EQ(folder.FileCount(), 1);
+    EXPECT_TRUE(ReplaceFile(path, std::string(10'000, 'x')));
+    EXPECT_EQ(folder.Read("a.ini").size(), 10'000U);
+}
+
+TEST(AtomicFileTest, WhatMayNotBeWrittenStaysAsItIs) {
+    const TemporaryFolder folder;
+    const auto locked = folder.Write("locked.ini", "old");
+    std::filesystem::create_directory(folder.Path("closed"));
+    const auto inside = folder.Write("closed/a.ini", "old");
+    chmod(folder.Path().c_str(), 0777);
+    chmod(locked.c_str(), 0444);
+    chmod(inside.c_str(), 0666);
+    chmod(folder.Path("closed").c_str(), 0555);
+    {
+        const OrdinaryUser user;
+        if (!user.bound) GTEST_SKIP() << "permissions do not bind here";
+        EXPECT_FALSE(ReplaceFile(locked, "new"));
+        EXPECT_FALSE(ReplaceFile(inside, "new"));
+    }
+    chmod(folder.Path("closed").c_str(), 0755);
+    EXPECT_EQ(folder.Read("locked.ini"), "old");
+    EXPECT_EQ(folder.Read("closed/a.ini"), "old");
+    EXPECT_EQ(folder.FileCount(), 2);
+}
+
+TEST(AtomicFileTest, OnlyAPlainFileIsReplaced) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.Path("sub"));
+    ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
+    std::filesystem::create_symlink("circle", folder.Path("circle"));
+    for (const auto* name : {"sub", "pipe", "circle", "missing/a.ini", "sub/"}) {
+        EXPECT_FALSE(ReplaceFile(folder.Path(name), "new")) << name;
+    }
+    EXPECT_FALSE(ReplaceFile("", "new"));
+    EXPECT_TRUE(std::filesystem::is_directory(folder.Path("sub")));
+    EXPECT_TRUE(std::filesystem::is_fifo(folder.Path("pipe")));
+    EXPECT_EQ(folder.FileCount(), 3);
+}

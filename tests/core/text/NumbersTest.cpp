@@ -1,0 +1,101 @@
+#include "core/text/Numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+
+namespace {
+
+std::string Printed(const char* format, double value) {
+    std::array<char, 1024> text{};
+    std::snprintf(text.data(), text.size(), format, value);
+    return text.data();
+}
+
+}  // namespace
+
+TEST(NumbersTest, SameTextFoldsTheAsciiLettersOnly) {
+    EXPECT_TRUE(SameText("", ""));
+    EXPECT_TRUE(SameText("AZaz09_", "azAZ09_"));
+    EXPECT_FALSE(SameText("a", "ab"));
+    EXPECT_FALSE(SameText("@[`{", "`{@["));          // the neighbours of the letters
+    EXPECT_FALSE(SameText("\xC3\x84", "\xC3\xA4"));  // A and a with dots
+}
+
+TEST(NumbersTest, AnIntegerIsReadAsFarAsItGoes) {
+    EXPECT_EQ(ParseInt("12"), 12);
+    EXPECT_EQ(ParseInt(" \t\n\v\f\r+7x9"), 7);
+    EXPECT_EQ(ParseInt("-3.9"), -3);
+    EXPECT_EQ(ParseInt("007"), 7);
+    for (const auto* text : {"", " ", "-", "+-1", "--1", "- 1", "x1", "0x10"}) {
+        EXPECT_EQ(ParseInt(text), 0) << text;
+    }
+    EXPECT_EQ(ParseInt(std::string_view("12345", 2)), 12);
+}
+
+TEST(NumbersTest, AnIntegerPast32BitsIsTheNearest) {
+    constexpr auto least = std::numeric_limits<std::int32_t>::min();
+    constexpr auto most = std::numeric_limits<std::int32_t>::max();
+    EXPECT_EQ(ParseInt("2147483647"), most);
+    EXPECT_EQ(ParseInt("2147483648"), most);
+    EXPECT_EQ(ParseInt("-2147483647"), -2147483647);
+    EXPECT_EQ(ParseInt("-2147483648"), least);
+    EXPECT_EQ(ParseInt("-2147483649"), least);
+    EXPECT_EQ(ParseInt(std::string(1000, '9')), most);
+    EXPECT_EQ(ParseInt("-" + std::string(1000, '9')), least);
+}
+
+TEST(NumbersTest, AFloatingPointNumberIsReadAsFarAsItGoes) {
+    EXPECT_EQ(ParseDouble("0.9954  "), 0.9954);
+    EXPECT_EQ(ParseDouble(" \t+.5x"), 0.5);
+    EXPECT_EQ(ParseDouble("-5."), -5.0);
+    EXPECT_EQ(ParseDouble("1.5e2"), 150.0);
+    EXPECT_EQ(ParseDouble("2e"), 2.0);
+    EXPECT_EQ(ParseDouble("1,5"), 1.0);
+    EXPECT_EQ(ParseDouble("5e-324"), std::numeric_limits<double>::denorm_min());
+    for (const auto* text : {"", " ", ".", "+", "+-1", "-+1", "++1", "- 1", "e5", "inf",
+                             "-Infinity", "nan", "1e999", "-1e999", "1e-999", "0x10"}) {
+        EXPECT_EQ(ParseDouble(text), 0.0) << text;
+    }
+    EXPECT_EQ(ParseDouble(std::string_view("12345", 2)), 12.0);
+}
+
+TEST(NumbersTest, TheFormatsInUsePadAndRound) {
+    EXPECT_EQ(FormatDouble("%3.2f", 1.5), "1.50");
+    EXPECT_EQ(FormatDouble("%-9.4f", 0.9954), "0.9954   ");
+    EXPECT_EQ(FormatDouble("%-12.4f", 0), "0.0000      ");
+    EXPECT_EQ(FormatDouble("%-12.4f", -12345678.5), "-12345678.5000");
+    EXPECT_EQ(FormatDouble("%19.4lf", 1.25), "             1.2500");
+    EXPECT_EQ(FormatDouble("%19.0lf", 2.5), "                  2");  // a tie goes to the even digit
+    EXPECT_EQ(FormatDouble("$%.2f for %", 1), "1.000000");
+    EXPECT_EQ(FormatDouble("$%.2f a coin", 0.25), "$0.25 a coin");
+    EXPECT_EQ(FormatDouble("%.f", 0.5), "0");
+}
+
+TEST(NumbersTest, AnyValueIsWrittenAsPrintfWritesIt) {
+    std::mt19937_64 random(7);
+    for (int i = 0; i < 20'000; ++i) {
+        const auto bits = std::bit_cast<double>(random());
+        const auto amount = static_cast<double>(random() % 2'000'000) / 1000 - 1000;
+        for (const double value : {std::isnan(bits) ? 0.0 : bits, amount}) {
+            for (const auto* format :
+                 {"%3.2f", "%-9.4f", "%-12.4f", "%19.4lf", "%19.0lf", "%f", "%99.99f"}) {
+                ASSERT_EQ(FormatDouble(format, value), Printed(format, value)) << format;
+            }
+        }
+    }
+}
+
+TEST(NumbersTest, ABadFormatWritesAsTheSimplestOne) {
+    for (const auto* format :
+         {"",     "plain", "%",     "%%",  "%d",  "%s",    "%n",     "%5",
+          "%.",   "%-",    "%--5f", "%+f", "%*f", "%100f", "%.100f", "%99999999999f",
+          "%llf", "%Lf",   "%f%f",  "%d%f"}) {
+        EXPECT_EQ(FormatDouble(format, 2.5), "2.500000") << format;
+    }
+}

@@ -1,0 +1,61 @@
+#include "core/text/Ranks.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+TEST(RanksTest, EveryRankHasItsCharacter) {
+    std::string shown;
+    for (int rank = -1; rank <= 15; ++rank) shown += RankChar(rank);
+    EXPECT_EQ(shown, "?WA23456789TJQKA?");
+    EXPECT_EQ(RankChar(INT_MIN), '?');
+    EXPECT_EQ(RankChar(INT_MAX), '?');
+}
+
+TEST(RanksTest, ARankIsReadFromEitherLetterCase) {
+    for (int rank = 0; rank <= 13; ++rank) EXPECT_EQ(RankFromChar(RankChar(rank)), rank);
+    EXPECT_EQ(RankFromChar('t'), 10);
+    EXPECT_EQ(RankFromChar('a'), 1);
+    EXPECT_EQ(RankFromChar('w'), 0);
+    for (const char c : {'1', '0', 'B', ' ', '?', '\0', '\xFF'})
+        EXPECT_EQ(RankFromChar(c), -1) << c;
+}
+
+TEST(RanksTest, ATypedListIsStoredAsNumbers) {
+    EXPECT_EQ(ParseRankList(""), "");
+    EXPECT_EQ(ParseRankList("2, k,a"), "2,13,1");
+    EXPECT_EQ(ParseRankList("T,J,q"), "10,11,12");
+    EXPECT_EQ(ParseRankList("2;7:10 K"), "2,7,10,13");
+    EXPECT_EQ(ParseRankList("  ace,King"), "1,13");  // the first letter decides
+    EXPECT_EQ(ParseRankList("+5,14,3x"), "5,14,3");
+    EXPECT_EQ(ParseRankList("A,2,3,4,5,6,7,8,9,T,J,Q,K"), "1,2,3,4,5,6,7,8,9,10,11,12,13");
+}
+
+TEST(RanksTest, ATypedListFailsAsAWhole) {
+    for (const auto* typed : {"2,,3", "2 ,3", ",2", "2,", " ", ",", "2,x", "0", "2,0", "W", "-",
+                              "A,2,3,4,5,6,7,8,9,T,J,Q,K,A"}) {
+        EXPECT_EQ(ParseRankList(typed), std::nullopt) << typed;
+    }
+}
+
+TEST(RanksTest, AStoredListIsShownInLetters) {
+    EXPECT_EQ(FormatRankList(""), "");
+    EXPECT_EQ(FormatRankList("2,13,1"), "2,K,A");
+    EXPECT_EQ(FormatRankList("14;12:11 10"), "A,Q,J,T");
+    EXPECT_EQ(FormatRankList("0,15,-1,x"), "0,15,-1,0");
+    EXPECT_EQ(FormatRankList("1,2,3,4,5,6,7,8,9,10,11,12,13,2"), "A,2,3,4,5,6,7,8,9,T,J,Q,K");
+}
+
+TEST(RanksTest, WhatIsTypedIsShownAgain) {
+    EXPECT_EQ(FormatRankList(ParseRankList("k, 9:t a;2").value_or("")), "K,9,T,A,2");
+}
+
+TEST(RanksTest, NumbersOfAStoredListStopAtTheLimit) {
+    using Numbers = std::vector<int>;
+    EXPECT_EQ(ReadRankNumbers("", 5), Numbers());
+    EXPECT_EQ(ReadRankNumbers("2,7", 5), Numbers({2, 7}));
+    EXPECT_EQ(ReadRankNumbers("2,", 5), Numbers({2, 0}));
+    EXPECT_EQ(ReadRankNumbers("1,2,3", 2), Numbers({1, 2}));
+    EXPECT_EQ(ReadRankNumbers("1,2,3", 0), Numbers());
+    EXPECT_EQ(ReadRankNumbers("2 ;K", 5), Numbers({2, 0, 0}));
+}
