@@ -1,0 +1,96 @@
+#include "core/analysis/LineTables.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+#include "core/analysis/Combinations.h"
+#include "tests/core/TestGames.h"
+
+namespace {
+
+LineCounts AllHands(const PayTable& table) {
+    LineCounts counts;
+    LineTables(table).Read<0>(0, counts);
+    return counts;
+}
+
+std::int64_t Sum(const LineCounts& counts) {
+    return std::accumulate(counts.begin(), counts.end(), std::int64_t{0});
+}
+
+// Every hand of the deck, classified one by one.
+LineCounts DealtOneByOne(const PayTable& table) {
+    const CardTable deck = BuildCardTable(DeckOf(table));
+    LineCounts counts{};
+    std::vector<CardCode> hand{0, 1, 2, 3, 4};
+    for (;;) {
+        const int line = EvaluateHand(DealtHand(deck, hand), table, 1).line;
+        ++counts[line < 0 ? kNothingLane : static_cast<std::size_t>(line)];
+        std::size_t i = kHandSize;
+        while (i > 0 && hand[i - 1] == deck.deckSize - kHandSize + static_cast<int>(i) - 1) --i;
+        if (i == 0) return counts;
+        ++hand[i - 1];
+        for (; i < kHandSize; ++i) hand[i] = hand[i - 1] + 1;
+    }
+}
+
+TEST(LineTablesTest, AllHandsOfAnOrdinaryDeckComeOutAtTheKnownNumbers) {
+    EXPECT_EQ(AllHands(JacksOrBetter()), (LineCounts{4, 36, 624, 3744, 5108, 10200, 54912, 123552,
+                                                     337920, 0, 0, 0, 0, 0, 0, 2062860}));
+}
+
+TEST(LineTablesTest, EveryHandIsCountedOnce) {
+    for (int jokers = 0; jokers <= kMaxJokers; ++jokers) {
+        EXPECT_EQ(Sum(AllHands(JokerPoker(jokers))), Combinations(52 + jokers, 5)) << jokers;
+    }
+    EXPECT_EQ(Sum(AllHands(FiveAces())), 2'869'685);
+    EXPECT_EQ(Sum(AllHands(OneEyedJacks())), 2'598'960);
+    PayTable nothingPays = JacksOrBetter();
+    nothingPays.lines.clear();
+    EXPECT_EQ(AllHands(nothingPays)[kNothingLane], 2'598'960U);
+}
+
+// One hand of each multiset of ranks and view of its suits stands for all of them.
+TEST(LineTablesTest, HandsThatLookAlikeToTheTablesArePaidAlike) {
+    for (const PayTable& table :
+         {OneEyedJacks(), DeucesDeluxe(), WithLine(JokerPoker(2), Natural(kAllRedOrBlack, 3), 1),
+          WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3), 2), FiveAces()}) {
+        EXPECT_EQ(AllHands(table), DealtOneByOne(table)) << table.gameId;
+    }
+}
+
+TEST(LineTablesTest, SuitsAreInterchangeableWhileNothingTellsThemApart) {
+    EXPECT_EQ(InterchangeableSuits(DeucesWild()).size(), 24U);
+    EXPECT_EQ(InterchangeableSuits(FiveAces()).size(), 24U);
+    EXPECT_EQ(InterchangeableSuits(OneEyedJacks()).size(), 4U);
+    EXPECT_EQ(InterchangeableSuits(WithLine(DeucesWild(), Wild(kAllRedOrBlack, 3))).size(), 8U);
+    EXPECT_EQ(InterchangeableSuits(WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3))).size(), 2U);
+}
+
+TEST(LineTablesTest, TheTablesOfAGameAreSmall) {
+    constexpr std::size_t limit = 16 << 20;
+    EXPECT_LE(LineTables(JokerPoker(5)).Bytes(), limit);
+    EXPECT_LE(LineTables(WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3))).Bytes(), limit);
+}
+
+TEST(CombinationsTest, DrawsAreCountedByTheBinomialCoefficients) {
+    EXPECT_EQ(Combinations(47, 5), 1'533'939);
+    EXPECT_EQ(Combinations(57, 5), 4'187'106);
+    EXPECT_EQ(Combinations(13, 5), 1287);
+    EXPECT_EQ(Combinations(57, 1), 57);
+    EXPECT_EQ(Combinations(5, 5), 1);
+    EXPECT_EQ(Combinations(0, 0), 1);
+    EXPECT_EQ(Combinations(5, 0), 0) << "a draw of no cards is not asked for";
+    EXPECT_EQ(Combinations(4, 5), 0);
+    EXPECT_EQ(Combinations(-3, 2), 0);
+    EXPECT_EQ(Combinations(58, 2), 0);
+    for (int n = 2; n <= kLargestDeck; ++n) {
+        for (int k = 2; k <= 5; ++k) {
+            EXPECT_EQ(Combinations(n, k),
+                      Combinations(n - 1, k) + (k == 1 ? 1 : Combinations(n - 1, k - 1)));
+        }
+    }
+}
+
+}  // namespace

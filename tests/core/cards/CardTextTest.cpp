@@ -1,0 +1,61 @@
+#include "core/cards/CardText.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+CardTable Deck(int jokers, bool fifthAce = false) {
+    DeckDescription deck;
+    deck.jokers = jokers;
+    deck.fifthAce = fifthAce;
+    deck.deckSize = 52 + jokers + (fifthAce ? 1 : 0);
+    return BuildCardTable(deck);
+}
+
+TEST(CardTextTest, CardsAreReadInEitherLetterCase) {
+    const CardTable table = Deck(2, true);
+    const auto parsed = ParseCards("  as Td w A$ W ", table, 5);
+    ASSERT_EQ(parsed.problem, "");
+    std::string text;
+    for (const CardCode card : parsed.cards) {
+        text +=
+            table.cards[static_cast<std::size_t>(card)].name + ";" + CardText(table, card) + " ";
+    }
+    EXPECT_EQ(text, "Ace of Spades;AS 10 of Diamonds;TD Joker 1;W Ace of Stars;A$ Joker 2;W ");
+    EXPECT_EQ(CardText(table, kCardBack), "__");
+    EXPECT_EQ(CardText(table, kNoCard), "__");
+}
+
+struct BadCards {
+    const char* text;
+    int jokers;
+    const char* problem;
+};
+
+TEST(CardTextTest, AProblemNamesTheCardAndTheMend) {
+    for (const BadCards& bad : std::initializer_list<BadCards>{
+             {"", 0, "0 cards given where 5 are needed"},
+             {"AS KS QS JS", 0, "4 cards given where 5 are needed"},
+             {"AS KS QS JS TS 9S", 0, "6 cards given where 5 are needed"},
+             {"AS KS as JS TS", 0, "\"as\" is given twice: a deck holds each card once"},
+             {"AS 10S QS JS TS", 0,
+              "\"10S\" is not a card: write a rank A 2..9 T J Q K and a suit S H C D, such as "
+              "TS or 9d"},
+             {"1S KS QS JS TS", 0,
+              "\"1S\" is not a card: write a rank A 2..9 T J Q K and a suit S H C D, such as TS "
+              "or 9d"},
+             {"WS KS QS JS TS", 1, "\"WS\": a joker is written W, without a suit"},
+             {"W KS QS JS TS", 0, "\"W\": this game's deck holds no joker"},
+             {"W W W JS TS", 2, "\"W\": this game's deck holds only 2 jokers"},
+             {"A$ KS QS JS TS", 0, "\"A$\": this game's deck does not hold that card"},
+             {"xxxxxxxxxxxxxxxxxxxxxxxxx", 0,
+              "\"xxxxxxxxxxxxxxxxxxxx...\" is not a card: write a rank A 2..9 T J Q K and a "
+              "suit S H C D, "
+              "such as TS or 9d"}}) {
+        const auto parsed = ParseCards(bad.text, Deck(bad.jokers), 5);
+        EXPECT_TRUE(parsed.cards.empty()) << bad.text;
+        EXPECT_EQ(parsed.problem, bad.problem);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+#include "core/paytable/PayTable.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <string>
+
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/ProfileFile.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+class PayTableTest : public testing::Test {
+  protected:
+    // Loads table 0 of game G from a main file of one section with these lines.
+    PayTable Loaded(const std::string& lines) {
+        folder.Write("main.ini", "[G(0)]\n" + lines);
+        ProfileFile file;
+        return LoadPayTable(file, 300, "G", 0, folder.Path("main.ini"), "");
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(PayTableTest, AMissingTableHasTheDefaultsAndNoLines) {
+    const PayTable table = Loaded("");
+    PayTable expected;
+    expected.gameId = 300;
+    EXPECT_EQ(table, expected);
+    EXPECT_EQ(table.minPair, 15);
+    EXPECT_EQ(table.maxBet, 5);
+}
+
+TEST_F(PayTableTest, ALineIsReadWithItsRanksAndDescriptions) {
+    const PayTable table = Loaded(
+        "PayLines=2\nWildCard=2\nJokers=1\nUsesWilds=1\nMinPair=\n"
+        "Rank0=2\nDescr0=4 ACES W/2-4;A W/2-4\nPayout0=400\nMaxPayout0=2000\nBonusQuads0=1\n"
+        "Trailer0=2,3 4\nWildsOK0=1\nRank1=5\nDescr1=QUADS\n");
+    ASSERT_EQ(table.lines.size(), 2U);
+    const PayLine& line = table.lines[0];
+    EXPECT_EQ(line.rank, HandRank::kBonusFourOfAKind);
+    EXPECT_EQ(line.description, "4 ACES W/2-4");
+    EXPECT_EQ(line.shortDescription, "A W/2-4");
+    EXPECT_EQ(line.payout, 400);
+    EXPECT_EQ(line.maxPayout, 2000);
+    EXPECT_EQ(line.bonusQuads, std::vector<int>{1});
+    EXPECT_EQ(line.trailers, (std::vector<int>{2, 3, 4}));
+    EXPECT_TRUE(line.wildsOK);
+    EXPECT_EQ(table.lines[1].shortDescription, "4K") << "the rank's own when none is stored";
+    EXPECT_EQ(table.wildRanks, (std::array<int, 5>{2, -1, -1, -1, -1}));
+    EXPECT_EQ(table.wildCardCount, 5);
+    EXPECT_EQ(table.deckSize, 53);
+    EXPECT_EQ(table.minPair, 0) << "an empty value reads as 0: every pair pays";
+}
+
+TEST_F(PayTableTest, WinsComeFromTheGameFile) {
+    folder.Write("main.ini", "[G(3)]\nPayLines=2\n");
+    folder.Write("game.qdx", "[G(3)]\nPayLine1Won=17\n");
+    ProfileFile file;
+    const PayTable table =
+        LoadPayTable(file, 300, "G", 3, folder.Path("main.ini"), folder.Path("game.qdx"));
+    EXPECT_EQ(table.lines[0].totalWins, 0);
+    EXPECT_EQ(table.lines[1].totalWins, 17);
+}
+
+TEST_F(PayTableTest, ValuesOutOfRangeAreTakenAsTheNearestSense) {
+    const PayTable table = Loaded(
+        "Type=0\nJokers=9\nWildCard=2,2,99,-1,14;3:4 5 6 7\nMaxBet=-3\nPayLines=1000\n"
+        "Rank0=99\nPayout0=-5\nMaxPayout0=99999999999\n"
+        "BonusQuads0=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1\nTrailer0=0,-1,5,\n"
+        "Descr1=X;123456789012345\nRank1=-4\n");
+    EXPECT_EQ(table.type, GameType::kStandard);
+    EXPECT_EQ(table.jokers, 5);
+    EXPECT_EQ(table.wildRanks, (std::array<int, 5>{2, 1, 3, 4, 5}));
+    EXPECT_EQ(table.wildCardCount, 5 + 4 * 5);
+    EXPECT_EQ(table.maxBet, 1);
+    ASSERT_EQ(table.lines.size(), 15U);
+    EXPECT_EQ(table.lines[0].rank, HandRank::kUnknown);
+    EXPECT_EQ(table.lines[0].payout, 0);
+    EXPECT_EQ(table.lines[0].maxPayout, INT_MAX);
+    EXPECT_EQ(table.lines[0].bonusQuads.size(), 13U);
+    EXPECT_EQ(table.lines[0].trailers, std::vector<int>{5});
+    EXPECT_EQ(table.lines[1].shortDescription, "1234567890");
+    EXPECT_EQ(table.lines[14].rank, HandRank::kRoyalFlush) << "the default of a missing key";
+}
+
+TEST_F(PayTableTest, TheDeckOfFiveAcesHasNoJokers) {
+    const PayTable table = Loaded("Type=2\nJokers=3\n");
+    EXPECT_EQ(table.deckSize, 53);
+    EXPECT_EQ(BuildCardTable(DeckOf(table)).cards[52].name, "King of Diamonds");
+}
+
+TEST_F(PayTableTest, FiveCoinsArePaidTheMaximumAndNoOtherBetIs) {
+    const PayTable table = Loaded("PayLines=1\nMaxBet=10\nPayout0=250\nMaxPayout0=4000\n");
+    EXPECT_EQ(LineUnitPay(table, 0, 4), 1000);
+    EXPECT_EQ(LineUnitPay(table, 0, 5), 4000);
+    EXPECT_EQ(LineUnitPay(table, 0, 10), 2500);
+    EXPECT_EQ(LineUnitPay(table, 0, INT_MAX), INT_MAX) << "a pay never wraps";
+    EXPECT_EQ(LineUnitPay(table, 1, 5), 0);
+    EXPECT_EQ(LineUnitPay(table, -1, 5), 0);
+}
+
+TEST_F(PayTableTest, AChainThatRunsInACircleEnds) {
+    folder.Write("main.ini",
+                 "[G(0)]\nPayLines=1\nNextIndex=3\n[G(3)]\nPayLines=1\nNextIndex=1\n"
+                 "[G(1)]\nPayLines=1\nNextIndex=0\n[H(0)]\nPayLines=1\nNextIndex=7\n");
+    ProfileFile file;
+    EXPECT_EQ(TableChain(file, "G", folder.Path("main.ini")), (std::vector<int>{0, 3, 1}));
+    EXPECT_EQ(TableChain(file, "H", folder.Path("main.ini")), (std::vector<int>{0}));
+    EXPECT_TRUE(TableChain(file, "I", folder.Path("main.ini")).empty());
+}
+
+TEST(GameCatalogueTest, NamesAndIdsOfBuiltInAndUserGames) {
+    TemporaryFolder folder;
+    folder.Write(
+        "main.ini",
+        "[User Games]\n1=9001,User Game 1\n2=9002,Red and Black Poker\n3=9316,Spare\n4=316,Odd\n"
+        "5=9005,\n");
+    const std::string path = folder.Path("main.ini");
+    ProfileFile file;
+    EXPECT_EQ(GameIdFromName(file, "deuces WILD", path), 330);
+    EXPECT_EQ(GameIdFromName(file, "Sneak Peak Poker", path), 351);
+    EXPECT_EQ(GameIdFromName(file, "red and black poker", path), 9002)
+        << "menu only, so the user's";
+    EXPECT_EQ(GameIdFromName(file, "5 Card Charlie", path), 0);
+    EXPECT_EQ(GameIdFromName(file, "", path), 0);
+    EXPECT_EQ(GameIdFromName(file, "Spare", path), 9003) << "the slot decides, not the stored id";
+    EXPECT_EQ(GameNameFromId(file, 350, path), "Pick Em Poker");
+    EXPECT_EQ(GameNameFromId(file, 9002, path), "Red and Black Poker");
+    EXPECT_EQ(GameNameFromId(file, 351, path), "") << "hidden";
+    EXPECT_EQ(GameNameFromId(file, 352, path), "");
+    EXPECT_EQ(GameNameFromId(file, 9009, path), "");
+    EXPECT_EQ(BuiltInGames().size(), 42U);
+    EXPECT_EQ(std::ranges::count_if(BuiltInGames(), &BuiltInGame::offered), 31);
+    EXPECT_EQ(std::ranges::count_if(BuiltInGames(), &BuiltInGame::menuOnly), 5);
+}
+
+}  // namespace
