@@ -25,6 +25,15 @@ struct SetCard {
     auto operator<=>(const SetCard&) const = default;
 };
 
+// Cards of one hand, sorted by kind and suit as far as they are filled.
+using SortedCards = std::array<SetCard, 5>;
+
+// Puts a card into its place among the first count cards.
+inline void InsertCard(SortedCards& cards, std::size_t count, SetCard card) {
+    for (; count > 0 && card < cards[count - 1]; --count) cards[count] = cards[count - 1];
+    cards[count] = card;
+}
+
 // Renamings of the four suits under which a deck and its pay table stay the same; holds the
 // identity.
 using SuitRenaming = std::array<std::uint8_t, kSuits>;

@@ -87,13 +87,12 @@ bool IsHeldAce(const LineTables& tables, CardFace face) {
 // The line that the held cards make by themselves, the other positions being empty.
 int LineOfHeld(const LineTables& tables, const PayTable& table, const HandFaces& hand,
                HoldMask mask) {
-    std::array<SetCard, kHandSize> held;
+    SortedCards held;
     std::size_t count = 0;
     for (int position = 0; position < kHandSize; ++position) {
         if (!Holds(mask, position)) continue;
-        held[count++] = tables.ToSetCard(hand[static_cast<std::size_t>(position)]);
+        InsertCard(held, count++, tables.ToSetCard(hand[static_cast<std::size_t>(position)]));
     }
-    std::sort(held.begin(), held.begin() + static_cast<std::ptrdiff_t>(count));
     const int line =
         mask == kStandPat ? tables.LineOfFive(held) : tables.LineOfHeld({held.data(), count});
     const int aceLine = AceLine(table);

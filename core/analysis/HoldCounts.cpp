@@ -127,7 +127,7 @@ std::array<PlacedCard, kHandSize> Place(const LineTables& tables, const HandFace
 }
 
 int LineOf(const LineTables& tables, const std::array<PlacedCard, kHandSize>& sorted) {
-    std::array<SetCard, kHandSize> cards;
+    SortedCards cards;
     for (std::size_t i = 0; i < kHandSize; ++i) cards[i] = sorted[i].Card();
     return tables.LineOfFive(cards);
 }

@@ -54,20 +54,17 @@ PayTable WithoutPassedOver(const PayTable& table, std::vector<int>& lineNumbers)
 
 std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
 
-template <std::size_t N>
-std::uint32_t KeyOf(const std::array<SetCard, N>& cards, int size) {
+std::uint32_t KeyOf(const SortedCards& cards, int size) {
     std::uint32_t key = 0;
     for (int i = 0; i < size; ++i) key += SetKey::Add(i, cards[static_cast<std::size_t>(i)]);
     return key;
 }
 
 // The sorted set with one card more, put into its place.
-std::array<SetCard, kHandSize> WithCard(std::span<const SetCard> cards, SetCard card) {
-    std::array<SetCard, kHandSize> larger{};
-    std::size_t i = cards.size();
-    for (; i > 0 && card < cards[i - 1]; --i) larger[i] = cards[i - 1];
-    larger[i] = card;
-    std::copy_n(cards.begin(), i, larger.begin());
+SortedCards WithCard(std::span<const SetCard> cards, SetCard card) {
+    SortedCards larger{};
+    std::ranges::copy(cards, larger.begin());
+    InsertCard(larger, cards.size(), card);
     return larger;
 }
 
@@ -275,7 +272,7 @@ SetCard LineTables::ToSetCard(CardFace face) const {
     return {static_cast<std::uint8_t>(face.rank - 1), static_cast<std::uint8_t>(face.suit - 1)};
 }
 
-int LineTables::LineOfFive(const std::array<SetCard, kHandSize>& cards) const {
+int LineTables::LineOfFive(const SortedCards& cards) const {
     SuitView view;
     for (const SetCard card : cards) view = view + ViewOf(card);
     return lineOfFive[SetKey::Kinds(KeyOf(cards, kHandSize)) * kViews + ViewNumber(view)];

@@ -58,8 +58,8 @@ class LineTables {
     template <int Size>
     void Read(std::uint32_t key, LineCounts& counts) const;
 
-    // The line that five cards, sorted, are paid on; -1 for no win.
-    int LineOfFive(const std::array<SetCard, kHandSize>& cards) const;
+    // The line that five cards are paid on; -1 for no win.
+    int LineOfFive(const SortedCards& cards) const;
 
     // The line that one to four cards, sorted, make by themselves, the other positions being empty;
     // -1 for none. Known for double-draw games only, otherwise always -1.

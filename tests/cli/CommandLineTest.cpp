@@ -1,0 +1,353 @@
+// Starts the built program as a user's shell does, on pay tables of its own.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <regex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+using Json = nlohmann::json;
+
+struct LineOfTable {
+    int rank;
+    std::string description;
+    int payout;
+    int maxPayout;
+    bool wildsOK = false;
+};
+
+const std::vector<LineOfTable> kNineSix = {
+    {0, "ROYAL FLUSH", 250, 4000},
+    {4, "STRAIGHT FLUSH", 50, 250},
+    {5, "4 OF A KIND", 25, 125},
+    {6, "FULL HOUSE", 9, 45},
+    {7, "FLUSH", 6, 30},
+    {8, "STRAIGHT", 4, 20},
+    {9, "3 OF A KIND", 3, 15},
+    {10, "2 PAIR", 2, 10},
+    {11, "JACKS OR BETTER;JACKS", 1, 5},
+};
+const std::vector<LineOfTable> kJokerLines = {
+    {0, "ROYAL FLUSH", 250, 5000},     {1, "5 OF A KIND", 100, 500, true},
+    {3, "WILD ROYAL", 50, 250, true},  {4, "STRAIGHT FLUSH", 50, 250, true},
+    {5, "4 OF A KIND", 20, 100, true}, {6, "FULL HOUSE", 10, 50, true},
+    {7, "FLUSH", 6, 30, true},         {8, "STRAIGHT", 5, 25, true},
+    {9, "3 OF A KIND", 2, 10, true},   {10, "2 PAIR", 1, 5, true},
+};
+
+std::string TableText(const std::string& section, const std::string& settings,
+                      const std::vector<LineOfTable>& lines) {
+    std::string text = "\n[" + section + "]\n" + settings;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const auto& [rank, description, payout, maxPayout, wildsOK] = lines[i];
+        const auto add = [&](const char* key, const std::string& value) {
+            text += key + std::to_string(i) + "=" + value + "\n";
+        };
+        add("Rank", std::to_string(rank));
+        add("Descr", description);
+        add("Payout", std::to_string(payout));
+        add("MaxPayout", std::to_string(maxPayout));
+        add("WildsOK", wildsOK ? "1" : "0");
+    }
+    return text + "PayLines=" + std::to_string(lines.size()) + "\n";
+}
+
+std::string PayTablesText() {
+    std::vector<LineOfTable> eightFive = kNineSix;
+    eightFive[3].maxPayout = 40;
+    eightFive[4].maxPayout = 25;
+    return "[main]\nVer=114\n\n[User Games]\n2=9002,My Caf\xE9\n3=9003,Empty Slot\n" +
+           TableText("Jacks or Better(0)", "NextIndex=3\nMinPair=11\n", kNineSix) +
+           TableText("Jacks or Better(3)", "MinPair=11\nMaxBet=3\n", eightFive) +
+           TableText("Joker Poker - 2 Pair(0)", "UsesWilds=1\nJokers=1\n", kJokerLines) +
+           TableText("Pick Em Poker(0)", "Type=4\nMinPair=9\n", kNineSix) +
+           TableText("Sneak Peak Poker(0)", "MinPair=11\n", kNineSix) +
+           TableText("Dbl Draw Bonus(0)", "Type=6\nMinPair=11\n", kNineSix) +
+           TableText("5 Aces Bonus Poker(0)", "Type=2\n", kNineSix) +
+           TableText("5 Card Charlie(0)", "MinPair=11\nCharlieBonus=1\n", kNineSix) +
+           TableText("My Caf\xE9(0)", "MinPair=11\n", {{11, "R\xC9MI", 1, 5}});
+}
+
+struct Run {
+    int status = -1;
+    std::string output;
+    std::string problem;
+};
+
+std::string InQuotes(const std::string& path) { return "'" + path + "'"; }
+
+class CommandLineTest : public testing::Test {
+  protected:
+    CommandLineTest() { data.Write("Tolvane.ini", PayTablesText()); }
+
+    // The arguments are a line of the shell.
+    Run Shell(const std::string& arguments) const {
+        const std::string line = InQuotes(TOLVANE_CLI) + " " + arguments + " >" +
+                                 InQuotes(results.Path("output")) + " 2>" +
+                                 InQuotes(results.Path("problem"));
+        const int status = std::system(line.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, results.Read("output"),
+                results.Read("problem")};
+    }
+
+    // A command on the pay tables of this test.
+    Run Ask(const std::string& arguments) const {
+        return Shell(arguments + " --data " + InQuotes(data.Path()));
+    }
+
+    Json AskForJson(const std::string& arguments) const {
+        const Run run = Ask(arguments + " --json");
+        EXPECT_EQ(run.status, 0) << run.problem;
+        EXPECT_EQ(run.problem, "");
+        return Json::parse(run.output, nullptr, false);
+    }
+
+    std::vector<std::string> LinesOf(const std::string& arguments) const {
+        std::istringstream output(Ask(arguments).output);
+        std::vector<std::string> lines;
+        for (std::string line; std::getline(output, line);) lines.push_back(line);
+        return lines;
+    }
+
+    TemporaryFolder data{"data"};
+    TemporaryFolder results{"results"};
+};
+
+TEST_F(CommandLineTest, AHandsJsonHasEveryNumberInTheFixedOrder) {
+    const Run run = Ask("hand 'jacks OR better' 'as KS Qs JS 9H' --json");
+    const auto json = nlohmann::ordered_json::parse(run.output);
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : json.items()) keys.push_back(key);
+    EXPECT_EQ(keys, (std::vector<std::string>{"game", "gameId", "table", "bet", "coin", "cards",
+                                              "lines", "best", "bestReturn", "holds"}));
+    EXPECT_EQ(json["game"], "Jacks or Better");
+    EXPECT_EQ(json["gameId"], 300);
+    EXPECT_EQ(json["bet"], 5);
+    EXPECT_EQ(json["cards"], Json::parse(R"(["AS","KS","QS","JS","9H"])"));
+    EXPECT_EQ(json["lines"].size(), 9);
+    EXPECT_EQ(json["lines"][8], "JACKS OR BETTER");
+    EXPECT_EQ(json["holds"].size(), 32);
+    EXPECT_EQ(json["holds"][0]["total"], 1'533'939);
+
+    // Four to a royal: one ten makes it, eight spades a flush, three tens a straight, and three
+    // each of aces, kings, queens and jacks a high pair.
+    EXPECT_EQ(json["best"], 30);
+    EXPECT_EQ(json["holds"][30]["lines"], Json::parse("[1,0,0,0,8,3,0,0,12]"));
+    EXPECT_EQ(json["holds"][30]["nothing"], 23);
+    EXPECT_EQ(json["bestReturn"].get<double>(), (4000 + 8 * 30 + 3 * 20 + 12 * 5) / 47.0);
+    EXPECT_NE(run.output.find(R"({"mask":30,"drawn":1,"return":)"), std::string::npos);
+    EXPECT_NE(run.output.find(R"("total":47,"nothing":23,"lines":[1,0,0,0,8,3,0,0,12]})"),
+              std::string::npos);
+}
+
+TEST_F(CommandLineTest, TableBetAndCoinChangeWhatAHandReturns) {
+    // The second table pays eight for a full house with five coins only, and takes no more than
+    // three.
+    const Json pat = AskForJson("hand 300 'KS KH KD 9C 9S' --table 3 --bet 2 --coin 0.25");
+    EXPECT_EQ(pat["table"], 3);
+    EXPECT_EQ(pat["coin"], 0.25);
+    EXPECT_EQ(pat["bestReturn"], 2 * 9 * 0.25);
+    EXPECT_EQ(AskForJson("hand 300 'KS KH KD 9C 9S' --table 3")["bet"], 3);
+}
+
+TEST_F(CommandLineTest, SpecialDealsShowWhatTheyKnow) {
+    const Json pickEm = AskForJson("hand 350 'KS KH KD 2C'");
+    EXPECT_EQ(pickEm["best"], 28);
+    EXPECT_EQ(pickEm["holds"][28]["total"], 48 * 47 / 2);
+    EXPECT_EQ(pickEm["holds"][25]["total"], 48 * 47 / 2);
+    EXPECT_EQ(pickEm["holds"].size(), 32);
+    EXPECT_EQ(pickEm["holds"][31], Json::parse(R"({"mask":31,"drawn":0,"return":0.0,"total":0,
+        "nothing":0,"lines":[0,0,0,0,0,0,0,0,0]})"));
+
+    const Json sneakPeak = AskForJson("hand 'sneak peak poker' 'AS KS QS JS 9H TS'");
+    EXPECT_EQ(sneakPeak["bestReturn"], 4000);
+    EXPECT_EQ(sneakPeak["holds"][30]["knownCardPosition"], 4);
+    EXPECT_EQ(sneakPeak["holds"][31]["knownCardPosition"], -1);
+    EXPECT_EQ(sneakPeak["cards"][5], "TS");
+
+    const Json doubleDraw = AskForJson("hand 318 'AS AH AD 9C 2S'");
+    EXPECT_EQ(doubleDraw["holds"][28]["drawAgainLine"], 6);  // three aces: again unless it improves
+    EXPECT_EQ(doubleDraw["holds"][31]["drawAgainLine"], -1);
+
+    const Json joker = AskForJson("hand 342 'w 7s 8s 9s 2d'");
+    EXPECT_EQ(joker["cards"][0], "W");
+    EXPECT_EQ(joker["holds"][30]["lines"][3], 4);  // 5, 6, T and J of spades
+}
+
+TEST_F(CommandLineTest, AHandsTextListsTheHoldsBestFirst) {
+    const auto lines = LinesOf("hand 300 'AS KS QS JS 9H' --coin 2");
+    ASSERT_GT(lines.size(), 36U);
+    EXPECT_EQ(lines[0], "Jacks or Better (300), table 0, bet 5 x $2.00");
+    EXPECT_EQ(lines[1], "AS KS QS JS 9H");
+    EXPECT_TRUE(std::regex_match(
+        lines[4], std::regex("> +AS KS QS JS __ +185\\.5319 +51\\.06% +47 +"
+                             "ROY FL 1, FL 8, STR 3, JACKS 12")));
+    for (const auto& line : lines) EXPECT_LE(line.size(), 100U) << line;
+
+    const auto pickEm = LinesOf("hand 350 'KS 9H TD 9C'");
+    ASSERT_EQ(pickEm.size(), 6U);
+    EXPECT_EQ(pickEm[1], "KS 9H and the piles TD or 9C");
+    EXPECT_EQ(pickEm[4].substr(0, 17), ">  KS 9H __ __ 9C");
+
+    const auto sneakPeak = LinesOf("hand 351 'AS KS QS JS 9H TS'");
+    EXPECT_EQ(sneakPeak[4].substr(0, 17), ">  AS KS QS JS **");
+    const auto doubleDraw = LinesOf("hand 318 'AS AH AD 9C 2S'");
+    EXPECT_NE(doubleDraw[4].find(", 3K* "), std::string::npos);
+}
+
+TEST_F(CommandLineTest, ClassifyNamesTheLineAndItsPay) {
+    EXPECT_EQ(Ask("classify 300 'KS KH KD 9C 9S' --json").output,
+              R"({"game":"Jacks or Better","cards":["KS","KH","KD","9C","9S"],)"
+              R"("line":3,"description":"FULL HOUSE","pay":45})"
+              "\n");
+    const Json nothing = AskForJson("classify 300 'KS QH 8D 3C 2S'");
+    EXPECT_EQ(nothing["line"], -1);
+    EXPECT_EQ(nothing["description"], "");
+    EXPECT_EQ(nothing["pay"], 0);
+    EXPECT_EQ(AskForJson("classify 'joker poker - 2 pair' 'W 7S 7H 7D 7C' --bet 1")["pay"], 100);
+    EXPECT_EQ(AskForJson("classify 313 'A$ AS AH AD AC'")["cards"][0], "A$");
+    EXPECT_EQ(AskForJson("classify 350 'KS KH KD 9C 9S'")["line"], 3);
+    EXPECT_EQ(AskForJson("classify 353 '5S 5H 5D 3C 3S'")["pay"], 5 * 45);  // adds up to 21
+    EXPECT_EQ(Ask("classify 300 'KS KH KD 9C 9S' --coin .25").output,
+              "KS KH KD 9C 9S   FULL HOUSE pays 45 coins for a bet of 5: $11.25\n");
+    EXPECT_EQ(Ask("classify 300 'KS QH 8D 3C 2S'").output, "KS QH 8D 3C 2S   no win\n");
+}
+
+TEST_F(CommandLineTest, GamesListsHiddenGamesAndThePlayersOwn) {
+    const Json games = AskForJson("games");
+    ASSERT_EQ(games.size(), 44U);
+    EXPECT_EQ(games[0], Json::parse(R"({"id":300,"name":"Jacks or Better","tables":[0,3],
+        "offered":true})"));
+    EXPECT_EQ(games[36]["name"], "Sneak Peak Poker");
+    EXPECT_EQ(games[36]["offered"], false);
+    EXPECT_EQ(games[42]["name"], "My Caf\xEF\xBF\xBD");  // the old file's bytes are no UTF-8
+    EXPECT_EQ(games[43]["tables"], Json::array());
+
+    const auto lines = LinesOf("games");
+    ASSERT_EQ(lines.size(), 45U);
+    EXPECT_TRUE(std::regex_match(lines[1], std::regex("300  Jacks or Better +2  yes")));
+    EXPECT_TRUE(std::regex_match(lines[37], std::regex("351  Sneak Peak Poker +1  no")));
+    EXPECT_EQ(AskForJson("classify 9002 'KS AH AD 9C 9S'")["pay"], 5);
+}
+
+TEST_F(CommandLineTest, HelpAndVersionAnswerOnStandardOutput) {
+    for (const char* arguments : {"help", "--help", "-h", "help help", "help hand", "hand --help"}) {
+        const Run run = Shell(arguments);
+        EXPECT_EQ(run.status, 0) << arguments;
+        EXPECT_EQ(run.problem, "") << arguments;
+        EXPECT_NE(run.output.find("CARDS"), std::string::npos) << arguments;
+    }
+    EXPECT_TRUE(std::regex_match(Shell("--version").output,
+                                 std::regex("tolvane-cli \\d+\\.\\d+\\.\\d+\n")));
+    const Run nothing = Shell("");
+    EXPECT_EQ(nothing.status, 2);
+    EXPECT_EQ(nothing.output, Shell("help").output);
+    EXPECT_NE(nothing.problem, "");
+}
+
+struct BadCommand {
+    const char* arguments;
+    int status;
+    std::vector<const char*> mentions;
+};
+
+TEST_F(CommandLineTest, BadInputIsNamedInOneLineWithItsMend) {
+    const std::string fine = "'AS KS QS JS 9H'";
+    const BadCommand bad[] = {
+        {"hand 300 'AS KS QS as 9H'", 2, {"\"as\"", "twice"}},
+        {"hand 300 'AS KS QS W 9H'", 2, {"\"W\"", "no joker"}},
+        {"hand 342 'W W QS JS 9H'", 2, {"\"W\"", "only 1 joker"}},
+        {"hand 300 'AS KS QS A$ 9H'", 2, {"\"A$\"", "does not hold"}},
+        {"hand 300 'AS KS QS XX 9H'", 2, {"\"XX\"", "A 2..9 T J Q K"}},
+        {"hand 300 'AS KS QS JS'", 2, {"4 cards", "5 are needed"}},
+        {"hand 300 ''", 2, {"0 cards", "5 are needed"}},
+        {"hand 350 'AS KS QS JS 9H'", 2, {"5 cards", "4 are needed"}},
+        {"hand 351 'AS KS QS JS 9H'", 2, {"5 cards", "6 are needed"}},
+        {"classify 350 'AS KS QS JS'", 2, {"4 cards", "5 are needed"}},
+        {"hand 'jaks or beter' 'AS'", 2, {"\"jaks or beter\"", "\"Jacks or Better\""}},
+        {"hand joker 'AS'", 2, {"\"joker\"", "\"2 Joker Poker\" or "}},
+        {"hand \"$(printf 'a\\nb')\" 'AS'", 2, {"\"a?b\""}},
+        {"hand '' 'AS'", 2, {"unknown game \"\""}},
+        {"hand 322 'AS'", 2, {"\"322\"", "300 to 356"}},
+        {"hand 99999999999999 'AS'", 2, {"\"99999999999999\""}},
+        {"hand 300 'AS KS QS JS 9H' --table 1", 1, {"no table 1", "0 or 3"}},
+        {"hand 300 'AS KS QS JS 9H' --table -1", 1, {"no table -1", "0 or 3"}},
+        {"hand 301 'AS KS QS JS 9H'", 1, {"\"Bonus Poker\" has no pay table in", "Tolvane.ini"}},
+        {"hand 9003 'AS KS QS JS 9H'", 1, {"\"Empty Slot\" has no pay table"}},
+        {"hand 300 'AS KS QS JS 9H' --table x", 2, {"--table \"x\"", "whole number"}},
+        {"hand 300 'AS KS QS JS 9H' --bet 0", 2, {"--bet 0", "1 to 5"}},
+        {"hand 300 'AS KS QS JS 9H' --bet 4 --table 3", 2, {"--bet 4", "1 to 3"}},
+        {"hand 300 'AS KS QS JS 9H' --bet 5x", 2, {"--bet \"5x\"", "whole number"}},
+        {"hand 300 'AS KS QS JS 9H' --bet 1 --bet 2", 2, {"--bet"}},
+        {"classify 300 'AS KS QS JS 9H' --coin abc", 2, {"--coin \"abc\"", "0.25"}},
+        {"classify 300 'AS KS QS JS 9H' --coin -1", 2, {"--coin \"-1\""}},
+        {"classify 300 'AS KS QS JS 9H' --coin 0", 2, {"--coin \"0\""}},
+        {"games --coin nan", 2, {"--coin \"nan\""}},
+        {"games --coin 1e999", 2, {"--coin \"1e999\""}},
+        {"games --bet 5", 2, {"unknown option \"--bet\"", "help games"}},
+        {"hand --bets 300", 2, {"unknown option \"--bets\"", "help hand"}},
+        {"hand 300 AS KS QS JS 9H", 2, {"\"KS\"", "between quotes"}},
+        {"hand 300", 2, {"CARDS", "help hand"}},
+        {"hand", 2, {"GAME", "help hand"}},
+        {"hand 300 'AS KS QS JS 9H' --coin", 2, {"--coin"}},
+        {"clasify 300 'AS'", 2, {"\"clasify\"", "\"classify\""}},
+        {"help hnd", 2, {"\"hnd\"", "\"hand\""}},
+    };
+    for (const BadCommand& command : bad) {
+        const Run run = Ask(command.arguments);
+        EXPECT_EQ(run.status, command.status) << command.arguments << ": " << run.problem;
+        EXPECT_EQ(run.output, "") << command.arguments;
+        EXPECT_EQ(run.problem.find('\n'), run.problem.size() - 1) << run.problem;
+        for (const char* text : command.mentions) {
+            EXPECT_NE(run.problem.find(text), std::string::npos) << text << ": " << run.problem;
+        }
+    }
+}
+
+TEST_F(CommandLineTest, AFolderWithoutPayTablesIsNamed) {
+    const Run run = Shell("games --data " + InQuotes(data.Path("elsewhere")));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.problem.find("Tolvane.ini in \"" + data.Path("elsewhere")), std::string::npos);
+    EXPECT_NE(run.problem.find("--data"), std::string::npos);
+}
+
+TEST_F(CommandLineTest, TheReleaseFileServesUntilThereIsAMainFile) {
+    const std::string program = data.Path("tolvane-cli");
+    std::filesystem::copy_file(TOLVANE_CLI, program);
+    const auto status = [&] {
+        const std::string line = InQuotes(program) + " hand 300 'AS KS QS JS 9H' >" +
+                                 InQuotes(results.Path("output")) + " 2>&1";
+        return WEXITSTATUS(std::system(line.c_str()));
+    };
+    EXPECT_EQ(status(), 0);
+    std::filesystem::rename(data.Path("Tolvane.ini"), data.Path("Tolvane.114"));
+    EXPECT_EQ(status(), 0);
+    data.Write("Tolvane.ini", "[main]\nVer=114\n");
+    EXPECT_EQ(status(), 1);
+    EXPECT_NE(results.Read("output").find("no pay table"), std::string::npos);
+    std::filesystem::remove(data.Path("Tolvane.114"));
+    std::filesystem::remove(data.Path("Tolvane.ini"));
+    EXPECT_EQ(status(), 1);
+    EXPECT_NE(results.Read("output").find("--data"), std::string::npos);
+}
+
+TEST_F(CommandLineTest, NothingIsEverWritten) {
+    const auto time = std::filesystem::last_write_time(data.Path("Tolvane.ini"));
+    for (const char* arguments : {"games", "hand 9002 'AS KS QS JS 9H'", "classify 300 'AS'"}) {
+        Ask(arguments);
+    }
+    EXPECT_EQ(data.FileCount(), 1);
+    EXPECT_EQ(data.Read("Tolvane.ini"), PayTablesText());
+    EXPECT_EQ(std::filesystem::last_write_time(data.Path("Tolvane.ini")), time);
+    const Run full = Shell("games --data " + InQuotes(data.Path()) + " >/dev/full");
+    EXPECT_EQ(full.status, 0);
+}
+
+}  // namespace
