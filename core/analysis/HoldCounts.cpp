@@ -193,6 +193,7 @@ void CountDraws(const LineTables& tables, const HandFaces& hand, HoldCounts& cou
     TakeOutDiscards(counts);
 }
 
+TOLVANE_WIDE_VECTORS
 void CountDrawsBehind(const LineTables& tables, const HandFaces& hand, CardFace firstDraw,
                       HoldCounts& counts) {
     std::array<PlacedCard, kHandSize + 1> placed;
