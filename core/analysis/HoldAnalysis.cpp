@@ -160,15 +160,16 @@ void AnalyzeSneakPeak(const LineTables& tables, const PayTable& table, const Kno
     HoldCounts counts;
     CountDrawsBehind(tables, cards.hand, cards.firstDraw, counts);
     PayAcesInOrder(cards.hand, AceLine(table), counts[kStandPat]);
+    // With one discard the known card is the whole draw, and that is one draw.
     const int cardsLeft = tables.DeckSize() - kHandSize - 1;
-    for (std::size_t mask = 0; mask < kHolds; ++mask) {
-        const int drawn = kCardsDrawn[mask];
-        // With one discard the known card is the whole draw, and that is one draw.
-        const std::int64_t total = TotalHands(cardsLeft, std::max(drawn - 1, 0), false);
-        HoldResult& hold = analysis.holds[mask];
-        Fill(counts[mask], pays, total, drawn, coin, hold);
-        if (mask != kStandPat)
-            hold.knownCardPosition = LeftmostDiscard(static_cast<HoldMask>(mask));
+    TotalsByDraw totals{};
+    for (int drawn = 0; drawn <= kHandSize; ++drawn) {
+        totals[static_cast<std::size_t>(drawn)] =
+            TotalHands(cardsLeft, std::max(drawn - 1, 0), false);
+    }
+    FillAll(counts, pays, totals, coin, analysis);
+    for (HoldMask mask = 0; mask < kStandPat; ++mask) {
+        analysis.holds[static_cast<std::size_t>(mask)].knownCardPosition = LeftmostDiscard(mask);
     }
     ChooseStandPatOrGreatest(analysis);
 }
@@ -198,18 +199,16 @@ void AnalyzePickEm(const LineTables& tables, const KnownCards& cards, const Line
 
 void AnalyzeHand(const LineTables& tables, const PayTable& table, const KnownCards& cards, int bet,
                  double coin, HoldAnalysis& analysis) {
-    const bool ordinary = table.type != GameType::kPickEm && !UsesFirstDraw(table, cards);
-    const bool valid = AreDistinctCardsOfDeck(tables, table, cards);
-    if (!valid || !ordinary) {
-        analysis.holds.fill({});
-        analysis.best = 0;
-        analysis.bestReturn = 0;
+    const bool pickEm = table.type == GameType::kPickEm;
+    if (!AreDistinctCardsOfDeck(tables, table, cards)) {
+        analysis = HoldAnalysis();
+        return;
     }
-    if (!valid) return;
+    if (pickEm) analysis.holds.fill({});  // 30 of them are never evaluated
     const LinePays pays = PaysFor(table, bet);
-    if (table.type == GameType::kPickEm) {
+    if (pickEm) {
         AnalyzePickEm(tables, cards, pays, coin, analysis);
-    } else if (!ordinary) {
+    } else if (UsesFirstDraw(table, cards)) {
         AnalyzeSneakPeak(tables, table, cards, pays, coin, analysis);
     } else {
         AnalyzeOrdinary(tables, table, cards.hand, pays, coin, analysis);
