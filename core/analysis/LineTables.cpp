@@ -168,10 +168,10 @@ std::size_t LineTables::ViewNumber(const SuitView& view) const {
     const auto atMostOne = [](unsigned bits) { return (bits & (bits - 1)) == 0; };
     const bool flush = atMostOne(view.suits);
     const bool naturalFlush = atMostOne(view.naturalSuits);
-    const bool red = coloursCount && (view.suits & ~kRedBits) == 0;
-    const bool black = coloursCount && (view.suits & ~kBlackBits) == 0;
-    const std::size_t colour = red ? 1 : black ? 2 : 0;
-    return view.wildByFace * 12 + colour * 4 + (naturalFlush ? 2 : 0) + (flush ? 1 : 0);
+    // Red and black are alike to the one line that looks at colours, and to the renamings of suits.
+    const bool oneColour = (view.suits & ~kRedBits) == 0 || (view.suits & ~kBlackBits) == 0;
+    return view.wildByFace * 8 + (coloursCount && oneColour ? 4 : 0) + (naturalFlush ? 2 : 0) +
+           (flush ? 1 : 0);
 }
 
 // For each class of four cards: every fifth card there is, and the line that the five are paid on.

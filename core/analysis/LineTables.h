@@ -83,7 +83,7 @@ class LineTables {
                     wildByFace + other.wildByFace};
         }
     };
-    static constexpr std::size_t kViews = 36;  // numbers that ViewNumber gives
+    static constexpr std::size_t kViews = 24;  // numbers that ViewNumber gives
 
     // What the constructor alone needs.
     struct Building;

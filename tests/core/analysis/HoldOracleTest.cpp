@@ -140,6 +140,8 @@ TEST(HoldOracleTest, TheFifthAceHasNoSuitToShare) {
 TEST(HoldOracleTest, LinesOfOneColourSplitTheSuits) {
     const PayTable natural = WithLine(JacksOrBetter(), Natural(kAllRedOrBlack, 3), 4);
     ExpectEveryHold(natural, "2H 4H 6D 8D TS", 5);
+    ExpectEveryHold(natural, "2H 4H 6D 8D TD", 3);
+    ExpectEveryHold(natural, "2C 4C 6C 8S TS", 3);
     const PayTable wild = WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3), 2);
     ExpectEveryHold(wild, "JH 4H 6D 8D TS", 3);
     const PayTable joker = WithLine(JokerPoker(1), Natural(kAllRedOrBlack, 3), 3);
