@@ -2,9 +2,12 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,7 +78,7 @@ std::string PayTablesText() {
            TableText("My Caf\xE9(0)", "MinPair=11\n", {{11, "R\xC9MI", 1, 5}});
 }
 
-struct Run {
+struct Printed {
     int status = -1;
     std::string output;
     std::string problem;
@@ -85,25 +88,32 @@ std::string InQuotes(const std::string& path) { return "'" + path + "'"; }
 
 class CommandLineTest : public testing::Test {
   protected:
-    CommandLineTest() { data.Write("Tolvane.ini", PayTablesText()); }
+    CommandLineTest() {
+        std::filesystem::create_directory(DataFolder());
+        folder.Write("data/Tolvane.ini", PayTablesText());
+    }
+
+    std::string DataFolder() const { return folder.Path("data"); }
 
     // The arguments are a line of the shell.
-    Run Shell(const std::string& arguments) const {
+    Printed Shell(const std::string& arguments) const {
         const std::string line = InQuotes(TOLVANE_CLI) + " " + arguments + " >" +
-                                 InQuotes(results.Path("output")) + " 2>" +
-                                 InQuotes(results.Path("problem"));
+                                 InQuotes(folder.Path("output")) + " 2>" +
+                                 InQuotes(folder.Path("problem"));
         const int status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, results.Read("output"),
-                results.Read("problem")};
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("output"),
+                folder.Read("problem")};
     }
 
     // A command on the pay tables of this test.
-    Run Ask(const std::string& arguments) const {
-        return Shell(arguments + " --data " + InQuotes(data.Path()));
+    Printed Ask(const std::string& arguments) const {
+        const auto end = std::min(arguments.find(' '), arguments.size());
+        return Shell(arguments.substr(0, end) + " --data " + InQuotes(DataFolder()) +
+                     arguments.substr(end));
     }
 
     Json AskForJson(const std::string& arguments) const {
-        const Run run = Ask(arguments + " --json");
+        const Printed run = Ask(arguments + " --json");
         EXPECT_EQ(run.status, 0) << run.problem;
         EXPECT_EQ(run.problem, "");
         return Json::parse(run.output, nullptr, false);
@@ -116,17 +126,17 @@ class CommandLineTest : public testing::Test {
         return lines;
     }
 
-    TemporaryFolder data{"data"};
-    TemporaryFolder results{"results"};
+    TemporaryFolder folder;  // what a program prints, and below it the data folder
 };
 
 TEST_F(CommandLineTest, AHandsJsonHasEveryNumberInTheFixedOrder) {
-    const Run run = Ask("hand 'jacks OR better' 'as KS Qs JS 9H' --json");
-    const auto json = nlohmann::ordered_json::parse(run.output);
+    const Printed run = Ask("hand 'jacks OR better' 'as KS Qs JS 9H' --json");
+    const auto ordered = nlohmann::ordered_json::parse(run.output);
     std::vector<std::string> keys;
-    for (const auto& [key, value] : json.items()) keys.push_back(key);
+    for (const auto& [key, value] : ordered.items()) keys.push_back(key);
     EXPECT_EQ(keys, (std::vector<std::string>{"game", "gameId", "table", "bet", "coin", "cards",
                                               "lines", "best", "bestReturn", "holds"}));
+    const Json json = Json::parse(run.output);
     EXPECT_EQ(json["game"], "Jacks or Better");
     EXPECT_EQ(json["gameId"], 300);
     EXPECT_EQ(json["bet"], 5);
@@ -186,9 +196,9 @@ TEST_F(CommandLineTest, AHandsTextListsTheHoldsBestFirst) {
     ASSERT_GT(lines.size(), 36U);
     EXPECT_EQ(lines[0], "Jacks or Better (300), table 0, bet 5 x $2.00");
     EXPECT_EQ(lines[1], "AS KS QS JS 9H");
-    EXPECT_TRUE(std::regex_match(
-        lines[4], std::regex("> +AS KS QS JS __ +185\\.5319 +51\\.06% +47 +"
-                             "ROY FL 1, FL 8, STR 3, JACKS 12")));
+    EXPECT_TRUE(
+        std::regex_match(lines[4], std::regex("> +AS KS QS JS __ +185\\.5319 +51\\.06% +47 +"
+                                              "ROY FL 1, FL 8, STR 3, JACKS 12")));
     for (const auto& line : lines) EXPECT_LE(line.size(), 100U) << line;
 
     const auto pickEm = LinesOf("hand 350 'KS 9H TD 9C'");
@@ -232,24 +242,28 @@ TEST_F(CommandLineTest, GamesListsHiddenGamesAndThePlayersOwn) {
 
     const auto lines = LinesOf("games");
     ASSERT_EQ(lines.size(), 45U);
-    EXPECT_TRUE(std::regex_match(lines[1], std::regex("300  Jacks or Better +2  yes")));
-    EXPECT_TRUE(std::regex_match(lines[37], std::regex("351  Sneak Peak Poker +1  no")));
-    EXPECT_EQ(AskForJson("classify 9002 'KS AH AD 9C 9S'")["pay"], 5);
+    EXPECT_TRUE(std::regex_match(lines[1], std::regex(" ?300  Jacks or Better +2  yes")));
+    EXPECT_TRUE(std::regex_match(lines[37], std::regex(" ?351  Sneak Peak Poker +1  no")));
+    EXPECT_EQ(AskForJson("classify 9002 'KS AH AD 9C 8S'")["pay"], 5);
 }
 
 TEST_F(CommandLineTest, HelpAndVersionAnswerOnStandardOutput) {
-    for (const char* arguments : {"help", "--help", "-h", "help help", "help hand", "hand --help"}) {
-        const Run run = Shell(arguments);
+    for (const char* arguments :
+         {"help", "--help", "-h", "help help", "help hand", "hand --help"}) {
+        const Printed run = Shell(arguments);
         EXPECT_EQ(run.status, 0) << arguments;
         EXPECT_EQ(run.problem, "") << arguments;
         EXPECT_NE(run.output.find("CARDS"), std::string::npos) << arguments;
     }
     EXPECT_TRUE(std::regex_match(Shell("--version").output,
                                  std::regex("tolvane-cli \\d+\\.\\d+\\.\\d+\n")));
-    const Run nothing = Shell("");
+    const Printed nothing = Shell("");
     EXPECT_EQ(nothing.status, 2);
     EXPECT_EQ(nothing.output, Shell("help").output);
     EXPECT_NE(nothing.problem, "");
+    const Printed unknown = Shell("help hnd");
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_NE(unknown.problem.find("\"hand\""), std::string::npos);
 }
 
 struct BadCommand {
@@ -259,7 +273,6 @@ struct BadCommand {
 };
 
 TEST_F(CommandLineTest, BadInputIsNamedInOneLineWithItsMend) {
-    const std::string fine = "'AS KS QS JS 9H'";
     const BadCommand bad[] = {
         {"hand 300 'AS KS QS as 9H'", 2, {"\"as\"", "twice"}},
         {"hand 300 'AS KS QS W 9H'", 2, {"\"W\"", "no joker"}},
@@ -272,7 +285,7 @@ TEST_F(CommandLineTest, BadInputIsNamedInOneLineWithItsMend) {
         {"hand 351 'AS KS QS JS 9H'", 2, {"5 cards", "6 are needed"}},
         {"classify 350 'AS KS QS JS'", 2, {"4 cards", "5 are needed"}},
         {"hand 'jaks or beter' 'AS'", 2, {"\"jaks or beter\"", "\"Jacks or Better\""}},
-        {"hand joker 'AS'", 2, {"\"joker\"", "\"2 Joker Poker\" or "}},
+        {"hand joker 'AS'", 2, {"\"joker\"", "\"2 Joker Poker\", "}},
         {"hand \"$(printf 'a\\nb')\" 'AS'", 2, {"\"a?b\""}},
         {"hand '' 'AS'", 2, {"unknown game \"\""}},
         {"hand 322 'AS'", 2, {"\"322\"", "300 to 356"}},
@@ -297,11 +310,12 @@ TEST_F(CommandLineTest, BadInputIsNamedInOneLineWithItsMend) {
         {"hand 300", 2, {"CARDS", "help hand"}},
         {"hand", 2, {"GAME", "help hand"}},
         {"hand 300 'AS KS QS JS 9H' --coin", 2, {"--coin"}},
+        {"hand 300 'AS KS QS JS 9H' --coin --json", 2, {"--coin \"--json\""}},
+        {"--json", 2, {"\"--json\"", "follow the command"}},
         {"clasify 300 'AS'", 2, {"\"clasify\"", "\"classify\""}},
-        {"help hnd", 2, {"\"hnd\"", "\"hand\""}},
     };
     for (const BadCommand& command : bad) {
-        const Run run = Ask(command.arguments);
+        const Printed run = Ask(command.arguments);
         EXPECT_EQ(run.status, command.status) << command.arguments << ": " << run.problem;
         EXPECT_EQ(run.output, "") << command.arguments;
         EXPECT_EQ(run.problem.find('\n'), run.problem.size() - 1) << run.problem;
@@ -312,42 +326,45 @@ TEST_F(CommandLineTest, BadInputIsNamedInOneLineWithItsMend) {
 }
 
 TEST_F(CommandLineTest, AFolderWithoutPayTablesIsNamed) {
-    const Run run = Shell("games --data " + InQuotes(data.Path("elsewhere")));
+    const Printed run = Shell("games --data " + InQuotes(folder.Path("data/elsewhere")));
     EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.problem.find("Tolvane.ini in \"" + data.Path("elsewhere")), std::string::npos);
+    EXPECT_NE(run.problem.find("Tolvane.ini in \""), std::string::npos);
     EXPECT_NE(run.problem.find("--data"), std::string::npos);
 }
 
 TEST_F(CommandLineTest, TheReleaseFileServesUntilThereIsAMainFile) {
-    const std::string program = data.Path("tolvane-cli");
+    const std::string program = folder.Path("data/tolvane-cli");
     std::filesystem::copy_file(TOLVANE_CLI, program);
     const auto status = [&] {
         const std::string line = InQuotes(program) + " hand 300 'AS KS QS JS 9H' >" +
-                                 InQuotes(results.Path("output")) + " 2>&1";
+                                 InQuotes(folder.Path("output")) + " 2>&1";
         return WEXITSTATUS(std::system(line.c_str()));
     };
     EXPECT_EQ(status(), 0);
-    std::filesystem::rename(data.Path("Tolvane.ini"), data.Path("Tolvane.114"));
+    std::filesystem::rename(folder.Path("data/Tolvane.ini"), folder.Path("data/Tolvane.114"));
     EXPECT_EQ(status(), 0);
-    data.Write("Tolvane.ini", "[main]\nVer=114\n");
+    folder.Write("data/Tolvane.ini", "[main]\nVer=114\n");
     EXPECT_EQ(status(), 1);
-    EXPECT_NE(results.Read("output").find("no pay table"), std::string::npos);
-    std::filesystem::remove(data.Path("Tolvane.114"));
-    std::filesystem::remove(data.Path("Tolvane.ini"));
+    EXPECT_NE(folder.Read("output").find("no pay table"), std::string::npos);
+    std::filesystem::remove(folder.Path("data/Tolvane.114"));
+    std::filesystem::remove(folder.Path("data/Tolvane.ini"));
     EXPECT_EQ(status(), 1);
-    EXPECT_NE(results.Read("output").find("--data"), std::string::npos);
+    EXPECT_NE(folder.Read("output").find("--data"), std::string::npos);
 }
 
 TEST_F(CommandLineTest, NothingIsEverWritten) {
-    const auto time = std::filesystem::last_write_time(data.Path("Tolvane.ini"));
+    const auto time = std::filesystem::last_write_time(folder.Path("data/Tolvane.ini"));
     for (const char* arguments : {"games", "hand 9002 'AS KS QS JS 9H'", "classify 300 'AS'"}) {
         Ask(arguments);
     }
-    EXPECT_EQ(data.FileCount(), 1);
-    EXPECT_EQ(data.Read("Tolvane.ini"), PayTablesText());
-    EXPECT_EQ(std::filesystem::last_write_time(data.Path("Tolvane.ini")), time);
-    const Run full = Shell("games --data " + InQuotes(data.Path()) + " >/dev/full");
-    EXPECT_EQ(full.status, 0);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(DataFolder()), {}), 1);
+    EXPECT_EQ(folder.Read("data/Tolvane.ini"), PayTablesText());
+    EXPECT_EQ(std::filesystem::last_write_time(folder.Path("data/Tolvane.ini")), time);
+}
+
+TEST_F(CommandLineTest, AnAnswerThatCannotBeWrittenIsAFailure) {
+    const std::string line = InQuotes(TOLVANE_CLI) + " help >/dev/full 2>/dev/null";
+    EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1);
 }
 
 }  // namespace
