@@ -88,6 +88,17 @@ class SetClasses {
     std::uint32_t Count() const { return count; }
     std::size_t Bytes() const;
 
+    // The classes of the sets of one multiset of kinds, the suits being looked up by SetKey::Suits.
+    struct OfKinds {
+        std::uint32_t first = 0;
+        const std::uint8_t* bySuits = nullptr;
+
+        std::uint32_t ClassOf(std::uint32_t suits) const { return first + bySuits[suits]; }
+    };
+    OfKinds Of(std::uint32_t kinds) const {
+        return {multisets[kinds].firstClass, suitClasses.data() + multisets[kinds].suitTable};
+    }
+
     // The class of a set of the deck's cards by its key.
     std::uint32_t ClassOf(std::uint32_t key) const {
         const Multiset& multiset = multisets[SetKey::Kinds(key)];

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "core/analysis/AceOrder.h"
+
 namespace {
 
 // A hold's draws in whole numbers: with a bet's pays and at most three cards drawn, pays x draws x

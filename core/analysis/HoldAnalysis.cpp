@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstddef>
 
+#include "core/analysis/AceOrder.h"
 #include "core/analysis/Combinations.h"
 #include "core/analysis/DrawAgain.h"
 #include "core/analysis/WideVectors.h"
@@ -94,9 +95,8 @@ void FillAll(const HoldCounts& counts, const LinePays& pays, const TotalsByDraw&
 // What a hold's draws are counted from and in: cards left in the deck, cards drawn, in order or
 // not.
 std::int64_t TotalHands(int cardsLeft, int drawn, bool ordered) {
-    constexpr std::array<std::int64_t, kHandSize + 1> kOrders = {1, 1, 2, 6, 24, 120};
     const std::int64_t draws = drawn == 0 ? 1 : Combinations(cardsLeft, drawn);
-    return ordered ? draws * kOrders[static_cast<std::size_t>(drawn)] : draws;
+    return ordered ? draws * kDrawOrders[static_cast<std::size_t>(drawn)] : draws;
 }
 
 void ChooseByReturnAndWinRate(HoldAnalysis& analysis) {

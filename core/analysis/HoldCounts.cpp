@@ -10,7 +10,6 @@
 namespace {
 
 constexpr int kBehindBit = 32;  // the mark of a card beside the five positions
-constexpr std::size_t kAces = 4;
 
 std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
 
@@ -138,50 +137,6 @@ int LineOf(const LineTables& tables, const HandFaces& hand) {
     return LineOf(tables, placed);
 }
 
-bool IsAce(CardFace face, std::size_t suit) {
-    return face.rank == 1 && face.suit == static_cast<int>(suit) + kSpades;
-}
-
-// The place that is left beside four aces from position first (0 or 1) on.
-std::size_t PlaceBeside(std::size_t first) { return first == 0 ? 4 : 0; }
-
-// Every ace is held where it has to lie, or can still be drawn to it.
-bool AcesCanComeToLie(const HandFaces& hand, std::size_t mask, std::size_t first) {
-    for (std::size_t suit = 0; suit < kAces; ++suit) {
-        const auto isThisAce = [suit](CardFace face) { return IsAce(face, suit); };
-        const std::size_t position = first + suit;
-        const bool held = Holds(static_cast<HoldMask>(mask), static_cast<int>(position));
-        if (held ? !isThisAce(hand[position]) : std::ranges::any_of(hand, isThisAce)) return false;
-    }
-    return true;
-}
-
-bool IsOneOfFourAces(CardFace face) { return face.rank == 1 && face.suit <= kDiamonds; }
-
-int LineBesideAces(const LineTables& tables, CardFace fifth) {
-    return LineOf(tables, {{{1, kSpades}, {1, kHearts}, {1, kClubs}, {1, kDiamonds}, fifth}});
-}
-
-// The four aces with every unseen card beside them, by the line that pays them in any order.
-LineCounts UnseenBesideAces(const LineTables& tables, const HandFaces& hand) {
-    std::uint32_t key = 0;
-    for (std::uint8_t suit = 0; suit < kAces; ++suit) key += SetKey::Add(suit, {0, suit});
-    LineCounts counts;
-    tables.Read<kAces>(key, counts);
-    for (const CardFace face : hand) {
-        if (!IsOneOfFourAces(face)) --counts[LaneOf(LineBesideAces(tables, face))];
-    }
-    return counts;
-}
-
-// Only what no better line takes.
-void MoveToLine(int line, std::size_t fromLane, std::uint32_t draws, LineCounts& counts) {
-    const auto lane = static_cast<std::size_t>(line);
-    if (fromLane <= lane) return;
-    counts[fromLane] -= draws;
-    counts[lane] += draws;
-}
-
 }  // namespace
 
 TOLVANE_WIDE_VECTORS
@@ -231,49 +186,4 @@ void CountPileDraws(const LineTables& tables, const std::array<CardFace, 3>& hel
     tables.Read<3>(Subsets<3>(three).keys.back(), counts);
     tables.Read<4>(Subsets<4>(four).keys.back(), withOther);
     for (std::size_t lane = 0; lane < kLanes; ++lane) counts[lane] -= withOther[lane];
-}
-
-int AceLine(const PayTable& table) {
-    const auto line = std::ranges::find(table.lines, HandRank::kFourAcesInOrder, &PayLine::rank);
-    return line == table.lines.end() ? -1 : static_cast<int>(line - table.lines.begin());
-}
-
-bool AcesLieInOrder(const HandFaces& hand, HoldMask held) {
-    for (const std::size_t first : {0, 1}) {
-        std::size_t suit = 0;
-        while (suit < kAces && Holds(held, static_cast<int>(first + suit)) &&
-               IsAce(hand[first + suit], suit)) {
-            ++suit;
-        }
-        if (suit == kAces) return true;
-    }
-    return false;
-}
-
-void OrderDraws(const LineTables& tables, const HandFaces& hand, int aceLine, HoldCounts& counts) {
-    constexpr std::array<std::uint32_t, kHandSize + 1> kOrders = {1, 1, 2, 6, 24, 120};
-    const LineCounts unseen = UnseenBesideAces(tables, hand);
-    for (std::size_t mask = 0; mask < kHolds; ++mask) {
-        LineCounts& draws = counts[mask];
-        const auto drawn = static_cast<std::size_t>(kHandSize - std::popcount(mask));
-        for (auto& count : draws) count *= kOrders[drawn];
-        for (const std::size_t first : {0, 1}) {
-            if (aceLine < 0 || !AcesCanComeToLie(hand, mask, first)) continue;
-            const std::size_t beside = PlaceBeside(first);
-            if (Holds(static_cast<HoldMask>(mask), static_cast<int>(beside))) {
-                MoveToLine(aceLine, LaneOf(LineBesideAces(tables, hand[beside])), 1, draws);
-                continue;
-            }
-            for (std::size_t lane = 0; lane < kLanes; ++lane) {
-                MoveToLine(aceLine, lane, unseen[lane], draws);
-            }
-        }
-    }
-}
-
-void PayAcesInOrder(const HandFaces& hand, int aceLine, LineCounts& standPat) {
-    if (aceLine < 0 || !AcesLieInOrder(hand, kStandPat)) return;
-    for (std::size_t lane = 0; lane < kLanes; ++lane) {
-        MoveToLine(aceLine, lane, standPat[lane], standPat);
-    }
 }

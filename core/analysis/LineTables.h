@@ -58,6 +58,13 @@ class LineTables {
     template <int Size>
     void Read(std::uint32_t key, LineCounts& counts) const;
 
+    // The classes of the sets of 1..4 cards, and the hands by class.
+    const SetClasses& Classes(int size) const {
+        return classes[static_cast<std::size_t>(size - 1)];
+    }
+    template <int Size>
+    void ReadClass(std::uint32_t number, LineCounts& counts) const;
+
     // The line that five cards are paid on; -1 for no win.
     int LineOfFive(const SortedCards& cards) const;
 
@@ -117,18 +124,22 @@ class LineTables {
 };
 
 template <int Size>
-inline void LineTables::Read(std::uint32_t key, LineCounts& counts) const {
-    static_assert(Size >= 0 && Size <= kMaxSetSize);
+inline void LineTables::ReadClass(std::uint32_t number, LineCounts& counts) const {
+    static_assert(Size >= 1 && Size <= kMaxSetSize);
     const auto widen = [&counts](const auto& row) {
         for (std::size_t lane = 0; lane < kLanes; ++lane) counts[lane] = row[lane];
     };
+    if constexpr (Size == 1) widen(ones[number]);
+    if constexpr (Size == 2) widen(twos[number]);
+    if constexpr (Size == 3) widen(threes[number]);
+    if constexpr (Size == 4) widen(fours[number]);
+}
+
+template <int Size>
+inline void LineTables::Read(std::uint32_t key, LineCounts& counts) const {
     if constexpr (Size == 0) {
-        widen(allHands);
+        counts = allHands;
     } else {
-        const std::uint32_t row = classes[Size - 1].ClassOf(key);
-        if constexpr (Size == 1) widen(ones[row]);
-        if constexpr (Size == 2) widen(twos[row]);
-        if constexpr (Size == 3) widen(threes[row]);
-        if constexpr (Size == 4) widen(fours[row]);
+        ReadClass<Size>(classes[Size - 1].ClassOf(key), counts);
     }
 }
