@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <iterator>
 #include <nlohmann/json.hpp>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -83,6 +82,14 @@ struct Printed {
     std::string output;
     std::string problem;
 };
+
+// The words of a line, one blank between them.
+std::string Squeezed(const std::string& line) {
+    std::istringstream words(line);
+    std::string squeezed;
+    for (std::string word; words >> word;) squeezed += (squeezed.empty() ? "" : " ") + word;
+    return squeezed;
+}
 
 std::string InQuotes(const std::string& path) { return "'" + path + "'"; }
 
@@ -196,9 +203,8 @@ TEST_F(CommandLineTest, AHandsTextListsTheHoldsBestFirst) {
     ASSERT_GT(lines.size(), 36U);
     EXPECT_EQ(lines[0], "Jacks or Better (300), table 0, bet 5 x $2.00");
     EXPECT_EQ(lines[1], "AS KS QS JS 9H");
-    EXPECT_TRUE(
-        std::regex_match(lines[4], std::regex("> +AS KS QS JS __ +185\\.5319 +51\\.06% +47 +"
-                                              "ROY FL 1, FL 8, STR 3, JACKS 12")));
+    EXPECT_EQ(Squeezed(lines[4]),
+              "> AS KS QS JS __ 185.5319 51.06% 47 ROY FL 1, FL 8, STR 3, JACKS 12");
     for (const auto& line : lines) EXPECT_LE(line.size(), 100U) << line;
 
     const auto pickEm = LinesOf("hand 350 'KS 9H TD 9C'");
@@ -232,18 +238,18 @@ TEST_F(CommandLineTest, ClassifyNamesTheLineAndItsPay) {
 
 TEST_F(CommandLineTest, GamesListsHiddenGamesAndThePlayersOwn) {
     const Json games = AskForJson("games");
-    ASSERT_EQ(games.size(), 44U);
+    ASSERT_EQ(games.size(), 43U);
     EXPECT_EQ(games[0], Json::parse(R"({"id":300,"name":"Jacks or Better","tables":[0,3],
         "offered":true})"));
     EXPECT_EQ(games[36]["name"], "Sneak Peak Poker");
     EXPECT_EQ(games[36]["offered"], false);
     EXPECT_EQ(games[42]["name"], "My Caf\xEF\xBF\xBD");  // the old file's bytes are no UTF-8
-    EXPECT_EQ(games[43]["tables"], Json::array());
+    EXPECT_EQ(games[1]["tables"], Json::array());
 
     const auto lines = LinesOf("games");
-    ASSERT_EQ(lines.size(), 45U);
-    EXPECT_TRUE(std::regex_match(lines[1], std::regex(" ?300  Jacks or Better +2  yes")));
-    EXPECT_TRUE(std::regex_match(lines[37], std::regex(" ?351  Sneak Peak Poker +1  no")));
+    ASSERT_EQ(lines.size(), 44U);
+    EXPECT_EQ(Squeezed(lines[1]), "300 Jacks or Better 2 yes");
+    EXPECT_EQ(Squeezed(lines[37]), "351 Sneak Peak Poker 1 no");
     EXPECT_EQ(AskForJson("classify 9002 'KS AH AD 9C 8S'")["pay"], 5);
 }
 
@@ -255,8 +261,7 @@ TEST_F(CommandLineTest, HelpAndVersionAnswerOnStandardOutput) {
         EXPECT_EQ(run.problem, "") << arguments;
         EXPECT_NE(run.output.find("CARDS"), std::string::npos) << arguments;
     }
-    EXPECT_TRUE(std::regex_match(Shell("--version").output,
-                                 std::regex("tolvane-cli \\d+\\.\\d+\\.\\d+\n")));
+    EXPECT_TRUE(Shell("--version").output.starts_with("tolvane-cli 1."));
     const Printed nothing = Shell("");
     EXPECT_EQ(nothing.status, 2);
     EXPECT_EQ(nothing.output, Shell("help").output);

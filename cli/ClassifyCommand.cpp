@@ -1,0 +1,73 @@
+#include "cli/ClassifyCommand.h"
+
+#include <nlohmann/json.hpp>
+
+#include "cli/JsonText.h"
+#include "cli/TableChoice.h"
+#include "cli/Texts.h"
+#include "core/eval/HandEvaluator.h"
+
+namespace {
+
+Hand HandOf(const CardTable& deck, const std::vector<CardCode>& cards) {
+    Hand hand;
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        const CardInfo& card = deck.cards[static_cast<std::size_t>(cards[i])];
+        hand.ranks[i] = card.rank;
+        hand.suits[i] = card.suit;
+        hand.wild[i] = card.wild;
+    }
+    return hand;
+}
+
+std::string DescriptionOf(const Classification& result, const PayTable& table) {
+    if (result.line < 0) return "";
+    return table.lines[static_cast<std::size_t>(result.line)].description;
+}
+
+std::string ResultAsJson(const ChosenTable& chosen, const std::vector<std::string>& cards,
+                         const Classification& result) {
+    const nlohmann::ordered_json json = {
+        {"game", chosen.game.name}, {"cards", cards},
+        {"line", result.line},      {"description", DescriptionOf(result, chosen.payTable)},
+        {"pay", result.Pay()},
+    };
+    return JsonText(json);
+}
+
+std::string Coins(int count) { return std::to_string(count) + (count == 1 ? " coin" : " coins"); }
+
+std::string ResultAsText(const ChosenTable& chosen, const std::vector<std::string>& cards,
+                         const Classification& result, double coin) {
+    std::string text;
+    for (const std::string& card : cards) text += card + " ";
+    if (result.line < 0) return text + "  no win\n";
+    text += "  " + DescriptionOf(result, chosen.payTable) + " pays " + Coins(result.Pay()) +
+            " for a bet of " + std::to_string(chosen.bet) + ": " + Dollars(result.Pay() * coin);
+    if (result.charlie) text += ", five times its pay for adding up to 21";
+    return text + "\n";
+}
+
+void AddArguments(CLI::App& parser, Options& options) {
+    AddGame(parser, options);
+    AddCards(parser, options, "Five cards in one argument, such as \"KS KH KD 9C 9S\"");
+    AddBet(parser, options);
+}
+
+std::optional<Failure> RunClassify(const Options& options, std::string& output) {
+    ChosenTable chosen;
+    if (auto failure = ChooseTable(options, chosen)) return failure;
+    std::vector<CardCode> cards;
+    if (auto failure = ReadCards(options.cards, chosen.deck, kHandSize, cards)) return failure;
+    const auto result = EvaluateHand(HandOf(chosen.deck, cards), chosen.payTable, chosen.bet);
+    const auto texts = CardTexts(chosen.deck, cards);
+    output += options.json ? ResultAsJson(chosen, texts, result)
+                           : ResultAsText(chosen, texts, result, options.coin);
+    return std::nullopt;
+}
+
+}  // namespace
+
+Command ClassifyCommand() {
+    return {"classify", "The pay line that five cards are paid on", AddArguments, RunClassify};
+}

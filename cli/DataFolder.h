@@ -1,0 +1,12 @@
+// Where the pay tables are.
+#pragma once
+#include <optional>
+#include <string>
+
+#include "cli/Command.h"
+
+// The path of the main profile file: Tolvane.ini in the named folder. Without one, in the folder
+// where the window program keeps its data: its own when that can be written, otherwise the user's;
+// as long as that one holds no Tolvane.ini, the shipped release file beside the program.
+std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
+                                    std::string& path);

@@ -1,0 +1,60 @@
+#include "cli/GamesCommand.h"
+
+#include <nlohmann/json.hpp>
+
+#include "cli/DataFolder.h"
+#include "cli/GameChoice.h"
+#include "cli/JsonText.h"
+#include "cli/TextTable.h"
+#include "core/paytable/GameCatalogue.h"
+#include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
+
+namespace {
+
+struct GameTables {
+    CatalogueGame game;
+    std::vector<int> tables;
+};
+
+std::string GamesAsJson(const std::vector<GameTables>& games) {
+    auto list = nlohmann::ordered_json::array();
+    for (const auto& [game, tables] : games) {
+        list.push_back(
+            {{"id", game.id}, {"name", game.name}, {"tables", tables}, {"offered", game.offered}});
+    }
+    return JsonText(list);
+}
+
+std::string GamesAsText(const std::vector<GameTables>& games) {
+    TextTable text({{"id", true}, {"name"}, {"tables", true}, {"in the menu"}});
+    for (const auto& [game, tables] : games) {
+        text.AddRow({std::to_string(game.id), game.name, std::to_string(tables.size())},
+                    {game.offered ? "yes" : "no"});
+    }
+    return text.Text();
+}
+
+void NoArguments(CLI::App& /*parser*/, Options& /*options*/) {}
+
+std::optional<Failure> RunGames(const Options& options, std::string& output) {
+    std::string mainPath;
+    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
+    ProfileFile file;
+    std::vector<GameTables> games;
+    for (auto& game : CatalogueGames(file, mainPath)) {
+        auto tables = TableChain(file, game.name, mainPath);
+        // A slot that the player has made no game in yet.
+        if (tables.empty() && game.id >= kFirstUserGameId) continue;
+        games.push_back({std::move(game), std::move(tables)});
+    }
+    output += options.json ? GamesAsJson(games) : GamesAsText(games);
+    return std::nullopt;
+}
+
+}  // namespace
+
+Command GamesCommand() {
+    return {"games", "The catalogue: id, name, tables, whether the Games menu offers it",
+            NoArguments, RunGames};
+}

@@ -1,0 +1,5 @@
+// tolvane-cli games: the catalogue.
+#pragma once
+#include "cli/Command.h"
+
+Command GamesCommand();

@@ -1,0 +1,75 @@
+#include "cli/Options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <cmath>
+
+#include "cli/Texts.h"
+
+namespace {
+
+constexpr double kMaxCoin = 1'000'000;  // dollars; keeps every return far from overflow
+
+// The whole text as a number; nothing when it is none or does not fit.
+template <typename Number>
+std::optional<Number> ReadNumber(const std::string& text) {
+    Number number{};
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+    return number;
+}
+
+// The parser catches what is thrown here.
+int WholeNumber(const std::string& option, const std::string& text) {
+    if (const auto number = ReadNumber<int>(text)) return *number;
+    throw CLI::ValidationError(option + " " + Quoted(text) + " is not a whole number");
+}
+
+double CoinValue(const std::string& text) {
+    const auto coin = ReadNumber<double>(text);
+    if (coin && *coin > 0 && *coin <= kMaxCoin) return *coin;
+    throw CLI::ValidationError("--coin " + Quoted(text) +
+                               " is not a coin: write dollars, such as 0.25, above 0 and at most " +
+                               std::to_string(static_cast<int>(kMaxCoin)));
+}
+
+}  // namespace
+
+void AddCommonOptions(CLI::App& parser, Options& options) {
+    parser
+        .add_option("--data", options.dataFolder,
+                    "The folder that holds Tolvane.ini; otherwise where the window program looks")
+        ->type_name("DIR");
+    parser
+        .add_option_function<std::string>(
+            "--table",
+            [&options](const std::string& text) { options.table = WholeNumber("--table", text); },
+            "The game's pay table (default 0)")
+        ->type_name("N");
+    parser
+        .add_option_function<std::string>(
+            "--coin", [&options](const std::string& text) { options.coin = CoinValue(text); },
+            "The coin's value in dollars (default 1.00)")
+        ->type_name("V");
+    parser.add_flag("--json", options.json, "Print JSON");
+}
+
+void AddGame(CLI::App& parser, Options& options) {
+    parser.add_option("GAME", options.game, "A name in any letter case, or an id")
+        ->type_name("")
+        ->required();
+}
+
+void AddCards(CLI::App& parser, Options& options, const std::string& help) {
+    parser.add_option("CARDS", options.cards, help)->type_name("")->required();
+}
+
+void AddBet(CLI::App& parser, Options& options) {
+    parser
+        .add_option_function<std::string>(
+            "--bet",
+            [&options](const std::string& text) { options.bet = WholeNumber("--bet", text); },
+            "The coins bet (default 5)")
+        ->type_name("N");
+}

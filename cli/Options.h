@@ -1,0 +1,25 @@
+// What the command line of a sub-command says, and the parts of the parser that read it.
+#pragma once
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+struct Options {
+    std::optional<std::string> dataFolder;
+    int table = 0;
+    double coin = 1;         // dollars, above 0
+    std::optional<int> bet;  // coins, as given: whether the table takes them is another question
+    bool json = false;
+    std::string game;  // a name or an id
+    std::string cards;
+};
+
+// The options of every command.
+void AddCommonOptions(CLI::App& parser, Options& options);
+
+void AddGame(CLI::App& parser, Options& options);
+void AddCards(CLI::App& parser, Options& options, const std::string& help);
+void AddBet(CLI::App& parser, Options& options);

@@ -1,0 +1,20 @@
+// Small texts for people.
+#pragma once
+#include <span>
+#include <string>
+#include <string_view>
+
+// In quotes, fit for a line of a message: long texts are cut, control characters shown as '?'.
+std::string Quoted(std::string_view text);
+
+// The same of a path, which is of use only when it is whole.
+std::string QuotedPath(std::string_view path);
+
+// "a", "a or b", "a, b or c".
+std::string Alternatives(std::span<const std::string> texts);
+
+// "$1.00", "$0.25", "$0.005": two decimals, or as many as the amount has.
+std::string Dollars(double amount);
+
+// How many columns a UTF-8 text takes, each character counted as one.
+std::size_t DisplayWidth(std::string_view text);
