@@ -1,0 +1,51 @@
+// What a whole-game analysis leaves behind: the entries of the analysis cache, the Summary text with the same
+// figures, and the Detail text with a line for every starting hand analysed. docs/analysis-files.md has
+// the formats.
+#pragma once
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "core/analysis/GameAnalysis.h"
+
+class ProfileFile;
+
+// One line of the Summary: the label, and the value that the cache stores under the key. The row of
+// column headings has neither key nor label.
+struct AnalysisEntry {
+    std::string key;
+    std::string label;
+    std::string value;
+};
+
+// All entries in the order in which they are written.
+std::vector<AnalysisEntry> AnalysisEntries(const GameTotals& totals, const PayTable& table, double coin);
+
+// The Summary: "label;value" lines.
+std::string SummaryText(const std::vector<AnalysisEntry>& entries);
+
+// Replaces the keys of a table's section ("%s(%i)") in the cache; the caller flushes. Like all changes to a
+// profile file, dropped when the file does not exist.
+void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& section,
+                  const std::string& path, ProfileFile& file);
+
+// "%s(%i) Summary.txt" and "%s(%i) Detail.txt".
+std::string SummaryFileName(const std::string& gameName, int tableIndex);
+std::string DetailFileName(const std::string& gameName, int tableIndex);
+
+// Writes a Detail file while a game is analysed, through a buffer of its own. A file that cannot be created or
+// written is told by Close; until then its lines are lost without a word.
+class DetailFile {
+  public:
+    // Creates the file anew and writes its headings.
+    DetailFile(const std::string& path, const PayTable& table);
+
+    void Write(const PlayedHand& hand);
+
+    // True when all has reached the file.
+    bool Close();
+
+  private:
+    const PayTable& table;
+    std::ofstream file;
+};
