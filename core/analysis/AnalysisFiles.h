@@ -1,7 +1,8 @@
-// What a whole-game analysis leaves behind: the entries of the analysis cache, the Summary text with the same
-// figures, and the Detail text with a line for every starting hand analysed. docs/analysis-files.md has
-// the formats.
+// What a whole-game analysis leaves behind: the entries of the analysis cache, the Summary text
+// with the same figures, and the Detail text with a line for every starting hand analysed.
+// docs/analysis-files.md has the formats.
 #pragma once
+#include <cstddef>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -11,7 +12,8 @@
 class ProfileFile;
 
 // One line of the Summary: the label, and the value that the cache stores under the key. The row of
-// column headings has neither key nor label.
+// column headings has neither key nor label; a label that ends in ';' leaves the payout column
+// empty.
 struct AnalysisEntry {
     std::string key;
     std::string label;
@@ -19,13 +21,14 @@ struct AnalysisEntry {
 };
 
 // All entries in the order in which they are written.
-std::vector<AnalysisEntry> AnalysisEntries(const GameTotals& totals, const PayTable& table, double coin);
+std::vector<AnalysisEntry> AnalysisEntries(const GameTotals& totals, const PayTable& table,
+                                           double coin);
 
 // The Summary: "label;value" lines.
 std::string SummaryText(const std::vector<AnalysisEntry>& entries);
 
-// Replaces the keys of a table's section ("%s(%i)") in the cache; the caller flushes. Like all changes to a
-// profile file, dropped when the file does not exist.
+// Replaces the keys of a table's section ("%s(%i)") in the cache; the caller flushes. Like all
+// changes to a profile file, dropped when the file does not exist.
 void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& section,
                   const std::string& path, ProfileFile& file);
 
@@ -33,19 +36,26 @@ void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& 
 std::string SummaryFileName(const std::string& gameName, int tableIndex);
 std::string DetailFileName(const std::string& gameName, int tableIndex);
 
-// Writes a Detail file while a game is analysed, through a buffer of its own. A file that cannot be created or
-// written is told by Close; until then its lines are lost without a word.
+// Writes a Detail file while a game is analysed, through a buffer of its own. A file that cannot be
+// created or written is told by Close; until then its lines are lost without a word.
 class DetailFile {
   public:
     // Creates the file anew and writes its headings.
     DetailFile(const std::string& path, const PayTable& table);
+    ~DetailFile();
+    DetailFile(const DetailFile&) = delete;
+    DetailFile& operator=(const DetailFile&) = delete;
 
     void Write(const PlayedHand& hand);
 
-    // True when all has reached the file.
+    // True when all has reached the file; again asked, the answer is the same.
     bool Close();
 
   private:
-    const PayTable& table;
+    void Flush();
+
+    std::size_t lineCount;
     std::ofstream file;
+    std::string buffer;
+    std::size_t used = 0;  // characters of the buffer
 };

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <numeric>
-#include <optional>
 #include <utility>
 
 #include "core/analysis/AceOrder.h"
@@ -14,6 +14,7 @@
 namespace {
 
 constexpr std::size_t kAllHeld = 31;
+constexpr std::uint8_t kAceKind = 0;
 
 constexpr auto kSizeOf = [] {
     std::array<int, kHolds> sizes{};
@@ -21,8 +22,10 @@ constexpr auto kSizeOf = [] {
     return sizes;
 }();
 
-void ReadClass(const LineTables& tables, std::size_t subset, std::uint32_t number,
-               LineCounts& counts) {
+std::size_t Drawn(std::size_t held) { return static_cast<std::size_t>(kHandSize - kSizeOf[held]); }
+
+[[gnu::always_inline]] inline void ReadClass(const LineTables& tables, std::size_t subset,
+                                             std::uint32_t number, LineCounts& counts) {
     switch (kSizeOf[subset]) {
         case 0:
             return tables.Read<0>(0, counts);
@@ -41,21 +44,41 @@ std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std:
 
 }  // namespace
 
+// The returns to choose from, and the holds among them that can end in four aces in order.
+struct BestHoldFinder::Choice {
+    Returns returns;
+    std::array<const AceHold*, 3> aceHolds{};
+    std::size_t count = 0;
+
+    void Offer(const AceHold& hold) {
+        returns[hold.held] = hold.expectedReturn;
+        aceHolds[count++] = &hold;
+    }
+    const AceHold* Find(std::size_t held) const {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (aceHolds[i]->held == held) return aceHolds[i];
+        }
+        return nullptr;
+    }
+};
+
 bool BestHoldFinder::Serves(const PayTable& table) {
-    return table.type != GameType::kPickEm && table.type != GameType::kDoubleDraw &&
-           table.type != GameType::kAcesBonus && table.gameId != kSneakPeakGameId &&
-           AceLine(table) < 0;
+    if (table.gameId == kSneakPeakGameId || table.type == GameType::kPickEm ||
+        table.type == GameType::kDoubleDraw) {
+        return false;
+    }
+    return table.type == GameType::kAcesBonus || AceLine(table) < 0;
 }
 
 BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, int bet,
                                double coin)
-    : tables(tables), coin(coin) {
+    : tables(tables),
+      coin(coin),
+      ordered(table.type == GameType::kAcesBonus),
+      aceLine(AceLine(table)) {
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
         pays[i] = LineUnitPay(table, static_cast<int>(i), bet);
     }
-    const auto worthOf = [this](const LineCounts& counts) {
-        return std::inner_product(counts.begin(), counts.end(), pays.begin(), std::int64_t{0});
-    };
     LineCounts counts;
     for (std::size_t subset = 0; subset < kAllHeld; subset = subset * 2 + 1) {  // one of each size
         const int size = kSizeOf[subset];
@@ -64,7 +87,8 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
         worths.reserve(classes);
         for (std::uint32_t number = 0; number < classes; ++number) {
             ReadClass(tables, subset, number, counts);
-            worths.push_back(worthOf(counts));
+            worths.push_back(
+                std::inner_product(counts.begin(), counts.end(), pays.begin(), std::int64_t{0}));
         }
     }
     for (int drawn = 0; drawn <= kHandSize; ++drawn) {
@@ -76,88 +100,135 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
     }
 }
 
-std::int64_t BestHoldFinder::TotalFor(std::size_t held) const {
-    return totalByDrawn[static_cast<std::size_t>(kHandSize - kSizeOf[held])];
-}
+// Distinct draws.
+std::int64_t BestHoldFinder::TotalFor(std::size_t held) const { return totalByDrawn[Drawn(held)]; }
 
-void BestHoldFinder::SetKinds(const std::array<std::uint8_t, kHandSize>& kinds) {
-    std::iota(positionOfPlace.begin(), positionOfPlace.end(), std::size_t{0});
-    std::ranges::stable_sort(positionOfPlace, {}, [&](std::size_t at) { return kinds[at]; });
-    for (std::size_t i = 0; i < kHandSize; ++i) sortedKinds[i] = kinds[positionOfPlace[i]];
+void BestHoldFinder::SetKinds(const std::array<SetCard, kHandSize>& cards) {
+    bool same = knowsKinds;
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        same = same && kinds[i] == cards[i].kind;
+        kinds[i] = cards[i].kind;
+    }
+    if (same) return;
+    knowsKinds = true;
+    std::iota(cardOfPlace.begin(), cardOfPlace.end(), std::size_t{0});
+    std::ranges::stable_sort(cardOfPlace, {}, [this](std::size_t card) { return kinds[card]; });
     for (std::size_t subset = 1; subset < kAllHeld; ++subset) {
         std::uint32_t key = 0;
-        int place = 0;
-        for (std::size_t i = 0; i < kHandSize; ++i) {
-            if ((subset >> i & 1) != 0) key += SetKey::Add(place++, {sortedKinds[i], 0});
+        int size = 0;
+        for (std::size_t place = 0; place < kHandSize; ++place) {
+            if ((subset >> place & 1) == 0) continue;
+            key += SetKey::Add(size++, {kinds[cardOfPlace[place]], 0});
         }
-        ofKinds[subset] = tables.Classes(place).Of(SetKey::Kinds(key));
+        ofKinds[subset] = tables.Classes(size).Of(SetKey::Kinds(key));
     }
+    aces = static_cast<std::size_t>(std::ranges::count(kinds, kAceKind));
 }
 
-// Every subset's worth by its class; then inclusion and exclusion leaves what the draws of a hold
-// are worth.
-void BestHoldFinder::LookUp(const SortedCards& cards) {
-    std::array<std::uint32_t, kSubsets> suits{};
+template <std::size_t Subset>
+[[gnu::always_inline]] inline void BestHoldFinder::LookUpSubset() {
+    constexpr std::size_t last = std::bit_width(Subset) - 1;
+    constexpr std::size_t others = Subset ^ (std::size_t{1} << last);
+    constexpr int place = std::popcount(others);
+    suits[Subset] = suits[others] | static_cast<std::uint32_t>(sorted[last].suit) << (2 * place);
+    classOf[Subset] = ofKinds[Subset].ClassOf(suits[Subset]);
+    coins[Subset] = worth[place + 1][classOf[Subset]];
+}
+
+// Every subset's worth by its class.
+template <std::size_t... Others>
+void BestHoldFinder::LookUp(std::index_sequence<Others...>) {
     coins[0] = worth[0][0];
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        const std::size_t last = std::size_t{1} << i;
-        for (std::size_t others = 0; others < last && (others | last) != kAllHeld; ++others) {
-            const std::size_t subset = others | last;
-            suits[subset] = suits[others] | static_cast<std::uint32_t>(cards[i].suit)
-                                                << (2 * kSizeOf[others]);
-            classOf[subset] = ofKinds[subset].ClassOf(suits[subset]);
-            coins[subset] = worth[static_cast<std::size_t>(kSizeOf[subset])][classOf[subset]];
-        }
-    }
-    line = tables.LineOfFive(cards);
+    (LookUpSubset<Others + 1>(), ...);
+    line = tables.LineOfFive(sorted);
     coins[kAllHeld] = pays[LaneOf(line)];
 }
 
+// Inclusion and exclusion leaves what the draws of a hold are worth. Steps of one, two and four are
+// written as shuffles of eight numbers, because compilers do not find them.
 TOLVANE_WIDE_VECTORS
-void BestHoldFinder::ComputeReturns(Returns& returns) {
-    for (std::size_t bit = 1; bit < kSubsets; bit *= 2) {
-        for (std::size_t subset = 0; subset < kSubsets; ++subset) {
-            if ((subset & bit) == 0) coins[subset] -= coins[subset | bit];
-        }
+void BestHoldFinder::ComputeReturns() {
+    using Eight = std::int64_t __attribute__((vector_size(64)));
+    Eight eights[4];
+    std::memcpy(eights, coins.data(), sizeof eights);
+    for (Eight& x : eights) {
+        x -= __builtin_shufflevector(x, Eight{}, 1, 8, 3, 8, 5, 8, 7, 8);  // 8 is a zero
+        x -= __builtin_shufflevector(x, Eight{}, 2, 3, 8, 8, 6, 7, 8, 8);
+        x -= __builtin_shufflevector(x, Eight{}, 4, 5, 6, 7, 8, 8, 8, 8);
     }
+    eights[0] -= eights[1];
+    eights[2] -= eights[3];
+    eights[0] -= eights[2];
+    eights[1] -= eights[3];
+    std::memcpy(coins.data(), eights, sizeof eights);
     for (std::size_t held = 0; held < kSubsets; ++held) {
         returns[held] = static_cast<double>(coins[held]) / totals[held] * coin;
     }
 }
 
-HoldMask BestHoldFinder::MaskOf(std::size_t held) const {
+void BestHoldFinder::Look(const std::array<SetCard, kHandSize>& cards) {
+    SetKinds(cards);
+    for (std::size_t place = 0; place < kHandSize; ++place)
+        sorted[place] = cards[cardOfPlace[place]];
+    LookUp(std::make_index_sequence<kAllHeld - 1>());
+    ComputeReturns();
+    if (ordered && aceLine >= 0) CountAceHolds();
+}
+
+// The draws of a hold with those that lie in order, so many times as many, given to the line of
+// aces.
+BestHoldFinder::AceHold BestHoldFinder::CountAceHold(std::size_t held, const LineCounts& inOrder,
+                                                     std::uint32_t times) const {
+    AceHold hold;
+    hold.held = held;
+    CountLines(held, hold.counts);
+    for (auto& count : hold.counts) count *= kDrawOrders[Drawn(held)];
+    for (std::uint32_t i = 0; i < times; ++i) MoveToAceLine(aceLine, inOrder, hold.counts);
+    const auto sum =
+        std::inner_product(hold.counts.begin(), hold.counts.end(), pays.begin(), std::int64_t{0});
+    const std::int64_t total = TotalFor(held) * kDrawOrders[Drawn(held)];
+    hold.expectedReturn = static_cast<double>(sum) / static_cast<double>(total) * coin;
+    return hold;
+}
+
+// Only holds of all aces of the hand, and of one card beside them, can end in four aces in order.
+// Without an ace in the hand the four may come from either of the two first positions on.
+void BestHoldFinder::CountAceHolds() {
+    const std::size_t allAces = (std::size_t{1} << aces) - 1;
+    HandFaces faces;
+    for (std::size_t i = 0; i < kHandSize; ++i) faces[i] = tables.ToFace(sorted[i]);
+    acesHeld = CountAceHold(allAces, UnseenBesideAces(tables, faces), aces == 0 ? 2 : 1);
+    for (std::size_t place = aces; place < kHandSize; ++place) {
+        LineCounts beside{};
+        beside[LaneOf(LineBesideAces(tables, faces[place]))] = 1;
+        acesAndOne[place] = CountAceHold(allAces | std::size_t{1} << place, beside, 1);
+    }
+}
+
+void BestHoldFinder::OfferAceHolds(const Placement& placement, Choice& choice) const {
+    bool offered = false;
+    for (const std::size_t first : {std::size_t{0}, std::size_t{1}}) {
+        const std::size_t beside = first == 0 ? kHandSize - 1 : 0;
+        bool inOrder = true;
+        std::size_t placeBeside = 0;
+        for (std::size_t place = 0; place < kHandSize; ++place) {
+            const std::size_t position = placement[cardOfPlace[place]];
+            if (place < aces && position != sorted[place].suit + first) inOrder = false;
+            if (position == beside) placeBeside = place;
+        }
+        if (!inOrder) continue;
+        if (!offered) choice.Offer(acesHeld);
+        offered = true;
+        choice.Offer(acesAndOne[placeBeside]);
+    }
+}
+
+HoldMask BestHoldFinder::MaskOf(std::size_t held, const Placement& placement) const {
     HoldMask mask = 0;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        if ((held >> i & 1) != 0) mask |= 16 >> positionOfPlace[i];
+    for (std::size_t place = 0; place < kHandSize; ++place) {
+        if ((held >> place & 1) != 0) mask |= 16 >> placement[cardOfPlace[place]];
     }
     return mask;
-}
-
-double BestHoldFinder::WinRate(std::size_t held) const {
-    LineCounts counts;
-    CountLines(held, counts);
-    const std::int64_t total = TotalFor(held);
-    return static_cast<double>(total - counts[kNothingLane]) / static_cast<double>(total);
-}
-
-// Standing pat wins a tie, otherwise the larger share of winning draws, then the lower mask.
-std::size_t BestHoldFinder::Choose(const Returns& returns) const {
-    const double greatest = *std::ranges::max_element(returns);
-    if (returns[kAllHeld] == greatest) return kAllHeld;
-    const auto first =
-        static_cast<std::size_t>(std::ranges::find(returns, greatest) - returns.begin());
-    if (std::ranges::count(returns, greatest) == 1) return first;
-    std::size_t best = first;
-    double bestRate = WinRate(first);
-    for (std::size_t held = first + 1; held < kSubsets; ++held) {
-        if (returns[held] != greatest) continue;
-        const double rate = WinRate(held);
-        if (rate > bestRate || (rate == bestRate && MaskOf(held) < MaskOf(best))) {
-            best = held;
-            bestRate = rate;
-        }
-    }
-    return best;
 }
 
 // The draws of one hold, by inclusion and exclusion over its discards.
@@ -166,30 +237,69 @@ void BestHoldFinder::CountLines(std::size_t held, LineCounts& counts) const {
     counts.fill(0);
     const std::size_t discards = kAllHeld ^ held;
     for (std::size_t out = discards;; out = (out - 1) & discards) {
-        LineCounts with{};
         if ((held | out) == kAllHeld) {
-            with[LaneOf(line)] = 1;
+            counts[LaneOf(line)] += kSizeOf[out] % 2 == 0 ? 1U : ~0U;
         } else {
+            LineCounts with;
             ReadClass(tables, held | out, classOf[held | out], with);
+            const std::uint32_t sign = kSizeOf[out] % 2 == 0 ? 1U : ~0U;
+            for (std::size_t lane = 0; lane < kLanes; ++lane) counts[lane] += sign * with[lane];
         }
-        const std::uint32_t sign = kSizeOf[out] % 2 == 0 ? 1U : ~0U;
-        for (std::size_t lane = 0; lane < kLanes; ++lane) counts[lane] += sign * with[lane];
         if (out == 0) return;
     }
 }
 
-void BestHoldFinder::Play(const std::array<std::uint8_t, kHandSize>& suits, BestHold& best) {
-    SortedCards cards;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        cards[i] = {sortedKinds[i], suits[positionOfPlace[i]]};
+void BestHoldFinder::CountHold(std::size_t held, const Choice& choice, LineCounts& counts) const {
+    if (const AceHold* hold = choice.Find(held)) {
+        counts = hold->counts;
+        return;
     }
-    LookUp(cards);
-    Returns returns;
-    ComputeReturns(returns);
-    const std::size_t held = Choose(returns);
-    best.mask = MaskOf(held);
-    best.cardsDrawn = kHandSize - kSizeOf[held];
-    best.expectedReturn = returns[held];
-    best.totalHands = TotalFor(held);
-    CountLines(held, best.counts);
+    CountLines(held, counts);
+    if (ordered) {
+        for (auto& count : counts) count *= kDrawOrders[Drawn(held)];
+    }
+}
+
+double BestHoldFinder::WinRate(std::size_t held, const Choice& choice) const {
+    const std::int64_t total = TotalFor(held) * (ordered ? kDrawOrders[Drawn(held)] : 1);
+    LineCounts counts;
+    CountHold(held, choice, counts);
+    return static_cast<double>(total - counts[kNothingLane]) / static_cast<double>(total);
+}
+
+// Standing pat wins a tie, otherwise the larger share of winning draws, then the lower mask.
+std::size_t BestHoldFinder::Choose(const Choice& choice, const Placement& placement) const {
+    const Returns& offered = choice.returns;
+    double greatest = offered[0];
+    for (const double one : offered) greatest = std::max(greatest, one);
+    if (offered[kAllHeld] == greatest) return kAllHeld;
+    std::uint32_t tied = 0;
+    for (std::size_t held = 0; held < kAllHeld; ++held) {
+        tied |= static_cast<std::uint32_t>(offered[held] == greatest) << held;
+    }
+    auto best = static_cast<std::size_t>(std::countr_zero(tied));
+    tied &= tied - 1;
+    if (tied == 0) return best;
+    double bestRate = WinRate(best, choice);
+    for (; tied != 0; tied &= tied - 1) {
+        const auto held = static_cast<std::size_t>(std::countr_zero(tied));
+        const double rate = WinRate(held, choice);
+        const bool lower = MaskOf(held, placement) < MaskOf(best, placement);
+        if (rate > bestRate || (rate == bestRate && lower)) {
+            best = held;
+            bestRate = rate;
+        }
+    }
+    return best;
+}
+
+void BestHoldFinder::Best(const Placement& placement, BestHold& best) const {
+    Choice choice{returns, {}, 0};
+    if (ordered && aceLine >= 0) OfferAceHolds(placement, choice);
+    const std::size_t held = Choose(choice, placement);
+    best.mask = MaskOf(held, placement);
+    best.cardsDrawn = static_cast<int>(Drawn(held));
+    best.expectedReturn = choice.returns[held];
+    best.totalHands = TotalFor(held) * (ordered ? kDrawOrders[Drawn(held)] : 1);
+    CountHold(held, choice, best.counts);
 }

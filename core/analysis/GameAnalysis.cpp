@@ -5,13 +5,13 @@
 #include <optional>
 #include <vector>
 
+#include "core/analysis/AceOrder.h"
 #include "core/analysis/Combinations.h"
 #include "core/analysis/HoldAnalysis.h"
 
 namespace {
 
 using Ranks = std::array<int, kHandSize>;  // 0 a joker
-using Order = std::array<std::size_t, kHandSize>;
 
 constexpr std::size_t kEmptyPosition = 2;  // of Pick 'Em hands
 constexpr HoldMask kPickEmFirstPile = 28;
@@ -31,13 +31,12 @@ double WeightOfAll(const PayTable& table) {
     return hands(kHandSize) * (table.type == GameType::kAcesBonus ? kAceGameFactor : 1);
 }
 
-bool SameBestPlay(const BestHold& a, const BestHold& b) {
-    return a.mask == b.mask && a.counts == b.counts && a.expectedReturn == b.expectedReturn;
+bool SameDraws(const BestHold& a, const BestHold& b) {
+    return a.counts == b.counts && a.expectedReturn == b.expectedReturn;
 }
 
-BestHold BestOf(const HoldAnalysis& analysis) {
+void TakeBest(const HoldAnalysis& analysis, BestHold& best) {
     const HoldResult& hold = analysis.holds[static_cast<std::size_t>(analysis.best)];
-    BestHold best;
     best.mask = analysis.best;
     best.cardsDrawn = hold.cardsDrawn;
     best.expectedReturn = analysis.bestReturn;
@@ -46,7 +45,6 @@ BestHold BestOf(const HoldAnalysis& analysis) {
         best.counts[line] = static_cast<std::uint32_t>(hold.lineCounts[line]);
     }
     best.counts[kNothingLane] = static_cast<std::uint32_t>(hold.nothing);
-    return best;
 }
 
 // One run over all starting hands.
@@ -119,17 +117,16 @@ class GameRun {
             shape.jokers > 0 ? static_cast<double>(Combinations(table.jokers, shape.jokers)) : 1;
         for (const SuitPattern& row : patterns.Select(shape)) {
             if (totals.cancelled) return;
-            PlayRow(ranks, row, factor, shape.aces);
+            PlayRow(ranks, row, factor);
         }
     }
 
-    void PlayRow(const Ranks& ranks, const SuitPattern& row, double factor, int aces) {
-        played.clear();
+    void PlayRow(const Ranks& ranks, const SuitPattern& row, double factor) {
         for (const SuitVariant& variant : row.variants) {
             const HandFaces cards = Deal(ranks, variant.suits);
             const double weight = factor * variant.count;
             if (table.type == GameType::kAcesBonus) {
-                PlayAceOrders(cards, weight, aces);
+                PlayAceOrders(cards, weight);
             } else {
                 PlayHand(cards, weight);
             }
@@ -146,102 +143,136 @@ class GameRun {
         return cards;
     }
 
-    // Where the order of the aces pays, a dealt hand is worth what its order is. Every way to place
-    // the aces has the same share of the hand's weight; where the aces lie as they have to, the
-    // card that lies in the place beside four of them can be kept, so each of the others has its
-    // share of it.
-    void PlayAceOrders(const HandFaces& cards, double weight, int aces) {
-        if (aces == 0) return PlayHand(cards, weight * kAceGameFactor);
-        HandFaces sorted = cards;
-        std::ranges::stable_partition(sorted, [](CardFace face) { return face.rank == 1; });
-        Order order{};  // of the positions: the aces' first, then the others' rising
-        std::iota(order.begin(), order.end(), std::size_t{0});
-        const auto count = static_cast<std::size_t>(aces);
-        std::vector<Order> placements;
+    // Where the order of the aces pays, a hand is worth what the order of its cards is, and every
+    // order has the same share of its weight. Only two things matter: where the aces lie, and, when
+    // they lie as they have to, which card lies in the place beside them.
+    void PlayAceOrders(const HandFaces& cards, double weight) {
+        Look(cards);
+        std::vector<std::size_t> aces;
+        std::vector<std::size_t> others;
+        for (std::size_t i = 0; i < kHandSize; ++i)
+            (cards[i].rank == 1 ? aces : others).push_back(i);
+        const double all = weight * kAceGameFactor;
+        if (aces.empty()) return PlayEndCards(cards, all);
+        Placement order = kAsGiven;  // the positions of the aces, then those of the others, rising
+        double placements = 1;
+        for (std::size_t i = 0; i < aces.size(); ++i)
+            placements *= static_cast<double>(kHandSize - i);
         do {
-            if (std::is_sorted(order.begin() + aces, order.end())) placements.push_back(order);
-        } while (std::ranges::next_permutation(order).found);
-        const double share = weight * kAceGameFactor / static_cast<double>(placements.size());
-        for (const Order& placement : placements) PlayPlacement(sorted, count, placement, share);
-    }
-
-    void PlayPlacement(const HandFaces& sorted, std::size_t aces, const Order& placement,
-                       double weight) {
-        HandFaces hand;
-        for (std::size_t i = 0; i < kHandSize; ++i) hand[placement[i]] = sorted[i];
-        const auto beside = PlaceBesideAces(hand);
-        if (!beside || hand[*beside].rank == 1 || aces + 1 == kHandSize) {
-            return PlayHand(hand, weight);
-        }
-        const double share = weight / static_cast<double>(kHandSize - aces);
-        const CardFace besideFirst = hand[*beside];
-        for (std::size_t i = aces; i < kHandSize; ++i) {
-            HandFaces turned = hand;
-            turned[placement[i]] = besideFirst;
-            turned[*beside] = sorted[i];
-            PlayHand(turned, share);
-        }
-    }
-
-    // The place that four aces leave when all aces of the hand lie as they have to.
-    static std::optional<std::size_t> PlaceBesideAces(const HandFaces& hand) {
-        for (const std::size_t first : {0, 1}) {
-            bool inOrder = true;
-            for (std::size_t i = 0; i < kHandSize; ++i) {
-                const bool lies = i == static_cast<std::size_t>(hand[i].suit - kSpades) + first;
-                if (hand[i].rank == 1 && !lies) inOrder = false;
+            if (!std::is_sorted(order.begin() + static_cast<std::ptrdiff_t>(aces.size()),
+                                order.end())) {
+                continue;
             }
-            if (inOrder) return first == 0 ? 4 : 0;
+            Placement placement{};
+            for (std::size_t i = 0; i < aces.size(); ++i) placement[aces[i]] = order[i];
+            for (std::size_t i = 0; i < others.size(); ++i) {
+                placement[others[i]] = order[aces.size() + i];
+            }
+            PlayAcePlacement(cards, placement, others, all / placements);
+        } while (std::ranges::next_permutation(order).found);
+    }
+
+    void PlayAcePlacement(const HandFaces& cards, const Placement& placement,
+                          const std::vector<std::size_t>& others, double weight) {
+        const HandFaces placed = Placed(cards, placement);
+        const auto fromFirst = AceChanceFrom(placed, 0);
+        const auto chance = fromFirst ? fromFirst : AceChanceFrom(placed, 1);
+        if (!chance) return PlayOrders(cards, {{placement}}, weight);
+        const auto beside = static_cast<std::size_t>(chance->besidePosition);
+        std::vector<Placement> orders;
+        for (const std::size_t card : others) orders.push_back(Brought(placement, card, beside));
+        PlayOrders(cards, orders, weight);
+    }
+
+    // Without aces the four may come to either side of a card that lies first or last.
+    void PlayEndCards(const HandFaces& cards, double weight) {
+        std::vector<Placement> orders;
+        for (std::size_t first = 0; first < kHandSize; ++first) {
+            for (std::size_t last = 0; last < kHandSize; ++last) {
+                if (first == last) continue;
+                orders.push_back(Brought(Brought(kAsGiven, first, 0), last, kHandSize - 1));
+            }
         }
-        return std::nullopt;
+        PlayOrders(cards, orders, weight);
+    }
+
+    // The placement with a card brought to a position, and the card there put where that one was.
+    static Placement Brought(Placement placement, std::size_t card, std::size_t position) {
+        std::ranges::replace(placement, position, placement[card]);
+        placement[card] = position;
+        return placement;
+    }
+
+    static HandFaces Placed(const HandFaces& cards, const Placement& placement) {
+        HandFaces placed;
+        for (std::size_t i = 0; i < kHandSize; ++i) placed[placement[i]] = cards[i];
+        return placed;
+    }
+
+    // Orders of the same weight; those with the same cards held and the same draws are one
+    // representative.
+    void PlayOrders(const HandFaces& cards, const std::vector<Placement>& orders, double weight) {
+        const std::size_t before = played.size();
+        std::vector<HoldMask> heldCards;
+        for (const Placement& order : orders) {
+            PlayedHand hand{Placed(cards, order), weight / static_cast<double>(orders.size()), {}};
+            finder->Best(order, hand.best);
+            HoldMask held = 0;
+            for (std::size_t i = 0; i < kHandSize; ++i) {
+                if (Holds(hand.best.mask, static_cast<int>(order[i]))) held |= 1 << i;
+            }
+            Add(hand);
+            std::size_t alike = 0;
+            while (
+                alike < heldCards.size() &&
+                !(heldCards[alike] == held && SameDraws(played[before + alike].best, hand.best))) {
+                ++alike;
+            }
+            if (alike < heldCards.size()) {
+                played[before + alike].weight += hand.weight;
+            } else {
+                heldCards.push_back(held);
+                played.push_back(hand);
+            }
+        }
     }
 
     void PlayHand(const HandFaces& cards, double weight) {
-        PlayedHand hand{cards, weight, {}};
+        // Filled in place: there are hundreds of thousands of them.
+        PlayedHand& hand = played.emplace_back();
+        hand.cards = cards;
+        hand.weight = weight;
         if (IsPickEm()) {
-            hand.best = BestPile(cards);
+            FindBestPile(cards, hand.best);
         } else if (finder) {
-            hand.best = BestByFinder(cards);
+            Look(cards);
+            finder->Best(kAsGiven, hand.best);
         } else {
             AnalyzeHand(tables, table, {cards, {}}, kFullBet, coin, analysis);
-            hand.best = BestOf(analysis);
+            TakeBest(analysis, hand.best);
         }
         Add(hand);
-        played.push_back(hand);
-        done += weight;
-        if (watcher.progress && !watcher.progress(done, all)) totals.cancelled = true;
     }
 
-    BestHold BestPile(const HandFaces& cards) {
+    void Look(const HandFaces& cards) {
+        std::array<SetCard, kHandSize> setCards;
+        for (std::size_t i = 0; i < kHandSize; ++i) setCards[i] = tables.ToSetCard(cards[i]);
+        finder->Look(setCards);
+    }
+
+    void FindBestPile(const HandFaces& cards, BestHold& best) {
         KnownCards known;
         known.hand = {cards[0], cards[1], cards[3], {}, {}};
         known.firstDraw = cards[4];
         AnalyzeHand(tables, table, known, kFullBet, coin, analysis);
-        BestHold best = BestOf(analysis);
+        TakeBest(analysis, best);
         if (best.mask == kPickEmFirstPile) best.mask = kPickEmFirstPileHeld;
-        return best;
-    }
-
-    BestHold BestByFinder(const HandFaces& cards) {
-        std::array<std::uint8_t, kHandSize> kinds{};
-        std::array<std::uint8_t, kHandSize> suits{};
-        for (std::size_t i = 0; i < kHandSize; ++i) {
-            const SetCard card = tables.ToSetCard(cards[i]);
-            kinds[i] = card.kind;
-            suits[i] = card.suit;
-        }
-        if (kinds != finderKinds) {
-            finder->SetKinds(kinds);
-            finderKinds = kinds;
-        }
-        BestHold best;
-        finder->Play(suits, best);
-        return best;
     }
 
     void Add(const PlayedHand& hand) {
         const auto drawn = static_cast<std::size_t>(hand.best.cardsDrawn);
         const double weight = hand.weight;
+        done += weight;
         totals.initHands[drawn] += weight;
         totals.initHandsTotal += weight;
         totals.er += weight * hand.best.expectedReturn;
@@ -259,20 +290,23 @@ class GameRun {
         totals.finalHandsTotal += sum + nothing;
     }
 
-    // The variants of a row are one representative as long as they are played alike.
+    // Ends a row. Its variants are one representative as long as they are played alike.
     void Report() {
         if (played.empty()) return;
         const bool ordered = table.type == GameType::kAcesBonus;
-        const bool alike = !ordered && std::ranges::all_of(played, [this](const PlayedHand& hand) {
-            return SameBestPlay(hand.best, played.front().best);
-        });
-        if (alike) {
+        const BestHold& first = played.front().best;
+        if (!ordered && std::ranges::all_of(played, [&first](const PlayedHand& hand) {
+                return hand.best.mask == first.mask && SameDraws(hand.best, first);
+            })) {
             for (std::size_t i = 1; i < played.size(); ++i) played[0].weight += played[i].weight;
             played.resize(1);
         }
         totals.representatives += static_cast<std::int64_t>(played.size());
-        if (!watcher.hand) return;
-        for (const PlayedHand& hand : played) watcher.hand(hand);
+        if (watcher.hand) {
+            for (const PlayedHand& hand : played) watcher.hand(hand);
+        }
+        played.clear();
+        if (watcher.progress && !watcher.progress(done, all)) totals.cancelled = true;
     }
 
     void PlayEveryHand() {
@@ -283,7 +317,6 @@ class GameRun {
     void PlayCardsFrom(const CardTable& deck, std::size_t position, CardCode from,
                        HandFaces cards) {
         if (position == kHandSize) {
-            played.clear();
             PlayHand(cards, 1);
             return Report();
         }
@@ -300,7 +333,6 @@ class GameRun {
     const GameAnalysisWatcher& watcher;
     SuitPatternTables patterns;
     std::optional<BestHoldFinder> finder;
-    std::array<std::uint8_t, kHandSize> finderKinds{kMaxKinds};  // of no hand yet
     HoldAnalysis analysis;
     std::vector<PlayedHand> played;  // of the row at work
     double all;

@@ -272,6 +272,10 @@ SetCard LineTables::ToSetCard(CardFace face) const {
     return {static_cast<std::uint8_t>(face.rank - 1), static_cast<std::uint8_t>(face.suit - 1)};
 }
 
+CardFace LineTables::ToFace(SetCard card) const {
+    return card.kind == kExtraKind ? extraFace : CardFace{card.kind + 1, card.suit + 1};
+}
+
 int LineTables::LineOfFive(const SortedCards& cards) const {
     SuitView view;
     for (const SetCard card : cards) view = view + ViewOf(card);

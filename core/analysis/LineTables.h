@@ -46,8 +46,9 @@ class LineTables {
     // False when the deck does not hold such a card.
     bool Contains(CardFace face) const;
 
-    // Cards of the deck only.
+    // Cards of the deck only; jokers come back as jokers, whichever they were.
     SetCard ToSetCard(CardFace face) const;
+    CardFace ToFace(SetCard card) const;
 
     bool IsWild(CardFace face) const {
         const SetCard card = ToSetCard(face);
