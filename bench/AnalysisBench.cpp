@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/analysis/GameAnalysis.h"
 #include "core/analysis/HoldAnalysis.h"
 #include "core/paytable/GameCatalogue.h"
 #include "core/profile/ProfileFile.h"
@@ -57,6 +58,26 @@ void OneHand(benchmark::State& state, const std::string& game) {
     state.SetLabel("1 µs");
 }
 
+void WholeGame(benchmark::State& state, const std::string& game, const std::string& promise) {
+    const PayTable table = Shipped(game);
+    for (auto _ : state) {
+        const LineTables tables(table);
+        benchmark::DoNotOptimize(AnalyzeGame(tables, table, 1, {}).payoutPercent);
+    }
+    state.SetLabel(promise);
+}
+
+void AllGames(benchmark::State& state) {
+    for (auto _ : state) {
+        for (const BuiltInGame& game : BuiltInGames()) {
+            const PayTable table = Shipped(std::string(game.name));
+            const LineTables tables(table);
+            benchmark::DoNotOptimize(AnalyzeGame(tables, table, 1, {}).payoutPercent);
+        }
+    }
+    state.SetLabel("5 s");
+}
+
 BENCHMARK_CAPTURE(BuildTables, 52_cards, "Jacks or Better", "40 ms");
 BENCHMARK_CAPTURE(BuildTables, deuces_wild, "Deuces Wild", "40 ms");
 BENCHMARK_CAPTURE(BuildTables, one_eyed_jacks, "One-Eyed Jacks", "40 ms");
@@ -70,5 +91,17 @@ BENCHMARK_CAPTURE(OneHand, 57_cards, "5 Joker Poker");
 BENCHMARK_CAPTURE(OneHand, aces_in_order, "Aces Bonus Poker");
 BENCHMARK_CAPTURE(OneHand, double_draw, "Dbl Draw Bonus");
 BENCHMARK_CAPTURE(OneHand, sneak_peak, "Sneak Peak Poker");
+BENCHMARK_CAPTURE(WholeGame, 52_cards, "Jacks or Better", "0.07 s");
+BENCHMARK_CAPTURE(WholeGame, deuces_wild, "Deuces Wild", "0.09 s");
+BENCHMARK_CAPTURE(WholeGame, five_aces, "5 Aces Bonus Poker", "0.09 s");
+BENCHMARK_CAPTURE(WholeGame, one_eyed_jacks, "One-Eyed Jacks", "0.15 s");
+BENCHMARK_CAPTURE(WholeGame, pick_em, "Pick Em Poker", "0.06 s");
+BENCHMARK_CAPTURE(WholeGame, double_draw, "Dbl Draw Bonus", "0.3 s");
+BENCHMARK_CAPTURE(WholeGame, aces_in_order, "Aces Bonus Poker", "1 s");
+BENCHMARK_CAPTURE(WholeGame, 53_cards, "Joker Poker - Kings or Better", "0.13 s");
+BENCHMARK_CAPTURE(WholeGame, 54_cards, "2 Joker Poker", "0.13 s");
+BENCHMARK_CAPTURE(WholeGame, 56_cards, "4 Joker Poker", "0.13 s");
+BENCHMARK_CAPTURE(WholeGame, 57_cards, "5 Joker Poker", "0.13 s");
+BENCHMARK(AllGames)->Unit(benchmark::kMillisecond);
 
 }  // namespace

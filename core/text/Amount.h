@@ -1,0 +1,12 @@
+// Amounts as they are shown: 1,234,567 and $1,234.50.
+#pragma once
+#include <string>
+#include <string_view>
+
+// Groups the digits of a number that a printf conversion ("%li", "%7.2f") has printed, at most 24
+// characters in the formats in use; of longer texts nothing is cut either. Blanks are dropped, a
+// comma parts every three digits, never right after a minus sign. With decimals the text from the
+// last '.' on stands as it is, a "0" before it when no digit does; without, a '.' is no different
+// from other characters, and digits after it are grouped too. With dollar a "$" comes before all
+// else, the minus sign included.
+std::string FormatNumber(std::string_view printed, bool decimals, bool dollar);

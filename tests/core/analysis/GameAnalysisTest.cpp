@@ -1,0 +1,299 @@
+#include "core/analysis/GameAnalysis.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <random>
+
+#include "core/analysis/Combinations.h"
+#include "tests/core/TestGames.h"
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSlow = true;  // every hand of a deck would take minutes
+#else
+constexpr bool kSlow = false;
+#endif
+
+GameTotals Analyze(const PayTable& table, double coin = 1,
+                   const GameAnalysisWatcher& watcher = {}) {
+    return AnalyzeGame(LineTables(table), table, coin, watcher);
+}
+
+// The published counts of the best play, of 19,933,230,517,200.
+TEST(GameAnalysisTest, JacksOrBetterComesOutToTheLastHand) {
+    const GameTotals totals = Analyze(JacksOrBetter());
+    const std::array<double, 9> published = {493512264,     2178883296,    47093167764,
+                                             229475482596,  219554786160,  223837565784,
+                                             1484003070324, 2576946164148, 4277372890968};
+    for (std::size_t line = 0; line < published.size(); ++line) {
+        EXPECT_NEAR(totals.summary[line], published[line], 0.4) << line;
+    }
+    EXPECT_NEAR(totals.denominator, 19933230517200, 0.4);
+    EXPECT_NEAR(totals.payoutPercent, 99.543904, 5e-7);
+    EXPECT_NEAR(totals.variance, 19.5147, 1e-4);
+    EXPECT_EQ(totals.initHandsTotal, 2598960);
+    EXPECT_EQ(totals.representatives, 135746);
+    double sum = 0;
+    for (std::size_t line = 0; line < published.size(); ++line) {
+        sum += LinePercentReturn(totals, JacksOrBetter(), line);
+    }
+    EXPECT_NEAR(sum, totals.payoutPercent, 1e-9);
+}
+
+TEST(GameAnalysisTest, FullPayDeucesReturnsThePublishedPercentage) {
+    EXPECT_NEAR(Analyze(DeucesWild(), 0.25).payoutPercent, 100.7620, 5e-5);
+}
+
+TEST(GameAnalysisTest, TheWeightsAreAllTheHandsThereAre) {
+    for (int jokers = 1; jokers <= kMaxJokers; ++jokers) {
+        const PayTable table = JokerPoker(jokers);
+        EXPECT_EQ(Analyze(table).initHandsTotal, static_cast<double>(Combinations(52 + jokers, 5)));
+    }
+    EXPECT_EQ(Analyze(FiveAces()).initHandsTotal, 2869685);
+    EXPECT_EQ(Analyze(OneEyedJacks()).initHandsTotal, 2598960);
+    EXPECT_EQ(Analyze(PickEm()).initHandsTotal, 1624350);
+    EXPECT_NEAR(Analyze(AcesBonus()).initHandsTotal, 12994800, 1e-3);
+}
+
+// Every starting hand, analysed by itself.
+class EveryHand {
+  public:
+    explicit EveryHand(const PayTable& table)
+        : table(table), tables(table), deck(BuildCardTable(DeckOf(table))) {}
+
+    double SumOfReturns() {
+        Deal(0, 0);
+        return sum;
+    }
+
+  private:
+    void Deal(std::size_t position, CardCode from) {
+        if (position == kHandSize) {
+            AnalyzeHand(tables, table, known, kFullBet, 1, analysis);
+            sum += analysis.bestReturn;
+            return;
+        }
+        for (CardCode card = from; card < deck.deckSize; ++card) {
+            const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];
+            known.hand[position] = {info.rank, info.suit};
+            Deal(position + 1, card + 1);
+        }
+    }
+
+    const PayTable& table;
+    LineTables tables;
+    CardTable deck;
+    KnownCards known;
+    HoldAnalysis analysis;
+    double sum = 0;
+};
+
+// A flush that pays more than quads, so that hands of three or four of a kind are broken up.
+PayTable FlushesAboveQuads() {
+    PayTable table = JokerPoker(1);
+    table.lines = {Wild(kFlush, 500), Wild(kFiveOfAKind, 3), Wild(kFourOfAKind, 2)};
+    return table;
+}
+
+TEST(GameAnalysisTest, TheReturnIsThatOfEveryHandDealt) {
+    if (kSlow) GTEST_SKIP() << "takes minutes under sanitizers";
+    PayTable flushAces = FiveAces();
+    flushAces.lines = {Natural(kFlush, 500), Natural(kFourOfAKind, 2), Natural(kTwoPair, 1)};
+    PayTable orderedStandard = AcesBonus();
+    orderedStandard.type = GameType::kStandard;
+    for (const PayTable& table : {DeucesDeluxe(), FlushesAboveQuads(), flushAces, OneEyedJacks(),
+                                  DoubleDraw(), WithLine(JokerPoker(2), Wild(kAllRedOrBlack, 3), 1),
+                                  WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3), 2)}) {
+        const double er = Analyze(table).er;
+        EXPECT_NEAR(er, EveryHand(table).SumOfReturns(), er * 1e-10) << table.gameId;
+    }
+}
+
+TEST(GameAnalysisTest, PickEmPlaysEveryFourCardsInSixWays) {
+    if (kSlow) GTEST_SKIP() << "takes minutes under sanitizers";
+    const PayTable table = PickEm();
+    const LineTables tables(table);
+    const auto face = [](int card) { return CardFace{card % 13 + 1, card / 13 + 1}; };
+    HoldAnalysis analysis;
+    double sum = 0;
+    for (int a = 0; a < 52; ++a) {
+        for (int b = a + 1; b < 52; ++b) {
+            for (int c = b + 1; c < 52; ++c) {
+                for (int d = c + 1; d < 52; ++d) {
+                    const std::array<int, 4> cards = {a, b, c, d};
+                    for (const auto& [i, j, k, l] :
+                         {std::array{0, 1, 2, 3}, std::array{0, 2, 1, 3}, std::array{0, 3, 1, 2},
+                          std::array{1, 2, 0, 3}, std::array{1, 3, 0, 2}, std::array{2, 3, 0, 1}}) {
+                        const auto at = [&](int n) {
+                            return face(cards[static_cast<std::size_t>(n)]);
+                        };
+                        AnalyzeHand(tables, table, {{at(i), at(j), at(k), {}, {}}, at(l)}, 5, 1,
+                                    analysis);
+                        sum += analysis.bestReturn;
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_NEAR(Analyze(table).er, sum, sum * 1e-11);
+}
+
+using SortedFaces = std::vector<std::pair<int, int>>;
+
+// The cards of a hand under the renaming of suits that puts them lowest.
+SortedFaces ClassOf(const HandFaces& cards) {
+    std::array<int, 5> suits = {0, 1, 2, 3, 4};
+    SortedFaces least;
+    do {
+        SortedFaces renamed;
+        for (const CardFace face : cards) {
+            renamed.emplace_back(face.rank, suits[static_cast<std::size_t>(face.suit)]);
+        }
+        std::ranges::sort(renamed);
+        if (least.empty() || renamed < least) least = renamed;
+    } while (std::next_permutation(suits.begin() + 1, suits.end()));
+    return least;
+}
+
+// The analysis knows every hand by its class; dealing all 120 orders of a hand one by one must come
+// to the same.
+TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
+    PayTable kickers = AcesBonus();
+    PayTable shipped = JacksOrBetter();
+    shipped.type = GameType::kAcesBonus;
+    shipped.lines[3].maxPayout = 40;
+    shipped.lines[4].maxPayout = 25;
+    shipped.lines[2] = Natural(kBonusFourOfAKind, 25, {{5, 6, 7, 8, 9, 10, 11, 12, 13}, {}});
+    shipped = WithLine(shipped, Natural(kBonusFourOfAKind, 40, {{2, 3, 4}, {}}), 2);
+    shipped = WithLine(shipped, Natural(kBonusFourOfAKind, 80, {{1}, {}}), 2);
+    shipped = WithLine(shipped, Natural(kFourAcesInOrder, 800), 1);
+    std::mt19937 random(5);
+    for (const PayTable& table : {shipped, kickers}) {
+        std::map<SortedFaces, std::pair<double, double>> classes;  // weight x return, weight
+        GameAnalysisWatcher watcher;
+        watcher.hand = [&classes](const PlayedHand& hand) {
+            auto& [worth, weight] = classes[ClassOf(hand.cards)];
+            worth += hand.weight * hand.best.expectedReturn;
+            weight += hand.weight;
+        };
+        const GameTotals totals = Analyze(table, 1, watcher);
+        if (table == shipped) {
+            EXPECT_NEAR(totals.payoutPercent, 99.4069, 5e-5);
+        }
+
+        const LineTables tables(table);
+        HoldAnalysis analysis;
+        for (int i = 0; i < (kSlow ? 200 : 6000); ++i) {
+            // Every second hand has at least one ace, every fourth two.
+            std::array<int, 52> deck;
+            std::iota(deck.begin(), deck.end(), 0);
+            std::shuffle(deck.begin(), deck.end(), random);
+            std::ranges::stable_partition(
+                deck, [&, left = i % 2 + (i % 4 == 3 ? 1 : 0)](int card) mutable {
+                    return card % 13 == 0 && left-- > 0;
+                });
+            HandFaces hand;
+            for (std::size_t at = 0; at < kHandSize; ++at)
+                hand[at] = {deck[at] % 13 + 1, deck[at] / 13 + 1};
+            double sum = 0;
+            Placement order = kAsGiven;
+            do {
+                KnownCards known;
+                for (std::size_t at = 0; at < kHandSize; ++at) known.hand[order[at]] = hand[at];
+                AnalyzeHand(tables, table, known, kFullBet, 1, analysis);
+                sum += analysis.bestReturn;
+            } while (std::ranges::next_permutation(order).found);
+            const auto& [worth, weight] = classes.at(ClassOf(hand));
+            ASSERT_NEAR(worth / weight, sum / 120, 1e-9) << testing::PrintToString(ClassOf(hand));
+        }
+    }
+}
+
+TEST(GameAnalysisTest, OneEyedJacksCanBePlayedHandByHand) {
+    if (kSlow) GTEST_SKIP() << "takes a minute under sanitizers";
+    std::int64_t hands = 0;
+    GameAnalysisWatcher watcher;
+    watcher.hand = [&hands](const PlayedHand& hand) { hands += hand.weight == 1 ? 1 : 0; };
+    const PayTable table = OneEyedJacks();
+    const GameTotals one = Analyze(table, 1, watcher);
+    const GameTotals grouped = Analyze(table);
+    EXPECT_EQ(hands, 2598960);
+    EXPECT_EQ(one.representatives, 2598960);
+    EXPECT_NEAR(one.er, grouped.er, one.er * 1e-11);
+}
+
+TEST(GameAnalysisTest, ACancelledRunKeepsWhatItHas) {
+    GameAnalysisWatcher watcher;
+    double last = 0;
+    watcher.progress = [&last](double done, double all) {
+        EXPECT_GE(done, last);
+        last = done;
+        return done / all < 0.03;
+    };
+    const GameTotals totals = Analyze(JacksOrBetter(), 1, watcher);
+    EXPECT_TRUE(totals.cancelled);
+    EXPECT_EQ(totals.initHandsTotal, last);
+    EXPECT_GT(totals.initHandsTotal / 2598960, 0.03);
+    EXPECT_LT(totals.initHandsTotal / 2598960, 0.04);
+    EXPECT_GT(totals.denominator, 0);
+}
+
+TEST(GameAnalysisTest, WhatCannotBeAnalysedHasNoFigures) {
+    EXPECT_FALSE(CanAnalyzeGame(SneakPeak()));
+    EXPECT_EQ(Analyze(SneakPeak()).initHandsTotal, 0);
+    PayTable nothingPays = JacksOrBetter();
+    nothingPays.lines.clear();
+    const GameTotals totals = Analyze(nothingPays);
+    EXPECT_EQ(totals.payoutPercent, 0);
+    EXPECT_EQ(totals.variance, 0);
+    EXPECT_EQ(totals.initHands[0], 2598960) << "standing pat wins the tie of nothing";
+}
+
+// Both ways to find a best hold come to the same hold and the same draws.
+TEST(BestHoldTest, TheFinderChoosesAsTheAnalysisDoes) {
+    std::mt19937 random(9);
+    PayTable flat = JacksOrBetter();  // ties everywhere
+    for (PayLine& line : flat.lines) line.maxPayout = 5;
+    for (const PayTable& table :
+         {flat, DeucesDeluxe(), JokerPoker(5), FiveAces(), AcesBonus(), OneEyedJacks()}) {
+        const LineTables tables(table);
+        const CardTable deck = BuildCardTable(DeckOf(table));
+        BestHoldFinder finder(tables, table, kFullBet, 0.25);
+        HoldAnalysis analysis;
+        for (int i = 0; i < 3000; ++i) {
+            std::vector<CardCode> cards(static_cast<std::size_t>(deck.deckSize));
+            std::iota(cards.begin(), cards.end(), 0);
+            std::shuffle(cards.begin(), cards.end(), random);
+            cards.resize(kHandSize);
+            KnownCards known;
+            std::array<SetCard, kHandSize> given;
+            for (std::size_t at = 0; at < kHandSize; ++at) {
+                const CardInfo& info = deck.cards[static_cast<std::size_t>(cards[at])];
+                known.hand[at] = {info.rank, info.suit};
+                given[at] = tables.ToSetCard(known.hand[at]);
+            }
+            // The finder wants the suits of a rank rising; the placement puts every card where it
+            // lies.
+            Placement placement = kAsGiven;
+            std::ranges::sort(placement, {}, [&](std::size_t at) { return given[at]; });
+            std::ranges::sort(given);
+            AnalyzeHand(tables, table, known, kFullBet, 0.25, analysis);
+            BestHold best;
+            finder.Look(given);
+            finder.Best(placement, best);
+            ASSERT_EQ(best.mask, analysis.best) << table.gameId << " hand " << i;
+            const HoldResult& hold = analysis.holds[static_cast<std::size_t>(best.mask)];
+            ASSERT_EQ(best.expectedReturn, analysis.bestReturn);
+            ASSERT_EQ(best.totalHands, hold.totalHands);
+            ASSERT_TRUE(
+                std::equal(hold.lineCounts.begin(), hold.lineCounts.end(), best.counts.begin()));
+            ASSERT_EQ(best.counts[kNothingLane], hold.nothing);
+        }
+    }
+}
+
+}  // namespace

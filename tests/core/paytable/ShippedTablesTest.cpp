@@ -1,0 +1,137 @@
+// The pay tables that the program is shipped with, and what their page in docs/ says of them.
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <numeric>
+#include <random>
+#include <sstream>
+
+#include "core/analysis/GameAnalysis.h"
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/ProfileFile.h"
+#include "core/text/Numbers.h"
+#include "tests/core/TestGames.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+const std::string kShipped = TOLVANE_DATA_FOLDER "/Tolvane.ini";
+
+PayTable Shipped(const BuiltInGame& game) {
+    ProfileFile file;
+    return LoadPayTable(file, game.id, std::string(game.name), 0, kShipped, "");
+}
+
+std::string Contents(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+TEST(ShippedTablesTest, EveryGameHasLinesThatFitTheWindow) {
+    for (const BuiltInGame& game : BuiltInGames()) {
+        const PayTable table = Shipped(game);
+        EXPECT_FALSE(table.lines.empty()) << game.name;
+        EXPECT_EQ(table.maxBet, kFullBet) << game.name;
+        for (const PayLine& line : table.lines) {
+            EXPECT_LE(line.description.size(), std::string_view("STRAIGHT FLUSH W/2").size())
+                << game.name << ": " << line.description;
+            EXPECT_FALSE(line.shortDescription.empty()) << game.name << ": " << line.description;
+            EXPECT_NE(line.rank, kUnknown) << game.name << ": " << line.description;
+            EXPECT_GT(line.payout, 0) << game.name << ": " << line.description;
+            EXPECT_GE(line.maxPayout, line.payout * kFullBet)
+                << game.name << ": " << line.description;
+        }
+    }
+    ProfileFile file;
+    EXPECT_NE(file.GetInt("main", "Ver", 0, kShipped), 0);
+}
+
+TEST(ShippedTablesTest, TheProgramWritesTheFileAsItIs) {
+    TemporaryFolder folder;
+    const std::string copy = folder.Write("Tolvane.ini", Contents(kShipped));
+    {
+        ProfileFile file;
+        const std::string version = file.GetString("main", "Ver", "", 20, copy);
+        file.WriteString("main", "Ver", version, copy);
+    }
+    EXPECT_EQ(Contents(copy), Contents(kShipped));
+}
+
+KnownCards RandomHand(const CardTable& deck, std::mt19937& random) {
+    std::vector<CardCode> cards(static_cast<std::size_t>(deck.deckSize));
+    std::iota(cards.begin(), cards.end(), 0);
+    std::shuffle(cards.begin(), cards.end(), random);
+    const auto face = [&](std::size_t i) {
+        const CardInfo& info = deck.cards[static_cast<std::size_t>(cards[i])];
+        return CardFace{info.rank, info.suit};
+    };
+    KnownCards known;
+    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = face(i);
+    known.firstDraw = face(kHandSize);
+    return known;
+}
+
+TEST(ShippedTablesTest, TheDrawsOfEveryHoldAddUpInAllGames) {
+    std::mt19937 random(42);
+    for (const BuiltInGame& game : BuiltInGames()) {
+        const PayTable table = Shipped(game);
+        const LineTables tables(table);
+        const CardTable deck = BuildCardTable(DeckOf(table));
+        HoldAnalysis analysis;
+        for (int i = 0; i < 200; ++i) {
+            AnalyzeHand(tables, table, RandomHand(deck, random), kFullBet, 1, analysis);
+            for (const HoldResult& hold : analysis.holds) {
+                const auto& counts = hold.lineCounts;
+                ASSERT_EQ(std::accumulate(counts.begin(), counts.end(), hold.nothing),
+                          hold.totalHands)
+                    << game.name;
+                ASSERT_GE(std::ranges::min(counts), 0) << game.name;
+                ASSERT_GE(hold.nothing, 0) << game.name;
+            }
+        }
+    }
+}
+
+struct Documented {
+    double percent = 0;
+    double variance = 0;
+    std::string published;
+};
+
+// The rows "| id | game | schedule | return | variance | published |" of the page.
+std::map<int, Documented> DocumentedGames() {
+    std::map<int, Documented> games;
+    std::ifstream page(TOLVANE_DATA_FOLDER "/../docs/pay-tables.md");
+    for (std::string row; std::getline(page, row);) {
+        std::vector<std::string> cells;
+        std::istringstream cellsOfRow(row);
+        for (std::string cell; std::getline(cellsOfRow, cell, '|');) cells.push_back(cell);
+        if (cells.size() < 7 || ParseInt(cells[1]) == 0) continue;
+        games.try_emplace(ParseInt(cells[1]),
+                          Documented{ParseDouble(cells[4]), ParseDouble(cells[5]), cells[6]});
+    }
+    return games;
+}
+
+TEST(ShippedTablesTest, EveryGameReturnsWhatItsPageSays) {
+    const auto documented = DocumentedGames();
+    EXPECT_EQ(documented.size(), BuiltInGames().size());
+    for (const BuiltInGame& game : BuiltInGames()) {
+#if defined(__SANITIZE_ADDRESS__)
+        if (game.id % 15 != 0) continue;  // all of them take minutes under sanitizers
+#endif
+        const PayTable table = Shipped(game);
+        if (!CanAnalyzeGame(table) || !documented.contains(game.id)) continue;
+        const GameTotals totals = AnalyzeGame(LineTables(table), table, 1, {});
+        const Documented& page = documented.at(game.id);
+        EXPECT_NEAR(totals.payoutPercent, page.percent, 5.1e-5) << game.name;
+        EXPECT_NEAR(totals.variance, page.variance, 5.1e-3) << game.name;
+        const double published = ParseDouble(page.published);
+        if (published > 0) {
+            EXPECT_NEAR(totals.payoutPercent, published, 0.0101) << game.name;
+        }
+    }
+}
+
+}  // namespace
