@@ -1,6 +1,7 @@
 #include "core/analysis/DrawAgain.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 
 #include "core/analysis/AceOrder.h"
@@ -82,7 +83,7 @@ void FillResult(const Draws& draws, const Candidate& best, double coin, HoldResu
 }
 
 // A wild ace counts as a wild card, not as an ace.
-bool IsHeldAce(const LineTables& tables, CardFace face) {
+bool IsAce(const LineTables& tables, CardFace face) {
     return face.rank == 1 && !tables.IsWild(face);
 }
 
@@ -106,16 +107,18 @@ int LineOfHeld(const LineTables& tables, const PayTable& table, const HandFaces&
 
 void AnalyzeSecondDraw(const LineTables& tables, const PayTable& table, const HandFaces& hand,
                        int bet, double coin, HoldAnalysis& analysis) {
+    HoldMask aces = 0;
+    for (int position = 0; position < kHandSize; ++position) {
+        if (IsAce(tables, hand[static_cast<std::size_t>(position)])) aces |= 16 >> position;
+    }
+    analysis.drawAgain.fill({});
     for (HoldMask mask = 0; mask <= kStandPat; ++mask) {
-        HoldResult& hold = analysis.holds[static_cast<std::size_t>(mask)];
         DrawAgainResult& result = analysis.drawAgain[static_cast<std::size_t>(mask)];
-        result = DrawAgainResult();
-        for (int position = 0; position < kHandSize; ++position) {
-            const CardFace face = hand[static_cast<std::size_t>(position)];
-            if (Holds(mask, position) && IsHeldAce(tables, face)) ++result.heldAces;
-        }
+        result.heldAces = std::popcount(static_cast<unsigned>(mask & aces));
+        if (result.heldAces < 2) continue;
         result.heldLine = LineOfHeld(tables, table, hand, mask);
-        if (result.heldAces < 2 || mask == kStandPat) continue;
+        if (mask == kStandPat) continue;
+        HoldResult& hold = analysis.holds[static_cast<std::size_t>(mask)];
         const Draws draws = DrawsOf(hold, table, bet, result.heldLine);
         FillResult(draws, BestCandidate(draws), coin, hold, result);
     }

@@ -32,8 +32,9 @@ struct HoldResult {
 
 // What a double-draw game adds to a hold.
 struct DrawAgainResult {
-    int heldLine = -1;  // the line that the held cards make by themselves
     int heldAces = 0;
+    // The line that the held cards make by themselves, looked up where at least two aces are held.
+    int heldLine = -1;
     // A first draw that ends in this line, or in a worse one of matching ranks down to heldLine, is
     // best drawn again. -1 where fewer than two aces are held.
     int drawAgainLine = -1;
