@@ -19,7 +19,9 @@ constexpr auto kFactorialTable = [] {
 
 constexpr std::int64_t RoundedQuotient(int n, int k) {
     const auto factorial = [](int of) { return kFactorialTable[static_cast<std::size_t>(of)]; };
-    return static_cast<std::int64_t>(factorial(n) / (factorial(n - k) * factorial(k)) + 0.5);
+    const double quotient = factorial(n) / (factorial(n - k) * factorial(k));
+    const auto whole = static_cast<std::int64_t>(quotient);
+    return quotient - static_cast<double>(whole) < 0.5 ? whole : whole + 1;
 }
 
 constexpr auto kChooseTable = [] {

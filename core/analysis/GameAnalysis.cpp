@@ -180,6 +180,7 @@ class GameRun {
         if (!chance) return PlayOrders(cards, {{placement}}, weight);
         const auto beside = static_cast<std::size_t>(chance->besidePosition);
         std::vector<Placement> orders;
+        orders.reserve(others.size());
         for (const std::size_t card : others) orders.push_back(Brought(placement, card, beside));
         PlayOrders(cards, orders, weight);
     }
@@ -368,7 +369,9 @@ void ComputeVariance(const PayTable& table, GameTotals& totals) {
     const double coinReturn = totals.payoutPercent / 100;
     for (std::size_t line = 0; line < table.lines.size(); ++line) {
         const double probability = totals.summary[line] / totals.denominator;
-        const double gain = table.lines[line].maxPayout / kFullBet - coinReturn;
+        const int coins =
+            table.lines[line].maxPayout / kFullBet;  // whole coins, as the Summary shows
+        const double gain = coins - coinReturn;
         totals.lineVariance[line] = probability * gain * gain;
         totals.variance += totals.lineVariance[line];
     }
