@@ -20,7 +20,7 @@ PayTable Shipped(const std::string& game) {
 
 void BuildTables(benchmark::State& state, const std::string& game, const std::string& promise) {
     const PayTable table = Shipped(game);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const LineTables tables(table);
         benchmark::DoNotOptimize(tables.DeckSize());
     }
@@ -51,7 +51,7 @@ void OneHand(benchmark::State& state, const std::string& game) {
     const auto hands = RandomHands(tables);
     HoldAnalysis analysis;
     std::size_t next = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         AnalyzeHand(tables, table, hands[next++ % hands.size()], 5, 1, analysis);
         benchmark::DoNotOptimize(analysis.bestReturn);
     }
@@ -60,7 +60,7 @@ void OneHand(benchmark::State& state, const std::string& game) {
 
 void WholeGame(benchmark::State& state, const std::string& game, const std::string& promise) {
     const PayTable table = Shipped(game);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const LineTables tables(table);
         benchmark::DoNotOptimize(AnalyzeGame(tables, table, 1, {}).payoutPercent);
     }
@@ -68,7 +68,7 @@ void WholeGame(benchmark::State& state, const std::string& game, const std::stri
 }
 
 void AllGames(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (const BuiltInGame& game : BuiltInGames()) {
             const PayTable table = Shipped(std::string(game.name));
             const LineTables tables(table);

@@ -10,7 +10,7 @@ namespace {
 const std::string kShipped = TOLVANE_DATA_FOLDER "/Tolvane.ini";
 
 void ReadProfileFile(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ProfileFile file;
         benchmark::DoNotOptimize(file.GetInt("main", "Ver", 0, kShipped));
     }
@@ -21,7 +21,7 @@ void ChangeAndWriteProfileFile(benchmark::State& state) {
     std::filesystem::copy_file(kShipped, copy, std::filesystem::copy_options::overwrite_existing);
     ProfileFile file;
     int value = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         file.WriteInt("Jacks or Better(0)", "HandsPlayed", ++value, copy.string());
         benchmark::DoNotOptimize(file.Flush());
     }

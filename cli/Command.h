@@ -23,6 +23,7 @@ struct Command {
     std::string summary;  // one line of the help
     // Tells the parser of the arguments and options beyond those that every command has.
     void (*addArguments)(CLI::App& parser, Options& options) = nullptr;
-    // Adds what goes to standard output; no failure when done.
+    // Adds what goes to standard output, which is printed beside a failure too; no failure when
+    // done.
     std::optional<Failure> (*run)(const Options& options, std::string& output) = nullptr;
 };

@@ -155,7 +155,8 @@ Answer CommandParser::RunParsed() {
     if (help->parsed()) return Help(helpTopic);
     Answer answer;
     if (const auto failure = FindEntry(name)->command->run(options, answer.output)) {
-        return AnswerOf(*failure);
+        answer.status = failure->status;
+        answer.problem = failure->message;
     }
     return answer;
 }

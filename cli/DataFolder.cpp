@@ -40,6 +40,11 @@ fs::path UserDataFolder() {
     return fs::path(home) / ".local" / "share" / "Tolvane";
 }
 
+fs::path WindowProgramFolder() {
+    const fs::path programFolder = ProgramFolder();
+    return CanWrite(programFolder) ? programFolder : UserDataFolder();
+}
+
 }  // namespace
 
 std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
@@ -50,13 +55,16 @@ std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder
         return Failure{kFailed, "no readable Tolvane.ini in " + QuotedPath(*dataFolder) +
                                     ": name the folder that holds it with --data"};
     }
-    const fs::path programFolder = ProgramFolder();
-    const fs::path ownFolder = CanWrite(programFolder) ? programFolder : UserDataFolder();
-    for (const fs::path& file : {ownFolder / kMainFileName, programFolder / kReleaseFileName}) {
+    const fs::path ownFolder = WindowProgramFolder();
+    for (const fs::path& file : {ownFolder / kMainFileName, ProgramFolder() / kReleaseFileName}) {
         path = file;
         if (file.is_absolute() && CanRead(file)) return std::nullopt;
     }
     return Failure{kFailed, "neither Tolvane.ini in " + QuotedPath(ownFolder.string()) +
                                 " nor Tolvane.114 beside the program: name the folder that holds "
                                 "Tolvane.ini with --data"};
+}
+
+std::string DataFolder(const std::optional<std::string>& named) {
+    return named ? *named : WindowProgramFolder().string();
 }

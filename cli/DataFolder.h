@@ -1,4 +1,4 @@
-// Where the pay tables are.
+// Where the pay tables and the other data are.
 #pragma once
 #include <optional>
 #include <string>
@@ -10,3 +10,7 @@
 // as long as that one holds no Tolvane.ini, the shipped release file beside the program.
 std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
                                     std::string& path);
+
+// The folder that data are written to: the named one, otherwise where the window program keeps its
+// own. Empty when the system knows no such place.
+std::string DataFolder(const std::optional<std::string>& named);

@@ -34,6 +34,18 @@ double CoinValue(const std::string& text) {
                                std::to_string(static_cast<int>(kMaxCoin)));
 }
 
+void AddResultFile(CLI::App& parser, const std::string& name, std::optional<std::string>& path,
+                   const std::string& help) {
+    const auto read = [name, &path](const std::string& text) {
+        if (text.starts_with("--")) {
+            throw CLI::ValidationError(name + " " + Quoted(text) +
+                                       " is no file: put its name behind " + name);
+        }
+        path = text;
+    };
+    parser.add_option_function<std::string>(name, read, help)->type_name("FILE");
+}
+
 }  // namespace
 
 void AddCommonOptions(CLI::App& parser, Options& options) {
@@ -61,6 +73,11 @@ void AddGame(CLI::App& parser, Options& options) {
         ->required();
 }
 
+void AddGameOrAll(CLI::App& parser, Options& options) {
+    parser.add_option("GAME", options.game, "A name in any letter case, or an id")->type_name("");
+    parser.add_flag("--all", options.allGames, "Every game of the catalogue, instead of GAME");
+}
+
 void AddCards(CLI::App& parser, Options& options, const std::string& help) {
     parser.add_option("CARDS", options.cards, help)->type_name("")->required();
 }
@@ -72,4 +89,14 @@ void AddBet(CLI::App& parser, Options& options) {
             [&options](const std::string& text) { options.bet = WholeNumber("--bet", text); },
             "The coins bet (default 5)")
         ->type_name("N");
+}
+
+void AddResultFiles(CLI::App& parser, Options& options) {
+    AddResultFile(parser, "--summary", options.summaryPath,
+                  "Write the figures for a spreadsheet; in a folder, the file is named after\n"
+                  "the game");
+    AddResultFile(parser, "--detail", options.detailPath,
+                  "Write every starting hand and its best play, likewise");
+    parser.add_flag("--cache", options.cache,
+                    "Keep the figures for the window program, in \"Game Analyses.ini\"");
 }

@@ -15,11 +15,17 @@ struct Options {
     bool json = false;
     std::string game;  // a name or an id
     std::string cards;
+    bool allGames = false;                   // instead of a game
+    std::optional<std::string> summaryPath;  // a file, or a folder for files of the usual names
+    std::optional<std::string> detailPath;   // the same
+    bool cache = false;                      // write the analysis cache
 };
 
 // The options of every command.
 void AddCommonOptions(CLI::App& parser, Options& options);
 
 void AddGame(CLI::App& parser, Options& options);
+void AddGameOrAll(CLI::App& parser, Options& options);
 void AddCards(CLI::App& parser, Options& options, const std::string& help);
 void AddBet(CLI::App& parser, Options& options);
+void AddResultFiles(CLI::App& parser, Options& options);

@@ -30,6 +30,12 @@ std::optional<Failure> ChooseBet(const Options& options, ChosenTable& chosen) {
                                   std::to_string(maxBet) + " coins"};
 }
 
+void LoadTable(ProfileFile& file, const std::string& mainPath, ChosenTable& chosen) {
+    const auto& [id, name, offered] = chosen.game;
+    chosen.payTable = LoadPayTable(file, id, name, chosen.index, mainPath, "");
+    chosen.deck = BuildCardTable(DeckOf(chosen.payTable));
+}
+
 }  // namespace
 
 std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen) {
@@ -39,13 +45,29 @@ std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen) 
     const auto games = CatalogueGames(file, mainPath);
     if (auto failure = ChooseGame(options.game, games, chosen.game)) return failure;
     chosen.index = options.table;
-    const std::string& name = chosen.game.name;
-    if (!TableExists(file, name, chosen.index, mainPath)) {
+    if (!TableExists(file, chosen.game.name, chosen.index, mainPath)) {
         return NoSuchTable(file, mainPath, chosen);
     }
-    chosen.payTable = LoadPayTable(file, chosen.game.id, name, chosen.index, mainPath, "");
-    chosen.deck = BuildCardTable(DeckOf(chosen.payTable));
+    LoadTable(file, mainPath, chosen);
     return ChooseBet(options, chosen);
+}
+
+std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
+                                              std::vector<ChosenTable>& chosen) {
+    std::string mainPath;
+    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
+    ProfileFile file;
+    for (const CatalogueGame& game : CatalogueGames(file, mainPath)) {
+        if (!TableExists(file, game.name, options.table, mainPath)) continue;
+        ChosenTable& table = chosen.emplace_back();
+        table.game = game;
+        table.index = options.table;
+        LoadTable(file, mainPath, table);
+        if (auto failure = ChooseBet(options, table)) return failure;
+    }
+    if (!chosen.empty()) return std::nullopt;
+    return Failure{kFailed, "no game has a table " + std::to_string(options.table) + " in " +
+                                QuotedPath(mainPath)};
 }
 
 std::optional<Failure> ReadCards(const std::string& text, const CardTable& deck, std::size_t count,

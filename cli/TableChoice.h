@@ -19,6 +19,10 @@ struct ChosenTable {
 
 std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen);
 
+// The table of that index of every game that has one, in the order of the catalogue.
+std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
+                                              std::vector<ChosenTable>& chosen);
+
 // count distinct cards of the deck.
 std::optional<Failure> ReadCards(const std::string& text, const CardTable& deck, std::size_t count,
                                  std::vector<CardCode>& cards);

@@ -49,3 +49,14 @@ std::string Dollars(double amount) {
 std::size_t DisplayWidth(std::string_view text) {
     return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, IsContinuation));
 }
+
+std::string Shortened(std::string_view text, std::size_t columns) {
+    constexpr std::string_view kCut = "...";
+    std::string shortened(text);
+    if (DisplayWidth(text) <= columns) return shortened;
+    while (!shortened.empty() && DisplayWidth(shortened) + kCut.size() > columns) {
+        while (!shortened.empty() && IsContinuation(shortened.back())) shortened.pop_back();
+        if (!shortened.empty()) shortened.pop_back();
+    }
+    return shortened.append(kCut);
+}

@@ -18,3 +18,6 @@ std::string Dollars(double amount);
 
 // How many columns a UTF-8 text takes, each character counted as one.
 std::size_t DisplayWidth(std::string_view text);
+
+// A UTF-8 text of at most so many columns; the end of a longer one is replaced by "...".
+std::string Shortened(std::string_view text, std::size_t columns);

@@ -1,0 +1,131 @@
+#include "cli/AnalyzeCommand.h"
+
+#include <chrono>
+
+#include "cli/GameReport.h"
+#include "cli/Interrupt.h"
+#include "cli/Notes.h"
+#include "cli/ProgressBar.h"
+#include "cli/ResultFiles.h"
+#include "cli/Texts.h"
+#include "core/analysis/AnalysisFiles.h"
+
+namespace {
+
+// The analyses of one command, each with its files.
+class AnalyzeRun {
+  public:
+    explicit AnalyzeRun(const Options& options) : options(options), files(options) {}
+
+    // No more games once one was cancelled.
+    void Analyze(const std::vector<ChosenTable>& tables) {
+        for (const ChosenTable& chosen : tables) {
+            const std::string note = options.allGames ? " " + std::to_string(reports.size() + 1) +
+                                                            " of " + std::to_string(tables.size())
+                                                      : "";
+            reports.push_back(Report(chosen, note));
+            files.Write(reports.back(), problems);
+            if (!reports.back().totals.cancelled) continue;
+            problems.push_back("cancelled: only a part of the hands of " +
+                               Quoted(chosen.game.name) + " was analysed");
+            break;
+        }
+        files.Close(problems);
+    }
+
+    std::string Text() const {
+        if (options.allGames) return options.json ? GamesAsJson(reports) : GamesAsText(reports);
+        return options.json ? GameAsJson(reports.front()) : GameAsText(reports.front());
+    }
+
+    // All but the last problem are told at once.
+    std::optional<Failure> Result() const {
+        if (problems.empty()) return std::nullopt;
+        for (std::size_t i = 0; i + 1 < problems.size(); ++i) Tell(problems[i]);
+        return Failure{kFailed, problems.back()};
+    }
+
+  private:
+    GameReport Report(const ChosenTable& chosen, const std::string& note) {
+        GameReport report{chosen, options.coin, {}, 0};
+        const auto path = files.DetailPath(chosen);
+        std::optional<DetailFile> detail;
+        if (path) detail.emplace(*path, chosen.payTable);
+
+        ProgressBar bar(note);
+        GameAnalysisWatcher watcher;
+        watcher.progress = [this, &bar](double done, double all) {
+            bar.Show(done, all);
+            return !interrupt.Wanted();
+        };
+        if (detail) watcher.hand = [&detail](const PlayedHand& hand) { detail->Write(hand); };
+
+        const auto start = std::chrono::steady_clock::now();
+        const LineTables tables(chosen.payTable);
+        report.totals = AnalyzeGame(tables, chosen.payTable, options.coin, watcher);
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+        report.seconds = time.count();
+        if (detail && !detail->Close()) {
+            problems.push_back("the detail lines could not be written to " + QuotedPath(*path));
+        }
+        return report;
+    }
+
+    const Options& options;
+    Interrupt interrupt;
+    ResultFiles files;
+    std::vector<GameReport> reports;
+    std::vector<std::string> problems;
+};
+
+void AddArguments(CLI::App& parser, Options& options) {
+    AddGameOrAll(parser, options);
+    AddResultFiles(parser, options);
+}
+
+std::optional<Failure> CheckGame(const Options& options) {
+    if (options.allGames && !options.game.empty()) {
+        return Failure{kWrongUse,
+                       Quoted(options.game) + " beside --all: name one game, or take all of them"};
+    }
+    if (!options.allGames && options.game.empty()) {
+        return Failure{kWrongUse, "GAME is required, or --all; see \"tolvane-cli help analyze\""};
+    }
+    return std::nullopt;
+}
+
+std::optional<Failure> ChooseTables(const Options& options, std::vector<ChosenTable>& tables) {
+    if (options.allGames) {
+        if (auto failure = ChooseTableOfEveryGame(options, tables)) return failure;
+        std::erase_if(tables, [](const ChosenTable& chosen) {
+            if (CanAnalyzeGame(chosen.payTable)) return false;
+            Tell(Quoted(chosen.game.name) +
+                 " is passed over: game analysis is not available for it");
+            return true;
+        });
+        return std::nullopt;
+    }
+    ChosenTable& chosen = tables.emplace_back();
+    if (auto failure = ChooseTable(options, chosen)) return failure;
+    if (CanAnalyzeGame(chosen.payTable)) return std::nullopt;
+    return Failure{kFailed, "game analysis is not available for " + Quoted(chosen.game.name) +
+                                ": \"tolvane-cli hand\" analyses its hands"};
+}
+
+std::optional<Failure> RunAnalyze(const Options& options, std::string& output) {
+    if (auto failure = CheckGame(options)) return failure;
+    if (auto failure = ResultFiles(options).Check()) return failure;
+    std::vector<ChosenTable> tables;
+    if (auto failure = ChooseTables(options, tables)) return failure;
+    AnalyzeRun run(options);
+    run.Analyze(tables);
+    output += run.Text();
+    return run.Result();
+}
+
+}  // namespace
+
+Command AnalyzeCommand() {
+    return {"analyze", "The whole game: return, payout %, variance, every line", AddArguments,
+            RunAnalyze};
+}

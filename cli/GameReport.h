@@ -1,0 +1,25 @@
+// The analysis of a whole game as it is printed.
+#pragma once
+#include <span>
+#include <string>
+
+#include "cli/TableChoice.h"
+#include "core/analysis/GameAnalysis.h"
+
+struct GameReport {
+    ChosenTable chosen;
+    double coin = 1;  // dollars
+    GameTotals totals;
+    double seconds = 0;  // building the tables, and the analysis
+};
+
+// The figures of the Summary, set for reading: the return, every line, how the hands are played.
+std::string GameAsText(const GameReport& report);
+
+// A line for each game.
+std::string GamesAsText(std::span<const GameReport> reports);
+
+std::string GameAsJson(const GameReport& report);
+
+// A list of what GameAsJson gives.
+std::string GamesAsJson(std::span<const GameReport> reports);

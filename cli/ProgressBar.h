@@ -1,0 +1,29 @@
+// How far a game's analysis has come, in one line of the terminal. Nothing is drawn when standard
+// error is none.
+#pragma once
+#include <chrono>
+#include <string>
+
+class ProgressBar {
+  public:
+    // The note stands behind the bar.
+    explicit ProgressBar(std::string note);
+    ~ProgressBar();  // leaves the line blank
+    ProgressBar(const ProgressBar&) = delete;
+    ProgressBar& operator=(const ProgressBar&) = delete;
+
+    // May be called as often as one likes: drawn is only a new whole percentage, and not before the
+    // last one could be read.
+    void Show(double done, double all);
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    void Draw(int percent);
+
+    std::string note;
+    bool onTerminal;
+    int shownPercent = -1;
+    std::size_t width = 0;  // of the line as it stands there
+    Clock::time_point lastDrawn;
+};

@@ -1,0 +1,122 @@
+#include "cli/ResultFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "cli/DataFolder.h"
+#include "cli/Texts.h"
+#include "core/analysis/AnalysisFiles.h"
+#include "core/profile/AtomicFile.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kCacheName = "Game Analyses.ini";
+
+bool IsFolder(const std::string& path) {
+    std::error_code error;
+    return fs::is_directory(path, error);
+}
+
+// Empty when the system cannot follow the path.
+fs::path FullPath(const std::string& path) {
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(path, error), error);
+}
+
+// Also when it is not there yet.
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    if (fs::equivalent(a, b, error)) return true;
+    const fs::path full = FullPath(a);
+    return !full.empty() && full == FullPath(b);
+}
+
+// A slash in a game's name would lead into another folder.
+std::string InFolder(const std::string& folder, std::string name) {
+    std::ranges::replace(name, '/', '_');
+    return (fs::path(folder) / name).string();
+}
+
+bool WriteFile(const std::string& path, const std::string& contents) {
+    std::ofstream file(path, std::ios::binary);
+    file << contents;
+    file.close();
+    return file.good();
+}
+
+// An empty file is what a profile file starts from; it creates none by itself.
+void CreateIfMissing(const std::string& path) {
+    std::error_code error;
+    fs::create_directories(fs::path(path).parent_path(), error);
+    if (!fs::exists(path, error)) ReplaceFile(path, "");
+}
+
+}  // namespace
+
+std::optional<Failure> ResultFiles::Check() const {
+    std::string mainPath;
+    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
+    const auto& summary = options.summaryPath;
+    const auto& detail = options.detailPath;
+    for (const auto& [option, path] : {std::pair("--summary ", summary), {"--detail ", detail}}) {
+        if (!path) continue;
+        if (options.allGames && !IsFolder(*path)) {
+            return Failure{kWrongUse, option + Quoted(*path) +
+                                          ": with --all name a folder that is there, for one file "
+                                          "of each game"};
+        }
+        if (IsSameFile(*path, mainPath) || IsSameFile(*path, CachePath())) {
+            return Failure{kWrongUse, option + QuotedPath(*path) +
+                                          " would replace a file of the program's data: name "
+                                          "another file"};
+        }
+    }
+    if (summary && detail && IsSameFile(*summary, *detail) && !IsFolder(*summary)) {
+        return Failure{kWrongUse, "--summary and --detail " + Quoted(*summary) +
+                                      " are the same file: name two"};
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> ResultFiles::SummaryPath(const ChosenTable& chosen) const {
+    const auto& path = options.summaryPath;
+    if (!path || !IsFolder(*path)) return path;
+    return InFolder(*path, SummaryFileName(chosen.game.name, chosen.index));
+}
+
+std::optional<std::string> ResultFiles::DetailPath(const ChosenTable& chosen) const {
+    const auto& path = options.detailPath;
+    if (!path || !IsFolder(*path)) return path;
+    return InFolder(*path, DetailFileName(chosen.game.name, chosen.index));
+}
+
+std::string ResultFiles::CachePath() const {
+    const std::string folder = DataFolder(options.dataFolder);
+    return folder.empty() ? "" : (fs::path(folder) / kCacheName).string();
+}
+
+void ResultFiles::Write(const GameReport& report, std::vector<std::string>& problems) {
+    const ChosenTable& chosen = report.chosen;
+    const auto entries = AnalysisEntries(report.totals, chosen.payTable, report.coin);
+    const auto summary = SummaryPath(chosen);
+    if (summary && !WriteFile(*summary, SummaryText(entries))) {
+        problems.push_back("the summary could not be written to " + QuotedPath(*summary));
+    }
+    if (!options.cache) return;
+    const std::string path = CachePath();
+    CreateIfMissing(path);
+    const std::string section = TableSection(chosen.game.name, chosen.index);
+    WriteToCache(entries, section, path, cache);
+    // What it cannot take, as when there is no such file, it drops without a word.
+    const auto& [key, label, value] = entries.front();
+    const auto kept = cache.GetString(section, key, "", ProfileFile::kWholeValue, path);
+    if (kept != value) cacheMissed = true;
+}
+
+void ResultFiles::Close(std::vector<std::string>& problems) {
+    if (!options.cache || (cache.Flush() && !cacheMissed)) return;
+    problems.push_back("the analysis could not be kept in " + QuotedPath(CachePath()));
+}

@@ -1,0 +1,36 @@
+// The files that an analysis is asked to leave behind.
+#pragma once
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/GameReport.h"
+#include "core/profile/ProfileFile.h"
+
+class ResultFiles {
+  public:
+    explicit ResultFiles(const Options& options) : options(options) {}
+    ResultFiles(const ResultFiles&) = delete;
+    ResultFiles& operator=(const ResultFiles&) = delete;
+
+    // One file cannot take what is asked for twice, nor the pay tables' place.
+    std::optional<Failure> Check() const;
+
+    // Nothing when none is asked for.
+    std::optional<std::string> DetailPath(const ChosenTable& chosen) const;
+
+    // The Summary, and the cache in memory; both also of an analysis that was cancelled. Problems
+    // are appended, one line each.
+    void Write(const GameReport& report, std::vector<std::string>& problems);
+
+    // Brings the cache to the disk, with what all the games have added to it.
+    void Close(std::vector<std::string>& problems);
+
+  private:
+    std::optional<std::string> SummaryPath(const ChosenTable& chosen) const;
+    std::string CachePath() const;  // empty when there is no place for data
+
+    const Options& options;
+    ProfileFile cache;
+    bool cacheMissed = false;  // an analysis did not get into it
+};
