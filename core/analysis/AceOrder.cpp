@@ -8,8 +8,6 @@ namespace {
 
 constexpr int kAces = 4;
 
-std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
-
 // One of the four aces that have a place; the fifth ace has none.
 bool HasPlace(CardFace face) {
     return face.rank == 1 && face.suit >= kSpades && face.suit <= kDiamonds;

@@ -24,24 +24,6 @@ constexpr auto kSizeOf = [] {
 
 std::size_t Drawn(std::size_t held) { return static_cast<std::size_t>(kHandSize - kSizeOf[held]); }
 
-[[gnu::always_inline]] inline void ReadClass(const LineTables& tables, std::size_t subset,
-                                             std::uint32_t number, LineCounts& counts) {
-    switch (kSizeOf[subset]) {
-        case 0:
-            return tables.Read<0>(0, counts);
-        case 1:
-            return tables.ReadClass<1>(number, counts);
-        case 2:
-            return tables.ReadClass<2>(number, counts);
-        case 3:
-            return tables.ReadClass<3>(number, counts);
-        default:
-            return tables.ReadClass<4>(number, counts);
-    }
-}
-
-std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
-
 }  // namespace
 
 // The returns to choose from, and the holds among them that can end in four aces in order.
@@ -86,7 +68,11 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
         auto& worths = worth[static_cast<std::size_t>(size)];
         worths.reserve(classes);
         for (std::uint32_t number = 0; number < classes; ++number) {
-            ReadClass(tables, subset, number, counts);
+            if (size == 0) {
+                tables.Read<0>(0, counts);
+            } else {
+                tables.ReadClass(size, number, counts);
+            }
             worths.push_back(
                 std::inner_product(counts.begin(), counts.end(), pays.begin(), std::int64_t{0}));
         }
@@ -241,7 +227,11 @@ void BestHoldFinder::CountLines(std::size_t held, LineCounts& counts) const {
             counts[LaneOf(line)] += kSizeOf[out] % 2 == 0 ? 1U : ~0U;
         } else {
             LineCounts with;
-            ReadClass(tables, held | out, classOf[held | out], with);
+            if ((held | out) == 0) {
+                tables.Read<0>(0, with);
+            } else {
+                tables.ReadClass(kSizeOf[held | out], classOf[held | out], with);
+            }
             const std::uint32_t sign = kSizeOf[out] % 2 == 0 ? 1U : ~0U;
             for (std::size_t lane = 0; lane < kLanes; ++lane) counts[lane] += sign * with[lane];
         }

@@ -128,7 +128,7 @@ class GameRun {
             if (table.type == GameType::kAcesBonus) {
                 PlayAceOrders(cards, weight);
             } else {
-                PlayHand(cards, weight);
+                AnalyzeStartingHand(cards, weight);
             }
         }
         Report();
@@ -238,7 +238,7 @@ class GameRun {
         }
     }
 
-    void PlayHand(const HandFaces& cards, double weight) {
+    void AnalyzeStartingHand(const HandFaces& cards, double weight) {
         // Filled in place: there are hundreds of thousands of them.
         PlayedHand& hand = played.emplace_back();
         hand.cards = cards;
@@ -318,7 +318,7 @@ class GameRun {
     void PlayCardsFrom(const CardTable& deck, std::size_t position, CardCode from,
                        HandFaces cards) {
         if (position == kHandSize) {
-            PlayHand(cards, 1);
+            AnalyzeStartingHand(cards, 1);
             return Report();
         }
         for (CardCode card = from; card < deck.deckSize && !totals.cancelled; ++card) {

@@ -11,8 +11,6 @@ namespace {
 
 constexpr int kBehindBit = 32;  // the mark of a card beside the five positions
 
-std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
-
 // A card and the bit of its place, so that sorting by number sorts by card.
 class PlacedCard {
   public:
@@ -84,19 +82,6 @@ template <std::size_t... Is>
      ...);
 }
 
-void ReadAnySize(const LineTables& tables, int size, std::uint32_t key, LineCounts& counts) {
-    switch (size) {
-        case 1:
-            return tables.Read<1>(key, counts);
-        case 2:
-            return tables.Read<2>(key, counts);
-        case 3:
-            return tables.Read<3>(key, counts);
-        default:
-            return tables.Read<4>(key, counts);
-    }
-}
-
 void CountOne(int line, LineCounts& counts) {
     counts.fill(0);
     counts[LaneOf(line)] = 1;
@@ -161,7 +146,7 @@ void CountDrawsBehind(const LineTables& tables, const HandFaces& hand, CardFace 
         if ((bits & kBehindBit) == 0 || size > kHandSize) continue;
         LineCounts& target = counts[static_cast<std::size_t>(bits - kBehindBit)];
         if (size < kHandSize) {
-            ReadAnySize(tables, size, subsets.keys[subset], target);
+            tables.ReadClass(size, tables.Classes(size).ClassOf(subsets.keys[subset]), target);
             continue;
         }
         std::array<PlacedCard, kHandSize> five;

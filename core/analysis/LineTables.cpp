@@ -52,8 +52,6 @@ PayTable WithoutPassedOver(const PayTable& table, std::vector<int>& lineNumbers)
     return kept;
 }
 
-std::size_t LaneOf(int line) { return line < 0 ? kNothingLane : static_cast<std::size_t>(line); }
-
 std::uint32_t KeyOf(const SortedCards& cards, int size) {
     std::uint32_t key = 0;
     for (int i = 0; i < size; ++i) key += SetKey::Add(i, cards[static_cast<std::size_t>(i)]);

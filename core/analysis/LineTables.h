@@ -23,6 +23,11 @@ inline constexpr std::size_t kLanes = kMaxPayLines + 1;
 inline constexpr std::size_t kNothingLane = kLanes - 1;
 using LineCounts = std::array<std::uint32_t, kLanes>;
 
+// line: -1 for no win.
+inline std::size_t LaneOf(int line) {
+    return line < 0 ? kNothingLane : static_cast<std::size_t>(line);
+}
+
 // A card by what is printed on it.
 struct CardFace {
     int rank = -1;  // 1..13, 0 a joker, -1 no card
@@ -65,6 +70,7 @@ class LineTables {
     }
     template <int Size>
     void ReadClass(std::uint32_t number, LineCounts& counts) const;
+    void ReadClass(int size, std::uint32_t number, LineCounts& counts) const;
 
     // The line that five cards are paid on; -1 for no win.
     int LineOfFive(const SortedCards& cards) const;
@@ -134,6 +140,19 @@ inline void LineTables::ReadClass(std::uint32_t number, LineCounts& counts) cons
     if constexpr (Size == 2) widen(twos[number]);
     if constexpr (Size == 3) widen(threes[number]);
     if constexpr (Size == 4) widen(fours[number]);
+}
+
+inline void LineTables::ReadClass(int size, std::uint32_t number, LineCounts& counts) const {
+    switch (size) {
+        case 1:
+            return ReadClass<1>(number, counts);
+        case 2:
+            return ReadClass<2>(number, counts);
+        case 3:
+            return ReadClass<3>(number, counts);
+        default:
+            return ReadClass<4>(number, counts);
+    }
 }
 
 template <int Size>
