@@ -62,8 +62,10 @@ class GameRun {
     }
 
     GameTotals Play() {
-        const bool handByHand = table.type == GameType::kOneEyedJacks && watcher.hand;
-        if (handByHand) {
+        const bool eachHandReported = table.type == GameType::kOneEyedJacks && watcher.hand;
+        const bool noPatterns =
+            IsPickEm() && table.jokers > 0;  // only a file edited by hand has these
+        if (eachHandReported || noPatterns) {
             PlayEveryHand();
         } else {
             PlayRanks(0, table.jokers > 0 ? 0 : 1, {});
@@ -79,7 +81,7 @@ class GameRun {
         if (IsPickEm() && position == kEmptyPosition) return PlayRanks(position + 1, lowest, ranks);
         if (position == kHandSize) {
             if (IsPickEm()) {
-                PlayPickEm(ranks);
+                ForEachPickEmDeal(ranks, [this](const Ranks& deal) { PlayPickEmPatterns(deal); });
             } else {
                 ArrangeForPatterns(ranks);
                 PlayPatterns(ranks);
@@ -94,11 +96,12 @@ class GameRun {
     }
 
     // The same four cards six times, each pair of them once the player's.
-    void PlayPickEm(Ranks ranks) {
-        PlayPickEmPatterns(ranks);
+    template <typename Cards, typename Visitor>
+    static void ForEachPickEmDeal(Cards cards, Visitor visit) {
+        visit(cards);
         for (const auto& [a, b] : kPickEmSwaps) {
-            std::swap(ranks[a], ranks[b]);
-            PlayPickEmPatterns(ranks);
+            std::swap(cards[a], cards[b]);
+            visit(cards);
         }
     }
 
@@ -317,9 +320,13 @@ class GameRun {
 
     void PlayCardsFrom(const CardTable& deck, std::size_t position, CardCode from,
                        HandFaces cards) {
+        if (IsPickEm() && position == kEmptyPosition) return PlayCardsFrom(deck, 3, from, cards);
         if (position == kHandSize) {
-            AnalyzeStartingHand(cards, 1);
-            return Report();
+            const auto play = [this](const HandFaces& deal) {
+                AnalyzeStartingHand(deal, 1);
+                Report();
+            };
+            return IsPickEm() ? ForEachPickEmDeal(cards, play) : play(cards);
         }
         for (CardCode card = from; card < deck.deckSize && !totals.cancelled; ++card) {
             const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];

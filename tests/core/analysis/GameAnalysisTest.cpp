@@ -57,6 +57,13 @@ TEST(GameAnalysisTest, TheWeightsAreAllTheHandsThereAre) {
     EXPECT_EQ(Analyze(OneEyedJacks()).initHandsTotal, 2598960);
     EXPECT_EQ(Analyze(PickEm()).initHandsTotal, 1624350);
     EXPECT_NEAR(Analyze(AcesBonus()).initHandsTotal, 12994800, 1e-3);
+    if (kSlow) return;
+    PayTable jokers = PickEm();
+    jokers.jokers = 1;
+    jokers.deckSize = 53;
+    const GameTotals totals = Analyze(jokers);
+    EXPECT_EQ(totals.initHandsTotal, 1756950);
+    EXPECT_EQ(totals.finalHandsTotal, 1756950.0 * 1176);
 }
 
 // Every starting hand, analysed by itself.
