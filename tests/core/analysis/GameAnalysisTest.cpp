@@ -199,10 +199,10 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
             std::array<int, 52> deck;
             std::iota(deck.begin(), deck.end(), 0);
             std::shuffle(deck.begin(), deck.end(), random);
-            std::ranges::stable_partition(
-                deck, [&, left = i % 2 + (i % 4 == 3 ? 1 : 0)](int card) mutable {
-                    return card % 13 == 0 && left-- > 0;
-                });
+            std::stable_partition(deck.begin(), deck.end(),
+                                  [&, left = i % 2 + (i % 4 == 3 ? 1 : 0)](int card) mutable {
+                                      return card % 13 == 0 && left-- > 0;
+                                  });
             HandFaces hand;
             for (std::size_t at = 0; at < kHandSize; ++at)
                 hand[at] = {deck[at] % 13 + 1, deck[at] / 13 + 1};
