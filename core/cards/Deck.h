@@ -1,0 +1,36 @@
+// The deck of the active game: its card table, and the order in which its cards are dealt. The
+// order is kept shuffled by one pass after the other while nothing else happens; a deal takes the
+// cards from its top.
+#pragma once
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "core/cards/CardTable.h"
+#include "core/cards/Random.h"
+
+// Whole seconds since 1970.
+std::int64_t SystemSeconds();
+
+struct Deck {
+    CardTable table;
+    std::array<CardCode, kCardSlots> order{};  // 0 .. deckSize-1 are the cards
+    CombinedRandom random;
+    std::int32_t shufflePasses = 0;           // since the last seeding
+    std::int64_t (*clock)() = SystemSeconds;  // what seeds the generator
+
+    // A fresh card table, seeded from the clock and shuffled ten passes.
+    void Build(const DeckDescription& deck);
+
+    void SeedFromClock();
+
+    // Each pass exchanges every position but the last with one drawn from the whole deck. That
+    // alone is not even; it is the many passes that make it so. After 200,000,000 passes the
+    // generator is seeded anew.
+    void Shuffle(int passes);
+
+    // A card that is none of the excluded ones. At most kMaxExcluded of them may be given: the
+    // smallest deck has 52 cards, so there always is another.
+    static constexpr std::size_t kMaxExcluded = 10;
+    CardCode DrawRandomCard(std::span<const CardCode> excluded);
+};

@@ -1,0 +1,83 @@
+#include "core/cards/Deck.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+std::int64_t Noon() { return 1'790'000'000; }
+std::int64_t Later() { return 1'790'000'777; }
+
+Deck Built(int jokers = 0) {
+    DeckDescription description;
+    description.jokers = jokers;
+    description.deckSize = 52 + jokers;
+    Deck deck;
+    deck.clock = Noon;
+    deck.Build(description);
+    return deck;
+}
+
+TEST(DeckTest, AFreshDeckIsSeededFromTheClockAndShuffledTenPasses) {
+    Deck deck = Built(5);
+    EXPECT_EQ(deck.shufflePasses, 10);
+    EXPECT_EQ(std::set<CardCode>(deck.order.begin(), deck.order.begin() + 57).size(), 57U);
+    EXPECT_EQ(deck.order[57], 57) << "the back is not shuffled in";
+    EXPECT_EQ(deck.order, Built(5).order) << "the same second, the same order";
+
+    CombinedRandom random;
+    random.RandomInit(static_cast<std::uint32_t>(Noon()));
+    std::array<CardCode, 57> order{};
+    for (int i = 0; i < 57; ++i) order[static_cast<std::size_t>(i)] = i;
+    for (int pass = 0; pass < 10; ++pass) {
+        for (std::size_t i = 0; i < 56; ++i) {
+            std::swap(order[i], order[static_cast<std::size_t>(random.IRandom(0, 56))]);
+        }
+    }
+    EXPECT_TRUE(std::equal(order.begin(), order.end(), deck.order.begin()));
+}
+
+TEST(DeckTest, TheGeneratorIsSeededAnewAfterTwoHundredMillionPasses) {
+    Deck deck = Built();
+    deck.clock = Later;
+    deck.shufflePasses = 199'999'999;
+    deck.Shuffle(1);
+    EXPECT_EQ(deck.shufflePasses, 200'000'000);
+    deck.Shuffle(1);
+    EXPECT_EQ(deck.shufflePasses, 1);
+    CombinedRandom random;
+    random.RandomInit(static_cast<std::uint32_t>(Later()));
+    for (int i = 0; i < 51; ++i) random.IRandom(0, 51);
+    EXPECT_EQ(deck.random.Random(), random.Random());
+}
+
+TEST(DeckTest, EveryCardComesToEveryPositionAlike) {
+    Deck deck = Built();
+    std::array<std::array<int, 52>, 52> counts{};
+    constexpr int kDeals = 26'000;
+    for (int deal = 0; deal < kDeals; ++deal) {
+        deck.Shuffle(2);
+        for (std::size_t at = 0; at < 52; ++at)
+            ++counts[at][static_cast<std::size_t>(deck.order[at])];
+    }
+    double chiSquare = 0;
+    for (const auto& position : counts) {
+        for (const int count : position) chiSquare += (count - 500.0) * (count - 500.0) / 500;
+    }
+    // 51 x 51 degrees of freedom: 2601, standard deviation 72.
+    EXPECT_NEAR(chiSquare, 2601, 5 * 72);
+}
+
+TEST(DeckTest, ADrawnCardIsNoneOfTheExcludedOnes) {
+    Deck deck = Built();
+    const std::array<CardCode, 10> excluded = {0, 1, 2, 3, 4, 5, 6, 7, 8, kNoCard};
+    std::set<CardCode> drawn;
+    for (int i = 0; i < 2000; ++i) drawn.insert(deck.DrawRandomCard(excluded));
+    EXPECT_EQ(drawn.size(), 43U);
+    EXPECT_EQ(*drawn.begin(), 9);
+    EXPECT_EQ(*drawn.rbegin(), 51);
+}
+
+}  // namespace

@@ -1,0 +1,130 @@
+#include "core/cards/Random.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace {
+
+// The twister by its definition: a recurrence of words whose product with the matrix A is written
+// out bit by bit, never overwriting what it has produced.
+class TwisterByDefinition {
+  public:
+    explicit TwisterByDefinition(std::uint32_t seed) {
+        for (int i = 0; i < 351; ++i) x.push_back(seed = seed * 29943829 - 1);
+    }
+
+    std::uint32_t Next() {
+        const std::size_t k = x.size() - 351;
+        const std::uint32_t joined = (x[k] >> 19 << 19) | (x[k + 1] & ((1U << 19) - 1));
+        x.push_back(x[k + 175] ^ TimesA(joined));
+        std::uint32_t z = x.back();
+        z = z ^ (z >> 11);
+        z = z ^ ((z << 7) & 0x655E5280U);
+        z = z ^ ((z << 15) & 0xFFD58000U);
+        return z ^ (z >> 17);
+    }
+
+  private:
+    // Rows of A: ones above the diagonal, and the parameter in the last row.
+    static std::uint32_t TimesA(std::uint32_t vector) {
+        std::uint32_t product = 0;
+        for (int bit = 31; bit >= 0; --bit) {
+            if ((vector >> bit & 1) == 0) continue;
+            product ^= bit == 0 ? 0xE4BD75F5U : 1U << (bit - 1);
+        }
+        return product;
+    }
+
+    std::vector<std::uint32_t> x;
+};
+
+TEST(RandomTest, TheTwisterFollowsItsDefinition) {
+    for (const std::uint32_t seed : {0U, 1U, 4711U, 0xFFFFFFFFU, 1790000000U}) {
+        MersenneTwister twister;
+        twister.Init(seed);
+        TwisterByDefinition defined(seed);
+        for (int i = 0; i < 2000; ++i)
+            ASSERT_EQ(twister.NextBits(), defined.Next()) << seed << " " << i;
+    }
+}
+
+// The generator by its definition, on a buffer that is shifted instead of turned.
+TEST(RandomTest, TheOtherGeneratorFollowsItsDefinition) {
+    for (const std::uint32_t seed : {0U, 1U, 99U, 1790000001U}) {
+        std::vector<std::uint32_t> past;  // newest last
+        std::uint32_t s = seed;
+        std::vector<std::uint32_t> words;
+        for (int i = 0; i < 17; ++i) words.push_back(s = s * 2891336453U + 1);
+        // x[n] = rotl(x[n-17], 9) + rotl(x[n-10], 13); the buffer is read downwards from its start.
+        past.push_back(words[0]);
+        for (int i = 16; i > 0; --i) past.push_back(words[static_cast<std::size_t>(i)]);
+        const auto rotl = [](std::uint32_t x, int by) { return x << by | x >> (32 - by); };
+        RanrotB ranrot;
+        ranrot.Init(seed);
+        for (int i = 0; i < 500; ++i) {
+            const std::size_t n = past.size();
+            past.push_back(rotl(past[n - 17], 9) + rotl(past[n - 10], 13));
+            if (i >= 9) {
+                ASSERT_EQ(ranrot.Random(), past.back() / 4294967296.0) << seed << " " << i;
+            }
+        }
+    }
+}
+
+std::string failure;
+void Remember(const char* message) { failure = message; }
+
+TEST(RandomTest, AGeneratorThatNeverWasSeededSaysSo) {
+    failure.clear();
+    RanrotB ranrot;
+    ranrot.fail = Remember;
+    ranrot.Random();
+    EXPECT_EQ(failure, "Random number generator not initialized");
+}
+
+TEST(RandomTest, AGeneratorThatComesRoundSaysSo) {
+    failure.clear();
+    RanrotB ranrot;
+    ranrot.fail = Remember;
+    ranrot.Init(5);
+    EXPECT_EQ(failure, "");
+    // Words that bring the next step back to the seeded state: eight steps before it would stand
+    // so.
+    RanrotB seeded;
+    std::uint32_t s = 5;
+    for (auto& word : seeded.words) word = s = s * 2891336453U + 1;
+    // After nine steps the first pointer stands at 8; the seeded state turned to 7 is one step
+    // away.
+    const auto rotl = [](std::uint32_t x, int by) { return x << by | x >> (32 - by); };
+    const auto rotr = [&rotl](std::uint32_t x, int by) { return rotl(x, 32 - by); };
+    std::array<std::uint32_t, 17> turned{};
+    for (std::size_t i = 0; i < 17; ++i) turned[(7 + i) % 17] = seeded.words[i];
+    ranrot.words = turned;
+    ranrot.words[8] = rotr(turned[8] - rotl(turned[1], 13), 9);
+    ranrot.Random();
+    EXPECT_EQ(failure, "Random number generator returned to initial state");
+}
+
+TEST(RandomTest, WholeNumbersStayBetweenTheirLimits) {
+    CombinedRandom random;
+    random.RandomInit(1);
+    EXPECT_EQ(random.IRandom(5, 5), 5);
+    EXPECT_EQ(random.IRandom(1, 0), -1);
+    std::array<int, 200> counts{};
+    for (int i = 0; i < 200'000; ++i) {
+        const auto number = random.IRandom(1, 200);
+        ASSERT_GE(number, 1);
+        ASSERT_LE(number, 200);
+        ++counts[static_cast<std::size_t>(number - 1)];
+    }
+    double chiSquare = 0;
+    for (const int count : counts) chiSquare += (count - 1000.0) * (count - 1000.0) / 1000;
+    EXPECT_LT(chiSquare, 290) << "199 degrees of freedom, five standard deviations";
+    const auto wide = random.IRandom(INT32_MIN, INT32_MAX);
+    EXPECT_EQ(wide, wide) << "the widest range has no overflow";
+}
+
+}  // namespace
