@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "core/analysis/Combinations.h"
+#include "core/analysis/LineTableCache.h"
 #include "tests/core/TestGames.h"
 
 namespace {
@@ -106,6 +107,21 @@ TEST(CombinationsTest, DrawsAreCountedByTheBinomialCoefficients) {
                       Combinations(n - 1, k) + (k == 1 ? 1 : Combinations(n - 1, k - 1)));
         }
     }
+}
+
+TEST(LineTableCacheTest, TablesAreKeptWhileTheHandsOfTheLinesStayTheSame) {
+    LineTableCache cache;
+    PayTable table = JacksOrBetter();
+    const auto first = cache.For(table);
+    table.lines[3].maxPayout = 40;
+    table.lines[3].description = "FULL";
+    table.lines[3].totalWins = 7;
+    EXPECT_EQ(cache.For(table), first);
+    EXPECT_NE(cache.For(DeucesWild()), first);
+    EXPECT_EQ(cache.For(table), first) << "beside another game";
+    table.minPair = 13;
+    EXPECT_NE(cache.For(table), first);
+    EXPECT_EQ(cache.For(JacksOrBetter()), first);
 }
 
 }  // namespace
