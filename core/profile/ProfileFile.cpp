@@ -184,6 +184,8 @@ bool ProfileFile::Flush() {
     return !dirty;
 }
 
+bool ProfileFile::Save(const std::string& path) { return Load(path) && Flush(); }
+
 // Makes the image hold this file; false when it cannot be read.
 bool ProfileFile::Load(const std::string& path) {
     if (loaded && SameText(loadedPath, path)) return true;

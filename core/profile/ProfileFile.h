@@ -83,6 +83,9 @@ class ProfileFile {
     // more try.
     bool Flush();
 
+    // Flush for this file: false too when it cannot be read, and changes to it were dropped.
+    bool Save(const std::string& path);
+
   private:
     struct Section {
         std::string name;  // empty only for a header "[]", which no search finds

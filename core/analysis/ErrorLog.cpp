@@ -1,0 +1,142 @@
+#include "core/analysis/ErrorLog.h"
+
+#include <algorithm>
+
+#include "core/profile/ProfileFile.h"
+#include "core/text/Numbers.h"
+#include "core/text/Ranks.h"
+
+namespace {
+
+constexpr std::size_t kEntryBuffer = 81;
+constexpr HoldMask kLeftPile = 28;
+
+std::string ErrorKey(int index) { return "Error" + std::to_string(index); }
+
+// Takes the field that the next separator ends off the text; empty, as is a field without
+// characters, when no separator follows.
+std::string_view TakeField(std::string_view& text) {
+    const auto end = text.find_first_of(kListSeparators);
+    if (end == std::string_view::npos) return {};
+    const auto field = text.substr(0, end);
+    text.remove_prefix(end + 1);
+    return field;
+}
+
+bool HasField(std::string_view text) {
+    return text.find_first_of(kListSeparators) != std::string_view::npos;
+}
+
+CardCode TakeCard(std::string_view& text) {
+    if (!HasField(text)) return kNoCard;
+    const CardCode code = ParseInt(TakeField(text));
+    return code >= 0 && code < kCardBack ? code : kNoCard;
+}
+
+HoldMask TakeMask(std::string_view& text) {
+    const HoldMask mask = ParseInt(TakeField(text));
+    return mask >= 0 && mask <= kStandPat ? mask : 0;
+}
+
+char RankOf(const CardTable& cards, CardCode card) {
+    if (card < 0 || card >= cards.deckSize) return '?';
+    return RankChar(cards.cards[static_cast<std::size_t>(card)].rank);
+}
+
+std::string AmountLine(std::string_view label, double amount) {
+    return std::string(label) + FormatDouble("%-9.4f", amount) + "\r\n";
+}
+
+void WriteCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
+                 const ErrorCounts& counts, std::string_view format) {
+    file.WriteInt(section, "NextError", counts.nextError, gamePath);
+    file.WriteLong(section, "PlayErrors", counts.playErrors, gamePath);
+    file.WriteDouble(section, "BestER", counts.bestReturns, format, gamePath);
+    file.WriteDouble(section, "ErrCost", counts.errorCosts, format, gamePath);
+}
+
+}  // namespace
+
+std::string FormatEntry(const ErrorLogEntry& entry) {
+    std::string text;
+    for (const CardCode code : entry.hand) text += std::to_string(code) + ',';
+    for (const CardCode code : entry.draws) text += std::to_string(code) + ',';
+    return text + std::to_string(entry.best) + ',' + std::to_string(entry.player) +
+           FormatDouble(",%.4f", entry.bestReturn) + FormatDouble(",%.4f", entry.playerReturn);
+}
+
+ErrorLogEntry ParseEntry(std::string_view text) {
+    ErrorLogEntry entry;
+    for (CardCode& code : entry.hand) code = TakeCard(text);
+    for (CardCode& code : entry.draws) code = TakeCard(text);
+    entry.best = TakeMask(text);
+    entry.player = TakeMask(text);
+    if (!HasField(text)) return entry;
+    entry.bestReturn = ParseDouble(TakeField(text));
+    while (HasField(text)) TakeField(text);
+    entry.playerReturn = ParseDouble(text);
+    return entry;
+}
+
+std::string ReadErrorText(ProfileFile& file, const std::string& gamePath,
+                          const std::string& section, int index) {
+    return file.GetString(section, ErrorKey(index), "", kEntryBuffer, gamePath);
+}
+
+void AppendError(ProfileFile& file, const std::string& gamePath, const std::string& section,
+                 const ErrorLogEntry& entry, std::int32_t& nextError) {
+    nextError = std::clamp(nextError, 0, kErrorLogSize);
+    if (nextError == kErrorLogSize) {
+        for (int i = 0; i + 1 < kErrorLogSize; ++i) {
+            file.WriteString(
+                section, ErrorKey(i),
+                file.GetString(section, ErrorKey(i + 1), "", ProfileFile::kWholeValue, gamePath),
+                gamePath);
+        }
+        --nextError;
+    }
+    file.WriteString(section, ErrorKey(nextError), FormatEntry(entry), gamePath);
+    ++nextError;
+}
+
+bool SaveErrorCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
+                     const ErrorCounts& counts) {
+    WriteCounts(file, gamePath, section, counts, "%-9.4f");
+    return file.Save(gamePath);
+}
+
+bool ClearErrorLog(ProfileFile& file, const std::string& gamePath, const std::string& section) {
+    file.WriteInt(section, "NextError", 0, gamePath);  // a new one stands before the entries
+    for (int i = 0; i < kErrorLogSize; ++i) {
+        file.WriteString(section, ErrorKey(i), "", gamePath);
+    }
+    WriteCounts(file, gamePath, section, ErrorCounts(), "%3.2f");
+    return file.Save(gamePath);
+}
+
+std::string HoldText(const ErrorLogEntry& entry, HoldMask mask, const CardTable& cards,
+                     bool pickEm) {
+    std::string text = "_____";
+    if (pickEm) {
+        text[0] = RankOf(cards, entry.hand[0]);
+        text[1] = RankOf(cards, entry.hand[1]);
+        const bool left = mask == kLeftPile;
+        text[left ? 3 : 4] = RankOf(cards, left ? entry.hand[2] : entry.draws[0]);
+        return text;
+    }
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        if (Holds(mask, static_cast<int>(i))) text[i] = RankOf(cards, entry.hand[i]);
+    }
+    return text;
+}
+
+std::string BestPlayErrorText(const ErrorLogEntry& entry, const CardTable& cards, bool pickEm,
+                              double coin) {
+    const double cost = entry.bestReturn - entry.playerReturn;
+    return HoldText(entry, entry.best, cards, pickEm) +
+           " is the best play for this hand. Continue?\r\n\r\n" +
+           AmountLine("Best Play Return ($): ", entry.bestReturn) +
+           AmountLine("Your Play Return ($): ", entry.playerReturn) +
+           AmountLine("Cost of error ($): ", cost) + AmountLine("Cost in Coin: ", cost / coin) +
+           "\r\n";
+}

@@ -1,0 +1,76 @@
+// The play errors of a game and table: a log of at most 100 entries, the oldest first, in the
+// section that holds the statistics of the table (TableSection), and what is said of an error.
+#pragma once
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/cards/CardTable.h"
+#include "core/eval/HandEvaluator.h"
+
+class ProfileFile;
+
+inline constexpr int kErrorLogSize = 100;
+
+inline constexpr std::string_view kDrawAgainCaption = "Draw Again?";
+inline constexpr std::string_view kDrawAgainQuestion = "Do you wish to draw again?";
+inline constexpr std::string_view kBetterToHold =
+    "The best play is to hold. Do you still wish to draw again?";
+inline constexpr std::string_view kBetterToDrawAgain =
+    "The best play is to draw again. Do you still wish to hold?";
+
+struct ErrorLogEntry {
+    std::array<CardCode, kHandSize> hand{kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
+    std::array<CardCode, kHandSize> draws = hand;  // in the order in which they replace discards
+    HoldMask best = 0;
+    HoldMask player = 0;
+    double bestReturn = 0;    // dollars
+    double playerReturn = 0;  // dollars
+
+    bool operator==(const ErrorLogEntry&) const = default;
+};
+
+// The ten codes, the two masks and the two returns with four decimals, commas between them.
+std::string FormatEntry(const ErrorLogEntry& entry);
+
+// Each separator (',' ' ' ';' ':') ends a field, and only fields so ended are read as cards, masks
+// and best return; the player's return is what follows the last separator. What is missing is
+// kNoCard and 0, as is a code that no deck has (0..56) and a mask outside 0..31; a code may still
+// be past the end of the deck in play. Never fails.
+ErrorLogEntry ParseEntry(std::string_view text);
+
+// The text of the entry of that index; empty when there is none. More than 80 characters come cut.
+std::string ReadErrorText(ProfileFile& file, const std::string& gamePath,
+                          const std::string& section, int index);
+
+// Adds the entry at nextError, the number of entries, and counts it; a full log loses its oldest
+// one. nextError itself is written by SaveErrorCounts.
+void AppendError(ProfileFile& file, const std::string& gamePath, const std::string& section,
+                 const ErrorLogEntry& entry, std::int32_t& nextError);
+
+// The totals of a table's statistics that belong to the log.
+struct ErrorCounts {
+    std::int32_t nextError = 0;
+    std::int32_t playErrors = 0;
+    double bestReturns = 0;  // dollars, of the best holds of all checked hands
+    double errorCosts = 0;   // dollars
+};
+
+// Writes the four keys and brings the file to the disk; false when that failed.
+bool SaveErrorCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
+                     const ErrorCounts& counts);
+
+// Empties all entries and zeroes the four keys; false when the file did not reach the disk.
+bool ClearErrorLog(ProfileFile& file, const std::string& gamePath, const std::string& section);
+
+// A hold of the entry's hand as five characters, "_" for a discard: "_A__K". Pick 'Em shows the two
+// cards of the hand, and the top card of the chosen pile: the left one in the fourth place for the
+// mask 28, otherwise the right one in the fifth. A place that should show a card but has none is
+// "?".
+std::string HoldText(const ErrorLogEntry& entry, HoldMask mask, const CardTable& cards,
+                     bool pickEm);
+
+// What the Best Play Error dialog says; coin is the dollars for a credit, not 0.
+std::string BestPlayErrorText(const ErrorLogEntry& entry, const CardTable& cards, bool pickEm,
+                              double coin);

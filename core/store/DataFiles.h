@@ -1,0 +1,73 @@
+// The files the program keeps its data in: where they are, which of the game files is the current
+// one, and what becomes of a game file as a whole. Paths are UTF-8.
+//
+// A start goes: FindDataFiles, CreateDataFolder, LockFile, MigrateDataFiles, CurrentGamePath.
+#pragma once
+#include <optional>
+#include <string>
+#include <string_view>
+
+class ProfileFile;
+
+// What is shipped beside the program. The first start makes the live files of them.
+inline constexpr std::string_view kShippedMainProfile = "Tolvane.114";
+inline constexpr std::string_view kShippedGame = "Default.114";
+inline constexpr std::string_view kShippedAnalyses = "Game Analyses.114";
+
+// What the places depend on.
+struct DataEnvironment {
+    std::string programFile;  // full path; empty when the system does not tell
+    bool programFolderWritable = false;
+    std::string xdgDataHome;  // empty = not set
+    std::string home;         // empty = not set
+};
+
+struct DataFilePaths {
+    std::string folder;         // of all live data; ends with '/', so that a name may follow it
+    std::string releaseFolder;  // of the shipped files; ends with '/'; empty when not known
+    std::string mainProfile;    // the program file's name with the extension ini
+    std::string defaultGame;
+    std::string analysisCache;
+};
+
+// That of the running program.
+DataEnvironment ReadDataEnvironment();
+
+// The program's own folder when it can be written, otherwise the user's ("Tolvane" among the data
+// of all programs), which need not exist yet. Empty when there is neither.
+std::string FindDataFolder(const DataEnvironment& environment);
+
+// Nothing when there is no data folder.
+std::optional<DataFilePaths> FindDataFiles(const DataEnvironment& environment);
+
+// True when the folder is there afterwards; whether it can be written, the lock file tells.
+bool CreateDataFolder(const DataFilePaths& paths);
+
+// ASCII letters in either case are the same, as for ProfileFile, which would mix up two files whose
+// paths differ in nothing else.
+bool SamePath(std::string_view a, std::string_view b);
+
+// The game file last played with, which need not exist any more; the default one when none is
+// named.
+std::string CurrentGamePath(const DataFilePaths& paths, ProfileFile& file);
+void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& paths,
+                          ProfileFile& file);
+
+// "Deuces Wild" for the default game file, "Deuces Wild (Holiday.qdx)" for any other.
+std::string DocumentTitle(const std::string& gameName, const std::string& gamePath,
+                          const DataFilePaths& paths);
+
+// An empty file in place of any that is there. False when it could not be made: an old one is then
+// as it was.
+bool CreateGameFile(const std::string& path, ProfileFile& file);
+
+// A copy with all that has been written to the first one, in place of any file that is there. False
+// when that failed: a file that was there is then as it was.
+bool CopyGameFile(const std::string& from, const std::string& to, ProfileFile& file);
+
+// Writes back what the profile file holds and makes it hold nothing, so that it reads anew what is
+// changed behind its back.
+void LetGo(ProfileFile& file);
+
+// As CopyGameFile, for a file that no profile file holds.
+bool CopyWholeFile(const std::string& from, const std::string& to);

@@ -1,0 +1,74 @@
+#include "core/store/Session.h"
+
+#include <algorithm>
+
+#include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
+
+namespace {
+
+constexpr std::string_view kElapsedTime = "ElapsedTime";
+constexpr std::int64_t kSecondsPerMinute = 60;
+constexpr double kMinutesPerHour = 60.0;
+
+std::string CurrentSection(const MachineSettings& settings) {
+    return TableSection(settings.gameName, settings.activeTable);
+}
+
+double StoredHours(ProfileFile& file, const std::string& gamePath,
+                   const MachineSettings& settings) {
+    return file.GetDouble(CurrentSection(settings), kElapsedTime, 0.0, gamePath);
+}
+
+void StartClock(Statistics& statistics, double hoursSoFar, std::int64_t now) {
+    statistics.elapsedBase = hoursSoFar;
+    statistics.sessionStart = now;
+    statistics.sessionHours = 0;
+}
+
+double WholeMinutesInHours(std::int64_t start, std::int64_t now) {
+    const std::int64_t minutes = now > start ? (now - start) / kSecondsPerMinute : 0;
+    return static_cast<double>(minutes) / kMinutesPerHour;
+}
+
+}  // namespace
+
+void LoadSettings(ProfileFile& file, const std::string& gamePath, MachineSettings& settings,
+                  Statistics& statistics, std::int64_t now) {
+    ReadSettings(file, gamePath, settings);
+    StartClock(statistics, StoredHours(file, gamePath, settings), now);
+}
+
+bool SaveSettings(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                  bool startSession, std::int64_t now) {
+    WriteSettings(file, gamePath, state.settings);
+    WriteStatistics(file, gamePath, CurrentSection(state.settings), state.statistics, state.table);
+    UpdateElapsedTime(file, gamePath, state, startSession, now);
+    return file.Save(gamePath);
+}
+
+void UpdateElapsedTime(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                       bool startSession, std::int64_t now) {
+    Statistics& statistics = state.statistics;
+    if (startSession) {
+        StartClock(statistics, StoredHours(file, gamePath, state.settings), now);
+        ClearSession(statistics, state.table);
+        return;
+    }
+    statistics.sessionHours = WholeMinutesInHours(statistics.sessionStart, now);
+    file.WriteDouble(CurrentSection(state.settings), kElapsedTime,
+                     statistics.elapsedBase + statistics.sessionHours, "%.2f", gamePath);
+}
+
+bool ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                     bool save, std::int64_t now) {
+    Statistics cleared;
+    cleared.setCards = state.statistics.setCards;
+    cleared.setDraws = state.statistics.setDraws;
+    state.statistics = cleared;
+    state.settings.creditsEntered = 0;
+    for (auto& line : state.table.lines) line.sessionWins = line.totalWins = 0;
+    StartClock(state.statistics, 0, now);
+    file.WriteDouble(CurrentSection(state.settings), kElapsedTime, 0, "%3.2f", gamePath);
+    return !save || SaveSettings(file, gamePath, state, true, now);
+}

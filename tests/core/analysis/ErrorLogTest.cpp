@@ -1,0 +1,130 @@
+#include "core/analysis/ErrorLog.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/profile/ProfileFile.h"
+#include "tests/core/TestGames.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+ErrorLogEntry Played(const PayTable& table, std::string_view tenCards, HoldMask best,
+                     HoldMask player) {
+    ErrorLogEntry entry;
+    const auto cards = Cards(table, tenCards, 10);
+    std::copy_n(cards.begin(), 5, entry.hand.begin());
+    std::copy_n(cards.begin() + 5, 5, entry.draws.begin());
+    entry.best = best;
+    entry.player = player;
+    entry.bestReturn = 1.53649;
+    entry.playerReturn = 1.5;
+    return entry;
+}
+
+class ErrorLogTest : public testing::Test {
+  protected:
+    // Logs an error that is known by its returns.
+    void Log(int number, std::int32_t& nextError) {
+        ErrorLogEntry entry;
+        entry.bestReturn = number;
+        AppendError(file, path, "G(0)", entry, nextError);
+    }
+    int NumberAt(int index) {
+        return static_cast<int>(ParseEntry(ReadErrorText(file, path, "G(0)", index)).bestReturn);
+    }
+
+    TemporaryFolder folder;
+    std::string path = folder.Write("game.qdx", "[G(0)]\nHandsPlayed=7\n\n");
+    ProfileFile file;
+};
+
+TEST(ErrorLogEntryTest, AnEntryIsWrittenInFourteenFieldsAndReadBack) {
+    ErrorLogEntry entry = Played(JacksOrBetter(), "AS 2S 3S 4S 5S 6S 7S 8S 9S AH", 30, 16);
+    const std::string text = FormatEntry(entry);
+    EXPECT_EQ(text, "0,1,2,3,4,5,6,7,8,13,30,16,1.5365,1.5000");
+    entry.bestReturn = 1.5365;
+    EXPECT_EQ(ParseEntry(text), entry);
+    EXPECT_EQ(ParseEntry("0 1;2:3,4,5,6,7,8 13;30:16 1.5365,1.5000"), entry);
+}
+
+TEST(ErrorLogEntryTest, OnlyFieldsThatASeparatorEndsAreCards) {
+    const ErrorLogEntry nine = ParseEntry("1,2,3,4,5,6,7,8,9,10");
+    EXPECT_EQ(nine.hand, (std::array<CardCode, 5>{1, 2, 3, 4, 5}));
+    EXPECT_EQ(nine.draws, (std::array<CardCode, 5>{6, 7, 8, 9, kNoCard}));
+    EXPECT_EQ(nine.playerReturn, 0);
+    EXPECT_EQ(ParseEntry("1,2,3,4,5,6,7,8,9,10,").draws[4], 10);
+    EXPECT_EQ(ParseEntry(""), ErrorLogEntry());
+}
+
+TEST(ErrorLogEntryTest, NothingReadFromAnEntryLeadsPastTheCardsOrTheHolds) {
+    const ErrorLogEntry entry = ParseEntry("57,99999999999,-7,x,,56,,,,,32,-1,1e999,nan");
+    EXPECT_EQ(entry.hand, (std::array<CardCode, 5>{kNoCard, kNoCard, kNoCard, 0, 0}));
+    EXPECT_EQ(entry.draws[0], 56);
+    EXPECT_EQ(entry.best, 0);
+    EXPECT_EQ(entry.player, 0);
+    EXPECT_EQ(entry.bestReturn, 0);
+    EXPECT_EQ(entry.playerReturn, 0);
+    EXPECT_EQ(HoldText(entry, 31, BuildCardTable({}), false), "???AA");
+}
+
+TEST_F(ErrorLogTest, TheHundredAndFirstErrorPushesTheOldestOut) {
+    std::int32_t nextError = 0;
+    for (int number = 1; number <= 100; ++number) Log(number, nextError);
+    EXPECT_EQ(nextError, 100);
+    EXPECT_EQ(NumberAt(0), 1);
+    Log(101, nextError);
+    EXPECT_EQ(nextError, 100);
+    for (int i = 0; i < kErrorLogSize; ++i) EXPECT_EQ(NumberAt(i), i + 2);
+    nextError = -5;  // no number of entries
+    Log(102, nextError);
+    EXPECT_EQ(NumberAt(0), 102);
+}
+
+TEST_F(ErrorLogTest, TheCountsReachTheDiskAtOnceAndClearingEmptiesAll) {
+    std::int32_t nextError = 0;
+    Log(3, nextError);
+    EXPECT_TRUE(SaveErrorCounts(file, path, "G(0)", {nextError, 12, 100.5, 2.25}));
+    EXPECT_EQ(folder.Read("game.qdx"),
+              "[G(0)]\nHandsPlayed=7\nError0=-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,0,0,3.0000,0.0000\n"
+              "NextError=1\nPlayErrors=12\nBestER=100.5000 \nErrCost=2.2500   \n\n");
+
+    EXPECT_TRUE(ClearErrorLog(file, path, "G(0)"));
+    const std::string cleared = folder.Read("game.qdx");
+    EXPECT_TRUE(cleared.starts_with(
+        "[G(0)]\nHandsPlayed=7\nError0=\nNextError=0\nPlayErrors=0\nBestER=0.00\nErrCost=0.00\n"
+        "Error1=\nError2=\n"));
+    EXPECT_TRUE(cleared.ends_with("\nError99=\n\n"));
+    EXPECT_FALSE(ClearErrorLog(file, folder.Path("missing.qdx"), "G(0)"));
+}
+
+TEST(ErrorLogTextTest, AHoldShowsTheRanksOfTheHeldPlaces) {
+    const PayTable joker = JokerPoker(1);
+    const auto entry = Played(joker, "KD AS TC W 9H 2S 3S 4S 5S 6S", 0b01011, 0);
+    const CardTable cards = BuildCardTable(DeckOf(joker));
+    EXPECT_EQ(HoldText(entry, entry.best, cards, false), "_A_W9");
+    EXPECT_EQ(HoldText(entry, 31, cards, false), "KATW9");
+    EXPECT_EQ(HoldText(entry, 0, cards, false), "_____");
+}
+
+TEST(ErrorLogTextTest, PickEmShowsTheTwoCardsAndThePile) {
+    const auto entry = Played(PickEm(), "KD AS TC 9H 8H 2S 3S 4S 5S 6S", 28, 25);
+    const CardTable cards = BuildCardTable({});
+    EXPECT_EQ(HoldText(entry, 28, cards, true), "KA_T_");
+    EXPECT_EQ(HoldText(entry, 25, cards, true), "KA__2");
+}
+
+TEST(ErrorLogTextTest, TheMessageSaysWhatTheErrorCost) {
+    auto entry = Played(JacksOrBetter(), "KD AS TC 9H 8H 2S 3S 4S 5S 6S", 0b11000, 0);
+    entry.bestReturn = 2.5;
+    entry.playerReturn = 1.25;
+    EXPECT_EQ(BestPlayErrorText(entry, BuildCardTable({}), false, 0.25),
+              "KA___ is the best play for this hand. Continue?\r\n\r\n"
+              "Best Play Return ($): 2.5000   \r\n"
+              "Your Play Return ($): 1.2500   \r\n"
+              "Cost of error ($): 1.2500   \r\n"
+              "Cost in Coin: 5.0000   \r\n\r\n");
+}
+
+}  // namespace

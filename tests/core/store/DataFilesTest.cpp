@@ -1,0 +1,125 @@
+#include "core/store/DataFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "core/profile/ProfileFile.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+DataEnvironment InstalledProgram() {
+    return {.programFile = "/opt/games/Tolvane", .xdgDataHome = "", .home = "/home/zoë"};
+}
+
+// The files of a program that lies in the folder and may write there.
+DataFilePaths Portable(const TemporaryFolder& folder) {
+    return *FindDataFiles(
+        {folder.Path("Tolvane"), /*programFolderWritable=*/true, "", "/home/nobody"});
+}
+
+TEST(DataFilesTest, DataLieBesideAProgramWhoseFolderCanBeWritten) {
+    const auto paths = FindDataFiles({"/media/Stick Ü/Tolvane", true, "/data", "/home/zoë"});
+    ASSERT_TRUE(paths);
+    EXPECT_EQ(paths->folder, "/media/Stick Ü/");
+    EXPECT_EQ(paths->releaseFolder, "/media/Stick Ü/");
+    EXPECT_EQ(paths->mainProfile, "/media/Stick Ü/Tolvane.ini");
+    EXPECT_EQ(paths->defaultGame, "/media/Stick Ü/Default.qdx");
+    EXPECT_EQ(paths->analysisCache, "/media/Stick Ü/Game Analyses.ini");
+}
+
+TEST(DataFilesTest, TheMainProfileIsNamedAfterTheProgramFile) {
+    EXPECT_EQ(FindDataFiles({"/a/Poker.exe", true, "", ""})->mainProfile, "/a/Poker.ini");
+    EXPECT_EQ(FindDataFiles({"/a.b/Poker 2", true, "", ""})->mainProfile, "/a.b/Poker 2.ini");
+    EXPECT_EQ(FindDataFiles({"", false, "", "/h"})->mainProfile,
+              "/h/.local/share/Tolvane/Tolvane.ini");
+}
+
+TEST(DataFilesTest, DataOfAnInstalledProgramLieAmongTheUsers) {
+    DataEnvironment environment = InstalledProgram();
+    EXPECT_EQ(FindDataFolder(environment), "/home/zoë/.local/share/Tolvane");
+    environment.xdgDataHome = "relative";
+    EXPECT_EQ(FindDataFolder(environment), "/home/zoë/.local/share/Tolvane");
+    environment.xdgDataHome = "/srv/my data";
+    EXPECT_EQ(FindDataFolder(environment), "/srv/my data/Tolvane");
+    EXPECT_EQ(FindDataFiles(environment)->folder, "/srv/my data/Tolvane/");
+    EXPECT_EQ(FindDataFiles(environment)->releaseFolder, "/opt/games/");
+
+    EXPECT_FALSE(FindDataFiles({"/opt/games/Tolvane", false, "", ""}));
+}
+
+TEST(DataFilesTest, ABuildKeepsItsDataBesideItself) {
+    const std::filesystem::path folder = FindDataFolder(ReadDataEnvironment());
+    EXPECT_TRUE(std::filesystem::exists(folder / "DataFilesTest")) << folder;
+}
+
+TEST(DataFilesTest, TheDataFolderIsMadeWithAllAboveItUnlessAFileIsInTheWay) {
+    const TemporaryFolder folder;
+    DataEnvironment environment = InstalledProgram();
+    environment.home = folder.Path("new home");
+    EXPECT_TRUE(CreateDataFolder(*FindDataFiles(environment)));
+    EXPECT_TRUE(CreateDataFolder(*FindDataFiles(environment)));
+    EXPECT_TRUE(std::filesystem::is_directory(folder.Path("new home/.local/share/Tolvane")));
+
+    environment.home = folder.Write("file", "");
+    EXPECT_FALSE(CreateDataFolder(*FindDataFiles(environment)));
+}
+
+TEST(DataFilesTest, TheCurrentGameFileIsRememberedInTheMainProfile) {
+    const TemporaryFolder folder;
+    const DataFilePaths paths = Portable(folder);
+    const std::string chosen = folder.Path("Ferien Müller.qdx");
+    folder.Write("Tolvane.ini", "[main]\nVer=114\n");
+    ProfileFile file;
+    EXPECT_EQ(CurrentGamePath(paths, file), folder.Path("Default.qdx"));
+    StoreCurrentGamePath(chosen, paths, file);
+    EXPECT_TRUE(file.Flush());
+    EXPECT_EQ(CurrentGamePath(paths, file), chosen);
+    EXPECT_EQ(folder.Read("Tolvane.ini"), "[main]\nVer=114\nCurrGame=" + chosen + "\n\n");
+}
+
+TEST(DataFilesTest, TheTitleNamesTheGameFileUnlessItIsTheDefaultOne) {
+    const TemporaryFolder folder;
+    const DataFilePaths paths = Portable(folder);
+    EXPECT_EQ(DocumentTitle("Deuces Wild", folder.Path("Default.qdx"), paths), "Deuces Wild");
+    EXPECT_EQ(DocumentTitle("Deuces Wild", folder.Path("DEFAULT.QDX"), paths), "Deuces Wild");
+    EXPECT_EQ(DocumentTitle("Deuces Wild", "/else/Default.qdx", paths),
+              "Deuces Wild (Default.qdx)");
+    EXPECT_EQ(DocumentTitle("2 Pair Poker", folder.Path("My Été.v2.qdx"), paths),
+              "2 Pair Poker (My Été.v2.qdx)");
+}
+
+TEST(DataFilesTest, ANewGameFileForgetsTheOneItReplaces) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("Old.qdx", "[Deuces Wild(0)]\nHandsPlayed=7\n");
+    ProfileFile file;
+    file.WriteInt("main", "Credits", 12, path);  // loaded and not yet written
+    EXPECT_TRUE(CreateGameFile(path, file));
+    EXPECT_EQ(folder.Read("Old.qdx"), "");
+    file.WriteInt("main", "Credits", 0, path);
+    EXPECT_TRUE(file.Flush());
+    EXPECT_EQ(folder.Read("Old.qdx"), "[main]\nCredits=0\n\n");
+    EXPECT_FALSE(CreateGameFile(folder.Path("missing/New.qdx"), file));
+}
+
+TEST(DataFilesTest, SavingAsTakesAllThatWasWrittenAlong) {
+    const TemporaryFolder folder;
+    const std::string from = folder.Write("A.qdx", "[main]\nBet=5\n\n");
+    const std::string to = folder.Write("Größe 2.qdx", "[main]\nBet=1\n\n[Other]\nX=1\n");
+    ProfileFile file;
+    EXPECT_EQ(file.GetInt("main", "Bet", 0, to), 1);
+    file.WriteInt("main", "Bet", 3, from);
+    EXPECT_TRUE(CopyGameFile(from, to, file));
+    EXPECT_EQ(folder.Read("Größe 2.qdx"), "[main]\nBet=3\n\n");
+    EXPECT_EQ(folder.Read("A.qdx"), "[main]\nBet=3\n\n");
+    EXPECT_EQ(file.GetInt("main", "Bet", 0, to), 3);
+
+    EXPECT_FALSE(CopyGameFile(folder.Path("missing.qdx"), to, file));
+    EXPECT_FALSE(CopyGameFile(folder.Path(), to, file));
+    EXPECT_EQ(folder.Read("Größe 2.qdx"), "[main]\nBet=3\n\n");
+    EXPECT_EQ(folder.FileCount(), 2);
+}
+
+}  // namespace

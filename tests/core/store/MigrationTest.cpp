@@ -1,0 +1,191 @@
+// Folders as a new and as an earlier release leave them, and what a start makes of them.
+#include "core/store/Migration.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/ProfileFile.h"
+#include "core/store/DataFiles.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+using FileMap = std::map<std::string, std::string>;  // names, and what the files hold
+
+constexpr const char* kNewProfile = "[main]\nVer=114\n\n[Jacks or Better(0)]\nPayLines=9\n\n";
+constexpr const char* kNewGame = "[main]\nGameID=300\n\n";
+constexpr const char* kNewAnalyses = "[Jacks or Better(0)]\nER=99.54\n\n";
+const FileMap kFreshFiles = {
+    {"Tolvane.ini", kNewProfile}, {"Default.qdx", kNewGame}, {"Game Analyses.ini", kNewAnalyses}};
+
+class MigrationTest : public testing::Test {
+  protected:
+    MigrationTest() { std::filesystem::create_directory(folder.Path(kData)); }
+
+    void Write(const std::string& name, const std::string& text) const {
+        folder.Write(kData + name, text);
+    }
+
+    void WriteShippedFiles() const {
+        Write("Tolvane.114", kNewProfile);
+        Write("Default.114", kNewGame);
+        Write("Game Analyses.114", kNewAnalyses);
+    }
+
+    void Start() const {
+        ProfileFile file;
+        MigrateDataFiles(*paths, file);
+    }
+
+    std::string Read(const std::string& name) const { return folder.Read(kData + name); }
+
+    FileMap Files(const std::string& subfolder = kData) const {
+        FileMap files;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path(subfolder))) {
+            const std::string name = entry.path().filename().string();
+            files[name] = folder.Read(subfolder + name);
+        }
+        return files;
+    }
+
+    // What a game file without them gets.
+    static std::string NoneActive() {
+        std::string text = "[ActiveTbl]\n";
+        for (const auto& game : BuiltInGames()) {
+            if (game.offered) text += std::string(game.name) + "=0\n";
+        }
+        return text;
+    }
+
+    static constexpr const char* kData = "Data Ü/";
+    TemporaryFolder folder;
+    std::optional<DataFilePaths> paths =
+        FindDataFiles({folder.Path(std::string(kData) + "Tolvane"), true, "", ""});
+};
+
+TEST_F(MigrationTest, TheFirstStartMakesTheShippedFilesTheLiveOnes) {
+    WriteShippedFiles();
+    Start();
+    EXPECT_EQ(Files(), kFreshFiles);
+    Start();
+    EXPECT_EQ(Files(), kFreshFiles);
+}
+
+TEST_F(MigrationTest, AProgramInAFolderThatCannotBeWrittenStartsOnCopies) {
+    WriteShippedFiles();
+    const FileMap shipped = Files();
+    paths = FindDataFiles(
+        {folder.Path(std::string(kData) + "Tolvane"), false, folder.Path("share"), ""});
+    ASSERT_TRUE(CreateDataFolder(*paths));
+    Start();
+    EXPECT_EQ(Files("share/Tolvane/"), kFreshFiles);
+    EXPECT_EQ(Files(), shipped);
+
+    // And a player who brings an old release's file along is not left without pay tables.
+    folder.Write("share/Tolvane/Tolvane.ini", "[User Games]\n1=401,Mine\n");
+    Start();
+    ProfileFile file;
+    EXPECT_EQ(file.GetInt("Jacks or Better(0)", "PayLines", 0, paths->mainProfile), 9);
+    EXPECT_EQ(file.GetString("User Games", "1", "", 80, paths->mainProfile), "9001,Mine");
+}
+
+TEST_F(MigrationTest, AGameFileWithoutAMainProfileIsNotWrittenOver) {
+    WriteShippedFiles();
+    Write("Default.qdx", "[Jacks or Better(0)]\nHandsPlayed=100000\n");
+    Start();
+    EXPECT_EQ(Read("Default.qdx"), "[Jacks or Better(0)]\nHandsPlayed=100000\n");
+    EXPECT_EQ(Read("Tolvane.ini"), kNewProfile);
+}
+
+TEST_F(MigrationTest, AnEarlierReleaseKeepsItsFilesAndGivesItsGamesToTheNewOnes) {
+    const std::string oldProfile =
+        "[main]\nCurrGame=/games/Mine.qdx\n\n"
+        "[User Games]\n1=401,Café Royal\n2=\n4=404,No Table\n10=410,Empty Table\n11=411,Beyond\n\n"
+        "[Café Royal]\nNextIndex=7\nRank0=0\nDescr0=ROYAL FLUSH\nPaylines=1\n\n"
+        "[Empty Table]\nPayLines=0\n\n"
+        "[Jacks or Better]\nPayLines=3\n\n";
+    const std::string oldAnalyses =
+        "[Café Royal(0)]\nER=98.1\nNothing=54.5\t1,000\nLine0=0.1\t2\t3\n\n"
+        "[No Table(0)]\nER=97\n\n[Empty Table(0)]\nER=0\nNothing=1\t2\n\n"
+        "[Jacks or Better(0)]\nER=1\n\n";
+    Write("Tolvane.ini", oldProfile);
+    Write("Game Analyses.ini", oldAnalyses);
+    Write("Tolvane.old", "of an earlier time");
+    Write("Game Analyses.old", "of an earlier time");
+    WriteShippedFiles();
+    Start();
+    EXPECT_EQ(Files(),
+              (FileMap{{"Tolvane.old", oldProfile},
+                       {"Game Analyses.old", oldAnalyses},
+                       {"Default.114", kNewGame},
+                       {"Tolvane.ini",
+                        "[main]\nVer=114\nCurrGame=/games/Mine.qdx\n\n"
+                        "[Jacks or Better(0)]\nPayLines=9\n\n"
+                        "[User Games]\n1=9001,Café Royal\n2=9002,\n4=9004,No Table\n"
+                        "10=9010,Empty Table\n\n"
+                        "[Café Royal(0)]\nNextIndex=-1\nRank0=0\nDescr0=ROYAL FLUSH\nPaylines=1\n"
+                        "PrevIndex=-1\nType=1\n\n"},
+                       {"Game Analyses.ini",
+                        std::string(kNewAnalyses) +
+                            "[Café Royal(0)]\nER=98.1\nNothing=0;54.5;1,000\nLine0=0.1;2;3\n\n"
+                            "[No Table(0)]\nER=97\nNothing=0;\n\n"}}));
+}
+
+TEST_F(MigrationTest, OldStatisticsBecomeThoseOfTheFirstTable) {
+    WriteShippedFiles();
+    Write("Tolvane.ini", "[User Games]\n3=403,Café Royal\n");
+    Write("Default.qdx",
+          "[main]\nGameName=deuces wild\nCredits=40\n\n"
+          "[Deuces Wild]\nCreditsPlayed=-5\nFirstError=3\nNextError=4\n\n"
+          "[Bonus Poker]\nHandsPlayed=9\n\n"
+          "[Café Royal]\nCreditsPlayed=0\nFirstError=1\n\n"
+          "[Bonus 5 Aces Poker]\nFirstError=2\n\n[Double Double 5 Aces Poker]\nX=1\n\n"
+          "[Pick 'Em Poker]\nCreditsPlayed=8\n\n");
+    Write("HOLIDAY.QDX", "[main]\nGameName=Café Royal\n\n");
+    Write("Holiday.qdx", "[main]\nGameName=Pick 'Em Poker\n\n");
+    Write("Fresh.qdx", "");
+    Write("notes.qdx.txt", "[main]\n");
+    std::filesystem::create_directory(folder.Path(std::string(kData) + "folder.qdx"));
+    Start();
+    EXPECT_EQ(Read("Default.qdx"),
+              "[main]\nGameName=deuces wild\nCredits=40\nGameID=330\n\n"
+              "[Deuces Wild(0)]\nCreditsPlayed=-5\nNextError=4\n\n"
+              "[Bonus Poker]\nHandsPlayed=9\n\n"
+              "[Café Royal(0)]\nCreditsPlayed=0\n\n"
+              "[5 Aces Bonus Poker(0)]\nFirstError=2\n\n"
+              "[5 Aces Double Double Poker(0)]\nX=1\n\n"
+              "[Pick Em Poker(0)]\nCreditsPlayed=8\n\n" +
+                  NoneActive() + "Café Royal=0\n\n");
+    EXPECT_EQ(Read("HOLIDAY.QDX"),
+              "[main]\nGameName=Café Royal\nGameID=9003\n\n" + NoneActive() + "\n");
+    EXPECT_EQ(Read("Holiday.qdx"),
+              "[main]\nGameName=Pick 'Em Poker\nGameID=0\n\n" + NoneActive() + "\n");
+    EXPECT_EQ(Read("Fresh.qdx"), "[main]\nGameID=300\n\n" + NoneActive() + "\n");
+    EXPECT_EQ(Read("notes.qdx.txt"), "[main]\n");
+}
+
+TEST_F(MigrationTest, WhatIsMissingIsPassedOver) {
+    Start();
+    EXPECT_TRUE(Files().empty());
+
+    Write("Tolvane.114", kNewProfile);
+    Start();
+    EXPECT_EQ(Files(), (FileMap{{"Tolvane.ini", kNewProfile}}));
+
+    // An earlier release's profile alone is kept, though nothing takes its place.
+    Write("Tolvane.ini", "[User Games]\n1=401,Mine\n");
+    Write("My Game.qdx", "[Deuces Wild]\nCreditsPlayed=1\n\n");
+    Start();
+    EXPECT_EQ(Files(), (FileMap{{"Tolvane.old", "[User Games]\n1=401,Mine\n"},
+                                {"My Game.qdx",
+                                 "[Deuces Wild(0)]\nCreditsPlayed=1\n\n[main]\n"
+                                 "GameID=300\n\n" +
+                                     NoneActive() + "\n"}}));
+}
+
+}  // namespace

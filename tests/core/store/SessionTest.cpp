@@ -1,0 +1,159 @@
+#include "core/store/Session.h"
+
+#include <gtest/gtest.h>
+
+#include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+constexpr std::int64_t kNoon = 1'700'000'000;
+constexpr std::int64_t kMinute = 60;
+
+// A machine with one game file, as the window has it.
+class SessionTest : public testing::Test {
+  protected:
+    void Open(const std::string& contents) {
+        path = folder.Write("game.qdx", contents);
+        LoadGame();
+        LoadSettings(file, path, settings, statistics, kNoon);
+    }
+    void LoadGame() {
+        LoadStatistics(file, path, Section(), 52, statistics);
+        table.lines.assign(1, PayLine());
+        table.lines[0].totalWins = file.GetInt(Section(), "PayLine0Won", 0, path);
+    }
+    void SwitchTo(const std::string& game, int tableIndex, std::int64_t now) {
+        EXPECT_TRUE(Save(false, now));
+        settings.gameName = game;
+        settings.activeTable = tableIndex;
+        LoadGame();
+        EXPECT_TRUE(Save(true, now));
+    }
+    bool Save(bool startSession, std::int64_t now) {
+        return SaveSettings(file, path, {settings, statistics, table}, startSession, now);
+    }
+    std::string Section() const { return TableSection(settings.gameName, settings.activeTable); }
+    // As the disk has it.
+    std::string Stored(const std::string& section, const std::string& key) const {
+        ProfileFile fresh;
+        return fresh.GetString(section, key, "(none)", ProfileFile::kWholeValue, path);
+    }
+    std::string HoursStored() const { return Stored(Section(), "ElapsedTime"); }
+
+    TemporaryFolder folder;
+    std::string path;
+    ProfileFile file;
+    MachineSettings settings;
+    Statistics statistics;
+    PayTable table;
+};
+
+TEST_F(SessionTest, NinetyMinutesAreAddedToTheHoursSoFar) {
+    Open("[Jacks or Better(0)]\nElapsedTime=2.00\n");
+    EXPECT_TRUE(Save(false, kNoon + 90 * kMinute + 59));
+    EXPECT_EQ(HoursStored(), "3.50");
+    EXPECT_EQ(statistics.sessionHours, 1.5);
+}
+
+TEST_F(SessionTest, SavingTwiceDoesNotCountTheSessionTwice) {
+    Open("[Jacks or Better(0)]\nElapsedTime=1.00\n");
+    Save(false, kNoon + 10 * kMinute);
+    EXPECT_EQ(HoursStored(), "1.17");
+    Save(false, kNoon + 20 * kMinute);
+    EXPECT_EQ(HoursStored(), "1.33");
+    Save(false, kNoon - 600 * kMinute);
+    EXPECT_EQ(HoursStored(), "1.00") << "a clock set back takes nothing away";
+}
+
+TEST_F(SessionTest, ASaveWritesEverySettingInOrder) {
+    Open("");
+    settings = {
+        PlayMode::kAutoHold, 0.05, 120, 3, 330, "Deuces Wild", 2, 40, 20, false, true, false,
+        Speed::kFast};
+    EXPECT_TRUE(Save(false, kNoon));
+    EXPECT_TRUE(
+        folder.Read("game.qdx")
+            .starts_with(
+                "[main]\nMode=3\nCoin=0.05\nCredits=120\nBet=3\nGameID=330\nGameName=Deuces Wild\n"
+                "CreditsEntered=40\nDollarIn=20\nDoubleUp=0\nShowDollar=1\nSounds=0\nSpeed=3\n\n"
+                "[ActiveTbl]\nDeuces Wild=2\n\n[Deuces Wild(2)]\nCreditsPlayed=0\n"));
+    EXPECT_TRUE(folder.Read("game.qdx").ends_with("NextError=0\nElapsedTime=0.00\n\n"));
+}
+
+TEST_F(SessionTest, ASaveLeavesTheRestOfTheFileAsItWas) {
+    const std::string notes = "[Notes]\n" + std::string(9000, 'n') + "\nno key\n\n  a = b \n\n";
+    const std::string log = "Error0=" + std::string(9000, '1') + "\n";
+    Open("before\n" + notes + "[main]\ncredits=7\nTheme=dark\n\n[Jacks or Better(0)]\n" + log +
+         "\n[Mine(4)]\nHandsPlayed=1\n\n");
+    EXPECT_EQ(settings.credits, 7);
+    settings.credits = 8;
+    EXPECT_TRUE(Save(false, kNoon));
+    const std::string saved = folder.Read("game.qdx");
+    EXPECT_TRUE(saved.starts_with("before\n" + notes + "[main]\ncredits=8\nTheme=dark\nMode=1\n"));
+    EXPECT_NE(saved.find("\n\n[Jacks or Better(0)]\n" + log + "CreditsPlayed=0\n"),
+              std::string::npos);
+    EXPECT_NE(saved.find("ElapsedTime=0.00\n\n[Mine(4)]\nHandsPlayed=1\n\n[ActiveTbl]\n"),
+              std::string::npos);
+
+    EXPECT_TRUE(Save(false, kNoon));
+    EXPECT_EQ(folder.Read("game.qdx"), saved) << "what is not changed is the same to the byte";
+}
+
+TEST_F(SessionTest, SwitchingGamesAndTablesKeepsTheTotalsOfEach) {
+    Open("[Jacks or Better(0)]\nHandsPlayed=100\nPayLine0Won=4\nElapsedTime=1.00\n");
+    statistics.handsPlayed.Add(3);
+    table.lines[0].sessionWins++;
+    table.lines[0].totalWins++;
+    statistics.sessionDollarsIn = 20;
+    SwitchTo("Deuces Wild", 0, kNoon + 30 * kMinute);
+    EXPECT_EQ(statistics.handsPlayed, Counter());
+    EXPECT_EQ(statistics.elapsedBase, 0) << "the hours of the other game stay with it";
+    EXPECT_EQ(statistics.sessionDollarsIn, 0);
+    statistics.handsPlayed.Add(7);
+    SwitchTo("Jacks or Better", 2, kNoon + 60 * kMinute);
+    EXPECT_EQ(statistics.handsPlayed, Counter());
+    SwitchTo("Jacks or Better", 0, kNoon + 90 * kMinute);
+    EXPECT_EQ(statistics.handsPlayed, (Counter{0, 103}));
+    EXPECT_EQ(table.lines[0].totalWins, 5);
+    EXPECT_EQ(table.lines[0].sessionWins, 0);
+    EXPECT_EQ(statistics.elapsedBase, 1.5);
+    EXPECT_EQ(Stored("Deuces Wild(0)", "HandsPlayed"), "7");
+    EXPECT_EQ(Stored("Deuces Wild(0)", "ElapsedTime"), "0.50");
+}
+
+TEST_F(SessionTest, AResetStoresZeroesAndKeepsTheLogAndTheFixedHand) {
+    Open(
+        "[Jacks or Better(0)]\nHandsPlayed=100\nPayLine0Won=4\nBestER=9.5\nErrCost=2\n"
+        "SetCard0=33\nNextError=6\nError0=1,2\nElapsedTime=7.25\n[main]\nCreditsEntered=80\n"
+        "Credits=12\n");
+    statistics.handsPlayed.Add(3);
+    EXPECT_TRUE(ResetStatistics(file, path, {settings, statistics, table}, true, kNoon + 99));
+    for (const char* zero : {"HandsPlayed", "PayLine0Won", "NextError"}) {
+        EXPECT_EQ(Stored(Section(), zero), "0") << zero;
+    }
+    EXPECT_EQ(Stored(Section(), "BestER"), "0.0000      ");
+    EXPECT_EQ(Stored(Section(), "ErrCost"), "0.0000      ");
+    EXPECT_EQ(HoursStored(), "0.00");
+    EXPECT_EQ(Stored(Section(), "SetCard0"), "33");
+    EXPECT_EQ(Stored(Section(), "Error0"), "1,2");
+    EXPECT_EQ(Stored("main", "CreditsEntered"), "0");
+    EXPECT_EQ(Stored("main", "Credits"), "12");
+    EXPECT_EQ(statistics.handsPlayed, Counter());
+    EXPECT_EQ(statistics.sessionStart, kNoon + 99);
+}
+
+TEST_F(SessionTest, ASaveThatDoesNotReachTheDiskSaysSo) {
+    Open("");
+    std::filesystem::remove(path);
+    std::filesystem::create_directory(path);
+    EXPECT_FALSE(Save(false, kNoon));
+    std::filesystem::remove(path);
+    EXPECT_TRUE(Save(false, kNoon)) << "and the next one tries again";
+    path = folder.Path("missing.qdx");
+    EXPECT_FALSE(Save(false, kNoon));
+    EXPECT_EQ(folder.Read("missing.qdx"), "(missing)");
+}
+
+}  // namespace

@@ -1,0 +1,99 @@
+#include "core/store/Settings.h"
+
+#include <gtest/gtest.h>
+
+#include "core/profile/ProfileFile.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+class SettingsTest : public testing::Test {
+  protected:
+    // What a game file of this main section gives.
+    MachineSettings Loaded(const std::string& mainSection) {
+        const std::string path = folder.Write("game.qdx", "[main]\n" + mainSection);
+        MachineSettings settings;
+        ProfileFile file;
+        LoadCurrentGame(file, path, mainPath, settings);
+        ReadSettings(file, path, settings);
+        return settings;
+    }
+    // "id name(table)"
+    std::string Game(const std::string& mainSection) {
+        const MachineSettings settings = Loaded(mainSection);
+        return std::to_string(settings.gameId) + " " + settings.gameName + "(" +
+               std::to_string(settings.activeTable) + ")";
+    }
+    double Coin(const std::string& stored) { return Loaded("Coin=" + stored + "\n").coin; }
+
+    TemporaryFolder folder;
+    std::string mainPath = folder.Write(
+        "main.ini",
+        "[User Games]\n3=9003,Mine\n4=9007,Odd\n[Jacks or Better(0)]\nPayLines=9\n"
+        "[Jacks or Better(2)]\nPayLines=9\n[Jacks or Better(3)]\nPayLines=0\n[Mine(1)]\n"
+        "PayLines=1\n");
+};
+
+TEST_F(SettingsTest, AFileThatCannotBeReadGivesTheDefaults) {
+    ProfileFile file;
+    MachineSettings settings;
+    settings.gameName = "Mine";
+    settings.credits = settings.bet = settings.dollarIn = settings.creditsEntered = 77;
+    settings.sounds = settings.doubleUp = settings.showDollar = false;
+    settings.speed = Speed::kFast;
+    LoadCurrentGame(file, folder.Path("missing.qdx"), mainPath, settings);
+    ReadSettings(file, folder.Path("missing.qdx"), settings);
+    EXPECT_EQ(settings.gameId, 300);
+    EXPECT_EQ(settings.gameName, "Jacks or Better");
+    EXPECT_EQ(settings.activeTable, 0);
+    EXPECT_EQ(settings.credits, 0);
+    EXPECT_EQ(settings.bet, 5);
+    EXPECT_EQ(settings.dollarIn, 100);
+    EXPECT_EQ(settings.creditsEntered, 0);
+    EXPECT_TRUE(settings.sounds && settings.doubleUp && settings.showDollar);
+    EXPECT_EQ(settings.speed, Speed::kNormal);
+}
+
+TEST_F(SettingsTest, ValuesByHandAreMendedSoThatTheMachineCanBePlayed) {
+    const auto settings = Loaded(
+        "Mode=9\nCoin=-0.25\nCredits=-99999999999\nBet=-3\nSpeed=abc\nSounds=7\nDoubleUp=\n"
+        "DollarIn=99999999999\n");
+    EXPECT_EQ(settings.mode, PlayMode::kCasino);
+    EXPECT_EQ(settings.coin, 1.0);
+    EXPECT_EQ(settings.credits, 0);
+    EXPECT_EQ(settings.bet, 1);
+    EXPECT_EQ(settings.speed, Speed::kSlow);
+    EXPECT_TRUE(settings.sounds);
+    EXPECT_FALSE(settings.doubleUp);
+    EXPECT_EQ(settings.dollarIn, 2147483647);
+    for (const char* coin : {"0", "0.1", "1e999", "nan", "x", "", "100"}) {
+        EXPECT_EQ(Coin(coin), 1.0) << coin;
+    }
+    EXPECT_EQ(Coin("0.05"), 0.05);
+    EXPECT_EQ(Coin(" .250"), 0.25);
+    EXPECT_EQ(Coin("0.5 "), 0.5);
+}
+
+TEST_F(SettingsTest, TheNameOfTheGameDecides) {
+    EXPECT_EQ(Game("GameID=330\nGameName=Deuces Wild\n"), "330 Deuces Wild(0)");
+    EXPECT_EQ(Game("GameID=77\nGameName=Deuces Wild\n"), "330 Deuces Wild(0)");
+    EXPECT_EQ(Game("GameID=356\nGameName=Super Bonus Poker\n"), "356 Super Bonus Poker(0)");
+    EXPECT_EQ(Game("GameID=9003\nGameName=Mine\n"), "9003 Mine(0)");
+    EXPECT_EQ(Game("GameID=9007\nGameName=Odd\n"), "9007 Odd(0)") << "the id of its entry";
+    for (const char* unknown : {"GameID=330\nGameName=\n", "GameID=330\nGameName=Nobody's\n",
+                                "GameID=99999999999\n", "GameID=9001\nGameName=(\n"}) {
+        EXPECT_EQ(Game(unknown), "300 Jacks or Better(0)") << unknown;
+    }
+}
+
+TEST_F(SettingsTest, AnActiveTableIsOneThatExists) {
+    EXPECT_EQ(Game("[ActiveTbl]\njacks or better=2\n"), "300 Jacks or Better(2)");
+    EXPECT_EQ(Game("GameName=Mine\n[ActiveTbl]\nMine=1\nJacks or Better=2\n"), "9003 Mine(1)");
+    for (const char* nowhere : {"1", "3", "-1", "99999999999", "garbage"}) {
+        EXPECT_EQ(Game("[ActiveTbl]\nJacks or Better=" + std::string(nowhere) + "\n"),
+                  "300 Jacks or Better(0)")
+            << nowhere;
+    }
+}
+
+}  // namespace
