@@ -1,0 +1,21 @@
+// The cards of one hand: the deal, the draw, and the second draw of the double-draw games, with
+// what each pays and counts.
+#pragma once
+#include "game/GameEngine.h"
+
+// Deals when the engine is ready to, otherwise draws. A deal gives 0, a draw the credits that the
+// final hand pays. The bet is counted as played by an ordinary deal, but taken from the credits by
+// the caller.
+//
+// An ordinary deal takes the top ten cards of the order, five for the hand and five to replace
+// discards. A fixed hand deals its own cards and fills what it leaves open at random; in Error Log
+// mode the next logged hand is taken for the fixed one first. A fixed card that the deck does not
+// hold counts as open.
+int DealOrDraw(GameEngine& engine, const GameFiles& files);
+
+// New cards for the discards of a hand already drawn to, none of them in the hand; what the first
+// draw paid and counted is taken back, except for a fixed hand.
+void PrepareSecondDraw(GameEngine& engine);
+
+// The bits of the held flags.
+HoldMask HeldMask(const GameEngine& engine);

@@ -1,0 +1,61 @@
+// The machine: everything that one hand after the other is played on, as plain data. What is done
+// with it are the operations of this room; none of them knows a screen.
+#pragma once
+#include <array>
+#include <memory>
+#include <string>
+
+#include "core/analysis/HoldAnalysis.h"
+#include "core/cards/Deck.h"
+#include "core/eval/HandEvaluator.h"
+#include "core/paytable/PayTable.h"
+#include "core/store/Settings.h"
+#include "core/store/Statistics.h"
+
+class LineTableCache;
+class ProfileFile;
+
+// The files that a machine plays on. The objects outlive the engine.
+struct GameFiles {
+    ProfileFile& file;
+    std::string mainPath;  // pay tables
+    std::string gamePath;  // settings and statistics; may name another file from time to time
+};
+
+using HandCards = std::array<CardCode, kHandSize>;
+inline constexpr HandCards kNoCards = {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
+inline constexpr HandCards kCardBacks = {kCardBack, kCardBack, kCardBack, kCardBack, kCardBack};
+
+struct GameEngine {
+    MachineSettings settings;
+    Statistics statistics;
+    Deck deck;
+    PayTable payTable;
+    std::shared_ptr<const LineTables> lineTables;  // those of the pay table
+
+    HandCards hand = kCardBacks;
+    HandCards drawCards = kNoCards;  // replace discards from left to right, the first one first
+    HandCards dealtCopy = kNoCards;  // the hand as it was dealt
+    std::array<bool, kHandSize> held{};
+    HoldMask playedHold = 0;  // of the last draw
+    HoldAnalysis analysis;    // of the dealt hand
+    HandFeatures features;    // of the hand last classified
+
+    bool readyToDeal = true;  // the next DealOrDraw deals
+    bool handOver = true;     // no hand is in play
+    bool fixedHand = false;   // the fixed hand is dealt; credits and statistics stand still
+    bool handWins = false;    // the hand last classified is paid
+    bool charlieNow = false;
+    bool charlieOnDeal = false;
+    int dealtLine = -1;  // of the dealt and of the final hand; -1 none
+    int finalLine = -1;
+    int win = 0;          // credits paid for the last final hand
+    int replayIndex = 0;  // of the logged hand that Error Log mode deals next
+};
+
+// The section of the current game and table in the game file.
+std::string StatsSection(const GameEngine& engine);
+
+// Makes the table of the settings active: pay table, deck, line tables, statistics; the hand is
+// over. The hand that was fixed for the table counts as the one dealt, so that it can be analysed.
+void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables);
