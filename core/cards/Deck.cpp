@@ -39,6 +39,14 @@ void Deck::Shuffle(int passes) {
     }
 }
 
+void Deck::DrawTop(std::size_t count) {
+    const auto cards = static_cast<std::size_t>(table.deckSize);
+    for (std::size_t i = 0; i < std::min(count, cards); ++i) {
+        const auto j = random.IRandom(static_cast<int>(i), table.deckSize - 1);
+        std::swap(order[i], order[static_cast<std::size_t>(j)]);
+    }
+}
+
 CardCode Deck::DrawRandomCard(std::span<const CardCode> excluded) {
     for (;;) {
         const auto place = static_cast<std::size_t>(random.IRandom(0, table.deckSize - 1));

@@ -29,6 +29,10 @@ struct Deck {
     // generator is seeded anew.
     void Shuffle(int passes);
 
+    // Draws the first cards of the order anew, each from all that are left: every choice of them,
+    // in every order, is equally likely.
+    void DrawTop(std::size_t count);
+
     // A card that is none of the excluded ones. At most kMaxExcluded of them may be given: the
     // smallest deck has 52 cards, so there always is another.
     static constexpr std::size_t kMaxExcluded = 10;

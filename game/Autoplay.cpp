@@ -1,0 +1,63 @@
+#include "game/Autoplay.h"
+
+#include <algorithm>
+
+#include "game/BestPlay.h"
+#include "game/Dealing.h"
+#include "game/MachineCommands.h"
+
+namespace {
+
+constexpr int kDollarsEntered = 100;
+constexpr std::size_t kCardsOfHand = 2 * kHandSize;
+constexpr HoldMask kLeftPile = 28;
+constexpr HoldMask kRightPile = 25;
+constexpr HoldMask kPlayersTwo = 24;
+
+// The best hold is never an error, so nothing is ever asked.
+class NobodyAsked : public Player {
+  public:
+    bool GoesOnAfterError(const std::string&) override { return true; }
+};
+
+void Hold(GameEngine& engine, HoldMask mask) {
+    for (int i = 0; i < kHandSize; ++i) engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
+}
+
+// A pile is judged by the cards that are seen, and played by holding or replacing all of it.
+void ChoosePile(GameEngine& engine, const GameFiles& files, Player& player) {
+    const bool left = engine.analysis.best == kLeftPile;
+    Hold(engine, left ? kLeftPile : kRightPile);
+    CheckBestPlay(engine, files, player, true);
+    Hold(engine, left ? kStandPat : kPlayersTwo);
+}
+
+void PlayHand(GameEngine& engine, const GameFiles& files, Player& player) {
+    if (engine.settings.credits < engine.settings.bet) EnterDollars(engine, kDollarsEntered);
+    engine.settings.credits = AddCapped(engine.settings.credits, -engine.settings.bet);
+    engine.deck.DrawTop(kCardsOfHand);
+    DealOrDraw(engine, files);
+    if (engine.payTable.type == GameType::kPickEm) {
+        ChoosePile(engine, files, player);
+    } else {
+        Hold(engine, engine.analysis.best);
+        CheckBestPlay(engine, files, player, true);
+    }
+    DealOrDraw(engine, files);
+}
+
+}  // namespace
+
+std::int64_t PlayHands(GameEngine& engine, const GameFiles& files, std::int64_t hands,
+                       const AutoplayProgress& progress) {
+    if (engine.payTable.lines.empty()) return 0;
+    NobodyAsked player;
+    engine.settings.mode = PlayMode::kAutoHold;
+    engine.fixedHand = false;
+    for (std::int64_t played = 0; played < hands;) {
+        PlayHand(engine, files, player);
+        ++played;
+        if (progress && !progress(played)) return played;
+    }
+    return std::max<std::int64_t>(hands, 0);
+}
