@@ -15,7 +15,7 @@ show_analyser() {
     echo
     "$bin/tolvane-cli" hand "Jacks or Better" "AS KS QS JS 9H"
     echo
-    echo "Go on with ./run.sh hand, classify or analyze; ./run.sh help explains them."
+    echo "Go on with ./run.sh hand, classify, analyze or autoplay; ./run.sh help explains them."
 }
 
 "$root/tools/install-packages.sh"

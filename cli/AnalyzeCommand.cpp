@@ -52,7 +52,7 @@ class AnalyzeRun {
         std::optional<DetailFile> detail;
         if (path) detail.emplace(*path, chosen.payTable);
 
-        ProgressBar bar(note);
+        ProgressBar bar("Analyzing game...", note);
         GameAnalysisWatcher watcher;
         watcher.progress = [this, &bar](double done, double all) {
             bar.Show(done, all);

@@ -91,6 +91,31 @@ void AddBet(CLI::App& parser, Options& options) {
         ->type_name("N");
 }
 
+void AddHandsAndSeed(CLI::App& parser, Options& options) {
+    const auto readHands = [&options](const std::string& text) {
+        const auto hands = ReadNumber<std::int32_t>(text);
+        if (!hands || *hands < 1) {
+            throw CLI::ValidationError("--hands " + Quoted(text) +
+                                       ": write how many hands to play, from 1 to 2147483647");
+        }
+        options.hands = *hands;
+    };
+    const auto readSeed = [&options](const std::string& text) {
+        options.seed = ReadNumber<std::uint32_t>(text);
+        if (!options.seed) {
+            throw CLI::ValidationError("--seed " + Quoted(text) +
+                                       ": write a whole number from 0 to 4294967295");
+        }
+    };
+    parser.add_option_function<std::string>("--hands", readHands, "How many hands to play")
+        ->type_name("N")
+        ->required();
+    parser
+        .add_option_function<std::string>(
+            "--seed", readSeed, "The same seed gives the same hands; otherwise the clock's")
+        ->type_name("N");
+}
+
 void AddResultFiles(CLI::App& parser, Options& options) {
     AddResultFile(parser, "--summary", options.summaryPath,
                   "Write the figures for a spreadsheet; in a folder, the file is named after\n"

@@ -1,5 +1,6 @@
 // What the command line of a sub-command says, and the parts of the parser that read it.
 #pragma once
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -18,6 +19,8 @@ struct Options {
     bool allGames = false;                   // instead of a game
     std::optional<std::string> summaryPath;  // a file, or a folder for files of the usual names
     std::optional<std::string> detailPath;   // the same
+    std::int64_t hands = 0;                  // to play, at least 1
+    std::optional<std::uint32_t> seed;       // of the generator; otherwise the clock's
     bool cache = false;                      // write the analysis cache
 };
 
@@ -28,4 +31,5 @@ void AddGame(CLI::App& parser, Options& options);
 void AddGameOrAll(CLI::App& parser, Options& options);
 void AddCards(CLI::App& parser, Options& options, const std::string& help);
 void AddBet(CLI::App& parser, Options& options);
+void AddHandsAndSeed(CLI::App& parser, Options& options);
 void AddResultFiles(CLI::App& parser, Options& options);

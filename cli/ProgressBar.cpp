@@ -11,8 +11,8 @@ constexpr std::size_t kBarWidth = 40;
 
 }  // namespace
 
-ProgressBar::ProgressBar(std::string note)
-    : note(std::move(note)), onTerminal(isatty(STDERR_FILENO) == 1) {}
+ProgressBar::ProgressBar(std::string work, std::string note)
+    : work(std::move(work)), note(std::move(note)), onTerminal(isatty(STDERR_FILENO) == 1) {}
 
 ProgressBar::~ProgressBar() {
     if (width > 0) std::cerr << '\r' + std::string(width, ' ') + '\r' << std::flush;
@@ -31,9 +31,8 @@ void ProgressBar::Show(double done, double all) {
 
 void ProgressBar::Draw(int percent) {
     const auto full = static_cast<std::size_t>(percent) * kBarWidth / 100;
-    const std::string text = "Analyzing game..." + std::to_string(percent) + "% [" +
-                             std::string(full, '#') + std::string(kBarWidth - full, '.') + "]" +
-                             note;
+    const std::string text = work + std::to_string(percent) + "% [" + std::string(full, '#') +
+                             std::string(kBarWidth - full, '.') + "]" + note;
     // Percentages only rise, so that each line covers the one before.
     width = text.size();
     std::cerr << '\r' + text << std::flush;

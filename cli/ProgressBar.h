@@ -1,4 +1,4 @@
-// How far a game's analysis has come, in one line of the terminal. Nothing is drawn when standard
+// How far long work has come, in one line of the terminal. Nothing is drawn when standard
 // error is none.
 #pragma once
 #include <chrono>
@@ -6,8 +6,8 @@
 
 class ProgressBar {
   public:
-    // The note stands behind the bar.
-    explicit ProgressBar(std::string note);
+    // "Analyzing game..." and the like stands before the percentage, the note behind the bar.
+    ProgressBar(std::string work, std::string note);
     ~ProgressBar();  // leaves the line blank
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
@@ -21,6 +21,7 @@ class ProgressBar {
 
     void Draw(int percent);
 
+    std::string work;
     std::string note;
     bool onTerminal;
     int shownPercent = -1;

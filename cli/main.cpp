@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "cli/AnalyzeCommand.h"
+#include "cli/AutoplayCommand.h"
 #include "cli/ClassifyCommand.h"
 #include "cli/CommandLine.h"
 #include "cli/GamesCommand.h"
@@ -11,8 +12,8 @@
 #include "cli/Notes.h"
 
 int main(int argc, char** argv) {
-    const std::array commands = {GamesCommand(), ClassifyCommand(), HandCommand(),
-                                 AnalyzeCommand()};
+    const std::array commands = {GamesCommand(), ClassifyCommand(), HandCommand(), AnalyzeCommand(),
+                                 AutoplayCommand()};
     Answer answer = AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {

@@ -1,25 +1,34 @@
 #include "game/GameEngine.h"
 
+#include <utility>
+
 #include "core/analysis/LineTableCache.h"
 
 std::string StatsSection(const GameEngine& engine) {
     return TableSection(engine.settings.gameName, engine.settings.activeTable);
 }
 
-void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables) {
-    const MachineSettings& settings = engine.settings;
-    engine.payTable = LoadPayTable(files.file, settings.gameId, settings.gameName,
-                                   settings.activeTable, files.mainPath, files.gamePath);
+void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables) {
+    engine.payTable = std::move(table);
     engine.deck.Build(DeckOf(engine.payTable));
     engine.lineTables = tables.For(engine.payTable);
-    LoadStatistics(files.file, files.gamePath, StatsSection(engine), engine.deck.table.deckSize,
-                   engine.statistics);
     engine.hand = kCardBacks;
     engine.drawCards = kNoCards;
-    engine.dealtCopy = engine.statistics.setCards;
+    engine.dealtCopy = kNoCards;
     engine.held = {};
     engine.readyToDeal = engine.handOver = true;
     engine.handWins = engine.charlieNow = engine.charlieOnDeal = false;
     engine.dealtLine = engine.finalLine = -1;
     engine.win = 0;
+}
+
+void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables) {
+    const MachineSettings& settings = engine.settings;
+    UseTable(engine,
+             LoadPayTable(files.file, settings.gameId, settings.gameName, settings.activeTable,
+                          files.mainPath, files.gamePath),
+             tables);
+    LoadStatistics(files.file, files.gamePath, StatsSection(engine), engine.deck.table.deckSize,
+                   engine.statistics);
+    engine.dealtCopy = engine.statistics.setCards;
 }

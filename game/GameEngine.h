@@ -56,6 +56,9 @@ struct GameEngine {
 // The section of the current game and table in the game file.
 std::string StatsSection(const GameEngine& engine);
 
+// Makes a pay table active: its deck, its line tables; the hand is over.
+void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables);
+
 // Makes the table of the settings active: pay table, deck, line tables, statistics; the hand is
 // over. The hand that was fixed for the table counts as the one dealt, so that it can be analysed.
 void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables);

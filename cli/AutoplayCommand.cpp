@@ -1,0 +1,139 @@
+#include "cli/AutoplayCommand.h"
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <string_view>
+
+#include "cli/Interrupt.h"
+#include "cli/JsonText.h"
+#include "cli/ProgressBar.h"
+#include "cli/TableChoice.h"
+#include "cli/TextTable.h"
+#include "cli/Texts.h"
+#include "core/analysis/LineTableCache.h"
+#include "core/profile/ProfileFile.h"
+#include "game/Autoplay.h"
+#include "game/reports/StatisticsReport.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// What was played, and on what.
+struct Session {
+    ChosenTable chosen;
+    std::uint32_t seed = 0;
+    std::int64_t hands = 0;
+    double seconds = 0;
+    GameEngine engine;
+
+    double Return() const {
+        const Statistics& counted = engine.statistics;
+        return static_cast<double>(counted.creditsWon.total) / counted.creditsPlayed.total;
+    }
+    double HandsPerSecond() const { return static_cast<double>(hands) / seconds; }
+};
+
+void SetUp(const Options& options, LineTableCache& tables, Session& session) {
+    GameEngine& engine = session.engine;
+    engine.settings.gameId = session.chosen.game.id;
+    engine.settings.gameName = session.chosen.game.name;
+    engine.settings.activeTable = session.chosen.index;
+    engine.settings.bet = session.chosen.bet;
+    engine.settings.coin = options.coin;
+    UseTable(engine, session.chosen.payTable, tables);
+    session.seed = options.seed.value_or(static_cast<std::uint32_t>(SystemSeconds()));
+    engine.deck.random.RandomInit(session.seed);
+}
+
+// Without a game file: nothing that is played here is stored.
+void Play(std::int64_t hands, Session& session) {
+    ProfileFile none;
+    const GameFiles files{none, "", ""};
+    const Interrupt interrupt;
+    ProgressBar bar("Hands played...", "");
+    const auto start = std::chrono::steady_clock::now();
+    session.hands = PlayHands(session.engine, files, hands, [&](std::int64_t played) {
+        bar.Show(static_cast<double>(played), static_cast<double>(hands));
+        return !interrupt.Wanted();
+    });
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    session.seconds = time.count();
+}
+
+std::string AsJson(const Session& session, double coin) {
+    const ChosenTable& chosen = session.chosen;
+    Json json = {{"game", chosen.game.name},   {"table", chosen.index},
+                 {"bet", chosen.bet},          {"coin", coin},
+                 {"hands", session.hands},     {"seed", session.seed},
+                 {"counters", Json::object()}, {"lines", Json::array()}};
+    for (const CounterKey& key : CounterKeys()) {
+        json["counters"][std::string(key.key)] = (session.engine.statistics.*key.counter).total;
+    }
+    for (const PayLine& line : session.engine.payTable.lines) {
+        json["lines"].push_back(line.sessionWins);
+    }
+    json["return"] = session.Return();
+    json["handsPerSecond"] = session.HandsPerSecond();
+    return JsonText(json);
+}
+
+std::string Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return "";
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+// The report's lines are a label, the session's value and the value of all time, with tabs between
+// them. A run is a session of its own, so one of the two is enough.
+void AddBox(std::string_view box, TextTable& table) {
+    while (!box.empty()) {
+        const auto end = box.find("\r\n");
+        const auto line = box.substr(0, end);
+        box.remove_prefix(end == std::string_view::npos ? box.size() : end + 2);
+        const auto tab = line.find('\t');
+        if (tab == 0 || tab == std::string_view::npos) continue;  // headings
+        const auto value = line.substr(tab + 1);
+        const std::string number = Trimmed(value.substr(0, value.find('\t')));
+        if (number != "Session") table.AddRow({Trimmed(line.substr(0, tab)), number}, {});
+    }
+    table.AddRow({"", ""}, {});
+}
+
+std::string AsText(const Session& session, double coin) {
+    const GameEngine& engine = session.engine;
+    TextTable table({{"statistics"}, {"of the run", true}, {""}});
+    AddBox(StatisticsHands(engine, engine.statistics.sessionStart), table);
+    AddBox(StatisticsCredits(engine), table);
+    AddBox(StatisticsErrors(engine), table);
+    AddBox(StatisticsLines(engine, StatisticsDisplay::kHands), table);
+    const ChosenTable& chosen = session.chosen;
+    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
+           std::to_string(chosen.index) + ", bet " + std::to_string(chosen.bet) + " x " +
+           Dollars(coin) + ", seed " + std::to_string(session.seed) + "\n\n" + table.Text();
+}
+
+void AddArguments(CLI::App& parser, Options& options) {
+    AddGame(parser, options);
+    AddHandsAndSeed(parser, options);
+    AddBet(parser, options);
+}
+
+std::optional<Failure> RunAutoplay(const Options& options, std::string& output) {
+    Session session;
+    if (auto failure = ChooseTable(options, session.chosen)) return failure;
+    LineTableCache tables;
+    SetUp(options, tables, session);
+    Play(options.hands, session);
+    output += options.json ? AsJson(session, options.coin) : AsText(session, options.coin);
+    if (session.hands == options.hands) return std::nullopt;
+    return Failure{kFailed, "cancelled: " + std::to_string(session.hands) + " of " +
+                                std::to_string(options.hands) + " hands were played"};
+}
+
+}  // namespace
+
+Command AutoplayCommand() {
+    return {"autoplay", "Plays hands with the best holds and prints the statistics", AddArguments,
+            RunAutoplay};
+}

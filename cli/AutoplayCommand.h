@@ -1,0 +1,4 @@
+#pragma once
+#include "cli/Command.h"
+
+Command AutoplayCommand();

@@ -1,0 +1,58 @@
+// Plays hands with the built program, as a user's shell starts it.
+#include "tests/cli/ProgramTest.h"
+
+namespace {
+
+class AutoplayCommandTest : public ProgramTest {};
+
+TEST_F(AutoplayCommandTest, TheSameSeedPlaysTheSameHands) {
+    const Printed run = Ask("autoplay 300 --hands 2000 --seed 7 --bet 4 --coin 0.25 --json");
+    EXPECT_EQ(run.status, 0) << run.problem;
+    const auto json = nlohmann::ordered_json::parse(run.output);
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : json.items()) keys.push_back(key);
+    EXPECT_EQ(keys, (std::vector<std::string>{"game", "table", "bet", "coin", "hands", "seed",
+                                              "counters", "lines", "return", "handsPerSecond"}));
+    EXPECT_EQ(json["hands"], 2000);
+    EXPECT_EQ(json["seed"], 7);
+    const auto& counters = json["counters"];
+    EXPECT_EQ(counters.size(), 12U);
+    EXPECT_EQ(counters["CreditsPlayed"], 8000);
+    EXPECT_EQ(counters["HandsPlayed"], 2000);
+    EXPECT_EQ(counters["PlayErrors"], 0);
+    int wins = 0;
+    for (const auto& line : json["lines"]) wins += line.get<int>();
+    EXPECT_EQ(counters["HandsWon"], wins);
+    EXPECT_NEAR(wins / 2000.0, 0.455, 0.05);
+    EXPECT_DOUBLE_EQ(json["return"].get<double>(), counters["CreditsWon"].get<double>() / 8000);
+
+    const auto again = nlohmann::ordered_json::parse(
+        Ask("autoplay 300 --hands 2000 --seed 7 --bet 4 --json").output);
+    EXPECT_EQ(again["counters"], counters);
+    EXPECT_EQ(again["lines"], json["lines"]);
+    const auto other = nlohmann::ordered_json::parse(
+        Ask("autoplay 300 --hands 2000 --seed 8 --bet 4 --json").output);
+    EXPECT_NE(other["lines"], json["lines"]);
+}
+
+TEST_F(AutoplayCommandTest, TextIsTheStatisticsReport) {
+    const Printed run = Ask("autoplay 'jacks or better' --hands 500 --seed 1");
+    EXPECT_EQ(run.status, 0) << run.problem;
+    EXPECT_NE(run.output.find("Jacks or Better"), std::string::npos);
+    EXPECT_NE(run.output.find("500"), std::string::npos);
+    EXPECT_NE(run.output.find("2,500"), std::string::npos) << "credits played";
+    EXPECT_EQ(run.output.find('\r'), std::string::npos);
+}
+
+TEST_F(AutoplayCommandTest, BadNumbersAreNamedWithTheirMend) {
+    for (const std::string arguments :
+         {"300", "300 --hands 0", "300 --hands -5", "300 --hands many", "300 --hands 5 --seed x",
+          "300 --hands 5 --seed -1", "300 --hands 5 --bet 9"}) {
+        const Printed run = Ask("autoplay " + arguments);
+        EXPECT_EQ(run.status, 2) << arguments;
+        EXPECT_EQ(run.output, "") << arguments;
+        EXPECT_EQ(std::ranges::count(run.problem, '\n'), 1) << run.problem;
+    }
+}
+
+}  // namespace
