@@ -50,7 +50,10 @@ TEST(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
                       4)
                 << name << ": " << table.lines[line].description;
         }
-        EXPECT_NEAR(counted.bestReturns.total / hands, exact.er / exact.cost * 5, 0.05) << name;
+        // The best returns of single hands scatter by some ten coins.
+        EXPECT_NEAR(counted.bestReturns.total / hands, exact.er / exact.cost * 5,
+                    50 / std::sqrt(hands))
+            << name;
     }
 }
 
