@@ -31,11 +31,6 @@ std::string Percent(std::string_view format, double value) {
 
 double Share(double part, double whole) { return whole == 0 ? 0 : part / whole; }
 
-// Coins for each coin bet when five are.
-int PayPerCoin(const PayLine& line) {
-    return line.maxPayout > line.payout ? line.maxPayout / kFullBet : line.payout;
-}
-
 std::string Odds(double probability) {
     return probability == 0 ? "never" : "1:" + Grouped("%.2f", 1 / probability);
 }
@@ -103,7 +98,7 @@ std::string LineTable(const GameReport& report) {
     };
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
         const PayLine& line = table.lines[i];
-        add(line.description, PayPerCoin(line), totals.summary[i],
+        add(line.description, LineCoinPay(line), totals.summary[i],
             LinePercentReturn(totals, table, i), totals.lineVariance[i]);
     }
     add("NOTHING", 0, totals.summaryNothing, 0, totals.nothingVariance);
@@ -159,7 +154,7 @@ Json LineAsJson(const GameReport& report, std::size_t number) {
     Json final = Json::array();
     for (const auto& ofDraw : totals.final) final.push_back(Count(ofDraw[number]));
     return {{"description", line.description},
-            {"payout", PayPerCoin(line)},
+            {"payout", LineCoinPay(line)},
             {"final", final},
             {"total", Count(totals.total[number])},
             {"summary", Count(totals.summary[number])},

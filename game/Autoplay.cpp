@@ -10,8 +10,6 @@ namespace {
 
 constexpr int kDollarsEntered = 100;
 constexpr std::size_t kCardsOfHand = std::size_t{2} * kHandSize;  // with those drawn
-constexpr HoldMask kLeftPile = 28;
-constexpr HoldMask kRightPile = 25;
 constexpr HoldMask kPlayersTwo = 24;
 
 // The best hold is never an error, so nothing is ever asked.

@@ -7,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "core/cards/CardText.h"
 #include "core/profile/ProfileFile.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
@@ -18,7 +19,6 @@ constexpr std::string_view kColumns =
     "Payout;Draw 0;Draw 1;Draw 2;Draw 3;Draw 4;Draw 5;Total;Summary;Odds;%Return;Variance";
 constexpr std::string_view kDetailColumns =
     "Hand;BestPlay;CardsDrawn;ER;SuitCombos;TotHands;Nothing;";
-constexpr std::string_view kSuitChars = "?SHCD$";  // by Suit
 constexpr std::size_t kBufferSize = 1 << 18;
 // More than any line takes: cards and hold 21 characters, a double in fixed notation at most 317,
 // and 18 more numbers of at most 20.
@@ -48,15 +48,10 @@ std::string Odds(const GameTotals& totals, double summary) {
     return "1:" + Grouped("%.2f", summary == 0 ? 0 : totals.denominator / summary);
 }
 
-// What the line pays for each coin: at the full bet where that is more.
-int CoinPayout(const PayLine& line) {
-    return line.maxPayout > line.payout ? line.maxPayout / kFullBet : line.payout;
-}
-
 std::string LineRow(const GameTotals& totals, const PayTable& table, std::size_t line) {
     std::array<double, kDraws> hands{};
     for (std::size_t drawn = 0; drawn < kDraws; ++drawn) hands[drawn] = totals.final[drawn][line];
-    const std::string payout = std::to_string(CoinPayout(table.lines[line]));
+    const std::string payout = std::to_string(LineCoinPay(table.lines[line]));
     return FormatNumber(payout, false, false) + ';' + HandsByDraw(hands) +
            Hands(totals.total[line]) + ';' + Hands(totals.summary[line]) + ';' +
            Odds(totals, totals.summary[line]) + ';' +
@@ -114,8 +109,7 @@ class LineWriter {
         }
         Char(RankChar(face.rank));
         if (face.rank == 0) return;
-        const auto suit = static_cast<std::size_t>(face.suit);
-        Char(kSuitChars[suit < kSuitChars.size() ? suit : 0]);
+        Char(SuitChar(face.suit));
     }
 
     void Cards(const HandFaces& cards) {

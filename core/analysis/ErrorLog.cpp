@@ -9,7 +9,6 @@
 namespace {
 
 constexpr std::size_t kEntryBuffer = 81;
-constexpr HoldMask kLeftPile = 28;
 
 std::string ErrorKey(int index) { return "Error" + std::to_string(index); }
 

@@ -14,8 +14,7 @@ namespace {
 using Ranks = std::array<int, kHandSize>;  // 0 a joker
 
 constexpr std::size_t kEmptyPosition = 2;  // of Pick 'Em hands
-constexpr HoldMask kPickEmFirstPile = 28;
-constexpr HoldMask kPickEmFirstPileHeld = 26;  // position 3 holds the first pile's card here
+constexpr HoldMask kLeftPileHeld = 26;     // position 3 holds the left pile's card here
 constexpr double kAceGameFactor = 5;  // hands count five times where the order of the aces pays
 constexpr double kPickEmFactor = 6;   // ways to choose the player's two of four cards
 
@@ -270,7 +269,7 @@ class GameRun {
         known.firstDraw = cards[4];
         AnalyzeHand(tables, table, known, kFullBet, coin, analysis);
         TakeBest(analysis, best);
-        if (best.mask == kPickEmFirstPile) best.mask = kPickEmFirstPileHeld;
+        if (best.mask == kLeftPile) best.mask = kLeftPileHeld;
     }
 
     void Add(const PlayedHand& hand) {

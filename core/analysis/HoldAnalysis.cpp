@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr std::size_t kFirstPile = 28;
-constexpr std::size_t kOtherPile = 25;
 constexpr int kPickEmDraw = 2;
 
 using LinePays = std::array<std::uint32_t, kLanes>;  // coins, by lane
@@ -186,12 +184,12 @@ void AnalyzePickEm(const LineTables& tables, const KnownCards& cards, const Line
                    double coin, HoldAnalysis& analysis) {
     const HandFaces& hand = cards.hand;
     const CardFace otherPile = cards.firstDraw;
-    HoldResult& firstHold = analysis.holds[kFirstPile];
-    HoldResult& otherHold = analysis.holds[kOtherPile];
+    HoldResult& firstHold = analysis.holds[kLeftPile];
+    HoldResult& otherHold = analysis.holds[kRightPile];
     AnalyzePile(tables, {hand[0], hand[1], hand[2]}, otherPile, pays, coin, firstHold);
     AnalyzePile(tables, {hand[0], hand[1], otherPile}, hand[2], pays, coin, otherHold);
     const bool otherIsBetter = otherHold.expectedReturn > firstHold.expectedReturn;
-    analysis.best = static_cast<HoldMask>(otherIsBetter ? kOtherPile : kFirstPile);
+    analysis.best = otherIsBetter ? kRightPile : kLeftPile;
     analysis.bestReturn = (otherIsBetter ? otherHold : firstHold).expectedReturn;
 }
 

@@ -13,13 +13,6 @@ constexpr unsigned kBlackBits = 0b0101;
 
 bool IsRed(std::size_t suit) { return suit % 2 == 1; }
 
-bool IsWildCard(const DeckDescription& deck, int rank, int suit) {
-    if (!deck.usesWilds) return false;
-    const bool oneEyed = rank == 11 && (suit == kSpades || suit == kHearts);
-    return rank == 0 || (deck.oneEyedJacksWild && oneEyed) ||
-           std::ranges::find(deck.wildRanks, rank) != deck.wildRanks.end();
-}
-
 bool KeepsWildCards(const SuitRenaming& renaming, const DeckDescription& deck) {
     for (int rank = 1; rank <= 13; ++rank) {
         for (int suit = 0; suit < kSuits; ++suit) {

@@ -38,8 +38,6 @@ struct HandShape {
     int aces = 0;
     std::array<bool, 6>
         pairedPositions{};  // Pick 'Em: (0,1) (0,3) (0,4) (1,3) (1,4) (3,4) are of one rank
-
-    bool operator==(const HandShape&) const = default;
 };
 
 inline constexpr std::array<std::array<int, 2>, 6> kPickEmPairs = {
@@ -63,9 +61,6 @@ class SuitPatternTables {
 
     // No rows for a shape that has no table: such ranks are no hand.
     std::span<const SuitPattern> Select(const HandShape& shape) const;
-
-    // In the order in which the shapes are tried.
-    std::span<const SuitPattern> Table(std::size_t number) const { return tables[number]; }
 
   private:
     GameType type;

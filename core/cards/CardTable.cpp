@@ -39,17 +39,6 @@ class SlotFiller {
     CardCode next = 0;
 };
 
-bool IsWild(const CardInfo& card, const DeckDescription& deck) {
-    if (!deck.usesWilds) return false;
-    if (card.rank == 0) return true;
-    if (deck.oneEyedJacksWild && card.rank == kJack &&
-        (card.suit == kSpades || card.suit == kHearts)) {
-        return true;
-    }
-    const auto end = std::ranges::find(deck.wildRanks, -1);
-    return std::find(deck.wildRanks.begin(), end, card.rank) != end;
-}
-
 }  // namespace
 
 CardTable BuildCardTable(const DeckDescription& deck) {
@@ -73,9 +62,18 @@ CardTable BuildCardTable(const DeckDescription& deck) {
     table.cards[kCardBack] = {0, kNoSuit, false, "Card Back"};
     for (int slot = 0; slot < table.deckSize; ++slot) {
         auto& card = table.cards[static_cast<std::size_t>(slot)];
-        card.wild = IsWild(card, deck);
+        card.wild = IsWildCard(deck, card.rank, card.suit);
     }
     return table;
+}
+
+bool IsWildCard(const DeckDescription& deck, int rank, int suit) {
+    if (!deck.usesWilds) return false;
+    if (rank == 0) return true;
+    const bool oneEyed = rank == kJack && (suit == kSpades || suit == kHearts);
+    if (deck.oneEyedJacksWild && oneEyed) return true;
+    const auto end = std::ranges::find(deck.wildRanks, -1);
+    return std::find(deck.wildRanks.begin(), end, rank) != end;
 }
 
 CardCode FindCard(const CardTable& table, int rank, int suit) {

@@ -53,5 +53,9 @@ struct CardTable {
 // filled.
 CardTable BuildCardTable(const DeckDescription& deck);
 
+// Whether a card is wild in the deck's game, by what is printed on it: jokers, single jacks, wild
+// ranks.
+bool IsWildCard(const DeckDescription& deck, int rank, int suit);
+
 // The first dealt card of that rank and suit; kNoCard when there is none.
 CardCode FindCard(const CardTable& table, int rank, int suit);

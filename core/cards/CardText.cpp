@@ -87,6 +87,11 @@ std::string WrongCount(std::size_t given, std::size_t wanted) {
 
 }  // namespace
 
+char SuitChar(int suit) {
+    const auto at = static_cast<std::size_t>(suit);
+    return kSuitChars[suit > 0 && at < kSuitChars.size() ? at : 0];
+}
+
 ParsedCards ParseCards(std::string_view text, const CardTable& table, std::size_t count) {
     ParsedCards parsed;
     const auto words = Words(text);
@@ -108,6 +113,6 @@ std::string CardText(const CardTable& table, CardCode card) {
     if (card < 0 || card >= table.deckSize) return "__";
     const auto& info = table.cards[static_cast<std::size_t>(card)];
     std::string text(1, RankChar(info.rank));
-    if (info.rank != 0) text += kSuitChars[static_cast<std::size_t>(info.suit)];
+    if (info.rank != 0) text += SuitChar(info.suit);
     return text;
 }

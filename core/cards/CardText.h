@@ -7,6 +7,9 @@
 
 #include "core/cards/CardTable.h"
 
+// 'S', 'H', 'C', 'D' and '$' for the suits 1..5; '?' for anything else.
+char SuitChar(int suit);
+
 struct ParsedCards {
     std::vector<CardCode> cards;  // as many as were asked for; empty when the text is wrong
     std::string problem;  // what is wrong and how to mend it, one line; empty when nothing is

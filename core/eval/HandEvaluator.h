@@ -13,6 +13,10 @@ inline constexpr int kHandSize = 5;
 // Held positions as bits, 16 the leftmost card, 1 the rightmost: 0 discards all, 31 stands pat.
 using HoldMask = int;
 inline constexpr HoldMask kStandPat = 31;
+// How the two piles of Pick 'Em are written as holds: the player's two cards and the top of the
+// left pile, or of the right one.
+inline constexpr HoldMask kLeftPile = 28;
+inline constexpr HoldMask kRightPile = 25;
 
 // True when the mask holds the position 0..4 from the left.
 constexpr bool Holds(HoldMask mask, int position) { return ((mask >> (4 - position)) & 1) != 0; }

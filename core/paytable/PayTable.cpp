@@ -154,6 +154,10 @@ bool HasLine(const PayTable& table, HandRank rank) {
                                [rank](const PayLine& line) { return line.rank == rank; });
 }
 
+int LineCoinPay(const PayLine& line) {
+    return line.maxPayout > line.payout ? line.maxPayout / kFullBet : line.payout;
+}
+
 int LineUnitPay(const PayTable& table, int line, int bet) {
     if (line < 0 || line >= static_cast<int>(table.lines.size()) || bet < 1) return 0;
     const PayLine& payLine = table.lines[static_cast<std::size_t>(line)];

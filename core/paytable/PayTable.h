@@ -90,6 +90,10 @@ DeckDescription DeckOf(const PayTable& table);
 
 bool HasLine(const PayTable& table, HandRank rank);
 
+// What a line pays for each coin at the full bet where that is more than its payout, otherwise the
+// payout: whole coins, as reports show it.
+int LineCoinPay(const PayLine& line);
+
 // What a line pays for a bet, in coins; 0 when there is no such line or the bet is below 1. A pay
 // past 32 bits is the largest 32-bit number.
 int LineUnitPay(const PayTable& table, int line, int bet);

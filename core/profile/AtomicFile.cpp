@@ -9,10 +9,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 
 namespace {
 
+constexpr std::size_t kReadSize = 65536;
 constexpr int kMaxLinks = 40;          // as many as the system itself follows
 constexpr int kMaxNameAttempts = 100;  // leftovers of crashed programs may hold the first names
 constexpr mode_t kPrivateMode = 0600;
@@ -78,6 +80,23 @@ void SyncFolder(const std::filesystem::path& folder) {
 }
 
 }  // namespace
+
+// Plain files only: a folder opens but cannot be read, a pipe would be waited for, a device has no
+// end.
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return std::nullopt;
+    std::string contents;
+    std::string piece(kReadSize, '\0');
+    while (file) {
+        file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+        contents.append(piece, 0, static_cast<std::size_t>(file.gcount()));
+    }
+    if (file.bad()) return std::nullopt;
+    return contents;
+}
 
 bool ReplaceFile(const std::string& path, std::string_view contents) {
     const auto target = BehindLinks(path);

@@ -1,8 +1,13 @@
-// Writing a file so that its old contents are there until the new ones are, whatever happens in
-// between.
+// Reading a file as a whole, and writing it so that its old contents are there until the new ones
+// are, whatever happens in between.
 #pragma once
+#include <optional>
 #include <string>
 #include <string_view>
+
+// Nothing when the path names something else than a plain file, or when not all of it could be
+// read.
+std::optional<std::string> ReadWholeFile(const std::string& path);
 
 // Gives the file at path these contents. They are written to a file beside it, brought to the disk
 // and renamed over the old one. A symbolic link stays: the file behind it is replaced. The new file

@@ -1,8 +1,6 @@
 #include "core/profile/ProfileFile.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 
 #include "core/profile/AtomicFile.h"
 #include "core/text/Numbers.h"
@@ -10,24 +8,6 @@
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kReadSize = 65536;
-
-// Plain files only: a folder opens but cannot be read, a pipe would be waited for, a device has no
-// end.
-std::optional<std::string> ReadWholeFile(const std::string& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
-    std::string contents;
-    std::string piece(kReadSize, '\0');
-    while (file) {
-        file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
-        contents.append(piece, 0, static_cast<std::size_t>(file.gcount()));
-    }
-    if (file.bad()) return std::nullopt;
-    return contents;
-}
 
 // Takes the first line off the text, without its line break. All carriage returns before the line
 // feed belong to the break: dropping only the last would shorten the line again at every reading.

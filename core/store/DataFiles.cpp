@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
@@ -31,19 +30,6 @@ fs::path UserDataFolder(const DataEnvironment& environment) {
     const fs::path home = environment.home;
     if (home.is_absolute()) return home / ".local" / "share" / "Tolvane";
     return {};
-}
-
-// Nothing unless all of it could be read.
-std::optional<std::string> ReadWholeFile(const std::string& path) {
-    std::error_code error;
-    if (!fs::is_regular_file(path, error)) return std::nullopt;
-    const auto size = fs::file_size(path, error);
-    if (error) return std::nullopt;
-    std::string contents(size, '\0');
-    std::ifstream file(path, std::ios::binary);
-    file.read(contents.data(), static_cast<std::streamsize>(size));
-    if (!file) return std::nullopt;
-    return contents;
 }
 
 }  // namespace
