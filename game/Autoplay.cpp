@@ -13,33 +13,30 @@ constexpr std::size_t kCardsOfHand = std::size_t{2} * kHandSize;  // with those 
 constexpr HoldMask kPlayersTwo = 24;
 
 // The best hold is never an error, so nothing is ever asked.
-class NobodyAsked : public Player {
-  public:
-    bool GoesOnAfterError(const std::string&) override { return true; }
-};
+const GoesOnAfterError kNobodyAsked = [](const std::string&) { return true; };
 
 void Hold(GameEngine& engine, HoldMask mask) {
     for (int i = 0; i < kHandSize; ++i) engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
 }
 
 // A pile is judged by the cards that are seen, and played by holding or replacing all of it.
-void ChoosePile(GameEngine& engine, const GameFiles& files, Player& player) {
+void ChoosePile(GameEngine& engine, const GameFiles& files) {
     const bool left = engine.analysis.best == kLeftPile;
     Hold(engine, left ? kLeftPile : kRightPile);
-    CheckBestPlay(engine, files, player, true);
+    CheckBestPlay(engine, files, kNobodyAsked, true);
     Hold(engine, left ? kStandPat : kPlayersTwo);
 }
 
-void PlayHand(GameEngine& engine, const GameFiles& files, Player& player) {
+void PlayHand(GameEngine& engine, const GameFiles& files) {
     if (engine.settings.credits < engine.settings.bet) EnterDollars(engine, kDollarsEntered);
     engine.settings.credits = AddCapped(engine.settings.credits, -engine.settings.bet);
     engine.deck.DrawTop(kCardsOfHand);
     DealOrDraw(engine, files);
     if (engine.payTable.type == GameType::kPickEm) {
-        ChoosePile(engine, files, player);
+        ChoosePile(engine, files);
     } else {
         Hold(engine, engine.analysis.best);
-        CheckBestPlay(engine, files, player, true);
+        CheckBestPlay(engine, files, kNobodyAsked, true);
     }
     DealOrDraw(engine, files);
 }
@@ -49,11 +46,10 @@ void PlayHand(GameEngine& engine, const GameFiles& files, Player& player) {
 std::int64_t PlayHands(GameEngine& engine, const GameFiles& files, std::int64_t hands,
                        const AutoplayProgress& progress) {
     if (engine.payTable.lines.empty()) return 0;
-    NobodyAsked player;
     engine.settings.mode = PlayMode::kAutoHold;
     engine.fixedHand = false;
     for (std::int64_t played = 0; played < hands;) {
-        PlayHand(engine, files, player);
+        PlayHand(engine, files);
         ++played;
         if (progress && !progress(played)) return played;
     }

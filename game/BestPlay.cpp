@@ -18,7 +18,8 @@ void LogError(GameEngine& engine, const GameFiles& files, const ErrorLogEntry& e
 
 }  // namespace
 
-bool CheckBestPlay(GameEngine& engine, const GameFiles& files, Player& player, bool log) {
+bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfterError& goesOn,
+                   bool log) {
     const HoldMask held = HeldMask(engine);
     const double best = engine.analysis.bestReturn;
     const double own = engine.analysis.holds[static_cast<std::size_t>(held)].expectedReturn;
@@ -30,15 +31,14 @@ bool CheckBestPlay(GameEngine& engine, const GameFiles& files, Player& player, b
         engine.dealtCopy, engine.drawCards, engine.analysis.best, held, best, own};
     if (counts) LogError(engine, files, entry);
     const bool pickEm = engine.payTable.type == GameType::kPickEm;
-    return player.GoesOnAfterError(
-        BestPlayErrorText(entry, engine.deck.table, pickEm, engine.settings.coin));
+    return goesOn(BestPlayErrorText(entry, engine.deck.table, pickEm, engine.settings.coin));
 }
 
-bool CheckDrawAgain(const GameEngine& engine, Player& player, bool drawsAgain) {
+bool CheckDrawAgain(const GameEngine& engine, const GoesOnAfterError& goesOn, bool drawsAgain) {
     const auto& play = engine.analysis.drawAgain[static_cast<std::size_t>(engine.playedHold)];
     const bool drawingIsBest = engine.finalLine >= play.drawAgainLine;
     if (drawsAgain) {
-        return drawingIsBest || player.GoesOnAfterError(std::string(kBetterToHold));
+        return drawingIsBest || goesOn(std::string(kBetterToHold));
     }
-    return drawingIsBest && !player.GoesOnAfterError(std::string(kBetterToDrawAgain));
+    return drawingIsBest && !goesOn(std::string(kBetterToDrawAgain));
 }

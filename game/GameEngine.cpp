@@ -4,6 +4,11 @@
 
 #include "core/analysis/LineTableCache.h"
 
+bool FeaturePending(const GameEngine& engine) {
+    return engine.doubleUpPick || engine.redBlackPending || engine.spinPending ||
+           engine.targetPending;
+}
+
 std::string StatsSection(const GameEngine& engine) {
     return TableSection(engine.settings.gameName, engine.settings.activeTable);
 }
@@ -20,6 +25,10 @@ void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables) {
     engine.handWins = engine.charlieNow = engine.charlieOnDeal = false;
     engine.dealtLine = engine.finalLine = -1;
     engine.win = 0;
+    engine.handInProgress = false;
+    engine.doubleUpOffered = engine.doubleUpPick = false;
+    engine.doubleUpClosed = true;
+    engine.redBlackPending = engine.spinPending = engine.targetPending = false;
 }
 
 void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables) {

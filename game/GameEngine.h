@@ -41,17 +41,32 @@ struct GameEngine {
     HoldAnalysis analysis;    // of the dealt hand
     HandFeatures features;    // of the hand last classified
 
-    bool readyToDeal = true;  // the next DealOrDraw deals
-    bool handOver = true;     // no hand is in play
-    bool fixedHand = false;   // the fixed hand is dealt; credits and statistics stand still
-    bool handWins = false;    // the hand last classified is paid
+    bool readyToDeal = true;      // the next DealOrDraw deals
+    bool handOver = true;         // no hand is in play
+    bool fixedHand = false;       // the fixed hand is dealt; credits and statistics stand still
+    bool handWins = false;        // the hand last classified is paid
+    bool handInProgress = false;  // from Deal to the last offer after the draw: no idle shuffling
     bool charlieNow = false;
     bool charlieOnDeal = false;
     int dealtLine = -1;  // of the dealt and of the final hand; -1 none
     int finalLine = -1;
     int win = 0;          // credits paid for the last final hand
     int replayIndex = 0;  // of the logged hand that Error Log mode deals next
+
+    bool doubleUpOffered = false;  // the DBL UP button may be pressed
+    bool doubleUpPick = false;     // a double up waits for a card
+    bool doubleUpClosed = true;    // the pick is decided
+    bool redBlackPending = false;  // a feature waits for the player
+    bool spinPending = false;
+    bool targetPending = false;
+    int bonusStake = 0;  // credits gathered in a feature, or at stake in a double up
+    int doubleUpTo = 0;  // credits at stake after the next pick that is won
+    bool countingUp = false;
+    bool stopCountUp = false;
 };
+
+// A feature or a double up waits for the player, who can do nothing else at the table.
+bool FeaturePending(const GameEngine& engine);
 
 // The section of the current game and table in the game file.
 std::string StatsSection(const GameEngine& engine);

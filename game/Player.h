@@ -1,7 +1,23 @@
-// The questions that a game must have answered before it goes on. The window asks them in dialogs,
-// a test from a list.
+// The questions that a flow must have answered before it goes on, and what the player is told. The
+// window asks in dialogs, a test from a list.
 #pragma once
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
+
+struct GameEngine;
+
+enum class MessageIcon { kNone, kExclamation, kError };
+
+// Shown while long work goes on; gone with the object.
+class Progress {
+  public:
+    virtual ~Progress() = default;
+
+    // Lets what the player does through. False when the player has cancelled the work.
+    virtual bool Show(const std::string& text, int percent) = 0;
+};
 
 class Player {
   public:
@@ -9,4 +25,23 @@ class Player {
 
     // Shown when a hold is not the best one; true to go on all the same.
     virtual bool GoesOnAfterError(const std::string& message) = 0;
+
+    // Yes or No, which is what closing the question means.
+    virtual bool SaysYes(const std::string& caption, const std::string& question) = 0;
+    virtual void IsTold(const std::string& caption, const std::string& text, MessageIcon icon) = 0;
+
+    // Nothing when cancelled; otherwise 1..kMostDollars, beginning with the one proposed.
+    virtual std::optional<int> EntersDollars(int proposed) = 0;
+    virtual std::optional<std::int64_t> EntersHandCount() = 0;
+
+    // Lets the player choose the fixed hand of an engine; false when cancelled, and nothing
+    // changed.
+    virtual bool AssignsFixedHand(GameEngine& engine) = 0;
+
+    // Full paths; nothing when cancelled. A file to be saved may exist: its loss is agreed to.
+    virtual std::optional<std::string> ChoosesFileToOpen(const std::string& folder) = 0;
+    virtual std::optional<std::string> ChoosesFileToSave(const std::string& proposed) = 0;
+
+    virtual std::unique_ptr<Progress> SeesProgress(const std::string& text) = 0;
+    virtual void ReadsStatistics(const GameEngine& engine) = 0;
 };

@@ -8,11 +8,11 @@
 namespace {
 
 // Remembers what it was told, and gives one answer.
-class Told : public Player {
+class Told {
   public:
     explicit Told(bool answer) : answer(answer) {}
 
-    bool GoesOnAfterError(const std::string& message) override {
+    bool operator()(const std::string& message) {
         messages.push_back(message);
         return answer;
     }
@@ -27,7 +27,7 @@ TEST(BestPlayTest, TheBestHoldIsCountedWithoutAWord) {
     machine.Stack("JS JD TC 9H 2S", 5);
     machine.DealOrDraw();
     machine.Hold(machine.engine.analysis.best);
-    EXPECT_TRUE(CheckBestPlay(machine.engine, machine.files, player, true));
+    EXPECT_TRUE(CheckBestPlay(machine.engine, machine.files, std::ref(player), true));
     EXPECT_TRUE(player.messages.empty());
     EXPECT_EQ(machine.engine.statistics.bestReturns.total, machine.engine.analysis.bestReturn);
     EXPECT_EQ(machine.engine.statistics.playErrors, Counter{});
@@ -41,8 +41,8 @@ TEST(BestPlayTest, AnErrorIsSaidEveryTimeAndLoggedOnce) {
     machine.Stack("JS JD TC 9H 2S", 5);
     machine.DealOrDraw();
     machine.Hold(0b10000);
-    EXPECT_FALSE(CheckBestPlay(engine, machine.files, player, true));
-    EXPECT_FALSE(CheckBestPlay(engine, machine.files, player, false));
+    EXPECT_FALSE(CheckBestPlay(engine, machine.files, std::ref(player), true));
+    EXPECT_FALSE(CheckBestPlay(engine, machine.files, std::ref(player), false));
     ASSERT_EQ(player.messages.size(), 2U);
     EXPECT_EQ(player.messages[0].substr(0, 53),
               "JJ___ is the best play for this hand. Continue?\r\n\r\nBe");
@@ -66,7 +66,7 @@ TEST(BestPlayTest, APracticedErrorIsSaidButNotLogged) {
     machine.DealOrDraw();
     engine.settings.mode = PlayMode::kErrorLog;
     machine.Hold(0);
-    EXPECT_TRUE(CheckBestPlay(engine, machine.files, player, true));
+    EXPECT_TRUE(CheckBestPlay(engine, machine.files, std::ref(player), true));
     EXPECT_EQ(player.messages.size(), 1U);
     EXPECT_EQ(engine.statistics.playErrors, Counter{});
     EXPECT_EQ(engine.statistics.bestReturns, DollarSum{});
@@ -83,16 +83,16 @@ TEST(BestPlayTest, DrawingAgainIsJudgedByTheLineOfTheFirstDraw) {
     ASSERT_EQ(engine.finalLine, again) << "the pair of aces alone";
     Told yes(true);
     Told no(false);
-    EXPECT_TRUE(CheckDrawAgain(engine, yes, true));
+    EXPECT_TRUE(CheckDrawAgain(engine, std::ref(yes), true));
     EXPECT_TRUE(yes.messages.empty());
-    EXPECT_FALSE(CheckDrawAgain(engine, yes, false)) << "holds all the same";
-    EXPECT_TRUE(CheckDrawAgain(engine, no, false)) << "thinks better of it";
+    EXPECT_FALSE(CheckDrawAgain(engine, std::ref(yes), false)) << "holds all the same";
+    EXPECT_TRUE(CheckDrawAgain(engine, std::ref(no), false)) << "thinks better of it";
     EXPECT_EQ(no.messages.back(), "The best play is to draw again. Do you still wish to hold?");
     engine.finalLine = again - 1;
-    EXPECT_FALSE(CheckDrawAgain(engine, no, true));
+    EXPECT_FALSE(CheckDrawAgain(engine, std::ref(no), true));
     EXPECT_EQ(no.messages.back(), "The best play is to hold. Do you still wish to draw again?");
-    EXPECT_TRUE(CheckDrawAgain(engine, yes, true));
-    EXPECT_FALSE(CheckDrawAgain(engine, yes, false));
+    EXPECT_TRUE(CheckDrawAgain(engine, std::ref(yes), true));
+    EXPECT_FALSE(CheckDrawAgain(engine, std::ref(yes), false));
 }
 
 }  // namespace

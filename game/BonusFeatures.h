@@ -1,0 +1,21 @@
+// The features that a table may add to a hand: Red or Black after five cards of one colour, Spin
+// and Target by chance. Each waits for the player, and pays credits beside the hand's own win.
+#pragma once
+#include "game/GameTable.h"
+
+// What a draw of 1..200 multiplies the bet with.
+int SpinMultiplier(int draw);
+int TargetMultiplier(int draw);
+
+// After a final hand: one hand in 150 starts Spin, one in 150 Target, and five cards of one colour
+// start Red or Black, each where the table has it.
+void StartFeatures(GameTable& table);
+
+// The player's actions; nothing while the feature does not wait for them.
+void Spin(GameTable& table);
+void Shoot(GameTable& table, int target);  // 0..4
+void GuessColour(GameTable& table, CardColour colour);
+
+// Ends whatever waits, a double up too, before the game is changed or left: what the player has
+// won in it so far is paid.
+void SettleFeatures(GameTable& table);

@@ -1,0 +1,89 @@
+#include "game/FixedHand.h"
+
+#include "core/analysis/ErrorLog.h"
+#include "game/Dealing.h"
+#include "game/HandFlow.h"
+#include "game/WinDisplay.h"
+
+namespace {
+
+bool HasHandToDeal(GameTable& table) {
+    return table.engine.settings.mode != PlayMode::kErrorLog || NextLoggedHandAvailable(table);
+}
+
+void ClearMarks(GameTable& table) {
+    ClearLine(table, table.engine.finalLine);
+    if (table.engine.dealtLine != table.engine.finalLine) ClearLine(table, table.engine.dealtLine);
+}
+
+// A hand that is dealt again turns its cards over at any speed, or nothing would be seen of it.
+void ShowBacksOfAll(GameTable& table) {
+    for (int i = 0; i < kHandSize; ++i) {
+        table.display.ShowHeld(i, false);
+        table.display.ShowCard(i, kCardBack);
+    }
+}
+
+// The dealt hand, if there is one, is given up for the next one.
+void DealAgain(GameTable& table) {
+    GameEngine& engine = table.engine;
+    const bool first = engine.handOver;
+    engine.readyToDeal = engine.handOver = true;
+    engine.handInProgress = false;
+    ClearMarks(table);
+    engine.finalLine = -1;
+    engine.held = {};
+    table.bonusShown = false;
+    if (engine.doubleUpOffered) WithdrawDoubleUp(table);
+    ShowCredits(table);
+    table.display.ShowMessage("GOOD LUCK!");
+    table.logFlag = true;
+    const bool pickEm = engine.payTable.type == GameType::kPickEm;
+    if (pickEm) {
+        ClearPickEmPlaces(table);
+    } else {
+        first ? ShowBacks(table) : ShowBacksOfAll(table);
+        if (engine.payTable.gameId == kSneakPeakGameId) table.display.ShowFirstDraw(kNoCard);
+    }
+    table.clock.Pause(DelaysOf(engine.settings.speed).deal);
+    DealOrDraw(engine, table.files);
+    if (pickEm) {
+        ShowPickEmDeal(table);
+    } else {
+        ShowDeal(table);
+    }
+}
+
+}  // namespace
+
+void AssignFixedHand(GameTable& table) {
+    if (!table.player.AssignsFixedHand(table.engine)) return;
+    table.engine.fixedHand = true;
+    DealDraw(table);
+}
+
+void FixedDealDraw(GameTable& table) {
+    const GameEngine& engine = table.engine;
+    if (engine.handOver && !CanBeginHand(table)) return;
+    const bool judged = !engine.handOver && engine.payTable.type != GameType::kPickEm;
+    if (judged && !PassesBestPlayCheck(table)) return;
+    if (HasHandToDeal(table)) DealAgain(table);
+}
+
+void FixedPileChoice(GameTable& table, Pile pile) {
+    if (PassesPileCheck(table, pile) && HasHandToDeal(table)) DealAgain(table);
+}
+
+bool NextLoggedHandAvailable(GameTable& table) {
+    GameEngine& engine = table.engine;
+    const auto entry = [&](int index) {
+        return ReadErrorText(table.files.file, table.files.gamePath, StatsSection(engine), index);
+    };
+    if (!entry(engine.replayIndex).empty()) return true;
+    if (entry(0).empty()) {
+        table.player.IsTold("Play Error Log", "No errors in log", MessageIcon::kExclamation);
+        return false;
+    }
+    engine.replayIndex = 0;
+    return true;
+}

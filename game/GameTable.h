@@ -1,0 +1,56 @@
+// The table that a player sits at: a machine, the ports through which its flows meet the world, and
+// what the flows remember from one action of the player to the next. The objects referred to
+// outlive it.
+#pragma once
+#include <array>
+
+#include "core/cards/Random.h"
+#include "game/Clock.h"
+#include "game/GameEngine.h"
+#include "game/Player.h"
+#include "game/Sounds.h"
+#include "game/TableDisplay.h"
+
+inline constexpr int kTargets = 5;
+inline constexpr int kShots = 3;  // at them
+
+// Values and stakes are in credits. A game has a stake of its own beside that of the engine, since
+// another feature or a double up may be played before it has ended.
+struct TargetGame {
+    std::array<int, kTargets> values{};
+    std::array<bool, kTargets> shot{};
+    int shots = 0;
+    int stake = 0;
+};
+
+struct RedBlackGame {
+    int guesses = 0;
+    int stake = 0;
+    CardColour drawn = CardColour::kNone;
+    CardColour choice = CardColour::kNone;
+};
+
+struct HandOnTable {
+    HandCards hand = kNoCards;
+    HandCards drawCards = kNoCards;
+    std::array<bool, kHandSize> held{};
+};
+
+struct GameTable {
+    GameEngine& engine;
+    GameFiles& files;
+    LineTableCache& tables;
+    TableDisplay& display;
+    Player& player;
+    Sounds& sounds;
+    Clock& clock;
+
+    CombinedRandom random;  // of the features, apart from the deck's
+    bool logFlag = true;    // a play error of this hand is logged
+    bool drawAgainAllowed = true;
+    bool bonusShown = false;      // the message meter shows a bonus, not the win
+    bool saveFailedTold = false;  // since the last save that succeeded
+    HandOnTable beforeDoubleUp;
+    TargetGame target;
+    RedBlackGame redBlack;
+};
