@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +18,8 @@ namespace {
 constexpr std::size_t kReadSize = 65536;
 constexpr int kMaxLinks = 40;          // as many as the system itself follows
 constexpr int kMaxNameAttempts = 100;  // leftovers of crashed programs may hold the first names
+constexpr std::string_view kNewName = ".tolvane-new-";
+constexpr std::chrono::hours kLeftAfter(1);  // no write takes as long
 constexpr mode_t kPrivateMode = 0600;
 constexpr mode_t kOrdinaryMode = 0666;  // less the umask
 constexpr mode_t kPermissionBits = 07777;
@@ -42,12 +45,34 @@ struct NewFile {
 NewFile CreateIn(const std::filesystem::path& folder, mode_t mode) {
     NewFile file;
     for (int attempt = 0; attempt < kMaxNameAttempts; ++attempt) {
-        const std::string name = ".new-" + std::to_string(getpid()) + "-" + std::to_string(attempt);
+        const std::string name =
+            std::string(kNewName) + std::to_string(getpid()) + "-" + std::to_string(attempt);
         file.name = (folder / name).string();
         file.descriptor = open(file.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (file.descriptor >= 0 || errno != EEXIST) break;
     }
     return file;
+}
+
+bool IsNewName(std::string_view name) {
+    return name.starts_with(kNewName) && name.size() > kNewName.size() &&
+           name.find_first_not_of("0123456789-", kNewName.size()) == std::string_view::npos;
+}
+
+// What killed programs have left. The age decides and not the process of the name: on a shared disk
+// that may run on another machine.
+void RemoveLeftovers(const std::filesystem::path& folder) {
+    const auto tooOld = std::filesystem::file_time_type::clock::now() - kLeftAfter;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    while (!error && entry != std::filesystem::directory_iterator()) {
+        std::error_code ignored;
+        if (IsNewName(entry->path().filename().string()) && entry->is_regular_file(ignored)) {
+            const auto written = entry->last_write_time(ignored);
+            if (!ignored && written < tooOld) std::filesystem::remove(entry->path(), ignored);
+        }
+        entry.increment(error);
+    }
 }
 
 bool CopyOwnerAndMode(int descriptor, const struct stat& old) {
@@ -107,6 +132,7 @@ bool ReplaceFile(const std::string& path, std::string_view contents) {
     if (exists && faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0) return false;
 
     const auto folder = target->has_parent_path() ? target->parent_path() : ".";
+    RemoveLeftovers(folder);
     const NewFile file = CreateIn(folder, exists ? kPrivateMode : kOrdinaryMode);
     if (file.descriptor < 0) return false;
     const bool written = (!exists || CopyOwnerAndMode(file.descriptor, old)) &&

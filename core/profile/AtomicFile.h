@@ -14,5 +14,7 @@ std::optional<std::string> ReadWholeFile(const std::string& path);
 // has the mode of the old one, and its owner and group where the system lets us; a missing file is
 // created. False when the path names something else than a plain file, when the old file may not be
 // written (as when opening it for writing), or when any step fails: the old file is then as it was,
-// and nothing is left beside it.
+// and nothing is left beside it. A program that is killed in the middle may leave the file it was
+// writing, ".tolvane-new-" and numbers: it is in nobody's way, and a replacement in the same folder
+// an hour or more later takes it away.
 bool ReplaceFile(const std::string& path, std::string_view contents);

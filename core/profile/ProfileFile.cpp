@@ -160,23 +160,56 @@ bool ProfileFile::DeleteSection(std::string_view section, const std::string& pat
 }
 
 bool ProfileFile::Flush() {
-    if (dirty) dirty = !ReplaceFile(loadedPath, Contents());
-    return !dirty;
+    FlushLoaded();
+    std::erase_if(unsaved, [](const auto& file) { return ReplaceFile(file.path, file.contents); });
+    return !IsDirty();
 }
 
-bool ProfileFile::Save(const std::string& path) { return Load(path) && Flush(); }
+bool ProfileFile::Save(const std::string& path) {
+    const bool canBeRead = Load(path);
+    Flush();
+    return canBeRead && !dirty;
+}
+
+void ProfileFile::Forget(const std::string& path) {
+    if (loaded && SameText(loadedPath, path)) Empty();
+    if (const auto old = FindUnsaved(path); old != unsaved.end()) unsaved.erase(old);
+}
+
+void ProfileFile::Close() {
+    Flush();
+    Empty();
+    unsaved.clear();
+}
 
 // Makes the image hold this file; false when it cannot be read.
 bool ProfileFile::Load(const std::string& path) {
     if (loaded && SameText(loadedPath, path)) return true;
-    Flush();
+    FlushLoaded();
+    if (dirty) unsaved.push_back({loadedPath, Contents()});
     Empty();
+    if (const auto kept = FindUnsaved(path); kept != unsaved.end()) {
+        Parse(kept->contents);
+        loadedPath = kept->path;
+        loaded = dirty = true;
+        unsaved.erase(kept);
+        return true;
+    }
     const auto contents = ReadWholeFile(path);
     if (!contents) return false;
     Parse(*contents);
     loadedPath = path;
     loaded = true;
     return true;
+}
+
+std::vector<ProfileFile::UnsavedFile>::iterator ProfileFile::FindUnsaved(const std::string& path) {
+    return std::ranges::find_if(unsaved,
+                                [&](const UnsavedFile& file) { return SameText(file.path, path); });
+}
+
+void ProfileFile::FlushLoaded() {
+    if (dirty) dirty = !ReplaceFile(loadedPath, Contents());
 }
 
 void ProfileFile::Empty() {

@@ -1,6 +1,8 @@
 // The text files of named sections with key=value lines that everything is kept in. One object
 // serves the whole program: it holds one file in memory, every operation names the file it means,
-// and naming another writes the first one back (if changed) and reads the other. For one thread.
+// and naming another writes the first one back (if changed) and reads the other. Changes that the
+// disk does not take, because it is full perhaps, are kept until it does: they are what is read of
+// their file, and every flush tries again. For one thread.
 //
 // A file that cannot be read is not loaded: reading gives the defaults, changes are dropped, and
 // the next operation tries again. So a file is never created here, and one read by halves is never
@@ -75,16 +77,22 @@ class ProfileFile {
     // False when it is missing.
     bool DeleteSection(std::string_view section, const std::string& path);
 
-    // Whether there are changes that have not reached the disk.
-    bool IsDirty() const { return dirty; }
+    // Whether there are changes, of whichever file, that have not reached the disk.
+    bool IsDirty() const { return dirty || !unsaved.empty(); }
 
-    // Writes the changes of whichever file is loaded. False when that failed: the file is as it was
-    // before, and the changes wait for the next call. Naming another file gives them up after one
-    // more try.
+    // Writes all changes, of whichever files. False when that failed for one: it is as it was
+    // before, and its changes wait for the next call.
     bool Flush();
 
-    // Flush for this file: false too when it cannot be read, and changes to it were dropped.
+    // Flush, and whether this file is written: false too when it cannot be read, and changes to it
+    // were dropped.
     bool Save(const std::string& path);
+
+    // Gives up what is held of this file, for one that is replaced from outside.
+    void Forget(const std::string& path);
+
+    // Flush, after which nothing is held: what could not be written is given up.
+    void Close();
 
   private:
     struct Section {
@@ -92,7 +100,15 @@ class ProfileFile {
         std::string text;  // lines, each ended by '\n'
     };
 
+    // Of a file that is not loaded any more and could not be written.
+    struct UnsavedFile {
+        std::string path;
+        std::string contents;
+    };
+
     bool Load(const std::string& path);
+    std::vector<UnsavedFile>::iterator FindUnsaved(const std::string& path);
+    void FlushLoaded();
     void Empty();
     void Parse(std::string_view contents);
     std::string Contents() const;
@@ -107,4 +123,5 @@ class ProfileFile {
     std::string loadedPath;
     bool loaded = false;
     bool dirty = false;
+    std::vector<UnsavedFile> unsaved;  // one a file, never the loaded one
 };

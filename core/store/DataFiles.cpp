@@ -87,17 +87,20 @@ std::string DocumentTitle(const std::string& gameName, const std::string& gamePa
 }
 
 bool CreateGameFile(const std::string& path, ProfileFile& file) {
-    LetGo(file);
-    return ReplaceFile(path, "");
+    file.Flush();
+    if (!ReplaceFile(path, "")) return false;
+    file.Forget(path);
+    return true;
 }
 
 bool CopyGameFile(const std::string& from, const std::string& to, ProfileFile& file) {
-    LetGo(file);
-    return CopyWholeFile(from, to);
+    file.Flush();
+    if (!CopyWholeFile(from, to)) return false;
+    if (!SamePath(from, to)) file.Forget(to);
+    return true;
 }
 
-// Naming a file that cannot be there is all it takes.
-void LetGo(ProfileFile& file) { file.GetSectionText("", ""); }
+void LetGo(ProfileFile& file) { file.Close(); }
 
 bool CopyWholeFile(const std::string& from, const std::string& to) {
     const auto contents = ReadWholeFile(from);

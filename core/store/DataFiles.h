@@ -66,7 +66,7 @@ bool CreateGameFile(const std::string& path, ProfileFile& file);
 bool CopyGameFile(const std::string& from, const std::string& to, ProfileFile& file);
 
 // Writes back what the profile file holds and makes it hold nothing, so that it reads anew what is
-// changed behind its back.
+// changed behind its back. What cannot be written is given up.
 void LetGo(ProfileFile& file);
 
 // As CopyGameFile, for a file that no profile file holds.

@@ -1,35 +1,12 @@
 #include "core/profile/AtomicFile.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
+#include "tests/core/profile/FullDisk.h"
 #include "tests/core/profile/TemporaryFolder.h"
 
 namespace {
-
-// No file can grow past this many bytes while it lives: the disk that is full in the middle of a
-// write.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) : oldAction(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &oldLimit);
-        const rlimit limit{bytes, oldLimit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &oldLimit);
-        std::signal(SIGXFSZ, oldAction);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit oldLimit{};
-    void (*oldAction)(int);
-};
 
 // The administrator may write anything: while it lives, the test is somebody else.
 class OrdinaryUser {
@@ -119,6 +96,26 @@ TEST(AtomicFileTest, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(folder.FileCount(), 1);
     EXPECT_TRUE(ReplaceFile(path, std::string(10'000, 'x')));
     EXPECT_EQ(folder.Read("a.ini").size(), 10'000U);
+}
+
+TEST(AtomicFileTest, WhatAKilledProgramLeftIsPassedOverAndLaterCleared) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.ini", "old");
+    const std::string sameProcess = ".tolvane-new-" + std::to_string(getpid()) + "-0";
+    folder.Write(sameProcess, "half");
+    folder.Write(".tolvane-new-1-0", "half");
+    folder.Write(".tolvane-new-mine", "the player's own");
+    EXPECT_TRUE(ReplaceFile(path, "new"));
+    EXPECT_EQ(folder.Read("a.ini"), "new");
+    EXPECT_EQ(folder.Read(sameProcess), "half") << "perhaps it is being written";
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+        std::filesystem::last_write_time(
+            entry, std::filesystem::file_time_type::clock::now() - std::chrono::minutes(61));
+    }
+    EXPECT_TRUE(ReplaceFile(path, "newer"));
+    EXPECT_EQ(folder.Read("a.ini"), "newer");
+    EXPECT_EQ(folder.Read(".tolvane-new-mine"), "the player's own");
+    EXPECT_EQ(folder.FileCount(), 2);
 }
 
 TEST(AtomicFileTest, WhatMayNotBeWrittenStaysAsItIs) {

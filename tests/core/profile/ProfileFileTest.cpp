@@ -7,6 +7,7 @@
 #include <random>
 
 #include "core/text/Numbers.h"
+#include "tests/core/profile/FullDisk.h"
 #include "tests/core/profile/TemporaryFolder.h"
 
 namespace {
@@ -316,6 +317,86 @@ TEST(ProfileFileTest, AFailedWriteKeepsTheChangesForTheNextOne) {
     EXPECT_TRUE(file.Flush());
     EXPECT_FALSE(file.IsDirty());
     EXPECT_EQ(folder.Read("here/a.ini"), "[s]\nk=2\n\n");
+}
+
+namespace {
+
+// A folder with a file that cannot be written while the folder is away, and one elsewhere.
+struct AwayFolder {
+    AwayFolder() { std::filesystem::create_directory(folder.Path("here")); }
+    void GoAway() const { std::filesystem::rename(folder.Path("here"), folder.Path("away")); }
+    void ComeBack() const { std::filesystem::rename(folder.Path("away"), folder.Path("here")); }
+
+    TemporaryFolder folder;
+};
+
+}  // namespace
+
+TEST(ProfileFileTest, AnotherFileMayBeUsedWhileChangesWaitForTheDisk) {
+    const TemporaryFolder folder;
+    const auto a = folder.Write("a.ini", "first\n[s]\nk=1\n\n");
+    const auto b = folder.Write("b.ini", "[s]\nk=2\n\n");
+    const auto small = folder.Write("small.ini", "[s]\nk=3\n\n");
+    ProfileFile file;
+    {
+        const FullDisk disk(9);  // as long as small.ini
+        for (int i = 12; i < 15; ++i) {
+            file.WriteInt("s", "k", i, a);
+            file.WriteInt("s", "k", i + 10, b);
+            EXPECT_EQ(file.GetInt("s", "k", 0, folder.Path("A.INI")), i);
+            EXPECT_EQ(file.GetInt("s", "k", 0, b), i + 10);
+            file.WriteInt("s", "k", i - 10, small);
+            EXPECT_TRUE(file.Save(small)) << "the others do not matter";
+            EXPECT_FALSE(file.Save(a));
+        }
+        EXPECT_EQ(file.GetInt("s", "k", 0, small), 4);
+        EXPECT_TRUE(file.IsDirty());
+        EXPECT_FALSE(file.Flush());
+    }
+    EXPECT_EQ(folder.Read("a.ini"), "first\n[s]\nk=1\n\n");
+    EXPECT_EQ(folder.Read("b.ini"), "[s]\nk=2\n\n");
+    EXPECT_TRUE(file.Flush());
+    EXPECT_FALSE(file.IsDirty());
+    EXPECT_EQ(folder.Read("a.ini"), "first\n[s]\nk=14\n\n");
+    EXPECT_EQ(folder.Read("b.ini"), "[s]\nk=24\n\n");
+    EXPECT_EQ(folder.Read("small.ini"), "[s]\nk=4\n\n");
+}
+
+TEST(ProfileFileTest, TheEndOfTheProgramTriesAllOnceMore) {
+    const AwayFolder disk;
+    const auto a = disk.folder.Write("here/a.ini", "[s]\nk=1\n\n");
+    const auto b = disk.folder.Write("b.ini", "[s]\nk=2\n\n");
+    {
+        ProfileFile file;
+        file.WriteInt("s", "k", 10, a);
+        disk.GoAway();
+        EXPECT_EQ(file.GetInt("s", "k", 0, b), 2);
+        disk.ComeBack();
+    }
+    EXPECT_EQ(disk.folder.Read("here/a.ini"), "[s]\nk=10\n\n");
+}
+
+TEST(ProfileFileTest, WhatIsForgottenOrClosedIsReadAnew) {
+    const AwayFolder disk;
+    const auto a = disk.folder.Write("here/a.ini", "[s]\nk=1\n\n");
+    const auto b = disk.folder.Write("here/b.ini", "[s]\nk=2\n\n");
+    ProfileFile file;
+    for (const bool close : {false, true}) {
+        file.WriteInt("s", "k", 10, a);
+        file.GetInt("s", "k", 0, a);
+        disk.GoAway();
+        file.WriteInt("s", "k", 20, b);
+        if (close) {
+            file.Close();
+        } else {
+            file.Forget(disk.folder.Path("here/A.ini"));
+            file.Forget(b);
+        }
+        EXPECT_FALSE(file.IsDirty());
+        disk.ComeBack();
+        EXPECT_EQ(file.GetInt("s", "k", 0, a), 1);
+        EXPECT_EQ(file.GetInt("s", "k", 0, b), 2);
+    }
 }
 
 namespace {

@@ -1,0 +1,114 @@
+// Game files that no machine has written: whatever they hold, the machine starts and can be played.
+#include <gtest/gtest.h>
+
+#include "core/store/Session.h"
+#include "tests/game/TestMachine.h"
+
+namespace {
+
+constexpr std::string_view kHuge = "99999999999999999999";
+
+std::string Garbage(std::size_t size) {
+    std::string bytes;
+    for (std::uint32_t x = 1; bytes.size() < size; x = x * 1'664'525 + 1'013'904'223) {
+        bytes += static_cast<char>(x >> 24);
+    }
+    return bytes;
+}
+
+// Every key of a game file with the same value.
+std::string AllKeys(std::string_view value) {
+    std::string text = "[main]\n";
+    const auto add = [&](const std::string& key) { text += key + "=" + std::string(value) + "\n"; };
+    for (const char* key : {"Mode", "Coin", "Credits", "Bet", "GameID", "CreditsEntered",
+                            "DollarIn", "DoubleUp", "ShowDollar", "Sounds", "Speed"}) {
+        add(key);
+    }
+    text += "[ActiveTbl]\n";
+    add("Jacks or Better");
+    text += "[Jacks or Better(0)]\n";
+    for (const auto& [key, counter] : CounterKeys()) add(std::string(key));
+    for (const char* key : {"BestER", "ErrCost", "NextError", "ElapsedTime"}) add(key);
+    for (int i = 0; i < kMaxPayLines; ++i) add("PayLine" + std::to_string(i) + "Won");
+    for (int i = 0; i < 5; ++i) {
+        add("SetCard" + std::to_string(i));
+        add("SetDraw" + std::to_string(i));
+        add("Error" + std::to_string(i));
+    }
+    return text;
+}
+
+std::vector<std::string> NastyFiles() {
+    std::vector<std::string> files = {
+        "",
+        "no section at all",
+        std::string(3, '\0'),
+        "[main",
+        "[main]\nGameName=" + std::string(100'000, 'x') + "\n",
+        "[main]\nGameName=\nGameID=-1\n",
+        "[main]\nGameName=Nobody's Poker\nGameID=9999\n[ActiveTbl]\nNobody's Poker=3\n",
+        "[main]\nGameName=Deuces Wild\nGameID=300\n[ActiveTbl]\nDeuces Wild=77\n",
+        "[main]\nGameName=Pick Em Poker\nBet=1000\nCredits=1\n",
+        "[main]\nBet=-5\nCredits=-100\nCoin=-1\n",
+        "[main]\nMode=4\n[Jacks or Better(0)]\nNextError=100\nError0=not a hand\nError1=,,,,,,,\n",
+        "[Jacks or Better(0)]\nSetCard0=5\nSetCard1=5\nSetDraw0=5\nSetDraw1=60\n",
+        Garbage(50'000),
+    };
+    for (const std::string_view value :
+         {kHuge, std::string_view("-99999999999999999999"), std::string_view("garbage"),
+          std::string_view(""), std::string_view("nan"), std::string_view("1e308")}) {
+        files.push_back(AllKeys(value));
+    }
+    return files;
+}
+
+void StartOn(TestMachine& machine) {
+    auto& [file, mainPath, gamePath] = machine.files;
+    GameEngine& engine = machine.engine;
+    LoadCurrentGame(file, gamePath, mainPath, engine.settings);
+    LoadSettings(file, gamePath, engine.settings, engine.statistics, 0);
+    LoadGame(engine, machine.files, machine.tables);
+}
+
+void ExpectPlayable(TestMachine& machine) {
+    GameEngine& engine = machine.engine;
+    EXPECT_FALSE(engine.payTable.lines.empty());
+    EXPECT_GE(engine.settings.credits, 0);
+    EXPECT_GE(engine.settings.bet, 1);
+    EXPECT_GE(engine.statistics.nextError, 0);
+    EnterDollars(engine, 100);
+    EXPECT_GE(engine.settings.credits, 100);
+    BetMax(engine);
+    for (const bool fixed : {false, true}) {
+        engine.fixedHand = fixed;
+        EXPECT_EQ(machine.DealOrDraw(), 0);
+        for (const CardCode card : engine.hand) {
+            EXPECT_GE(card, 0);
+            EXPECT_LT(card, engine.deck.table.deckSize);
+        }
+        EXPECT_GE(machine.DealOrDraw(), 0);
+        EXPECT_TRUE(engine.handOver);
+    }
+}
+
+TEST(GameFileTest, NoFileKeepsTheMachineFromBeingPlayed) {
+    for (const auto& contents : NastyFiles()) {
+        SCOPED_TRACE(contents.substr(0, 200));
+        TestMachine machine;
+        machine.folder.Write("game.qdx", contents);
+        machine.file.Forget(machine.files.gamePath);
+        StartOn(machine);
+        ExpectPlayable(machine);
+
+        GameEngine& engine = machine.engine;
+        const StoredState state = {engine.settings, engine.statistics, engine.payTable};
+        EXPECT_TRUE(SaveSettings(machine.file, machine.files.gamePath, state, false, 0));
+        const std::string saved = machine.folder.Read("game.qdx");
+        machine.file.Close();
+        StartOn(machine);
+        EXPECT_TRUE(SaveSettings(machine.file, machine.files.gamePath, state, false, 0));
+        EXPECT_EQ(machine.folder.Read("game.qdx"), saved) << "what was mended stays so";
+    }
+}
+
+}  // namespace
