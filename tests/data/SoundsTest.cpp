@@ -1,0 +1,84 @@
+// The wave files as the build has made them, beside the program.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Sound {
+    const char* name;
+    double shortest;  // seconds
+    double longest;
+};
+
+void PrintTo(const Sound& sound, std::ostream* out) { *out << sound.name; }
+
+std::string ReadSound(const std::string& name) {
+    std::ifstream file(TOLVANE_PROGRAM_FOLDER "/" + name + ".wav", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::uint32_t Number(const std::string& bytes, std::size_t at, std::size_t size) {
+    std::uint32_t number = 0;
+    for (std::size_t i = size; i > 0; --i) {
+        number = number << 8 | static_cast<std::uint8_t>(bytes.at(at + i - 1));
+    }
+    return number;
+}
+
+std::vector<int> SamplesOf(const std::string& wave) {
+    std::vector<int> samples;
+    for (std::size_t at = 44; at + 2 <= wave.size(); at += 2) {
+        samples.push_back(static_cast<std::int16_t>(Number(wave, at, 2)));
+    }
+    return samples;
+}
+
+class SoundsTest : public testing::TestWithParam<Sound> {};
+
+TEST_P(SoundsTest, IsAPlainWaveFileThatEveryPlayerKnows) {
+    const std::string wave = ReadSound(GetParam().name);
+    ASSERT_GT(wave.size(), 44U);
+    EXPECT_EQ(wave.substr(0, 4), "RIFF");
+    EXPECT_EQ(Number(wave, 4, 4), wave.size() - 8);
+    EXPECT_EQ(wave.substr(8, 8), "WAVEfmt ");
+    EXPECT_EQ(Number(wave, 16, 4), 16U) << "bytes of the format";
+    EXPECT_EQ(Number(wave, 20, 2), 1U) << "PCM";
+    EXPECT_EQ(Number(wave, 22, 2), 1U) << "channel";
+    EXPECT_EQ(Number(wave, 24, 4), 44100U) << "samples a second";
+    EXPECT_EQ(Number(wave, 28, 4), 88200U) << "bytes a second";
+    EXPECT_EQ(Number(wave, 32, 2), 2U) << "bytes a sample";
+    EXPECT_EQ(Number(wave, 34, 2), 16U) << "bits a sample";
+    EXPECT_EQ(wave.substr(36, 4), "data");
+    EXPECT_EQ(Number(wave, 40, 4), wave.size() - 44);
+}
+
+TEST_P(SoundsTest, IsHeardButNeverHurtsAndDoesNotCrackle) {
+    const Sound& sound = GetParam();
+    const std::vector<int> samples = SamplesOf(ReadSound(sound.name));
+    const double seconds = static_cast<double>(samples.size()) / 44100;
+    EXPECT_GE(seconds, sound.shortest);
+    EXPECT_LE(seconds, sound.longest);
+    ASSERT_FALSE(samples.empty());
+    int peak = 0;
+    for (const int sample : samples) peak = std::max(peak, std::abs(sample));
+    EXPECT_GT(peak, 32768 * 20 / 100);
+    EXPECT_LT(peak, 32768 * 95 / 100);
+    EXPECT_LT(std::abs(samples.front()), 100);
+    EXPECT_LT(std::abs(samples.back()), 100);
+}
+
+constexpr Sound kSounds[] = {
+    {"cash", 0.7, 1.2},     {"click", 0.03, 0.06}, {"arrow", 0.4, 0.7},        {"applause", 2, 3},
+    {"drumroll", 1.5, 2.5}, {"beep", 0.07, 0.12},  {"exclamation", 0.2, 0.35},
+};
+INSTANTIATE_TEST_SUITE_P(Shipped, SoundsTest, testing::ValuesIn(kSounds),
+                         [](const auto& sound) { return sound.param.name; });
+
+}  // namespace
