@@ -1,0 +1,24 @@
+// The commands of the File menu. What goes wrong is told, and the game file in use stays the one
+// that it was, with all that is in it and on the table.
+#pragma once
+#include <string>
+
+#include "core/store/DataFiles.h"
+#include "game/GameTable.h"
+
+// An empty game file, in place of any that is there, for the current game and options: Warning
+// mode, no credits, a bet of 5, statistics from 0.
+void NewGameFile(GameTable& table);
+
+// Goes on with the settings, the game and the statistics of another game file.
+void OpenGameFile(GameTable& table);
+
+// A failure is told even when an earlier one was.
+void SaveGameFile(GameTable& table);
+
+// Goes on in a copy of the game file; when the file in use is missing, in a new one. The chosen
+// file being the one in use, this is SaveGameFile.
+void SaveGameFileAs(GameTable& table);
+
+// Of the window.
+std::string Title(const GameTable& table, const DataFilePaths& paths);

@@ -1,0 +1,16 @@
+// The machine's part in the start and the end of the program.
+#pragma once
+#include "core/store/DataFiles.h"
+#include "game/GameTable.h"
+
+// The table as it was left: the game file last played with, its game, statistics and settings. The
+// data files must be in place.
+void StartGame(GameTable& table, const DataFilePaths& paths);
+
+// What waits until the window is shown: Error Log mode, and a warning when the game file is
+// missing.
+void FinishStart(GameTable& table);
+
+// Saves everything and remembers the game file. False when it could not be saved; the profile file
+// still holds it then, and tries again as long as it lives.
+bool StopGame(GameTable& table, const DataFilePaths& paths);
