@@ -98,7 +98,7 @@ void AnalyzeDeal(GameEngine& engine) {
     KnownCards known;
     for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(engine, engine.hand[i]);
     known.firstDraw = FaceOf(engine, engine.drawCards[0]);
-    AnalyzeHand(*engine.lineTables, engine.payTable, known, engine.settings.bet,
+    AnalyzeHand(LineTablesOf(engine), engine.payTable, known, engine.settings.bet,
                 engine.settings.coin, engine.analysis);
 }
 

@@ -16,7 +16,8 @@ std::string StatsSection(const GameEngine& engine) {
 void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables) {
     engine.payTable = std::move(table);
     engine.deck.Build(DeckOf(engine.payTable));
-    engine.lineTables = tables.For(engine.payTable);
+    engine.lineTables = nullptr;
+    engine.lineTableCache = &tables;
     engine.hand = kCardBacks;
     engine.drawCards = kNoCards;
     engine.dealtCopy = kNoCards;
@@ -29,6 +30,11 @@ void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables) {
     engine.doubleUpOffered = engine.doubleUpPick = false;
     engine.doubleUpClosed = true;
     engine.redBlackPending = engine.spinPending = engine.targetPending = false;
+}
+
+const LineTables& LineTablesOf(GameEngine& engine) {
+    if (!engine.lineTables) engine.lineTables = engine.lineTableCache->For(engine.payTable);
+    return *engine.lineTables;
 }
 
 void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables) {

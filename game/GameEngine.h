@@ -31,7 +31,8 @@ struct GameEngine {
     Statistics statistics;
     Deck deck;
     PayTable payTable;
-    std::shared_ptr<const LineTables> lineTables;  // those of the pay table
+    std::shared_ptr<const LineTables> lineTables;  // see LineTablesOf
+    LineTableCache* lineTableCache = nullptr;      // where they come from
 
     HandCards hand = kCardBacks;
     HandCards drawCards = kNoCards;  // replace discards from left to right, the first one first
@@ -71,8 +72,12 @@ bool FeaturePending(const GameEngine& engine);
 // The section of the current game and table in the game file.
 std::string StatsSection(const GameEngine& engine);
 
-// Makes a pay table active: its deck, its line tables; the hand is over.
+// Makes a pay table active, with its deck; the hand is over.
 void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables);
+
+// Those of the pay table. They are built at its first deal, so that a start or a change of game need
+// not wait for them.
+const LineTables& LineTablesOf(GameEngine& engine);
 
 // Makes the table of the settings active: pay table, deck, line tables, statistics; the hand is
 // over. The hand that was fixed for the table counts as the one dealt, so that it can be analysed.

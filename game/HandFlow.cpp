@@ -62,8 +62,10 @@ void MarkFinalLine(GameTable& table, bool drawAgainTaken) {
     const GameEngine& engine = table.engine;
     if (engine.dealtLine != engine.finalLine) ClearLine(table, engine.dealtLine);
     if (!engine.handWins) return;
-    const bool charlieDrawn = engine.payTable.charlieBonus && !engine.charlieOnDeal;
-    if (engine.dealtLine != engine.finalLine || charlieDrawn || drawAgainTaken) {
+    // What a dealt charlie was announced with stands only while it is one.
+    const bool charlieStands = engine.charlieOnDeal && engine.charlieNow;
+    const bool charlieMoves = engine.payTable.charlieBonus && !charlieStands;
+    if (engine.dealtLine != engine.finalLine || charlieMoves || drawAgainTaken) {
         AnnounceWin(table, engine.finalLine);
     }
 }

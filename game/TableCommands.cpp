@@ -17,6 +17,12 @@ void EndDoubleUp(GameTable& table) {
     if (table.engine.doubleUpOffered) WithdrawDoubleUp(table);
 }
 
+// A repaint must not mark the last win again, with what it would pay for another bet.
+void TakeMarkOff(GameTable& table) {
+    ClearLine(table, table.engine.finalLine);
+    table.engine.finalLine = table.engine.dealtLine = -1;
+}
+
 bool CanBet(const GameEngine& engine) { return engine.handOver && !FeaturePending(engine); }
 
 }  // namespace
@@ -79,14 +85,14 @@ void ToggleFixedHand(GameTable& table) {
 
 void BetOneCommand(GameTable& table) {
     if (!CanBet(table.engine)) return;
-    if (table.engine.handWins) ClearLine(table, table.engine.finalLine);
+    TakeMarkOff(table);
     BetOne(table.engine);
     ShowBet(table);
 }
 
 void BetMaxCommand(GameTable& table) {
     if (!CanBet(table.engine)) return;
-    ClearLine(table, table.engine.finalLine);
+    TakeMarkOff(table);
     BetMax(table.engine);
     ShowBet(table);
 }

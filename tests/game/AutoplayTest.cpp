@@ -34,7 +34,7 @@ TEST(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
         EXPECT_EQ(PlayHands(machine.engine, machine.files, kHands, {}), kHands);
 
         const PayTable& table = machine.engine.payTable;
-        const GameTotals exact = AnalyzeGame(*machine.engine.lineTables, table, 1, {});
+        const GameTotals exact = AnalyzeGame(LineTablesOf(machine.engine), table, 1, {});
         const Statistics& counted = machine.engine.statistics;
         EXPECT_EQ(counted.creditsPlayed.total, 5 * kHands);
         EXPECT_EQ(counted.handsPlayed.total, kHands);

@@ -109,7 +109,7 @@ TEST(TableCommandsTest, ABetTakesTheMarkOfTheLastLineAway) {
     BetOneCommand(t);
     EXPECT_EQ(t.TakeLog(), "line 3 plain 45\nbet $1.00\n");
     BetMaxCommand(t);
-    EXPECT_EQ(t.TakeLog(), "line 3 plain 9\nbet $5.00\n");
+    EXPECT_EQ(t.TakeLog(), "bet $5.00\n");
     DealDraw(t);
     t.TakeLog();
     BetOneCommand(t);
