@@ -8,11 +8,13 @@ build_packages=(
     cmake ninja-build g++
     libgtest-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
     qt6-base-dev qt6-multimedia-dev qt6-svg-dev
+    fonts-liberation  # the face that stands for Arial; without any font the window shows no text
     qt6-wayland  # no other package asks for it, but a desktop without X shows no window without it
 )
 test_packages=(
     xvfb xauth  # xvfb-run calls xauth
     xdotool
+    openbox  # keys reach only a window that a window manager has given the focus
 )
 # Screenshots of a virtual screen. The tests pass without it, so it is tried only along with the others
 # and its absence never stops or slows a run.
