@@ -1,0 +1,133 @@
+#include "ui/art/Pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QImage>
+#include <QSvgRenderer>
+#include <cmath>
+#include <set>
+
+#include "ui/art/PictureStore.h"
+
+namespace {
+
+QStringList warnings;
+
+void KeepWarning(QtMsgType, const QMessageLogContext&, const QString& text) { warnings << text; }
+
+// What the table and the dialogs can ask for, through the functions and by name.
+std::set<Picture> AllPictures() {
+    std::set<Picture> all{Picture::kFelt,    Picture::kEmptyPicture, Picture::kJokerPicture,
+                          Picture::kIcon,    Picture::kSmallIcon,    Picture::kTarget,
+                          Picture::kCharlie, Picture::kWheel};
+    for (const auto size : {SizeClass::kSmall, SizeClass::kMedium, SizeClass::kLarge}) {
+        all.insert({FaceOfCard(size), AlternateFace(size), JokerFace(size), CardBack(size),
+                    PileCard(size), CardStack(size)});
+        for (const auto button : {TableButton::kDeal, TableButton::kBetOne, TableButton::kMaxBet,
+                                  TableButton::kHold, TableButton::kDoubleUp}) {
+            all.insert({ButtonPicture(button, size, false), ButtonPicture(button, size, true)});
+        }
+    }
+    for (int suit = 1; suit <= 5; ++suit) {
+        all.insert({PipPicture(suit), SuitPicture(suit)});
+        for (int rank = 1; rank <= 13; ++rank) {
+            all.insert({CourtPicture(rank, suit), RankPicture(rank, suit)});
+        }
+    }
+    for (const double worth : {0.05, 0.25, 0.5, 1.0}) all.insert(CoinPicture(worth));
+    return all;
+}
+
+int OpaquePixels(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) count += qAlpha(image.pixel(x, y)) > 128 ? 1 : 0;
+    }
+    return count;
+}
+
+}  // namespace
+
+TEST(PicturesTest, EveryPictureIsADrawingThatCoversAGoodPartOfItsPlace) {
+    LoadArt();
+    warnings.clear();
+    PictureStore store;
+    for (const Picture picture : AllPictures()) {
+        SCOPED_TRACE(static_cast<int>(picture));
+        QSvgRenderer drawing(PicturePath(picture));
+        ASSERT_TRUE(drawing.isValid());
+        const QSize size = drawing.defaultSize();
+        const QImage image = store.Get(picture, size, 1).toImage();
+        ASSERT_EQ(image.size(), size);
+        EXPECT_GT(OpaquePixels(image), size.width() * size.height() / 5);
+    }
+    EXPECT_TRUE(warnings.isEmpty()) << warnings.join('\n').toStdString();
+}
+
+TEST(PicturesTest, NoDrawingIsCarriedThatNobodyCanAskFor) {
+    LoadArt();
+    EXPECT_EQ(QDir(":/art").entryList(QDir::Files).size(), static_cast<int>(AllPictures().size()));
+}
+
+TEST(PicturesTest, CardsShowTheTableThroughTheirRoundCornersAndTheFeltHasNoHoles) {
+    PictureStore store;
+    for (const Picture card : {FaceOfCard(SizeClass::kLarge), CardBack(SizeClass::kSmall)}) {
+        const QImage image = store.Get(card, QSize(90, 120), 2).toImage();
+        EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0);
+        EXPECT_EQ(qAlpha(image.pixel(179, 239)), 0);
+        EXPECT_EQ(qAlpha(image.pixel(90, 120)), 255);
+    }
+    const QImage felt = store.Get(Picture::kFelt, QSize(kFeltTile, kFeltTile), 1.25).toImage();
+    EXPECT_EQ(OpaquePixels(felt), 120 * 120);
+}
+
+TEST(PicturesTest, NumbersFollowRankSuitAndWorth) {
+    EXPECT_EQ(static_cast<int>(RankPicture(13, 3)), 1134);  // black king, the last of its row
+    EXPECT_EQ(static_cast<int>(RankPicture(1, 4)), 1135);
+    EXPECT_EQ(RankPicture(1, 5), RankPicture(1, 1));
+    EXPECT_EQ(static_cast<int>(SuitPicture(2)), 1039);
+    EXPECT_EQ(CourtPicture(12, 1), CourtPicture(12, 3));
+    EXPECT_NE(CourtPicture(12, 1), CourtPicture(12, 2));
+    EXPECT_EQ(CoinPicture(0.1 + 0.15), Picture::kQuarter);
+    EXPECT_EQ(CoinPicture(std::nan("")), Picture::kDollar);
+    for (const Picture none :
+         {RankPicture(0, 1), RankPicture(14, 1), RankPicture(1, 6), PipPicture(0), SuitPicture(-1),
+          CourtPicture(10, 2), CourtPicture(1, 0)}) {
+        EXPECT_EQ(none, Picture::kEmptyPicture);
+    }
+}
+
+TEST(PictureStoreTest, ASecondAskingGetsTheSamePixmapAndEveryScreenItsOwn) {
+    PictureStore store;
+    const QSize size(90, 120);
+    const auto first = store.Get(Picture::kCharlie, size, 1).cacheKey();
+    EXPECT_EQ(store.Get(Picture::kCharlie, size, 1).cacheKey(), first);
+    const QPixmap& fine = store.Get(Picture::kCharlie, size, 1.5);
+    EXPECT_NE(fine.cacheKey(), first);
+    EXPECT_EQ(fine.size(), QSize(135, 180));
+    EXPECT_EQ(fine.devicePixelRatio(), 1.5);
+}
+
+TEST(PictureStoreTest, OddWishesGetAnEmptyOrAMarkedPixmapAndMemoryStaysBounded) {
+    PictureStore store;
+    EXPECT_TRUE(store.Get(Picture::kFelt, QSize(0, 20), 1).isNull());
+    EXPECT_TRUE(store.Get(Picture::kFelt, QSize(-5, 20), 1).isNull());
+    EXPECT_TRUE(store.Get(Picture::kFelt, QSize(5000, 20), 1).isNull());
+    EXPECT_EQ(store.Get(Picture::kFelt, QSize(20, 20), std::nan("")).devicePixelRatio(), 1);
+    const auto missing = static_cast<Picture>(7);
+    EXPECT_EQ(OpaquePixels(store.Get(missing, QSize(20, 20), 1).toImage()), 400);
+    const auto first = store.Get(Picture::kFelt, QSize(96, 96), 1).cacheKey();
+    for (int side = 1900; side < 1906; ++side) store.Get(missing, QSize(side, side), 1);
+    EXPECT_NE(store.Get(Picture::kFelt, QSize(96, 96), 1).cacheKey(),
+              first);  // forgotten on the way
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(KeepWarning);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,74 @@
+// The program's pictures by number. A number is the alias of a drawing in art.qrc; a picture that
+// comes in one drawing per size class has three numbers in a row, small, medium, large, and is
+// asked for by function.
+#pragma once
+#include "ui/table/SizeClass.h"
+
+enum class Picture : int {
+    kFelt = 1019,  // the table's cloth: a seamless tile of kFeltTile pixels
+
+    kDiamondsTile = 1035,  // the dialogs' suits, 24 x 24
+    kHeartsTile = 1039,
+    kSpadesTile = 1043,
+    kClubsTile = 1046,
+    kStarsTile = 1105,
+    kEmptyPicture =
+        1119,  // the dialogs' place without a card, 24 x 28, fit to be shown 24 x 24 too
+    kJokerPicture = 1120,  // 24 x 28, as are the ranks
+    kBlackRanks = 1122,    // the first of 13, the ace
+    kRedRanks = 1135,
+
+    kIcon = 1200,
+    kSmallIcon = 1201,  // for 32 pixels or fewer
+
+    kCardFace = 1210,  // the first of three sizes, as the next five
+    kCardBack = 1220,
+    kJokerFace = 1230,
+    kAlternateFace = 1240,
+    kPileCard = 1250,
+    kCardStack = 1260,
+
+    kPips = 1300,         // plus the suit
+    kBlackCourts = 1310,  // plus the rank: 1, 11, 12, 13
+    kRedCourts = 1330,
+    kStarAce = 1351,
+
+    kButtons = 1400,  // plus 10 x size class + 2 x TableButton + 1 when pressed
+
+    kNickel = 1500,  // coins, 80 x 40
+    kQuarter = 1501,
+    kHalfDollar = 1502,
+    kDollar = 1503,
+    kTarget = 1510,   // 50 x 50
+    kCharlie = 1511,  // 100 x 100
+    kWheel = 1512,    // any square from 30 pixels: an emblem for the spin
+};
+
+inline constexpr int kFeltTile =
+    96;  // a multiple of four: whole pixels at 1.25, 1.5 and 1.75 times too
+
+enum class TableButton { kDeal, kBetOne, kMaxBet, kHold, kDoubleUp };
+
+// Card-sized pictures. The alternate face is that of the pile tops in Pick Em, the pile card lies
+// right under such a top, the stack shows a few cards from their back with their edges.
+Picture FaceOfCard(SizeClass size);
+Picture AlternateFace(SizeClass size);
+Picture JokerFace(SizeClass size);
+Picture CardBack(SizeClass size);
+Picture PileCard(SizeClass size);
+Picture CardStack(SizeClass size);
+
+// suit: 1 spades, 2 hearts, 3 clubs, 4 diamonds, 5 stars; rank: 1 ace, 11 jack, 12 queen, 13 king.
+// Anything else gives kEmptyPicture.
+Picture PipPicture(int suit);
+Picture CourtPicture(int rank, int suit);
+
+Picture ButtonPicture(TableButton button, SizeClass size, bool pressed);
+
+// The coin of that worth in dollars; the dollar for any other worth than 0.05, 0.25 and 0.5.
+Picture CoinPicture(double dollars);
+
+// For the dialogs' small cards, rank above suit. Rank 1..13; kEmptyPicture for any other rank or
+// suit.
+Picture RankPicture(int rank, int suit);
+Picture SuitPicture(int suit);
