@@ -1,0 +1,289 @@
+#include "ui/table/TablePainter.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <climits>
+#include <functional>
+
+#include "game/BonusFeatures.h"
+#include "game/DoubleUp.h"
+#include "game/HandFlow.h"
+#include "game/PickEmFlow.h"
+#include "tests/ui/SceneTable.h"
+#include "ui/art/PictureStore.h"
+#include "ui/table/Layout.h"
+
+constexpr QSize kClient{640, 480};
+constexpr QRgb kUntouched = 0xffff00ff;
+
+TableLayout LayoutOf(const SceneTable& t, QSize client = kClient) {
+    return *LayOut(client, ShapeOf(t.engine.payTable), QtTextMeasure());
+}
+
+// The scene in a picture that is larger than the client by a margin on the right and below.
+struct Canvas {
+    explicit Canvas(double ratio, QSize client = kClient)
+        : image((client + QSize(10, 10)) * ratio, QImage::Format_RGB32) {
+        image.setDevicePixelRatio(ratio);
+        image.fill(kUntouched);
+    }
+
+    void Paint(const SceneTable& t, const TableScene& scene, const QRect& clip,
+               QSize client = kClient) {
+        QPainter painter(&image);
+        PaintTable(painter, clip, scene, LayoutOf(t, client), t.engine.payTable,
+                   t.engine.deck.table, pictures);
+    }
+
+    PictureStore pictures;
+    QImage image;
+};
+
+QImage Painted(const SceneTable& t, const TableScene& scene, double ratio = 1,
+               QSize client = kClient) {
+    Canvas canvas(ratio, client);
+    canvas.Paint(t, scene, QRect(QPoint(0, 0), client), client);
+    return canvas.image;
+}
+
+// Everything that differs, in client coordinates; null when nothing does.
+QRect Difference(const QImage& one, const QImage& other) {
+    QRect differing;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            if (one.pixel(x, y) != other.pixel(x, y)) differing |= QRect(x, y, 1, 1);
+        }
+    }
+    return differing;
+}
+
+int CountIn(const QImage& image, const QRect& place, const std::function<bool(QColor)>& wanted) {
+    int count = 0;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x) {
+            if (wanted(image.pixelColor(x, y))) ++count;
+        }
+    }
+    return count;
+}
+
+bool IsRed(QColor c) { return c.red() > 150 && c.green() < 60 && c.blue() < 60; }
+bool IsBlack(QColor c) { return c.red() < 60 && c.green() < 60 && c.blue() < 60; }
+bool IsOlive(QColor c) { return c == QColor(190, 190, 60); }
+
+void PlayToAWin(SceneTable& t) {
+    t.machine.Stack("JS JD TC 9H 2S JC 4C 5C", 8);
+    DealDraw(t.table);
+    ToggleHold(t.table, 0);
+    ToggleHold(t.table, 1);
+    DealDraw(t.table);
+}
+
+void DealPiles(SceneTable& t) {
+    t.engine.settings.mode = PlayMode::kAutoHold;
+    t.machine.Stack("KC KD 9D AH 2S TC JH 3C", 8);
+    DealDraw(t.table);
+}
+
+// Every state that looks different by the features it shows, one after the other.
+void ForEachState(const std::function<void(const SceneTable&, const std::string&)>& look) {
+    SceneTable t;
+    look(t, "start");
+    PlayToAWin(t);
+    look(t, "won");
+    StartDoubleUp(t.table);
+    look(t, "double up");
+
+    SceneTable piles("Pick Em Poker", 350);
+    DealPiles(piles);
+    look(piles, "piles");
+
+    SceneTable bonus("Super Bonus Poker", 356);
+    for (bool* on : {&bonus.engine.payTable.charlieBonus, &bonus.engine.payTable.redBlackBonus,
+                     &bonus.engine.payTable.spinBonus, &bonus.engine.payTable.targetBonus}) {
+        *on = true;
+    }
+    bonus.machine.Stack("2H 2D 3H 3D AH", 5);
+    DealDraw(bonus.table);
+    bonus.engine.redBlackPending = bonus.engine.spinPending = true;
+    bonus.display.Repaint();
+    look(bonus, "charlie, Red or Black and Spin");
+    bonus.engine.spinPending = false;
+    bonus.engine.targetPending = true;
+    bonus.table.target.values = {5, 100, 25, 10, 500};
+    bonus.table.target.shot[4] = true;
+    bonus.display.Repaint();
+    look(bonus, "Target");
+
+    SceneTable sneak("Sneak Peak Poker", 351);
+    sneak.machine.Stack("AC KD 9D AH 2S TC JH 3C", 8);
+    DealDraw(sneak.table);
+    look(sneak, "first draw card");
+}
+
+TEST(TablePainterTest, StepsAndARepaintGiveTheSamePixels) {
+    for (const double ratio : {1.0, 2.0}) {
+        ForEachState([&](const SceneTable& t, const std::string& state) {
+            EXPECT_EQ(Difference(Painted(t, t.scene, ratio), Painted(t, t.AtRest(), ratio)),
+                      QRect())
+                << state << " at " << ratio;
+        });
+    }
+}
+
+QImage PaintedInPieces(const SceneTable& t, double ratio, QSize client) {
+    Canvas pieces(ratio, client);
+    constexpr int kPiece = 97;  // cuts through cards, texts and boxes
+    for (int y = 0; y < client.height(); y += kPiece) {
+        for (int x = 0; x < client.width(); x += kPiece) {
+            pieces.Paint(t, t.scene, QRect(x, y, kPiece, kPiece), client);
+        }
+    }
+    return pieces.image;
+}
+
+TEST(TablePainterTest, PaintedInPiecesItLooksAsPaintedAtOnce) {
+    for (const double ratio : {1.0, 2.0}) {
+        ForEachState([&](const SceneTable& t, const std::string& state) {
+            const QImage pieces = PaintedInPieces(t, ratio, kClient);
+            EXPECT_EQ(Difference(Painted(t, t.scene, ratio), pieces), QRect())
+                << state << " at " << ratio;
+        });
+    }
+    const SceneTable wide;
+    constexpr QSize kWide(1600, 800);
+    EXPECT_EQ(Difference(Painted(wide, wide.scene, 1, kWide), PaintedInPieces(wide, 1, kWide)),
+              QRect());
+}
+
+TEST(TablePainterTest, NothingIsPaintedOutsideTheClient) {
+    for (const QSize client : {QSize(200, 150), kClient, QSize(1024, 700)}) {
+        ForEachState([&](const SceneTable& t, const std::string& state) {
+            const QImage image = Painted(t, t.scene, 1, client);
+            const auto isPainted = [](QColor c) { return c.rgb() != kUntouched; };
+            const QRect right(client.width(), 0, 10, client.height() + 10);
+            const QRect below(0, client.height(), client.width(), 10);
+            EXPECT_EQ(CountIn(image, right, isPainted) + CountIn(image, below, isPainted), 0)
+                << state << " " << client.width();
+            const QRect inside(QPoint(0, 0), client);
+            EXPECT_EQ(CountIn(image, inside, isPainted), client.width() * client.height()) << state;
+        });
+    }
+}
+
+TEST(TablePainterTest, TextsOfAnyLengthStayInTheirPlaces) {
+    SceneTable t;
+    PlayToAWin(t);
+    const TableLayout layout = LayoutOf(t);
+    const QImage usual = Painted(t, t.scene);
+    const std::string endless(300, 'W');
+    const auto expectOnlyIn = [&](const QRect& place, const TableScene& scene) {
+        const QRect changed = Difference(usual, Painted(t, scene));
+        EXPECT_FALSE(changed.isNull());
+        EXPECT_TRUE(place.adjusted(1, 1, -1, -1).contains(changed));
+    };
+    TableScene scene = t.scene;
+    scene.message = endless;
+    expectOnlyIn(layout.message.rect, scene);
+    scene = t.scene;
+    scene.credits = endless;
+    expectOnlyIn(layout.creditValue.rect, scene);
+    scene = t.scene;
+    scene.bet = endless;
+    expectOnlyIn(layout.betValue.rect, scene);
+    scene = t.scene;
+    scene.lines[6].payout = INT_MAX;
+    expectOnlyIn(layout.PayoutCell(6, 5), scene);
+    t.engine.payTable.lines[6].description = endless;
+    expectOnlyIn(layout.rows[6], t.scene);
+}
+
+TEST(TablePainterTest, AWonLineIsRedWithItsPayoutInTheColumnOfTheBet) {
+    SceneTable t;
+    t.engine.settings.bet = 3;
+    PlayToAWin(t);
+    const TableLayout layout = LayoutOf(t);
+    const QImage image = Painted(t, t.scene);
+    const auto redShare = [&](const QRect& place) {
+        return CountIn(image, place, IsRed) * 100 / (place.width() * place.height());
+    };
+    EXPECT_GT(redShare(layout.rows[6]), 40);
+    EXPECT_GT(redShare(layout.PayoutCell(6, 3)), 40);
+    EXPECT_EQ(redShare(layout.PayoutCell(6, 5)), 0);
+    EXPECT_EQ(redShare(layout.rows[5]), 0);
+
+    // The other half of a flash, and a line that is not won, change no other row.
+    TableScene flash = t.scene;
+    flash.lines[6].mark = LineMark::kWonCellDark;
+    EXPECT_TRUE(layout.PayoutCell(6, 3).contains(Difference(image, Painted(t, flash))));
+    TableScene plain = t.scene;
+    plain.lines[6] = {};
+    const QRect line = layout.rows[6].united(layout.PayoutCell(6, 5));
+    EXPECT_TRUE(line.contains(Difference(image, Painted(t, plain))));
+}
+
+TEST(TablePainterTest, ACardIsComposedOfRankPipsAndCourt) {
+    SceneTable t;
+    TableScene scene = t.scene;
+    scene.places[0].card = FindCard(t.engine.deck.table, 13, kClubs);
+    scene.places[1].card = FindCard(t.engine.deck.table, 9, kDiamonds);
+    const TableLayout layout = LayoutOf(t);
+    const QImage image = Painted(t, scene);
+    // Small cards: the rank 10 pixels in, 36 high; the court 35 wide, 5 in from the corner.
+    const auto rank = [&](std::size_t i) {
+        return QRect(layout.cards[i].topLeft() + QPoint(10, 0), QSize(25, 36));
+    };
+    const auto court = [&](std::size_t i) {
+        return QRect(layout.cards[i].topRight() + QPoint(-39, 5), QSize(35, 35));
+    };
+    const auto bigPip = [&](std::size_t i) {
+        return QRect(layout.cards[i].bottomLeft() + QPoint(25, -49), QSize(40, 40));
+    };
+    const auto isInk = [](QColor c) { return c.lightness() < 200; };
+    EXPECT_GT(CountIn(image, rank(0), IsBlack), 50);
+    EXPECT_EQ(CountIn(image, rank(0), IsRed), 0);
+    EXPECT_GT(CountIn(image, court(0), isInk), 400);
+    EXPECT_GT(CountIn(image, bigPip(0), IsBlack), 300);
+    EXPECT_GT(CountIn(image, rank(1), IsRed), 50);
+    EXPECT_EQ(CountIn(image, rank(1), IsBlack), 0);
+    EXPECT_EQ(CountIn(image, court(1), isInk), 0);
+    EXPECT_GT(CountIn(image, bigPip(1), IsRed), 300);
+}
+
+TEST(TablePainterTest, AcesOfTheOrderedGameBearLettersInOlive) {
+    SceneTable t("Aces Bonus Poker", 316);
+    TableScene scene = t.scene;
+    scene.places[0].card = FindCard(t.engine.deck.table, 1, kSpades);
+    scene.places[1].card = FindCard(t.engine.deck.table, 2, kSpades);
+    const TableLayout layout = LayoutOf(t);
+    const QImage image = Painted(t, scene);
+    EXPECT_GT(CountIn(image, layout.cards[0], IsOlive), 30);
+    EXPECT_EQ(CountIn(image, layout.cards[1], IsOlive), 0);
+}
+
+TEST(TablePainterTest, CardsThatTheDeckDoesNotHoldShowTheBack) {
+    SceneTable t;
+    TableScene scene = t.scene;
+    for (const CardCode card : {-7, 52, 56, 1000}) {
+        scene.places[2].card = card;
+        EXPECT_EQ(Difference(Painted(t, t.scene), Painted(t, scene)), QRect()) << card;
+    }
+}
+
+TEST(TablePainterTest, ATableWithoutLinesIsPainted) {
+    SceneTable t;
+    UseTable(t.engine, PayTable{}, t.machine.tables);
+    t.display.Relayout();
+    const QImage image = Painted(t, t.scene);
+    EXPECT_EQ(image.pixelColor(LayoutOf(t).message.rect.topLeft()), QColor(255, 255, 0));
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

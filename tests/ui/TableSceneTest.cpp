@@ -1,0 +1,268 @@
+#include "ui/table/TableScene.h"
+
+#include <gtest/gtest.h>
+
+#include "game/BonusFeatures.h"
+#include "game/DoubleUp.h"
+#include "game/HandFlow.h"
+#include "game/PickEmFlow.h"
+#include "game/WinDisplay.h"
+#include "tests/ui/SceneTable.h"
+#include "ui/art/Pictures.h"
+
+// Field by field, for a failure that says what differs.
+void ExpectAtRest(const SceneTable& t, const std::string& when) {
+    const TableScene rest = t.AtRest();
+    EXPECT_TRUE(t.scene == rest) << when;
+    EXPECT_EQ(t.scene.credits, rest.credits) << when;
+    EXPECT_TRUE(t.scene.lines == rest.lines) << when << ": lines";
+    EXPECT_TRUE(t.scene.buttons == rest.buttons) << when << ": buttons";
+    EXPECT_TRUE(t.scene.places == rest.places) << when << ": places";
+    EXPECT_TRUE(t.scene.targets == rest.targets) << when << ": targets";
+}
+
+void HoldAll(SceneTable& t) {
+    for (int i = 0; i < kHandSize; ++i) ToggleHold(t.table, i);
+}
+
+// The deck is decided beforehand: shuffled with the seed found, the card at position 1 is to the
+// dealer's as wanted.
+void DecideDuel(SceneTable& t, bool won) {
+    const auto value = [&](CardCode card) {
+        const int rank = t.engine.deck.table.cards[static_cast<std::size_t>(card)].rank;
+        return rank == 1 ? 14 : rank;
+    };
+    for (std::uint32_t seed = 1;; ++seed) {
+        t.engine.deck.random.RandomInit(seed);
+        Deck deck = t.engine.deck;
+        deck.Shuffle(5);
+        const int difference = value(deck.order[0]) - value(deck.order[4]);
+        if (won ? difference > 0 : difference < 0) return;
+    }
+}
+
+TEST(TableSceneTest, AMachineThatIsSwitchedOnShowsFiveBacksAndAsksForADeal) {
+    const SceneTable t;
+    EXPECT_EQ(t.scene.message, "PRESS DEAL");
+    EXPECT_EQ(t.scene.credits, "$100.00");
+    for (const PlaceLook& place : t.scene.places) {
+        EXPECT_EQ(place.card, kCardBack);
+        EXPECT_EQ(place.holdButton, ButtonLook::kReleased);
+    }
+    EXPECT_EQ(t.scene.Button(TableButton::kDoubleUp), ButtonLook::kHidden);
+    ExpectAtRest(t, "start");
+}
+
+TEST(TableSceneTest, AHandPlayedStepByStepShowsWhatARepaintShows) {
+    for (const Speed speed : {Speed::kSlow, Speed::kNormal, Speed::kFast}) {
+        SceneTable t;
+        t.engine.settings.speed = speed;
+        t.machine.Stack("JS JD TC 9H 2S JC 4C 5C", 8);
+        DealDraw(t.table);
+        EXPECT_EQ(t.scene.lines[8].mark, LineMark::kWon);
+        ExpectAtRest(t, "dealt");
+        ToggleHold(t.table, 0);
+        ToggleHold(t.table, 1);
+        EXPECT_TRUE(t.scene.places[1].held);
+        ExpectAtRest(t, "held");
+        DealDraw(t.table);
+        EXPECT_EQ(t.scene.lines[8].mark, LineMark::kPlain);
+        EXPECT_EQ(t.scene.lines[6], (LineLook{LineMark::kWon, 15, 4}));
+        EXPECT_EQ(t.scene.Button(TableButton::kDoubleUp), ButtonLook::kReleased);
+        ExpectAtRest(t, "won");
+        t.machine.Stack("2S 7D TC 9H 4S 3C 5C 6H QD KS", 10);
+        DealDraw(t.table);
+        EXPECT_EQ(t.scene.Button(TableButton::kDoubleUp), ButtonLook::kHidden);
+        ExpectAtRest(t, "dealt again");
+        DealDraw(t.table);
+        EXPECT_EQ(t.scene.message, "GAME OVER");
+        ExpectAtRest(t, "lost");
+    }
+}
+
+TEST(TableSceneTest, ABetAboveFiveIsAnnouncedInTheFifthColumn) {
+    SceneTable t;
+    t.engine.settings.bet = 8;
+    t.display.Repaint();
+    t.machine.Stack("JS JD TC 9H 2S", 5);
+    DealDraw(t.table);
+    EXPECT_EQ(t.scene.lines[8], (LineLook{LineMark::kWon, 8, 4}));
+    ExpectAtRest(t, "dealt");
+}
+
+TEST(TableSceneTest, AutoHoldAndTheFirstDrawCardAreShown) {
+    SceneTable t("Sneak Peak Poker", 351);
+    t.engine.settings.mode = PlayMode::kAutoHold;
+    t.machine.Stack("AC AD 9D 4H 2S TC JH 3C", 8);
+    DealDraw(t.table);
+    EXPECT_EQ(t.scene.firstDraw, t.engine.drawCards[0]);
+    EXPECT_TRUE(t.scene.places[0].held && t.scene.places[1].held);
+    ExpectAtRest(t, "dealt");
+    DealDraw(t.table);
+    EXPECT_EQ(t.scene.firstDraw, kNoCard);
+    ExpectAtRest(t, "drawn");
+}
+
+TEST(TableSceneTest, PilesLieOnTheTableUntilOneIsChosen) {
+    for (const Pile pile : {Pile::kLeft, Pile::kRight}) {
+        SceneTable t("Pick Em Poker", 350);
+        t.engine.settings.mode = PlayMode::kAutoHold;
+        t.others.answers = {"yes"};
+        ExpectAtRest(t, "start");
+        t.machine.Stack("KC KD 9D AH 2S KS JH 3C", 8);
+        DealDraw(t.table);
+        EXPECT_EQ(t.scene.places[2].card, kNoCard);
+        EXPECT_EQ(t.scene.places[3].label, "");
+        EXPECT_EQ(t.scene.places[4].label, "PLAY");
+        EXPECT_TRUE(t.scene.places[4].pileTop);
+        EXPECT_EQ(t.scene.places[4].pileDepth, 2);
+        ExpectAtRest(t, "dealt");
+        ChoosePile(t.table, pile);
+        EXPECT_EQ(t.scene.places[3].pileDepth, 0);
+        EXPECT_EQ(t.scene.places[4].label, "");
+        ExpectAtRest(t, "played");
+    }
+}
+
+TEST(TableSceneTest, ADoubleUpHidesTheTableAndGivesItBack) {
+    SceneTable t;
+    t.machine.Stack("JS JD TC TH 2S", 5);
+    DealDraw(t.table);
+    HoldAll(t);
+    DealDraw(t.table);
+    const TableScene offered = t.scene;
+    DecideDuel(t, true);
+    StartDoubleUp(t.table);
+    EXPECT_TRUE(t.scene.doubleUp.shown);
+    EXPECT_EQ(t.scene.doubleUp.stake, 10);
+    EXPECT_EQ(t.scene.places[0].card, t.engine.hand[4]);
+    EXPECT_EQ(t.scene.places[0].holdButton, ButtonLook::kHidden);
+    EXPECT_EQ(t.scene.places[3].card, kCardBack);
+    EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kHidden);
+    ExpectAtRest(t, "waits");
+
+    // The pick is decided when the question is asked; what a repaint would show then is compared.
+    t.others.answers = {"no"};
+    bool revealed = false;
+    t.changed = [&] {
+        if (t.scene.doubleUp.stake == 20) revealed = t.scene.places[4].card == t.engine.hand[3];
+    };
+    PickDoubleUpCard(t.table, 1);
+    EXPECT_TRUE(revealed);
+    EXPECT_FALSE(t.scene.doubleUp.shown);
+    EXPECT_EQ(t.scene.message, "$10.00 Bonus Credits");
+    EXPECT_TRUE(t.scene.places == offered.places);
+    EXPECT_TRUE(t.scene.lines == offered.lines);
+    ExpectAtRest(t, "collected");
+}
+
+TEST(TableSceneTest, ADecidedPickIsRepaintedFaceUpWithItsMark) {
+    SceneTable t;
+    t.engine.hand = {1, 2, 3, 4, 5};
+    t.engine.held = {false, false, true, false, false};
+    t.engine.doubleUpPick = t.engine.doubleUpClosed = true;
+    t.display.Repaint();
+    EXPECT_EQ(t.scene.places[0].card, 5);
+    EXPECT_EQ(t.scene.places[2].card, 2);
+    EXPECT_TRUE(t.scene.places[2].held);
+    t.engine.doubleUpClosed = false;
+    t.display.Repaint();
+    EXPECT_EQ(t.scene.places[2].card, kCardBack);
+    EXPECT_FALSE(t.scene.places[2].held);
+}
+
+// All bonuses on, and a hand of five red cards behind it.
+struct BonusTable : SceneTable {
+    BonusTable() : SceneTable("Super Bonus Poker", 356) {
+        engine.payTable.charlieBonus = engine.payTable.redBlackBonus = true;
+        engine.payTable.spinBonus = engine.payTable.targetBonus = true;
+        engine.settings.speed = Speed::kFast;
+    }
+
+    // The draw of 1..150 that decides on Spin or Target is the one wanted.
+    void PlayRedHand(int draw) {
+        for (std::uint32_t seed = 1;; ++seed) {
+            table.random.RandomInit(seed);
+            CombinedRandom ahead = table.random;
+            if (ahead.IRandom(1, 150) == draw) break;
+        }
+        machine.Stack("2D 4D 6H 8H TD", 5);
+        DealDraw(table);
+        HoldAll(*this);
+        DealDraw(table);
+    }
+};
+
+TEST(TableSceneTest, SpinAndRedOrBlackWaitTogetherAndLeaveNothingBehind) {
+    BonusTable t;
+    t.PlayRedHand(2);
+    EXPECT_EQ(t.scene.featureLabel, "SPIN");
+    EXPECT_EQ(t.scene.spin.button, SpinButton::kReady);
+    EXPECT_TRUE(t.scene.redBlack.shown);
+    ExpectAtRest(t, "started");
+    GuessColour(t.table, CardColour::kRed);
+    EXPECT_EQ(t.scene.redBlack.lit, CardColour::kRed);
+    ExpectAtRest(t, "guessed right");
+    while (t.engine.redBlackPending) {
+        GuessColour(t.table, CardColour::kBlack);
+        ExpectAtRest(t, "guessed");
+    }
+    EXPECT_FALSE(t.scene.redBlack.shown);
+    Spin(t.table);
+    EXPECT_EQ(t.scene.spin, SpinLook{});
+    EXPECT_EQ(t.scene.featureLabel, "");
+    ExpectAtRest(t, "spun");
+}
+
+TEST(TableSceneTest, ATargetShowsItsValueOnceItIsShot) {
+    BonusTable t;
+    t.PlayRedHand(149);
+    for (const TargetLook& target : t.scene.targets) EXPECT_EQ(target.face, TargetFace::kHidden);
+    Shoot(t.table, 3);
+    EXPECT_EQ(t.scene.targets[3], (TargetLook{TargetFace::kShot, t.table.target.values[3]}));
+    ExpectAtRest(t, "one shot");
+    Shoot(t.table, 0);
+    bool missedSeen = false;
+    t.changed = [&] { missedSeen |= t.scene.targets[4].face == TargetFace::kMissed; };
+    Shoot(t.table, 1);
+    EXPECT_TRUE(missedSeen);
+    EXPECT_EQ(t.scene.targets[4], TargetLook{});
+    ExpectAtRest(t, "three shots");
+}
+
+TEST(TableSceneTest, ACharlieShowsItsPictureAndFivefoldPay) {
+    BonusTable t;
+    t.machine.Stack("2S 2H 3C 3D AS", 5);
+    DealDraw(t.table);
+    EXPECT_TRUE(t.scene.charlie);
+    const auto line = static_cast<std::size_t>(t.engine.dealtLine);
+    EXPECT_EQ(t.scene.lines[line].payout,
+              5 * LineUnitPay(t.engine.payTable, t.engine.dealtLine, 5));
+    ExpectAtRest(t, "dealt");
+}
+
+TEST(TableSceneTest, StepsOutsideTheTableChangeNothing) {
+    SceneTable t;
+    const TableScene before = t.scene;
+    t.display.ShowLine(-1, LineMark::kWon, 5);
+    t.display.ShowLine(kMaxPayLines, LineMark::kWon, 5);
+    t.display.ShowTarget(kTargets, TargetFace::kHidden, 0);
+    t.display.PressButton(TableButton::kDoubleUp, true);
+    t.display.PressButton(TableButton::kHold, true);
+    EXPECT_TRUE(t.scene == before);
+    t.engine.finalLine = 99;
+    t.engine.handWins = true;
+    t.display.Repaint();
+    EXPECT_TRUE(t.scene.lines == before.lines);
+}
+
+TEST(TableSceneTest, APressedButtonIsReleasedByARepaint) {
+    SceneTable t;
+    t.display.PressButton(TableButton::kDeal, true);
+    EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kPressed);
+    bool relaidOut = false;
+    t.display.relaidOut = [&] { relaidOut = true; };
+    t.display.Relayout();
+    EXPECT_TRUE(relaidOut);
+    EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kReleased);
+}

@@ -1,0 +1,98 @@
+#include "ui/table/CMorvikView.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <utility>
+
+#include "ui/table/ActionQueue.h"
+#include "ui/table/SceneDisplay.h"
+#include "ui/table/TablePainter.h"
+
+namespace {
+
+// With these a key is a shortcut, not one of the table's.
+constexpr Qt::KeyboardModifiers kShortcutModifiers =
+    Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
+}  // namespace
+
+CMorvikView::CMorvikView(GameTable& shownTable, const TableScene& shownScene, SceneDisplay& display,
+                         PictureStore& store, ActionQueue& queue, std::function<void(int)> command)
+    : table(shownTable),
+      scene(shownScene),
+      actions(queue),
+      pictures(store),
+      input(shownTable, display, places, std::move(command)) {
+    setObjectName("table");
+    setAccessibleName(tr("Video poker table"));
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(kMinimumTableSize);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    display.relaidOut = [this] { LayOutTable(); };
+}
+
+QSize CMorvikView::sizeHint() const { return {1024, 700}; }
+
+void CMorvikView::LayOutTable() {
+    const auto laidOut = LayOut(size(), ShapeOf(table.engine.payTable), measure);
+    if (laidOut) places = *laidOut;
+    update();
+}
+
+void CMorvikView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    PaintTable(painter, event->rect(), scene, places, table.engine.payTable,
+               table.engine.deck.table, pictures);
+}
+
+void CMorvikView::resizeEvent(QResizeEvent*) { LayOutTable(); }
+
+// Any input ends a count-up that is running, and is handled when the flow that runs has ended.
+void CMorvikView::Handle(std::function<void()> action) {
+    table.engine.stopCountUp = true;
+    actions.Run(std::move(action));
+}
+
+void CMorvikView::mousePressEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    if (event->button() == Qt::LeftButton) Handle([=, this] { input.Press(point); });
+    if (event->button() == Qt::RightButton) Handle([=, this] { input.RightPress(point); });
+}
+
+void CMorvikView::mouseReleaseEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    if (event->button() == Qt::LeftButton) Handle([=, this] { input.Release(point); });
+}
+
+// A quick second press is a press as well, or fast players would lose every other one.
+void CMorvikView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    if (event->button() != Qt::LeftButton) {
+        mousePressEvent(event);
+    } else if (places.PayTablePanel().contains(point)) {
+        Handle([=, this] { input.DoublePress(point); });
+    } else {
+        Handle([=, this] { input.Press(point); });
+    }
+}
+
+void CMorvikView::keyPressEvent(QKeyEvent* event) {
+    if ((event->modifiers() & kShortcutModifiers) != 0) {
+        QWidget::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        keysDown.insert(event->key());
+    }
+}
+
+void CMorvikView::keyReleaseEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (event->isAutoRepeat() || !keysDown.remove(key)) return;
+    Handle([=, this] { input.Key(key); });
+}
+
+void CMorvikView::focusOutEvent(QFocusEvent* event) {
+    keysDown.clear();
+    QWidget::focusOutEvent(event);
+}

@@ -1,0 +1,49 @@
+// The machine's table in the window: paints the scene, and takes presses and keys.
+#pragma once
+#include <QSet>
+#include <QWidget>
+#include <functional>
+
+#include "game/GameTable.h"
+#include "ui/table/Layout.h"
+#include "ui/table/TableInput.h"
+
+class ActionQueue;
+class PictureStore;
+class SceneDisplay;
+struct TableScene;
+
+class CMorvikView : public QWidget {
+    Q_OBJECT
+
+  public:
+    // command runs a command of the menus (ui/table/Commands.h). All outlive the view.
+    CMorvikView(GameTable& table, const TableScene& scene, SceneDisplay& display,
+                PictureStore& pictures, ActionQueue& actions, std::function<void(int)> command);
+
+    QSize sizeHint() const override;
+
+    TableLayout places;  // as of the last change of size or pay table
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void LayOutTable();
+    void Handle(std::function<void()> action);
+
+    GameTable& table;
+    const TableScene& scene;
+    ActionQueue& actions;
+    PictureStore& pictures;
+    QtTextMeasure measure;
+    TableInput input;
+    QSet<int> keysDown;  // pressed here, so that a key let go after a dialog has closed is no input
+};

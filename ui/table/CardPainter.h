@@ -1,0 +1,33 @@
+// A card as it is composed of its face, rank, pips and court picture.
+#pragma once
+#include "core/cards/CardTable.h"
+#include "core/paytable/PayTable.h"
+#include "ui/table/Layout.h"
+#include "ui/table/TableCanvas.h"
+
+// What a code looks like depends on the game: its deck and which cards it counts as wild.
+class CardPainter {
+  public:
+    // All outlive the painter.
+    CardPainter(TableCanvas& canvas, const TableLayout& layout, const CardTable& cards,
+                GameType type);
+
+    // At a place of the card's size. kNoCard leaves the place as it is; a code that the deck does
+    // not hold shows the back.
+    void DrawCard(CardCode card, const QRect& place, bool alternateFace = false);
+
+    // What lies under the top of a pile: 1 a card back, 2 a stack, anything else nothing.
+    void DrawPile(int depth, const QRect& place);
+
+  private:
+    void DrawFace(const CardInfo& card, const QRect& place, bool alternateFace);
+    void DrawRank(const CardInfo& card, const QRect& place);
+    void DrawBigPip(const CardInfo& card, const QRect& place);
+    void DrawPaper(Picture picture, const QRect& place);
+    void WriteWild(const QRect& place);
+
+    TableCanvas& canvas;
+    const TableLayout& layout;
+    const CardTable& cards;
+    GameType type;
+};

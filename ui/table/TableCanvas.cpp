@@ -1,0 +1,105 @@
+#include "ui/table/TableCanvas.h"
+
+#include <QFontMetrics>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr QColor kShadow{0, 0, 0, 170};
+constexpr QColor kPlate{255, 255, 246};
+
+QString Utf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+TableCanvas::TableCanvas(QPainter& onPainter, const QRect& clipRect, PictureStore& store)
+    : painter(onPainter),
+      clip(clipRect),
+      pictures(store),
+      pixelRatio(onPainter.device()->devicePixelRatioF()) {
+    painter.save();
+    painter.setClipRect(clip, Qt::IntersectClip);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+}
+
+TableCanvas::~TableCanvas() { painter.restore(); }
+
+void TableCanvas::DrawPicture(Picture picture, const QRect& place) {
+    if (!place.intersects(clip)) return;
+    painter.drawPixmap(place.topLeft(), pictures.Get(picture, place.size(), pixelRatio));
+}
+
+void TableCanvas::Tile(Picture picture, int side, const QRect& area) {
+    painter.drawTiledPixmap(area, pictures.Get(picture, {side, side}, pixelRatio));
+}
+
+// Filled twice rather than stroked, with an outline of whole pixels of the screen: at any scale all
+// four edges are sharp and equally wide.
+void TableCanvas::DrawBox(const QRect& place, const QColor& outline, const QColor& fill) {
+    if (!place.intersects(clip)) return;
+    const qreal edge = std::max(1.0, std::round(pixelRatio)) / pixelRatio;
+    painter.fillRect(QRectF(place), outline);
+    painter.fillRect(QRectF(place).adjusted(edge, edge, -edge, -edge), fill);
+}
+
+const QFont& TableCanvas::Font(int height) {
+    const auto known = fonts.find(height);
+    return known != fonts.end() ? known->second
+                                : fonts.emplace(height, TableFont(height)).first->second;
+}
+
+int TableCanvas::TextWidth(int fontHeight, std::string_view text) {
+    return QFontMetrics(Font(fontHeight)).horizontalAdvance(Utf8(text));
+}
+
+TableCanvas::Line TableCanvas::Fitting(const TextPlace& place, std::string_view text) {
+    int height = place.fontHeight;
+    const int width = place.rect.width();
+    while (height > kReadableFontHeight && TextWidth(height, text) > width) --height;
+    Line line{Font(height), Utf8(text)};
+    const QFontMetrics metrics(line.font);
+    if (metrics.horizontalAdvance(line.text) > width) {
+        line.text = metrics.elidedText(line.text, Qt::ElideRight, width);
+    }
+    return line;
+}
+
+void TableCanvas::Write(const TextPlace& place, std::string_view text, const QColor& colour,
+                        Qt::Alignment alignment) {
+    if (text.empty() || !place.rect.intersects(clip)) return;
+    const Line line = Fitting(place, text);
+    painter.setFont(line.font);
+    painter.setPen(colour);
+    painter.drawText(
+        place.rect, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, line.text);
+}
+
+void TableCanvas::WriteOnCloth(const TextPlace& place, std::string_view text,
+                               const QColor& colour) {
+    painter.save();
+    painter.setClipRect(place.rect, Qt::IntersectClip);
+    Write({place.rect.translated(1, 1), place.fontHeight}, text, kShadow);
+    painter.restore();
+    Write(place, text, colour);
+}
+
+void TableCanvas::WriteOnCard(const TextPlace& place, std::string_view text, const QColor& colour) {
+    if (text.empty() || !place.rect.intersects(clip)) return;
+    constexpr int kMargin = 5;
+    constexpr double kRadius = 4;
+    const QFontMetrics metrics(Font(place.fontHeight));
+    const int width = std::min(metrics.horizontalAdvance(Utf8(text)), place.rect.width());
+    QRectF plate(0, 0, width + 2 * kMargin, place.rect.height() + 1);
+    plate.moveCenter(QRectF(place.rect).center());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1));
+    painter.setBrush(kPlate);
+    painter.drawRoundedRect(plate, kRadius, kRadius);
+    painter.restore();
+    Write(place, text, colour);
+}

@@ -1,0 +1,73 @@
+// What the table is painted with: pictures, boxes and texts in the table's own colours, which no
+// desktop theme changes.
+#pragma once
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QRect>
+#include <QString>
+#include <map>
+#include <string_view>
+
+#include "ui/art/PictureStore.h"
+#include "ui/table/Layout.h"
+
+inline constexpr QColor kTableYellow{255, 255, 0};
+inline constexpr QColor kTableRed{200, 0, 0};
+inline constexpr QColor kTableBlack{0, 0, 0};
+inline constexpr QColor kTableWhite{255, 255, 255};
+inline constexpr QColor kTableBlue{0, 0, 255};
+inline constexpr QColor kTableSilver{192, 192, 192};
+inline constexpr QColor kTableOlive{190, 190, 60};
+
+class TableCanvas {
+  public:
+    // Both outlive the canvas. Nothing is painted outside clip.
+    TableCanvas(QPainter& painter, const QRect& clip, PictureStore& pictures);
+    ~TableCanvas();
+    TableCanvas(const TableCanvas&) = delete;
+    TableCanvas& operator=(const TableCanvas&) = delete;
+
+    QPainter& Painter() { return painter; }
+    qreal PixelRatio() const { return pixelRatio; }
+
+    void DrawPicture(Picture picture, const QRect& place);
+
+    // For pictures that are to be changed before they are drawn.
+    QPixmap PictureOf(Picture picture, QSize size) {
+        return pictures.Get(picture, size, pixelRatio);
+    }
+
+    // Covers the area with copies of a square picture, the first one in its top left corner.
+    void Tile(Picture picture, int side, const QRect& area);
+
+    // An outline one pixel wide, filled.
+    void DrawBox(const QRect& place, const QColor& outline, const QColor& fill);
+
+    // One line of text in the table's font; smaller where it would be wider than its place, then
+    // shortened at its end, and never outside it. alignment is horizontal.
+    void Write(const TextPlace& place, std::string_view text, const QColor& colour,
+               Qt::Alignment alignment = Qt::AlignHCenter);
+
+    // The same on bare cloth, with a shadow that parts it from the cloth.
+    void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour);
+
+    // The same across a card, on a plate that parts it from what is printed there.
+    void WriteOnCard(const TextPlace& place, std::string_view text, const QColor& colour);
+
+    const QFont& Font(int height);
+    int TextWidth(int fontHeight, std::string_view text);
+
+  private:
+    struct Line {
+        QFont font;
+        QString text;
+    };
+    Line Fitting(const TextPlace& place, std::string_view text);
+
+    QPainter& painter;
+    QRect clip;
+    PictureStore& pictures;
+    qreal pixelRatio;
+    std::map<int, QFont> fonts;  // by height; finding the pixel size of one takes a while
+};

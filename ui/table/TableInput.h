@@ -1,0 +1,49 @@
+// Turns presses and keys into what the player does at the table. Nothing is remembered from one
+// event to the next: each is decided by the state of the machine when it is handled.
+#pragma once
+#include <QPoint>
+#include <functional>
+
+#include "game/GameTable.h"
+#include "ui/table/Layout.h"
+
+class SceneDisplay;
+
+class TableInput {
+  public:
+    // command runs a command of the menus (ui/table/Commands.h). All outlive the input.
+    TableInput(GameTable& table, SceneDisplay& display, const TableLayout& places,
+               std::function<void(int)> command);
+
+    void Press(QPoint point);
+    void Release(QPoint point);
+    void RightPress(QPoint point);
+    void DoublePress(QPoint point);
+
+    // A key that is let go, by its Qt::Key; digits of the keypad count as digits. In Pick 'Em Left
+    // and Right choose the piles, so that every hand can be played without a mouse.
+    void Key(int key);
+
+  private:
+    bool HandIsDealt() const;
+    bool IsPickEm() const;
+    int PositionAt(QPoint point) const;  // by card place or HOLD button, -1 none
+
+    void PressDealt(QPoint point);
+    void PressGameOver(QPoint point);
+    bool ReleaseDealt(QPoint point);
+    bool ReleaseGameOver(QPoint point);
+    bool ReleaseFeature(QPoint point);
+    bool RightPressGameOver(QPoint point);
+    void FeatureKey(int key);
+    void TableKey(int key);
+    void CommandKey(int key);
+    void PileKey(int key);
+    void ReleaseButtons();
+
+    GameTable& table;
+    GameEngine& engine;
+    SceneDisplay& display;
+    const TableLayout& places;
+    std::function<void(int)> command;
+};
