@@ -38,10 +38,13 @@ CardCode DrawBeside(GameEngine& engine, CardCode besides) {
 
 void DealFixedHand(GameEngine& engine) {
     engine.deck.Shuffle(5);
-    const auto& fixed = engine.statistics;
+    const Statistics& fixed = engine.statistics;
     for (std::size_t i = 0; i < kHandSize; ++i) {
         if (IsInDeck(engine, fixed.setCards[i])) engine.hand[i] = fixed.setCards[i];
-        if (IsInDeck(engine, fixed.setDraws[i])) engine.drawCards[i] = fixed.setDraws[i];
+        // The hand may have been given a card that was to replace one.
+        const bool dealt =
+            std::ranges::find(fixed.setCards, fixed.setDraws[i]) != fixed.setCards.end();
+        if (!dealt && IsInDeck(engine, fixed.setDraws[i])) engine.drawCards[i] = fixed.setDraws[i];
     }
     for (auto& card : engine.hand) {
         if (card == kNoCard) card = DrawBeside(engine, engine.drawCards[0]);

@@ -96,6 +96,17 @@ TEST(FixedHandTest, WhatIsLeftOpenDiffersFromDealToDeal) {
     EXPECT_NE(t.engine.hand, first);
 }
 
+TEST(FixedHandTest, ADrawCardThatTheHandWasGivenIsReplaced) {
+    PracticeTable t("Sneak Peak Poker", 351);
+    t.engine.fixedHand = true;
+    t.engine.statistics.setCards = {0, 1, 2, 3, 20};
+    t.engine.statistics.setDraws[0] = 20;
+    DealDraw(t);
+    EXPECT_NE(t.engine.drawCards[0], 20);
+    EXPECT_NE(t.engine.drawCards[0], kNoCard);
+    EXPECT_GT(t.engine.analysis.bestReturn, 0);
+}
+
 TEST(FixedHandTest, ARefusedErrorKeepsTheHandWithItsHolds) {
     PracticeTable t("Sneak Peak Poker", 351);
     t.engine.settings.mode = PlayMode::kWarning;
