@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
 #include "core/text/Numbers.h"
 
@@ -52,6 +53,8 @@ constexpr std::array<BuiltInGame, 42> kBuiltIn = {{
     {355, "Target Bonus Poker", false, true},
     {356, "Super Bonus Poker", false, true},
 }};
+constexpr int kFirstListedId = 300;
+constexpr int kLastListedId = 398;
 constexpr std::size_t kStoredIdLength = 4;  // "9003,My Game": the name starts behind the comma
 
 // The name in a slot; empty when the slot is.
@@ -100,4 +103,16 @@ std::string GameNameFromId(ProfileFile& file, int id, const std::string& mainPat
         if (game.id == id) return game.name;
     }
     return "";
+}
+
+std::vector<std::string> SelectableGames(ProfileFile& file, const std::string& mainPath) {
+    std::vector<std::string> names;
+    for (int id = kFirstListedId; id <= kLastListedId; ++id) {
+        std::string name = GameNameFromId(file, id, mainPath);
+        if (!name.empty()) names.push_back(std::move(name));
+    }
+    for (auto& game : UserGames(file, mainPath)) {
+        if (TableExists(file, game.name, 0, mainPath)) names.push_back(std::move(game.name));
+    }
+    return names;
 }

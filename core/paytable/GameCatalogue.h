@@ -36,3 +36,7 @@ int GameIdFromName(ProfileFile& file, std::string_view name, const std::string& 
 // The name of an offered built-in game, otherwise of the user game stored with that id; empty when
 // none.
 std::string GameNameFromId(ProfileFile& file, int id, const std::string& mainPath);
+
+// What a list of games to choose from holds: the names of ids 300..398 by rising id, then the
+// player's own games that have a first pay table, in slot order.
+std::vector<std::string> SelectableGames(ProfileFile& file, const std::string& mainPath);

@@ -1,0 +1,163 @@
+#include "game/FixedHandEditor.h"
+
+#include <algorithm>
+
+#include "game/GameEngine.h"
+
+namespace {
+
+bool IsPlace(int place) { return place >= 0 && place < kPlaces; }
+
+// In slot order; the jokers of a hand take the first ones, each another.
+CardCode FindJoker(const CardTable& table, std::ptrdiff_t number) {
+    for (CardCode slot = 0; slot < table.deckSize; ++slot) {
+        if (table.cards[static_cast<std::size_t>(slot)].rank == 0 && number-- == 0) return slot;
+    }
+    return kNoCard;
+}
+
+}  // namespace
+
+FixedHandEditor::FixedHandEditor(GameEngine& engine) : engine(engine) { LastDealt(); }
+
+bool FixedHandEditor::HasStars() const { return engine.deck.table.starsSlot != kNoCard; }
+bool FixedHandEditor::IsPickEm() const { return engine.payTable.type == GameType::kPickEm; }
+int FixedHandEditor::JokerCount() const {
+    return std::clamp(engine.payTable.jokers, 0, kMaxJokers);
+}
+
+bool FixedHandEditor::HasPlace(int place) const {
+    return IsPlace(place) && !(IsPickEm() && place == kPickEmGap);
+}
+
+PlacedCard FixedHandEditor::At(int place) const {
+    return IsPlace(place) ? places[static_cast<std::size_t>(place)] : PlacedCard{};
+}
+
+PlacedCard FixedHandEditor::DrawCard(int position) const {
+    return IsPlace(position) ? draws[static_cast<std::size_t>(position)] : PlacedCard{};
+}
+
+bool FixedHandEditor::IsFree(int suit, int rank) const {
+    if (suit < kSpades || suit > kStars || rank < 1 || rank > kRanks) return false;
+    if (suit == kStars && (rank != 1 || !HasStars())) return false;
+    return !used[static_cast<std::size_t>(suit - 1)][static_cast<std::size_t>(rank - 1)];
+}
+
+bool FixedHandEditor::IsJokerFree(int joker) const {
+    return joker >= 0 && joker < JokerCount() && !jokersUsed[static_cast<std::size_t>(joker)];
+}
+
+void FixedHandEditor::ClickCard(int suit, int rank) {
+    if (!IsFree(suit, rank)) return;
+    ReturnCurrent();
+    used[static_cast<std::size_t>(suit - 1)][static_cast<std::size_t>(rank - 1)] = true;
+    Fill({rank, suit});
+}
+
+void FixedHandEditor::ClickJoker() {
+    const auto end = jokersUsed.begin() + JokerCount();
+    if (std::find(jokersUsed.begin(), end, false) == end) return;
+    ReturnCurrent();
+    *std::find(jokersUsed.begin(), end, false) = true;
+    Fill({0, kNoSuit});
+}
+
+void FixedHandEditor::ClickPlace(int place) {
+    if (!HasPlace(place)) return;
+    current = place;
+    ReturnCurrent();
+}
+
+void FixedHandEditor::Clear() {
+    places = {};
+    used = {};
+    jokersUsed = {};
+    current = 0;
+}
+
+void FixedHandEditor::LastDealt() {
+    Clear();
+    const HandCards& hand = engine.statistics.setCards;
+    const HandCards& replacements = engine.statistics.setDraws;
+    Put(0, hand[0]);
+    Put(1, hand[1]);
+    if (IsPickEm()) {
+        Put(3, hand[2]);
+        Put(4, replacements[0]);
+    } else {
+        for (int place = 2; place < kPlaces; ++place) {
+            Put(place, hand[static_cast<std::size_t>(place)]);
+        }
+    }
+    std::ranges::transform(replacements, draws.begin(),
+                           [this](CardCode code) { return CardOf(code); });
+}
+
+void FixedHandEditor::Apply() const {
+    HandCards& hand = engine.statistics.setCards;
+    hand[0] = CodeAt(0);
+    hand[1] = CodeAt(1);
+    if (IsPickEm()) {
+        hand[2] = CodeAt(3);
+        engine.statistics.setDraws[0] = CodeAt(4);
+    } else {
+        for (std::size_t place = 2; place < kPlaces; ++place) hand[place] = CodeAt(place);
+    }
+    engine.fixedHand = true;
+}
+
+PlacedCard FixedHandEditor::CardOf(CardCode code) const {
+    const CardTable& table = engine.deck.table;
+    if (code < 0 || code >= table.deckSize) return {};
+    const CardInfo& card = table.cards[static_cast<std::size_t>(code)];
+    return {card.rank, card.suit};
+}
+
+CardCode FixedHandEditor::CodeAt(std::size_t place) const {
+    const PlacedCard& card = places[place];
+    const CardTable& table = engine.deck.table;
+    if (card.IsEmpty()) return kNoCard;
+    if (!card.IsJoker()) return FindCard(table, card.rank, card.suit);
+    const auto* end = places.begin() + place;
+    return FindJoker(table, std::count_if(places.begin(), end, [](const PlacedCard& before) {
+                         return before.IsJoker();
+                     }));
+}
+
+void FixedHandEditor::Put(int place, CardCode code) {
+    const PlacedCard card = CardOf(code);
+    if (card.IsEmpty()) return;
+    current = place;
+    if (card.IsJoker()) {
+        ClickJoker();
+    } else {
+        ClickCard(card.suit, card.rank);
+    }
+}
+
+void FixedHandEditor::Fill(PlacedCard card) {
+    places[static_cast<std::size_t>(current)] = card;
+    Advance();
+}
+
+void FixedHandEditor::ReturnCurrent() {
+    PlacedCard& card = places[static_cast<std::size_t>(current)];
+    if (card.IsJoker()) {
+        *std::ranges::find(jokersUsed, true) = false;
+    } else if (!card.IsEmpty()) {
+        used[static_cast<std::size_t>(card.suit - 1)][static_cast<std::size_t>(card.rank - 1)] =
+            false;
+    }
+    card = {};
+}
+
+void FixedHandEditor::Advance() {
+    for (int step = 1; step < kPlaces; ++step) {
+        const int next = (current + step) % kPlaces;
+        if (HasPlace(next) && At(next).IsEmpty()) {
+            current = next;
+            return;
+        }
+    }
+}

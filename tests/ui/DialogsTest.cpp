@@ -1,0 +1,367 @@
+// Each dialog by itself, with the keys and clicks of a person.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "game/MachineCommands.h"
+#include "game/reports/StatisticsReport.h"
+#include "tests/game/TestMachine.h"
+#include "tests/ui/DialogRobot.h"
+#include "ui/art/PictureStore.h"
+#include "ui/dialogs/AboutDialog.h"
+#include "ui/dialogs/AssignFixedHandDialog.h"
+#include "ui/dialogs/AutoplayHandsDialog.h"
+#include "ui/dialogs/BestPlayErrorDialog.h"
+#include "ui/dialogs/CombinationsDialog.h"
+#include "ui/dialogs/EnterDollarsDialog.h"
+#include "ui/dialogs/PictureButton.h"
+#include "ui/dialogs/ProgressDialog.h"
+#include "ui/dialogs/RenameGameDialog.h"
+#include "ui/dialogs/SelectGameDialog.h"
+#include "ui/dialogs/StatisticsDialog.h"
+
+namespace {
+
+using Codes = std::array<CardCode, 5>;
+
+template <typename Widget>
+Widget& Part(QWidget& dialog, const char* name) {
+    return *dialog.findChild<Widget*>(name);
+}
+
+void Show(QDialog& dialog) {
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+}
+
+TEST(EnterDollarsDialogTest, TheAmountProposedIsTypedOver) {
+    EnterDollarsDialog dialog(100, nullptr);
+    DialogRobot robot{Type("20"), Press(Qt::Key_Return)};
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    EXPECT_EQ(dialog.Dollars(), 20);
+}
+
+TEST(EnterDollarsDialogTest, WhatIsNoAmountIsRefusedAndMayBeTypedAgain) {
+    for (const char* typed : {"0", "1000000", "-5", "1.5", "ten", "99999999999999999999", " "}) {
+        EnterDollarsDialog dialog(100, nullptr);
+        QString caption;
+        QString text;
+        DialogRobot robot{Type(typed), Press(Qt::Key_Return), ReadMessage(caption, text),
+                          Type("999999"), Press(Qt::Key_Return)};
+        EXPECT_EQ(dialog.exec(), QDialog::Accepted) << typed;
+        EXPECT_EQ(text, "Enter an integer between 1 and 999999.") << typed;
+        EXPECT_EQ(dialog.Dollars(), 999999);
+    }
+}
+
+TEST(AutoplayHandsDialogTest, TheCountIsReadAsFarAsItIsANumber) {
+    const auto entered = [](const QString& typed) {
+        AutoplayHandsDialog dialog(nullptr);
+        DialogRobot robot{Type(typed), Press(Qt::Key_Return)};
+        EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+        return dialog.Hands();
+    };
+    EXPECT_EQ(entered("  5000000000 hands"), 5'000'000'000);
+    EXPECT_EQ(entered(""), 0);
+    EXPECT_EQ(entered("many"), 0);
+    EXPECT_EQ(entered("-3"), -3);
+    EXPECT_EQ(entered(QString(80, '0') + "7"), 0) << "80 characters are read";
+}
+
+TEST(RenameGameDialogTest, NamesThatAFileCannotKeepAreRefused) {
+    for (const char* typed : {"", "   ", "Deuces [2]", "A=B", "[Deuces"}) {
+        RenameGameDialog dialog("Deuces", nullptr);
+        QString caption;
+        QString text;
+        DialogRobot robot{Press(Qt::Key_Delete), Type(typed), Press(Qt::Key_Return),
+                          ReadMessage(caption, text), Press(Qt::Key_Escape)};
+        EXPECT_EQ(dialog.exec(), QDialog::Rejected) << typed;
+        EXPECT_EQ(caption, "Input Error") << typed;
+    }
+}
+
+TEST(RenameGameDialogTest, ANameHasEightyBytesAtMost) {
+    RenameGameDialog dialog("Deuces", nullptr);
+    Show(dialog);
+    auto& box = Part<QLineEdit>(dialog, "newName");
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_TRUE(Part<QLineEdit>(dialog, "oldName").isReadOnly());
+    QTest::keyClicks(&box, QString(81, u'x'));
+    EXPECT_EQ(dialog.NewName(), std::string(80, 'x'));
+    box.clear();
+    QApplication::clipboard()->setText("Deuces\n" + QString(36, QChar(0xE4)));
+    QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClicks(&box, "xyz");
+    EXPECT_EQ(dialog.NewName().size(), 80U) << "36 letters of two bytes among them";
+    EXPECT_TRUE(dialog.NewName().starts_with("Deuces \u00e4")) << "a line break is a blank";
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
+TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCase) {
+    SelectGameDialog dialog({"Jacks or Better", "Deuces Wild", "Coconut"}, "DEUCES wild", nullptr);
+    EXPECT_EQ(dialog.Selected(), "Deuces Wild");
+    DialogRobot robot{Press(Qt::Key_Down), Press(Qt::Key_Return)};
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    EXPECT_EQ(dialog.Selected(), "Coconut");
+}
+
+TEST(SelectGameDialogTest, AGameThatIsNotInTheListSelectsNothing) {
+    SelectGameDialog dialog({"Jacks or Better", "Deuces Wild"}, "Gone", nullptr);
+    EXPECT_EQ(dialog.Selected(), "");
+    EXPECT_FALSE(Part<QPushButton>(dialog, "ok").isEnabled());
+    DialogRobot robot{Press(Qt::Key_Return), Press(Qt::Key_Down), Press(Qt::Key_Return)};
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    EXPECT_EQ(dialog.Selected(), "Jacks or Better");
+}
+
+TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
+    CombinationsDialog dialog(nullptr);
+    Show(dialog);
+    const auto calculated = [&](const char* cards, const char* drawn) {
+        QTest::keyClicks(dialog.focusWidget(), cards);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QTest::keyClicks(dialog.focusWidget(), drawn);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        return Part<QLineEdit>(dialog, "result").text();
+    };
+    EXPECT_EQ(calculated("52", "5"), "2,598,960");
+    EXPECT_EQ(calculated("60", "30"), "118,264,581,564,861,424");
+    EXPECT_EQ(calculated("5", "6"), "0");
+    EXPECT_TRUE(dialog.isVisible());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(BestPlayErrorDialogTest, EnterMeansNoAndTheAnalysisIsShownOverTheQuestion) {
+    int beeps = 0;
+    QWidget* shownOver = nullptr;
+    BestPlayErrorDialog dialog(
+        "A____ is the best play for this hand. Continue?\r\n\r\nCost in Coin: 1.0000   \r\n\r\n",
+        [&](QWidget& over) { shownOver = &over; }, [&] { ++beeps; }, nullptr);
+    DialogRobot robot{ClickOn("analysis"), ClickOn("no")};
+    EXPECT_EQ(dialog.exec(), QDialog::Rejected);
+    EXPECT_EQ(shownOver, &dialog);
+    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(Part<QPlainTextEdit>(dialog, "message").toPlainText(),
+              "A____ is the best play for this hand. Continue?\n\nCost in Coin: 1.0000   ");
+}
+
+TEST(BestPlayErrorDialogTest, OnlyYesGoesOn) {
+    const auto answered = [](const DialogRobot::Step& answer) {
+        BestPlayErrorDialog dialog("Continue?", {}, {}, nullptr);
+        EXPECT_EQ(dialog.findChild<QPushButton*>("analysis"), nullptr);
+        DialogRobot robot{answer};
+        return dialog.exec() == QDialog::Accepted;
+    };
+    EXPECT_FALSE(answered(Press(Qt::Key_Return)));
+    EXPECT_FALSE(answered(Press(Qt::Key_Escape)));
+    EXPECT_TRUE(answered(ClickOn("yes")));
+    EXPECT_TRUE(answered(Press(Qt::Key_Y, Qt::AltModifier)));
+}
+
+TEST(ProgressDialogTest, TheMeterStopsTheWorkWhenItIsCancelled) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        ProgressDialog meter("Hands played...0%", nullptr);
+        Show(meter);
+        EXPECT_FALSE(meter.isModal());
+        EXPECT_TRUE(meter.Show("Hands played...37%", 37));
+        EXPECT_EQ(Part<QLineEdit>(meter, "text").text(), "Hands played...37%");
+        EXPECT_EQ(Part<QProgressBar>(meter, "bar").value(), 37);
+        QTest::keyClick(meter.focusWidget(), key);
+        EXPECT_FALSE(meter.Show("Hands played...38%", 38));
+        EXPECT_FALSE(meter.isVisible());
+    }
+    ProgressDialog meter("Hands played...0%", nullptr);
+    Show(meter);
+    meter.close();
+    EXPECT_FALSE(meter.Show("Hands played...1%", 1));
+}
+
+TEST(ProgressDialogTest, FrequentCallsAreShownThirtyTimesASecondAtMost) {
+    ProgressDialog meter("Hands played...0%", nullptr);
+    Show(meter);
+    int changes = 0;
+    QObject::connect(&Part<QProgressBar>(meter, "bar"), &QProgressBar::valueChanged,
+                     [&changes] { ++changes; });
+    QElapsedTimer time;
+    time.start();
+    for (int i = 1; i <= 700'000; ++i) meter.Show("Hands played", i % 100);
+    EXPECT_LE(changes, time.elapsed() / 33 + 1);
+    QTest::qWait(40);
+    for (int i = 0; i < 64; ++i) meter.Show("Hands played", 100);
+    EXPECT_EQ(Part<QProgressBar>(meter, "bar").value(), 100) << "a slower caller is seen again";
+}
+
+TEST(AboutDialogTest, ItTellsTheVersionAndEnterClosesIt) {
+    AboutDialog dialog(nullptr);
+    DialogRobot robot{Press(Qt::Key_Return)};
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    EXPECT_EQ(dialog.windowTitle(), "About Tolvane");
+    EXPECT_EQ(Part<QLabel>(dialog, "text").text(), "Tolvane Version 1.14");
+}
+
+class AssignFixedHandDialogTest : public testing::Test {
+  protected:
+    void Open(const std::string& game, int id, const Codes& hand) {
+        machine = std::make_unique<TestMachine>(game, id);
+        machine->engine.statistics.setCards = hand;
+        dialog = std::make_unique<AssignFixedHandDialog>(machine->engine, store, nullptr);
+        Show(*dialog);
+    }
+
+    PictureButton& Button(const QString& name) { return *dialog->findChild<PictureButton*>(name); }
+    void Click(const QString& name) {
+        QTest::mouseClick(dialog->findChild<QAbstractButton*>(name), Qt::LeftButton);
+    }
+    void PressKey(Qt::Key key) { QTest::keyClick(dialog->focusWidget(), key); }
+    QString FocusName() { return dialog->focusWidget()->accessibleName(); }
+    Codes& Hand() { return machine->engine.statistics.setCards; }
+
+    PictureStore store;
+    std::unique_ptr<TestMachine> machine;
+    std::unique_ptr<AssignFixedHandDialog> dialog;
+};
+
+TEST_F(AssignFixedHandDialogTest, AClickedCardLeavesTheGridForTheCurrentPlace) {
+    Open("Jacks or Better", 300, {0, 1, kNoCard, 3, 4});
+    EXPECT_FALSE(Button("card1-1").isEnabled());
+    EXPECT_EQ(Button("card1-1").Shown(), Picture::kEmptyPicture);
+    EXPECT_EQ(Button("card2-13").accessibleName(), "king of hearts");
+    Click("card2-13");
+    EXPECT_EQ(Button("placeRank2").Shown(), RankPicture(13, kHearts));
+    EXPECT_EQ(Button("placeSuit2").Shown(), Picture::kHeartsTile);
+    EXPECT_FALSE(Button("card2-13").isEnabled());
+    Click("placeSuit0");
+    EXPECT_TRUE(Button("card1-1").isEnabled());
+    EXPECT_EQ(Button("placeRank0").accessibleName(), "place 1, no card, the next card goes here");
+    Click("ok");
+    EXPECT_EQ(Hand(), (Codes{kNoCard, 1, 25, 3, 4}));
+    EXPECT_TRUE(machine->engine.fixedHand);
+}
+
+TEST_F(AssignFixedHandDialogTest, AHandIsComposedByKeys) {
+    Open("Jacks or Better", 300, {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard});
+    EXPECT_EQ(FocusName(), "ace of spades");
+    PressKey(Qt::Key_Left);
+    EXPECT_EQ(FocusName(), "ace of spades") << "the edge";
+    PressKey(Qt::Key_Right);
+    PressKey(Qt::Key_Space);
+    EXPECT_EQ(FocusName(), "3 of spades") << "the card beside the one taken";
+    PressKey(Qt::Key_Left);
+    EXPECT_EQ(FocusName(), "ace of spades") << "over the card taken";
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Space, Qt::Key_Down, Qt::Key_Down})
+        PressKey(key);
+    EXPECT_EQ(FocusName(), "2 of diamonds");
+    PressKey(Qt::Key_Space);
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), "place 1, 2 of spades") << "the cards are one stop";
+    PressKey(Qt::Key_Return);
+    EXPECT_EQ(Hand(), (Codes{1, 13, 40, kNoCard, kNoCard}));
+}
+
+TEST_F(AssignFixedHandDialogTest, CancelledNothingHasChanged) {
+    Open("Jacks or Better", 300, {0, 1, 2, 3, 4});
+    Click("clear");
+    EXPECT_EQ(Button("placeRank4").Shown(), Picture::kEmptyPicture);
+    Click("card3-5");
+    PressKey(Qt::Key_Escape);
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_EQ(Hand(), (Codes{0, 1, 2, 3, 4}));
+    EXPECT_FALSE(machine->engine.fixedHand);
+}
+
+TEST_F(AssignFixedHandDialogTest, TheGridHasTheJokersOfTheDeckAndNoMore) {
+    Open("2 Joker Poker", 344, {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard});
+    EXPECT_EQ(dialog->findChild<PictureButton*>("joker3"), nullptr);
+    EXPECT_EQ(dialog->findChild<PictureButton*>("card5-1"), nullptr);
+    Click("joker2");
+    EXPECT_FALSE(Button("joker1").isEnabled()) << "taken from the first one";
+    EXPECT_TRUE(Button("joker2").isEnabled());
+    Click("joker2");
+    EXPECT_FALSE(Button("joker2").isEnabled());
+    EXPECT_EQ(Button("placeRank1").Shown(), Picture::kJokerPicture);
+    EXPECT_EQ(Button("placeSuit1").Shown(), Picture::kEmptyPicture);
+}
+
+TEST_F(AssignFixedHandDialogTest, PickEmAndTheFifthAceHaveTheirOwnGrid) {
+    Open("Pick Em Poker", 350, {0, 1, 2, 3, 4});
+    EXPECT_FALSE(Button("placeRank2").isVisible());
+    EXPECT_EQ(Button("placeRank4").Shown(), RankPicture(6, kSpades)) << "the first draw card";
+    Open("5 Aces Bonus Poker", 313, {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard});
+    Click("card5-1");
+    EXPECT_EQ(Button("placeSuit0").Shown(), Picture::kStarsTile);
+}
+
+class StatisticsDialogTest : public testing::Test {
+  protected:
+    StatisticsDialogTest() {
+        machine.engine.statistics.handsPlayed = {1000, 12345};
+        machine.engine.payTable.lines[0].sessionWins = 3;
+    }
+
+    std::string Text(const char* name) {
+        return Part<QPlainTextEdit>(*dialog, name).toPlainText().toStdString();
+    }
+    static std::string Shown(const std::string& report) {
+        return QString::fromStdString(report).replace("\r\n", "\n").chopped(1).toStdString();
+    }
+
+    TestMachine machine;
+    std::unique_ptr<StatisticsDialog> dialog;
+};
+
+TEST_F(StatisticsDialogTest, TheDisplayChangesThePayTableAlone) {
+    const GameEngine& engine = machine.engine;
+    dialog = std::make_unique<StatisticsDialog>(engine, engine.statistics.sessionStart, nullptr);
+    Show(*dialog);
+    EXPECT_EQ(Text("hands"), Shown(StatisticsHands(engine, engine.statistics.sessionStart)));
+    EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kHands)));
+    Part<QRadioButton>(*dialog, "displayHands").setFocus();
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Right);
+    EXPECT_NE(Text("lines").find("1:333.33"), std::string::npos);
+    QTest::keyClick(dialog.get(), Qt::Key_R, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return dialog->findChild<QRadioButton*>("displayShare")->isChecked(); }));
+    EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kShareOfReturn)));
+    EXPECT_EQ(Text("credits"), Shown(StatisticsCredits(engine)));
+    EXPECT_EQ(Text("errors"), Shown(StatisticsErrors(engine)));
+    auto& box = Part<QPlainTextEdit>(*dialog, "errors");
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_FALSE(dialog->isVisible()) << "Enter is OK in a report too";
+}
+
+TEST_F(StatisticsDialogTest, TheReportIsSavedFromTheMenuOfABox) {
+    dialog = std::make_unique<StatisticsDialog>(machine.engine, 0, nullptr);
+    Show(*dialog);
+    auto& box = Part<QPlainTextEdit>(*dialog, "credits");
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, box.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&box, &event);
+    const QString path = QString::fromStdString(machine.folder.Path("report"));
+    DialogRobot robot{[&](QDialog& open) {
+        open.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+        QTest::keyClick(open.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    }};
+    box.findChild<QAction*>("saveAsText")->trigger();
+    const std::string saved = machine.folder.Read("report.txt");
+    EXPECT_TRUE(saved.starts_with("Hands\n\tSession\tGame\n\nHands Won:\t0\t0\n")) << saved;
+    EXPECT_NE(saved.find("\n\nPay Table\nJacks or Better\tSession\tGame\n"), std::string::npos);
+    EXPECT_EQ(saved.find('\r'), std::string::npos);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,38 @@
+#include "ui/dialogs/AboutDialog.h"
+
+#include <QDialogButtonBox>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "ui/art/PictureStore.h"
+
+AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
+    setObjectName("about");
+    setWindowTitle(tr("About Tolvane"));
+    const int side = 4 * fontMetrics().height();
+    auto* icon = new QLabel(this);
+    icon->setObjectName("icon");
+    icon->setAccessibleName(tr("Tolvane's icon"));
+    icon->setPixmap(PictureStore().Get(Picture::kIcon, {side, side}, devicePixelRatioF()));
+    auto* text = new QLabel(tr("Tolvane Version 1.14"), this);
+    text->setObjectName("text");
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    auto* ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setObjectName("ok");
+    ok->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+
+    auto* top = new QHBoxLayout;
+    top->setSpacing(side / 3);
+    top->addWidget(icon);
+    top->addWidget(text, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(side / 3, side / 3, side / 3, side / 4);
+    layout->setSpacing(side / 3);
+    layout->addLayout(top);
+    layout->addWidget(buttons);
+    ok->setFocus();
+}

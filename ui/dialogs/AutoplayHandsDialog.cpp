@@ -1,0 +1,30 @@
+#include "ui/dialogs/AutoplayHandsDialog.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "core/text/WholeNumber.h"
+#include "ui/dialogs/DialogParts.h"
+
+AutoplayHandsDialog::AutoplayHandsDialog(QWidget* parent) : QDialog(parent) {
+    setObjectName("autoplayHands");
+    setWindowTitle(tr("Autoplay Hands"));
+    auto* label = new QLabel(tr("Enter &number of hands"), this);
+    label->setObjectName("label");
+    count = TypingBox(*this, "count", 24, 80);
+    label->setBuddy(count);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(label);
+    layout->addWidget(count);
+    layout->addStretch();
+    layout->addWidget(OkAndCancel(*this));
+    count->setFocus();
+}
+
+std::int64_t AutoplayHandsDialog::Hands() const {
+    const std::string typed = count->text().toStdString();
+    return ReadWholeNumber(typed).Nearest();
+}

@@ -1,0 +1,21 @@
+// What the dialogs have in common. Texts of the rooms below are UTF-8.
+#pragma once
+#include <QString>
+#include <string>
+
+class QDialog;
+class QDialogButtonBox;
+class QLineEdit;
+class QWidget;
+
+// The width of so many average characters in the widget's font, in logical pixels.
+int WidthOf(const QWidget& widget, int characters);
+
+// "OK" and "Cancel" (named "ok" and "cancel"), which end the dialog; Enter is OK.
+QDialogButtonBox* OkAndCancel(QDialog& dialog);
+
+// A box for typing that shows about so many characters and takes at most as many as told.
+QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest);
+
+// Tells what is wrong with what was typed, and has it typed again.
+void RefuseInput(QLineEdit& box, const QString& caption, const QString& problem);

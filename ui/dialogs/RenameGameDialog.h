@@ -1,0 +1,24 @@
+// Asks for a new name of a game. It takes names that the files can keep: not empty, at most
+// kLongestGameName bytes, without ']' and '=', and not beginning with '['.
+#pragma once
+#include <QDialog>
+#include <string>
+
+class QLineEdit;
+
+inline constexpr int kLongestGameName = 80;  // bytes
+
+class RenameGameDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    RenameGameDialog(const std::string& name, QWidget* parent);
+
+    // Without blanks at its ends.
+    std::string NewName() const;
+
+    void accept() override;
+
+  private:
+    QLineEdit* newName;
+};

@@ -1,0 +1,36 @@
+// A card as the dialogs draw it: the picture of its rank above that of its suit, as far apart
+// as on two picture buttons.
+#pragma once
+#include <QWidget>
+
+#include "game/FixedHandEditor.h"
+#include "ui/art/Pictures.h"
+
+class PictureStore;
+
+// A joker is a joker above an empty picture; no card is two empty ones.
+Picture RankPictureOf(const PlacedCard& card);
+Picture SuitPictureOf(const PlacedCard& card);
+
+// "king of hearts", "joker", "no card".
+QString NameOf(const PlacedCard& card);
+
+class SmallCard : public QWidget {
+    Q_OBJECT
+
+  public:
+    // The store outlives the widget.
+    SmallCard(PictureStore& store, QWidget* parent);
+
+    void SetCard(const PlacedCard& shown);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    PictureStore& store;
+    PlacedCard card;
+};

@@ -1,0 +1,123 @@
+#include "ui/dialogs/WindowPlayer.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "game/Clock.h"
+#include "ui/dialogs/AssignFixedHandDialog.h"
+#include "ui/dialogs/AutoplayHandsDialog.h"
+#include "ui/dialogs/BestPlayErrorDialog.h"
+#include "ui/dialogs/EnterDollarsDialog.h"
+#include "ui/dialogs/FileQuestions.h"
+#include "ui/dialogs/ProgressDialog.h"
+#include "ui/dialogs/StatisticsDialog.h"
+
+namespace {
+
+// The progress of work that has been cancelled before it began.
+class NoProgress : public Progress {
+  public:
+    bool Show(const std::string& /*text*/, int /*percent*/) override { return false; }
+};
+
+FileKind GameFileKind() { return {QObject::tr("Morvik Games (*.qdx)"), "qdx"}; }
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::kExclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::kError:
+            return QMessageBox::Critical;
+        case MessageIcon::kNone:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+bool IsAccepted(QDialog& dialog) { return dialog.exec() == QDialog::Accepted; }
+
+}  // namespace
+
+WindowPlayer::WindowPlayer(QWidget& window, PictureStore& store, Clock& clock)
+    : window(window), store(store), clock(clock) {}
+
+void WindowPlayer::RefuseAll() {
+    refusing = true;
+    const auto dialogs = window.findChildren<QDialog*>();
+    // Those that stand over others last in the list, first to go.
+    std::for_each(dialogs.rbegin(), dialogs.rend(), [](QDialog* dialog) {
+        if (dialog->isVisible()) dialog->reject();
+    });
+}
+
+bool WindowPlayer::GoesOnAfterError(const std::string& message) {
+    if (refusing) return false;
+    BestPlayErrorDialog dialog(message, showAnalysis, beep, &window);
+    return IsAccepted(dialog);
+}
+
+bool WindowPlayer::SaysYes(const std::string& caption, const std::string& question) {
+    if (refusing) return false;
+    QMessageBox box(QMessageBox::Question, QString::fromStdString(caption),
+                    QString::fromStdString(question), QMessageBox::Yes | QMessageBox::No, &window);
+    box.setObjectName("question");
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+void WindowPlayer::IsTold(const std::string& caption, const std::string& text, MessageIcon icon) {
+    if (refusing) return;
+    QMessageBox box(IconOf(icon), QString::fromStdString(caption), QString::fromStdString(text),
+                    QMessageBox::Ok, &window);
+    box.setObjectName("message");
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+std::optional<int> WindowPlayer::EntersDollars(int proposed) {
+    if (refusing) return std::nullopt;
+    EnterDollarsDialog dialog(proposed, &window);
+    if (!IsAccepted(dialog)) return std::nullopt;
+    return dialog.Dollars();
+}
+
+std::optional<std::int64_t> WindowPlayer::EntersHandCount() {
+    if (refusing) return std::nullopt;
+    AutoplayHandsDialog dialog(&window);
+    if (!IsAccepted(dialog)) return std::nullopt;
+    return dialog.Hands();
+}
+
+bool WindowPlayer::AssignsFixedHand(GameEngine& engine) {
+    if (refusing) return false;
+    AssignFixedHandDialog dialog(engine, store, &window);
+    return IsAccepted(dialog);
+}
+
+std::optional<std::string> WindowPlayer::ChoosesFileToOpen(const std::string& folder) {
+    if (refusing) return std::nullopt;
+    return AskFileToOpen(GameFileKind(), folder, &window);
+}
+
+std::optional<std::string> WindowPlayer::ChoosesFileToSave(const std::string& proposed) {
+    if (refusing) return std::nullopt;
+    return AskFileToSave(GameFileKind(), proposed, &window);
+}
+
+std::unique_ptr<Progress> WindowPlayer::SeesProgress(const std::string& text) {
+    if (refusing) return std::make_unique<NoProgress>();
+    auto progress = std::make_unique<ProgressDialog>(text, &window);
+    progress->show();
+    QCoreApplication::processEvents();  // the work may take its time before it shows any progress
+    return progress;
+}
+
+void WindowPlayer::ReadsStatistics(const GameEngine& engine) {
+    if (refusing) return;
+    StatisticsDialog dialog(engine, clock.Now(), &window);
+    dialog.exec();
+}

@@ -1,0 +1,45 @@
+// The player at the window: every question is a dialog over it, and the flow waits for the answer.
+#pragma once
+#include <functional>
+
+#include "game/Player.h"
+
+class Clock;
+class PictureStore;
+class QWidget;
+
+class WindowPlayer : public Player {
+  public:
+    // All three outlive the player.
+    WindowPlayer(QWidget& window, PictureStore& store, Clock& clock);
+
+    // Shows the analysis of the hand over a dialog; without it a play error offers none.
+    std::function<void(QWidget& over)> showAnalysis;
+
+    // Sounds when a play error is told, if set.
+    std::function<void()> beep;
+
+    // For a window that closes: the answer to every question that is open, or comes later, is No or
+    // cancelled, and nothing is shown any more. Long work whose progress is shown ends.
+    void RefuseAll();
+
+    // Questions are asked again: the window stays after all.
+    void AnswerAgain() { refusing = false; }
+
+    bool GoesOnAfterError(const std::string& message) override;
+    bool SaysYes(const std::string& caption, const std::string& question) override;
+    void IsTold(const std::string& caption, const std::string& text, MessageIcon icon) override;
+    std::optional<int> EntersDollars(int proposed) override;
+    std::optional<std::int64_t> EntersHandCount() override;
+    bool AssignsFixedHand(GameEngine& engine) override;
+    std::optional<std::string> ChoosesFileToOpen(const std::string& folder) override;
+    std::optional<std::string> ChoosesFileToSave(const std::string& proposed) override;
+    std::unique_ptr<Progress> SeesProgress(const std::string& text) override;
+    void ReadsStatistics(const GameEngine& engine) override;
+
+  private:
+    QWidget& window;
+    PictureStore& store;
+    Clock& clock;
+    bool refusing = false;
+};
