@@ -1,0 +1,71 @@
+#include "game/reports/ErrorLogReport.h"
+
+#include <string_view>
+
+#include "core/text/Amount.h"
+#include "core/text/Numbers.h"
+#include "game/GameEngine.h"
+
+namespace {
+
+constexpr std::string_view kEnd = "\r\n";
+
+std::string Count(std::int64_t value) { return FormatNumber(std::to_string(value), false, false); }
+
+std::string Decimal(std::string_view format, double value) {
+    return FormatNumber(FormatDouble(format, value), true, false);
+}
+
+std::string Amount(double value) { return Decimal("%.4f", value); }
+
+double Quotient(double value, double divisor) { return divisor == 0 ? 0 : value / divisor; }
+
+std::string Line(std::string_view label, std::string_view value) {
+    return std::string(label) + '\t' + std::string(value) + std::string(kEnd);
+}
+
+std::string EntryOf(const GameEngine& engine, const GameFiles& files, int index) {
+    return ReadErrorText(files.file, files.gamePath, StatsSection(engine), index);
+}
+
+}  // namespace
+
+bool HasLoggedError(const GameEngine& engine, const GameFiles& files, int index) {
+    return index >= 0 && index < kErrorLogSize && !EntryOf(engine, files, index).empty();
+}
+
+ErrorLogEntry LoggedError(const GameEngine& engine, const GameFiles& files, int index) {
+    return ParseEntry(EntryOf(engine, files, index));
+}
+
+std::string ErrorTitle(int index) { return "Error " + std::to_string(index + 1); }
+
+std::string ErrorText(const GameEngine& engine, const ErrorLogEntry& entry) {
+    const bool pickEm = engine.payTable.type == GameType::kPickEm;
+    const auto pattern = [&](HoldMask hold) {
+        return HoldText(entry, hold, engine.deck.table, pickEm);
+    };
+    const double cost = entry.bestReturn - entry.playerReturn;
+    return Line("Best Play", pattern(entry.best)) + Line("Your Play", pattern(entry.player)) +
+           std::string(kEnd) + Line("Best Return ($)", Amount(entry.bestReturn)) +
+           Line("Your Return ($)", Amount(entry.playerReturn)) + Line("Cost ($)", Amount(cost)) +
+           "Cost in Coin\t" + Amount(Quotient(cost, engine.settings.coin));
+}
+
+std::string ErrorSummary(const GameEngine& engine) {
+    const Statistics& statistics = engine.statistics;
+    const std::int64_t hands = statistics.handsPlayed.total;
+    const std::int64_t errors = statistics.playErrors.total;
+    const double best = statistics.bestReturns.total;
+    const double cost = statistics.errorCosts.total;
+    const auto percentOfHands = [&](std::int64_t number) {
+        return Decimal("%7.4f",
+                       Quotient(static_cast<double>(number), static_cast<double>(hands)) * 100);
+    };
+    return Line("Hands Played", Count(hands)) + Line("Errors", Count(errors)) +
+           Line("Pct Correct Plays", percentOfHands(hands - errors)) +
+           Line("Pct Play Errors", percentOfHands(errors)) + Line("Best Return ($)", Amount(best)) +
+           Line("Your Return ($)", Amount(best - cost)) + Line("Cost of Errors ($)", Amount(cost)) +
+           Line("Pct Return", Amount(Quotient(best - cost, best) * 100)) +
+           Line("Cost in Coin", Amount(Quotient(cost, engine.settings.coin)));
+}

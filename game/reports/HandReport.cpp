@@ -1,0 +1,221 @@
+#include "game/reports/HandReport.h"
+
+#include <algorithm>
+#include <numeric>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "core/analysis/ErrorLog.h"
+#include "core/text/Amount.h"
+#include "core/text/Numbers.h"
+#include "game/GameEngine.h"
+
+namespace {
+
+constexpr int kThirdCardPlace = 3;
+constexpr int kOtherPilePlace = 4;
+
+std::string Count(std::int64_t value) { return FormatNumber(std::to_string(value), false, false); }
+
+std::string Decimal(std::string_view format, double value) {
+    return FormatNumber(FormatDouble(format, value), true, false);
+}
+
+// "1:12.50"; "0" for what never happens.
+std::string Odds(double total, double times) {
+    return times > 0 ? "1:" + Decimal("%-9.2f", total / times) : "0";
+}
+
+bool IsPickEm(const GameEngine& engine) { return engine.payTable.type == GameType::kPickEm; }
+
+const HoldResult& ResultOf(const GameEngine& engine, HoldMask hold) {
+    return engine.analysis.holds[static_cast<std::size_t>(hold)];
+}
+
+CardFace FaceOf(const GameEngine& engine, CardCode code) {
+    const PlacedCard card = CardAt(engine, code);
+    return {card.rank, card.suit};
+}
+
+// The cards of a hand that an analysis looks at.
+std::span<const CardCode> SeenCards(const GameEngine& engine, const HandCards& hand) {
+    return std::span(hand).first(IsPickEm(engine) ? 3 : hand.size());
+}
+
+// The replacement cards without those that the hand holds now: none can come out of the deck again.
+HandCards DrawsBeside(const GameEngine& engine) {
+    const auto seen = SeenCards(engine, engine.dealtCopy);
+    HandCards draws = engine.statistics.setDraws;
+    auto* rest = std::remove_if(draws.begin(), draws.end(), [&](CardCode code) {
+        return std::ranges::find(seen, code) != seen.end();
+    });
+    std::fill(rest, draws.end(), kNoCard);
+    return draws;
+}
+
+void TakeHand(GameEngine& spare) {
+    spare.hand = spare.dealtCopy = spare.statistics.setCards;
+    spare.drawCards = DrawsBeside(spare);
+    KnownCards known;
+    std::ranges::transform(spare.hand, known.hand.begin(),
+                           [&](CardCode code) { return FaceOf(spare, code); });
+    known.firstDraw = FaceOf(spare, spare.drawCards[0]);
+    AnalyzeHand(LineTablesOf(spare), spare.payTable, known, spare.settings.bet, spare.settings.coin,
+                spare.analysis);
+}
+
+std::string WinnersCell(const HoldResult& hold, HandDisplay display) {
+    const std::int64_t winners = hold.totalHands - hold.nothing;
+    if (display == HandDisplay::kHands) return Count(winners);
+    if (display == HandDisplay::kShareOfReturn) return "100.00";
+    if (hold.nothing == 0) return "1:1";
+    return Odds(static_cast<double>(hold.totalHands), static_cast<double>(winners));
+}
+
+std::string LosersCell(const HoldResult& hold, HandDisplay display) {
+    if (display == HandDisplay::kHands) return Count(hold.nothing);
+    if (display == HandDisplay::kShareOfReturn) return "0";
+    return Odds(static_cast<double>(hold.totalHands), static_cast<double>(hold.nothing));
+}
+
+// A hold and a line that its draws can end in.
+struct Cell {
+    const GameEngine& engine;
+    HoldMask hold;
+    std::size_t line;
+
+    std::int64_t Draws() const { return ResultOf(engine, hold).lineCounts[line]; }
+    const DrawAgainResult& Again() const {
+        return engine.analysis.drawAgain[static_cast<std::size_t>(hold)];
+    }
+
+    bool CountsSecondDraw() const {
+        return engine.payTable.type == GameType::kDoubleDraw && hold != kStandPat &&
+               RankInfo(engine.payTable.lines[line].rank).pairs != 0 && Again().heldAces > 1;
+    }
+
+    std::string OddsText() const {
+        if (CountsSecondDraw()) return Odds(1, Again().probabilities[line]);
+        return Odds(static_cast<double>(ResultOf(engine, hold).totalHands),
+                    static_cast<double>(Draws()));
+    }
+
+    double Dollars() const {
+        if (CountsSecondDraw()) return Again().contributions[line];
+        const int pay = LineUnitPay(engine.payTable, static_cast<int>(line), engine.settings.bet);
+        return pay * static_cast<double>(Draws()) /
+               static_cast<double>(ResultOf(engine, hold).totalHands) * engine.settings.coin;
+    }
+
+    std::string ShareText() const {
+        const double all = ResultOf(engine, hold).expectedReturn;
+        return Decimal("%-6.2f", all == 0 ? 0 : Dollars() / all * 100);
+    }
+
+    std::string Text(HandDisplay display) const {
+        if (Draws() == 0) return "0";
+        const bool drawsAgain =
+            CountsSecondDraw() && static_cast<int>(line) >= Again().drawAgainLine;
+        const std::string mark = drawsAgain ? "*" : "";
+        if (display == HandDisplay::kHands) return mark + Count(Draws());
+        return mark + (display == HandDisplay::kOdds ? OddsText() : ShareText());
+    }
+};
+
+std::string Row(const GameEngine& engine, HoldMask hold, HandDisplay display) {
+    const HoldResult& result = ResultOf(engine, hold);
+    std::string text = HoldPattern(engine, hold) + '\t' + Decimal("%-9.4f", result.expectedReturn) +
+                       '\t' + Count(result.totalHands) + '\t' + WinnersCell(result, display) +
+                       '\t' + LosersCell(result, display);
+    for (std::size_t line = engine.payTable.lines.size(); line-- > 0;) {
+        text += '\t' + Cell{engine, hold, line}.Text(display);
+    }
+    return text + "\r\n";
+}
+
+}  // namespace
+
+void LendHand(const GameEngine& player, GameEngine& spare) {
+    spare.settings.bet = player.settings.bet;
+    spare.settings.coin = player.settings.coin;
+    spare.statistics.setCards = player.dealtCopy;
+    spare.statistics.setDraws = player.statistics.setDraws;
+    // A fixed hand may have left some of them to the deal.
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        CardCode& draw = spare.statistics.setDraws[i];
+        if (draw == kNoCard) draw = player.drawCards[i];
+    }
+    TakeHand(spare);
+}
+
+bool TakeFixedHand(GameEngine& spare) {
+    spare.fixedHand = false;  // the editor has set it, but what is dealt next is not this hand
+    const Statistics& chosen = spare.statistics;
+    const auto seen = SeenCards(spare, chosen.setCards);
+    if (std::ranges::find(seen, kNoCard) != seen.end()) return false;
+    if (IsPickEm(spare) && chosen.setDraws[0] == kNoCard) return false;
+    TakeHand(spare);
+    return true;
+}
+
+bool IsAnalyzed(const GameEngine& spare) {
+    return ResultOf(spare, spare.analysis.best).totalHands > 0;
+}
+
+std::vector<HoldMask> HoldsByReturn(const GameEngine& spare) {
+    if (!IsAnalyzed(spare)) return {};
+    std::vector<HoldMask> order(kHolds);
+    std::iota(order.begin(), order.end(), 0);
+    for (std::size_t i = 0; i < kHolds; ++i) {
+        for (std::size_t j = i + 1; j < kHolds; ++j) {
+            if (ResultOf(spare, order[i]).expectedReturn < ResultOf(spare, order[j]).expectedReturn)
+                std::swap(order[i], order[j]);
+        }
+    }
+    if (IsPickEm(spare)) {
+        std::erase_if(order, [](HoldMask hold) { return hold != kLeftPile && hold != kRightPile; });
+    }
+    return order;
+}
+
+std::string HoldPattern(const GameEngine& spare, HoldMask hold) {
+    ErrorLogEntry cards;
+    cards.hand = spare.dealtCopy;
+    cards.draws = spare.drawCards;
+    std::string text = HoldText(cards, hold, spare.deck.table, IsPickEm(spare));
+    const int known = ResultOf(spare, hold).knownCardPosition;
+    if (known >= 0) text[static_cast<std::size_t>(known)] = 'D';
+    return text;
+}
+
+PlacedCard CardAt(const GameEngine& engine, CardCode code) {
+    const CardTable& table = engine.deck.table;
+    if (code < 0 || code >= table.deckSize) return {};
+    const CardInfo& card = table.cards[static_cast<std::size_t>(code)];
+    return {card.rank, card.suit};
+}
+
+std::array<PlacedCard, kPlaces> PlacesOf(const GameEngine& engine, const HandCards& hand,
+                                         CardCode firstDraw) {
+    std::array<PlacedCard, kPlaces> places;
+    std::ranges::transform(hand, places.begin(),
+                           [&](CardCode code) { return CardAt(engine, code); });
+    if (!IsPickEm(engine)) return places;
+    places[kThirdCardPlace] = places[kPickEmGap];
+    places[kPickEmGap] = {};
+    places[kOtherPilePlace] = CardAt(engine, firstDraw);
+    return places;
+}
+
+std::string HandReport(const GameEngine& spare, HandDisplay display) {
+    std::string text = "Hand\tExp Ret ($)\tHands\tWinners\tLosers";
+    const auto& lines = spare.payTable.lines;
+    std::for_each(lines.rbegin(), lines.rend(),
+                  [&](const PayLine& line) { text += '\t' + line.shortDescription; });
+    text += "\r\n\r\n";
+    if (!IsAnalyzed(spare))
+        return text + "This hand is not complete: change it to see its holds.\r\n";
+    for (const HoldMask hold : HoldsByReturn(spare)) text += Row(spare, hold, display);
+    return text;
+}

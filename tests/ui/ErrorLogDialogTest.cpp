@@ -1,0 +1,166 @@
+// The error log viewer with the keys and clicks of a person.
+#include "ui/dialogs/ErrorLogDialog.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+
+#include "core/analysis/ErrorLog.h"
+#include "game/GameTable.h"
+#include "tests/game/TestMachine.h"
+#include "tests/ui/DialogRobot.h"
+#include "ui/art/PictureStore.h"
+#include "ui/dialogs/ReportBox.h"
+
+namespace {
+
+class ErrorLogDialogTest : public testing::Test {
+  protected:
+    // Entry i has the card of the deck of that number in its first place, and cost i dollars.
+    void Open(int errors, const std::string& game = "Jacks or Better", int gameId = 300) {
+        machine = std::make_unique<TestMachine>(game, gameId);
+        GameEngine& engine = machine->engine;
+        for (int i = 0; i < errors; ++i) {
+            const CardCode first = i % 40;
+            const ErrorLogEntry entry{
+                {first, 40, 41, 42, 43}, {44, 45, 46, 47, 48}, 31, 0, i + 1.0, 1.0};
+            AppendError(machine->file, machine->files.gamePath, StatsSection(engine), entry,
+                        engine.statistics.nextError);
+        }
+        engine.statistics.playErrors = {errors, errors};
+        engine.statistics.handsPlayed = {200, 200};
+        dialog = std::make_unique<ErrorLogDialog>(engine, machine->files, store, nullptr);
+        dialog->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    }
+
+    template <typename Widget>
+    Widget& Part(const char* name) {
+        return *dialog->findChild<Widget*>(name);
+    }
+    QString Title() { return Part<QLineEdit>("title").text(); }
+    QString Line(int number) {
+        return Part<ReportBox>("entry").toPlainText().split(u'\n').value(number);
+    }
+    QString NameOfPlace(int place) {
+        return Part<QWidget>(qPrintable(QString("place%1").arg(place))).accessibleName();
+    }
+    bool CanGo(const char* button) { return Part<QPushButton>(button).isEnabled(); }
+    void Type(Qt::Key key) { QTest::keyClick(dialog->focusWidget(), key); }
+
+    std::unique_ptr<TestMachine> machine;
+    PictureStore store;
+    std::unique_ptr<ErrorLogDialog> dialog;
+};
+
+TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewestAndBack) {
+    Open(kErrorLogSize);
+    EXPECT_FALSE(CanGo("previous"));
+    for (int i = 0; i < kErrorLogSize; ++i) {
+        ASSERT_EQ(Title(), QString("Error %1").arg(i + 1));
+        ASSERT_EQ(Line(5), QString("Cost ($)\t%1.0000").arg(i));
+        ASSERT_EQ(CanGo("next"), i + 1 < kErrorLogSize);
+        QTest::mouseClick(&Part<QPushButton>("next"), Qt::LeftButton);
+    }
+    EXPECT_EQ(dialog->Index(), kErrorLogSize - 1);
+    for (int i = kErrorLogSize - 1; i > 0; --i) {
+        QTest::mouseClick(&Part<QPushButton>("previous"), Qt::LeftButton);
+        ASSERT_EQ(dialog->Index(), i - 1);
+    }
+    EXPECT_FALSE(CanGo("previous"));
+}
+
+TEST_F(ErrorLogDialogTest, KeysTurnThePagesWhereverTheFocusIs) {
+    Open(7);
+    for (const char* name : {"title", "entry", "summary", "ok"}) {
+        Part<QWidget>(name).setFocus();
+        Type(Qt::Key_End);
+        EXPECT_EQ(dialog->Index(), 6) << name;
+        Type(Qt::Key_PageDown);
+        EXPECT_EQ(dialog->Index(), 6) << name;
+        Type(Qt::Key_PageUp);
+        EXPECT_EQ(dialog->Index(), 5) << name;
+        Type(Qt::Key_Home);
+        EXPECT_EQ(dialog->Index(), 0) << name;
+        Type(Qt::Key_PageUp);
+        EXPECT_EQ(Title(), "Error 1") << name;
+    }
+}
+
+TEST_F(ErrorLogDialogTest, AKeyHeldDownAtTheEndDoesNotCloseTheDialog) {
+    Open(3);
+    EXPECT_TRUE(Part<QPushButton>("next").hasFocus());
+    Type(Qt::Key_Space);
+    Type(Qt::Key_Space);
+    EXPECT_EQ(dialog->Index(), 2);
+    EXPECT_TRUE(Part<QPushButton>("previous").hasFocus());
+    Type(Qt::Key_Space);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->Index(), 1);
+}
+
+TEST_F(ErrorLogDialogTest, ALogOfOneErrorHasNowhereToGo) {
+    Open(1);
+    EXPECT_FALSE(CanGo("next"));
+    EXPECT_FALSE(CanGo("previous"));
+    EXPECT_TRUE(Part<QPushButton>("ok").hasFocus());
+    Type(Qt::Key_Return);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(ErrorLogDialogTest, CardsPlaysAndSummaryAreShown) {
+    Open(2);
+    EXPECT_EQ(NameOfPlace(0), "ace of spades");
+    Type(Qt::Key_PageDown);
+    EXPECT_EQ(NameOfPlace(0), "2 of spades");
+    EXPECT_EQ(NameOfPlace(1), "2 of diamonds");
+    EXPECT_EQ(Line(0), "Best Play\t22345");
+    EXPECT_EQ(Line(1), "Your Play\t_____");
+    EXPECT_TRUE(
+        Part<ReportBox>("summary").toPlainText().startsWith("Hands Played\t200\nErrors\t2\n"));
+    EXPECT_FALSE(Part<QWidget>("firstDrawCard").isVisible());
+}
+
+TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
+    Open(1, "Pick Em Poker", 350);
+    EXPECT_EQ(NameOfPlace(2), "no card");
+    EXPECT_EQ(NameOfPlace(3), "3 of diamonds");
+    EXPECT_EQ(NameOfPlace(4), "6 of diamonds");
+    Open(1, "Sneak Peak Poker", 351);
+    EXPECT_TRUE(Part<QWidget>("firstDrawCard").isVisible());
+    EXPECT_EQ(Part<QWidget>("knownCard").accessibleName(), "6 of diamonds");
+}
+
+TEST_F(ErrorLogDialogTest, WhatIsShownCanBeCopiedAndSaved) {
+    Open(2);
+    Type(Qt::Key_End);
+    auto& entry = Part<ReportBox>("entry");
+    entry.setFocus();
+    QTest::keyClick(&entry, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&entry, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), entry.toPlainText());
+
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, entry.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&entry, &event);
+    DialogRobot robot{[&](QDialog& save) {
+        auto* name = save.findChild<QLineEdit*>("fileNameEdit");
+        EXPECT_EQ(name->text(), "Jacks or Better error 2.txt");
+        name->setText(QString::fromStdString(machine->folder.Path("error.txt")));
+        QTest::keyClick(name, Qt::Key_Return);
+    }};
+    entry.findChild<QAction*>("saveAsText")->trigger();
+    const std::string saved = machine->folder.Read("error.txt");
+    EXPECT_TRUE(saved.starts_with("Error 2\nBest Play\t22345\nYour Play\t_____\n\n")) << saved;
+    EXPECT_NE(saved.find("\n\nGame Summary\nHands Played\t200\n"), std::string::npos) << saved;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

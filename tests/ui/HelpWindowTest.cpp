@@ -1,0 +1,261 @@
+#include "ui/dialogs/HelpWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextDocument>
+#include <QTreeWidget>
+#include <set>
+
+#include "ui/dialogs/HelpIndex.h"
+
+namespace {
+
+// What stands on a page, as the help window's browser reads it.
+struct ReadPage {
+    std::set<QString> anchors;
+    std::set<QString> links;
+    std::set<QString> pictures;
+    std::set<QString> boldWords;
+};
+
+ReadPage Read(const QString& page) {
+    QTextDocument document;
+    document.setHtml(ReadHelpPage(page));
+    ReadPage read;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextCharFormat format = it.fragment().charFormat();
+            for (const QString& name : format.anchorNames()) read.anchors.insert(name);
+            if (!format.anchorHref().isEmpty()) read.links.insert(format.anchorHref());
+            if (format.isImageFormat()) read.pictures.insert(format.toImageFormat().name());
+            if (format.fontWeight() >= QFont::Bold) {
+                read.boldWords.insert(it.fragment().text().trimmed());
+            }
+        }
+    }
+    return read;
+}
+
+std::vector<QString> AllPages(const HelpIndex& index) {
+    std::vector<QString> pages = {kHelpContents};
+    for (const HelpTopic& topic : index.Topics()) pages.push_back(topic.page);
+    return pages;
+}
+
+TEST(HelpIndexTest, EveryLinkLeadsToAPageThatHasItsAnchor) {
+    const HelpIndex index;
+    for (const QString& page : AllPages(index)) {
+        for (const QString& link : Read(page).links) {
+            const QString file = link.section('#', 0, 0);
+            const QString anchor = link.section('#', 1);
+            SCOPED_TRACE((page + " links " + link).toStdString());
+            EXPECT_TRUE(index.HasPage(file));
+            EXPECT_TRUE(anchor.isEmpty() || Read(file).anchors.contains(anchor));
+        }
+    }
+}
+
+TEST(HelpIndexTest, EveryPictureIsThere) {
+    const HelpIndex index;
+    for (const QString& page : AllPages(index)) {
+        for (const QString& picture : Read(page).pictures) {
+            const QUrl url = QUrl("qrc:/help/").resolved(QUrl(picture));
+            EXPECT_TRUE(QFile::exists(":" + url.path())) << picture.toStdString();
+            if (url.path().startsWith("/art/")) {
+                EXPECT_TRUE(picture.contains("?w=") && picture.contains("&h="));
+            }
+        }
+    }
+}
+
+TEST(HelpIndexTest, EveryTopicHasATitleAndSectionsThatCanBeGoneTo) {
+    const HelpIndex index;
+    EXPECT_EQ(index.Topics().size(), 11U);
+    for (const HelpTopic& topic : index.Topics()) {
+        SCOPED_TRACE(topic.page.toStdString());
+        EXPECT_FALSE(topic.title.isEmpty());
+        EXPECT_FALSE(topic.sections.empty());
+        std::set<QString> anchors;
+        for (const HelpSection& section : topic.sections) anchors.insert(section.anchor);
+        EXPECT_EQ(anchors.size(), topic.sections.size());
+        EXPECT_FALSE(anchors.contains(""));
+    }
+}
+
+TEST(HelpIndexTest, AllKeysOfTheMachineAreNamed) {
+    const std::set<QString> named = Read("machine.html").boldWords;
+    for (const char* key :
+         {"Space", "D", "1", "2", "5",  "B", "M",    "U",     "C",      "O",      "A",     "H",
+          "S",     "E", "T", "0", "F1", "R", "Left", "Right", "Ctrl+N", "Ctrl+O", "Ctrl+S"}) {
+        EXPECT_TRUE(named.contains(key)) << key;
+    }
+}
+
+TEST(HelpIndexTest, FindsAllWordsInOneParagraphInAnyOrder) {
+    const HelpIndex index;
+    const auto hits = index.Find("ROYAL natural");
+    ASSERT_FALSE(hits.empty());
+    EXPECT_TRUE(hits[0].excerpt.contains("natural royal")) << hits[0].excerpt.toStdString();
+    EXPECT_EQ(index.Find("variance")[0].page, "reports.html") << "a heading comes first";
+    EXPECT_TRUE(index.Find("royal zeppelin").empty());
+    EXPECT_TRUE(index.Find("  ").empty());
+}
+
+// What the guide says that the program prints; "..." stands for any lines.
+TEST(HelpIndexTest, TheExamplesAreWhatTheCommandLinePrints) {
+    const QRegularExpression example("<pre>\\$ tolvane-cli ([^\n]*)\n(.*?)</pre>",
+                                     QRegularExpression::DotMatchesEverythingOption);
+    auto examples = example.globalMatch(ReadHelpPage("command-line.html"));
+    ASSERT_TRUE(examples.hasNext());
+    while (examples.hasNext()) {
+        const auto match = examples.next();
+        SCOPED_TRACE(match.captured(1).toStdString());
+        QProcess program;
+        program.start(TOLVANE_CLI, QProcess::splitCommand(match.captured(1)) +
+                                       QStringList{"--data", TOLVANE_DATA_FOLDER});
+        ASSERT_TRUE(program.waitForFinished());
+        QStringList printed;
+        for (const QString& line : QString(program.readAllStandardOutput()).split('\n')) {
+            printed.append(QString("x" + line).trimmed());
+        }
+        qsizetype next = 0;
+        for (const QString& line : match.captured(2).replace("&gt;", ">").split('\n')) {
+            if (line == "...") continue;
+            next = printed.indexOf("x" + line, next) + 1;
+            ASSERT_GT(next, 0) << line.toStdString();
+        }
+    }
+}
+
+class HelpWindowTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        window.Open();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        window.activateWindow();
+        QApplication::setActiveWindow(&window);
+    }
+
+    QString PageShown() const { return page->source().fileName(); }
+    void Search(const QString& words) {
+        QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(search, words);
+    }
+
+    HelpWindow window{nullptr};
+    QTextBrowser* page = window.findChild<QTextBrowser*>("page");
+    QLineEdit* search = window.findChild<QLineEdit*>("search");
+    QListWidget* results = window.findChild<QListWidget*>("results");
+    QTreeWidget* contents = window.findChild<QTreeWidget*>("contents");
+};
+
+TEST_F(HelpWindowTest, EnterInTheSearchGoesToTheWordAndMarksIt) {
+    Search("autohold");
+    EXPECT_TRUE(search->hasFocus());
+    ASSERT_GT(results->count(), 1);
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(page->textCursor().selectedText(), "AutoHold");
+    EXPECT_TRUE(page->viewport()->rect().contains(page->cursorRect()));
+    const int first = page->textCursor().selectionStart();
+    const QString firstPage = PageShown();
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(page->textCursor().selectedText(), "AutoHold");
+    EXPECT_TRUE(PageShown() != firstPage || page->textCursor().selectionStart() != first);
+    search->clear();
+    EXPECT_TRUE(contents->isVisible());
+}
+
+TEST_F(HelpWindowTest, EveryResultSelectsTheWordItPromises) {
+    Search("royal");
+    for (int row = 0; row < results->count(); ++row) {
+        QTest::keyClick(search, Qt::Key_Return);
+        EXPECT_EQ(results->currentRow(), row);
+        EXPECT_EQ(page->textCursor().selectedText().toLower(), "royal");
+    }
+}
+
+TEST_F(HelpWindowTest, BackForwardAndHomeWalkByKeysFromAnywhere) {
+    window.Open("files.html#backup");
+    EXPECT_EQ(contents->currentItem()->text(0), "Backup");
+    search->setFocus();
+    QTest::keyClick(&window, Qt::Key_Home, Qt::AltModifier);
+    EXPECT_EQ(PageShown(), "index.html");
+    page->setFocus();
+    QTest::keyClick(page, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(PageShown(), "files.html");
+    QTest::keyClick(page, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(PageShown(), "index.html");
+    EXPECT_FALSE(window.findChild<QAction*>("forward")->isEnabled());
+}
+
+TEST_F(HelpWindowTest, AnUnknownPageOpensTheContents) {
+    window.Open("nowhere.html");
+    EXPECT_EQ(PageShown(), "index.html");
+    window.Open("../art.qrc");
+    EXPECT_EQ(PageShown(), "index.html");
+}
+
+TEST_F(HelpWindowTest, EscapeClosesAndTheNextOpeningStartsAfresh) {
+    const double usual = page->font().pointSizeF();
+    QTest::keyClick(&window, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(page->font().pointSizeF(), usual);
+    for (int i = 0; i < 30; ++i) QTest::keyClick(&window, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_GT(page->font().pointSizeF(), 3);
+    Search("deuces");
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    window.Open("games.html");
+    EXPECT_EQ(page->font().pointSizeF(), usual);
+    EXPECT_TRUE(search->text().isEmpty());
+    EXPECT_FALSE(window.findChild<QAction*>("back")->isEnabled());
+}
+
+TEST_F(HelpWindowTest, FollowsADarkPaletteWhileItIsOpen) {
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::Link, Qt::blue);  // as desktops leave it that name no links
+    window.setPalette(dark);
+    QApplication::processEvents();
+    const QTextCursor cursor = page->document()->find("First steps");
+    EXPECT_GT(cursor.charFormat().foreground().color().lightness(), 140);
+    EXPECT_FALSE(page->document()
+                     ->find("in two minutes")
+                     .charFormat()
+                     .hasProperty(QTextFormat::ForegroundBrush));
+}
+
+TEST_F(HelpWindowTest, FitsASmallScreenAndNamesItsParts) {
+    window.resize(640, 480);
+    EXPECT_EQ(window.size(), QSize(640, 480));
+    EXPECT_GT(page->width(), 380);
+    for (const QWidget* part : std::initializer_list<QWidget*>{page, search, results, contents}) {
+        EXPECT_FALSE(part->accessibleName().isEmpty());
+    }
+    const HelpIndex index;
+    for (const HelpTopic& topic : index.Topics()) {
+        window.Open(topic.page);
+        if (topic.page == "command-line.html") continue;  // lines of a terminal are not broken
+        EXPECT_LE(page->document()->size().width(), page->viewport()->width())
+            << topic.page.toStdString();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,267 @@
+#include "ui/dialogs/HandAnalysisDialog.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFontMetrics>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/text/Amount.h"
+#include "core/text/Ranks.h"
+#include "game/GameEngine.h"
+#include "ui/dialogs/AssignFixedHandDialog.h"
+#include "ui/dialogs/DialogParts.h"
+#include "ui/dialogs/FileQuestions.h"
+#include "ui/dialogs/HoldChart.h"
+#include "ui/dialogs/PictureButton.h"
+#include "ui/dialogs/ReportBox.h"
+#include "ui/dialogs/SmallCard.h"
+
+namespace {
+
+constexpr int kColumnsBeforeLines = 5;
+constexpr double kShareOfScreen = 0.9;
+constexpr int kLeastLines = 12;
+constexpr int kWidest = 160;  // characters
+
+bool WantsHandAgain(QWidget* parent) {
+    QMessageBox box(QMessageBox::Critical, HandAnalysisDialog::tr("Missing Card"),
+                    HandAnalysisDialog::tr("You must assign a card to each hand position to "
+                                           "perform a hand analysis"),
+                    QMessageBox::Ok | QMessageBox::Cancel, parent);
+    box.setObjectName("missingCard");
+    return box.exec() == QMessageBox::Ok;
+}
+
+// "A" and a spade; a joker is the letter that the report shows.
+QString ShortName(const PlacedCard& card) {
+    static const QString kSuitSigns = QString::fromUtf8(" ♠♥♣♦★");
+    const QString rank = QChar::fromLatin1(RankChar(card.rank));
+    return card.IsJoker() ? rank : rank + kSuitSigns.at(card.suit);
+}
+
+std::array<PlacedCard, kPlaces> ShownPlaces(const GameEngine& engine) {
+    return PlacesOf(engine, engine.hand, engine.drawCards[0]);
+}
+
+// The places whose cards are held. The piles of Pick 'Em lie in other places than in the hand.
+std::array<bool, kPlaces> HeldPlaces(const GameEngine& engine, HoldMask hold) {
+    if (engine.payTable.type == GameType::kPickEm)
+        return {true, true, false, hold == kLeftPile, hold == kRightPile};
+    std::array<bool, kPlaces> held{};
+    for (int place = 0; place < kPlaces; ++place) {
+        held[static_cast<std::size_t>(place)] = Holds(hold, place);
+    }
+    return held;
+}
+
+QString Grouped(std::int64_t count) {
+    return QString::fromStdString(FormatNumber(std::to_string(count), false, false));
+}
+
+}  // namespace
+
+HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent)
+    : QDialog(parent), spare(spare), store(store) {
+    setObjectName("handAnalysis");
+    setWindowTitle(tr("Hand Analysis"));
+    auto* tabs = new QTabWidget(this);
+    tabs->setObjectName("tabs");
+    tabs->addTab(MakeReportPage(), tr("&Report"));
+    tabs->addTab(MakeChartPage(), tr("C&hart"));
+
+    auto* change = new QPushButton(tr("&Change Hand"), this);
+    change->setObjectName("changeHand");
+    change->setAutoDefault(false);
+    connect(change, &QPushButton::clicked, this, &HandAnalysisDialog::ChangeHand);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    auto* ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setObjectName("ok");
+    ok->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(MakePlaces());
+    bottom->addWidget(MakeKnownCard());
+    bottom->addWidget(change, 0, Qt::AlignBottom);
+    bottom->addStretch();
+    bottom->addWidget(buttons, 0, Qt::AlignBottom);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabs, 1);
+    layout->addLayout(bottom);
+
+    SetTabStops();
+    ShowHand();
+    report->FitToText();
+    const QSize widest(WidthOf(*this, kWidest), QWIDGETSIZE_MAX);  // the rest is scrolled
+    resize(sizeHint().boundedTo(screen()->availableSize() * kShareOfScreen).boundedTo(widest));
+    ok->setFocus();
+}
+
+QWidget* HandAnalysisDialog::MakeReportPage() {
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    report = new ReportBox("report", tr("Holds of the hand"), page);
+    report->saveAs = [this] { Save(); };
+    report->setMinimumHeight(kLeastLines * report->fontMetrics().lineSpacing());
+    layout->addWidget(report, 1);
+    layout->addWidget(MakeDisplayChoice(), 0, Qt::AlignLeft);
+    return page;
+}
+
+QWidget* HandAnalysisDialog::MakeChartPage() {
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName("chartPage");
+    scroll->setAccessibleName(tr("Expected returns of the holds"));
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    chart = new HoldChart(scroll);
+    scroll->setWidget(chart);
+    return scroll;
+}
+
+QWidget* HandAnalysisDialog::MakeDisplayChoice() {
+    auto* group = new QGroupBox(tr("Display"), this);
+    group->setObjectName("display");
+    auto* choice = new QButtonGroup(group);
+    auto* layout = new QHBoxLayout(group);
+    const auto add = [&](const QString& caption, const char* name, HandDisplay shown) {
+        auto* radio = new QRadioButton(caption, group);
+        radio->setObjectName(name);
+        choice->addButton(radio, static_cast<int>(shown));
+        layout->addWidget(radio);
+    };
+    add(tr("H&ands"), "displayHands", HandDisplay::kHands);
+    add(tr("O&dds"), "displayOdds", HandDisplay::kOdds);
+    add(tr("% of R&eturn"), "displayShare", HandDisplay::kShareOfReturn);
+    choice->button(static_cast<int>(display))->setChecked(true);
+    connect(choice, &QButtonGroup::idToggled, this, [this](int shown, bool checked) {
+        if (!checked) return;
+        display = static_cast<HandDisplay>(shown);
+        ShowReport();
+    });
+    return group;
+}
+
+QWidget* HandAnalysisDialog::MakePlaces() {
+    auto* group = new QGroupBox(tr("Starting Hand"), this);
+    group->setObjectName("startingHand");
+    auto* layout = new QHBoxLayout;
+    for (std::size_t number = 0; number < places.size(); ++number) {
+        auto* rank = new PictureButton(store, kRankTile, group);
+        rank->setObjectName(QString("placeRank%1").arg(number));
+        rank->setFocusPolicy(Qt::StrongFocus);
+        auto* suit = new PictureButton(store, kSuitTile, group);
+        suit->setObjectName(QString("placeSuit%1").arg(number));
+        suit->setFocusPolicy(Qt::NoFocus);  // does what the other one does
+        auto* pair = new QVBoxLayout;
+        pair->setSpacing(0);
+        for (auto* button : {rank, suit}) {
+            button->setToolTip(tr("Change Hand"));
+            pair->addWidget(button);
+            connect(button, &QToolButton::clicked, this, &HandAnalysisDialog::ChangeHand);
+        }
+        layout->addLayout(pair);
+        places[number] = {rank, suit};
+    }
+    group->setLayout(layout);
+    return group;
+}
+
+QWidget* HandAnalysisDialog::MakeKnownCard() {
+    auto* group = new QGroupBox(tr("First Draw Card"), this);
+    group->setObjectName("firstDrawCard");
+    knownCard = new SmallCard(store, group);
+    knownCard->setObjectName("knownCard");
+    auto* layout = new QHBoxLayout;
+    layout->addWidget(knownCard);
+    group->setLayout(layout);
+    group->setVisible(spare.payTable.gameId == kSneakPeakGameId);
+    return group;
+}
+
+void HandAnalysisDialog::SetTabStops() {
+    const QFontMetrics font(report->font());
+    const int column = font.horizontalAdvance("   ") + font.horizontalAdvance("999,999,999.99");
+    QList<qreal> stops = {static_cast<qreal>(font.horizontalAdvance("WWWWW"))};
+    const auto count = spare.payTable.lines.size() + kColumnsBeforeLines;
+    while (static_cast<std::size_t>(stops.size()) < count) stops.append(stops.back() + column);
+    report->SetTabStops(stops);
+}
+
+void HandAnalysisDialog::ChangeHand() {
+    do {
+        AssignFixedHandDialog editor(spare, store, this);
+        if (editor.exec() != QDialog::Accepted) return accept();
+        if (TakeFixedHand(spare)) return ShowHand();
+    } while (WantsHandAgain(this));
+    accept();
+}
+
+void HandAnalysisDialog::ShowHand() {
+    const auto cards = ShownPlaces(spare);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const QString name = tr("place %1, %2").arg(i + 1).arg(NameOf(cards[i]));
+        places[i].rank->SetPicture(RankPictureOf(cards[i]));
+        places[i].suit->SetPicture(SuitPictureOf(cards[i]));
+        for (auto* button : {places[i].rank, places[i].suit}) button->setAccessibleName(name);
+    }
+    knownCard->SetCard(CardAt(spare, spare.drawCards[0]));
+    ShowReport();
+    ShowChart();
+}
+
+void HandAnalysisDialog::ShowReport() { report->ShowReport(HandReport(spare, display)); }
+
+// All holds that return as much as the best one are marked: playing any of them is no error.
+void HandAnalysisDialog::ShowChart() {
+    const auto cards = ShownPlaces(spare);
+    std::vector<HoldChart::Hold> holds;
+    for (const HoldMask mask : HoldsByReturn(spare)) {
+        const HoldResult& result = spare.analysis.holds[static_cast<std::size_t>(mask)];
+        HoldChart::Hold hold;
+        const auto held = HeldPlaces(spare, mask);
+        for (std::size_t i = 0; i < cards.size(); ++i) {
+            hold.cards.append(held[i] ? ShortName(cards[i]) : QString::fromUtf8("–"));
+        }
+        if (result.knownCardPosition >= 0) hold.cards[result.knownCardPosition] = "D";
+        hold.value = result.expectedReturn;
+        hold.best = result.expectedReturn == spare.analysis.bestReturn;
+        hold.note = NoteOf(mask, hold.best);
+        holds.push_back(hold);
+    }
+    chart->ShowHolds(std::move(holds));
+}
+
+// "Best hold: ace of spades, king of spades: returns $4.5000; 16,215 draws, 5,000 of them win".
+QString HandAnalysisDialog::NoteOf(HoldMask hold, bool best) const {
+    const auto cards = ShownPlaces(spare);
+    const auto held = HeldPlaces(spare, hold);
+    const HoldResult& result = spare.analysis.holds[static_cast<std::size_t>(hold)];
+    QStringList names;
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        if (held[i]) names.append(NameOf(cards[i]));
+    }
+    if (names.isEmpty()) names.append(tr("nothing"));
+    return tr("%1 %2\nreturns $%3\n%4 draws, %5 of them win")
+        .arg(best ? tr("Best hold:") : tr("Hold"), names.join(", "))
+        .arg(result.expectedReturn, 0, 'f', 4)
+        .arg(Grouped(result.totalHands), Grouped(result.totalHands - result.nothing));
+}
+
+void HandAnalysisDialog::Save() {
+    const QString game = QString::fromStdString(spare.settings.gameName);
+    const QString name = tr("%1 hand.txt").arg(game).replace(u'/', u'-');
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    SaveReport(HandReport(spare, display), folder.filePath(name).toStdString(), this);
+}

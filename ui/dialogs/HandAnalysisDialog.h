@@ -1,0 +1,55 @@
+// The hand analysis: every hold of a hand with what it is worth, as a report and as a chart. It
+// works on the spare engine, which must have been given the hand:
+//
+//     LoadSpare(table, spare);         // game/SpareEngine.h
+//     LendHand(table.engine, spare);   // game/reports/HandReport.h
+//     HandAnalysisDialog(spare, store, over).exec();
+//
+// The player's engine is not touched. The spare one keeps the hand last chosen.
+#pragma once
+#include <QDialog>
+#include <array>
+
+#include "game/reports/HandReport.h"
+
+class HoldChart;
+class PictureButton;
+class PictureStore;
+class QGroupBox;
+class ReportBox;
+class SmallCard;
+
+class HandAnalysisDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    // The engine and the store outlive the dialog.
+    HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent);
+
+  private:
+    struct Place {
+        PictureButton* rank;
+        PictureButton* suit;
+    };
+
+    QWidget* MakeReportPage();
+    QWidget* MakeChartPage();
+    QWidget* MakeDisplayChoice();
+    QWidget* MakePlaces();
+    QWidget* MakeKnownCard();
+    void SetTabStops();
+    void ChangeHand();
+    void ShowHand();
+    void ShowReport();
+    void ShowChart();
+    QString NoteOf(HoldMask hold, bool best) const;
+    void Save();
+
+    GameEngine& spare;
+    PictureStore& store;
+    HandDisplay display = HandDisplay::kHands;
+    ReportBox* report;
+    HoldChart* chart;
+    std::array<Place, kPlaces> places{};
+    SmallCard* knownCard;
+};
