@@ -52,6 +52,7 @@ int DrawValue(GameTable& table, int (*multiplier)(int)) {
 void PayBonus(GameEngine& engine, int bonus) {
     engine.settings.credits = AddCapped(engine.settings.credits, bonus);
     engine.statistics.bonusCredits.Add(bonus);
+    NoteCredits(engine);
 }
 
 void ShowBonus(GameTable& table, int bonus) {

@@ -57,6 +57,9 @@ void DealFixedHand(GameEngine& engine) {
 }
 
 void DealFromTop(GameEngine& engine) {
+    if (engine.statistics.handsPlayed.session == 0) {
+        engine.creditHistory.Begin(AddCapped(engine.settings.credits, engine.settings.bet));
+    }
     engine.statistics.creditsPlayed.Add(engine.settings.bet);
     std::copy_n(engine.deck.order.begin(), kHandSize, engine.hand.begin());
     std::copy_n(engine.deck.order.begin() + kHandSize, kHandSize, engine.drawCards.begin());
@@ -149,7 +152,10 @@ int Draw(GameEngine& engine) {
     const Classification result = Classify(engine, evaluated);
     engine.finalLine = result.line;
     engine.win = result.Pay();
-    if (!engine.fixedHand) CountFinalHand(engine, result.line, engine.win, 1);
+    if (!engine.fixedHand) {
+        CountFinalHand(engine, result.line, engine.win, 1);
+        NoteCredits(engine);
+    }
     engine.readyToDeal = engine.handOver = true;
     return engine.win;
 }

@@ -45,6 +45,7 @@ void SetUpPick(GameTable& table) {
 
 void End(GameTable& table) {
     GameEngine& engine = table.engine;
+    NoteCredits(engine);
     engine.doubleUpPick = engine.doubleUpOffered = false;
     engine.doubleUpClosed = true;
     engine.hand = table.beforeDoubleUp.hand;

@@ -9,6 +9,11 @@ bool FeaturePending(const GameEngine& engine) {
            engine.targetPending;
 }
 
+void NoteCredits(GameEngine& engine) {
+    const std::int32_t hands = engine.statistics.handsPlayed.session;
+    if (hands > 0) engine.creditHistory.Record(hands, engine.settings.credits);
+}
+
 std::string StatsSection(const GameEngine& engine) {
     return TableSection(engine.settings.gameName, engine.settings.activeTable);
 }

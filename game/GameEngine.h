@@ -11,6 +11,7 @@
 #include "core/paytable/PayTable.h"
 #include "core/store/Settings.h"
 #include "core/store/Statistics.h"
+#include "game/CreditHistory.h"
 
 class LineTableCache;
 class ProfileFile;
@@ -29,6 +30,7 @@ inline constexpr HandCards kCardBacks = {kCardBack, kCardBack, kCardBack, kCardB
 struct GameEngine {
     MachineSettings settings;
     Statistics statistics;
+    CreditHistory creditHistory;  // of the session, from its first hand on
     Deck deck;
     PayTable payTable;
     std::shared_ptr<const LineTables> lineTables;  // see LineTablesOf
@@ -69,14 +71,17 @@ struct GameEngine {
 // A feature or a double up waits for the player, who can do nothing else at the table.
 bool FeaturePending(const GameEngine& engine);
 
+// The credits have changed after a hand of the session: its course is to show it.
+void NoteCredits(GameEngine& engine);
+
 // The section of the current game and table in the game file.
 std::string StatsSection(const GameEngine& engine);
 
 // Makes a pay table active, with its deck; the hand is over.
 void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables);
 
-// Those of the pay table. They are built at its first deal, so that a start or a change of game need
-// not wait for them.
+// Those of the pay table. They are built at its first deal, so that a start or a change of game
+// need not wait for them.
 const LineTables& LineTablesOf(GameEngine& engine);
 
 // Makes the table of the settings active: pay table, deck, line tables, statistics; the hand is

@@ -31,6 +31,7 @@ void EnterDollars(GameEngine& engine, int dollars) {
     settings.credits = AddCapped(settings.credits, WholeCredits(dollars / settings.coin));
     settings.creditsEntered = AddCapped(settings.creditsEntered, dollars);
     engine.statistics.sessionDollarsIn = AddCapped(engine.statistics.sessionDollarsIn, dollars);
+    NoteCredits(engine);
 }
 
 std::string CashOut(GameEngine& engine) {
@@ -41,6 +42,7 @@ std::string CashOut(GameEngine& engine) {
     engine.statistics.sessionDollarsIn =
         LessButNotBelowZero(engine.statistics.sessionDollarsIn, whole);
     settings.credits = 0;
+    NoteCredits(engine);
     return "Paid " + FormatNumber(FormatDouble("%14.2f", dollars), true, true);
 }
 
@@ -49,6 +51,7 @@ void ChangeCoin(GameEngine& engine, double coin, const GameFiles& files) {
     MachineSettings& settings = engine.settings;
     settings.credits = WholeCredits(settings.credits * settings.coin / coin);
     settings.coin = coin;
+    engine.creditHistory.Begin(settings.credits);  // what was before counted other coins
     files.file.WriteDouble("main", "Coin", coin, "%3.2f", files.gamePath);
 }
 

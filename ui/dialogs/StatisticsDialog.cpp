@@ -11,10 +11,12 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "game/GameEngine.h"
+#include "ui/dialogs/CreditChart.h"
 #include "ui/dialogs/FileQuestions.h"
 #include "ui/dialogs/ReportBox.h"
 
@@ -57,7 +59,29 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
                   StatisticsLines(engine, StatisticsDisplay::kShareOfReturn)} {
     setObjectName("statistics");
     setWindowTitle(tr("Game Play Analysis"));
-    auto* layout = new QGridLayout(this);
+    auto* tabs = new QTabWidget(this);
+    tabs->setObjectName("tabs");
+    tabs->addTab(MakeReports(engine, now), tr("Report"));
+    const bool played = engine.statistics.handsPlayed.session > 0;
+    tabs->addTab(new CreditChart(played ? engine.creditHistory : CreditHistory(),
+                                 {engine.settings.showDollar, engine.settings.coin}, tabs),
+                 tr("Session"));
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    auto* ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setObjectName("ok");
+    ok->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabs);
+    layout->addWidget(buttons);
+    resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
+    ok->setFocus();
+}
+
+QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t now) {
+    auto* reports = new QWidget(this);
+    auto* layout = new QGridLayout(reports);
     hands = AddBox(*layout, 0, 0, tr("Hands"), "hands");
     credits = AddBox(*layout, 1, 0, tr("Credits"), "credits");
     errors = AddBox(*layout, 1, 1, tr("Errors"), "errors");
@@ -79,19 +103,11 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
         box->FitToText();
         box->saveAs = [this] { Save(); };
     }
-
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    auto* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName("ok");
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(MakeDisplayChoice());
     bottom->addStretch();
-    bottom->addWidget(buttons, 0, Qt::AlignBottom);
     layout->addLayout(bottom, 2, 0, 1, 2);
-    resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
-    ok->setFocus();
+    return reports;
 }
 
 // All boxes have the same stops, two thirds and the whole of a width in which every label and every

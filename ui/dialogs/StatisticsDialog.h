@@ -18,6 +18,7 @@ class StatisticsDialog : public QDialog {
     StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent);
 
   private:
+    QWidget* MakeReports(const GameEngine& engine, std::int64_t now);
     void SetTabStops(const QList<std::string>& reports);
     QWidget* MakeDisplayChoice();
     void Save();

@@ -1,0 +1,261 @@
+#include "game/AnalyzeGame.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/analysis/AnalysisFiles.h"
+#include "core/analysis/GameAnalysis.h"
+#include "core/analysis/LineTableCache.h"
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/AtomicFile.h"
+#include "core/profile/ProfileFile.h"
+#include "core/store/Session.h"
+#include "core/text/Numbers.h"
+#include "game/SpareEngine.h"
+
+namespace {
+
+constexpr std::string_view kNeverAnalyzed = "Sneak Peak Poker";
+constexpr int kCodesPerKind = 100;
+constexpr int kHighestIndex = 1'000'000;  // more than any file of pay tables can hold
+constexpr int kCallsBetweenLooks = 64;    // at the window: some hundred microseconds
+
+std::string ProgressText(int percent) {
+    return "Analyzing game..." + std::to_string(percent) + "%";
+}
+
+// Shows a run's progress, seldom enough to cost nothing.
+class RunProgress {
+  public:
+    explicit RunProgress(Player& player) : progress(player.SeesProgress(ProgressText(0))) {}
+
+    bool Show(double done, double all) {
+        const int percent = static_cast<int>(done / all * 100);
+        if (percent == shown && ++calls % kCallsBetweenLooks != 0) return true;
+        shown = percent;
+        return progress->Show(ProgressText(percent), percent);
+    }
+
+  private:
+    std::unique_ptr<Progress> progress;
+    int shown = 0;
+    int calls = 0;
+};
+
+// A Detail file that takes its place when it is whole. One that cannot be written leaves an older
+// one as it was.
+class NewDetailFile {
+  public:
+    NewDetailFile(const std::string& path, const PayTable& table)
+        : path(path), newPath(path + ".new"), file(newPath, table) {}
+
+    void Write(const PlayedHand& hand) { file.Write(hand); }
+
+    void Close() {
+        std::error_code error;
+        if (file.Close()) {
+            std::filesystem::rename(newPath, path, error);
+            if (!error) return;
+        }
+        if (std::filesystem::is_regular_file(newPath, error)) {
+            std::filesystem::remove(newPath, error);
+        }
+    }
+
+  private:
+    std::string path;
+    std::string newPath;
+    DetailFile file;
+};
+
+// One run. It has copies of all it works on, since the player may do anything while it lasts.
+class AnalysisRun {
+  public:
+    AnalysisRun(GameEngine& spare, const DataFilePaths& paths)
+        : section(StatsSection(spare)),
+          payTable(spare.payTable),
+          coin(spare.settings.coin),
+          files(AnalysisFilesOf(spare.settings.gameName, spare.settings.activeTable, paths)),
+          cachePath(paths.analysisCache) {}
+
+    void Play(GameTable& table, AnalysisFilesChoice choice) {
+        std::optional<NewDetailFile> detail;
+        if (choice.detail) detail.emplace(files.detail, payTable);
+        GameAnalysisWatcher watcher;
+        if (detail) watcher.hand = [&detail](const PlayedHand& hand) { detail->Write(hand); };
+        {
+            RunProgress progress(table.player);
+            watcher.progress = [&progress](double done, double all) {
+                return progress.Show(done, all);
+            };
+            const auto tables = table.tables.For(payTable);
+            totals = AnalyzeGame(*tables, payTable, coin, watcher);
+        }
+        if (detail) detail->Close();
+        Write(table.files.file, choice);
+    }
+
+  private:
+    void Write(ProfileFile& file, AnalysisFilesChoice choice) const {
+        const auto entries = AnalysisEntries(totals, payTable, coin);
+        if (choice.summary) ReplaceFile(files.summary, SummaryText(entries));
+        // A profile file starts from an empty one; it creates none by itself.
+        std::error_code error;
+        if (!std::filesystem::exists(cachePath, error)) ReplaceFile(cachePath, "");
+        WriteToCache(entries, section, cachePath, file);
+        file.Flush();  // or a later one: what the disk does not take is kept
+    }
+
+    std::string section;
+    PayTable payTable;
+    double coin;
+    AnalysisFilePaths files;
+    std::string cachePath;
+    GameTotals totals;
+};
+
+void TellOfMissingTable(Player& player) {
+    player.IsTold("Missing pay table",
+                  "Pay table does not exist for this game. Select Options->Edit Pay Table to "
+                  "create pay table.",
+                  MessageIcon::kError);
+}
+
+// The command from the first report on.
+class ReportLoop {
+  public:
+    ReportLoop(GameTable& table, GameEngine& spare, GameReports& reports,
+               const DataFilePaths& paths)
+        : table(table), spare(spare), reports(reports), paths(paths), pages(table, spare, paths) {}
+
+    void Run() {
+        while (CurrentHasTable()) {
+            pages.ShowCurrent();
+            if (ReadAndRun() != kReportCurrent) return;
+        }
+        TellOfMissingTable(table.player);
+    }
+
+  private:
+    bool CurrentHasTable() const {
+        return TableExists(table.files.file, table.engine.settings.gameName, 0,
+                           table.files.mainPath);
+    }
+
+    // Until the report is left by a code that asks for no run, or a run is declined.
+    int ReadAndRun() {
+        for (;;) {
+            const int code = reports.ReadsGameReport(pages);
+            const auto index = TableToRun(code);
+            if (!index || !RunTable(*index)) return code;
+        }
+    }
+
+    std::optional<int> TableToRun(int code) {
+        if (code >= kRunTable && code < kRunTable + kCodesPerKind) return code - kRunTable;
+        if (code < kOfferRun) return std::nullopt;
+        const bool wanted =
+            table.player.SaysYes("Run Analysis",
+                                 "Tolvane has not analyzed this game and/or pay table. Would you "
+                                 "like to run analysis now?");
+        if (!wanted) return std::nullopt;
+        return code - kOfferRun;
+    }
+
+    // False when the player does not go on.
+    bool RunTable(int index) {
+        const std::string game = pages.GameName();
+        if (!TableExists(table.files.file, game, index, table.files.mainPath)) {
+            TellOfMissingTable(table.player);
+            return true;
+        }
+        const auto choice = reports.ChoosesFiles(AnalysisFilesOf(game, index, paths));
+        if (!choice) return false;
+        pages.Show(game, index);
+        AnalysisRun(spare, paths).Play(table, *choice);
+        pages.Show(game, index);
+        return true;
+    }
+
+    GameTable& table;
+    GameEngine& spare;
+    GameReports& reports;
+    const DataFilePaths& paths;
+    GameReportPages pages;
+};
+
+}  // namespace
+
+GameReportPages::GameReportPages(GameTable& table, GameEngine& spare, const DataFilePaths& paths)
+    : table(table), spare(spare), cache{table.files.file, paths.analysisCache} {}
+
+void GameReportPages::ShowCurrent() { LoadSpare(table, spare); }
+
+void GameReportPages::Show(const std::string& gameName, int tableIndex) {
+    const GameFiles& files = table.files;
+    MachineSettings& settings = spare.settings;
+    settings.gameId = GameIdFromName(files.file, gameName, files.mainPath);
+    settings.gameName = gameName;
+    settings.activeTable = tableIndex;
+    LoadGame(spare, files, table.tables);
+    LoadSettings(files.file, files.gamePath, settings, spare.statistics, table.clock.Now());
+}
+
+bool GameReportPages::Choose(const std::string& gameName) {
+    if (SameText(gameName, kNeverAnalyzed)) {
+        table.player.IsTold("Game Analysis Not Available", "Analysis not available for this game",
+                            MessageIcon::kError);
+        return false;
+    }
+    const GameFiles& files = table.files;
+    Show(gameName, ActiveTable(files.file, files.gamePath, files.mainPath, gameName));
+    return true;
+}
+
+void GameReportPages::ShowNext() {
+    if (HasNext()) Show(std::string(GameName()), NextIndex());
+}
+
+void GameReportPages::ShowPrevious() {
+    if (HasPrevious()) Show(std::string(GameName()), PreviousIndex());
+}
+
+std::vector<std::string> GameReportPages::Games() const {
+    return SelectableGames(table.files.file, table.files.mainPath);
+}
+
+int GameReportPages::NextIndex() const { return Neighbour("NextIndex"); }
+
+// The first table has none, whatever stands in the file.
+int GameReportPages::PreviousIndex() const {
+    return TableIndex() > 0 ? Neighbour("PrevIndex") : kNoTable;
+}
+
+int GameReportPages::Neighbour(const char* key) const {
+    return table.files.file.GetInt(TableSection(GameName(), TableIndex()), key, kNoTable,
+                                   table.files.mainPath);
+}
+
+int RunCode(int tableIndex) {
+    if (tableIndex < 0 || tableIndex > kHighestIndex) return 0;
+    return tableIndex < kCodesPerKind ? kRunTable + tableIndex : kOfferRun + tableIndex;
+}
+
+AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
+                                  const DataFilePaths& paths) {
+    std::string name = gameName;
+    std::ranges::replace(name, '/', '_');
+    return {paths.folder + SummaryFileName(name, tableIndex),
+            paths.folder + DetailFileName(name, tableIndex)};
+}
+
+void AnalyzeGameCommand(GameTable& table, GameEngine& spare, GameReports& reports,
+                        const DataFilePaths& paths) {
+    const std::string& game = table.engine.settings.gameName;
+    if (SameText(game, kNeverAnalyzed)) {
+        table.player.IsTold("Game Analysis Not Available",
+                            "Game analysis not available for " + game + ".", MessageIcon::kError);
+        return;
+    }
+    ReportLoop(table, spare, reports, paths).Run();
+}

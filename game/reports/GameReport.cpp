@@ -1,0 +1,134 @@
+#include "game/reports/GameReport.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/profile/ProfileFile.h"
+#include "core/text/Numbers.h"
+#include "game/GameEngine.h"
+
+namespace {
+
+constexpr std::string_view kMissing = "not found";
+constexpr std::size_t kValueSize = 255;
+constexpr std::string_view kColumns =
+    "\tPayout\tDraw 0\tDraw 1\tDraw 2\tDraw 3\tDraw 4\tDraw 5\tTotal Best Play\tTotal All "
+    "Possible\tOdds\t% of Return\tVariance\r\n";
+
+// Cells of a row of the cache.
+constexpr std::size_t kReturnCell = 10;
+constexpr std::size_t kVarianceCell = 11;
+
+// The analysis of one table.
+class Figures {
+  public:
+    Figures(const GameEngine& engine, const AnalysisCache& cache)
+        : cache(cache), section(StatsSection(engine)) {}
+
+    std::string Of(std::string_view key, std::string_view otherwise = "0") const {
+        return cache.file.GetString(section, key, otherwise, kValueSize, cache.path);
+    }
+
+    std::string OfLine(std::size_t line) const { return Of("Payline" + std::to_string(line)); }
+
+  private:
+    const AnalysisCache& cache;
+    std::string section;
+};
+
+std::string AsCells(std::string value) {
+    std::ranges::replace(value, ';', '\t');
+    return value;
+}
+
+std::string AnalysisText(const GameEngine& engine, const Figures& figures) {
+    const auto cells = [&](std::string_view key) { return AsCells(figures.Of(key)); };
+    std::string text = "Game:\t" + engine.settings.gameName + "\r\n";
+    text += "Coin\t$" + cells("Coin") + "\r\n\r\n";
+    text += "Exp Ret ($)\t" + cells("ER") + "\r\n";
+    text += "Break Even ($)\t" + cells("Cost") + "\r\n";
+    text += "Game Payout\t" + cells("Payout%") + "%\r\n";
+    text += "Variance\t" + cells("Var") + "\r\n\r\n";
+    text += kColumns;
+    text += "Starting Hands\t\t" + cells("InitHands") + "\r\n";
+    text += "Final Hands\t\t" + cells("Final") + "\r\n\r\n";
+    const auto& lines = engine.payTable.lines;
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        text += lines[line].description + '\t' + AsCells(figures.OfLine(line)) + "\r\n";
+    }
+    text += "NOTHING\t" + cells("Nothing") + "\r\n\r\n";
+    return text +
+           "** Click \"Run Analysis\" button to re-run analysis or create summary/detail files. **";
+}
+
+int PayPerCoin(const PayLine& line) {
+    const bool paysMore = std::int64_t{line.payout} * kFullBet < line.maxPayout;
+    return paysMore ? line.maxPayout / kFullBet : line.payout;
+}
+
+std::string PaysText(const GameEngine& engine) {
+    std::string text = "Game:\t" + engine.settings.gameName + "\r\n\r\n";
+    for (const PayLine& line : engine.payTable.lines) {
+        text += line.description + '\t' + std::to_string(PayPerCoin(line)) + "\r\n";
+    }
+    return text +
+           "\r\n** Analysis has not been run for this game and/or pay table. **\r\n"
+           "** Click \"Run Analysis\" button to run analysis. **";
+}
+
+// The number in a cell of a row, its commas left out; 0 for one that is missing or below 0.
+double CellNumber(std::string_view row, std::size_t cell) {
+    for (; cell > 0; --cell) {
+        const auto end = row.find(';');
+        if (end == std::string_view::npos) return 0;
+        row.remove_prefix(end + 1);
+    }
+    std::string number(row.substr(0, row.find(';')));
+    std::erase(number, ',');
+    return std::max(ParseDouble(number), 0.0);
+}
+
+LineShare ShareOfRow(const std::string& description, const std::string& row) {
+    LineShare share;
+    share.description = description;
+    share.percentReturn = CellNumber(row, kReturnCell);
+    share.variance = CellNumber(row, kVarianceCell);
+    return share;
+}
+
+void ComputeShares(std::vector<LineShare>& shares) {
+    double allReturn = 0;
+    double allVariance = 0;
+    for (const LineShare& share : shares) {
+        allReturn += share.percentReturn;
+        allVariance += share.variance;
+    }
+    for (LineShare& share : shares) {
+        if (allReturn > 0) share.returnShare = share.percentReturn / allReturn * 100;
+        if (allVariance > 0) share.varianceShare = share.variance / allVariance * 100;
+    }
+}
+
+}  // namespace
+
+bool IsAnalyzed(const GameEngine& engine, const AnalysisCache& cache) {
+    return !SameText(Figures(engine, cache).Of("ER", kMissing), kMissing);
+}
+
+std::string GameReport(const GameEngine& engine, const AnalysisCache& cache) {
+    if (!IsAnalyzed(engine, cache)) return PaysText(engine);
+    return AnalysisText(engine, Figures(engine, cache));
+}
+
+std::vector<LineShare> LineShares(const GameEngine& engine, const AnalysisCache& cache) {
+    if (!IsAnalyzed(engine, cache)) return {};
+    const Figures figures(engine, cache);
+    std::vector<LineShare> shares;
+    const auto& lines = engine.payTable.lines;
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        shares.push_back(ShareOfRow(lines[line].description, figures.OfLine(line)));
+    }
+    shares.push_back(ShareOfRow("NOTHING", figures.Of("Nothing")));
+    ComputeShares(shares);
+    return shares;
+}
