@@ -11,6 +11,9 @@ class ActionQueue {
 
     bool Busy() const { return busy; }
 
+    // What waits is not begun any more; what runs goes on.
+    void DropWaiting() { waiting.clear(); }
+
     // Called whenever all has been done, if set.
     std::function<void()> settled;
 

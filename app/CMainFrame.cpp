@@ -1,0 +1,167 @@
+#include "app/CMainFrame.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+
+#include "app/CMorvikDoc.h"
+#include "app/MenuTable.h"
+#include "core/paytable/GameCatalogue.h"
+#include "ui/art/PictureStore.h"
+#include "ui/table/CMorvikView.h"
+#include "ui/table/Commands.h"
+
+namespace {
+
+constexpr const char* kGeometryKey = "window/geometry";
+constexpr const char* kMaximizedKey = "window/maximized";
+
+// A name may hold a '&', which would mark a letter in a menu.
+QString MenuText(std::string_view name) {
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).replace("&", "&&");
+}
+
+QString CaptionOf(const MenuEntry& entry) {
+    for (const BuiltInGame& game : BuiltInGames()) {
+        if (game.id == entry.id) return MenuText(game.name);
+    }
+    return QObject::tr(entry.caption);
+}
+
+}  // namespace
+
+CMainFrame::CMainFrame() {
+    setObjectName("mainFrame");
+    setWindowIcon(ProgramIcon());
+}
+
+void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
+    document = &shown;
+    view = new CMorvikView(shown.table, shown.scene, shown.display, pictures, shown.actions,
+                           [this](int command) { document->RunKey(command); });
+    setCentralWidget(view);
+    MakeMenus();
+    connect(document, &CMorvikDoc::SceneChanged, view, qOverload<>(&QWidget::update));
+    connect(document, &CMorvikDoc::TitleChanged, this,
+            [this] { setWindowTitle(document->Title()); });
+    connect(
+        document, &CMorvikDoc::ExitChosen, this, [this] { close(); }, Qt::QueuedConnection);
+    connect(document, &CMorvikDoc::Settled, this, &CMainFrame::UpdateActions);
+    setWindowTitle(document->Title());
+
+    const QSettings settings;
+    const bool known = restoreGeometry(settings.value(kGeometryKey).toByteArray());
+    if (!known || settings.value(kMaximizedKey, true).toBool()) {
+        if (!known) resize(view->sizeHint());
+        showMaximized();
+    } else {
+        show();
+    }
+    view->setFocus();
+}
+
+void CMainFrame::MakeMenus() {
+    const auto popups = MenuBar();
+    for (std::size_t i = 0; i < popups.size(); ++i) {
+        QMenu& menu = *menuBar()->addMenu(tr(popups[i].caption));
+        menu.setObjectName(popups[i].name);
+        AddEntries(menu, static_cast<int>(i));
+        connect(&menu, &QMenu::aboutToShow, this, [this, i] { PrepareMenu(static_cast<int>(i)); });
+    }
+    UpdateActions();
+}
+
+void CMainFrame::AddEntries(QMenu& menu, int popup) {
+    for (const MenuEntry& entry : MenuBar()[static_cast<std::size_t>(popup)].entries) {
+        if (entry.id == kSeparator) {
+            menu.addSeparator();
+        } else if (entry.id == kUserGamesMenu) {
+            userGames = menu.addMenu(tr(entry.caption));
+            userGames->setObjectName("userGamesMenu");
+        } else {
+            QAction* action = AddAction(menu, entry.id, CaptionOf(entry));
+            action->setShortcut(QKeySequence(entry.shortcut));
+            commands.push_back(action);
+        }
+    }
+}
+
+QAction* CMainFrame::AddAction(QMenu& menu, int id, const QString& caption) {
+    QAction* action = menu.addAction(caption);
+    action->setObjectName("command" + QString::number(id));
+    action->setData(id);
+    action->setMenuRole(QAction::NoRole);
+    connect(action, &QAction::triggered, this, [this, id] { document->Run(id); });
+    return action;
+}
+
+// An opening menu ends a count-up, and shows the machine as it stands.
+void CMainFrame::PrepareMenu(int popup) {
+    document->table.engine.stopCountUp = true;
+    const auto entries = MenuBar()[static_cast<std::size_t>(popup)].entries;
+    const bool hasUserGames = std::ranges::any_of(
+        entries, [](const MenuEntry& entry) { return entry.id == kUserGamesMenu; });
+    if (hasUserGames) ListUserGames();
+    UpdateActions();
+}
+
+void CMainFrame::ListUserGames() {
+    userGames->clear();
+    const GameEngine& engine = document->table.engine;
+    for (const UserGame& game :
+         UserGames(document->table.files.file, document->table.files.mainPath)) {
+        QAction* action = AddAction(*userGames, game.id, MenuText(game.name));
+        action->setCheckable(true);
+        action->setChecked(IsChecked(game.id, engine));
+        action->setEnabled(IsEnabled(Grey::kDuringHand, engine));
+    }
+    userGames->setEnabled(!userGames->isEmpty());
+}
+
+void CMainFrame::UpdateActions() {
+    const GameEngine& engine = document->table.engine;
+    for (QAction* action : commands) {
+        const int id = action->data().toInt();
+        const bool checked = IsChecked(id, engine);
+        action->setCheckable(checked);
+        action->setChecked(checked);
+        action->setEnabled(IsEnabled(GreyOf(id), engine));
+    }
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (!closed) FinishAndClose();
+    event->setAccepted(closed);
+}
+
+// The flow that is running must come to its end first; nothing holds it up any more, and nothing
+// that waits behind it is begun.
+void CMainFrame::FinishAndClose() {
+    document->RefuseQuestions();
+    if (hurryClock) hurryClock(true);
+    document->actions.DropWaiting();
+    document->actions.Run([this] {
+        document->AnswerQuestions();
+        if (hurryClock) hurryClock(false);
+        if (!SaveToClose()) return;
+        document->actions.DropWaiting();
+        close();
+    });
+}
+
+// False when the player would rather stay than lose what could not be saved.
+bool CMainFrame::SaveToClose() {
+    const bool saved = document->OnCloseDocument();
+    closed = saved || document->player.SaysYes(
+                          tr("Save Error").toStdString(),
+                          tr("The game could not be saved. Close all the same, and lose what was "
+                             "played since the last time it was?")
+                              .toStdString());
+    if (!closed) return false;
+    QSettings settings;
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kMaximizedKey, isMaximized());
+    return true;
+}

@@ -1,0 +1,45 @@
+// The main window: the menu bar over the machine's table.
+#pragma once
+#include <QMainWindow>
+#include <functional>
+#include <vector>
+
+class CMorvikDoc;
+class CMorvikView;
+class PictureStore;
+class QAction;
+class QMenu;
+
+class CMainFrame : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    CMainFrame();
+
+    // Before the frame is shown; both outlive it.
+    void Show(CMorvikDoc& document, PictureStore& pictures);
+
+    CMorvikView* View() const { return view; }
+
+    // Makes the pauses of the clock end at once, or last again; if set.
+    std::function<void(bool)> hurryClock;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void MakeMenus();
+    void AddEntries(QMenu& menu, int popup);
+    QAction* AddAction(QMenu& menu, int id, const QString& caption);
+    void PrepareMenu(int popup);
+    void ListUserGames();
+    void UpdateActions();
+    void FinishAndClose();
+    bool SaveToClose();
+
+    CMorvikDoc* document = nullptr;
+    CMorvikView* view = nullptr;
+    QMenu* userGames = nullptr;
+    std::vector<QAction*> commands;  // all with a command, which is their data
+    bool closed = false;
+};

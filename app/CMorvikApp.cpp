@@ -1,0 +1,101 @@
+#include "app/CMorvikApp.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QMessageBox>
+#include <QSessionManager>
+#include <QSocketNotifier>
+#include <array>
+#include <csignal>
+
+#include "core/store/Migration.h"
+
+namespace {
+
+// A signal handler may do little more than write a byte: it wakes the program, which then closes as
+// if the window had been closed.
+std::array<int, 2> signalSockets{-1, -1};
+
+void WakeProgram(int) {
+    const char byte = 0;
+    [[maybe_unused]] const auto written = write(signalSockets[0], &byte, 1);
+}
+
+}  // namespace
+
+CMorvikApp::CMorvikApp(int& argc, char** argv) : QApplication(argc, argv) {
+    setApplicationName("Tolvane");
+    setOrganizationName("Tolvane");
+    setApplicationVersion("1.14");
+    setDesktopFileName("tolvane");
+    setWindowIcon(ProgramIcon());
+}
+
+// The document goes before what it refers to; the frame's view refers to the document.
+CMorvikApp::~CMorvikApp() {
+    idle.reset();
+    frame.reset();
+    document.reset();
+}
+
+int CMorvikApp::Run() {
+    if (!TakeDataFolder()) return 1;
+    sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });
+    frame = std::make_unique<CMainFrame>();
+    frame->hurryClock = [this](bool on) { clock.Hurry(on); };
+    document =
+        std::make_unique<CMorvikDoc>(engine, spare, file, paths, *frame, pictures, clock, *sounds);
+    frame->Show(*document, pictures);
+    idle = std::make_unique<IdleWork>(*document);
+    installEventFilter(idle.get());
+    connect(
+        this, &QGuiApplication::commitDataRequest, this,
+        [this](QSessionManager&) { document->SaveForNow(); }, Qt::DirectConnection);
+    EndOnSignals();
+    QMetaObject::invokeMethod(
+        this, [this] { document->OnNewDocument(); }, Qt::QueuedConnection);
+    return exec();
+}
+
+bool CMorvikApp::TakeDataFolder() {
+    const auto found = FindDataFiles(ReadDataEnvironment());
+    if (!found || !CreateDataFolder(*found)) {
+        Warn(tr("No Data Folder"),
+             tr("There is no folder to keep your games in. Set HOME, or XDG_DATA_HOME, to a folder "
+                "that you can write to, and start Tolvane again."));
+        return false;
+    }
+    paths = *found;
+    lock = std::make_unique<LockFile>(paths.folder);
+    if (lock->GetState() == LockFile::State::kTaken) {
+        Warn(
+            tr("Tolvane Is Running"),
+            tr("Tolvane is already running on the data folder %1. Go on in its window, or close it "
+               "first.")
+                .arg(QString::fromStdString(paths.folder)));
+        return false;
+    }
+    if (lock->GetState() == LockFile::State::kRefused) {
+        Warn(tr("Data Folder"),
+             tr("The data folder %1 cannot be written to. You can play, but nothing will be saved "
+                "until it can.")
+                 .arg(QString::fromStdString(paths.folder)));
+    }
+    MigrateDataFiles(paths, file);
+    return true;
+}
+
+void CMorvikApp::Warn(const QString& caption, const QString& text) {
+    QMessageBox::warning(nullptr, caption, text);
+}
+
+void CMorvikApp::EndOnSignals() {
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalSockets.data()) != 0) return;
+    auto* notifier = new QSocketNotifier(signalSockets[1], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
+        notifier->setEnabled(false);
+        frame->close();
+    });
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, WakeProgram);
+}

@@ -1,0 +1,41 @@
+// The application: builds the program's objects, runs them and takes them down.
+#pragma once
+#include <QApplication>
+#include <memory>
+
+#include "app/CMainFrame.h"
+#include "app/CMorvikDoc.h"
+#include "app/IdleWork.h"
+#include "core/profile/ProfileFile.h"
+#include "core/store/LockFile.h"
+#include "ui/art/PictureStore.h"
+#include "ui/table/QtSounds.h"
+#include "ui/table/WindowClock.h"
+
+class CMorvikApp : public QApplication {
+    Q_OBJECT
+
+  public:
+    CMorvikApp(int& argc, char** argv);
+    ~CMorvikApp() override;
+
+    // The whole run; the exit code of the program.
+    int Run();
+
+  private:
+    bool TakeDataFolder();
+    void Warn(const QString& caption, const QString& text);
+    void EndOnSignals();
+
+    GameEngine engine;
+    GameEngine spare;
+    ProfileFile file;
+    DataFilePaths paths;
+    std::unique_ptr<LockFile> lock;
+    PictureStore pictures;
+    WindowClock clock;
+    std::unique_ptr<QtSounds> sounds;
+    std::unique_ptr<CMainFrame> frame;
+    std::unique_ptr<CMorvikDoc> document;
+    std::unique_ptr<IdleWork> idle;
+};

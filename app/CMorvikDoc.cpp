@@ -1,0 +1,234 @@
+#include "app/CMorvikDoc.h"
+
+#include <utility>
+
+#include "app/MenuTable.h"
+#include "core/profile/ProfileFile.h"
+#include "game/AnalyzeGame.h"
+#include "game/BonusFeatures.h"
+#include "game/FileCommands.h"
+#include "game/FixedHand.h"
+#include "game/GameSelection.h"
+#include "game/HandFlow.h"
+#include "game/SaveGame.h"
+#include "game/SpareEngine.h"
+#include "game/StartAndStop.h"
+#include "game/TableCommands.h"
+#include "ui/dialogs/AboutDialog.h"
+#include "ui/dialogs/CombinationsDialog.h"
+#include "ui/dialogs/ErrorLogDialog.h"
+#include "ui/dialogs/HandAnalysisDialog.h"
+#include "ui/dialogs/HelpWindow.h"
+#include "ui/table/Commands.h"
+
+CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile& file,
+                       DataFilePaths dataPaths, QWidget& parent, PictureStore& store, Clock& clock,
+                       Sounds& sounds)
+    : files{file, dataPaths.mainProfile, dataPaths.defaultGame},
+      display(scene, [this] { emit SceneChanged(); }),
+      player(parent, store, clock),
+      reports(parent),
+      table{.engine = engine,
+            .files = files,
+            .tables = lineTables,
+            .display = display,
+            .player = player,
+            .sounds = sounds,
+            .clock = clock,
+            .random = {},
+            .beforeDoubleUp = {},
+            .target = {},
+            .redBlack = {}},
+      paths(std::move(dataPaths)),
+      spare(spareEngine),
+      window(parent),
+      pictures(store) {
+    display.Attach(table);
+    actions.settled = [this] { emit Settled(); };
+    player.showAnalysis = [this](QWidget& over) { AnalyzeHand(over); };
+    player.beep = [this] { table.sounds.Sound(Beep::kExclamation); };
+    StartGame(table, paths);
+    display.Relayout();
+}
+
+CMorvikDoc::~CMorvikDoc() = default;
+
+void CMorvikDoc::OnNewDocument() {
+    actions.Run([this] { FinishStart(table); });
+}
+
+bool CMorvikDoc::OnCloseDocument() { return StopGame(table, paths); }
+
+void CMorvikDoc::SaveForNow() {
+    StoreCurrentGamePath(files.gamePath, paths, files.file);
+    // The desktop waits, so a failure is not told now.
+    const bool told = std::exchange(table.saveFailedTold, true);
+    if (!SaveGame(table, false)) table.saveFailedTold = told;
+    files.file.Flush();
+}
+
+void CMorvikDoc::Run(int command) {
+    table.engine.stopCountUp = true;
+    actions.Run([this, command] {
+        if (IsEnabled(GreyOf(command), table.engine)) Dispatch(command);
+    });
+}
+
+void CMorvikDoc::RunKey(int command) {
+    table.engine.stopCountUp = true;
+    actions.Run([this, command] { Dispatch(command); });
+}
+
+QString CMorvikDoc::Title() const {
+    return QString::fromStdString(::Title(table, paths)) + tr(" - Tolvane");
+}
+
+void CMorvikDoc::RefuseQuestions() {
+    reports.RefuseAll();
+    player.RefuseAll();
+}
+
+void CMorvikDoc::AnswerQuestions() {
+    reports.AnswerAgain();
+    player.AnswerAgain();
+}
+
+void CMorvikDoc::Dispatch(int command) {
+    const bool isGame = (command >= kFirstGame && command <= kLastGame) ||
+                        (command >= kFirstUserGame && command <= kLastUserGame);
+    if (isGame) {
+        ChooseGame(command);
+    } else if (!DispatchFile(command) && !DispatchOption(command)) {
+        DispatchDialog(command);
+    }
+    emit TitleChanged();
+}
+
+void CMorvikDoc::ChooseGame(int id) { ::ChooseGame(table, id); }
+
+void CMorvikDoc::AnalyzeHand(QWidget& over) {
+    LoadSpare(table, spare);
+    LendHand(table.engine, spare);
+    HandAnalysisDialog(spare, pictures, &over).exec();
+}
+
+void CMorvikDoc::ViewErrorLog() {
+    if (TellIfErrorLogIsEmpty(table)) return;
+    ErrorLogDialog(table.engine, files, pictures, &window).exec();
+}
+
+bool CMorvikDoc::DispatchFile(int command) {
+    switch (command) {
+        case kFileNew:
+            NewGameFile(table);
+            return true;
+        case kFileOpen:
+            OpenGameFile(table);
+            return true;
+        case kFileSave:
+            SaveGameFile(table);
+            return true;
+        case kFileSaveAs:
+            SaveGameFileAs(table);
+            return true;
+        case kExit:
+            emit ExitChosen();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool CMorvikDoc::DispatchOption(int command) {
+    switch (command) {
+        case kCashOut:
+            CashOutCommand(table);
+            return true;
+        case kEnterCredits:
+            EnterCredits(table);
+            return true;
+        case kResetStatistics:
+            ResetStatisticsCommand(table);
+            return true;
+        case kClearErrorLog:
+            ClearErrorLogCommand(table);
+            return true;
+        case kAssignFixedHand:
+            SettleFeatures(table);
+            AssignFixedHand(table);
+            return true;
+        case kToggleSounds:
+            ToggleSounds(table);
+            return true;
+        case kToggleDoubleUp:
+            ToggleDoubleUp(table);
+            return true;
+        case kToggleShowDollar:
+            ToggleShowDollar(table);
+            return true;
+        case kModeCasino:
+        case kModeWarning:
+        case kModeAutoHold:
+        case kModeErrorLog:
+            ChooseMode(table, static_cast<PlayMode>(command - kModeCasino + 1));
+            return true;
+        case kFixedHand:
+            ToggleFixedHand(table);
+            return true;
+        case kCoinNickel:
+            ChooseCoin(table, 0.05);
+            return true;
+        case kCoinQuarter:
+            ChooseCoin(table, 0.25);
+            return true;
+        case kCoinHalf:
+            ChooseCoin(table, 0.5);
+            return true;
+        case kCoinDollar:
+            ChooseCoin(table, 1.0);
+            return true;
+        case kSpeedFast:
+            ChooseSpeed(table, Speed::kFast);
+            return true;
+        case kSpeedNormal:
+            ChooseSpeed(table, Speed::kNormal);
+            return true;
+        case kSpeedSlow:
+            ChooseSpeed(table, Speed::kSlow);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool CMorvikDoc::DispatchDialog(int command) {
+    switch (command) {
+        case kAutoplay:
+            RunAutoplay(table, spare);
+            return true;
+        case kCombinations:
+            CombinationsDialog(&window).exec();
+            return true;
+        case kPlayStatistics:
+            player.ReadsStatistics(table.engine);
+            return true;
+        case kAnalyzeGame:
+            AnalyzeGameCommand(table, spare, reports, paths);
+            return true;
+        case kAnalyzeHand:
+            AnalyzeHand(window);
+            return true;
+        case kViewErrorLog:
+            ViewErrorLog();
+            return true;
+        case kHelpIndex:
+            if (!help) help = new HelpWindow(&window);
+            help->Open();
+            return true;
+        case kAbout:
+            AboutDialog(&window).exec();
+            return true;
+        default:
+            return false;
+    }
+}

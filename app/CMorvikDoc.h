@@ -1,0 +1,82 @@
+// The document: the machine with its game file, and what the commands of the menus do with them.
+// One document lives from start to exit; New and Open change what is in it.
+#pragma once
+#include <QObject>
+#include <QString>
+#include <QWidget>
+
+#include "core/analysis/LineTableCache.h"
+#include "core/store/DataFiles.h"
+#include "game/GameTable.h"
+#include "ui/dialogs/WindowPlayer.h"
+#include "ui/dialogs/WindowReports.h"
+#include "ui/table/ActionQueue.h"
+#include "ui/table/SceneDisplay.h"
+
+class HelpWindow;
+class PictureStore;
+class ProfileFile;
+
+class CMorvikDoc : public QObject {
+    Q_OBJECT
+
+    GameFiles files;
+    LineTableCache lineTables;
+
+  public:
+    // The player's engine and the spare one. All arguments outlive the document; questions are
+    // asked over the window.
+    CMorvikDoc(GameEngine& engine, GameEngine& spare, ProfileFile& file, DataFilePaths paths,
+               QWidget& window, PictureStore& pictures, Clock& clock, Sounds& sounds);
+    ~CMorvikDoc() override;
+
+    // Once the window is shown.
+    void OnNewDocument();
+
+    // Saves everything. False when that failed; the player has been told.
+    bool OnCloseDocument();
+
+    // Saves what is played without ending anything in it: the desktop may close the session.
+    void SaveForNow();
+
+    // Runs a command of the menus, unless it is greyed as the machine stands.
+    void Run(int command);
+
+    // Runs a command that a key at the table stands for: keys work while the menus are greyed.
+    void RunKey(int command);
+
+    QString Title() const;
+
+    // For a window that closes: every question that is open or comes later is refused, until they
+    // are to be answered again.
+    void RefuseQuestions();
+    void AnswerQuestions();
+
+    TableScene scene;  // what the window shows
+    SceneDisplay display;
+    WindowPlayer player;
+    WindowReports reports;
+    ActionQueue actions;
+    GameTable table;
+
+  signals:
+    void SceneChanged();
+    void Settled();  // all that the player has begun is done
+    void TitleChanged();
+    void ExitChosen();
+
+  private:
+    void Dispatch(int command);
+    bool DispatchFile(int command);
+    bool DispatchOption(int command);
+    bool DispatchDialog(int command);
+    void ChooseGame(int id);
+    void AnalyzeHand(QWidget& over);
+    void ViewErrorLog();
+
+    DataFilePaths paths;
+    GameEngine& spare;
+    QWidget& window;
+    PictureStore& pictures;
+    HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
+};

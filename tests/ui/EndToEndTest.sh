@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# Plays the built program on a virtual screen as a person would: EndToEndTest.sh FOLDER, with the folder of
+# the program. Ten hands with real keys, quit, look into the game file; start again and find the credits.
+set -euo pipefail
+program_folder=$1
+
+if [[ -z ${TOLVANE_ON_SCREEN:-} ]]; then
+    TOLVANE_ON_SCREEN=1 exec xvfb-run -a -s "-screen 0 1024x768x24" "$0" "$@"
+fi
+
+home=$(mktemp -d)
+trap 'jobs -p | xargs -r kill 2>/dev/null || true; wait; rm -rf "$home"' EXIT
+cp "$program_folder"/{Tolvane,*.114,*.wav} "$home"
+export HOME=$home XDG_CONFIG_HOME=$home/config XDG_RUNTIME_DIR=$home QT_QPA_PLATFORM=xcb
+unset XDG_DATA_HOME
+openbox >/dev/null 2>&1 &
+
+fail() { echo "FAILED: $*"; cat "$home"/*.qdx "$home/output" 2>/dev/null; exit 1; }
+
+# Looks every tenth of a second, for at most twenty seconds.
+wait_until() {
+    for _ in {1..200}; do
+        "$@" >/dev/null 2>&1 && return 0
+        sleep 0.1
+    done
+    fail "never happened: $*"
+}
+
+start() {
+    (cd "$home" && exec ./Tolvane >output 2>&1) &
+    program=$!
+    wait_until xdotool search --onlyvisible --name "Jacks or Better - Tolvane"
+    window=$(xdotool search --onlyvisible --name "Jacks or Better - Tolvane" | tail -1)
+    wait_until focused "$window"
+}
+
+focused() { [[ $(xdotool getwindowfocus) == "$1" ]] || { xdotool windowfocus "$1"; return 1; }; }
+no_dialog() { ! xdotool search --onlyvisible --name '^Dialog$'; }
+key() { xdotool key "$@"; sleep 0.15; }
+stored() { grep -qx "$1" "$home/Default.qdx"; }
+ended() { ! kill -0 "$program" 2>/dev/null; }
+
+quit() {
+    key alt+f
+    key x
+    wait_until ended
+    wait "$program" || fail "the program ended with status $?"
+}
+
+start
+key alt+s  # the Speed menu, whose first entry is Fast
+key Return
+key d  # there are no credits: dollars are asked for
+wait_until xdotool search --onlyvisible --name '^Dialog$'
+key Return
+wait_until no_dialog
+wait_until focused "$window"
+for _ in {1..10}; do
+    key d
+    key 1  # any card: what is held does not matter
+    key d
+    sleep 0.3
+done
+quit
+
+stored "Speed=3" || fail "the speed was not stored"
+stored "CreditsEntered=100" || fail "the dollars were not stored"
+stored "HandsPlayed=10" || fail "ten hands were not counted"
+stored "CreditsPlayed=50" || fail "ten bets were not counted"
+won=$(sed -n 's/^CreditsWon=//p' "$home/Default.qdx")
+credits=$((100 - 50 + won))
+stored "Credits=$credits" || fail "100 dollars less 50 coins and $won won are not $credits"
+
+start
+key d
+key d
+sleep 0.5
+quit
+stored "HandsPlayed=11" || fail "the eleventh hand was not counted"
+won_then=$(sed -n 's/^CreditsWon=//p' "$home/Default.qdx")
+stored "Credits=$((credits - 5 + won_then - won))" || fail "the second start did not go on with $credits credits"
+[[ ! -s $home/output ]] || fail "the program had something to say"
+echo "Played eleven hands, from 100 credits to $((credits - 5 + won_then - won))."
