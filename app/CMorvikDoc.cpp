@@ -28,6 +28,7 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
       display(scene, [this] { emit SceneChanged(); }),
       player(parent, store, clock),
       reports(parent),
+      manager(parent),
       table{.engine = engine,
             .files = files,
             .tables = lineTables,
@@ -104,7 +105,13 @@ void CMorvikDoc::Dispatch(int command) {
     emit TitleChanged();
 }
 
-void CMorvikDoc::ChooseGame(int id) { ::ChooseGame(table, id); }
+void CMorvikDoc::ChooseGame(int id) {
+    if (id >= kFirstUserGame) {
+        ChooseUserGame(table, id, paths, manager);
+    } else {
+        ::ChooseGame(table, id);
+    }
+}
 
 void CMorvikDoc::AnalyzeHand(QWidget& over) {
     LoadSpare(table, spare);
@@ -211,6 +218,12 @@ bool CMorvikDoc::DispatchDialog(int command) {
             return true;
         case kPlayStatistics:
             player.ReadsStatistics(table.engine);
+            return true;
+        case kEditPayTable:
+            EditPayTable(table, paths, manager);
+            return true;
+        case kEditCurrentPayTable:
+            EditCurrentPayTable(table, paths, manager);
             return true;
         case kAnalyzeGame:
             AnalyzeGameCommand(table, spare, reports, paths);

@@ -8,6 +8,7 @@
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
 #include "game/GameTable.h"
+#include "ui/dialogs/WindowPayTableManager.h"
 #include "ui/dialogs/WindowPlayer.h"
 #include "ui/dialogs/WindowReports.h"
 #include "ui/table/ActionQueue.h"
@@ -56,6 +57,7 @@ class CMorvikDoc : public QObject {
     SceneDisplay display;
     WindowPlayer player;
     WindowReports reports;
+    WindowPayTableManager manager;
     ActionQueue actions;
     GameTable table;
 

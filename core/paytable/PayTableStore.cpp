@@ -1,0 +1,293 @@
+#include "core/paytable/PayTableStore.h"
+
+#include <algorithm>
+
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/ProfileFile.h"
+#include "core/text/Numbers.h"
+#include "core/text/Ranks.h"
+
+namespace {
+
+constexpr std::string_view kUserGames = "User Games";
+constexpr std::size_t kTextSize = 81;  // texts of a pay table have at most 80 bytes
+constexpr std::size_t kStoredIdLength = 4;
+constexpr int kHighAce = 14;  // as which a lowest pair of aces is stored
+
+struct LineKeys {
+    std::string rank, description, payout, maxPayout, bonusQuads, kickers, wildsOK;
+};
+
+LineKeys KeysOf(int line) {
+    const std::string i = std::to_string(line);
+    return {"Rank" + i,       "Descr" + i,   "Payout" + i, "MaxPayout" + i,
+            "BonusQuads" + i, "Trailer" + i, "WildsOK" + i};
+}
+
+// One section of the main profile file.
+class TableSectionAccess {
+  public:
+    TableSectionAccess(const PayTableFiles& files, const std::string& gameName, int tableIndex)
+        : file(files.file), path(files.mainPath), section(TableSection(gameName, tableIndex)) {}
+
+    std::string Text(const std::string& key, std::string_view otherwise = "") const {
+        return file.GetString(section, key, otherwise, kTextSize, path);
+    }
+    int Int(const std::string& key, int otherwise) const {
+        return file.GetInt(section, key, otherwise, path);
+    }
+    bool Flag(const std::string& key) const { return Int(key, 0) != 0; }
+    std::string Ranks(const std::string& key) const { return FormatRankList(Text(key)); }
+
+    void Write(const std::string& key, std::string_view value) const {
+        file.WriteString(section, key, value, path);
+    }
+    void Write(const std::string& key, int value) const {
+        file.WriteInt(section, key, value, path);
+    }
+    void WriteRanks(const std::string& key, const std::string& typed) const {
+        Write(key, ParseRankList(typed).value_or(""));
+    }
+    // False when there was none.
+    bool Remove(const std::string& key) const {
+        constexpr std::string_view kNone = "\n";  // no value holds a line break
+        if (file.GetString(section, key, kNone, ProfileFile::kWholeValue, path) == kNone) {
+            return false;
+        }
+        file.WriteString(section, key, std::nullopt, path);
+        return true;
+    }
+
+  private:
+    ProfileFile& file;
+    const std::string& path;
+    std::string section;
+};
+
+PayLineTexts ReadLine(const TableSectionAccess& table, int index) {
+    const LineKeys keys = KeysOf(index);
+    PayLineTexts line;
+    line.rank = HandRankFromNumber(table.Int(keys.rank, -1));
+    line.description = table.Text(keys.description);
+    line.payout = table.Text(keys.payout);
+    line.maxPayout = table.Text(keys.maxPayout);
+    line.bonusQuads = table.Ranks(keys.bonusQuads);
+    line.kickers = table.Ranks(keys.kickers);
+    line.wildsOK = table.Flag(keys.wildsOK);
+    return line;
+}
+
+void WriteLine(const TableSectionAccess& table, int index, const PayLineTexts& line) {
+    const LineKeys keys = KeysOf(index);
+    table.Write(keys.rank, static_cast<int>(line.rank));
+    table.Write(keys.description, line.description);
+    table.Write(keys.payout, line.payout);
+    table.Write(keys.maxPayout, line.maxPayout);
+    table.WriteRanks(keys.bonusQuads, line.bonusQuads);
+    table.WriteRanks(keys.kickers, line.kickers);
+    table.Write(keys.wildsOK, line.wildsOK ? 1 : 0);
+}
+
+bool RemoveLine(const TableSectionAccess& table, int index) {
+    const LineKeys keys = KeysOf(index);
+    bool found = false;
+    for (const auto& key : {keys.rank, keys.description, keys.payout, keys.maxPayout,
+                            keys.bonusQuads, keys.kickers, keys.wildsOK}) {
+        found = table.Remove(key) || found;
+    }
+    return found;
+}
+
+std::string StoredMinPair(const std::string& typed) {
+    if (typed.empty()) return "";
+    const int rank = ParseInt(ParseRankList(typed).value_or(""));
+    return std::to_string(rank == 1 ? kHighAce : rank);
+}
+
+void WriteSettings(const TableSectionAccess& section, const PayTableTexts& table) {
+    section.Write("Type", static_cast<int>(table.type));
+    section.Write("UsesWilds", table.usesWilds ? 1 : 0);
+    section.Write("Jokers", table.jokers);
+    section.WriteRanks("WildCard", table.wildRanks);
+    section.Write("MinPair", StoredMinPair(table.minPair));
+    section.Write("MaxBet", table.maxBet);
+    section.Write("CharlieBonus", table.charlieBonus ? 1 : 0);
+    section.Write("RBBonus", table.redBlackBonus ? 1 : 0);
+    section.Write("SpinBonus", table.spinBonus ? 1 : 0);
+    section.Write("TgtBonus", table.targetBonus ? 1 : 0);
+}
+
+void WriteSlot(const PayTableFiles& files, int gameId, const std::string& name) {
+    if (!IsUserGame(gameId)) return;
+    const int slot = gameId - kFirstUserGameId + 1;
+    files.file.WriteString(kUserGames, std::to_string(slot), std::to_string(gameId) + "," + name,
+                           files.mainPath);
+}
+
+void Write(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
+           const PayTableTexts& table, const TableLinks& links) {
+    WriteSlot(files, game.id, game.name);
+    const TableSectionAccess section(files, game.name, tableIndex);
+    if (links.next) section.Write("NextIndex", *links.next);
+    if (links.previous) section.Write("PrevIndex", *links.previous);
+    WriteSettings(section, table);
+    const int count = LineCount(table);
+    for (int i = 0; i < count; ++i) WriteLine(section, i, table.lines[static_cast<std::size_t>(i)]);
+    section.Write("PayLines", count);
+    for (int i = count; RemoveLine(section, i) || i < kMaxPayLines; ++i) {
+    }
+}
+
+std::string EmptySlotName(int slot) { return "User Game " + std::to_string(slot); }
+
+// The analysis goes when its table does. It can be made again, so a failure is none of the table's.
+void RemoveAnalyses(const PayTableFiles& files, const std::string& gameName, int first, int last) {
+    ChangeFile(files.file, files.analysisPath, [&] {
+        for (int i = first; i <= last; ++i) {
+            files.file.DeleteSection(TableSection(gameName, i), files.analysisPath);
+        }
+    });
+}
+
+// No game has the new name, so what stands there is left over.
+void RenameSections(ProfileFile& file, const std::string& oldName, const std::string& newName,
+                    const std::string& path) {
+    for (int i = 0; i <= kLastTableIndex; ++i) {
+        const std::string renamed = TableSection(newName, i);
+        if (!SameText(oldName, newName)) file.DeleteSection(renamed, path);
+        file.RenameSection(TableSection(oldName, i), renamed, path);
+    }
+}
+
+}  // namespace
+
+int LineCount(const PayTableTexts& table) {
+    const auto end = std::ranges::find(table.lines, HandRank::kUnknown, &PayLineTexts::rank);
+    return static_cast<int>(end - table.lines.begin());
+}
+
+bool IsUserGame(int gameId) {
+    return gameId >= kFirstUserGameId && gameId < kFirstUserGameId + kMaxUserGames;
+}
+
+std::string UserGameName(const PayTableFiles& files, int slot) {
+    const std::string stored = files.file.GetString(kUserGames, std::to_string(slot), "",
+                                                    ProfileFile::kWholeValue, files.mainPath);
+    if (stored.size() <= kStoredIdLength + 1) return EmptySlotName(slot);
+    return stored.substr(kStoredIdLength + 1);
+}
+
+std::string GameNameProblem(std::string_view name) {
+    if (name.empty()) return "Game name can not be blank";
+    if (name.size() > kLongestGameNameText) {
+        return "Game name can not be longer than 80 characters";
+    }
+    const bool hasLineBreak = std::ranges::any_of(name, [](char c) { return c >= 0 && c < ' '; });
+    if (hasLineBreak || name.starts_with('[') || name.find_first_of("]=") != std::string::npos) {
+        return "Game name can not contain ] or = or line breaks, and can not begin with [";
+    }
+    if (name.front() == ' ' || name.back() == ' ') {
+        return "Game name can not begin or end with a blank";
+    }
+    return "";
+}
+
+PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& gameName,
+                                int tableIndex) {
+    const TableSectionAccess section(files, gameName, tableIndex);
+    PayTableTexts table;
+    const int type = section.Int("Type", 1);
+    if (type >= 1 && type <= 6) table.type = static_cast<GameType>(type);
+    table.usesWilds = section.Flag("UsesWilds");
+    table.jokers = section.Text("Jokers");
+    table.wildRanks = section.Ranks("WildCard");
+    table.minPair = section.Ranks("MinPair");
+    table.maxBet = section.Text("MaxBet", "5");
+    table.charlieBonus = section.Flag("CharlieBonus");
+    table.redBlackBonus = section.Flag("RBBonus");
+    table.spinBonus = section.Flag("SpinBonus");
+    table.targetBonus = section.Flag("TgtBonus");
+    const int count = std::clamp(section.Int("PayLines", 0), 0, kMaxPayLines);
+    for (int i = 0; i < count; ++i) table.lines[static_cast<std::size_t>(i)] = ReadLine(section, i);
+    return table;
+}
+
+int NextTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
+    return TableSectionAccess(files, gameName, tableIndex).Int("NextIndex", -1);
+}
+
+int PreviousTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
+    return TableSectionAccess(files, gameName, tableIndex).Int("PrevIndex", -1);
+}
+
+bool WritePayTable(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
+                   const PayTableTexts& table, const TableLinks& links) {
+    return ChangeFile(files.file, files.mainPath,
+                      [&] { Write(files, game, tableIndex, table, links); });
+}
+
+std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
+                               const PayTableTexts& table) {
+    const auto chain = TableChain(files.file, game.name, files.mainPath);
+    const int last = chain.empty() ? -1 : chain.back();
+    int index = last + 1;
+    // A file edited by hand may have a table there that the chain does not lead to.
+    while (!chain.empty() && TableExists(files.file, game.name, index, files.mainPath)) ++index;
+    if (index > kLastTableIndex) return std::nullopt;
+    const bool written = ChangeFile(files.file, files.mainPath, [&] {
+        if (last >= 0) TableSectionAccess(files, game.name, last).Write("NextIndex", index);
+        Write(files, game, index, table, {-1, last});
+    });
+    return written ? std::optional(index) : std::nullopt;
+}
+
+bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
+    const bool unlinked = ChangeFile(files.file, files.mainPath, [&] {
+        const int next = NextTable(files, gameName, tableIndex);
+        const int previous = PreviousTable(files, gameName, tableIndex);
+        files.file.DeleteSection(TableSection(gameName, tableIndex), files.mainPath);
+        if (TableExists(files.file, gameName, previous, files.mainPath)) {
+            TableSectionAccess(files, gameName, previous).Write("NextIndex", next);
+        }
+        if (TableExists(files.file, gameName, next, files.mainPath)) {
+            TableSectionAccess(files, gameName, next).Write("PrevIndex", previous);
+        }
+    });
+    if (unlinked) RemoveAnalyses(files, gameName, tableIndex, tableIndex);
+    return unlinked;
+}
+
+bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game) {
+    const bool deleted = ChangeFile(files.file, files.mainPath, [&] {
+        for (int i = 0; i <= kLastTableIndex; ++i) {
+            files.file.DeleteSection(TableSection(game.name, i), files.mainPath);
+        }
+        WriteSlot(files, game.id, EmptySlotName(game.id - kFirstUserGameId + 1));
+    });
+    if (deleted) RemoveAnalyses(files, game.name, 0, kLastTableIndex);
+    return deleted;
+}
+
+bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
+                      const std::string& newName) {
+    if (!GameNameProblem(newName).empty()) return false;
+    const bool renamed = ChangeFile(files.file, files.mainPath, [&] {
+        RenameSections(files.file, game.name, newName, files.mainPath);
+        WriteSlot(files, game.id, newName);
+    });
+    if (renamed) {
+        ChangeFile(files.file, files.analysisPath,
+                   [&] { RenameSections(files.file, game.name, newName, files.analysisPath); });
+    }
+    return renamed;
+}
+
+// Saving first leaves nothing in the file's image but the change, so that giving it up loses
+// nothing else.
+bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change) {
+    if (!file.Save(path)) return false;
+    change();
+    if (file.Save(path)) return true;
+    file.Forget(path);
+    return false;
+}

@@ -1,0 +1,109 @@
+// Writing pay tables to the main profile file. A game's tables form a chain from its table 0 on;
+// indices are never given anew, so that a chain may skip numbers.
+//
+// A change is done as a whole or not at all: what returns false has left the main profile file as
+// it was. Analyses of tables that are gone go with them.
+#pragma once
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/paytable/PayTable.h"
+
+inline constexpr int kLastTableIndex = 254;
+inline constexpr std::size_t kLongestGameNameText = 80;  // bytes
+
+// A pay table as it stands in the boxes of an editor. Numbers are stored as typed; rank lists are
+// typed with letters ("2,K,A").
+struct PayLineTexts {
+    HandRank rank = HandRank::kUnknown;  // kUnknown: none, which ends the table
+    std::string description;             // at most 80 bytes, the short one after a ';'
+    std::string payout;
+    std::string maxPayout;
+    std::string bonusQuads;
+    std::string kickers;
+    bool wildsOK = false;
+
+    bool operator==(const PayLineTexts&) const = default;
+};
+
+struct PayTableTexts {
+    GameType type = GameType::kStandard;
+    bool usesWilds = false;
+    std::string jokers;
+    std::string wildRanks;
+    std::string minPair;  // one rank
+    std::string maxBet = "5";
+    bool charlieBonus = false;
+    bool redBlackBonus = false;
+    bool spinBonus = false;
+    bool targetBonus = false;
+    std::array<PayLineTexts, kMaxPayLines> lines;
+
+    bool operator==(const PayTableTexts&) const = default;
+};
+
+// The lines before the first one without a rank.
+int LineCount(const PayTableTexts& table);
+
+struct GameOfTables {
+    int id = 0;
+    std::string name;
+};
+
+struct PayTableFiles {
+    ProfileFile& file;
+    std::string mainPath;
+    std::string analysisPath;  // need not exist
+};
+
+// The neighbours in the chain: -1 none; nothing leaves what is stored.
+struct TableLinks {
+    std::optional<int> next;
+    std::optional<int> previous;
+};
+inline constexpr TableLinks kStoredLinks{};
+inline constexpr TableLinks kNoNeighbours{-1, -1};
+
+bool IsUserGame(int gameId);
+
+// What is stored with user game slot 1..10; a slot without a game has the name "User Game 1" to
+// "User Game 10".
+std::string UserGameName(const PayTableFiles& files, int slot);
+
+// Why the files could not keep a game under this name, as a sentence; empty when they can.
+std::string GameNameProblem(std::string_view name);
+
+// Everything is empty and the bet 5 where the table does not exist.
+PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& gameName,
+                                int tableIndex);
+
+// The index of the next and the previous table, as stored; -1 none.
+int NextTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);
+int PreviousTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);
+
+// Keys of lines that the table does not have any more are removed. A rank list that cannot be read
+// is stored as an empty one. The name of a user game goes to its slot.
+bool WritePayTable(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
+                   const PayTableTexts& table, const TableLinks& links);
+
+// Adds a table after the last one of the chain and returns its index: the first one after it that
+// no table has, 0 for a game without tables. Nothing when the last index is taken.
+std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
+                               const PayTableTexts& table);
+
+// Removes a table, of index 1 or more, from the chain and from the files.
+bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);
+
+// Removes all tables of a user game, those behind a gap too, and empties its slot.
+bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game);
+
+// Gives all tables of a user game, their analyses and its slot another name, which no game has.
+bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
+                      const std::string& newName);
+
+// Changes one file through the profile file that holds it, and saves it. False when it could not be
+// saved, before or after: of the change nothing is left then.
+bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change);

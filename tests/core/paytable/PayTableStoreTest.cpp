@@ -1,0 +1,222 @@
+#include "core/paytable/PayTableStore.h"
+
+#include <gtest/gtest.h>
+
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/ProfileFile.h"
+#include "tests/core/profile/FullDisk.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+const GameOfTables kMine{9003, "My Game"};
+
+// A table with so many lines, of payouts 1, 2, ...
+PayTableTexts Table(int lines) {
+    PayTableTexts table;
+    for (int i = 0; i < lines; ++i) {
+        table.lines[static_cast<std::size_t>(i)] = {HandRank::kFlush,
+                                                    "FLUSH;FL",
+                                                    std::to_string(i + 1),
+                                                    std::to_string(5 * i + 5),
+                                                    "",
+                                                    "",
+                                                    false};
+    }
+    return table;
+}
+
+// A data folder with the player's own game "My Game" in slot 3.
+class StoredTables {
+  public:
+    StoredTables() {
+        folder.Write("main.ini", "[main]\nVer=114\n\n[User Games]\n3=9003,My Game\n\n");
+        folder.Write("cache.ini", "[x]\n");
+    }
+
+    // The chain 0 -> 1 -> ..., each table with a cached analysis.
+    void WriteChain(int tables) {
+        EXPECT_EQ(AppendTable(files, kMine, Table(1)), 0);
+        for (int i = 1; i < tables; ++i) EXPECT_EQ(AppendTable(files, kMine, Table(i + 1)), i);
+        for (int i = 0; i < tables; ++i) {
+            file.WriteString(TableSection("My Game", i), "Cost", "1", files.analysisPath);
+        }
+    }
+
+    // "0>1>3", checked along "PrevIndex" too.
+    std::string Chain(const std::string& game = "My Game") {
+        std::string text;
+        int before = -1;
+        for (const int index : TableChain(file, game, files.mainPath)) {
+            EXPECT_EQ(PreviousTable(files, game, index), before);
+            text += (before < 0 ? "" : ">") + std::to_string(index);
+            before = index;
+        }
+        return text;
+    }
+
+    bool HasAnalysis(const std::string& game, int index) {
+        return file.GetInt(TableSection(game, index), "Cost", 0, files.analysisPath) != 0;
+    }
+
+    std::string Main() {
+        file.Flush();
+        return folder.Read("main.ini");
+    }
+
+    TemporaryFolder folder;
+    ProfileFile file;
+    PayTableFiles files{file, folder.Path("main.ini"), folder.Path("cache.ini")};
+};
+
+TEST(PayTableStoreTest, ATableIsWrittenKeyByKeyInOrder) {
+    StoredTables stored;
+    PayTableTexts table;
+    table.type = GameType::kOneEyedJacks;
+    table.usesWilds = true;
+    table.jokers = "1";
+    table.wildRanks = "2, a";
+    table.minPair = "a";
+    table.maxBet = "10";
+    table.spinBonus = true;
+    table.lines[0] = {HandRank::kBonusFourOfAKind, "FOUR; 4", "80", "400", "2,k", "q;3", true};
+    table.lines[1] = {HandRank::kFlush, "FLUSH", "6", "30", "no rank", "", false};
+    table.lines[3] = {HandRank::kStraight, "behind the end", "4", "20", "", "", false};
+    ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, table, kNoNeighbours));
+    EXPECT_EQ(stored.folder.Read("main.ini"),
+              "[main]\nVer=114\n\n[User Games]\n3=9003,My Game\n\n[My Game(0)]\n"
+              "NextIndex=-1\nPrevIndex=-1\nType=3\nUsesWilds=1\nJokers=1\nWildCard=2,1\n"
+              "MinPair=14\nMaxBet=10\nCharlieBonus=0\nRBBonus=0\nSpinBonus=1\nTgtBonus=0\n"
+              "Rank0=2\nDescr0=FOUR; 4\nPayout0=80\nMaxPayout0=400\nBonusQuads0=2,13\n"
+              "Trailer0=12,3\nWildsOK0=1\n"
+              "Rank1=7\nDescr1=FLUSH\nPayout1=6\nMaxPayout1=30\nBonusQuads1=\nTrailer1=\n"
+              "WildsOK1=0\nPayLines=2\n\n");
+}
+
+TEST(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
+    StoredTables stored;
+    const std::string shipped = TOLVANE_DATA_FOLDER "/Tolvane.ini";
+    const PayTableFiles release{stored.file, shipped, ""};
+    for (const BuiltInGame& game : BuiltInGames()) {
+        const std::string name(game.name);
+        const GameOfTables built{game.id, name};
+        ASSERT_TRUE(WritePayTable(stored.files, built, 0, ReadPayTableTexts(release, name, 0),
+                                  kNoNeighbours));
+        const std::string section = TableSection(name, 0);
+        EXPECT_EQ(stored.file.GetSectionText(section, stored.files.mainPath),
+                  stored.file.GetSectionText(section, shipped));
+    }
+    EXPECT_EQ(UserGameName(stored.files, 3), "My Game") << "a built-in game has no slot";
+}
+
+TEST(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) {
+    StoredTables stored;
+    stored.WriteChain(3);
+    ASSERT_TRUE(WritePayTable(stored.files, kMine, 1, Table(15), kStoredLinks));
+    ASSERT_TRUE(WritePayTable(stored.files, kMine, 1, Table(4), kStoredLinks));
+    const auto text = stored.file.GetSectionText("My Game(1)", stored.files.mainPath);
+    EXPECT_NE(text->find("WildsOK3="), std::string::npos);
+    EXPECT_EQ(text->find("Rank4="), std::string::npos);
+    EXPECT_EQ(text->find("14="), std::string::npos);
+    EXPECT_EQ(ReadPayTableTexts(stored.files, "My Game", 1), Table(4));
+    EXPECT_EQ(stored.Chain(), "0>1>2");
+}
+
+TEST(PayTableStoreTest, ABlankLowestPairIsStoredBlank) {
+    StoredTables stored;
+    ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, Table(1), kNoNeighbours));
+    const auto section = TableSection("My Game", 0);
+    EXPECT_EQ(stored.file.GetString(section, "MinPair", "?", 9, stored.files.mainPath), "");
+    EXPECT_EQ(LoadPayTable(stored.file, 9003, "My Game", 0, stored.files.mainPath, "").minPair, 0);
+}
+
+TEST(PayTableStoreTest, ATableIsAppendedBehindTheLastOfTheChain) {
+    StoredTables stored;
+    stored.WriteChain(4);
+    ASSERT_TRUE(UnlinkTable(stored.files, "My Game", 2));
+    EXPECT_EQ(AppendTable(stored.files, kMine, Table(3)), 4);
+    EXPECT_EQ(stored.Chain(), "0>1>3>4");
+}
+
+TEST(PayTableStoreTest, AppendingOverwritesNoTableThatTheChainMisses) {
+    StoredTables stored;
+    stored.WriteChain(3);
+    stored.file.WriteString("My Game(0)", "NextIndex", "-1", stored.files.mainPath);
+    EXPECT_EQ(AppendTable(stored.files, kMine, Table(9)), 3);
+    EXPECT_EQ(stored.Chain(), "0>3");
+    EXPECT_EQ(ReadPayTableTexts(stored.files, "My Game", 1), Table(2));
+    ASSERT_TRUE(WritePayTable(stored.files, kMine, kLastTableIndex, Table(1), {-1, 3}));
+    stored.file.WriteInt("My Game(3)", "NextIndex", kLastTableIndex, stored.files.mainPath);
+    EXPECT_EQ(AppendTable(stored.files, kMine, Table(1)), std::nullopt);
+}
+
+TEST(PayTableStoreTest, EveryTableOfAChainOfFourCanBeTakenOut) {
+    const char* const left[] = {"", "0>2>3", "0>1>3", "0>1>2"};
+    for (int gone = 1; gone <= 3; ++gone) {
+        StoredTables stored;
+        stored.WriteChain(4);
+        ASSERT_TRUE(UnlinkTable(stored.files, "My Game", gone));
+        EXPECT_EQ(stored.Chain(), left[gone]);
+        EXPECT_FALSE(TableExists(stored.file, "My Game", gone, stored.files.mainPath));
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(stored.HasAnalysis("My Game", i), i != gone);
+    }
+}
+
+TEST(PayTableStoreTest, DeletingAGameTakesTablesBehindAGapAndEmptiesTheSlot) {
+    StoredTables stored;
+    stored.WriteChain(4);
+    ASSERT_TRUE(AppendTable(stored.files, {9004, "My Game 2"}, Table(1)));
+    ASSERT_TRUE(UnlinkTable(stored.files, "My Game", 2));
+    ASSERT_TRUE(DeleteGameTables(stored.files, kMine));
+    const std::string main = stored.Main();
+    EXPECT_EQ(main.find("[My Game("), std::string::npos) << main;
+    EXPECT_NE(main.find("[My Game 2(0)]"), std::string::npos);
+    EXPECT_NE(main.find("\n3=9003,User Game 3\n"), std::string::npos);
+    for (int i = 0; i < 4; ++i) EXPECT_FALSE(stored.HasAnalysis("My Game", i));
+}
+
+TEST(PayTableStoreTest, RenamingAGameTakesItsTablesAndAnalysesAlong) {
+    StoredTables stored;
+    stored.WriteChain(4);
+    ASSERT_TRUE(UnlinkTable(stored.files, "My Game", 1));
+    stored.file.WriteString("Other(3)", "PayLines", "7", stored.files.mainPath);  // left over
+    ASSERT_TRUE(RenameGameTables(stored.files, kMine, "Other"));
+    EXPECT_EQ(stored.Chain("Other"), "0>2>3");
+    EXPECT_EQ(ReadPayTableTexts(stored.files, "Other", 3), Table(4));
+    EXPECT_TRUE(stored.HasAnalysis("Other", 3));
+    EXPECT_FALSE(stored.HasAnalysis("My Game", 3));
+    EXPECT_EQ(stored.Main().find("My Game"), std::string::npos);
+    EXPECT_EQ(GameIdFromName(stored.file, "other", stored.files.mainPath), 9003);
+}
+
+TEST(PayTableStoreTest, NamesThatTheFilesWouldLoseAreTold) {
+    for (const char* name : {"", "a]b", "a=b", "[a", " a", "a ", "a\nb", "a\rb"}) {
+        EXPECT_NE(GameNameProblem(name), "") << name;
+    }
+    EXPECT_NE(GameNameProblem(std::string(81, 'x')), "");
+    for (const char* name : {"a", "a[b", "Deuces (my own), 9/5; x", "Kübler"}) {
+        EXPECT_EQ(GameNameProblem(name), "") << name;
+    }
+    StoredTables stored;
+    stored.WriteChain(1);
+    EXPECT_FALSE(RenameGameTables(stored.files, kMine, "a]b"));
+    EXPECT_EQ(stored.Chain(), "0");
+}
+
+TEST(PayTableStoreTest, OnAFullDiskEverythingStaysAsItWas) {
+    StoredTables stored;
+    stored.WriteChain(3);
+    const std::string before = stored.Main();
+    {
+        const FullDisk full(8);
+        EXPECT_FALSE(WritePayTable(stored.files, kMine, 0, Table(2), kStoredLinks));
+        EXPECT_EQ(AppendTable(stored.files, kMine, Table(2)), std::nullopt);
+        EXPECT_FALSE(UnlinkTable(stored.files, "My Game", 1));
+        EXPECT_FALSE(DeleteGameTables(stored.files, kMine));
+        EXPECT_FALSE(RenameGameTables(stored.files, kMine, "Other"));
+        EXPECT_EQ(stored.Chain(), "0>1>2");
+    }
+    EXPECT_EQ(stored.Main(), before);
+}
+
+}  // namespace

@@ -1,0 +1,236 @@
+#include "game/PayTableForm.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "core/paytable/GameCatalogue.h"
+#include "core/profile/ProfileFile.h"
+#include "tests/core/TestGames.h"
+#include "tests/core/profile/TemporaryFolder.h"
+
+namespace {
+
+PayLineTexts Line(HandRank rank) {
+    PayLineTexts line;
+    ChooseRank(line, rank);
+    line.payout = "9";
+    line.maxPayout = "45";
+    return line;
+}
+
+// A table that may be saved: two natural lines.
+PayTableTexts Valid() {
+    PayTableTexts table;
+    table.lines[0] = Line(kFullHouse);
+    table.lines[1] = Line(kFlush);
+    return table;
+}
+
+PayTableTexts ValidWild() {
+    PayTableTexts table = Valid();
+    table.jokers = "1";
+    CheckWilds(table, true);
+    return table;
+}
+
+struct ProblemCase {
+    const char* name;
+    std::function<void(PayTableTexts&)> change;  // of a table that may be saved
+    FieldPlace where;
+    const char* text;  // how it begins; empty: no problem
+};
+
+void PrintTo(const ProblemCase& problem, std::ostream* out) { *out << problem.name; }
+
+const char* const kJokersText = "Number of jokers must be numberic and not greater than 5";
+const char* const kWildsText =
+    "You can not specify more than 5 wild cards and they must be 2-9,T,J,Q,K, or A and seperated "
+    "by a comma";
+const char* const kMinPairText = "Min pair can be only one character and must 2-9,T,J,Q,K, or A";
+const char* const kNeither =
+    "You must specify either the number of jokers or a wild card if the Uses Wilds box is checked";
+const char* const kPayoutText = "Payout can not be blank and must be numeric";
+const char* const kMaxPayoutText = "Max Payout can not be blank and must be numeric";
+const char* const kNoQuads =
+    "Bonus quad can not be blank if Bonus 4/5 of a Kind or 5K w/1 Wild rank is selected";
+const char* const kQuads =
+    "You can not specify more than 13 Bonus quads and they must be 2-9,T,J,Q,K, or A and seperated "
+    "by a comma";
+const char* const kTrailers =
+    "You can not specify more than 13 Trailers and they must be 2-9,T,J,Q,K, or A and seperated by "
+    "a comma";
+const char* const kNeedsWilds =
+    "A hand rank that requires wild cards can not be used if there are no wild cards";
+
+using Texts = PayTableTexts;
+using enum FormField;
+
+const ProblemCase kCases[] = {
+    {"valid", [](Texts&) {}, {}, ""},
+    {"six jokers", [](Texts& t) { t.jokers = "6"; }, {kJokers}, kJokersText},
+    {"jokers in words", [](Texts& t) { t.jokers = "two"; }, {kJokers}, kJokersText},
+    {"two noughts", [](Texts& t) { t.jokers = "00"; }, {kJokers}, kJokersText},
+    {"fewer than no jokers", [](Texts& t) { t.jokers = "-1"; }, {kJokers}, kJokersText},
+    {"no jokers", [](Texts& t) { t.jokers = "0"; }, {}, ""},
+    {"six wild ranks", [](Texts& t) { t.wildRanks = "2,3,4,5,6,7"; }, {kWildRanks}, kWildsText},
+    {"no rank", [](Texts& t) { t.wildRanks = "2,x"; }, {kWildRanks}, kWildsText},
+    {"a rank past the ace", [](Texts& t) { t.wildRanks = "15"; }, {kWildRanks}, kWildsText},
+    {"five wild ranks", [](Texts& t) { t.wildRanks = "2,3,t,k, a"; }, {}, ""},
+    {"neither wild", [](Texts& t) { t.jokers = "", t.usesWilds = true; }, {kWildRanks}, kNeither},
+    {"wild jacks", [](Texts& t) { CheckType(t, GameType::kOneEyedJacks, true); }, {}, ""},
+    {"pair of letters", [](Texts& t) { t.minPair = "x"; }, {kMinPair}, kMinPairText},
+    {"two lowest pairs", [](Texts& t) { t.minPair = "J,Q"; }, {kMinPair}, kMinPairText},
+    {"blank after the pair", [](Texts& t) { t.minPair = "J "; }, {kMinPair}, kMinPairText},
+    {"blank before the pair", [](Texts& t) { t.minPair = " j"; }, {}, ""},
+    {"wild line", [](Texts& t) { t.lines[1] = Line(kFiveWilds); }, {kRank, 1}, kNeedsWilds},
+    {"described by nothing",
+     [](Texts& t) { t.lines[1].description = ""; },
+     {kDescription, 1},
+     "Description can not be blank"},
+    {"no payout", [](Texts& t) { t.lines[0].payout = ""; }, {kPayout, 0}, kPayoutText},
+    {"payout of 0", [](Texts& t) { t.lines[1].payout = "0"; }, {kPayout, 1}, kPayoutText},
+    {"word", [](Texts& t) { t.lines[1].maxPayout = "x"; }, {kMaxPayout, 1}, kMaxPayoutText},
+    {"bonus without quads",
+     [](Texts& t) { t.lines[1] = Line(kBonusFourOfAKind); },
+     {kBonusQuads, 1},
+     kNoQuads},
+    {"quads of no rank",
+     [](Texts& t) {
+         t.lines[1] = Line(kBonusFiveOfAKind);
+         t.lines[1].bonusQuads = "2;z";
+     },
+     {kBonusQuads, 1},
+     kQuads},
+    {"fourteen kickers",
+     [](Texts& t) {
+         t.lines[1] = Line(kBonusFourOfAKind);
+         t.lines[1].bonusQuads = "a";
+         t.lines[1].kickers = "2,2,2,2,2,2,2,2,2,2,2,2,2,2";
+     },
+     {kKickers, 1},
+     kTrailers},
+    {"plain quads", [](Texts& t) { t.lines[1] = Line(kFourOfAKind); }, {}, ""},
+    {"pair without a lowest",
+     [](Texts& t) { t.lines[1] = Line(kOnePair); },
+     {kMinPair},
+     "Minimum pair can not be blank if 1 Pair rank is selected"},
+    {"behind the end",
+     [](Texts& t) {
+         t.lines[3] = Line(kFiveWilds);
+         t.lines[3].payout = "";
+     },
+     {},
+     ""},
+    {"no lines",
+     [](Texts& t) { t.lines[0].rank = kUnknown; },
+     {kRank, 0},
+     "The pay table is blank. You must enter at least one pay line."},
+};
+
+class FormProblemTest : public testing::TestWithParam<ProblemCase> {};
+
+TEST_P(FormProblemTest, IsToldAtItsField) {
+    PayTableTexts table = Valid();
+    GetParam().change(table);
+    const auto problem = FindProblem(table);
+    EXPECT_EQ(problem ? problem->text : "", GetParam().text);
+    EXPECT_EQ(problem ? problem->where : FieldPlace(), GetParam().where);
+}
+INSTANTIATE_TEST_SUITE_P(Each, FormProblemTest, testing::ValuesIn(kCases));
+
+TEST(PayTableFormTest, WildLinesAskForWildCardsAndTheirQuads) {
+    for (const HandRank rank : {kFiveOfAKind, kWildRoyalFlush, kFiveWilds, kFourWilds}) {
+        PayTableTexts table = ValidWild();
+        table.lines[1] = Line(rank);
+        EXPECT_FALSE(FindProblem(table));
+        CheckWilds(table, false);
+        EXPECT_EQ(FindProblem(table)->text, kNeedsWilds);
+        CheckType(table, GameType::kOneEyedJacks, true);
+        EXPECT_FALSE(FindProblem(table)) << "two jacks are wild";
+    }
+    PayTableTexts table = ValidWild();
+    table.lines[1] = Line(kFiveOfAKindWithOneWild);
+    EXPECT_EQ(FindProblem(table)->text, kNoQuads);
+    table.lines[1] = Line(kFourWilds);
+    table.lines[1].bonusQuads = "x";
+    EXPECT_EQ(FindProblem(table)->text, kQuads);
+    table.lines[1].bonusQuads = "";
+    table.lines[1].kickers = "x";
+    EXPECT_EQ(FindProblem(table)->text, kTrailers);
+}
+
+TEST(PayTableFormTest, TheWildsBoxTakesTheLinesAlong) {
+    PayTableTexts table = Valid();
+    CheckWilds(table, true);
+    for (const PayLineTexts& line : table.lines) EXPECT_TRUE(line.wildsOK);
+    CheckWilds(table, false);
+    for (const PayLineTexts& line : table.lines) EXPECT_FALSE(line.wildsOK);
+}
+
+TEST(PayTableFormTest, TypesDecideAboutWildCards) {
+    for (const GameType type : {GameType::kFiveAces, GameType::kPickEm, GameType::kAcesBonus}) {
+        PayTableTexts table = ValidWild();
+        table.wildRanks = "2";
+        CheckType(table, type, true);
+        EXPECT_EQ(table.type, type);
+        EXPECT_EQ(table.wildRanks, "");
+        EXPECT_FALSE(table.usesWilds || table.lines[14].wildsOK);
+        CheckType(table, type, false);
+        EXPECT_EQ(table.type, GameType::kStandard);
+    }
+    PayTableTexts table = Valid();
+    CheckType(table, GameType::kOneEyedJacks, true);
+    EXPECT_TRUE(table.usesWilds && table.lines[0].wildsOK);
+    CheckType(table, GameType::kOneEyedJacks, false);
+    EXPECT_FALSE(table.usesWilds || table.lines[0].wildsOK);
+}
+
+TEST(PayTableFormTest, ARankDescribesItsLine) {
+    PayLineTexts line;
+    ChooseRank(line, kFullHouse);
+    EXPECT_EQ(line.description, "FULL HOUSE;FH");
+    ChooseRank(line, kUnknown);
+    EXPECT_EQ(line.description, "FULL HOUSE;FH");
+}
+
+// What is analysed while it is typed is what will be played.
+class FormOfGame : public testing::TestWithParam<BuiltInGame> {};
+
+PayTable WithoutDescriptions(PayTable table) {
+    for (PayLine& line : table.lines) line.description = line.shortDescription = "";
+    return table;
+}
+
+TEST_P(FormOfGame, BecomesTheTableThatIsLoaded) {
+    ProfileFile file;
+    const std::string path = TOLVANE_DATA_FOLDER "/Tolvane.ini";
+    const std::string name(GetParam().name);
+    const auto texts = ReadPayTableTexts({file, path, ""}, name, 0);
+    EXPECT_EQ(TableOf(texts, GetParam().id),
+              WithoutDescriptions(LoadPayTable(file, GetParam().id, name, 0, path, "")));
+    EXPECT_FALSE(FindProblem(texts)) << "shipped tables may be saved";
+}
+INSTANTIATE_TEST_SUITE_P(Each, FormOfGame, testing::ValuesIn(BuiltInGames()),
+                         [](const auto& game) { return std::to_string(game.param.id); });
+
+TEST(PayTableFormTest, TypedRanksBecomeTheTableThatIsLoaded) {
+    const TemporaryFolder folder;
+    ProfileFile file;
+    const PayTableFiles files{file, folder.Write("a.ini", "[main]\n"), ""};
+    PayTableTexts texts = ValidWild();
+    texts.type = GameType::kFiveAces;
+    texts.jokers = "5";
+    texts.wildRanks = "a, 2, 14, k";
+    texts.maxBet = "none";
+    texts.lines[1].bonusQuads = "A;k 9";
+    texts.lines[1].kickers = "2,x";
+    for (const char* minPair : {"", "a", "1", "t", "9", "15"}) {
+        texts.minPair = minPair;
+        ASSERT_TRUE(WritePayTable(files, {9001, "Typed"}, 0, texts, kNoNeighbours));
+        EXPECT_EQ(TableOf(texts, 9001),
+                  WithoutDescriptions(LoadPayTable(file, 9001, "Typed", 0, files.mainPath, "")));
+    }
+}
+
+}  // namespace

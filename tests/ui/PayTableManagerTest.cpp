@@ -1,0 +1,319 @@
+// The pay table manager, worked with keys and clicks.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "tests/game/ManagerTable.h"
+#include "tests/ui/DialogRobot.h"
+#include "ui/dialogs/PayTableManagerDialog.h"
+#include "ui/dialogs/WindowPayTableManager.h"
+
+namespace {
+
+using Step = DialogRobot::Step;
+
+// Over what stands in the box.
+Step Enter(const QString& name, const QString& text) {
+    return [=](QDialog& dialog) {
+        auto* box = dialog.findChild<QLineEdit*>(name);
+        ASSERT_TRUE(box && box->isEnabled()) << name.toStdString();
+        QTest::mouseClick(box, Qt::LeftButton);
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    };
+}
+
+Step ChooseGameNamed(const QString& name) {
+    return [=](QDialog& dialog) {
+        auto* list = dialog.findChild<QComboBox*>("game");
+        ASSERT_NE(list, nullptr);
+        list->setFocus();
+        list->setCurrentIndex(0);
+        for (int i = 0; i < list->count() && list->currentText() != name; ++i) {
+            QTest::keyClick(list, Qt::Key_Down);
+        }
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    };
+}
+
+Step Expect(const std::function<void(QDialog& dialog)>& expectation) { return expectation; }
+
+Step AnswerQuestion(const QString& begin, QMessageBox::StandardButton button) {
+    return [=](QDialog& dialog) {
+        auto* box = qobject_cast<QMessageBox*>(&dialog);
+        ASSERT_NE(box, nullptr);
+        EXPECT_TRUE(box->text().startsWith(begin)) << box->text().toStdString();
+        QTest::mouseClick(box->button(button), Qt::LeftButton);
+    };
+}
+
+Step ExpectText(const QString& name, const QString& text) {
+    return [=](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>(name)->text(), text) << name.toStdString();
+    };
+}
+
+bool IsOn(const QDialog& dialog, const char* name) {
+    return dialog.findChild<QWidget*>(name)->isEnabled();
+}
+
+struct Machine : ManagerTable {
+    QWidget window;
+    WindowPayTableManager manager{window};
+
+    Machine() { window.show(); }
+};
+
+// The manager opened by itself, for what needs no answers.
+struct OpenManager : ManagerTable {
+    explicit OpenManager(const std::string& game, int id, bool newGame = false)
+        : editor(Manager(game, id, 0, newGame)), dialog(editor, nullptr) {
+        dialog.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    }
+    QString Live() const { return dialog.findChild<QLabel*>("live")->text(); }
+    bool IsLiveWaiting() const { return !dialog.findChild<QLabel*>("live")->isEnabled(); }
+    template <typename Widget>
+    Widget& Part(const QString& name) const {
+        return *dialog.findChild<Widget*>(name);
+    }
+
+    PayTableEditor editor;
+    PayTableManagerDialog dialog;
+};
+
+TEST(PayTableManagerTest, AGameMadeFromATemplateIsPaidAsTyped) {
+    Machine m;
+    DialogRobot robot{
+        Enter("gameName", "Nine Six"),
+        ClickOn("loadTemplate"),
+        ChooseGameNamed("Jacks or Better"),
+        Enter("payout3", "10"),
+        Enter("maxPayout3", "50"),
+        Enter("payout4", "7"),
+        Enter("maxPayout4", "35"),
+        ClickOn("saveTable"),
+        ClickOn("makeActive"),
+        ClickOn("done"),
+    };
+    ChooseUserGame(m, 9001, m.paths, m.manager);
+    EXPECT_EQ(StatsSection(m.engine), "Nine Six(0)");
+    EXPECT_EQ(LineUnitPay(m.engine.payTable, 3, 5), 50);
+    EXPECT_EQ(LineUnitPay(m.engine.payTable, 4, 1), 7);
+    EXPECT_EQ(m.InMain("User Games", "1"), "9001,Nine Six");
+    m.machine.Stack("2S 4S 6S 8S TS", 5);
+    m.machine.DealOrDraw();
+    m.machine.Hold(kStandPat);
+    m.machine.DealOrDraw();
+    EXPECT_EQ(m.engine.win, 35);
+}
+
+TEST(PayTableManagerTest, ASecondTableIsAddedToABuiltInGameAndSteppedTo) {
+    Machine m;
+    QString caption;
+    QString text;
+    DialogRobot robot{
+        Enter("payout3", "8"),
+        Press(Qt::Key_Return),  // saves, which this table does not allow
+        ReadMessage(caption, text),
+        Expect([](QDialog& dialog) { EXPECT_FALSE(IsOn(dialog, "nextTable")); }),
+        ClickOn("cancel"),
+    };
+    EditCurrentPayTable(m, m.paths, m.manager);
+    EXPECT_EQ(caption + ": " + text,
+              "Error: You can not overwrite the default pay table for a pre-defined game");
+    AppendTable(m.Files(), {300, "Jacks or Better"},
+                ReadPayTableTexts(m.Files(), "Jacks or Better", 0));
+    DialogRobot second{
+        ClickOn("nextTable"),
+        ExpectText("index", "1"),
+        Enter("payout3", "8"),
+        ClickOn("saveTable"),
+        AnswerQuestion("Do you wish to overwrite table 1?", QMessageBox::No),
+        ExpectText("index", "2"),
+        ClickOn("prevTable"),
+        ExpectText("payout3", "9"),
+        ClickOn("prevTable"),
+        ExpectText("index", "0"),
+        Expect([](QDialog& dialog) {
+            EXPECT_FALSE(IsOn(dialog, "prevTable"));
+            EXPECT_TRUE(IsOn(dialog, "nextTable"));
+        }),
+        ClickOn("nextTable"),
+        ClickOn("nextTable"),
+        ExpectText("payout3", "8"),
+        ClickOn("makeActive"),
+        Press(Qt::Key_Escape),
+    };
+    EditCurrentPayTable(m, m.paths, m.manager);
+    EXPECT_EQ(StatsSection(m.engine), "Jacks or Better(2)");
+    EXPECT_EQ(m.engine.payTable.lines[3].payout, 8);
+}
+
+TEST(PayTableManagerTest, ARefusalPutsTheCursorWhereItBelongs) {
+    Machine m;
+    m.MakeMyGame();
+    QString caption;
+    QString text;
+    DialogRobot robot{
+        Enter("description8", " "),
+        Press(Qt::Key_Backspace),
+        ClickOn("makeActive"),
+        ReadMessage(caption, text),
+        Expect([](QDialog& dialog) {
+            EXPECT_EQ(dialog.focusWidget()->objectName(), "description8");
+            EXPECT_FALSE(dialog.focusWidget()->visibleRegion().isEmpty()) << "scrolled to";
+        }),
+        Type("JACKS"),
+        ClickOn("makeActive"),
+        ClickOn("deleteTable"),
+        AnswerQuestion("Deleting the default pay table will", QMessageBox::Cancel),
+        ClickOn("renameGame"),
+        Type("Better Jacks"),
+        Press(Qt::Key_Return),
+        ExpectText("gameName", "Better Jacks"),
+        ClickOn("changeGame"),
+        ChooseGameNamed("Deuces Wild"),
+        Expect([](QDialog& dialog) { EXPECT_FALSE(IsOn(dialog, "renameGame")); }),
+        ClickOn("done"),
+    };
+    auto editor = m.Manager("My Game", 9001);
+    EXPECT_TRUE(m.manager.Edits(editor));
+    EXPECT_EQ(caption + ": " + text, "Input Error: Description can not be blank");
+    EXPECT_EQ(m.InMain("Better Jacks(0)", "Descr8"), "JACKS");
+}
+
+TEST(PayTableManagerTest, TheLineUnderTheTableFollowsTyping) {
+    OpenManager m("Jacks or Better", 300);
+    QTRY_COMPARE_WITH_TIMEOUT(m.Live(), QString("Return 99.5439%  Variance 19.51"), 20000);
+    auto& fullHouse = m.Part<QLineEdit>("maxPayout3");
+    fullHouse.setFocus();
+    fullHouse.selectAll();
+    QTest::keyClicks(&fullHouse, "40");  // the 8/6 game
+    EXPECT_EQ(m.Live(), "Return 99.5439%  Variance 19.51 …");
+    EXPECT_TRUE(m.IsLiveWaiting());
+    QTRY_VERIFY_WITH_TIMEOUT(m.Live().startsWith("Return 98.392"), 20000);
+    EXPECT_FALSE(m.IsLiveWaiting());
+    fullHouse.selectAll();
+    QTest::keyClick(&fullHouse, Qt::Key_Delete);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m.Live(), QString("Line 4: Max Payout can not be blank and must be numeric"), 20000);
+    QTest::keyClicks(&fullHouse, "45");
+    QTRY_COMPARE_WITH_TIMEOUT(m.Live(), QString("Return 99.5439%  Variance 19.51"), 20000);
+}
+
+TEST(PayTableManagerTest, KeysAreTakenWhileTheReturnIsReckoned) {
+    OpenManager m("My Game", 9001, true);
+    m.editor.texts = ReadPayTableTexts(m.Files(), "One-Eyed Jacks", 0);
+    auto& box = m.Part<QLineEdit>("payout0");
+    box.setFocus();
+    QElapsedTimer time;
+    qint64 longest = 0;
+    for (const int pause : {0, 190, 200, 205, 210, 220, 240, 280, 340, 500}) {  // it begins at 200
+        QTest::qWait(pause);
+        time.start();
+        QTest::keyClick(&box, Qt::Key_1);
+        QApplication::processEvents();
+        longest = std::max(longest, time.elapsed());
+    }
+    EXPECT_LT(longest, 100) << "milliseconds for a key";
+}
+
+TEST(PayTableManagerTest, BoxesAndRanksChangeWhatTheyDecideAbout) {
+    OpenManager m("User Game 1", 9001, true);
+    EXPECT_EQ(m.Live(), "The pay table is blank. You must enter at least one pay line.");
+    EXPECT_FALSE(IsOn(m.dialog, "wildsOK0") || IsOn(m.dialog, "jokers"));
+    QTest::mouseClick(&m.Part<QCheckBox>("wilds"), Qt::LeftButton, {}, QPoint(5, 8));
+    EXPECT_TRUE(IsOn(m.dialog, "jokers") && m.Part<QCheckBox>("wildsOK14").isChecked());
+    m.Part<QCheckBox>("fiveAces").setFocus();
+    QTest::keyClick(&m.Part<QCheckBox>("fiveAces"), Qt::Key_Space);
+    EXPECT_FALSE(IsOn(m.dialog, "jokers") || IsOn(m.dialog, "wilds") || IsOn(m.dialog, "oej"));
+    auto& rank = m.Part<QComboBox>("rank0");
+    rank.setFocus();
+    QTest::keyClicks(&rank, "FUL");
+    EXPECT_EQ(m.Part<QLineEdit>("description0").text(), "FULL HOUSE;FH");
+    EXPECT_EQ(m.editor.texts.lines[0].rank, HandRank::kFullHouse);
+    QTest::keyClick(&rank, Qt::Key_End);
+    EXPECT_EQ(m.editor.texts.lines[0].rank, HandRank::kUnknown);
+    EXPECT_EQ(rank.currentIndex(), -1) << "the end of the table is shown as nothing";
+}
+
+TEST(PayTableManagerTest, ARankThatIsNotOfferedStaysWhereItIs) {
+    ManagerTable t;
+    t.MakeMyGame();
+    t.machine.file.WriteString("My Game(0)", "Rank1", "18", t.paths.mainProfile);
+    PayTableEditor editor = t.Manager("My Game", 9001);
+    const PayTableManagerDialog dialog(editor, nullptr);
+    EXPECT_EQ(dialog.findChild<QComboBox*>("rank1")->currentText(), "5 CARD CHARLIE");
+    EXPECT_EQ(dialog.findChild<QComboBox*>("rank0")->findText("5 CARD CHARLIE"), -1);
+}
+
+TEST(PayTableManagerTest, EveryFieldHasAWayInByKeyboardAndAName) {
+    OpenManager m("My Game", 9001, true);
+    std::vector<QString> seen;
+    for (int i = 0; i < 200; ++i) {
+        QWidget* focus = m.dialog.focusWidget();
+        if (std::ranges::find(seen, focus->objectName()) != seen.end()) break;
+        seen.push_back(focus->objectName());
+        QTest::keyClick(focus, Qt::Key_Tab);
+    }
+    const auto place = [&](const QString& name) {
+        return std::ranges::find(seen, name) - seen.begin();
+    };
+    for (const char* name : {"maxBet", "oej", "minPair", "rank14", "kicker14", "saveTable"}) {
+        EXPECT_LT(place(name), std::ssize(seen)) << name;
+    }
+    EXPECT_LT(place("gameName"), place("rank0"));
+    EXPECT_EQ(place("description0") + 1, place("payout0"));
+    EXPECT_LT(place("kicker14"), place("changeGame"));
+    EXPECT_LE(m.dialog.minimumSizeHint().width(), 620);
+    EXPECT_LE(m.dialog.minimumSizeHint().height(), 440);
+    for (const QWidget* field : m.dialog.findChildren<QLineEdit*>()) {
+        const bool named = !field->accessibleName().isEmpty() ||
+                           std::ranges::any_of(m.dialog.findChildren<QLabel*>(), [&](auto* label) {
+                               return label->buddy() == field;
+                           });
+        EXPECT_TRUE(named) << field->objectName().toStdString();
+    }
+}
+
+TEST(PayTableManagerTest, ItClosesFromWithinAQuestionThatWouldBeAskedAgain) {
+    Machine m;
+    m.MakeMyGame();
+    DialogRobot robot{
+        ClickOn("renameGame"),
+        Type("Deuces Wild"),
+        Press(Qt::Key_Return),
+        [&](QDialog&) {
+            const auto dialogs = m.window.findChildren<QDialog*>();
+            std::for_each(dialogs.rbegin(), dialogs.rend(), [](auto* open) { open->reject(); });
+        },
+    };
+    auto editor = m.Manager("My Game", 9001);
+    EXPECT_FALSE(m.manager.Edits(editor));
+    EXPECT_EQ(editor.gameName, "My Game");
+}
+
+TEST(PayTableManagerTest, ItClosesAtOnceWhileTheReturnIsReckoned) {
+    ManagerTable t;
+    PayTableEditor editor = t.Manager("One-Eyed Jacks", 317);
+    auto dialog = std::make_unique<PayTableManagerDialog>(editor, nullptr);
+    dialog->show();
+    QTest::qWait(20);
+    QElapsedTimer time;
+    time.start();
+    dialog.reset();
+    EXPECT_LT(time.elapsed(), 500);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

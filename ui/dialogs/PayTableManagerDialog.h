@@ -1,0 +1,81 @@
+// The pay table manager: shows the tables of any game one at a time and edits them. All rules are
+// the editor's; OK ("Done") and Cancel close it, and neither saves.
+#pragma once
+#include <QDialog>
+#include <functional>
+#include <vector>
+
+#include "game/PayTableEditor.h"
+
+class LiveReturn;
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLineEdit;
+class QPushButton;
+class QScrollArea;
+
+class PayTableManagerDialog : public QDialog, private PayTableQuestions {
+    Q_OBJECT
+
+  public:
+    // The editor outlives the dialog.
+    PayTableManagerDialog(PayTableEditor& editor, QWidget* parent);
+
+  private:
+    // A control, and what it stands for in the editor.
+    struct TextField {
+        QLineEdit* box;
+        std::string* text;
+        FieldPlace place;
+    };
+    struct CheckField {
+        QCheckBox* box;
+        std::function<bool()> isChecked;
+        FieldPlace place;
+    };
+
+    QWidget* MakeGameBand();
+    QWidget* MakeTypeBand();
+    QLineEdit* AddSetting(QBoxLayout& layout, const QString& caption, const char* name, int shown,
+                          std::string& text, FormField field);
+    QWidget* MakeLines();
+    void MakeLine(QGridLayout& layout, int line);
+    QWidget* MakeButtons();
+    QLineEdit* AddText(const QString& name, int shown, std::string& text, FieldPlace place);
+    QCheckBox* AddCheck(const QString& caption, const QString& name,
+                        std::function<bool()> isChecked, std::function<void(bool)> check,
+                        FieldPlace place);
+    QCheckBox* AddType(const QString& caption, const QString& name, GameType type, FormField field);
+    QComboBox* AddRankList(int line);
+    QPushButton* AddButton(QGridLayout& layout, int row, int column, const QString& caption,
+                           const char* name);
+    QPushButton* AddCommand(QGridLayout& layout, int row, int column, const QString& caption,
+                            const char* name, std::function<void()> command);
+    void ShowAll();
+    void ShowRank(int line);
+    void ShowButtons();
+    QWidget* ControlAt(FieldPlace place) const;
+
+    void IsRefused(const std::string& caption, const std::string& text, FieldPlace where) override;
+    void IsTold(const std::string& caption, const std::string& text) override;
+    OverwriteChoice Overwrites(const std::string& caption, const std::string& question) override;
+    bool Confirms(const std::string& caption, const std::string& question) override;
+    std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
+                                           const std::string& current) override;
+    std::optional<std::string> RenamesGame(const std::string& current) override;
+
+    PayTableEditor& editor;
+    std::vector<TextField> textFields;
+    std::vector<CheckField> checkFields;
+    std::vector<QComboBox*> rankLists;  // by line
+    QLineEdit* index = nullptr;
+    QScrollArea* lines = nullptr;
+    LiveReturn* live = nullptr;
+    QPushButton* previousTable = nullptr;
+    QPushButton* nextTable = nullptr;
+    QPushButton* loadTemplate = nullptr;
+    QPushButton* renameGame = nullptr;
+    QPushButton* deleteTable = nullptr;
+};
