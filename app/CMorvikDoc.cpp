@@ -5,7 +5,6 @@
 #include "app/MenuTable.h"
 #include "core/profile/ProfileFile.h"
 #include "game/AnalyzeGame.h"
-#include "game/BonusFeatures.h"
 #include "game/FileCommands.h"
 #include "game/FixedHand.h"
 #include "game/GameSelection.h"
@@ -77,7 +76,11 @@ void CMorvikDoc::Run(int command) {
 
 void CMorvikDoc::RunKey(int command) {
     table.engine.stopCountUp = true;
-    actions.Run([this, command] { Dispatch(command); });
+    actions.Run([this, command] {
+        const bool editsTable = command == kEditPayTable || command == kEditCurrentPayTable;
+        if (editsTable && !IsEnabled(Grey::kDuringHand, table.engine)) return;
+        Dispatch(command);
+    });
 }
 
 QString CMorvikDoc::Title() const {
@@ -161,7 +164,6 @@ bool CMorvikDoc::DispatchOption(int command) {
             ClearErrorLogCommand(table);
             return true;
         case kAssignFixedHand:
-            SettleFeatures(table);
             AssignFixedHand(table);
             return true;
         case kToggleSounds:

@@ -43,7 +43,8 @@ class CMorvikDoc : public QObject {
     // Runs a command of the menus, unless it is greyed as the machine stands.
     void Run(int command);
 
-    // Runs a command that a key at the table stands for: keys work while the menus are greyed.
+    // Runs a command that a key or a press at the table stands for. These work while the menus are
+    // greyed; only the pay table that a bet has been placed on cannot be changed.
     void RunKey(int command);
 
     QString Title() const;

@@ -161,8 +161,7 @@ bool IsEnabled(Grey grey, const GameEngine& engine) {
 }
 
 Grey GreyOf(int id) {
-    // A table that a bet has been placed on is not to be changed.
-    if (IsGame(id) || id == kEditCurrentPayTable) return Grey::kDuringHand;
+    if (IsGame(id)) return Grey::kDuringHand;
     for (const MenuPopup& popup : kMenuBar) {
         for (const MenuEntry& entry : popup.entries) {
             if (entry.id == id) return entry.grey;

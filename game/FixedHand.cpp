@@ -1,6 +1,7 @@
 #include "game/FixedHand.h"
 
 #include "core/analysis/ErrorLog.h"
+#include "game/BonusFeatures.h"
 #include "game/Dealing.h"
 #include "game/HandFlow.h"
 #include "game/WinDisplay.h"
@@ -58,6 +59,7 @@ void DealAgain(GameTable& table) {
 
 void AssignFixedHand(GameTable& table) {
     if (!table.player.AssignsFixedHand(table.engine)) return;
+    SettleFeatures(table);
     table.engine.fixedHand = true;
     DealDraw(table);
 }

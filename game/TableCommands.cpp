@@ -73,7 +73,6 @@ void ChooseMode(GameTable& table, PlayMode mode) {
 }
 
 void ToggleFixedHand(GameTable& table) {
-    SettleFeatures(table);
     if (!table.engine.fixedHand) {
         AssignFixedHand(table);
         return;

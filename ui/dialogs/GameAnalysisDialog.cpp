@@ -67,20 +67,23 @@ QLayout* GameAnalysisDialog::MakeTop() {
         layout->addWidget(widget);
     }
     layout->addStretch();
-    const auto addStep = [&](const QString& caption, const char* name,
-                             void (GameReportPages::*step)()) {
+    const auto addButton = [&](const QString& caption, const char* name) {
         auto* button = new QPushButton(caption, this);
         button->setObjectName(name);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, [this, step] {
-            (pages.*step)();
-            ShowPage();
-        });
         layout->addWidget(button);
         return button;
     };
-    previous = addStep(tr("&Prev Table"), "previousTable", &GameReportPages::ShowPrevious);
-    next = addStep(tr("&Next Table"), "nextTable", &GameReportPages::ShowNext);
+    previous = addButton(tr("&Prev Table"), "previousTable");
+    connect(previous, &QPushButton::clicked, this, [this] {
+        pages.ShowPrevious();
+        ShowPage();
+    });
+    next = addButton(tr("&Next Table"), "nextTable");
+    connect(next, &QPushButton::clicked, this, [this] {
+        pages.ShowNext();
+        ShowPage();
+    });
     return layout;
 }
 

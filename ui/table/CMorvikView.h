@@ -17,7 +17,8 @@ class CMorvikView : public QWidget {
     Q_OBJECT
 
   public:
-    // command runs a command of the menus (ui/table/Commands.h). All outlive the view.
+    // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
+    // view.
     CMorvikView(GameTable& table, const TableScene& scene, SceneDisplay& display,
                 PictureStore& pictures, ActionQueue& actions, std::function<void(int)> command);
 

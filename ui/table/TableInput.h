@@ -11,7 +11,8 @@ class SceneDisplay;
 
 class TableInput {
   public:
-    // command runs a command of the menus (ui/table/Commands.h). All outlive the input.
+    // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
+    // input.
     TableInput(GameTable& table, SceneDisplay& display, const TableLayout& places,
                std::function<void(int)> command);
 

@@ -1,0 +1,241 @@
+// The features, Pick 'Em and fixed hands, played at the table.
+#include "tests/ui/TestProgram.h"
+
+namespace {
+
+constexpr std::string_view kNothing = "2S 4D 6C 8H TS";
+constexpr std::string_view kAllRed = "2D 4D 6H 8H TD";
+constexpr int kSpinDraw = 2;
+constexpr int kTargetDraw = 149;
+
+class FeaturePlayTest : public ProgramTest {
+  protected:
+    TestProgram& p() { return *program; }
+    int Credits() const { return program->engine.settings.credits; }
+
+    // Ends a hand after which the feature waits.
+    TestProgram& StartFeature(const char* flag, std::string_view cards, int draw = 0) {
+        SetInTable("Jacks or Better", flag, "1");
+        TestProgram& p = Start();
+        p.DecideFeatures(
+            [draw](CombinedRandom random) { return draw == 0 || random.IRandom(1, 150) == draw; });
+        p.Stack(cards, 5);
+        p.Key(Qt::Key_D);
+        p.Keys({Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5, Qt::Key_D});
+        EXPECT_EQ(Credits(), 95);
+        p.ExpectAtRest("waits");
+        return p;
+    }
+
+    // All that deals or bets otherwise.
+    void ExpectTableKeepsStill() {
+        const std::string hand = p().HandText();
+        for (const QRect& place : {p().Places().deal, p().Places().betOne, p().Places().maxBet,
+                                   p().Places().creditValue.rect, p().Places().betValue.rect}) {
+            p().Click(place);
+            p().RightPress(place);
+        }
+        p().DoubleClick(p().Places().namePanel);
+        p().Keys({Qt::Key_D, Qt::Key_Space, Qt::Key_M, Qt::Key_O, Qt::Key_C, Qt::Key_A, Qt::Key_0,
+                  Qt::Key_T, Qt::Key_E, Qt::Key_H});
+        EXPECT_EQ(p().engine.settings.bet, 5);
+        EXPECT_EQ(Credits(), 95);
+        EXPECT_EQ(p().HandText(), hand);
+        EXPECT_TRUE(p().engine.handOver);
+        p().ExpectAtRest("nothing happens");
+    }
+};
+
+TEST_F(FeaturePlayTest, TheWheelIsSpunByItsButtonOrKeyS) {
+    for (const bool byKey : {false, true}) {
+        Set("Credits", "100");
+        TestProgram& p = StartFeature("SpinBonus", kNothing, kSpinDraw);
+        ASSERT_TRUE(p.engine.spinPending);
+        EXPECT_EQ(p.Scene().featureLabel, "SPIN");
+        ExpectTableKeepsStill();
+        byKey ? p.Key(Qt::Key_S) : p.Click(p.Places().spinButton);
+        EXPECT_FALSE(p.engine.spinPending);
+        EXPECT_GT(Credits(), 95);
+        EXPECT_EQ(p.engine.statistics.bonusTries.total, 1);
+        p.ExpectAtRest("spun");
+        p.Key(Qt::Key_D);
+        EXPECT_FALSE(p.engine.handOver) << "DEAL deals again";
+    }
+}
+
+TEST_F(FeaturePlayTest, ThreeTargetsAreShotByMouseAndKeys) {
+    TestProgram& p = StartFeature("TgtBonus", kNothing, kTargetDraw);
+    ASSERT_TRUE(p.engine.targetPending);
+    ExpectTableKeepsStill();
+    const auto& values = p.document->table.target.values;
+    p.Click(p.Places().targets[1]);
+    EXPECT_EQ(p.Scene().targets[1].value, values[1]);
+    p.Click(p.Places().targets[1]);
+    p.Key(Qt::Key_2);
+    EXPECT_EQ(p.document->table.target.shots, 1) << "one shot a target";
+    p.Key(Qt::Key_5);
+    p.ExpectAtRest("two shots");
+    p.Key(Qt::Key_1, Qt::KeypadModifier);
+    EXPECT_FALSE(p.engine.targetPending);
+    EXPECT_EQ(Credits(), 95 + values[0] + values[1] + values[4]);
+}
+
+TEST_F(FeaturePlayTest, RedOrBlackIsGuessedByMouseAndKeysUntilAGuessIsWrong) {
+    TestProgram& p = StartFeature("RBBonus", kAllRed);
+    ASSERT_TRUE(p.engine.redBlackPending);
+    ExpectTableKeepsStill();
+    p.Click(p.Places().blackPanel);
+    EXPECT_EQ(p.Message(), "5 Bonus Credits");
+    EXPECT_EQ(p.Scene().redBlack.lit, CardColour::kBlack) << "the first guess is right";
+    p.ExpectAtRest("guessed");
+    p.DecideFeatures([](CombinedRandom random) {
+        const bool red = random.IRandom(2, 1000) % 2 == 1;
+        return red && random.IRandom(2, 1000) % 2 == 0;
+    });
+    p.Key(Qt::Key_R);
+    EXPECT_EQ(p.Message(), "10 Bonus Credits");
+    p.Click(p.Places().redPanel);
+    EXPECT_FALSE(p.engine.redBlackPending);
+    EXPECT_EQ(p.Scene().credits, "105");
+    p.Key(Qt::Key_B);
+    EXPECT_EQ(p.engine.settings.bet, 1) << "a bet again";
+}
+
+TEST_F(FeaturePlayTest, TheMenusStillOpenWhileAFeatureWaits) {
+    TestProgram& p = StartFeature("RBBonus", kAllRed);
+    p.Click(p.Places().redPanel);
+    p.Choose(330);
+    EXPECT_EQ(p.engine.settings.gameName, "Deuces Wild");
+    EXPECT_FALSE(p.engine.redBlackPending);
+    EXPECT_EQ(Credits(), 100) << "what the guess has won is paid";
+}
+
+TEST_F(FeaturePlayTest, WhatIsPressedDuringASpinIsDoneAfterIt) {
+    TestProgram& p = StartFeature("SpinBonus", kNothing, kSpinDraw);
+    p.clock.inPause = [&] { p.Keys({Qt::Key_S, Qt::Key_S, Qt::Key_B}); };
+    QString caption;
+    {
+        DialogRobot robot{[&](QDialog& dialog) {
+                              caption += dialog.windowTitle() + ';';
+                              dialog.reject();
+                          },
+                          Press(Qt::Key_Escape)};
+        p.Key(Qt::Key_S);
+    }
+    EXPECT_EQ(p.engine.statistics.bonusTries.total, 1);
+    EXPECT_EQ(caption, "Game Play Analysis;") << "what S is for when no spin waits";
+    EXPECT_EQ(p.engine.settings.bet, 1);
+}
+
+TEST_F(FeaturePlayTest, APileIsChosenByButtonPlaceOrArrowKey) {
+    TestProgram& p = Start("Pick Em Poker", 350);
+    const TableLayout& places = p.Places();
+    const auto deal = [&] {
+        p.Stack("KC KD 9D AH 2S KS JH 3C", 8);
+        p.Key(Qt::Key_D);
+        EXPECT_FALSE(p.engine.handOver);
+        p.ExpectAtRest("dealt");
+    };
+    const std::vector<std::function<void()>> right = {[&] { p.Click(places.holdButtons[4]); },
+                                                      [&] { p.Click(places.cards[4]); },
+                                                      [&] { p.Key(Qt::Key_Right); }};
+    const std::vector<std::function<void()>> left = {[&] { p.Click(places.holdButtons[3]); },
+                                                     [&] { p.Click(places.cards[3]); },
+                                                     [&] { p.Key(Qt::Key_Left); }};
+    for (const auto& choose : right) {
+        deal();
+        choose();
+        EXPECT_EQ(p.HandText(), "KC KD KS JH 3C");
+        p.ExpectAtRest("right pile");
+    }
+    for (const auto& choose : left) {
+        deal();
+        choose();
+        EXPECT_EQ(p.HandText(), "KC KD 9D AH 2S");
+        p.ExpectAtRest("left pile");
+    }
+}
+
+TEST_F(FeaturePlayTest, OnlyThePilesRespondDuringAPickEmHand) {
+    TestProgram& p = Start("Pick Em Poker", 350);
+    p.RightPress(p.Places().coin);
+    ASSERT_FALSE(p.engine.handOver);
+    p.Click(p.Places().deal);
+    p.RightPress(p.Places().deal);
+    p.RightPress(p.Places().coin);
+    for (const std::size_t position : {0U, 1U, 2U}) {
+        p.Click(p.Places().cards[position]);
+        p.Click(p.Places().holdButtons[position]);
+    }
+    p.Keys({Qt::Key_D, Qt::Key_Space, Qt::Key_1, Qt::Key_4, Qt::Key_5, Qt::Key_B, Qt::Key_M});
+    EXPECT_FALSE(p.engine.handOver);
+    EXPECT_EQ(p.Held(), 0);
+    EXPECT_EQ(p.engine.settings.bet, 5);
+    p.ExpectAtRest("nothing happens");
+    p.Press(p.Places().holdButtons[3]);
+    EXPECT_EQ(p.Scene().places[3].holdButton, ButtonLook::kPressed);
+    p.Release(p.Places().coin);
+    EXPECT_FALSE(p.engine.handOver);
+    p.ExpectAtRest("let go elsewhere");
+}
+
+TEST_F(FeaturePlayTest, KeyAComposesTheFixedHandThatIsDealtFromThenOn) {
+    TestProgram& p = Start();
+    {
+        DialogRobot robot{ClickOn("clear"),    ClickOn("card1-1"), ClickOn("card2-1"),
+                          ClickOn("card3-13"), ClickOn("card4-9"), ClickOn("card1-2"),
+                          ClickOn("ok")};
+        p.Key(Qt::Key_A);
+    }
+    EXPECT_TRUE(p.engine.fixedHand);
+    EXPECT_EQ(p.HandText(), "AS AH KC 9D 2S");
+    EXPECT_EQ(p.Message(), "HOLD/DRAW");
+    p.ExpectAtRest("dealt");
+    p.Keys({Qt::Key_1, Qt::Key_2});
+    EXPECT_EQ(p.Held(), 0b11000);
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.HandText(), "AS AH KC 9D 2S") << "dealt again";
+    EXPECT_EQ(p.Held(), 0);
+    EXPECT_EQ(Credits(), 100);
+}
+
+TEST_F(FeaturePlayTest, ARightPressOnDealAsksForTheFixedHandBeforeAndInPractice) {
+    TestProgram& p = Start();
+    {
+        DialogRobot robot{Press(Qt::Key_Escape)};
+        p.RightPress(p.Places().deal);
+    }
+    EXPECT_FALSE(p.engine.fixedHand);
+    EXPECT_TRUE(p.engine.handOver);
+    {
+        DialogRobot robot{ClickOn("ok")};
+        p.RightPress(p.Places().deal);
+    }
+    EXPECT_TRUE(p.engine.fixedHand);
+    const std::string dealt = p.HandText();
+    {
+        DialogRobot robot{ClickOn("clear"), ClickOn("card4-13"), ClickOn("ok")};
+        p.RightPress(p.Places().deal);
+    }
+    EXPECT_EQ(p.HandText().substr(0, 2), "KD");
+    p.Choose(kFixedHand);
+    EXPECT_FALSE(p.engine.fixedHand);
+    EXPECT_EQ(p.Message(), "GAME OVER");
+}
+
+TEST_F(FeaturePlayTest, APileOfAFixedPickEmHandDealsItAgain) {
+    TestProgram& p = Start("Pick Em Poker", 350);
+    {
+        DialogRobot robot{ClickOn("ok")};
+        p.Choose(kFixedHand);
+    }
+    ASSERT_TRUE(p.engine.fixedHand);
+    const std::string dealt = p.HandText();
+    p.Key(Qt::Key_Left);
+    EXPECT_FALSE(p.engine.handOver);
+    EXPECT_EQ(p.HandText(), dealt);
+    EXPECT_EQ(Credits(), 100);
+    p.ExpectAtRest("dealt again");
+}
+
+}  // namespace

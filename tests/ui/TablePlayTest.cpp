@@ -1,0 +1,403 @@
+// Whole hands at the machine's table by mouse and by keyboard.
+#include <QElapsedTimer>
+#include <QKeyEvent>
+
+#include "tests/ui/TestProgram.h"
+
+namespace {
+
+// Two jacks, and a third among the cards drawn when they are held: 15 credits.
+constexpr std::string_view kJacks = "JS JD TC 9H 2S JC 4C 5C";
+constexpr std::string_view kNothing = "2S 4D 6C 8H TS";
+constexpr std::string_view kTwoPair = "JS JD TC TH 2S";
+
+class TablePlayTest : public ProgramTest {
+  protected:
+    TestProgram& p() { return *program; }
+    MachineSettings& Settings() { return program->engine.settings; }
+
+    void DealCards(std::string_view cards, std::size_t count) {
+        p().Stack(cards, count);
+        p().Key(Qt::Key_D);
+        ASSERT_FALSE(p().engine.handOver);
+    }
+
+    // Won with the cards dealt.
+    void WinWithTwoPair() {
+        DealCards(kTwoPair, 5);
+        p().Keys({Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5, Qt::Key_D});
+        ASSERT_EQ(p().Message(), "WON 10");
+    }
+};
+
+TEST_F(TablePlayTest, AHandIsPlayedByMouse) {
+    TestProgram& p = Start();
+    EXPECT_EQ(p.Message(), "PRESS DEAL");
+    p.Stack(kJacks, 8);
+    p.Click(p.Places().deal);
+    EXPECT_EQ(p.Message(), "HOLD/DRAW");
+    EXPECT_EQ(p.Scene().credits, "95");
+    EXPECT_EQ(p.HandText(), "JS JD TC 9H 2S");
+    p.ExpectAtRest("dealt");
+    p.Click(p.Places().cards[0]);
+    p.Click(p.Places().holdButtons[1]);
+    EXPECT_EQ(p.Held(), 0b11000);
+    EXPECT_TRUE(p.Scene().places[1].held);
+    p.ExpectAtRest("held");
+    p.Click(p.Places().deal);
+    EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
+    EXPECT_EQ(p.Message(), "WON 15");
+    EXPECT_EQ(p.Scene().credits, "110");
+    EXPECT_EQ(p.Scene().lines[6].mark, LineMark::kWon);
+}
+
+TEST_F(TablePlayTest, AHandIsPlayedByTheKeysOfEitherRow) {
+    for (const Qt::KeyboardModifiers row : {Qt::NoModifier, Qt::KeypadModifier}) {
+        Set("Credits", "100");
+        TestProgram& p = Start();
+        p.Stack(kJacks, 8);
+        p.Key(Qt::Key_Space);
+        EXPECT_EQ(p.HandText(), "JS JD TC 9H 2S");
+        for (const Qt::Key key : {Qt::Key_1, Qt::Key_5, Qt::Key_2, Qt::Key_5}) p.Key(key, row);
+        EXPECT_EQ(p.Held(), 0b11000);
+        p.Key(Qt::Key_D);
+        EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
+        EXPECT_EQ(Settings().credits, 110);
+    }
+}
+
+TEST_F(TablePlayTest, AHandIsPlayedByRightPressesOnTheCloth) {
+    TestProgram& p = Start();
+    p.Stack(kNothing, 5);
+    p.RightPress(p.Places().cards[2]);
+    EXPECT_EQ(p.Message(), "HOLD/DRAW");
+    p.RightPress(p.Places().betValue.rect);
+    p.RightPress(p.Places().betLabel.rect);
+    EXPECT_FALSE(p.engine.handOver) << "the bet meter keeps still during a hand";
+    p.RightPress(p.Places().namePanel);
+    EXPECT_TRUE(p.engine.handOver);
+}
+
+TEST_F(TablePlayTest, KeyThreeHoldsTheMiddleCardAndAClickLetsItGo) {
+    TestProgram& p = Start();
+    DealCards(kNothing, 5);
+    p.Key(Qt::Key_3);
+    EXPECT_EQ(p.Held(), 0b00100);
+    p.Click(p.Places().cards[2]);
+    EXPECT_EQ(p.Held(), 0);
+    p.DoubleClick(p.Places().cards[2]);
+    EXPECT_EQ(p.Held(), 0) << "two quick presses are two presses";
+}
+
+TEST_F(TablePlayTest, AButtonIsDownWhileItIsPressedAndActsWhereItIsLetGo) {
+    TestProgram& p = Start();
+    p.Press(p.Places().deal);
+    EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kPressed);
+    p.Release(p.Places().coin);
+    EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kReleased);
+    EXPECT_TRUE(p.engine.handOver) << "not dealt";
+    p.Press(p.Places().betOne);
+    EXPECT_EQ(p.Scene().Button(TableButton::kBetOne), ButtonLook::kPressed);
+    p.Release(p.Places().maxBet);
+    p.ExpectAtRest("bet");
+    DealCards(kNothing, 5);
+    p.Press(p.Places().holdButtons[3]);
+    EXPECT_EQ(p.Scene().places[3].holdButton, ButtonLook::kPressed);
+    EXPECT_EQ(p.Held(), 0b00010) << "held by the press already";
+    p.Release(p.Places().coin);
+    EXPECT_EQ(p.Scene().places[3].holdButton, ButtonLook::kReleased);
+}
+
+TEST_F(TablePlayTest, BetsAreMadeWithButtonsMeterAndKeysButNotDuringAHand) {
+    TestProgram& p = Start();
+    const auto bet = [&] { return p.Scene().bet; };
+    p.Click(p.Places().betOne);
+    EXPECT_EQ(bet(), "1");
+    p.Click(p.Places().betValue.rect);
+    p.Click(p.Places().betLabel.rect);
+    EXPECT_EQ(bet(), "3");
+    p.Key(Qt::Key_B);
+    EXPECT_EQ(bet(), "4");
+    p.Click(p.Places().maxBet);
+    EXPECT_EQ(bet(), "5");
+    p.Key(Qt::Key_B);
+    p.Key(Qt::Key_M);
+    EXPECT_EQ(bet(), "5");
+    p.Key(Qt::Key_B);
+    p.RightPress(p.Places().betValue.rect);
+    EXPECT_EQ(bet(), "5");
+    DealCards(kNothing, 5);
+    p.Click(p.Places().betOne);
+    p.Click(p.Places().maxBet);
+    p.Click(p.Places().betValue.rect);
+    p.Keys({Qt::Key_B, Qt::Key_M});
+    EXPECT_EQ(Settings().bet, 5);
+    EXPECT_FALSE(p.engine.handOver);
+}
+
+TEST_F(TablePlayTest, ABetAfterAWinTakesItsMarkAway) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    EXPECT_EQ(p.Scene().lines[7].mark, LineMark::kWon);
+    p.Key(Qt::Key_B);
+    EXPECT_EQ(p.Scene().lines[7].mark, LineMark::kPlain);
+}
+
+TEST_F(TablePlayTest, TheCreditMeterTurnsToCashAndPaysOut) {
+    TestProgram& p = Start();
+    p.Click(p.Places().creditValue.rect);
+    EXPECT_EQ(p.Scene().credits, "$100.00");
+    EXPECT_EQ(p.Scene().bet, "$5.00");
+    p.Key(Qt::Key_C);
+    EXPECT_EQ(p.Scene().credits, "100");
+    p.Click(p.Places().creditLabel.rect);
+    EXPECT_EQ(p.Scene().credits, "$100.00");
+    p.RightPress(p.Places().creditValue.rect);
+    EXPECT_EQ(p.Message(), "Paid $100.00");
+    EXPECT_EQ(Settings().credits, 0);
+}
+
+TEST_F(TablePlayTest, KeysForMoneyWorkDuringAHandToo) {
+    TestProgram& p = Start();
+    DealCards(kNothing, 5);
+    p.Key(Qt::Key_C);
+    EXPECT_EQ(p.Scene().credits, "$95.00");
+    EXPECT_EQ(p.Message(), "HOLD/DRAW");
+    p.Click(p.Places().creditValue.rect);
+    EXPECT_EQ(p.Scene().credits, "$95.00") << "the meter waits for the end of the hand";
+    p.Key(Qt::Key_O);
+    EXPECT_EQ(p.Message(), "Paid $95.00");
+    EXPECT_FALSE(p.engine.handOver) << "the hand goes on";
+    p.Key(Qt::Key_D);
+    EXPECT_TRUE(p.engine.handOver);
+}
+
+TEST_F(TablePlayTest, TooFewCreditsAskForDollarsBeforeTheDeal) {
+    Set("Credits", "3");
+    TestProgram& p = Start();
+    {
+        DialogRobot robot{Press(Qt::Key_Escape)};
+        p.Click(p.Places().deal);
+    }
+    EXPECT_EQ(Settings().credits, 3);
+    {
+        DialogRobot robot{Type("20"), Press(Qt::Key_Return)};
+        p.Key(Qt::Key_D);
+    }
+    EXPECT_EQ(p.Scene().credits, "23");
+    EXPECT_TRUE(p.engine.handOver) << "the press asked for money only";
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.Scene().credits, "18");
+}
+
+TEST_F(TablePlayTest, AWarningGivesTheHandBackOrLetsItBePlayed) {
+    Set("Mode", "2");
+    TestProgram& p = Start();
+    DealCards("AS AD KC 9H 2S 3C 4C 5C", 8);
+    p.Key(Qt::Key_3);
+    {
+        DialogRobot robot{ClickOn("no")};
+        p.Key(Qt::Key_D);
+    }
+    EXPECT_FALSE(p.engine.handOver);
+    EXPECT_EQ(p.Held(), 0b00100) << "as it was";
+    EXPECT_EQ(p.engine.statistics.playErrors.total, 1);
+    p.ExpectAtRest("given back");
+    {
+        DialogRobot robot{ClickOn("yes")};
+        p.Click(p.Places().deal);
+    }
+    EXPECT_TRUE(p.engine.handOver);
+    EXPECT_EQ(p.engine.statistics.playErrors.total, 1) << "one hand is one error";
+}
+
+TEST_F(TablePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    EXPECT_EQ(p.Scene().Button(TableButton::kDoubleUp), ButtonLook::kReleased);
+    p.DecideNextDuel(1);
+    p.Press(p.Places().doubleUp);
+    EXPECT_EQ(p.Scene().Button(TableButton::kDoubleUp), ButtonLook::kPressed);
+    p.Release(p.Places().doubleUp);
+    EXPECT_TRUE(p.engine.doubleUpPick);
+    p.ExpectAtRest("waits");
+    p.Click(p.Places().cards[0]);
+    p.Click(p.Places().deal);
+    p.RightPress(p.Places().namePanel);
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "the dealer's card is none to pick";
+    p.Press(p.Places().holdButtons[1]);
+    EXPECT_EQ(p.Scene().places[1].holdButton, ButtonLook::kPressed);
+    QString caption;
+    QString question;
+    {
+        DialogRobot robot{[&](QDialog& dialog) {
+            caption = dialog.windowTitle();
+            question = dynamic_cast<QMessageBox&>(dialog).text();
+            p.DecideNextDuel(1);
+            Choose(QMessageBox::Yes)(dialog);
+        }};
+        p.Release(p.Places().holdButtons[1]);
+    }
+    EXPECT_EQ(caption, "Double Up Winner");
+    EXPECT_EQ(question, "You doubled up to 20. Double up again to 40?");
+    {
+        DialogRobot robot{Choose(QMessageBox::No)};
+        p.Click(p.Places().cards[1]);
+    }
+    EXPECT_EQ(p.Message(), "30 Bonus Credits");
+    EXPECT_EQ(p.Scene().credits, "135") << "95, 10 won, 30 put on top";
+    EXPECT_EQ(p.HandText(), kTwoPair);
+}
+
+TEST_F(TablePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(-1);
+    p.Key(Qt::Key_U);
+    ASSERT_TRUE(p.engine.doubleUpPick);
+    p.Keys({Qt::Key_1, Qt::Key_D, Qt::Key_Space, Qt::Key_O, Qt::Key_U, Qt::Key_C});
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "2 to 5 only";
+    EXPECT_EQ(Settings().credits, 105);
+    p.Key(Qt::Key_2, Qt::KeypadModifier);
+    EXPECT_EQ(p.Message(), "0 Bonus Credits");
+    EXPECT_EQ(p.Scene().credits, "95");
+    p.Key(Qt::Key_U);
+    EXPECT_FALSE(p.engine.doubleUpPick) << "no second offer";
+}
+
+TEST_F(TablePlayTest, ATieIsPlayedAgain) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(0);
+    p.Key(Qt::Key_U);
+    QString caption;
+    QString text;
+    {
+        DialogRobot robot{[&](QDialog& dialog) {
+                              p.DecideNextDuel(0);
+                              caption = dialog.windowTitle();
+                              Choose(QMessageBox::Yes)(dialog);
+                          },
+                          ReadMessage(caption, text)};
+        p.Keys({Qt::Key_2, Qt::Key_2});
+    }
+    EXPECT_EQ(caption, "Double Up Tie");
+    EXPECT_EQ(p.engine.statistics.doubleUpsTied.total, 2);
+    EXPECT_EQ(p.Scene().credits, "105") << "put away, it is left with the win";
+}
+
+TEST_F(TablePlayTest, AnInputEndsACountUpAndIsHandledAfterIt) {
+    Set("Speed", "2");
+    TestProgram& p = Start();
+    DealCards(kTwoPair, 5);
+    p.Keys({Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5});
+    bool counting = false;
+    p.clock.inPauseWithInput = [&] {
+        counting = p.engine.countingUp && p.Message() == "PAID 1";
+        p.Key(Qt::Key_D);
+        EXPECT_TRUE(p.engine.handOver) << "not inside the count";
+    };
+    p.Key(Qt::Key_D);
+    EXPECT_TRUE(counting);
+    EXPECT_EQ(p.clock.pausesWithInput, 1);
+    EXPECT_FALSE(p.engine.handOver) << "the next hand is dealt";
+    EXPECT_EQ(p.Scene().credits, "100") << "95, 10 won, 5 bet";
+}
+
+TEST_F(TablePlayTest, WhatIsPressedDuringTheDealIsDoneAfterItInOrder) {
+    Set("Speed", "2");
+    TestProgram& p = Start();
+    p.Stack(kJacks, 8);
+    p.clock.inPause = [&] {
+        p.Keys({Qt::Key_1, Qt::Key_2});
+        p.Click(p.Places().holdButtons[4]);
+        p.Click(p.Places().holdButtons[4]);
+        p.Key(Qt::Key_D);
+        EXPECT_TRUE(p.document->actions.Busy());
+        EXPECT_EQ(p.Held(), 0);
+    };
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
+    EXPECT_EQ(p.Scene().credits, "110");
+}
+
+TEST_F(TablePlayTest, TheWindowsOwnPausesLastAndGoOnPainting) {
+    Set("Speed", "2");
+    TestProgram& p = Start(true);
+    p.Stack(kNothing, 5);
+    QTimer later;
+    later.setSingleShot(true);
+    QObject::connect(&later, &QTimer::timeout, [&] { p.Key(Qt::Key_2); });
+    later.start(300);
+    QElapsedTimer time;
+    time.start();
+    p.Key(Qt::Key_D);
+    EXPECT_GE(time.elapsed(), 740) << "250 milliseconds, and 100 for each card";
+    EXPECT_EQ(p.Held(), 0b01000);
+}
+
+TEST_F(TablePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
+    TestProgram& p = Start();
+    QTest::keyRelease(p.view, Qt::Key_D);
+    EXPECT_TRUE(p.engine.handOver) << "let go after a dialog has closed";
+    QTest::keyPress(p.view, Qt::Key_D);
+    {
+        DialogRobot robot{Press(Qt::Key_Escape)};
+        p.Choose(kAbout);
+    }
+    QTest::keyRelease(p.view, Qt::Key_D);
+    EXPECT_TRUE(p.engine.handOver) << "the press was for something before the dialog";
+    QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_D, Qt::NoModifier, "d", true);
+    QTest::keyPress(p.view, Qt::Key_D);
+    QApplication::sendEvent(p.view, &repeated);
+    EXPECT_TRUE(p.engine.handOver) << "it is still down";
+    QTest::keyRelease(p.view, Qt::Key_D);
+    EXPECT_FALSE(p.engine.handOver);
+    p.Key(Qt::Key_D, Qt::ControlModifier);
+    p.Key(Qt::Key_D, Qt::AltModifier);
+    EXPECT_FALSE(p.engine.handOver) << "a shortcut is no key of the table";
+}
+
+TEST_F(TablePlayTest, KeyZeroResetsTheStatisticsAndLeavesTheErrorLog) {
+    Set("Mode", "2");
+    TestProgram& p = Start();
+    DealCards("AS AD KC 9H 2S", 5);
+    {
+        DialogRobot robot{ClickOn("yes")};
+        p.Key(Qt::Key_D);
+    }
+    ASSERT_EQ(p.engine.statistics.handsPlayed.total, 1);
+    const auto logged = [this] { return Stored("0", "Jacks or Better(0)"); };
+    const std::string entry = logged();
+    p.Key(Qt::Key_0, Qt::KeypadModifier);
+    EXPECT_EQ(p.engine.statistics.handsPlayed.total, 0);
+    EXPECT_EQ(logged(), entry);
+}
+
+TEST_F(TablePlayTest, KeySShowsTheStatistics) {
+    TestProgram& p = Start();
+    QString caption;
+    {
+        DialogRobot robot{[&](QDialog& dialog) {
+            caption = dialog.windowTitle();
+            dialog.reject();
+        }};
+        p.Key(Qt::Key_S);
+    }
+    EXPECT_EQ(caption, "Game Play Analysis");
+    EXPECT_EQ(p.frame->focusWidget(), p.view) << "the table has the keyboard back";
+}
+
+TEST_F(TablePlayTest, SoundsAreHeardWhenTheyAreOn) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    EXPECT_EQ(p.sounds.beeps, 1);
+    p.Choose(kToggleSounds);
+    WinWithTwoPair();
+    EXPECT_EQ(p.sounds.beeps, 1);
+    p.DecideNextDuel(-1);
+    p.Keys({Qt::Key_U, Qt::Key_2});
+    EXPECT_TRUE(p.sounds.played.empty());
+}
+
+}  // namespace

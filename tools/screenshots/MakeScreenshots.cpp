@@ -1,0 +1,138 @@
+// Poses the real program, without a screen, and takes the pictures of docs/screenshots into the
+// folder that TOLVANE_SCREENSHOTS names. Every table is dealt and played by real input.
+#include <QApplication>
+#include <QDir>
+#include <cstdlib>
+
+#include "tests/ui/TestProgram.h"
+
+namespace {
+
+constexpr QSize kSmallWindow{640, 480};
+constexpr QSize kWindow{1024, 700};
+constexpr QSize kLargeWindow{1920, 1080};
+
+class Studio {
+  public:
+    explicit Studio(QString target) : target(std::move(target)), program(FolderWithGame()) {
+        program.frame->showNormal();
+    }
+
+    TestProgram& Play(int game, QSize size, std::string_view cards, std::size_t count) {
+        program.document->Run(game);
+        Resize(size);
+        program.engine.settings.credits = 400;
+        program.Stack(cards, count);
+        program.Key(Qt::Key_D);
+        return program;
+    }
+
+    void Resize(QSize client) {
+        program.frame->resize(client + program.frame->size() - program.view->size());
+        QApplication::processEvents();
+    }
+
+    void Shoot(const QString& name) { Save(*program.frame, name); }
+
+    void Save(QWidget& widget, const QString& name) {
+        QApplication::processEvents();
+        EXPECT_TRUE(widget.grab().save(target + "/" + name + ".png")) << qPrintable(name);
+    }
+
+    TestProgram& Program() { return program; }
+
+  private:
+    const TemporaryFolder& FolderWithGame() {
+        QFile::copy(TOLVANE_DATA_FOLDER "/Tolvane.ini", folder.Path("Tolvane.ini").c_str());
+        folder.Write("Default.qdx",
+                     "[main]\nMode=1\nCoin=0.25\nCredits=400\nBet=5\nSpeed=3\nShowDollar=0\n"
+                     "Sounds=0\n");
+        return folder;
+    }
+
+    QString target;
+    TemporaryFolder folder;
+    TestProgram program;
+};
+
+void Hold(TestProgram& program, std::initializer_list<Qt::Key> keys) { program.Keys(keys); }
+
+void ShootGames(Studio& studio) {
+    TestProgram& p = studio.Play(300, kWindow, "AS KS 9H QS JS TS", 6);
+    Hold(p, {Qt::Key_1, Qt::Key_2, Qt::Key_4, Qt::Key_5});
+    studio.Shoot("jacks-or-better-held");
+    p.Key(Qt::Key_D);
+    studio.Shoot("jacks-or-better-won");
+
+    studio.Play(330, kSmallWindow, "2S 2H KD KC 7S", 5);
+    Hold(p, {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4});
+    studio.Shoot("deuces-wild-640x480");
+    p.Key(Qt::Key_D);
+
+    studio.Play(346, kLargeWindow, "W AS KD 5C 5H", 5);
+    Hold(p, {Qt::Key_1, Qt::Key_4, Qt::Key_5});
+    studio.Shoot("five-jokers-1920x1080");
+    p.Key(Qt::Key_D);
+
+    // What is drawn in place of all five loses, or the machine would ask about a second draw.
+    studio.Play(318, kWindow, "AS AH TC 9H 2S 3C 4D 6H 7S 8C", 10);
+    Hold(p, {Qt::Key_1, Qt::Key_2});
+    studio.Shoot("double-draw");
+    Hold(p, {Qt::Key_1, Qt::Key_2});
+    p.Key(Qt::Key_D);
+
+    p.document->Run(kModeAutoHold);
+    studio.Play(350, kWindow, "KS QD KC 9H 2S 3C 4D 5H", 8);
+    studio.Shoot("pick-em");
+    p.Key(Qt::Key_Left);
+    studio.Play(351, kWindow, "JS JD TC 9H 2S JC", 6);
+    studio.Shoot("sneak-peak");
+    p.Key(Qt::Key_D);
+    p.document->Run(kModeCasino);
+}
+
+void ShootDoubleUp(Studio& studio) {
+    TestProgram& p = studio.Play(300, kWindow, "JS JD TC TH 2S", 5);
+    Hold(p, {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5});
+    p.Key(Qt::Key_D);
+    p.DecideNextDuel(1);
+    p.Key(Qt::Key_U);
+    studio.Shoot("double-up");
+    DialogRobot robot({[&](QDialog& dialog) {
+        studio.Shoot("double-up-won");
+        dialog.reject();
+    }});
+    p.Key(Qt::Key_2);
+}
+
+// Plays hands of a game until the generator of the features gives the draw that is wanted.
+void ShootFeature(Studio& studio, int game, int draw, std::string_view cards, const QString& name,
+                  std::initializer_list<Qt::Key> keys) {
+    TestProgram& p = studio.Play(game, kWindow, cards, 5);
+    Hold(p, {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5});
+    p.DecideFeatures(
+        [draw](CombinedRandom random) { return draw == 0 || random.IRandom(1, 150) == draw; });
+    p.Key(Qt::Key_D);
+    p.Keys(keys);
+    studio.Shoot(name);
+    p.document->Run(300);
+}
+
+void ShootFeatures(Studio& studio) {
+    ShootFeature(studio, 354, 2, "2S 4D 6C 8H TS", "spin", {});
+    ShootFeature(studio, 355, 149, "2S 4D 6C 8H TS", "target", {Qt::Key_2, Qt::Key_4});
+    ShootFeature(studio, 352, 0, "2D 4D 6H 8H TD", "red-or-black", {Qt::Key_R});
+    ShootFeature(studio, 353, 0, "2S 2D 3C 3H AC", "five-card-charlie", {});
+}
+
+// Not a test, but it needs the same program, set up in the same way.
+TEST(MakeScreenshots, TakesThemAll) {
+    const char* folder = std::getenv("TOLVANE_SCREENSHOTS");
+    ASSERT_TRUE(folder && QDir().mkpath(folder)) << "TOLVANE_SCREENSHOTS must name a folder";
+    Studio studio(QString::fromLocal8Bit(folder));
+    ShootGames(studio);
+    ShootDoubleUp(studio);
+    ShootFeatures(studio);
+}
+
+}  // namespace
