@@ -2,15 +2,18 @@
 // folder that TOLVANE_SCREENSHOTS names. Every table is dealt and played by real input.
 #include <QApplication>
 #include <QDir>
+#include <QTabWidget>
 #include <cstdlib>
 
 #include "tests/ui/TestProgram.h"
+#include "ui/dialogs/HelpWindow.h"
 
 namespace {
 
 constexpr QSize kSmallWindow{640, 480};
 constexpr QSize kWindow{1024, 700};
 constexpr QSize kLargeWindow{1920, 1080};
+constexpr int kLiveAnalysis = 700;  // milliseconds, until the pay table manager shows its return
 
 class Studio {
   public:
@@ -44,6 +47,8 @@ class Studio {
   private:
     const TemporaryFolder& FolderWithGame() {
         QFile::copy(TOLVANE_DATA_FOLDER "/Tolvane.ini", folder.Path("Tolvane.ini").c_str());
+        QFile::copy(QCoreApplication::applicationDirPath() + "/Game Analyses.114",
+                    folder.Path("Game Analyses.dat").c_str());
         folder.Write("Default.qdx",
                      "[main]\nMode=1\nCoin=0.25\nCredits=400\nBet=5\nSpeed=3\nShowDollar=0\n"
                      "Sounds=0\n");
@@ -125,6 +130,68 @@ void ShootFeatures(Studio& studio) {
     ShootFeature(studio, 353, 0, "2S 2D 3C 3H AC", "five-card-charlie", {});
 }
 
+// Opens a dialog by its command, and takes a picture of it and of its second tab.
+void ShootDialog(Studio& studio, int command, const QString& name, const QString& second = {}) {
+    DialogRobot robot({[&](QDialog& dialog) {
+        QTest::qWait(kLiveAnalysis);
+        studio.Save(dialog, name);
+        if (auto* tabs = dialog.findChild<QTabWidget*>(); tabs && !second.isEmpty()) {
+            tabs->setCurrentIndex(1);
+            studio.Save(dialog, second);
+        }
+        dialog.reject();
+    }});
+    studio.Program().document->Run(command);
+}
+
+void ShootAutoplay(Studio& studio) {
+    DialogRobot robot({Type("1500"), Press(Qt::Key_Return), [&](QDialog& dialog) {
+                           // The screen that is not there is smaller than most that are.
+                           dialog.resize(dialog.sizeHint());
+                           studio.Save(dialog, "play-statistics");
+                           dialog.findChild<QTabWidget*>()->setCurrentIndex(1);
+                           studio.Save(dialog, "play-statistics-session");
+                           dialog.reject();
+                       }});
+    studio.Program().document->Run(kAutoplay);
+}
+
+// Two play errors, which the log then holds.
+void ShootErrors(Studio& studio) {
+    TestProgram& p = studio.Program();
+    p.document->Run(kModeWarning);
+    for (const std::string_view cards : {"9S 9D TC 4H 2S", "KS QD JC TH 2H"}) {
+        studio.Play(300, kWindow, cards, 5);
+        DialogRobot robot({[&](QDialog& dialog) {
+            studio.Save(dialog, "best-play-error");
+            dialog.accept();
+        }});
+        p.Key(Qt::Key_D);
+    }
+    p.document->Run(kModeCasino);
+    ShootDialog(studio, kViewErrorLog, "error-log");
+}
+
+void ShootDialogs(Studio& studio) {
+    TestProgram& p = studio.Play(300, kWindow, "AS KS QS JS 9H", 5);
+    ShootDialog(studio, kAnalyzeHand, "hand-analysis", "hand-analysis-chart");
+    ShootDialog(studio, kAssignFixedHand, "fixed-hand");
+    p.Key(Qt::Key_D);
+    ShootDialog(studio, kAnalyzeGame, "game-analysis", "game-analysis-shares");
+    ShootDialog(studio, kEditCurrentPayTable, "pay-table-manager");
+    ShootDialog(studio, kCombinations, "combinations");
+    ShootDialog(studio, kEnterCredits, "enter-dollars");
+    ShootDialog(studio, kAbout, "about");
+    ShootAutoplay(studio);
+    ShootErrors(studio);
+    p.document->Run(kHelpIndex);
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!qobject_cast<HelpWindow*>(window)) continue;
+        studio.Save(*window, "help");
+        window->close();
+    }
+}
+
 // Not a test, but it needs the same program, set up in the same way.
 TEST(MakeScreenshots, TakesThemAll) {
     const char* folder = std::getenv("TOLVANE_SCREENSHOTS");
@@ -133,6 +200,7 @@ TEST(MakeScreenshots, TakesThemAll) {
     ShootGames(studio);
     ShootDoubleUp(studio);
     ShootFeatures(studio);
+    ShootDialogs(studio);
 }
 
 }  // namespace
