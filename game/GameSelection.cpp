@@ -75,8 +75,6 @@ void ReloadPayTable(GameTable& table) {
     GameEngine& engine = table.engine;
     GameFiles& files = table.files;
     const MachineSettings& settings = engine.settings;
-    SettleFeatures(table);
-    SaveGame(table, false);
     PayTable changed = LoadPayTable(files.file, settings.gameId, settings.gameName,
                                     settings.activeTable, files.mainPath, files.gamePath);
     const auto& lines = engine.payTable.lines;
@@ -84,6 +82,9 @@ void ReloadPayTable(GameTable& table) {
         changed.lines[i].sessionWins = lines[i].sessionWins;
         changed.lines[i].totalWins = lines[i].totalWins;
     }
+    if (changed == engine.payTable) return;  // what lies on the table may go on lying there
+    SettleFeatures(table);
+    SaveGame(table, false);
     UseTable(engine, std::move(changed), table.tables);
     engine.dealtCopy = engine.statistics.setCards;
     ShowGameOver(table);
