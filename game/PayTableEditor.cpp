@@ -216,6 +216,15 @@ void PayTableEditor::Save(PayTableQuestions& questions) {
     }
 }
 
+void PayTableEditor::Add(PayTableQuestions& questions) {
+    if (IsRefused(questions)) return;
+    if (newGame) {
+        WriteInPlace(questions);
+    } else {
+        Append(questions);
+    }
+}
+
 bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
     if (newGame) tableIndex = 0;
     // A new game that is saved under one name and then under another is still one game.

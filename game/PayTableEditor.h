@@ -70,6 +70,10 @@ class PayTableEditor {
     void LoadTemplate(PayTableQuestions& questions);
     void ChangeGame(PayTableQuestions& questions);
     void Save(PayTableQuestions& questions);
+
+    // Saves the table as a new one of the game, which the first table of a built-in game, never to
+    // be overwritten, has no other way to become. A game without tables is saved.
+    void Add(PayTableQuestions& questions);
     void Delete(PayTableQuestions& questions);
     void Rename(PayTableQuestions& questions);
 

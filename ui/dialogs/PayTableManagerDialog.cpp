@@ -237,6 +237,7 @@ QWidget* PayTableManagerDialog::MakeButtons() {
                             [this] { editor.Rename(*this); });
     deleteTable = AddCommand(*layout, 1, 3, tr("Delete &Tbl"), "deleteTable",
                              [this] { editor.Delete(*this); });
+    AddCommand(*layout, 1, 4, tr("Add T&bl"), "addTable", [this] { editor.Add(*this); });
     layout->setColumnStretch(5, 1);
     auto* done = AddButton(*layout, 0, 6, tr("&Done"), "done");
     connect(done, &QPushButton::clicked, this, &QDialog::accept);
