@@ -5,13 +5,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
+#include <algorithm>
 
 #include "app/CMorvikDoc.h"
 #include "app/MenuTable.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/CMorvikView.h"
-#include "ui/table/Commands.h"
 
 namespace {
 
@@ -19,9 +19,7 @@ constexpr const char* kGeometryKey = "window/geometry";
 constexpr const char* kMaximizedKey = "window/maximized";
 
 // A name may hold a '&', which would mark a letter in a menu.
-QString MenuText(std::string_view name) {
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).replace("&", "&&");
-}
+QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
 
 QString CaptionOf(const MenuEntry& entry) {
     for (const BuiltInGame& game : BuiltInGames()) {
@@ -44,12 +42,11 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     setCentralWidget(view);
     MakeMenus();
     connect(document, &CMorvikDoc::SceneChanged, view, qOverload<>(&QWidget::update));
-    connect(document, &CMorvikDoc::TitleChanged, this,
-            [this] { setWindowTitle(document->Title()); });
+    connect(document, &CMorvikDoc::TitleChanged, this, &CMainFrame::UpdateTitle);
     connect(
         document, &CMorvikDoc::ExitChosen, this, [this] { close(); }, Qt::QueuedConnection);
     connect(document, &CMorvikDoc::Settled, this, &CMainFrame::UpdateActions);
-    setWindowTitle(document->Title());
+    UpdateTitle();
 
     const QSettings settings;
     const bool known = restoreGeometry(settings.value(kGeometryKey).toByteArray());
@@ -61,6 +58,8 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     }
     view->setFocus();
 }
+
+void CMainFrame::UpdateTitle() { setWindowTitle(document->Title()); }
 
 void CMainFrame::MakeMenus() {
     const auto popups = MenuBar();

@@ -28,6 +28,7 @@ class CMainFrame : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void UpdateTitle();
     void MakeMenus();
     void AddEntries(QMenu& menu, int popup);
     QAction* AddAction(QMenu& menu, int id, const QString& caption);

@@ -34,11 +34,7 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
             .display = display,
             .player = player,
             .sounds = sounds,
-            .clock = clock,
-            .random = {},
-            .beforeDoubleUp = {},
-            .target = {},
-            .redBlack = {}},
+            .clock = clock},
       paths(std::move(dataPaths)),
       spare(spareEngine),
       window(parent),
@@ -98,9 +94,7 @@ void CMorvikDoc::AnswerQuestions() {
 }
 
 void CMorvikDoc::Dispatch(int command) {
-    const bool isGame = (command >= kFirstGame && command <= kLastGame) ||
-                        (command >= kFirstUserGame && command <= kLastUserGame);
-    if (isGame) {
+    if (IsGame(command)) {
         ChooseGame(command);
     } else if (!DispatchFile(command) && !DispatchOption(command)) {
         DispatchDialog(command);

@@ -21,7 +21,7 @@ class ProfileFile;
 class CMorvikDoc : public QObject {
     Q_OBJECT
 
-    GameFiles files;
+    GameFiles files;  // first, because the table refers to these two
     LineTableCache lineTables;
 
   public:

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "core/paytable/GameCatalogue.h"
 #include "game/GameEngine.h"
 #include "ui/table/Commands.h"
 
@@ -110,10 +109,6 @@ constexpr std::array kMenuBar{
     MenuPopup{"analyzeMenu", "&Analyze", kAnalyzeMenu},
     MenuPopup{"helpMenu", "&Help", kHelpMenu},
 };
-
-bool IsGame(int id) {
-    return (id >= kFirstGame && id <= kLastGame) || (id >= kFirstUserGame && id <= kLastUserGame);
-}
 
 }  // namespace
 

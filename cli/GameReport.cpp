@@ -19,11 +19,7 @@ constexpr std::size_t kLongestDescription = 24;
 constexpr std::size_t kLongestName = 40;
 constexpr double kLongestBar = 15;
 
-std::string Grouped(std::string_view format, double value) {
-    return FormatNumber(FormatDouble(format, value), true, false);
-}
-
-std::string Whole(double value) { return Grouped("%.0f", value); }
+std::string Whole(double value) { return FormatDecimals("%.0f", value); }
 
 std::string Percent(std::string_view format, double value) {
     return FormatDouble(format, value) + "%";
@@ -32,7 +28,7 @@ std::string Percent(std::string_view format, double value) {
 double Share(double part, double whole) { return whole == 0 ? 0 : part / whole; }
 
 std::string Odds(double probability) {
-    return probability == 0 ? "never" : "1:" + Grouped("%.2f", 1 / probability);
+    return probability == 0 ? "never" : "1:" + FormatDecimals("%.2f", 1 / probability);
 }
 
 std::vector<std::string> Bar(double share, double longest) {
@@ -50,11 +46,11 @@ std::string Heading(const GameReport& report) {
 std::string KeyFigures(const GameReport& report) {
     const GameTotals& totals = report.totals;
     std::string text = "Return    " + Percent("%.6f", totals.payoutPercent) + ": $" +
-                       Grouped("%.2f", totals.er) + " for $" + Grouped("%.2f", totals.cost) +
-                       ", every starting hand played once\n";
-    text += "Variance  " + Grouped("%.6f", totals.variance) +
-            " for each coin; standard deviation " + Grouped("%.4f", std::sqrt(totals.variance)) +
-            "\n";
+                       FormatDecimals("%.2f", totals.er) + " for $" +
+                       FormatDecimals("%.2f", totals.cost) + ", every starting hand played once\n";
+    text += "Variance  " + FormatDecimals("%.6f", totals.variance) +
+            " for each coin; standard deviation " +
+            FormatDecimals("%.4f", std::sqrt(totals.variance)) + "\n";
     text += "Analysed  " + Whole(totals.initHandsTotal) + " starting hands by " +
             Whole(static_cast<double>(totals.representatives)) + " representatives in " +
             FormatDouble("%.3f", report.seconds) + " s\n";
@@ -93,7 +89,7 @@ std::string LineTable(const GameReport& report) {
         const double probability = Share(summary, totals.denominator);
         text.AddRow({Shortened(name, kLongestDescription), Whole(pay), Odds(probability),
                      Percent("%.5f", probability * 100), Percent("%.3f", percent),
-                     Grouped("%.4f", variance)},
+                     FormatDecimals("%.4f", variance)},
                     Bar(percent, longest));
     };
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
@@ -102,8 +98,8 @@ std::string LineTable(const GameReport& report) {
             LinePercentReturn(totals, table, i), totals.lineVariance[i]);
     }
     add("NOTHING", 0, totals.summaryNothing, 0, totals.nothingVariance);
-    text.AddRow({"total", "", "", "", Percent("%.3f", all), Grouped("%.4f", totals.variance)},
-                {""});
+    text.AddRow(
+        {"total", "", "", "", Percent("%.3f", all), FormatDecimals("%.4f", totals.variance)}, {""});
     return text.Text() + Legend(table) + "\n";
 }
 
@@ -209,7 +205,7 @@ std::string GamesAsText(std::span<const GameReport> reports) {
         text.AddRow(
             {std::to_string(report.chosen.game.id),
              Shortened(report.chosen.game.name, kLongestName),
-             Percent("%.4f", totals.payoutPercent), Grouped("%.4f", totals.variance),
+             Percent("%.4f", totals.payoutPercent), FormatDecimals("%.4f", totals.variance),
              Whole(totals.initHandsTotal)},
             {FormatDouble("%7.3f", report.seconds) + (totals.cancelled ? "  cancelled" : "")});
         seconds += report.seconds;

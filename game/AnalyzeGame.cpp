@@ -7,10 +7,12 @@
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/paytable/GameCatalogue.h"
+#include "core/paytable/PayTableStore.h"
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
 #include "core/text/Numbers.h"
+#include "game/HandFlow.h"
 #include "game/SpareEngine.h"
 
 namespace {
@@ -114,13 +116,6 @@ class AnalysisRun {
     GameTotals totals;
 };
 
-void TellOfMissingTable(Player& player) {
-    player.IsTold("Missing pay table",
-                  "Pay table does not exist for this game. Select Options->Edit Pay Table to "
-                  "create pay table.",
-                  MessageIcon::kError);
-}
-
 // The command from the first report on.
 class ReportLoop {
   public:
@@ -133,7 +128,7 @@ class ReportLoop {
             pages.ShowCurrent();
             if (ReadAndRun() != kReportCurrent) return;
         }
-        TellOfMissingTable(table.player);
+        TellOfMissingPayTable(table.player);
     }
 
   private:
@@ -166,7 +161,7 @@ class ReportLoop {
     bool RunTable(int index) {
         const std::string game = pages.GameName();
         if (!TableExists(table.files.file, game, index, table.files.mainPath)) {
-            TellOfMissingTable(table.player);
+            TellOfMissingPayTable(table.player);
             return true;
         }
         const auto choice = reports.ChoosesFiles(AnalysisFilesOf(game, index, paths));
@@ -224,16 +219,15 @@ std::vector<std::string> GameReportPages::Games() const {
     return SelectableGames(table.files.file, table.files.mainPath);
 }
 
-int GameReportPages::NextIndex() const { return Neighbour("NextIndex"); }
+int GameReportPages::NextIndex() const { return NextTable(Files(), GameName(), TableIndex()); }
 
 // The first table has none, whatever stands in the file.
 int GameReportPages::PreviousIndex() const {
-    return TableIndex() > 0 ? Neighbour("PrevIndex") : kNoTable;
+    return TableIndex() > 0 ? PreviousTable(Files(), GameName(), TableIndex()) : kNoTable;
 }
 
-int GameReportPages::Neighbour(const char* key) const {
-    return table.files.file.GetInt(TableSection(GameName(), TableIndex()), key, kNoTable,
-                                   table.files.mainPath);
+PayTableFiles GameReportPages::Files() const {
+    return {table.files.file, table.files.mainPath, cache.path};
 }
 
 int RunCode(int tableIndex) {

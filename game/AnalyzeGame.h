@@ -9,6 +9,8 @@
 #include "game/GameTable.h"
 #include "game/reports/GameReport.h"
 
+struct PayTableFiles;
+
 // The report on one table after another. The one shown is the game and the active table of the
 // spare engine; nothing is stored of it. The objects referred to outlive the pages.
 class GameReportPages {
@@ -40,7 +42,7 @@ class GameReportPages {
 
     int NextIndex() const;
     int PreviousIndex() const;
-    int Neighbour(const char* key) const;
+    PayTableFiles Files() const;
 
     GameTable& table;
     GameEngine& spare;

@@ -10,21 +10,16 @@ namespace {
 
 constexpr int kDollarsEntered = 100;
 constexpr std::size_t kCardsOfHand = std::size_t{2} * kHandSize;  // with those drawn
-constexpr HoldMask kPlayersTwo = 24;
 
 // The best hold is never an error, so nothing is ever asked.
 const GoesOnAfterError kNobodyAsked = [](const std::string&) { return true; };
 
-void Hold(GameEngine& engine, HoldMask mask) {
-    for (int i = 0; i < kHandSize; ++i) engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
-}
-
 // A pile is judged by the cards that are seen, and played by holding or replacing all of it.
 void ChoosePile(GameEngine& engine, const GameFiles& files) {
     const bool left = engine.analysis.best == kLeftPile;
-    Hold(engine, left ? kLeftPile : kRightPile);
+    HoldCards(engine, left ? kLeftPile : kRightPile);
     CheckBestPlay(engine, files, kNobodyAsked, true);
-    Hold(engine, left ? kStandPat : kPlayersTwo);
+    HoldCards(engine, left ? kStandPat : kPlayersTwo);
 }
 
 void PlayHand(GameEngine& engine, const GameFiles& files) {
@@ -32,10 +27,10 @@ void PlayHand(GameEngine& engine, const GameFiles& files) {
     engine.settings.credits = AddCapped(engine.settings.credits, -engine.settings.bet);
     engine.deck.DrawTop(kCardsOfHand);
     DealOrDraw(engine, files);
-    if (engine.payTable.type == GameType::kPickEm) {
+    if (IsPickEm(engine)) {
         ChoosePile(engine, files);
     } else {
-        Hold(engine, engine.analysis.best);
+        HoldCards(engine, engine.analysis.best);
         CheckBestPlay(engine, files, kNobodyAsked, true);
     }
     DealOrDraw(engine, files);

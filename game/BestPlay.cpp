@@ -30,8 +30,8 @@ bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfter
     const ErrorLogEntry entry{
         engine.dealtCopy, engine.drawCards, engine.analysis.best, held, best, own};
     if (counts) LogError(engine, files, entry);
-    const bool pickEm = engine.payTable.type == GameType::kPickEm;
-    return goesOn(BestPlayErrorText(entry, engine.deck.table, pickEm, engine.settings.coin));
+    return goesOn(
+        BestPlayErrorText(entry, engine.deck.table, IsPickEm(engine), engine.settings.coin));
 }
 
 bool CheckDrawAgain(const GameEngine& engine, const GoesOnAfterError& goesOn, bool drawsAgain) {

@@ -147,19 +147,21 @@ int SpinMultiplier(int draw) { return MultiplierOf(draw).spin; }
 
 int TargetMultiplier(int draw) { return MultiplierOf(draw).target; }
 
-void StartFeatures(GameTable& table) {
+void MaybeStartSpinOrTarget(GameTable& table) {
     const PayTable& payTable = table.engine.payTable;
-    if (payTable.spinBonus || payTable.targetBonus) {
-        const int draw = table.random.IRandom(1, kHandsPerFeature);
-        if (payTable.spinBonus && draw == kSpinDraw) {
-            StartSpin(table);
-        } else if (payTable.targetBonus && draw == kTargetDraw) {
-            StartTarget(table);
-        }
+    if (!payTable.spinBonus && !payTable.targetBonus) return;
+    const int draw = table.random.IRandom(1, kHandsPerFeature);
+    if (payTable.spinBonus && draw == kSpinDraw) {
+        StartSpin(table);
+    } else if (payTable.targetBonus && draw == kTargetDraw) {
+        StartTarget(table);
     }
+}
+
+void MaybeStartRedBlack(GameTable& table) {
     const HandFeatures& features = table.engine.features;
     const bool oneColour = features.reds == kHandSize || features.blacks == kHandSize;
-    if (payTable.redBlackBonus && oneColour) StartRedBlack(table);
+    if (table.engine.payTable.redBlackBonus && oneColour) StartRedBlack(table);
 }
 
 void Spin(GameTable& table) {

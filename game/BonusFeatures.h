@@ -7,9 +7,10 @@
 int SpinMultiplier(int draw);
 int TargetMultiplier(int draw);
 
-// After a final hand: one hand in 150 starts Spin, one in 150 Target, and five cards of one colour
-// start Red or Black, each where the table has it.
-void StartFeatures(GameTable& table);
+// After a final hand, where the table has the feature: one hand in 150 starts Spin, one in 150
+// Target; five cards of one colour start Red or Black.
+void MaybeStartSpinOrTarget(GameTable& table);
+void MaybeStartRedBlack(GameTable& table);
 
 // The player's actions; nothing while the feature does not wait for them.
 void Spin(GameTable& table);

@@ -49,8 +49,7 @@ void DealFixedHand(GameEngine& engine) {
     for (auto& card : engine.hand) {
         if (card == kNoCard) card = DrawBeside(engine, engine.drawCards[0]);
     }
-    const bool showsFirstDraw =
-        engine.payTable.type == GameType::kPickEm || engine.payTable.gameId == kSneakPeakGameId;
+    const bool showsFirstDraw = IsPickEm(engine) || IsSneakPeak(engine);
     if (showsFirstDraw && engine.drawCards[0] == kNoCard) {
         engine.drawCards[0] = DrawBeside(engine, kNoCard);
     }
@@ -90,7 +89,7 @@ Classification Classify(GameEngine& engine, EvaluatedHand& evaluated) {
 
 void ClassifyDeal(GameEngine& engine) {
     EvaluatedHand evaluated = OnTable(engine);
-    if (engine.payTable.type == GameType::kPickEm) {
+    if (IsPickEm(engine)) {
         ComputePickEmDealFeatures(evaluated, engine.payTable,
                                   FaceOf(engine, engine.drawCards[0]).rank);
     } else {
@@ -98,14 +97,6 @@ void ClassifyDeal(GameEngine& engine) {
     }
     engine.dealtLine = Classify(engine, evaluated).line;
     engine.charlieOnDeal = engine.charlieNow;
-}
-
-void AnalyzeDeal(GameEngine& engine) {
-    KnownCards known;
-    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(engine, engine.hand[i]);
-    known.firstDraw = FaceOf(engine, engine.drawCards[0]);
-    AnalyzeHand(LineTablesOf(engine), engine.payTable, known, engine.settings.bet,
-                engine.settings.coin, engine.analysis);
 }
 
 void Deal(GameEngine& engine, const GameFiles& files) {
@@ -120,7 +111,7 @@ void Deal(GameEngine& engine, const GameFiles& files) {
         DealFromTop(engine);
     }
     engine.dealtCopy = engine.hand;
-    AnalyzeDeal(engine);
+    AnalyzeDealtHand(engine);
     ClassifyDeal(engine);
     engine.readyToDeal = engine.handOver = false;
 }
@@ -162,12 +153,24 @@ int Draw(GameEngine& engine) {
 
 }  // namespace
 
+void AnalyzeDealtHand(GameEngine& engine) {
+    KnownCards known;
+    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(engine, engine.hand[i]);
+    known.firstDraw = FaceOf(engine, engine.drawCards[0]);
+    AnalyzeHand(LineTablesOf(engine), engine.payTable, known, engine.settings.bet,
+                engine.settings.coin, engine.analysis);
+}
+
 HoldMask HeldMask(const GameEngine& engine) {
     HoldMask mask = 0;
     for (std::size_t i = 0; i < kHandSize; ++i) {
         if (engine.held[i]) mask |= 16 >> i;
     }
     return mask;
+}
+
+void HoldCards(GameEngine& engine, HoldMask mask) {
+    for (int i = 0; i < kHandSize; ++i) engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
 }
 
 int DealOrDraw(GameEngine& engine, const GameFiles& files) {

@@ -17,5 +17,9 @@ int DealOrDraw(GameEngine& engine, const GameFiles& files);
 // draw paid and counted is taken back, except for a fixed hand.
 void PrepareSecondDraw(GameEngine& engine);
 
-// The bits of the held flags.
+// Analyses the hand on the engine, with its first draw card where the game shows that.
+void AnalyzeDealtHand(GameEngine& engine);
+
+// The held flags as bits, and the bits as held flags.
 HoldMask HeldMask(const GameEngine& engine);
+void HoldCards(GameEngine& engine, HoldMask mask);

@@ -38,13 +38,13 @@ void DealAgain(GameTable& table) {
     if (engine.doubleUpOffered) WithdrawDoubleUp(table);
     ShowCredits(table);
     table.display.ShowMessage("GOOD LUCK!");
-    table.logFlag = true;
-    const bool pickEm = engine.payTable.type == GameType::kPickEm;
+    table.logsErrors = true;
+    const bool pickEm = IsPickEm(engine);
     if (pickEm) {
         ClearPickEmPlaces(table);
     } else {
         first ? ShowBacks(table) : ShowBacksOfAll(table);
-        if (engine.payTable.gameId == kSneakPeakGameId) table.display.ShowFirstDraw(kNoCard);
+        if (IsSneakPeak(engine)) table.display.ShowFirstDraw(kNoCard);
     }
     table.clock.Pause(DelaysOf(engine.settings.speed).deal);
     DealOrDraw(engine, table.files);
@@ -67,7 +67,7 @@ void AssignFixedHand(GameTable& table) {
 void FixedDealDraw(GameTable& table) {
     const GameEngine& engine = table.engine;
     if (engine.handOver && !CanBeginHand(table)) return;
-    const bool judged = !engine.handOver && engine.payTable.type != GameType::kPickEm;
+    const bool judged = !engine.handOver && !IsPickEm(engine);
     if (judged && !PassesBestPlayCheck(table)) return;
     if (HasHandToDeal(table)) DealAgain(table);
 }

@@ -18,10 +18,17 @@ CardCode FindJoker(const CardTable& table, std::ptrdiff_t number) {
 
 }  // namespace
 
+PlacedCard CardAt(const GameEngine& engine, CardCode code) {
+    const CardTable& table = engine.deck.table;
+    if (code < 0 || code >= table.deckSize) return {};
+    const CardInfo& card = table.cards[static_cast<std::size_t>(code)];
+    return {card.rank, card.suit};
+}
+
 FixedHandEditor::FixedHandEditor(GameEngine& engine) : engine(engine) { LastDealt(); }
 
 bool FixedHandEditor::HasStars() const { return engine.deck.table.starsSlot != kNoCard; }
-bool FixedHandEditor::IsPickEm() const { return engine.payTable.type == GameType::kPickEm; }
+bool FixedHandEditor::IsPickEm() const { return ::IsPickEm(engine); }
 int FixedHandEditor::JokerCount() const {
     return std::clamp(engine.payTable.jokers, 0, kMaxJokers);
 }
@@ -91,7 +98,7 @@ void FixedHandEditor::LastDealt() {
         }
     }
     std::ranges::transform(replacements, draws.begin(),
-                           [this](CardCode code) { return CardOf(code); });
+                           [this](CardCode code) { return CardAt(engine, code); });
 }
 
 void FixedHandEditor::Apply() const {
@@ -107,13 +114,6 @@ void FixedHandEditor::Apply() const {
     engine.fixedHand = true;
 }
 
-PlacedCard FixedHandEditor::CardOf(CardCode code) const {
-    const CardTable& table = engine.deck.table;
-    if (code < 0 || code >= table.deckSize) return {};
-    const CardInfo& card = table.cards[static_cast<std::size_t>(code)];
-    return {card.rank, card.suit};
-}
-
 CardCode FixedHandEditor::CodeAt(std::size_t place) const {
     const PlacedCard& card = places[place];
     const CardTable& table = engine.deck.table;
@@ -126,7 +126,7 @@ CardCode FixedHandEditor::CodeAt(std::size_t place) const {
 }
 
 void FixedHandEditor::Put(int place, CardCode code) {
-    const PlacedCard card = CardOf(code);
+    const PlacedCard card = CardAt(engine, code);
     if (card.IsEmpty()) return;
     current = place;
     if (card.IsJoker()) {

@@ -23,6 +23,9 @@ struct PlacedCard {
     bool operator==(const PlacedCard&) const = default;
 };
 
+// No card for a code that is not in the deck.
+PlacedCard CardAt(const GameEngine& engine, CardCode code);
+
 class FixedHandEditor {
   public:
     // Begins with LastDealt. The engine outlives the editor.
@@ -63,7 +66,6 @@ class FixedHandEditor {
     void Apply() const;
 
   private:
-    PlacedCard CardOf(CardCode code) const;
     CardCode CodeAt(std::size_t place) const;
     void Put(int place, CardCode code);
     void Fill(PlacedCard card);

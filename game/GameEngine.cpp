@@ -4,6 +4,10 @@
 
 #include "core/analysis/LineTableCache.h"
 
+bool IsPickEm(const GameEngine& engine) { return engine.payTable.type == GameType::kPickEm; }
+
+bool IsSneakPeak(const GameEngine& engine) { return engine.payTable.gameId == kSneakPeakGameId; }
+
 bool FeaturePending(const GameEngine& engine) {
     return engine.doubleUpPick || engine.redBlackPending || engine.spinPending ||
            engine.targetPending;

@@ -68,6 +68,10 @@ struct GameEngine {
     bool stopCountUp = false;
 };
 
+// Whether this game is played, which deals and draws in a way of its own.
+bool IsPickEm(const GameEngine& engine);
+bool IsSneakPeak(const GameEngine& engine);
+
 // A feature or a double up waits for the player, who can do nothing else at the table.
 bool FeaturePending(const GameEngine& engine);
 

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/analysis/LineTableCache.h"
 #include "core/paytable/GameCatalogue.h"
-#include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
 #include "game/BonusFeatures.h"
+#include "game/HandFlow.h"
 #include "game/SaveGame.h"
 #include "game/TableCommands.h"
 
@@ -52,10 +51,7 @@ GameChoice Choose(GameTable& table, int id, std::optional<int> tableIndex) {
     const std::string name = NameOf(table.files, id);
     if (name.empty()) return GameChoice::kUnknown;
     if (LacksPayTable(table.files, id, name)) {
-        table.player.IsTold("Missing pay table",
-                            "Pay table does not exist for this game. Select Options->Edit Pay "
-                            "Table to create pay table.",
-                            MessageIcon::kError);
+        TellOfMissingPayTable(table.player);
         return GameChoice::kNoPayTable;
     }
     Select(table, id, name, tableIndex);

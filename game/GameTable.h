@@ -45,12 +45,12 @@ struct GameTable {
     Sounds& sounds;
     Clock& clock;
 
-    CombinedRandom random;  // of the features, apart from the deck's
-    bool logFlag = true;    // a play error of this hand is logged
+    CombinedRandom random{};  // of the features, apart from the deck's
+    bool logsErrors = true;   // a play error of this hand is counted and logged
     bool drawAgainAllowed = true;
     bool bonusShown = false;      // the message meter shows a bonus, not the win
     bool saveFailedTold = false;  // since the last save that succeeded
-    HandOnTable beforeDoubleUp;
-    TargetGame target;
-    RedBlackGame redBlack;
+    HandOnTable beforeDoubleUp{};
+    TargetGame target{};
+    RedBlackGame redBlack{};
 };

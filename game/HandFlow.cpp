@@ -1,5 +1,6 @@
 #include "game/HandFlow.h"
 
+#include "core/analysis/ErrorLog.h"
 #include "game/BestPlay.h"
 #include "game/BonusFeatures.h"
 #include "game/Dealing.h"
@@ -12,8 +13,6 @@ namespace {
 
 constexpr int kResultPause = 1000;  // milliseconds, before "Draw Again?"
 constexpr int kAcesToDrawAgain = 2;
-
-bool IsSneakPeak(const GameEngine& engine) { return engine.payTable.gameId == kSneakPeakGameId; }
 
 bool IsDoubleDraw(const GameEngine& engine) {
     return engine.payTable.type == GameType::kDoubleDraw;
@@ -78,7 +77,8 @@ bool DrawsAgain(GameTable& table) {
     if (!mayAsk) return false;
     ShowMeters(table);
     table.clock.Pause(kResultPause);
-    const bool wants = table.player.SaysYes("Draw Again?", "Do you wish to draw again?");
+    const bool wants =
+        table.player.SaysYes(std::string(kDrawAgainCaption), std::string(kDrawAgainQuestion));
     const auto goesOn = [&](const std::string& text) {
         return table.player.GoesOnAfterError(text);
     };
@@ -129,7 +129,8 @@ void PlayOrdinaryHand(GameTable& table) {
     } else {
         ShowMeters(table);
     }
-    StartFeatures(table);
+    MaybeStartSpinOrTarget(table);
+    MaybeStartRedBlack(table);
     table.engine.handInProgress = false;
 }
 
@@ -137,7 +138,7 @@ void PlayOrdinaryHand(GameTable& table) {
 
 void ToggleHold(GameTable& table, int position) {
     GameEngine& engine = table.engine;
-    if (engine.handOver || engine.payTable.type == GameType::kPickEm) return;
+    if (engine.handOver || IsPickEm(engine)) return;
     bool& held = engine.held[static_cast<std::size_t>(position)];
     held = !held;
     table.display.ShowHeld(position, held);
@@ -146,20 +147,24 @@ void ToggleHold(GameTable& table, int position) {
 void DealDraw(GameTable& table) {
     if (table.engine.fixedHand) {
         FixedDealDraw(table);
-    } else if (table.engine.payTable.type == GameType::kPickEm) {
+    } else if (IsPickEm(table.engine)) {
         DealPickEm(table);
     } else {
         PlayOrdinaryHand(table);
     }
 }
 
+void TellOfMissingPayTable(Player& player) {
+    player.IsTold("Missing pay table",
+                  "Pay table does not exist for this game. Select Options->Edit Pay Table to "
+                  "create pay table.",
+                  MessageIcon::kError);
+}
+
 bool CanBeginHand(GameTable& table) {
     const GameEngine& engine = table.engine;
     if (engine.payTable.lines.empty()) {
-        table.player.IsTold("Missing pay table",
-                            "Pay table does not exist for this game. Select Options->Edit Pay "
-                            "Table to create pay table.",
-                            MessageIcon::kError);
+        TellOfMissingPayTable(table.player);
         return false;
     }
     if (!engine.fixedHand && engine.settings.credits < engine.settings.bet) {
@@ -172,7 +177,7 @@ bool CanBeginHand(GameTable& table) {
 void TakeBet(GameTable& table) {
     GameEngine& engine = table.engine;
     table.bonusShown = false;
-    table.logFlag = true;
+    table.logsErrors = true;
     engine.handInProgress = true;
     if (engine.handWins) ClearLine(table, engine.finalLine);
     engine.settings.credits -= engine.settings.bet;
@@ -200,8 +205,8 @@ bool PassesBestPlayCheck(GameTable& table) {
     const auto goesOn = [&](const std::string& text) {
         return table.player.GoesOnAfterError(text);
     };
-    const bool passes = CheckBestPlay(table.engine, table.files, goesOn, table.logFlag);
-    if (!passes) table.logFlag = false;
+    const bool passes = CheckBestPlay(table.engine, table.files, goesOn, table.logsErrors);
+    if (!passes) table.logsErrors = false;
     return passes;
 }
 

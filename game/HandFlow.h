@@ -14,6 +14,9 @@ void DealDraw(GameTable& table);
 // credits for the bet; the player is told or asked for what is missing.
 bool CanBeginHand(GameTable& table);
 
+// Of a game that cannot be played or analysed for want of one.
+void TellOfMissingPayTable(Player& player);
+
 // Takes the bet, and the mark of the last hand's line.
 void TakeBet(GameTable& table);
 

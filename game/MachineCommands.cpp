@@ -1,12 +1,10 @@
 #include "game/MachineCommands.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "core/profile/ProfileFile.h"
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
 
 namespace {
 
@@ -43,7 +41,7 @@ std::string CashOut(GameEngine& engine) {
         LessButNotBelowZero(engine.statistics.sessionDollarsIn, whole);
     settings.credits = 0;
     NoteCredits(engine);
-    return "Paid " + FormatNumber(FormatDouble("%14.2f", dollars), true, true);
+    return "Paid " + FormatDollars("%14.2f", dollars);
 }
 
 void ChangeCoin(GameEngine& engine, double coin, const GameFiles& files) {

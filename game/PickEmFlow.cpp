@@ -7,13 +7,7 @@
 
 namespace {
 
-constexpr HoldMask kPlayersTwo = 24;  // what taking the right pile holds
-
 int PositionOf(Pile pile) { return pile == Pile::kLeft ? kLeftPilePosition : kRightPilePosition; }
-
-void Hold(GameEngine& engine, HoldMask mask) {
-    for (int i = 0; i < kHandSize; ++i) engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
-}
 
 void PauseAfterCard(GameTable& table) {
     table.clock.Pause(DelaysOf(table.engine.settings.speed).card);
@@ -81,7 +75,7 @@ void DealPickEm(GameTable& table) {
 
 void ChoosePile(GameTable& table, Pile pile) {
     GameEngine& engine = table.engine;
-    if (engine.handOver || engine.payTable.type != GameType::kPickEm) return;
+    if (engine.handOver || !IsPickEm(engine)) return;
     table.display.ShowHoldButton(PositionOf(pile), true);
     if (engine.fixedHand) {
         FixedPileChoice(table, pile);
@@ -97,10 +91,10 @@ void ChoosePile(GameTable& table, Pile pile) {
 
 bool PassesPileCheck(GameTable& table, Pile pile) {
     GameEngine& engine = table.engine;
-    Hold(engine, pile == Pile::kLeft ? kLeftPile : kRightPile);
+    HoldCards(engine, pile == Pile::kLeft ? kLeftPile : kRightPile);
     const bool passes = PassesBestPlayCheck(table);
     // A choice that the player backs out of leaves nothing held.
-    Hold(engine, !passes ? 0 : pile == Pile::kLeft ? kStandPat : kPlayersTwo);
+    HoldCards(engine, !passes ? 0 : pile == Pile::kLeft ? kStandPat : kPlayersTwo);
     return passes;
 }
 

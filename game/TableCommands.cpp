@@ -51,7 +51,12 @@ void ToggleSounds(GameTable& table) {
 }
 
 void ToggleDoubleUp(GameTable& table) {
-    table.engine.settings.doubleUp = !table.engine.settings.doubleUp;
+    bool& doubleUp = table.engine.settings.doubleUp;
+    doubleUp = !doubleUp;
+    // An offer that stands shows its button only while the option is on.
+    if (table.engine.doubleUpOffered && !table.engine.doubleUpPick) {
+        table.display.ShowDoubleUpButton(doubleUp);
+    }
 }
 
 // A message without an amount stays, since it may be one that is not the machine's own, such as
@@ -67,8 +72,11 @@ void ToggleShowDollar(GameTable& table) {
 void ChooseMode(GameTable& table, PlayMode mode) {
     SettleFeatures(table);
     ChoosePlayMode(table.engine, mode);
-    if (mode == PlayMode::kErrorLog) return;
-    ShowGameOver(table);
+    if (mode != PlayMode::kErrorLog) {
+        ShowGameOver(table);
+    } else if (table.engine.handOver || !IsPickEm(table.engine)) {
+        return;  // all as it is until the next deal; but piles in play lose AutoHold's labels
+    }
     table.display.Repaint();
 }
 

@@ -1,7 +1,6 @@
 #include "game/WinDisplay.h"
 
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
 
 namespace {
 
@@ -9,10 +8,6 @@ constexpr int kFlashFrom = 100;  // credits
 constexpr int kFlashes = 5;
 constexpr int kFlashPause = 600;  // milliseconds
 constexpr int kCountPause = 80;
-
-std::string Dollars(const char* format, double dollars) {
-    return FormatNumber(FormatDouble(format, dollars), true, true);
-}
 
 bool CharlieApplies(const GameEngine& engine) {
     return engine.payTable.charlieBonus && engine.charlieNow;
@@ -39,14 +34,14 @@ void Flash(GameTable& table, int line, int pay) {
 
 std::string CreditText(const GameEngine& engine, int credits) {
     const MachineSettings& settings = engine.settings;
-    return settings.showDollar ? Dollars("%7.2f", credits * settings.coin)
-                               : FormatNumber(std::to_string(credits), false, false);
+    return settings.showDollar ? FormatDollars("%7.2f", credits * settings.coin)
+                               : FormatCount(credits);
 }
 
 std::string BetText(const GameEngine& engine) {
     const MachineSettings& settings = engine.settings;
-    return settings.showDollar ? Dollars("%3.2f", settings.bet * settings.coin)
-                               : FormatNumber(std::to_string(settings.bet), false, false);
+    return settings.showDollar ? FormatDollars("%3.2f", settings.bet * settings.coin)
+                               : FormatCount(settings.bet);
 }
 
 std::string MeterText(const GameTable& table) {

@@ -10,7 +10,6 @@
 #include "core/cards/CardText.h"
 #include "core/profile/ProfileFile.h"
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
 
 namespace {
@@ -29,13 +28,9 @@ std::size_t LineCount(const PayTable& table) {
     return std::min(table.lines.size(), static_cast<std::size_t>(kMaxPayLines));
 }
 
-std::string Grouped(std::string_view format, double value) {
-    return FormatNumber(FormatDouble(format, value), true, false);
-}
+std::string Hands(double hands) { return FormatDecimals("%19.0lf", hands); }
 
-std::string Hands(double hands) { return Grouped("%19.0lf", hands); }
-
-std::string Money(double value) { return Grouped("%19.4lf", value); }
+std::string Money(double value) { return FormatDecimals("%19.4lf", value); }
 
 // Each followed by a semicolon.
 std::string HandsByDraw(std::span<const double, kDraws> hands) {
@@ -45,7 +40,7 @@ std::string HandsByDraw(std::span<const double, kDraws> hands) {
 }
 
 std::string Odds(const GameTotals& totals, double summary) {
-    return "1:" + Grouped("%.2f", summary == 0 ? 0 : totals.denominator / summary);
+    return "1:" + FormatDecimals("%.2f", summary == 0 ? 0 : totals.denominator / summary);
 }
 
 std::string LineRow(const GameTotals& totals, const PayTable& table, std::size_t line) {
@@ -55,7 +50,7 @@ std::string LineRow(const GameTotals& totals, const PayTable& table, std::size_t
     return FormatNumber(payout, false, false) + ';' + HandsByDraw(hands) +
            Hands(totals.total[line]) + ';' + Hands(totals.summary[line]) + ';' +
            Odds(totals, totals.summary[line]) + ';' +
-           Grouped("%.2f", LinePercentReturn(totals, table, line)) + ';' +
+           FormatDecimals("%.2f", LinePercentReturn(totals, table, line)) + ';' +
            Money(totals.lineVariance[line]);
 }
 
@@ -160,7 +155,7 @@ void WriteLine(LineWriter& to, const PlayedHand& hand, std::size_t lineCount) {
 std::vector<AnalysisEntry> AnalysisEntries(const GameTotals& totals, const PayTable& table,
                                            double coin) {
     std::vector<AnalysisEntry> entries = {
-        {"Coin", "Coin", Grouped("%5.2f", coin)},
+        {"Coin", "Coin", FormatDecimals("%5.2f", coin)},
         {"ER", "ER ($)", Money(totals.er)},
         {"Cost", "Break Even ($)", Money(totals.cost)},
         {"Payout%", "Payout%", Money(totals.payoutPercent)},

@@ -1,7 +1,6 @@
 #include "core/analysis/GameAnalysis.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 #include <vector>
 

@@ -17,6 +17,8 @@ inline constexpr HoldMask kStandPat = 31;
 // left pile, or of the right one.
 inline constexpr HoldMask kLeftPile = 28;
 inline constexpr HoldMask kRightPile = 25;
+// The player's two cards, which are all that stays when the right pile is drawn.
+inline constexpr HoldMask kPlayersTwo = 24;
 
 // True when the mask holds the position 0..4 from the left.
 constexpr bool Holds(HoldMask mask, int position) { return ((mask >> (4 - position)) & 1) != 0; }

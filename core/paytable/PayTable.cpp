@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "core/profile/ProfileFile.h"
-#include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
 
 namespace {

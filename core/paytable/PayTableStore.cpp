@@ -179,7 +179,7 @@ std::string UserGameName(const PayTableFiles& files, int slot) {
 
 std::string GameNameProblem(std::string_view name) {
     if (name.empty()) return "Game name can not be blank";
-    if (name.size() > kLongestGameNameText) {
+    if (name.size() > kLongestGameName) {
         return "Game name can not be longer than 80 characters";
     }
     const bool hasLineBreak = std::ranges::any_of(name, [](char c) { return c >= 0 && c < ' '; });
@@ -280,14 +280,4 @@ bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
                    [&] { RenameSections(files.file, game.name, newName, files.analysisPath); });
     }
     return renamed;
-}
-
-// Saving first leaves nothing in the file's image but the change, so that giving it up loses
-// nothing else.
-bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change) {
-    if (!file.Save(path)) return false;
-    change();
-    if (file.Save(path)) return true;
-    file.Forget(path);
-    return false;
 }

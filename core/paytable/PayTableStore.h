@@ -5,7 +5,6 @@
 // it was. Analyses of tables that are gone go with them.
 #pragma once
 #include <array>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +12,7 @@
 #include "core/paytable/PayTable.h"
 
 inline constexpr int kLastTableIndex = 254;
-inline constexpr std::size_t kLongestGameNameText = 80;  // bytes
+inline constexpr std::size_t kLongestGameName = 80;  // bytes
 
 // A pay table as it stands in the boxes of an editor. Numbers are stored as typed; rank lists are
 // typed with letters ("2,K,A").
@@ -103,7 +102,3 @@ bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game);
 // Gives all tables of a user game, their analyses and its slot another name, which no game has.
 bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
                       const std::string& newName);
-
-// Changes one file through the profile file that holds it, and saves it. False when it could not be
-// saved, before or after: of the change nothing is left then.
-bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change);

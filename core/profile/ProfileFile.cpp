@@ -299,3 +299,13 @@ void ProfileFile::DeleteKey(std::string_view section, std::string_view key) {
     found->text.erase(line->start, line->end + 1 - line->start);
     dirty = true;
 }
+
+// Saving first leaves nothing in the file's image but the change, so that giving it up loses
+// nothing else.
+bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change) {
+    if (!file.Save(path)) return false;
+    change();
+    if (file.Save(path)) return true;
+    file.Forget(path);
+    return false;
+}

@@ -14,6 +14,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -125,3 +126,7 @@ class ProfileFile {
     bool dirty = false;
     std::vector<UnsavedFile> unsaved;  // one a file, never the loaded one
 };
+
+// Changes the file of that path as a whole or not at all, and saves it. False when it could not be
+// saved, before or after: nothing is left of the change then.
+bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change);

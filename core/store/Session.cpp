@@ -1,7 +1,5 @@
 #include "core/store/Session.h"
 
-#include <algorithm>
-
 #include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "core/text/Numbers.h"
+
 namespace {
 
 constexpr int kGroupSize = 3;
@@ -36,4 +38,16 @@ std::string FormatNumber(std::string_view printed, bool decimals, bool dollar) {
     if (std::ranges::none_of(whole, IsDigit)) text += '0';
     text += printed.substr(point);
     return text;
+}
+
+std::string FormatCount(std::int64_t count) {
+    return FormatNumber(std::to_string(count), false, false);
+}
+
+std::string FormatDecimals(std::string_view format, double value) {
+    return FormatNumber(FormatDouble(format, value), true, false);
+}
+
+std::string FormatDollars(std::string_view format, double dollars) {
+    return FormatNumber(FormatDouble(format, dollars), true, true);
 }

@@ -1,5 +1,6 @@
 // Amounts as they are shown: 1,234,567 and $1,234.50.
 #pragma once
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,3 +11,8 @@
 // from other characters, and digits after it are grouped too. With dollar a "$" comes before all
 // else, the minus sign included.
 std::string FormatNumber(std::string_view printed, bool decimals, bool dollar);
+
+// The usual cases: "1,234,567"; a FormatDouble text with its decimals; the same with a "$".
+std::string FormatCount(std::int64_t count);
+std::string FormatDecimals(std::string_view format, double value);
+std::string FormatDollars(std::string_view format, double dollars);

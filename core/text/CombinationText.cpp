@@ -38,5 +38,5 @@ std::string CombinationText(std::string_view cards, std::string_view drawn) {
     // There are n ways at least.
     if (n.digits.size() > kMostDigits) return "too large";
     const auto ways = Choose(n.Nearest(), k.Nearest());
-    return ways ? FormatNumber(std::to_string(*ways), false, false) : "too large";
+    return ways ? FormatCount(*ways) : "too large";
 }

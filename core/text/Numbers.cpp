@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include "core/text/WholeNumber.h"
+
 namespace {
 
 constexpr int kMaxFormatNumber = 99;
@@ -80,15 +82,10 @@ bool SameText(std::string_view a, std::string_view b) {
 }
 
 std::int32_t ParseInt(std::string_view text) {
-    text = WithoutLeadingBlanks(text);
-    const bool negative = text.starts_with('-');
-    if (negative || text.starts_with('+')) text.remove_prefix(1);
-    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-    std::int64_t number = 0;
-    for (; !text.empty() && IsDigit(text.front()); text.remove_prefix(1)) {
-        number = std::min(number * 10 + (text.front() - '0'), largest + 1);
-    }
-    return static_cast<std::int32_t>(negative ? -number : std::min(number, largest));
+    using Limits = std::numeric_limits<std::int32_t>;
+    const std::int64_t number = ReadWholeNumber(text).Nearest();
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
 double ParseDouble(std::string_view text) {

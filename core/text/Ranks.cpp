@@ -1,6 +1,5 @@
 #include "core/text/Ranks.h"
 
-#include <array>
 #include <cstddef>
 
 #include "core/text/Numbers.h"

@@ -1,6 +1,5 @@
 #include "core/text/WholeNumber.h"
 
-#include <algorithm>
 #include <charconv>
 #include <limits>
 

@@ -3,20 +3,13 @@
 #include <string_view>
 
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
 #include "game/GameEngine.h"
 
 namespace {
 
 constexpr std::string_view kEnd = "\r\n";
 
-std::string Count(std::int64_t value) { return FormatNumber(std::to_string(value), false, false); }
-
-std::string Decimal(std::string_view format, double value) {
-    return FormatNumber(FormatDouble(format, value), true, false);
-}
-
-std::string Amount(double value) { return Decimal("%.4f", value); }
+std::string Amount(double value) { return FormatDecimals("%.4f", value); }
 
 double Quotient(double value, double divisor) { return divisor == 0 ? 0 : value / divisor; }
 
@@ -41,7 +34,7 @@ ErrorLogEntry LoggedError(const GameEngine& engine, const GameFiles& files, int 
 std::string ErrorTitle(int index) { return "Error " + std::to_string(index + 1); }
 
 std::string ErrorText(const GameEngine& engine, const ErrorLogEntry& entry) {
-    const bool pickEm = engine.payTable.type == GameType::kPickEm;
+    const bool pickEm = IsPickEm(engine);
     const auto pattern = [&](HoldMask hold) {
         return HoldText(entry, hold, engine.deck.table, pickEm);
     };
@@ -59,10 +52,10 @@ std::string ErrorSummary(const GameEngine& engine) {
     const double best = statistics.bestReturns.total;
     const double cost = statistics.errorCosts.total;
     const auto percentOfHands = [&](std::int64_t number) {
-        return Decimal("%7.4f",
-                       Quotient(static_cast<double>(number), static_cast<double>(hands)) * 100);
+        return FormatDecimals(
+            "%7.4f", Quotient(static_cast<double>(number), static_cast<double>(hands)) * 100);
     };
-    return Line("Hands Played", Count(hands)) + Line("Errors", Count(errors)) +
+    return Line("Hands Played", FormatCount(hands)) + Line("Errors", FormatCount(errors)) +
            Line("Pct Correct Plays", percentOfHands(hands - errors)) +
            Line("Pct Play Errors", percentOfHands(errors)) + Line("Best Return ($)", Amount(best)) +
            Line("Your Return ($)", Amount(best - cost)) + Line("Cost of Errors ($)", Amount(cost)) +

@@ -3,39 +3,24 @@
 #include <algorithm>
 #include <numeric>
 #include <span>
-#include <string_view>
 #include <utility>
 
 #include "core/analysis/ErrorLog.h"
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
-#include "game/GameEngine.h"
+#include "game/Dealing.h"
 
 namespace {
 
 constexpr int kThirdCardPlace = 3;
 constexpr int kOtherPilePlace = 4;
 
-std::string Count(std::int64_t value) { return FormatNumber(std::to_string(value), false, false); }
-
-std::string Decimal(std::string_view format, double value) {
-    return FormatNumber(FormatDouble(format, value), true, false);
-}
-
 // "1:12.50"; "0" for what never happens.
 std::string Odds(double total, double times) {
-    return times > 0 ? "1:" + Decimal("%-9.2f", total / times) : "0";
+    return times > 0 ? "1:" + FormatDecimals("%-9.2f", total / times) : "0";
 }
-
-bool IsPickEm(const GameEngine& engine) { return engine.payTable.type == GameType::kPickEm; }
 
 const HoldResult& ResultOf(const GameEngine& engine, HoldMask hold) {
     return engine.analysis.holds[static_cast<std::size_t>(hold)];
-}
-
-CardFace FaceOf(const GameEngine& engine, CardCode code) {
-    const PlacedCard card = CardAt(engine, code);
-    return {card.rank, card.suit};
 }
 
 // The cards of a hand that an analysis looks at.
@@ -57,24 +42,19 @@ HandCards DrawsBeside(const GameEngine& engine) {
 void TakeHand(GameEngine& spare) {
     spare.hand = spare.dealtCopy = spare.statistics.setCards;
     spare.drawCards = DrawsBeside(spare);
-    KnownCards known;
-    std::ranges::transform(spare.hand, known.hand.begin(),
-                           [&](CardCode code) { return FaceOf(spare, code); });
-    known.firstDraw = FaceOf(spare, spare.drawCards[0]);
-    AnalyzeHand(LineTablesOf(spare), spare.payTable, known, spare.settings.bet, spare.settings.coin,
-                spare.analysis);
+    AnalyzeDealtHand(spare);
 }
 
 std::string WinnersCell(const HoldResult& hold, HandDisplay display) {
     const std::int64_t winners = hold.totalHands - hold.nothing;
-    if (display == HandDisplay::kHands) return Count(winners);
+    if (display == HandDisplay::kHands) return FormatCount(winners);
     if (display == HandDisplay::kShareOfReturn) return "100.00";
     if (hold.nothing == 0) return "1:1";
     return Odds(static_cast<double>(hold.totalHands), static_cast<double>(winners));
 }
 
 std::string LosersCell(const HoldResult& hold, HandDisplay display) {
-    if (display == HandDisplay::kHands) return Count(hold.nothing);
+    if (display == HandDisplay::kHands) return FormatCount(hold.nothing);
     if (display == HandDisplay::kShareOfReturn) return "0";
     return Odds(static_cast<double>(hold.totalHands), static_cast<double>(hold.nothing));
 }
@@ -110,7 +90,7 @@ struct Cell {
 
     std::string ShareText() const {
         const double all = ResultOf(engine, hold).expectedReturn;
-        return Decimal("%-6.2f", all == 0 ? 0 : Dollars() / all * 100);
+        return FormatDecimals("%-6.2f", all == 0 ? 0 : Dollars() / all * 100);
     }
 
     std::string Text(HandDisplay display) const {
@@ -118,16 +98,17 @@ struct Cell {
         const bool drawsAgain =
             CountsSecondDraw() && static_cast<int>(line) >= Again().drawAgainLine;
         const std::string mark = drawsAgain ? "*" : "";
-        if (display == HandDisplay::kHands) return mark + Count(Draws());
+        if (display == HandDisplay::kHands) return mark + FormatCount(Draws());
         return mark + (display == HandDisplay::kOdds ? OddsText() : ShareText());
     }
 };
 
 std::string Row(const GameEngine& engine, HoldMask hold, HandDisplay display) {
     const HoldResult& result = ResultOf(engine, hold);
-    std::string text = HoldPattern(engine, hold) + '\t' + Decimal("%-9.4f", result.expectedReturn) +
-                       '\t' + Count(result.totalHands) + '\t' + WinnersCell(result, display) +
-                       '\t' + LosersCell(result, display);
+    std::string text = HoldPattern(engine, hold) + '\t' +
+                       FormatDecimals("%-9.4f", result.expectedReturn) + '\t' +
+                       FormatCount(result.totalHands) + '\t' + WinnersCell(result, display) + '\t' +
+                       LosersCell(result, display);
     for (std::size_t line = engine.payTable.lines.size(); line-- > 0;) {
         text += '\t' + Cell{engine, hold, line}.Text(display);
     }
@@ -187,13 +168,6 @@ std::string HoldPattern(const GameEngine& spare, HoldMask hold) {
     const int known = ResultOf(spare, hold).knownCardPosition;
     if (known >= 0) text[static_cast<std::size_t>(known)] = 'D';
     return text;
-}
-
-PlacedCard CardAt(const GameEngine& engine, CardCode code) {
-    const CardTable& table = engine.deck.table;
-    if (code < 0 || code >= table.deckSize) return {};
-    const CardInfo& card = table.cards[static_cast<std::size_t>(code)];
-    return {card.rank, card.suit};
 }
 
 std::array<PlacedCard, kPlaces> PlacesOf(const GameEngine& engine, const HandCards& hand,

@@ -45,9 +45,6 @@ std::array<PlacedCard, kPlaces> PlacesOf(const GameEngine& engine,
                                          const std::array<CardCode, kHandSize>& hand,
                                          CardCode firstDraw);
 
-// No card for a code that is not in the deck.
-PlacedCard CardAt(const GameEngine& engine, CardCode code);
-
 // A heading, an empty line, and a line for each of HoldsByReturn, with tabs between the cells and
 // "\r\n" at the ends: the pattern, the return in dollars, the draws, winners, losers, and the pay
 // lines from the last to the first. After a "*" a double-draw game tells a line that is drawn

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
 #include "game/GameEngine.h"
 
 namespace {
@@ -39,14 +38,8 @@ std::string Line(std::string_view label, Value value) {
     return std::string(label) + '\t' + Cells(value) + "\r\n";
 }
 
-std::string Count(std::int64_t value) { return FormatNumber(std::to_string(value), false, false); }
-
-std::string Decimal(std::string_view format, double value) {
-    return FormatNumber(FormatDouble(format, value), true, false);
-}
-
 std::string CountLine(std::string_view label, const Counter& counter) {
-    return Line(label, [&](Column column) { return Count(column.Of(counter)); });
+    return Line(label, [&](Column column) { return FormatCount(column.Of(counter)); });
 }
 
 double Quotient(double value, double divisor) { return divisor == 0 ? 0 : value / divisor; }
@@ -100,10 +93,11 @@ std::string DoubleUpLines(const Statistics& statistics) {
     const auto percentWon = [&](Column column) {
         const auto kept = notLost(column);
         const auto won = kept == 0 ? 0 : kept - column.Of(statistics.doubleUpsTied);
-        return Decimal(kPercent, Quotient(won, column.Of(statistics.doubleUpTries)) * 100);
+        return FormatDecimals(kPercent, Quotient(won, column.Of(statistics.doubleUpTries)) * 100);
     };
     return CountLine("Dbl Up Attempts:", statistics.doubleUpTries) +
-           Line("Dbl Up Attempts Won:", [&](Column column) { return Count(notLost(column)); }) +
+           Line("Dbl Up Attempts Won:",
+                [&](Column column) { return FormatCount(notLost(column)); }) +
            CountLine("Dbl Up Attempts Lost:", statistics.doubleUpsLost) +
            CountLine("Dbl Up Attempts Tied:", statistics.doubleUpsTied) +
            Line("Pct Dbl Up Attempts Won:", percentWon);
@@ -117,10 +111,11 @@ std::int64_t Returned(const Statistics& statistics, Column column) {
 
 std::string PayoutLines(const Statistics& statistics) {
     const auto netGain = [&](Column column) {
-        return Count(Returned(statistics, column) - column.Of(statistics.creditsPlayed));
+        return FormatCount(Returned(statistics, column) - column.Of(statistics.creditsPlayed));
     };
     const auto share = [&](Column column, std::int64_t credits) {
-        return Decimal(kPercent, Quotient(credits, column.Of(statistics.creditsPlayed)) * 100);
+        return FormatDecimals(kPercent,
+                              Quotient(credits, column.Of(statistics.creditsPlayed)) * 100);
     };
     return Line("Net Gain:", netGain) +
            Line("Pct Payout w/o Bonus:",
@@ -139,9 +134,9 @@ std::string ErrorCountLines(const Statistics& statistics) {
     };
     return CountLine("Play Errors:", statistics.playErrors) +
            Line("Pct Correct Plays:",
-                [&](Column column) { return Decimal(kExact, percentCorrect(column)); }) +
+                [&](Column column) { return FormatDecimals(kExact, percentCorrect(column)); }) +
            Line("Pct Play Errors:",
-                [&](Column column) { return Decimal(kExact, percentErrors(column)); });
+                [&](Column column) { return FormatDecimals(kExact, percentErrors(column)); });
 }
 
 std::string ErrorCostLines(const Statistics& statistics, double coin) {
@@ -149,13 +144,13 @@ std::string ErrorCostLines(const Statistics& statistics, double coin) {
     const auto cost = [&](Column column) { return column.Of(statistics.errorCosts); };
     const auto yours = [&](Column column) { return best(column) - cost(column); };
     const auto percentReturn = [&](Column column) {
-        return Decimal("%-9.4f", Quotient(yours(column), best(column)) * 100);
+        return FormatDecimals("%-9.4f", Quotient(yours(column), best(column)) * 100);
     };
     const auto coins = [&](Column column) {
-        return Decimal(kExact, best(column) == 0 ? 0 : Quotient(cost(column), coin));
+        return FormatDecimals(kExact, best(column) == 0 ? 0 : Quotient(cost(column), coin));
     };
     const auto dollars = [](auto sum) {
-        return [sum](Column column) { return Decimal(kExact, sum(column)); };
+        return [sum](Column column) { return FormatDecimals(kExact, sum(column)); };
     };
     return Line("Best Play Return ($):", dollars(best)) + Line("Your Return ($):", dollars(yours)) +
            Line("Cost of Play Errors ($):", dollars(cost)) + Line("Pct Return:", percentReturn) +
@@ -166,13 +161,13 @@ std::string LineCell(const GameEngine& engine, std::size_t line, StatisticsDispl
                      Column column) {
     const Statistics& statistics = engine.statistics;
     const auto wins = column.WinsOf(engine.payTable.lines[line]);
-    if (display == StatisticsDisplay::kHands) return Count(wins);
+    if (display == StatisticsDisplay::kHands) return FormatCount(wins);
     if (wins <= 0) return "0";
     if (display == StatisticsDisplay::kFrequency)
-        return "1:" + Decimal("%-9.2f", Quotient(column.Of(statistics.handsPlayed), wins));
+        return "1:" + FormatDecimals("%-9.2f", Quotient(column.Of(statistics.handsPlayed), wins));
     const std::int64_t pay =
         LineUnitPay(engine.payTable, static_cast<int>(line), engine.settings.bet);
-    return Decimal("%-6.2f", Quotient(pay * wins, column.Of(statistics.creditsWon)) * 100);
+    return FormatDecimals("%-6.2f", Quotient(pay * wins, column.Of(statistics.creditsWon)) * 100);
 }
 
 }  // namespace
@@ -181,7 +176,7 @@ std::string StatisticsHands(const GameEngine& engine, std::int64_t now) {
     const Statistics& statistics = engine.statistics;
     const auto percentWon = [&](Column column) {
         const auto won = column.Of(statistics.handsWon);
-        return Decimal(kPercent, Quotient(won, column.Of(statistics.handsPlayed)) * 100);
+        return FormatDecimals(kPercent, Quotient(won, column.Of(statistics.handsPlayed)) * 100);
     };
     std::string text = "\tSession\tGame\r\n\r\n";
     text += CountLine("Hands Won:", statistics.handsWon);
@@ -197,7 +192,7 @@ std::string StatisticsCredits(const GameEngine& engine) {
     const auto entered = [&](Column column) {
         const int dollars =
             column.session ? statistics.sessionDollarsIn : engine.settings.creditsEntered;
-        return Count(Truncated(Quotient(dollars, engine.settings.coin)));
+        return FormatCount(Truncated(Quotient(dollars, engine.settings.coin)));
     };
     std::string text = Line("Credits Entered:", entered);
     text += CountLine("Credits Won:", statistics.creditsWon);

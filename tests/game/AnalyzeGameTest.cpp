@@ -280,11 +280,7 @@ TEST(AnalyzeGameTest, ARunIsNotDisturbedByAnotherOneOnTheSameEngine) {
                     .display = busy,
                     .player = busy,
                     .sounds = busy,
-                    .clock = busy,
-                    .random = {},
-                    .beforeDoubleUp = {},
-                    .target = {},
-                    .redBlack = {}};
+                    .clock = busy};
     busy.duringRun = [&] {
         ScriptedReports inner;
         inner.look = [](GameReportPages& pages) { pages.Show("Deuces Wild", 0); };

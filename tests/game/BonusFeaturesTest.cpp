@@ -61,7 +61,7 @@ TEST(BonusFeaturesTest, SpinAndTargetEachFollowOneHandIn150NeverBoth) {
     int targets = 0;
     for (int i = 0; i < 30'000; ++i) {
         t.engine.spinPending = t.engine.targetPending = false;
-        StartFeatures(t);
+        MaybeStartSpinOrTarget(t);
         spins += t.engine.spinPending ? 1 : 0;
         targets += t.engine.targetPending ? 1 : 0;
         ASSERT_FALSE(t.engine.spinPending && t.engine.targetPending);

@@ -229,11 +229,7 @@ class TestTable {
                     .display = ports,
                     .player = ports,
                     .sounds = ports,
-                    .clock = ports,
-                    .random = {},
-                    .beforeDoubleUp = {},
-                    .target = {},
-                    .redBlack = {}};
+                    .clock = ports};
 
     // The same, running on, with a new line after each pause and where a line would grow too long.
     std::string TakeSteps() {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/paytable/GameCatalogue.h"
 #include "tests/core/profile/FullDisk.h"
 #include "tests/game/ManagerTable.h"
 

@@ -1,7 +1,6 @@
 // A machine on the shipped pay tables and a game file of its own, with a deck that can be stacked.
 #pragma once
 #include <fstream>
-#include <sstream>
 
 #include "core/analysis/LineTableCache.h"
 #include "core/profile/ProfileFile.h"

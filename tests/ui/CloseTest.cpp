@@ -1,10 +1,8 @@
 // The end of the program at any moment, and the start after it. What was played is in the file, and
 // nothing holds the end up.
 #include <QElapsedTimer>
-#include <QSettings>
 #include <QTimer>
 
-#include "game/StartAndStop.h"
 #include "tests/ui/TestProgram.h"
 
 namespace {

@@ -11,7 +11,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "game/MachineCommands.h"
 #include "game/reports/StatisticsReport.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
@@ -359,9 +358,3 @@ TEST_F(StatisticsDialogTest, TheReportIsSavedFromTheMenuOfABox) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -158,9 +158,3 @@ TEST_F(ErrorLogDialogTest, WhatIsShownCanBeCopiedAndSaved) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

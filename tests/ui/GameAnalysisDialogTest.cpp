@@ -5,12 +5,10 @@
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTextOption>
 #include <QTimer>
 #include <map>
@@ -78,11 +76,7 @@ class GameAnalysisDialogTest : public testing::Test {
                     .display = ports,
                     .player = player,
                     .sounds = ports,
-                    .clock = ports,
-                    .random = {},
-                    .beforeDoubleUp = {},
-                    .target = {},
-                    .redBlack = {}};
+                    .clock = ports};
     DataFilePaths paths{.folder = machine.folder.Path() + "/",
                         .releaseFolder = "",
                         .mainProfile = "",
@@ -289,9 +283,3 @@ TEST_F(GameAnalysisDialogTest, AnySessionCanBeDrawn) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

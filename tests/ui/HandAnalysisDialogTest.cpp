@@ -234,9 +234,3 @@ TEST_F(HandAnalysisDialogTest, TheTabKeyReachesEveryPart) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

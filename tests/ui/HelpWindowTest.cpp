@@ -252,10 +252,3 @@ TEST_F(HelpWindowTest, FitsASmallScreenAndNamesItsParts) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

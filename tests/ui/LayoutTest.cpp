@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QFontMetrics>
 #include <QGuiApplication>
-#include <QtGlobal>
 #include <algorithm>
 #include <limits>
 #include <ostream>

@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QSvgRenderer>
-#include <cmath>
 #include <set>
 
 #include "ui/art/PictureStore.h"

@@ -34,9 +34,5 @@ class SceneTable {
                     .display = display,
                     .player = others,
                     .sounds = others,
-                    .clock = others,
-                    .random = {},
-                    .beforeDoubleUp = {},
-                    .target = {},
-                    .redBlack = {}};
+                    .clock = others};
 };

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <climits>
@@ -11,7 +10,6 @@
 #include "game/BonusFeatures.h"
 #include "game/DoubleUp.h"
 #include "game/HandFlow.h"
-#include "game/PickEmFlow.h"
 #include "tests/ui/SceneTable.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/Layout.h"
@@ -279,11 +277,4 @@ TEST(TablePainterTest, ATableWithoutLinesIsPainted) {
     t.display.Relayout();
     const QImage image = Painted(t, t.scene);
     EXPECT_EQ(image.pixelColor(LayoutOf(t).message.rect.topLeft()), QColor(255, 255, 0));
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }

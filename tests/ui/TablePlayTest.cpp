@@ -1,6 +1,7 @@
 // Whole hands at the machine's table by mouse and by keyboard.
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include "tests/ui/TestProgram.h"
 

@@ -6,7 +6,6 @@
 #include "game/DoubleUp.h"
 #include "game/HandFlow.h"
 #include "game/PickEmFlow.h"
-#include "game/WinDisplay.h"
 #include "tests/ui/SceneTable.h"
 #include "ui/art/Pictures.h"
 

@@ -166,6 +166,9 @@ void TestProgram::ExpectAtRest(const std::string& when) const {
     EXPECT_EQ(scene.charlie, rest.charlie) << when;
     EXPECT_EQ(scene.firstDraw, rest.firstDraw) << when;
     EXPECT_TRUE(scene.lines == rest.lines) << when << ": lines";
+    EXPECT_EQ(scene.Button(TableButton::kDoubleUp), rest.Button(TableButton::kDoubleUp))
+        << when << ": double up button; offered " << engine.doubleUpOffered << ", won "
+        << engine.handWins << ", option " << engine.settings.doubleUp;
     EXPECT_TRUE(scene.buttons == rest.buttons) << when << ": buttons";
     EXPECT_TRUE(scene.doubleUp == rest.doubleUp) << when << ": double up";
     EXPECT_EQ(scene.featureLabel, rest.featureLabel) << when;

@@ -5,12 +5,10 @@
 
 #include <QAction>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "app/CMainFrame.h"

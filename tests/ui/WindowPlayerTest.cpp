@@ -163,9 +163,3 @@ TEST_F(WindowPlayerTest, APlayErrorOffersTheAnalysisThatTheWindowHas) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

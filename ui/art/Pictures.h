@@ -2,7 +2,7 @@
 // comes in one drawing per size class has three numbers in a row, small, medium, large, and is
 // asked for by function.
 #pragma once
-#include "ui/table/SizeClass.h"
+#include "ui/art/SizeClass.h"
 
 enum class Picture : int {
     kFelt = 1019,  // the table's cloth: a seamless tile of kFeltTile pixels

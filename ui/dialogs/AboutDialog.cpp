@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "ui/art/PictureStore.h"
+#include "ui/dialogs/DialogParts.h"
 
 AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     setObjectName("about");
@@ -19,11 +20,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     icon->setPixmap(PictureStore().Get(Picture::kIcon, {side, side}, devicePixelRatioF()));
     auto* text = new QLabel(tr("Tolvane Version 1.14"), this);
     text->setObjectName("text");
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    auto* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName("ok");
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* buttons = OkAlone(*this);
 
     auto* top = new QHBoxLayout;
     top->setSpacing(side / 3);
@@ -34,5 +31,5 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     layout->setSpacing(side / 3);
     layout->addLayout(top);
     layout->addWidget(buttons);
-    ok->setFocus();
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
 }

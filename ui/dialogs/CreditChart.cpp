@@ -8,11 +8,11 @@
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "core/text/Amount.h"
-#include "core/text/Numbers.h"
 #include "ui/dialogs/ChartColours.h"
+#include "ui/dialogs/ChartScale.h"
+#include "ui/dialogs/DialogParts.h"
 
 namespace {
 
@@ -21,20 +21,6 @@ constexpr int kMostHandMarks = 8;
 constexpr double kCourseWidth = 1.5;
 constexpr double kHeadLines = 1.8;  // in line heights: the legend above the plot
 constexpr double kFootLines = 2.8;  // the numbers and the title below it
-
-// 1, 2 or 5 times a power of ten, not below the given one and not below the smallest.
-double RoundStep(double least, double smallest) {
-    if (least <= smallest) return smallest;
-    const double power = std::pow(10, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0}) {
-        if (factor * power >= least * (1 - 1e-9)) return std::max(factor * power, smallest);
-    }
-    return 10 * power;
-}
-
-QString Grouped(std::int64_t number) {
-    return QString::fromStdString(FormatNumber(std::to_string(number), false, false));
-}
 
 }  // namespace
 
@@ -68,9 +54,8 @@ double CreditChart::Value(std::int32_t credits) const {
 }
 
 QString CreditChart::Amount(double value) const {
-    const std::string number = FormatDouble(unit.dollars ? "%.2f" : "%.0f", value);
-    if (!unit.dollars) return QString::fromStdString(FormatNumber(number, false, false));
-    return QString::fromStdString(FormatNumber(number, true, true));
+    return QString::fromStdString(unit.dollars ? FormatDollars("%.2f", value)
+                                               : FormatDecimals("%.0f", value));
 }
 
 // All that was ever owned, and the start, with whole steps below and above.

@@ -6,6 +6,28 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QValidator>
+#include <algorithm>
+
+#include "core/text/Amount.h"
+
+namespace {
+
+class ByteLimit : public QValidator {
+  public:
+    ByteLimit(int longest, QObject* parent) : QValidator(parent), longest(longest) {}
+
+    State validate(QString& text, int& /*cursor*/) const override {
+        std::ranges::replace_if(
+            text, [](QChar c) { return c < u' '; }, QChar(u' '));
+        return text.toUtf8().size() <= longest ? Acceptable : Invalid;
+    }
+
+  private:
+    int longest;
+};
+
+}  // namespace
 
 int WidthOf(const QWidget& widget, int characters) {
     return widget.fontMetrics().averageCharWidth() * characters;
@@ -21,6 +43,14 @@ QDialogButtonBox* OkAndCancel(QDialog& dialog) {
     return buttons;
 }
 
+QDialogButtonBox* OkAlone(QDialog& dialog) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName("ok");
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    return buttons;
+}
+
 QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest) {
     auto* box = new QLineEdit(&dialog);
     box->setObjectName(name);
@@ -29,6 +59,8 @@ QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest) 
     return box;
 }
 
+void LimitToBytes(QLineEdit& box, int longest) { box.setValidator(new ByteLimit(longest, &box)); }
+
 void RefuseInput(QLineEdit& box, const QString& caption, const QString& problem) {
     QMessageBox message(QMessageBox::Warning, caption, problem, QMessageBox::Ok, box.window());
     message.setObjectName("refusal");
@@ -36,3 +68,5 @@ void RefuseInput(QLineEdit& box, const QString& caption, const QString& problem)
     box.setFocus();
     box.selectAll();
 }
+
+QString Grouped(std::int64_t number) { return QString::fromStdString(FormatCount(number)); }

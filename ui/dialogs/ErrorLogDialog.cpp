@@ -1,7 +1,6 @@
 #include "ui/dialogs/ErrorLogDialog.h"
 
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -10,7 +9,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -96,7 +94,7 @@ QWidget* ErrorLogDialog::MakeHand(PictureStore& store) {
     auto* beside = new QHBoxLayout;
     beside->addWidget(knownCard);
     known->setLayout(beside);
-    known->setVisible(engine.payTable.gameId == kSneakPeakGameId);
+    known->setVisible(IsSneakPeak(engine));
     layout->addWidget(hand);
     layout->addWidget(known);
     layout->addStretch();
@@ -109,15 +107,10 @@ QWidget* ErrorLogDialog::MakeButtons() {
     layout->setContentsMargins(0, 0, 0, 0);
     previous = MakePageButton(tr("&Prev"), "previous", -1);
     next = MakePageButton(tr("&Next"), "next", 1);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, row);
-    auto* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName("ok");
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     layout->addWidget(previous);
     layout->addWidget(next);
     layout->addStretch();
-    layout->addWidget(buttons);
+    layout->addWidget(OkAlone(*this));
     return row;
 }
 
@@ -199,7 +192,5 @@ void ErrorLogDialog::Save() {
     const QString report = title->text() + '\n' + text->toPlainText() + "\n\n" +
                            summary->accessibleName() + '\n' + summary->toPlainText() + '\n';
     const QString game = QString::fromStdString(engine.settings.gameName);
-    const QString name = tr("%1 error %2.txt").arg(game).arg(index + 1).replace(u'/', u'-');
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    SaveReport(report.toStdString(), folder.filePath(name).toStdString(), this);
+    SaveReport(report.toStdString(), tr("%1 error %2.txt").arg(game).arg(index + 1), this);
 }

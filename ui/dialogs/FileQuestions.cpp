@@ -1,8 +1,10 @@
 #include "ui/dialogs/FileQuestions.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 #include "core/profile/AtomicFile.h"
 
@@ -66,9 +68,11 @@ std::optional<std::string> AskFileToSave(const FileKind& kind, const std::string
     }
 }
 
-void SaveReport(const std::string& report, const std::string& proposed, QWidget* parent) {
+void SaveReport(const std::string& report, QString name, QWidget* parent) {
     const FileKind text{QObject::tr("Text files (*.txt)"), "txt"};
-    const auto path = AskFileToSave(text, proposed, parent);
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QString proposed = folder.filePath(name.replace(u'/', u'-'));
+    const auto path = AskFileToSave(text, proposed.toStdString(), parent);
     if (!path) return;
     QString lines = QString::fromStdString(report);
     lines.replace("\r\n", "\n");

@@ -20,5 +20,6 @@ std::optional<std::string> AskFileToSave(const FileKind& kind, const std::string
                                          QWidget* parent);
 
 // Asks for a place and writes the report there, its lines ended as files of this system have them.
-// The player is told when that fails.
-void SaveReport(const std::string& report, const std::string& proposed, QWidget* parent);
+// The name is proposed in the folder of the documents, with a '-' for each '/' in it. The player is
+// told when the report could not be written.
+void SaveReport(const std::string& report, QString name, QWidget* parent);

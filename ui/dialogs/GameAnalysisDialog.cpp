@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,7 +10,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStandardPaths>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -92,13 +90,9 @@ QLayout* GameAnalysisDialog::MakeBottom() {
     run->setObjectName("run");
     run->setAutoDefault(false);
     connect(run, &QPushButton::clicked, this, [this] { done(RunCode(pages.TableIndex())); });
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName("ok");
-    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     auto* layout = new QHBoxLayout;
     layout->addWidget(run);
-    layout->addWidget(buttons);
+    layout->addWidget(OkAlone(*this));
     return layout;
 }
 
@@ -178,7 +172,5 @@ void GameAnalysisDialog::Save() {
     const QString name = tr("%1(%2) analysis.txt")
                              .arg(QString::fromStdString(pages.GameName()))
                              .arg(pages.TableIndex());
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    SaveReport(report->toPlainText().toStdString() + '\n',
-               folder.filePath(QString(name).replace(u'/', u'-')).toStdString(), this);
+    SaveReport(report->toPlainText().toStdString() + '\n', name, this);
 }

@@ -2,7 +2,6 @@
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -11,12 +10,10 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QStandardPaths>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "core/text/Amount.h"
 #include "core/text/Ranks.h"
 #include "game/GameEngine.h"
 #include "ui/dialogs/AssignFixedHandDialog.h"
@@ -56,17 +53,12 @@ std::array<PlacedCard, kPlaces> ShownPlaces(const GameEngine& engine) {
 
 // The places whose cards are held. The piles of Pick 'Em lie in other places than in the hand.
 std::array<bool, kPlaces> HeldPlaces(const GameEngine& engine, HoldMask hold) {
-    if (engine.payTable.type == GameType::kPickEm)
-        return {true, true, false, hold == kLeftPile, hold == kRightPile};
+    if (IsPickEm(engine)) return {true, true, false, hold == kLeftPile, hold == kRightPile};
     std::array<bool, kPlaces> held{};
     for (int place = 0; place < kPlaces; ++place) {
         held[static_cast<std::size_t>(place)] = Holds(hold, place);
     }
     return held;
-}
-
-QString Grouped(std::int64_t count) {
-    return QString::fromStdString(FormatNumber(std::to_string(count), false, false));
 }
 
 }  // namespace
@@ -84,11 +76,7 @@ HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, Q
     change->setObjectName("changeHand");
     change->setAutoDefault(false);
     connect(change, &QPushButton::clicked, this, &HandAnalysisDialog::ChangeHand);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    auto* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName("ok");
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* buttons = OkAlone(*this);
 
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(MakePlaces());
@@ -105,7 +93,7 @@ HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, Q
     report->FitToText();
     const QSize widest(WidthOf(*this, kWidest), QWIDGETSIZE_MAX);  // the rest is scrolled
     resize(sizeHint().boundedTo(screen()->availableSize() * kShareOfScreen).boundedTo(widest));
-    ok->setFocus();
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
 }
 
 QWidget* HandAnalysisDialog::MakeReportPage() {
@@ -186,7 +174,7 @@ QWidget* HandAnalysisDialog::MakeKnownCard() {
     auto* layout = new QHBoxLayout;
     layout->addWidget(knownCard);
     group->setLayout(layout);
-    group->setVisible(spare.payTable.gameId == kSneakPeakGameId);
+    group->setVisible(IsSneakPeak(spare));
     return group;
 }
 
@@ -243,7 +231,8 @@ void HandAnalysisDialog::ShowChart() {
     chart->ShowHolds(std::move(holds));
 }
 
-// "Best hold: ace of spades, king of spades: returns $4.5000; 16,215 draws, 5,000 of them win".
+// "Best hold: ace of spades, king of spades", "returns $4.5000" and "16,215 draws, 5,000 of them
+// win", a line each.
 QString HandAnalysisDialog::NoteOf(HoldMask hold, bool best) const {
     const auto cards = ShownPlaces(spare);
     const auto held = HeldPlaces(spare, hold);
@@ -261,7 +250,5 @@ QString HandAnalysisDialog::NoteOf(HoldMask hold, bool best) const {
 
 void HandAnalysisDialog::Save() {
     const QString game = QString::fromStdString(spare.settings.gameName);
-    const QString name = tr("%1 hand.txt").arg(game).replace(u'/', u'-');
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    SaveReport(HandReport(spare, display), folder.filePath(name).toStdString(), this);
+    SaveReport(HandReport(spare, display), tr("%1 hand.txt").arg(game), this);
 }

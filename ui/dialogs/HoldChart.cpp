@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "ui/dialogs/ChartColours.h"
+#include "ui/dialogs/ChartScale.h"
 
 namespace {
 
@@ -16,16 +17,6 @@ constexpr int kMinBarCharacters = 14;  // the width of the longest bar, at least
 constexpr int kTicks = 5;              // parts of the axis, about
 
 QString ValueText(double value) { return QLocale::c().toString(value, 'f', 4); }
-
-// The distance of the lines of the axis: 1, 2 or 5 times a power of ten.
-double TickFor(double greatest) {
-    const double rough = greatest / kTicks;
-    const double power = std::pow(10, std::floor(std::log10(rough)));
-    for (const double step : {1.0, 2.0, 5.0}) {
-        if (step * power >= rough) return step * power;
-    }
-    return 10 * power;
-}
 
 QFont Bold(QFont font) {
     font.setBold(true);
@@ -141,7 +132,7 @@ void HoldChart::PaintAxis(QPainter& painter, const Columns& columns) const {
     painter.drawText(QRectF(columns.gap, 0, columns.bars, columns.row),
                      Qt::AlignLeft | Qt::AlignVCenter, tr("Return ($)"));
     if (columns.greatest <= 0) return;
-    const double tick = TickFor(columns.greatest);
+    const double tick = RoundStep(columns.greatest / kTicks);
     const int last = static_cast<int>(columns.greatest / tick);
     for (int i = 0; i <= last; ++i) {
         const double value = i * tick;

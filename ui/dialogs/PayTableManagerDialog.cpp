@@ -12,7 +12,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QValidator>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -27,18 +26,6 @@ constexpr int kLongestText = 80;   // bytes
 constexpr int kOfferedRanks = 17;  // the last two are in tables made elsewhere
 constexpr int kEndOfTable = -1;    // data of that entry of a rank list
 constexpr int kNothing = -1;       // selected in a list
-
-// Keeps out what the files would cut.
-class TextLength : public QValidator {
-  public:
-    using QValidator::QValidator;
-
-    State validate(QString& text, int& /*cursor*/) const override {
-        std::ranges::replace_if(
-            text, [](QChar c) { return c < u' '; }, QChar(u' '));
-        return text.toUtf8().size() <= kLongestText ? Acceptable : Invalid;
-    }
-};
 
 // Turned over, the wheel scrolls the lines instead of changing a rank that nobody looks at.
 class RankList : public QComboBox {
@@ -66,10 +53,7 @@ class LineArea : public QScrollArea {
     }
 };
 
-QString NameOfRank(HandRank rank) {
-    const auto name = RankInfo(rank).longName;
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-}
+QString NameOfRank(HandRank rank) { return QString::fromUtf8(RankInfo(rank).longName); }
 
 QLabel* Caption(const QString& text, QWidget* buddy) {
     auto* label = new QLabel(text);
@@ -249,7 +233,7 @@ QWidget* PayTableManagerDialog::MakeButtons() {
 QLineEdit* PayTableManagerDialog::AddText(const QString& name, int shown, std::string& text,
                                           FieldPlace place) {
     auto* box = TypingBox(*this, name.toLatin1().constData(), shown, kLongestText);
-    box->setValidator(new TextLength(box));
+    LimitToBytes(*box, kLongestText);
     textFields.push_back({box, &text, place});
     connect(box, &QLineEdit::textEdited, this, [this, &text](const QString& typed) {
         text = typed.toStdString();
@@ -409,9 +393,7 @@ bool PayTableManagerDialog::Confirms(const std::string& caption, const std::stri
 std::optional<std::string> PayTableManagerDialog::SelectsGame(const std::vector<std::string>& games,
                                                               const std::string& current) {
     if (!isVisible()) return std::nullopt;
-    SelectGameDialog dialog(games, current, this);
-    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return dialog.Selected();
+    return AskGame(games, current, this);
 }
 
 std::optional<std::string> PayTableManagerDialog::RenamesGame(const std::string& current) {

@@ -3,30 +3,19 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QValidator>
-#include <algorithm>
 
+#include "core/paytable/PayTableStore.h"
 #include "ui/dialogs/DialogParts.h"
 
 namespace {
 
-// Keeps out what would make the name too long, and line breaks that are pasted.
-class NameLength : public QValidator {
-  public:
-    using QValidator::QValidator;
-
-    State validate(QString& name, int& /*cursor*/) const override {
-        std::ranges::replace_if(
-            name, [](QChar c) { return c < u' '; }, QChar(u' '));
-        return name.toUtf8().size() <= kLongestGameName ? Acceptable : Invalid;
-    }
-};
+constexpr int kLongestName = static_cast<int>(kLongestGameName);
 
 QString Problem(const QString& name) {
     if (name.isEmpty()) return RenameGameDialog::tr("Enter a name for the game.");
-    if (name.toUtf8().size() > kLongestGameName) {
+    if (name.toUtf8().size() > kLongestName) {
         return RenameGameDialog::tr("The name of a game has room for %1 characters at most.")
-            .arg(kLongestGameName);
+            .arg(kLongestName);
     }
     if (name.contains(u']') || name.contains(u'=') || name.startsWith(u'[')) {
         return RenameGameDialog::tr(
@@ -41,11 +30,11 @@ RenameGameDialog::RenameGameDialog(const std::string& name, QWidget* parent) : Q
     setObjectName("renameGame");
     setWindowTitle(tr("Rename Game"));
     const QString current = QString::fromStdString(name);
-    auto* oldName = TypingBox(*this, "oldName", 44, kLongestGameName);
+    auto* oldName = TypingBox(*this, "oldName", 44, kLongestName);
     oldName->setText(current);
     oldName->setReadOnly(true);
-    newName = TypingBox(*this, "newName", 44, kLongestGameName);
-    newName->setValidator(new NameLength(newName));
+    newName = TypingBox(*this, "newName", 44, kLongestName);
+    LimitToBytes(*newName, kLongestName);
     newName->setText(current);
     newName->selectAll();
 

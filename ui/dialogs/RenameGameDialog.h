@@ -6,8 +6,6 @@
 
 class QLineEdit;
 
-inline constexpr int kLongestGameName = 80;  // bytes
-
 class RenameGameDialog : public QDialog {
     Q_OBJECT
 

@@ -42,3 +42,10 @@ SelectGameDialog::SelectGameDialog(const std::vector<std::string>& games,
 }
 
 std::string SelectGameDialog::Selected() const { return list->currentText().toStdString(); }
+
+std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                   const std::string& current, QWidget* parent) {
+    SelectGameDialog dialog(games, current, parent);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.Selected();
+}

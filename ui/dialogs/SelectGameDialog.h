@@ -1,6 +1,7 @@
 // Asks for one of a list of games.
 #pragma once
 #include <QDialog>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,3 +22,7 @@ class SelectGameDialog : public QDialog {
   private:
     QComboBox* list;
 };
+
+// Shows the dialog; nothing when it is cancelled.
+std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                   const std::string& current, QWidget* parent);

@@ -2,7 +2,6 @@
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -10,13 +9,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "game/GameEngine.h"
 #include "ui/dialogs/CreditChart.h"
+#include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/FileQuestions.h"
 #include "ui/dialogs/ReportBox.h"
 
@@ -67,16 +66,12 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
                                  {engine.settings.showDollar, engine.settings.coin}, tabs),
                  tr("Session"));
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    auto* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName("ok");
-    ok->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* buttons = OkAlone(*this);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
     layout->addWidget(buttons);
     resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
-    ok->setFocus();
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
 }
 
 QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t now) {
@@ -152,7 +147,5 @@ void StatisticsDialog::Save() {
     }
     report.chop(1);
     const QString name = tr("%1 statistics.txt").arg(QString::fromStdString(gameName));
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    SaveReport(report.toStdString(),
-               folder.filePath(QString(name).replace(u'/', u'-')).toStdString(), this);
+    SaveReport(report.toStdString(), name, this);
 }

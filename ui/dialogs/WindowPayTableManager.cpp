@@ -5,9 +5,7 @@
 
 std::optional<std::string> WindowPayTableManager::SelectsGame(const std::vector<std::string>& games,
                                                               const std::string& current) {
-    SelectGameDialog dialog(games, current, &window);
-    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return dialog.Selected();
+    return AskGame(games, current, &window);
 }
 
 bool WindowPayTableManager::Edits(PayTableEditor& editor) {

@@ -47,3 +47,9 @@ inline constexpr int kFirstGame = 300;
 inline constexpr int kLastGame = 398;
 inline constexpr int kFirstUserGame = 9001;
 inline constexpr int kLastUserGame = 9010;
+
+// Whether a command chooses a game.
+constexpr bool IsGame(int command) {
+    return (command >= kFirstGame && command <= kLastGame) ||
+           (command >= kFirstUserGame && command <= kLastUserGame);
+}

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/table/SizeClass.h"
+#include "ui/art/SizeClass.h"
 #include "ui/table/TextMeasure.h"
 
 struct PayTable;

@@ -1,6 +1,5 @@
 #include "ui/table/PayTablePainter.h"
 
-#include <QFontMetrics>
 #include <QPainterPath>
 #include <algorithm>
 #include <string>

@@ -21,8 +21,8 @@ class QtSounds : public Sounds {
 
     void Play(Wave wave) override;
 
-    // What the player does meanwhile waits until the sound has ended, for at most its length and a
-    // second.
+    // Waits for the end of the sound, for at most its length and a second. Events go on being
+    // handled meanwhile; what the player does, the window keeps for later (ActionQueue.h).
     void PlayToEnd(Wave wave) override;
     void Sound(Beep beep) override;
 

@@ -9,10 +9,6 @@ namespace {
 constexpr QColor kShadow{0, 0, 0, 170};
 constexpr QColor kPlate{255, 255, 246};
 
-QString Utf8(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 }  // namespace
 
 TableCanvas::TableCanvas(QPainter& onPainter, const QRect& clipRect, PictureStore& store)
@@ -53,14 +49,14 @@ const QFont& TableCanvas::Font(int height) {
 }
 
 int TableCanvas::TextWidth(int fontHeight, std::string_view text) {
-    return QFontMetrics(Font(fontHeight)).horizontalAdvance(Utf8(text));
+    return QFontMetrics(Font(fontHeight)).horizontalAdvance(QString::fromUtf8(text));
 }
 
 TableCanvas::Line TableCanvas::Fitting(const TextPlace& place, std::string_view text) {
     int height = place.fontHeight;
     const int width = place.rect.width();
     while (height > kReadableFontHeight && TextWidth(height, text) > width) --height;
-    Line line{Font(height), Utf8(text)};
+    Line line{Font(height), QString::fromUtf8(text)};
     const QFontMetrics metrics(line.font);
     if (metrics.horizontalAdvance(line.text) > width) {
         line.text = metrics.elidedText(line.text, Qt::ElideRight, width);
@@ -92,7 +88,8 @@ void TableCanvas::WriteOnCard(const TextPlace& place, std::string_view text, con
     constexpr int kMargin = 5;
     constexpr double kRadius = 4;
     const QFontMetrics metrics(Font(place.fontHeight));
-    const int width = std::min(metrics.horizontalAdvance(Utf8(text)), place.rect.width());
+    const int width =
+        std::min(metrics.horizontalAdvance(QString::fromUtf8(text)), place.rect.width());
     QRectF plate(0, 0, width + 2 * kMargin, place.rect.height() + 1);
     plate.moveCenter(QRectF(place.rect).center());
     painter.save();

@@ -1,6 +1,7 @@
 #include "ui/table/TableInput.h"
 
 #include <Qt>
+#include <utility>
 
 #include "game/BonusFeatures.h"
 #include "game/DoubleUp.h"
@@ -19,6 +20,14 @@ constexpr int kFirstPick = 1;  // position of the first card that a double up le
 // Where a key presses a place.
 QPoint InsideOf(const QRect& place) { return place.topLeft() + QPoint(1, 1); }
 
+bool OnBet(const TableLayout& places, QPoint point) {
+    return places.betLabel.rect.contains(point) || places.betValue.rect.contains(point);
+}
+
+bool OnCredits(const TableLayout& places, QPoint point) {
+    return places.creditLabel.rect.contains(point) || places.creditValue.rect.contains(point);
+}
+
 bool IsDigit(int key, int first, int last) {
     return key >= Qt::Key_0 + first && key <= Qt::Key_0 + last;
 }
@@ -35,7 +44,7 @@ TableInput::TableInput(GameTable& table, SceneDisplay& display, const TableLayou
 
 void TableInput::Press(QPoint point) {
     if (HandIsDealt()) {
-        if (IsPickEm() || PositionAt(point) >= 0) {
+        if (IsPickEm(engine) || PositionAt(point) >= 0) {
             PressDealt(point);
             return;
         }
@@ -71,9 +80,7 @@ void TableInput::RightPress(QPoint point) {
             AssignFixedHand(table);
             return;
         }
-        const bool onBet =
-            places.betLabel.rect.contains(point) || places.betValue.rect.contains(point);
-        if (IsPickEm() || onBet) return;
+        if (IsPickEm(engine) || OnBet(places, point)) return;
     } else if (RightPressGameOver(point)) {
         return;
     }
@@ -98,8 +105,6 @@ void TableInput::Key(int key) {
 
 bool TableInput::HandIsDealt() const { return !engine.handOver; }
 
-bool TableInput::IsPickEm() const { return engine.payTable.type == GameType::kPickEm; }
-
 int TableInput::PositionAt(QPoint point) const {
     for (std::size_t i = 0; i < kHandSize; ++i) {
         if (places.holdButtons[i].contains(point) || places.cards[i].contains(point)) {
@@ -113,9 +118,9 @@ void TableInput::PressDealt(QPoint point) {
     const int position = PositionAt(point);
     if (position < 0) return;
     const bool onButton = places.holdButtons[static_cast<std::size_t>(position)].contains(point);
-    const bool hasButton = !IsPickEm() || position >= kLeftPilePosition;
+    const bool hasButton = !IsPickEm(engine) || position >= kLeftPilePosition;
     if (onButton && hasButton) display.ShowHoldButton(position, true);
-    if (!IsPickEm()) ToggleHold(table, position);
+    if (!IsPickEm(engine)) ToggleHold(table, position);
 }
 
 void TableInput::PressGameOver(QPoint point) {
@@ -125,15 +130,13 @@ void TableInput::PressGameOver(QPoint point) {
     if (FeaturePending(engine)) return;
     if (places.betOne.contains(point)) display.PressButton(TableButton::kBetOne, true);
     if (places.maxBet.contains(point)) display.PressButton(TableButton::kMaxBet, true);
-    const bool onCredits =
-        places.creditLabel.rect.contains(point) || places.creditValue.rect.contains(point);
-    if (onCredits) ToggleShowDollar(table);
+    if (OnCredits(places, point)) ToggleShowDollar(table);
 }
 
 // True when the release needs no further look.
 bool TableInput::ReleaseDealt(QPoint point) {
     const int position = PositionAt(point);
-    if (!IsPickEm()) return position >= 0;
+    if (!IsPickEm(engine)) return position >= 0;
     if (position == kLeftPilePosition) ChoosePile(table, Pile::kLeft);
     if (position == kRightPilePosition) ChoosePile(table, Pile::kRight);
     return true;
@@ -146,8 +149,7 @@ bool TableInput::ReleaseGameOver(QPoint point) {
         return true;
     }
     if (FeaturePending(engine)) return true;
-    const bool onBet = places.betLabel.rect.contains(point) || places.betValue.rect.contains(point);
-    if (places.betOne.contains(point) || onBet) BetOneCommand(table);
+    if (places.betOne.contains(point) || OnBet(places, point)) BetOneCommand(table);
     if (places.maxBet.contains(point)) BetMaxCommand(table);
     return false;
 }
@@ -177,9 +179,9 @@ bool TableInput::ReleaseFeature(QPoint point) {
 bool TableInput::RightPressGameOver(QPoint point) {
     if (places.deal.contains(point)) {
         AssignFixedHand(table);
-    } else if (places.betLabel.rect.contains(point) || places.betValue.rect.contains(point)) {
+    } else if (OnBet(places, point)) {
         BetMaxCommand(table);
-    } else if (places.creditLabel.rect.contains(point) || places.creditValue.rect.contains(point)) {
+    } else if (OnCredits(places, point)) {
         CashOutCommand(table);
     } else {
         return false;
@@ -207,7 +209,7 @@ void TableInput::TableKey(int key) {
     switch (key) {
         case Qt::Key_Space:
         case Qt::Key_D:
-            if (!(HandIsDealt() && IsPickEm())) DealDraw(table);
+            if (!(HandIsDealt() && IsPickEm(engine))) DealDraw(table);
             break;
         case Qt::Key_B:
             Release(InsideOf(places.betValue.rect));
@@ -253,12 +255,11 @@ void TableInput::CommandKey(int key) {
 }
 
 void TableInput::PileKey(int key) {
-    if (!HandIsDealt() || !IsPickEm()) return;
+    if (!HandIsDealt() || !IsPickEm(engine)) return;
     const int position = key == Qt::Key_Left ? kLeftPilePosition : kRightPilePosition;
     Release(InsideOf(places.cards[static_cast<std::size_t>(position)]));
 }
 
-// Wherever the finger is lifted, no button stays down.
 void TableInput::ReleaseButtons() {
     for (const TableButton button :
          {TableButton::kDeal, TableButton::kBetOne, TableButton::kMaxBet, TableButton::kDoubleUp}) {

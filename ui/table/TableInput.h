@@ -21,13 +21,15 @@ class TableInput {
     void RightPress(QPoint point);
     void DoublePress(QPoint point);
 
+    // Wherever the finger is lifted, and when another window comes between, no button stays down.
+    void ReleaseButtons();
+
     // A key that is let go, by its Qt::Key; digits of the keypad count as digits. In Pick 'Em Left
     // and Right choose the piles, so that every hand can be played without a mouse.
     void Key(int key);
 
   private:
     bool HandIsDealt() const;
-    bool IsPickEm() const;
     int PositionAt(QPoint point) const;  // by card place or HOLD button, -1 none
 
     void PressDealt(QPoint point);
@@ -40,7 +42,6 @@ class TableInput {
     void TableKey(int key);
     void CommandKey(int key);
     void PileKey(int key);
-    void ReleaseButtons();
 
     GameTable& table;
     GameEngine& engine;

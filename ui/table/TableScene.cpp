@@ -8,8 +8,6 @@
 
 namespace {
 
-bool IsPickEm(const GameEngine& engine) { return engine.payTable.type == GameType::kPickEm; }
-
 TableScene Meters(const GameEngine& engine, const std::string& message) {
     TableScene scene;
     scene.message = message;
@@ -54,7 +52,7 @@ void ShowHand(const GameEngine& engine, TableScene& scene) {
         scene.places[i].card = engine.hand[i];
         scene.places[i].held = engine.held[i];
     }
-    const bool sneakPeak = engine.payTable.gameId == kSneakPeakGameId;
+    const bool sneakPeak = IsSneakPeak(engine);
     if (sneakPeak && !engine.handOver) scene.firstDraw = engine.drawCards[0];
 }
 

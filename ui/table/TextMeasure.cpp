@@ -6,8 +6,7 @@
 
 QSize QtTextMeasure::Measure(int fontHeight, std::string_view text) const {
     const QFontMetrics metrics(TableFont(fontHeight));
-    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    return {metrics.horizontalAdvance(line), metrics.height()};
+    return {metrics.horizontalAdvance(QString::fromUtf8(text)), metrics.height()};
 }
 
 QFont TableFont(int height) {
