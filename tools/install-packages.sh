@@ -15,10 +15,11 @@ test_packages=(
     xvfb xauth  # xvfb-run calls xauth
     xdotool
     openbox  # keys reach only a window that a window manager has given the focus
+    python3  # the README's test
 )
-# Screenshots of a virtual screen. The tests pass without it, so it is tried only along with the others
-# and its absence never stops or slows a run.
-wished_packages=(imagemagick)
+# Screenshots of a virtual screen, and the judges of what is installed and packed. The tests pass without
+# them, so they are tried only along with the others and their absence never stops or slows a run.
+wished_packages=(imagemagick appstream desktop-file-utils dpkg-dev man-db shared-mime-info)
 
 wanted=("${build_packages[@]}")
 wished=()
