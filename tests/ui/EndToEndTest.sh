@@ -47,6 +47,8 @@ quit() {
     wait "$program" || fail "the program ended with status $?"
 }
 
+# A window that is there before the window manager may never be shown by it.
+wait_until xdotool get_desktop
 start
 key alt+s  # the Speed menu, whose first entry is Fast
 key Return
