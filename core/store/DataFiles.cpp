@@ -37,7 +37,9 @@ fs::path UserDataFolder(const DataEnvironment& environment) {
 DataEnvironment ReadDataEnvironment() {
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    return {program.string(), CanWrite(program.parent_path()), Variable("XDG_DATA_HOME"),
+    const fs::path folder = program.parent_path();
+    const bool installed = fs::exists(folder / kInstalledMark, error);
+    return {program.string(), CanWrite(folder) && !installed, Variable("XDG_DATA_HOME"),
             Variable("HOME")};
 }
 

@@ -14,10 +14,14 @@ inline constexpr std::string_view kShippedMainProfile = "Tolvane.114";
 inline constexpr std::string_view kShippedGame = "Default.114";
 inline constexpr std::string_view kShippedAnalyses = "Game Analyses.114";
 
+// In the program's folder it says that the program is installed for several people, and that nobody
+// keeps data there, even one who may write to it: root would use the shipped files up for them all.
+inline constexpr std::string_view kInstalledMark = "installed";
+
 // What the places depend on.
 struct DataEnvironment {
     std::string programFile;  // full path; empty when the system does not tell
-    bool programFolderWritable = false;
+    bool programFolderWritable = false;  // and not marked as installed
     std::string xdgDataHome;  // empty = not set
     std::string home;         // empty = not set
 };
@@ -33,7 +37,7 @@ struct DataFilePaths {
 // That of the running program.
 DataEnvironment ReadDataEnvironment();
 
-// The program's own folder when it can be written, otherwise the user's ("Tolvane" among the data
+// The program's own folder when data may be kept there, otherwise the user's ("Tolvane" among the data
 // of all programs), which need not exist yet. Empty when there is neither.
 std::string FindDataFolder(const DataEnvironment& environment);
 

@@ -25,10 +25,11 @@ wait_until() {
 }
 
 # Root may write into every folder, however it is protected; without that power it is as any other user.
-player=(env -u XDG_DATA_HOME HOME="$temporary/home" XDG_CONFIG_HOME="$temporary/home/config"
-    XDG_RUNTIME_DIR="$temporary/home" QT_QPA_PLATFORM=offscreen)
+settings=(env -u XDG_DATA_HOME XDG_CONFIG_HOME="$temporary/home/config" XDG_RUNTIME_DIR="$temporary/home"
+    QT_QPA_PLATFORM=offscreen)
+player=("${settings[@]}")
 if [[ $EUID -eq 0 ]]; then player+=(setpriv "--bounding-set=-dac_override,-dac_read_search"); fi
-analyser() { "${player[@]}" "$prefix/bin/tolvane-cli" "$@" 2>"$temporary/output"; }
+analyser() { HOME=$temporary/home "${player[@]}" "$prefix/bin/tolvane-cli" "$@" 2>"$temporary/output"; }
 ends_on_sigterm() { (((0x$(sed -n 's/^SigCgt:\s*//p' "/proc/$1/status") >> 14) & 1)); }
 
 install_read_only() {
@@ -50,17 +51,29 @@ a_new_user_gets_the_shipped_pay_tables() {
     [[ ! -e $temporary/home/.local ]] || fail "the analyser wrote into the home folder"
 }
 
-the_window_keeps_its_data_in_the_home_folder() {
-    local data=$temporary/home/.local/share/Tolvane
-    "${player[@]}" "$prefix/bin/tolvane" >"$temporary/output" 2>&1 &
-    local program=$!
+# start_and_end HOME COMMAND...: as a session with that home folder that ends at once.
+start_and_end() {
+    local home=$1 program
+    shift
+    HOME=$home "$@" "$prefix/bin/tolvane" >"$temporary/output" 2>&1 &
+    program=$!
     wait_until ends_on_sigterm $program
     kill -TERM $program
     wait $program || fail "the program ended with status $?"
     for name in Tolvane.ini Default.qdx "Game Analyses.ini"; do
-        [[ -s $data/$name ]] || fail "there is no $name in $data"
+        [[ -s $home/.local/share/Tolvane/$name ]] || fail "there is no $name among the data of $home"
     done
     diff "$temporary/before" <(files_below "$prefix") || fail "the program folder changed"
+}
+
+the_window_keeps_its_data_in_the_home_folder() { start_and_end "$temporary/home" "${player[@]}"; }
+
+# Or the shipped files would be gone for the next one.
+even_somebody_who_may_write_to_the_program_folder_keeps_data_at_home() {
+    mkdir -m 700 "$temporary/root"
+    chmod -R u+w "$prefix"
+    start_and_end "$temporary/root" "${settings[@]}"
+    chmod -R a-w "$prefix"
 }
 
 the_analyser_follows_the_players_pay_tables() {
@@ -136,6 +149,7 @@ the_package_holds_what_is_installed() {
 install_read_only
 a_new_user_gets_the_shipped_pay_tables
 the_window_keeps_its_data_in_the_home_folder
+even_somebody_who_may_write_to_the_program_folder_keeps_data_at_home
 the_analyser_follows_the_players_pay_tables
 each_option_is_in_the_manual
 manuals_are_clean
