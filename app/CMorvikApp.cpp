@@ -3,6 +3,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QCommandLineParser>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QSessionManager>
 #include <QSocketNotifier>
@@ -40,7 +42,9 @@ CMorvikApp::~CMorvikApp() {
 }
 
 int CMorvikApp::Run() {
+    ReadArguments();
     if (!TakeDataFolder()) return 1;
+    WarnOfMissingPayTables();
     sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });
     frame = std::make_unique<CMainFrame>();
     frame->hurryClock = [this](bool on) { clock.Hurry(on); };
@@ -54,8 +58,21 @@ int CMorvikApp::Run() {
         [this](QSessionManager&) { document->SaveForNow(); }, Qt::DirectConnection);
     EndOnSignals();
     QMetaObject::invokeMethod(
-        this, [this] { document->OnNewDocument(); }, Qt::QueuedConnection);
+        this, [this] { document->OnNewDocument(gameFile.toStdString()); }, Qt::QueuedConnection);
     return exec();
+}
+
+// Ends the program after --help, --version or what it does not know.
+void CMorvikApp::ReadArguments() {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(tr("Video poker machine and strategy trainer."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(tr("game"), tr("The game file (*.qdx) to go on in."),
+                                 tr("[game]"));
+    parser.process(*this);
+    if (parser.positionalArguments().isEmpty()) return;
+    gameFile = QFileInfo(parser.positionalArguments().constFirst()).absoluteFilePath();
 }
 
 bool CMorvikApp::TakeDataFolder() {
@@ -84,6 +101,15 @@ bool CMorvikApp::TakeDataFolder() {
     }
     MigrateDataFiles(paths, file);
     return true;
+}
+
+void CMorvikApp::WarnOfMissingPayTables() {
+    const QFileInfo profile(QString::fromStdString(paths.mainProfile));
+    if (profile.isReadable()) return;
+    Warn(tr("No Pay Tables"),
+         tr("%1 cannot be read, so there are no pay tables and every hand loses. Install Tolvane "
+            "anew, or copy %2 back, and start it again.")
+             .arg(profile.filePath(), profile.fileName()));
 }
 
 void CMorvikApp::Warn(const QString& caption, const QString& text) {

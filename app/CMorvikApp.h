@@ -23,7 +23,9 @@ class CMorvikApp : public QApplication {
     int Run();
 
   private:
+    void ReadArguments();
     bool TakeDataFolder();
+    void WarnOfMissingPayTables();
     void Warn(const QString& caption, const QString& text);
     void EndOnSignals();
 
@@ -31,6 +33,7 @@ class CMorvikApp : public QApplication {
     GameEngine spare;
     ProfileFile file;
     DataFilePaths paths;
+    QString gameFile;  // to begin in, in full; empty = the last one
     std::unique_ptr<LockFile> lock;
     PictureStore pictures;
     WindowClock clock;

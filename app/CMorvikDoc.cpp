@@ -49,8 +49,12 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
 
 CMorvikDoc::~CMorvikDoc() = default;
 
-void CMorvikDoc::OnNewDocument() {
-    actions.Run([this] { FinishStart(table); });
+void CMorvikDoc::OnNewDocument(const std::string& gameFile) {
+    actions.Run([this, gameFile] {
+        FinishStart(table);
+        if (!gameFile.empty()) OpenNamedGameFile(table, gameFile);
+        emit TitleChanged();
+    });
 }
 
 bool CMorvikDoc::OnCloseDocument() { return StopGame(table, paths); }

@@ -31,8 +31,8 @@ class CMorvikDoc : public QObject {
                QWidget& window, PictureStore& pictures, Clock& clock, Sounds& sounds);
     ~CMorvikDoc() override;
 
-    // Once the window is shown.
-    void OnNewDocument();
+    // Once the window is shown: goes on in the game file, unless it is empty or in use already.
+    void OnNewDocument(const std::string& gameFile = "");
 
     // Saves everything. False when that failed; the player has been told.
     bool OnCloseDocument();

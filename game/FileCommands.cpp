@@ -91,6 +91,18 @@ bool WriteCopy(GameTable& table, const std::string& path) {
     return false;
 }
 
+void GoOnIn(GameTable& table, const std::string& path) {
+    if (IsMainProfile(table, path) || !IsGameFile(table, path)) return;
+    SettleFeatures(table);
+    SaveGame(table, false);
+    UseGameFile(table, path);
+    LoadGameFile(table);
+    EnterStoredMode(table);
+    SaveGame(table, true);
+    ShowGameOver(table);
+    table.display.Relayout();
+}
+
 }  // namespace
 
 // The machine takes the new state only when the file holds it.
@@ -123,16 +135,11 @@ void NewGameFile(GameTable& table) {
 
 void OpenGameFile(GameTable& table) {
     const std::string folder = fs::path(table.files.gamePath).parent_path().string();
-    const auto path = table.player.ChoosesFileToOpen(folder);
-    if (!path || IsMainProfile(table, *path) || !IsGameFile(table, *path)) return;
-    SettleFeatures(table);
-    SaveGame(table, false);
-    UseGameFile(table, *path);
-    LoadGameFile(table);
-    EnterStoredMode(table);
-    SaveGame(table, true);
-    ShowGameOver(table);
-    table.display.Relayout();
+    if (const auto path = table.player.ChoosesFileToOpen(folder)) GoOnIn(table, *path);
+}
+
+void OpenNamedGameFile(GameTable& table, const std::string& path) {
+    if (!SamePath(path, table.files.gamePath)) GoOnIn(table, path);
 }
 
 void SaveGameFile(GameTable& table) {

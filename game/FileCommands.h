@@ -13,6 +13,9 @@ void NewGameFile(GameTable& table);
 // Goes on with the settings, the game and the statistics of another game file.
 void OpenGameFile(GameTable& table);
 
+// The same with a file that was named elsewhere; nothing when it is the one in use.
+void OpenNamedGameFile(GameTable& table, const std::string& path);
+
 // A failure is told even when an earlier one was.
 void SaveGameFile(GameTable& table);
 

@@ -26,11 +26,14 @@ wait_until() {
     fail "never happened: $*"
 }
 
+# start TITLE-PATTERN ARGUMENT...
 start() {
-    (cd "$home" && exec ./Tolvane >output 2>&1) &
+    local title=$1
+    shift
+    (cd "$home" && exec ./Tolvane "$@" >output 2>&1) &
     program=$!
-    wait_until xdotool search --onlyvisible --name "Jacks or Better - Tolvane"
-    window=$(xdotool search --onlyvisible --name "Jacks or Better - Tolvane" | tail -1)
+    wait_until xdotool search --onlyvisible --name "$title - Tolvane"
+    window=$(xdotool search --onlyvisible --name "$title - Tolvane" | tail -1)
     wait_until focused "$window"
 }
 
@@ -49,7 +52,7 @@ quit() {
 
 # A window that is there before the window manager may never be shown by it.
 wait_until xdotool get_desktop
-start
+start "Jacks or Better"
 key alt+s  # the Speed menu, whose first entry is Fast
 key Return
 key d  # there are no credits: dollars are asked for
@@ -73,7 +76,7 @@ won=$(sed -n 's/^CreditsWon=//p' "$home/Default.qdx")
 credits=$((100 - 50 + won))
 stored "Credits=$credits" || fail "100 dollars less 50 coins and $won won are not $credits"
 
-start
+start "Jacks or Better"
 key d
 key d
 sleep 0.5
@@ -81,5 +84,13 @@ quit
 stored "HandsPlayed=11" || fail "the eleventh hand was not counted"
 won_then=$(sed -n 's/^CreditsWon=//p' "$home/Default.qdx")
 stored "Credits=$((credits - 5 + won_then - won))" || fail "the second start did not go on with $credits credits"
+
+# A game file named at the start is gone on in, then and the next time.
+printf '[main]\nGameName=Deuces Wild\nGameID=310\nCredits=7\n' >"$home/holiday.qdx"
+start "Deuces Wild .holiday.qdx." holiday.qdx
+quit
+start "Deuces Wild .holiday.qdx."
+quit
+grep -qx "Credits=7" "$home/holiday.qdx" || fail "the named game file lost its credits"
 [[ ! -s $home/output ]] || fail "the program had something to say"
 echo "Played eleven hands, from 100 credits to $((credits - 5 + won_then - won))."
