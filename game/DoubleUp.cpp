@@ -128,9 +128,14 @@ void Lost(GameTable& table) {
 
 }  // namespace
 
+bool CanDoubleUp(const GameEngine& engine) {
+    return engine.settings.doubleUp && engine.doubleUpOffered && engine.handOver &&
+           !engine.doubleUpPick;
+}
+
 void StartDoubleUp(GameTable& table) {
     GameEngine& engine = table.engine;
-    if (!engine.doubleUpOffered || engine.doubleUpPick || !engine.handOver) return;
+    if (!CanDoubleUp(engine)) return;
     table.beforeDoubleUp = {engine.hand, engine.drawCards, engine.held};
     SetStake(engine, engine.win);
     SetUpPick(table);

@@ -56,7 +56,7 @@ struct GameEngine {
     int win = 0;          // credits paid for the last final hand
     int replayIndex = 0;  // of the logged hand that Error Log mode deals next
 
-    bool doubleUpOffered = false;  // the DBL UP button may be pressed
+    bool doubleUpOffered = false;  // the last win may be doubled up while the option is on
     bool doubleUpPick = false;     // a double up waits for a card
     bool doubleUpClosed = true;    // the pick is decided
     bool redBlackPending = false;  // a feature waits for the player

@@ -51,12 +51,9 @@ void ToggleSounds(GameTable& table) {
 }
 
 void ToggleDoubleUp(GameTable& table) {
-    bool& doubleUp = table.engine.settings.doubleUp;
-    doubleUp = !doubleUp;
-    // An offer that stands shows its button only while the option is on.
-    if (table.engine.doubleUpOffered && !table.engine.doubleUpPick) {
-        table.display.ShowDoubleUpButton(doubleUp);
-    }
+    const bool shown = CanDoubleUp(table.engine);
+    table.engine.settings.doubleUp = !table.engine.settings.doubleUp;
+    if (CanDoubleUp(table.engine) != shown) table.display.ShowDoubleUpButton(!shown);
 }
 
 // A message without an amount stays, since it may be one that is not the machine's own, such as

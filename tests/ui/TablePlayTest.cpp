@@ -253,6 +253,13 @@ TEST_F(TablePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
 TEST_F(TablePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
     TestProgram& p = Start();
     WinWithTwoPair();
+    p.document->Run(kToggleDoubleUp);
+    p.ExpectAtRest("switched off");
+    p.Click(p.Places().doubleUp);
+    p.Key(Qt::Key_U);
+    EXPECT_FALSE(p.engine.doubleUpPick) << "there is no button to press";
+    p.document->Run(kToggleDoubleUp);
+    p.ExpectAtRest("switched on again");
     p.DecideNextDuel(-1);
     p.Key(Qt::Key_U);
     ASSERT_TRUE(p.engine.doubleUpPick);

@@ -124,7 +124,7 @@ void TableInput::PressDealt(QPoint point) {
 }
 
 void TableInput::PressGameOver(QPoint point) {
-    if (engine.doubleUpOffered && places.doubleUp.contains(point)) {
+    if (CanDoubleUp(engine) && places.doubleUp.contains(point)) {
         display.PressButton(TableButton::kDoubleUp, true);
     }
     if (FeaturePending(engine)) return;
@@ -144,7 +144,7 @@ bool TableInput::ReleaseDealt(QPoint point) {
 
 bool TableInput::ReleaseGameOver(QPoint point) {
     if (ReleaseFeature(point)) return true;
-    if (engine.doubleUpOffered && places.doubleUp.contains(point)) {
+    if (CanDoubleUp(engine) && places.doubleUp.contains(point)) {
         StartDoubleUp(table);
         return true;
     }
@@ -190,8 +190,8 @@ bool TableInput::RightPressGameOver(QPoint point) {
 }
 
 void TableInput::FeatureKey(int key) {
-    if (key == Qt::Key_U && engine.doubleUpOffered) {
-        Release(InsideOf(places.doubleUp));
+    if (key == Qt::Key_U) {
+        StartDoubleUp(table);
     } else if (engine.redBlackPending && (key == Qt::Key_R || key == Qt::Key_B)) {
         Release(InsideOf(key == Qt::Key_R ? places.redPanel : places.blackPanel));
     } else if (engine.spinPending && key == Qt::Key_S) {
@@ -218,7 +218,7 @@ void TableInput::TableKey(int key) {
             if (!HandIsDealt()) RightPress(InsideOf(places.betValue.rect));
             break;
         case Qt::Key_U:
-            if (engine.settings.doubleUp) Release(InsideOf(places.doubleUp));
+            StartDoubleUp(table);
             break;
         case Qt::Key_Left:
         case Qt::Key_Right:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "game/DoubleUp.h"
 #include "game/PickEmFlow.h"
 #include "game/WinDisplay.h"
 #include "ui/art/Pictures.h"
@@ -111,9 +112,6 @@ TableScene SceneOf(const GameTable& table, const std::string& message) {
         ShowHand(engine, scene);
     }
     ShowFeatures(table, scene);
-    const bool offered = engine.settings.doubleUp && engine.handOver && engine.handWins;
-    if (offered && engine.doubleUpOffered) {
-        scene.Button(TableButton::kDoubleUp) = ButtonLook::kReleased;
-    }
+    if (CanDoubleUp(engine)) scene.Button(TableButton::kDoubleUp) = ButtonLook::kReleased;
     return scene;
 }
