@@ -21,6 +21,7 @@ AutoplayHandsDialog::AutoplayHandsDialog(QWidget* parent) : QDialog(parent) {
     layout->addWidget(count);
     layout->addStretch();
     layout->addWidget(OkAndCancel(*this));
+    MakeRoomForCaption(*this);
     count->setFocus();
 }
 

@@ -1,8 +1,10 @@
 #include "ui/dialogs/DialogParts.h"
 
+#include <QBoxLayout>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFontMetrics>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -59,11 +61,23 @@ QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest) 
     return box;
 }
 
+void MakeRoomForCaption(QDialog& dialog) {
+    constexpr int kWindowButtons = 24;  // average characters, with the icon
+    const int caption = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
+    const int width = caption + WidthOf(dialog, kWindowButtons);
+    if (auto* box = qobject_cast<QBoxLayout*>(dialog.layout())) {
+        box->addStrut(width);
+    } else if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout())) {
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+}
+
 void LimitToBytes(QLineEdit& box, int longest) { box.setValidator(new ByteLimit(longest, &box)); }
 
 void RefuseInput(QLineEdit& box, const QString& caption, const QString& problem) {
     QMessageBox message(QMessageBox::Warning, caption, problem, QMessageBox::Ok, box.window());
     message.setObjectName("refusal");
+    MakeRoomForCaption(message);
     message.exec();
     box.setFocus();
     box.selectAll();

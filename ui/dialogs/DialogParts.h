@@ -20,6 +20,9 @@ QDialogButtonBox* OkAlone(QDialog& dialog);
 // A box for typing that shows about so many characters and takes at most as many as told.
 QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest);
 
+// Makes a dialog that has little in it wide enough for its caption beside the window's buttons.
+void MakeRoomForCaption(QDialog& dialog);
+
 // Keeps out what would make the text longer than so many bytes, where the files would cut it, and
 // line breaks that are pasted.
 void LimitToBytes(QLineEdit& box, int longest);

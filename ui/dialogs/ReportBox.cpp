@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QMenu>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextOption>
 #include <QtMath>
@@ -60,13 +61,22 @@ void ReportBox::FitToText() {
     const QStringList lines = toPlainText().split(u'\n');
     qreal width = 0;
     for (const QString& line : lines) width = std::max(width, LineWidth(line, font, stops));
-    const qreal height = font.lineSpacing() * static_cast<qreal>(lines.size());
+    // The lines as they are laid out: a font's own spacing may be a fraction of a pixel less.
+    qreal height = 0;
+    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
+        height += blockBoundingRect(line).height();
+    }
     const qreal borders = 2 * (frameWidth() + document()->documentMargin());
     // Room for a character and the bar, so that neither bar appears while the text fits.
     const qreal spare = font.averageCharWidth() + verticalScrollBar()->sizeHint().width();
     wanted = wanted.expandedTo(
         {qCeil(width + borders + spare), qCeil(height + borders + font.lineSpacing() / 2)});
     updateGeometry();
+}
+
+void ReportBox::UseFont(const QFont& font) {
+    setFont(font);
+    wanted = {};
 }
 
 QSize ReportBox::sizeHint() const { return wanted.expandedTo(minimumSizeHint()); }

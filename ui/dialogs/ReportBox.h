@@ -18,8 +18,11 @@ class ReportBox : public QPlainTextEdit {
     // Logical pixels from the left of the text.
     void SetTabStops(const QList<qreal>& stops);
 
-    // Makes the box ask for room for its text.
+    // Makes the box ask for room for its text, and for all it was fitted to before.
     void FitToText();
+
+    // The box asks for no more room than any does, until it is fitted to its text in this font.
+    void UseFont(const QFont& font);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

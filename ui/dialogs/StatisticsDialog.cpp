@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -23,6 +24,8 @@ namespace {
 
 // Of the width of the columns before the last one.
 constexpr double kLabelShare = 0.65;
+constexpr qreal kSmallestFont = 6.0;  // points
+constexpr int kBorder = 4;            // within a frame; the dialog holds much for a small screen
 
 struct ColumnWidths {
     int label = 0;
@@ -36,16 +39,6 @@ void Widen(ColumnWidths& widths, const QFontMetrics& font, const std::string& re
         widths.label = std::max(widths.label, font.horizontalAdvance(cells[0]));
         widths.session = std::max(widths.session, font.horizontalAdvance(cells[1]));
     }
-}
-
-ReportBox* AddBox(QGridLayout& layout, int row, int column, const QString& title,
-                  const char* name) {
-    auto* group = new QGroupBox(title);
-    auto* box = new ReportBox(name, title, group);
-    auto* inside = new QVBoxLayout(group);
-    inside->addWidget(box);
-    layout.addWidget(group, row, column);
-    return box;
 }
 
 }  // namespace
@@ -70,34 +63,18 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
     layout->addWidget(buttons);
-    resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
+    FitToScreen();
     buttons->button(QDialogButtonBox::Ok)->setFocus();
 }
 
 QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t now) {
     auto* reports = new QWidget(this);
     auto* layout = new QGridLayout(reports);
-    hands = AddBox(*layout, 0, 0, tr("Hands"), "hands");
-    credits = AddBox(*layout, 1, 0, tr("Credits"), "credits");
-    errors = AddBox(*layout, 1, 1, tr("Errors"), "errors");
-    lines = AddBox(*layout, 0, 1, tr("Pay Table"), "lines");
-    const std::string handsReport = StatisticsHands(engine, now);
-    const std::string creditsReport = StatisticsCredits(engine);
-    const std::string errorsReport = StatisticsErrors(engine);
-    SetTabStops(
-        {handsReport, creditsReport, errorsReport, lineReports[0], lineReports[1], lineReports[2]});
-    hands->ShowReport(handsReport);
-    credits->ShowReport(creditsReport);
-    errors->ShowReport(errorsReport);
-    for (const std::string& report : lineReports) {
-        lines->ShowReport(report);
-        lines->FitToText();
-    }
-    lines->ShowReport(lineReports[0]);
-    for (ReportBox* box : {hands, credits, errors, lines}) {
-        box->FitToText();
-        box->saveAs = [this] { Save(); };
-    }
+    const QList<std::string> ofLines(lineReports.begin(), lineReports.end());
+    AddBox(*layout, 0, 0, tr("Hands"), "hands", {StatisticsHands(engine, now)});
+    AddBox(*layout, 1, 0, tr("Credits"), "credits", {StatisticsCredits(engine)});
+    AddBox(*layout, 1, 1, tr("Errors"), "errors", {StatisticsErrors(engine)});
+    lines = AddBox(*layout, 0, 1, tr("Pay Table"), "lines", ofLines);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(MakeDisplayChoice());
     bottom->addStretch();
@@ -105,18 +82,71 @@ QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t no
     return reports;
 }
 
+ReportBox* StatisticsDialog::AddBox(QGridLayout& layout, int row, int column, const QString& title,
+                                    const char* name, const QList<std::string>& reports) {
+    auto* group = new QGroupBox(title);
+    auto* box = new ReportBox(name, title, group);
+    box->saveAs = [this] { Save(); };
+    auto* inside = new QVBoxLayout(group);
+    inside->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
+    inside->addWidget(box);
+    layout.addWidget(group, row, column);
+    sections.append({box, reports});
+    return box;
+}
+
+// In a font of so many points. Each box is as large as the largest of its reports asks for, and
+// shows the first one.
+void StatisticsDialog::ShowReports(qreal fontSize) {
+    QFont used = font();
+    used.setPointSizeF(fontSize);
+    for (const Section& section : sections) section.box->UseFont(used);
+    SetTabStops();
+    for (const auto& [box, reports] : sections) {
+        for (const std::string& report : reports) {
+            box->ShowReport(report);
+            box->FitToText();
+        }
+        box->ShowReport(reports.first());
+    }
+}
+
 // All boxes have the same stops, two thirds and the whole of a width in which every label and every
 // value of the session finds room.
-void StatisticsDialog::SetTabStops(const QList<std::string>& reports) {
-    const QFontMetrics font(hands->font());
+void StatisticsDialog::SetTabStops() {
+    const QFontMetrics letters(lines->font());
     ColumnWidths widths;
-    for (const std::string& report : reports) Widen(widths, font, report);
-    const int gap = 2 * font.averageCharWidth();
+    for (const Section& section : sections) {
+        for (const std::string& report : section.reports) Widen(widths, letters, report);
+    }
+    const int gap = 2 * letters.averageCharWidth();
     const double width =
         std::max((widths.label + gap) / kLabelShare, (widths.session + gap) / (1 - kLabelShare));
-    for (ReportBox* box : {hands, credits, errors, lines}) {
-        box->SetTabStops({kLabelShare * width, width});
+    for (const Section& section : sections) {
+        section.box->SetTabStops({kLabelShare * width, width});
     }
+}
+
+// Smaller letters are read more easily than reports behind scroll bars.
+void StatisticsDialog::FitToScreen() {
+    const QSize room = screen()->availableSize() * 0.95;
+    qreal fontSize = QFontInfo(font()).pointSizeF();
+    ShowReports(fontSize);
+    while (WantedSize().boundedTo(room) != WantedSize() && fontSize > kSmallestFont) {
+        fontSize -= 0.5;
+        ShowReports(fontSize);
+    }
+    resize(WantedSize().boundedTo(room));
+}
+
+// While they are hidden, the layouts around a box do not pass on that it asks for another size.
+QSize StatisticsDialog::WantedSize() const {
+    for (const Section& section : sections) {
+        for (QWidget* part = section.box; part != this; part = part->parentWidget()) {
+            part->updateGeometry();
+        }
+    }
+    return sizeHint();
 }
 
 QWidget* StatisticsDialog::MakeDisplayChoice() {
@@ -124,6 +154,7 @@ QWidget* StatisticsDialog::MakeDisplayChoice() {
     group->setObjectName("display");
     auto* choice = new QButtonGroup(group);
     auto* layout = new QHBoxLayout(group);
+    layout->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
     const auto add = [&](const QString& caption, const char* name, StatisticsDisplay display) {
         auto* radio = new QRadioButton(caption, group);
         radio->setObjectName(name);
@@ -142,7 +173,7 @@ QWidget* StatisticsDialog::MakeDisplayChoice() {
 
 void StatisticsDialog::Save() {
     QString report;
-    for (const ReportBox* box : {hands, credits, errors, lines}) {
+    for (const auto& [box, reports] : sections) {
         report += box->accessibleName() + '\n' + box->toPlainText() + "\n\n";
     }
     report.chop(1);

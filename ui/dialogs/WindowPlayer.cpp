@@ -9,6 +9,7 @@
 #include "ui/dialogs/AssignFixedHandDialog.h"
 #include "ui/dialogs/AutoplayHandsDialog.h"
 #include "ui/dialogs/BestPlayErrorDialog.h"
+#include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/EnterDollarsDialog.h"
 #include "ui/dialogs/FileQuestions.h"
 #include "ui/dialogs/ProgressDialog.h"
@@ -64,6 +65,7 @@ bool WindowPlayer::SaysYes(const std::string& caption, const std::string& questi
                     QString::fromStdString(question), QMessageBox::Yes | QMessageBox::No, &window);
     box.setObjectName("question");
     box.setTextFormat(Qt::PlainText);
+    MakeRoomForCaption(box);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
@@ -75,6 +77,7 @@ void WindowPlayer::IsTold(const std::string& caption, const std::string& text, M
                     QMessageBox::Ok, &window);
     box.setObjectName("message");
     box.setTextFormat(Qt::PlainText);
+    MakeRoomForCaption(box);
     box.exec();
 }
 
