@@ -1,6 +1,7 @@
 #include "app/CMainFrame.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -12,6 +13,7 @@
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/CMorvikView.h"
+#include "ui/table/Commands.h"
 
 namespace {
 
@@ -34,6 +36,9 @@ CMainFrame::CMainFrame() {
     setObjectName("mainFrame");
     setWindowIcon(ProgramIcon());
 }
+
+// The view that loses the focus reaches what would be gone in the destructors that follow.
+CMainFrame::~CMainFrame() { hide(); }
 
 void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     document = &shown;
@@ -68,6 +73,7 @@ void CMainFrame::MakeMenus() {
         menu.setObjectName(popups[i].name);
         AddEntries(menu, static_cast<int>(i));
         connect(&menu, &QMenu::aboutToShow, this, [this, i] { PrepareMenu(static_cast<int>(i)); });
+        connect(&menu, &QMenu::aboutToHide, this, &CMainFrame::LeaveMenus, Qt::QueuedConnection);
     }
     UpdateActions();
 }
@@ -106,11 +112,18 @@ void CMainFrame::PrepareMenu(int popup) {
     UpdateActions();
 }
 
+// Left with Esc, the menu bar would keep the keys to itself. Meanwhile another menu may be open, or
+// a dialog that was chosen.
+void CMainFrame::LeaveMenus() {
+    if (!QApplication::activePopupWidget() && isActiveWindow()) view->setFocus();
+}
+
 void CMainFrame::ListUserGames() {
     userGames->clear();
     const GameEngine& engine = document->table.engine;
     for (const UserGame& game :
          UserGames(document->table.files.file, document->table.files.mainPath)) {
+        if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
         QAction* action = AddAction(*userGames, game.id, MenuText(game.name));
         action->setCheckable(true);
         action->setChecked(IsChecked(game.id, engine));

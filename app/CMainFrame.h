@@ -15,6 +15,7 @@ class CMainFrame : public QMainWindow {
 
   public:
     CMainFrame();
+    ~CMainFrame() override;
 
     // Before the frame is shown; both outlive it.
     void Show(CMorvikDoc& document, PictureStore& pictures);
@@ -33,6 +34,7 @@ class CMainFrame : public QMainWindow {
     void AddEntries(QMenu& menu, int popup);
     QAction* AddAction(QMenu& menu, int id, const QString& caption);
     void PrepareMenu(int popup);
+    void LeaveMenus();
     void ListUserGames();
     void UpdateActions();
     void FinishAndClose();

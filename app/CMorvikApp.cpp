@@ -119,8 +119,9 @@ void CMorvikApp::Warn(const QString& caption, const QString& text) {
 void CMorvikApp::EndOnSignals() {
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalSockets.data()) != 0) return;
     auto* notifier = new QSocketNotifier(signalSockets[1], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
-        notifier->setEnabled(false);
+    connect(notifier, &QSocketNotifier::activated, this, [this] {
+        char byte = 0;
+        [[maybe_unused]] const auto taken = read(signalSockets[1], &byte, 1);
         frame->close();
     });
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, WakeProgram);

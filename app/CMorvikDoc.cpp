@@ -182,6 +182,22 @@ bool CMorvikDoc::DispatchOption(int command) {
         case kFixedHand:
             ToggleFixedHand(table);
             return true;
+        case kSpeedFast:
+            ChooseSpeed(table, Speed::kFast);
+            return true;
+        case kSpeedNormal:
+            ChooseSpeed(table, Speed::kNormal);
+            return true;
+        case kSpeedSlow:
+            ChooseSpeed(table, Speed::kSlow);
+            return true;
+        default:
+            return DispatchCoin(command);
+    }
+}
+
+bool CMorvikDoc::DispatchCoin(int command) {
+    switch (command) {
         case kCoinNickel:
             ChooseCoin(table, 0.05);
             return true;
@@ -194,54 +210,45 @@ bool CMorvikDoc::DispatchOption(int command) {
         case kCoinDollar:
             ChooseCoin(table, 1.0);
             return true;
-        case kSpeedFast:
-            ChooseSpeed(table, Speed::kFast);
-            return true;
-        case kSpeedNormal:
-            ChooseSpeed(table, Speed::kNormal);
-            return true;
-        case kSpeedSlow:
-            ChooseSpeed(table, Speed::kSlow);
-            return true;
         default:
             return false;
     }
 }
 
-bool CMorvikDoc::DispatchDialog(int command) {
+void CMorvikDoc::DispatchDialog(int command) {
     switch (command) {
         case kAutoplay:
             RunAutoplay(table, spare);
-            return true;
+            break;
         case kCombinations:
             CombinationsDialog(&window).exec();
-            return true;
+            break;
         case kPlayStatistics:
             player.ReadsStatistics(table.engine);
-            return true;
+            break;
         case kEditPayTable:
             EditPayTable(table, paths, manager);
-            return true;
+            break;
         case kEditCurrentPayTable:
             EditCurrentPayTable(table, paths, manager);
-            return true;
+            break;
         case kAnalyzeGame:
             AnalyzeGameCommand(table, spare, reports, paths);
-            return true;
+            break;
         case kAnalyzeHand:
             AnalyzeHand(window);
-            return true;
+            break;
         case kViewErrorLog:
             ViewErrorLog();
-            return true;
+            break;
         case kHelpIndex:
             if (!help) help = new HelpWindow(&window);
             help->Open();
-            return true;
+            break;
         case kAbout:
             AboutDialog(&window).exec();
-            return true;
+            break;
         default:
-            return false;
+            break;
     }
 }

@@ -70,9 +70,11 @@ class CMorvikDoc : public QObject {
 
   private:
     void Dispatch(int command);
+    // Each of these is true when the command is one of its own.
     bool DispatchFile(int command);
     bool DispatchOption(int command);
-    bool DispatchDialog(int command);
+    bool DispatchCoin(int command);
+    void DispatchDialog(int command);
     void ChooseGame(int id);
     void AnalyzeHand(QWidget& over);
     void ViewErrorLog();

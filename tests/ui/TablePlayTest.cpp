@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "tests/ui/TestProgram.h"
+#include "ui/table/TableKeys.h"
 
 namespace {
 
@@ -364,6 +365,29 @@ TEST_F(TablePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
     p.Key(Qt::Key_D, Qt::ControlModifier);
     p.Key(Qt::Key_D, Qt::AltModifier);
     EXPECT_FALSE(p.engine.handOver) << "a shortcut is no key of the table";
+}
+
+TEST_F(TablePlayTest, ADialogThatComesBetweenLiftsTheFinger) {
+    TestProgram& p = Start();
+    p.Press(p.Places().deal);
+    EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kPressed);
+    {
+        DialogRobot robot{ClickOn("ok")};
+        p.Key(Qt::Key_S);
+    }
+    p.ExpectAtRest("the button was let go over the dialog");
+}
+
+TEST_F(TablePlayTest, DigitsArePlacesOfTheMainRowAndLettersAreFoundWithoutLatinOnes) {
+    EXPECT_EQ(TableKeyOf(Qt::Key_Exclam, 10), Qt::Key_1) << "with Shift";
+    EXPECT_EQ(TableKeyOf(Qt::Key_Eacute, 11), Qt::Key_2) << "on a French keyboard";
+    EXPECT_EQ(TableKeyOf(Qt::Key_Agrave, 19), Qt::Key_0);
+    EXPECT_EQ(TableKeyOf(0x412, 40), Qt::Key_D) << "on a Russian keyboard";
+    EXPECT_EQ(TableKeyOf(0x42F, 52), Qt::Key_Z);
+    EXPECT_EQ(TableKeyOf(Qt::Key_A, 24), Qt::Key_A) << "where an American keyboard has Q";
+    EXPECT_EQ(TableKeyOf(Qt::Key_4, 83), Qt::Key_4) << "of the keypad";
+    EXPECT_EQ(TableKeyOf(Qt::Key_Left, 113), Qt::Key_Left);
+    EXPECT_EQ(TableKeyOf(Qt::Key_D, 0), Qt::Key_D) << "on another platform";
 }
 
 TEST_F(TablePlayTest, KeyZeroResetsTheStatisticsAndLeavesTheErrorLog) {

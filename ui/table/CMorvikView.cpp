@@ -8,6 +8,7 @@
 
 #include "ui/table/ActionQueue.h"
 #include "ui/table/SceneDisplay.h"
+#include "ui/table/TableKeys.h"
 #include "ui/table/TablePainter.h"
 
 namespace {
@@ -79,20 +80,23 @@ void CMorvikView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CMorvikView::keyPressEvent(QKeyEvent* event) {
+    table.engine.stopCountUp = true;
     if ((event->modifiers() & kShortcutModifiers) != 0) {
         QWidget::keyPressEvent(event);
     } else if (!event->isAutoRepeat()) {
-        keysDown.insert(event->key());
+        keysDown.insert(TableKeyOf(event->key(), PlaceOf(*event)));
     }
 }
 
 void CMorvikView::keyReleaseEvent(QKeyEvent* event) {
-    const int key = event->key();
+    const int key = TableKeyOf(event->key(), PlaceOf(*event));
     if (event->isAutoRepeat() || !keysDown.remove(key)) return;
     Handle([=, this] { input.Key(key); });
 }
 
+// What is let go over the dialog that comes between is let go there.
 void CMorvikView::focusOutEvent(QFocusEvent* event) {
     keysDown.clear();
+    actions.Run([this] { input.ReleaseButtons(); });
     QWidget::focusOutEvent(event);
 }
