@@ -208,7 +208,6 @@ void GuessColour(GameTable& table, CardColour colour) {
     if (!engine.redBlackPending || colour == CardColour::kNone) return;
     RedBlackGame& game = table.redBlack;
     engine.statistics.bonusTries.Add(1);
-    game.choice = colour;
     table.display.ShowChoice(colour);
     game.drawn = DrawColour(table, colour);
     ++game.guesses;
@@ -220,7 +219,6 @@ void GuessColour(GameTable& table, CardColour colour) {
     Play(table, Wave::kCash);
     game.stake = AddCapped(game.stake, engine.settings.bet);
     ShowBonus(table, game.stake);
-    game.choice = CardColour::kNone;
     table.display.ShowChoice(CardColour::kNone);
 }
 

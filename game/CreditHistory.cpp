@@ -2,16 +2,17 @@
 
 #include <algorithm>
 
-void CreditHistory::Begin(std::int32_t credits) {
+void CreditHistory::Begin(std::int32_t credits, std::int64_t before) {
     stretches.clear();
     handsPerStretch = 1;
+    handsBefore = before;
     hands = 0;
     start = credits;
 }
 
 void CreditHistory::Record(std::int64_t hand, std::int32_t credits) {
     const Stretch now{credits, credits, credits};
-    if (hand <= hands) {
+    if (hand - handsBefore <= hands) {
         if (stretches.empty()) {
             start = credits;
             return;

@@ -19,8 +19,8 @@ class CreditHistory {
         bool operator==(const Stretch&) const = default;
     };
 
-    // A new session, before its first hand; what was kept is forgotten.
-    void Begin(std::int32_t credits);
+    // A new course, after so many hands of the session; what was kept is forgotten.
+    void Begin(std::int32_t credits, std::int64_t handsBefore = 0);
 
     // The credits after so many hands of the session. The number of the last hand recorded, or a
     // lower one, means that what that hand left has changed: a second draw, a double up, money
@@ -28,7 +28,7 @@ class CreditHistory {
     void Record(std::int64_t hand, std::int32_t credits);
 
     std::int32_t Start() const { return start; }
-    std::int64_t Hands() const { return hands; }
+    std::int64_t Hands() const { return hands; }  // of this course
 
     // A power of two; the last stretch may have fewer.
     std::int64_t HandsPerStretch() const { return handsPerStretch; }
@@ -41,6 +41,7 @@ class CreditHistory {
 
     std::vector<Stretch> stretches;
     std::int64_t handsPerStretch = 1;
+    std::int64_t handsBefore = 0;
     std::int64_t hands = 0;
     std::int32_t start = 0;
 };

@@ -104,6 +104,7 @@ void Deal(GameEngine& engine, const GameFiles& files) {
     engine.hand = kNoCards;
     engine.drawCards = kNoCards;
     engine.charlieNow = engine.charlieOnDeal = false;
+    engine.win = 0;
     if (engine.settings.mode == PlayMode::kErrorLog) TakeNextLoggedHand(engine, files);
     if (engine.fixedHand) {
         DealFixedHand(engine);
@@ -181,11 +182,9 @@ int DealOrDraw(GameEngine& engine, const GameFiles& files) {
 
 void PrepareSecondDraw(GameEngine& engine) {
     std::vector<CardCode> seen(engine.hand.begin(), engine.hand.end());
-    std::size_t next = 0;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (engine.held[i]) continue;
-        engine.drawCards[next] = engine.deck.DrawRandomCard(seen);
-        seen.push_back(engine.drawCards[next++]);
+    for (CardCode& card : engine.drawCards) {
+        card = engine.deck.DrawRandomCard(seen);
+        seen.push_back(card);
     }
     engine.readyToDeal = engine.handOver = false;
     if (!engine.fixedHand) CountFinalHand(engine, engine.finalLine, engine.win, -1);

@@ -13,8 +13,9 @@
 // hold counts as open.
 int DealOrDraw(GameEngine& engine, const GameFiles& files);
 
-// New cards for the discards of a hand already drawn to, none of them in the hand; what the first
-// draw paid and counted is taken back, except for a fixed hand.
+// New draw cards for a hand already drawn to, none of them in the hand: five, since the player may
+// come to hold fewer cards than now. What the first draw paid and counted is taken back, except for
+// a fixed hand.
 void PrepareSecondDraw(GameEngine& engine);
 
 // Analyses the hand on the engine, with its first draw card where the game shows that.

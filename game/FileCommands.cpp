@@ -1,5 +1,6 @@
 #include "game/FileCommands.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "core/profile/AtomicFile.h"
@@ -33,7 +34,9 @@ void TellUnwritten(GameTable& table, const std::string& path) {
 
 std::string ProposedPath(const GameTable& table) {
     const fs::path folder = fs::path(table.files.gamePath).parent_path();
-    return (folder / (table.engine.settings.gameName + ".qdx")).string();
+    std::string name = table.engine.settings.gameName + ".qdx";
+    std::ranges::replace(name, '/', '-');  // a game's name may hold one
+    return (folder / name).string();
 }
 
 // A player who mistakes it for a game file would lose every pay table.
@@ -67,14 +70,23 @@ void EndFeatures(GameTable& table) {
     SaveGame(table, false);
 }
 
+// Written whole beside its place: what is there stays until the new game can take it.
 bool WriteNewGame(GameTable& table, const std::string& path, MachineSettings& settings,
                   Statistics& statistics, PayTable& payTable) {
     ProfileFile& file = table.files.file;
-    if (!CreateGameFile(path, file)) return false;
+    const std::string fresh = path + ".new";
     const StoredState state{settings, statistics, payTable};
-    if (ResetStatistics(file, path, state, true, table.clock.Now())) return true;
+    std::error_code error;
+    const bool written =
+        CreateGameFile(fresh, file) && ResetStatistics(file, fresh, state, true, table.clock.Now());
+    file.Forget(fresh);
+    if (written) fs::rename(fresh, path, error);
+    if (!written || error) {
+        fs::remove(fresh, error);
+        return false;
+    }
     file.Forget(path);
-    return false;
+    return true;
 }
 
 bool WriteCopy(GameTable& table, const std::string& path) {
@@ -128,6 +140,8 @@ void NewGameFile(GameTable& table) {
     engine.statistics = statistics;
     engine.payTable = payTable;
     engine.fixedHand = false;
+    engine.handWins = false;
+    engine.dealtLine = engine.finalLine = -1;
     if (engine.doubleUpOffered) WithdrawDoubleUp(table);
     ShowGameOver(table);
     table.display.Repaint();

@@ -43,7 +43,11 @@ void DealAgain(GameTable& table) {
     if (pickEm) {
         ClearPickEmPlaces(table);
     } else {
-        first ? ShowBacks(table) : ShowBacksOfAll(table);
+        if (first) {
+            ShowBacks(table);
+        } else {
+            ShowBacksOfAll(table);
+        }
         if (IsSneakPeak(engine)) table.display.ShowFirstDraw(kNoCard);
     }
     table.clock.Pause(DelaysOf(engine.settings.speed).deal);

@@ -88,6 +88,6 @@ void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables);
 // need not wait for them.
 const LineTables& LineTablesOf(GameEngine& engine);
 
-// Makes the table of the settings active: pay table, deck, line tables, statistics; the hand is
-// over. The hand that was fixed for the table counts as the one dealt, so that it can be analysed.
+// Makes the table of the settings active: pay table, deck, statistics; the hand is over. The hand
+// that was fixed for the table counts as the one dealt, so that it can be analysed.
 void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables);

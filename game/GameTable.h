@@ -27,7 +27,6 @@ struct RedBlackGame {
     int guesses = 0;
     int stake = 0;
     CardColour drawn = CardColour::kNone;
-    CardColour choice = CardColour::kNone;
 };
 
 struct HandOnTable {

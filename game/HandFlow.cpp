@@ -125,6 +125,7 @@ void PlayOrdinaryHand(GameTable& table) {
     table.bonusShown = false;
     if (!DrawToTheEnd(table)) return;
     if (table.engine.handWins) {
+        OfferDoubleUp(table);
         ShowWin(table);
     } else {
         ShowMeters(table);

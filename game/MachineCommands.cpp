@@ -49,7 +49,8 @@ void ChangeCoin(GameEngine& engine, double coin, const GameFiles& files) {
     MachineSettings& settings = engine.settings;
     settings.credits = WholeCredits(settings.credits * settings.coin / coin);
     settings.coin = coin;
-    engine.creditHistory.Begin(settings.credits);  // what was before counted other coins
+    // What was before counted other coins.
+    engine.creditHistory.Begin(settings.credits, engine.statistics.handsPlayed.session);
     files.file.WriteDouble("main", "Coin", coin, "%3.2f", files.gamePath);
 }
 

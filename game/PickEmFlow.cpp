@@ -46,6 +46,7 @@ void ShowPickEmResult(GameTable& table) {
     if (engine.handWins) {
         AnnounceWin(table, engine.finalLine);
         ShowWin(table);
+        OfferDoubleUp(table);
     } else {
         ShowMeters(table);
     }

@@ -3,6 +3,7 @@
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
 #include "game/Autoplay.h"
+#include "game/HandFlow.h"
 
 namespace {
 
@@ -39,8 +40,13 @@ void LoadSpare(GameTable& table, GameEngine& spare) {
     spare.deck.Shuffle(kShufflePasses);
 }
 
-// On no file: the time played is the player's, and so is his error log.
+// Plays on an empty profile file, so that neither the time played nor the error log of the player's
+// table changes.
 void RunAutoplay(GameTable& table, GameEngine& spare) {
+    if (table.engine.payTable.lines.empty()) {
+        TellOfMissingPayTable(table.player);
+        return;
+    }
     const auto count = table.player.EntersHandCount();
     if (!count) return;
     LoadSpare(table, spare);

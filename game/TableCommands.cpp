@@ -3,6 +3,7 @@
 #include "core/analysis/ErrorLog.h"
 #include "core/store/Session.h"
 #include "game/BonusFeatures.h"
+#include "game/Dealing.h"
 #include "game/DoubleUp.h"
 #include "game/FixedHand.h"
 #include "game/HandFlow.h"
@@ -39,6 +40,7 @@ void ChooseCoin(GameTable& table, double coin) {
     if (coin == table.engine.settings.coin) return;
     EndDoubleUp(table);
     ChangeCoin(table.engine, coin, table.files);
+    if (!table.engine.handOver) AnalyzeDealtHand(table.engine);  // its returns are in dollars
     table.display.ShowCoin(table.engine.settings.coin);
     ShowBet(table);
     ShowCredits(table);
@@ -111,6 +113,7 @@ void ResetStatisticsOnly(GameTable& table) {
     ResetStatistics(table.files.file, table.files.gamePath,
                     {engine.settings, engine.statistics, engine.payTable}, false,
                     table.clock.Now());
+    engine.creditHistory.Begin(engine.settings.credits);
     SaveGame(table, true);
 }
 

@@ -48,7 +48,9 @@ std::string MeterText(const GameTable& table) {
     const GameEngine& engine = table.engine;
     if (!engine.handOver) return "HOLD/DRAW";
     if (table.bonusShown) return CreditText(engine, engine.bonusStake) + " Bonus Credits";
-    return engine.handWins ? "WON " + CreditText(engine, engine.win) : "GAME OVER";
+    // A winning deal that was broken off, such as a fixed hand's, has won nothing.
+    const bool won = engine.handWins && engine.win > 0;
+    return won ? "WON " + CreditText(engine, engine.win) : "GAME OVER";
 }
 
 void ShowMeters(GameTable& table) { table.display.ShowMessage(MeterText(table)); }
@@ -109,14 +111,15 @@ void CountUp(GameTable& table) {
     }
 }
 
+void OfferDoubleUp(GameTable& table) {
+    if (!table.engine.settings.doubleUp) return;
+    table.engine.doubleUpOffered = true;
+    table.display.ShowDoubleUpButton(true);
+}
+
 void ShowWin(GameTable& table) {
-    GameEngine& engine = table.engine;
-    if (engine.settings.doubleUp) {
-        engine.doubleUpOffered = true;
-        table.display.ShowDoubleUpButton(true);
-    }
     ShowMeters(table);
-    if (engine.settings.speed == Speed::kFast) {
+    if (table.engine.settings.speed == Speed::kFast) {
         ShowCredits(table);
     } else {
         CountUp(table);

@@ -29,9 +29,10 @@ void ClearLine(GameTable& table, int line);
 // Counts a win, which the credits already hold, into the meters; the player may stop that.
 void CountUp(GameTable& table);
 
-// What follows a won final hand once its line is marked: the offer of a double up, and the win in
-// the meters.
+// What follows a won final hand once its line is marked: the win in the meters, and the offer of a
+// double up while the option is on. Pick 'Em makes the offer last.
 void ShowWin(GameTable& table);
+void OfferDoubleUp(GameTable& table);
 
 // Nothing when the sounds are switched off.
 void Play(GameTable& table, Wave wave);

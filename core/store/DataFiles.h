@@ -20,10 +20,10 @@ inline constexpr std::string_view kInstalledMark = "installed";
 
 // What the places depend on.
 struct DataEnvironment {
-    std::string programFile;  // full path; empty when the system does not tell
+    std::string programFile;             // full path; empty when the system does not tell
     bool programFolderWritable = false;  // and not marked as installed
-    std::string xdgDataHome;  // empty = not set
-    std::string home;         // empty = not set
+    std::string xdgDataHome;             // empty = not set
+    std::string home;                    // empty = not set
 };
 
 struct DataFilePaths {
@@ -37,8 +37,8 @@ struct DataFilePaths {
 // That of the running program.
 DataEnvironment ReadDataEnvironment();
 
-// The program's own folder when data may be kept there, otherwise the user's ("Tolvane" among the data
-// of all programs), which need not exist yet. Empty when there is neither.
+// The program's own folder when data may be kept there, otherwise the user's ("Tolvane" among the
+// data of all programs), which need not exist yet. Empty when there is neither.
 std::string FindDataFolder(const DataEnvironment& environment);
 
 // Nothing when there is no data folder.

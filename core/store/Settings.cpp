@@ -1,7 +1,6 @@
 #include "core/store/Settings.h"
 
 #include <algorithm>
-#include <array>
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/paytable/PayTable.h"
@@ -13,19 +12,15 @@ namespace {
 constexpr std::string_view kMain = "main";
 constexpr std::string_view kActiveTables = "ActiveTbl";
 constexpr std::size_t kNameSize = 81;  // names have at most 80 bytes
-constexpr std::array<double, 4> kCoins = {0.05, 0.25, 0.5, 1.0};
+constexpr double kLeastCoin = 0.01;    // the file has two decimals
+constexpr double kMostCoin = 1000;
 
 PlayMode ModeFromNumber(int number) {
     return number >= 1 && number <= 4 ? static_cast<PlayMode>(number) : PlayMode::kCasino;
 }
 
-Speed SpeedFromNumber(int number) {
-    return number == 2 || number == 3 ? static_cast<Speed>(number) : Speed::kSlow;
-}
-
-double CoinInUse(double coin) {
-    return std::ranges::find(kCoins, coin) != kCoins.end() ? coin : 1.0;
-}
+// Coins that the menu does not offer stay: the credits are counted in them.
+double CoinInUse(double coin) { return coin >= kLeastCoin && coin <= kMostCoin ? coin : 1.0; }
 
 // 0 when no game has that name. Unlike GameIdFromName this knows the games of the menu alone: a
 // game file may have one of them as its current game.
@@ -94,7 +89,7 @@ void ReadSettings(ProfileFile& file, const std::string& gamePath, MachineSetting
     settings.doubleUp = number("DoubleUp", 1) != 0;
     settings.showDollar = number("ShowDollar", 1) != 0;
     settings.sounds = number("Sounds", 1) != 0;
-    settings.speed = SpeedFromNumber(number("Speed", static_cast<int>(defaults.speed)));
+    settings.speed = static_cast<Speed>(number("Speed", static_cast<int>(defaults.speed)));
 }
 
 void WriteSettings(ProfileFile& file, const std::string& gamePath,

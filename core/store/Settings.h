@@ -7,7 +7,7 @@
 class ProfileFile;
 
 enum class PlayMode : int { kCasino = 1, kWarning = 2, kAutoHold = 3, kErrorLog = 4 };
-enum class Speed : int { kSlow = 1, kNormal = 2, kFast = 3 };
+enum class Speed : int { kSlow = 1, kNormal = 2, kFast = 3 };  // any other number is slow too
 
 struct MachineSettings {
     PlayMode mode = PlayMode::kCasino;
