@@ -174,9 +174,7 @@ std::string TextFaults(const TableLayout& t) {
         {{"SHOOT", t.shootLabel.rect}, t.cards[4]},
         {{"left pile", t.pileLabels[0].rect}, t.cards[3]},
         {{"right pile", t.pileLabels[1].rect}, t.cards[4]}};
-    for (std::size_t i = 0; i < 5; ++i) {
-        texts.push_back({{"WILD", t.wildMarks[i].rect}, t.cards[i]});
-    }
+    texts.push_back({{"WILD", {QPoint(0, 0), t.wildMark}}, {QPoint(0, 0), t.cardSize}});
     for (const QRect& row : t.rows) texts.push_back({{"row", row}, t.namePanel});
     for (int coins = 1; coins <= 5; ++coins) {
         for (int line = 0; line < static_cast<int>(t.rows.size()); ++line) {
@@ -232,7 +230,6 @@ TEST(LayoutTest, TheWindowChoosesCardsAndButtonsOfOneClass) {
         const TableLayout table = Squares(c.width, c.height);
         SCOPED_TRACE(std::to_string(c.width) + " x " + std::to_string(c.height));
         EXPECT_EQ(table.sizeClass, c.sizeClass);
-        EXPECT_EQ(table.buttonClass, c.sizeClass);
         EXPECT_EQ(table.cards[4].size(), c.card);
         EXPECT_EQ(table.deal.size(), c.button);
         EXPECT_EQ(table.gap, c.gap);
@@ -260,7 +257,7 @@ TEST(LayoutTest, EveryPlaceOfALargeWindowIsWhereTheFiguresPutIt) {
     EXPECT_EQ(t.cards[4], QRect(725, 343, 160, 220));
     EXPECT_EQ(t.heldMarks[0].rect, QRect(74, 314, 46, 24));
     EXPECT_EQ(t.holdButtons[0], QRect(57, 568, 80, 50));
-    EXPECT_EQ(t.wildMarks[0].rect, QRect(75, 442, 44, 22));
+    EXPECT_EQ(t.wildMark, QSize(44, 22));
 
     EXPECT_EQ(t.betOne, QRect(895, 343, 80, 50));
     EXPECT_EQ(t.maxBet, QRect(895, 398, 80, 50));

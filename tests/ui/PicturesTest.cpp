@@ -23,10 +23,14 @@ std::set<Picture> AllPictures() {
                           Picture::kCharlie, Picture::kWheel};
     for (const auto size : {SizeClass::kSmall, SizeClass::kMedium, SizeClass::kLarge}) {
         all.insert({FaceOfCard(size), AlternateFace(size), JokerFace(size), CardBack(size),
-                    PileCard(size), CardStack(size)});
+                    CardStack(size), SpinWindow(size)});
         for (const auto button : {TableButton::kDeal, TableButton::kBetOne, TableButton::kMaxBet,
                                   TableButton::kHold, TableButton::kDoubleUp}) {
             all.insert({ButtonPicture(button, size, false), ButtonPicture(button, size, true)});
+        }
+        for (const bool red : {false, true}) {
+            all.insert({PanelPicture(size, red, false), PanelPicture(size, red, true),
+                        ChoicePicture(size, red), SpinButtonPicture(size, red)});
         }
     }
     for (int suit = 1; suit <= 5; ++suit) {
@@ -107,6 +111,15 @@ TEST(PictureStoreTest, ASecondAskingGetsTheSamePixmapAndEveryScreenItsOwn) {
     EXPECT_NE(fine.cacheKey(), first);
     EXPECT_EQ(fine.size(), QSize(135, 180));
     EXPECT_EQ(fine.devicePixelRatio(), 1.5);
+}
+
+TEST(PictureStoreTest, TheProgramsIconIsDrawnOnceForAllWindows) {
+    const QIcon icon = ProgramIcon();
+    EXPECT_EQ(ProgramIcon().cacheKey(), icon.cacheKey());
+    for (const int side : {16, 48, 256}) {
+        EXPECT_EQ(icon.actualSize(QSize(side, side)), QSize(side, side));
+        EXPECT_GT(OpaquePixels(icon.pixmap(side).toImage()), side * side / 2);
+    }
 }
 
 TEST(PictureStoreTest, OddWishesGetAnEmptyOrAMarkedPixmapAndMemoryStaysBounded) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QImage>
 #include <QPainter>
 #include <climits>
@@ -12,6 +13,8 @@
 #include "game/HandFlow.h"
 #include "tests/ui/SceneTable.h"
 #include "ui/art/PictureStore.h"
+#include "ui/table/ActionQueue.h"
+#include "ui/table/CMorvikView.h"
 #include "ui/table/Layout.h"
 
 constexpr QSize kClient{640, 480};
@@ -251,6 +254,25 @@ TEST(TablePainterTest, ACardIsComposedOfRankPipsAndCourt) {
     EXPECT_GT(CountIn(image, bigPip(1), IsRed), 300);
 }
 
+int InkOfSmallPip(const SceneTable& t, QSize client) {
+    TableScene scene = t.scene;
+    scene.places[0].card = FindCard(t.engine.deck.table, 2, kSpades);
+    const TableLayout layout = LayoutOf(t, client);
+    const QRect underRank(layout.cards[0].topLeft() + QPoint(0, layout.cardFontHeight),
+                          QSize(layout.cardSize.width() / 2, layout.smallPip));
+    return CountIn(Painted(t, scene, 1, client), underRank, IsBlack);
+}
+
+TEST(TablePainterTest, TheWordOnAWildCardLeavesThePipUnderTheRankInSight) {
+    const SceneTable tame;
+    const SceneTable wild("Deuces Wild", 330);
+    for (const QSize client : {kClient, QSize(800, 600), QSize(1024, 700)}) {
+        const int whole = InkOfSmallPip(tame, client);
+        EXPECT_GT(InkOfSmallPip(wild, client), whole * 3 / 4) << client.width();
+        EXPECT_LE(InkOfSmallPip(wild, client), whole) << client.width();
+    }
+}
+
 TEST(TablePainterTest, AcesOfTheOrderedGameBearLettersInOlive) {
     SceneTable t("Aces Bonus Poker", 316);
     TableScene scene = t.scene;
@@ -277,4 +299,18 @@ TEST(TablePainterTest, ATableWithoutLinesIsPainted) {
     t.display.Relayout();
     const QImage image = Painted(t, t.scene);
     EXPECT_EQ(image.pixelColor(LayoutOf(t).message.rect.topLeft()), QColor(255, 255, 0));
+}
+
+TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
+    SceneTable t;
+    PictureStore pictures;
+    ActionQueue actions;
+    CMorvikView view(t.table, t.scene, t.display, pictures, actions, [](int) {});
+    const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
+    ASSERT_NE(reader, nullptr);
+    EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");
+    EXPECT_TRUE(
+        reader->text(QAccessible::Description).startsWith("PRESS DEAL. Cards: 1 face down"));
+    t.display.ShowMessage("HOLD/DRAW");
+    EXPECT_TRUE(reader->text(QAccessible::Description).startsWith("HOLD/DRAW. "));
 }

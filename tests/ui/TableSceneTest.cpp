@@ -8,6 +8,7 @@
 #include "game/PickEmFlow.h"
 #include "tests/ui/SceneTable.h"
 #include "ui/art/Pictures.h"
+#include "ui/table/SceneDescription.h"
 
 // Field by field, for a failure that says what differs.
 void ExpectAtRest(const SceneTable& t, const std::string& when) {
@@ -264,4 +265,68 @@ TEST(TableSceneTest, APressedButtonIsReleasedByARepaint) {
     t.display.Relayout();
     EXPECT_TRUE(relaidOut);
     EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kReleased);
+}
+
+std::string Words(const SceneTable& t) {
+    return Describe(t.scene, t.engine.payTable, t.engine.deck.table);
+}
+
+TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
+    SceneTable t;
+    t.engine.settings.speed = Speed::kFast;
+    EXPECT_EQ(Words(t),
+              "PRESS DEAL. Cards: 1 face down; 2 face down; 3 face down; 4 face down; 5 face down. "
+              "Bet $5.00. Credits $100.00.");
+    t.machine.Stack("JS JD TC 9H 2S 3C 4D 6H", 8);
+    DealDraw(t.table);
+    ToggleHold(t.table, 0);
+    ToggleHold(t.table, 1);
+    EXPECT_EQ(Words(t),
+              "HOLD/DRAW. JACKS OR BETTER pays 5. Cards: 1 Jack of Spades, held; 2 Jack of "
+              "Diamonds, held; 3 10 of Clubs; 4 9 of Hearts; 5 2 of Spades. Bet $5.00. "
+              "Credits $95.00.");
+    DealDraw(t.table);
+    EXPECT_NE(Words(t).find("Double up offered."), std::string::npos);
+}
+
+TEST(SceneDescriptionTest, WildCardsAndPilesAreTold) {
+    SceneTable wild("Deuces Wild", 330);
+    wild.scene.places[0].card = FindCard(wild.engine.deck.table, 2, kHearts);
+    EXPECT_NE(Words(wild).find("1 2 of Hearts, wild; 2 face down"), std::string::npos);
+
+    SceneTable t("Pick Em Poker", 350);
+    t.engine.settings.mode = PlayMode::kAutoHold;
+    t.machine.Stack("KC KD 9D AH 2S KS JH 3C", 8);
+    DealDraw(t.table);
+    EXPECT_NE(Words(t).find("2 King of Diamonds; 3 no card; left pile 9 of Diamonds; right pile "
+                            "King of Spades, PLAY."),
+              std::string::npos);
+}
+
+TEST(SceneDescriptionTest, ADoubleUpIsToldAloneAndWithoutTheCardsToPickFrom) {
+    SceneTable t;
+    t.machine.Stack("JS JD TC TH 2S", 5);
+    DealDraw(t.table);
+    HoldAll(t);
+    DealDraw(t.table);
+    DecideDuel(t, true);
+    StartDoubleUp(t.table);
+    const std::string dealer =
+        t.engine.deck.table.cards[static_cast<std::size_t>(t.engine.hand[4])].name;
+    EXPECT_EQ(Words(t), "Credits won 10. Double up to 20. Dealer " + dealer +
+                            ". Cards: 2 face down; 3 face down; 4 face down; 5 face down.");
+}
+
+TEST(SceneDescriptionTest, FeaturesThatWaitAreTold) {
+    BonusTable t;
+    t.PlayRedHand(149);
+    Shoot(t.table, 3);
+    t.scene.redBlack.lit = CardColour::kRed;
+    const std::string shot = std::to_string(t.table.target.values[3]);
+    EXPECT_NE(
+        Words(t).find("Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not shot; "
+                      "3 not shot; 4 " +
+                      shot + "; 5 not shot."),
+        std::string::npos)
+        << Words(t);
 }

@@ -1,5 +1,6 @@
 #include "ui/art/PictureStore.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QtMath>
@@ -67,11 +68,13 @@ QString PicturePath(Picture picture) {
 }
 
 QIcon ProgramIcon() {
+    static QIcon icon;
+    if (!icon.isNull()) return icon;
     PictureStore store;
-    QIcon icon;
     for (const int side : {16, 20, 24, 32, 48, 64, 128, 256}) {
         icon.addPixmap(
             store.Get(side <= 32 ? Picture::kSmallIcon : Picture::kIcon, QSize(side, side), 1));
     }
+    qAddPostRoutine([] { icon = {}; });  // no pixmap may outlive the application
     return icon;
 }

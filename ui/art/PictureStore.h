@@ -36,4 +36,5 @@ void LoadArt();
 QString PicturePath(Picture picture);
 
 // The program's icon in every size from 16 to 256 pixels, for windows and for the list of programs.
+// Drawn at the first call, and kept as long as the QGuiApplication lives.
 QIcon ProgramIcon();

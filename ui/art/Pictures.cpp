@@ -19,7 +19,6 @@ Picture FaceOfCard(SizeClass size) { return OfSize(Picture::kCardFace, size); }
 Picture AlternateFace(SizeClass size) { return OfSize(Picture::kAlternateFace, size); }
 Picture JokerFace(SizeClass size) { return OfSize(Picture::kJokerFace, size); }
 Picture CardBack(SizeClass size) { return OfSize(Picture::kCardBack, size); }
-Picture PileCard(SizeClass size) { return OfSize(Picture::kPileCard, size); }
 Picture CardStack(SizeClass size) { return OfSize(Picture::kCardStack, size); }
 
 Picture PipPicture(int suit) {
@@ -35,6 +34,20 @@ Picture CourtPicture(int rank, int suit) {
 Picture ButtonPicture(TableButton button, SizeClass size, bool pressed) {
     return Offset(Picture::kButtons,
                   10 * static_cast<int>(size) + 2 * static_cast<int>(button) + (pressed ? 1 : 0));
+}
+
+Picture SpinButtonPicture(SizeClass size, bool lit) {
+    return Offset(Picture::kSpinButtons, 2 * static_cast<int>(size) + (lit ? 1 : 0));
+}
+
+Picture SpinWindow(SizeClass size) { return OfSize(Picture::kSpinWindow, size); }
+
+Picture PanelPicture(SizeClass size, bool red, bool lit) {
+    return Offset(Picture::kPanels, 4 * static_cast<int>(size) + (red ? 0 : 2) + (lit ? 1 : 0));
+}
+
+Picture ChoicePicture(SizeClass size, bool red) {
+    return Offset(Picture::kChoices, 2 * static_cast<int>(size) + (red ? 0 : 1));
 }
 
 Picture CoinPicture(double dollars) {

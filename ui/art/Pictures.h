@@ -21,11 +21,10 @@ enum class Picture : int {
     kIcon = 1200,
     kSmallIcon = 1201,  // for 32 pixels or fewer
 
-    kCardFace = 1210,  // the first of three sizes, as the next five
+    kCardFace = 1210,  // the first of three sizes, as the next four
     kCardBack = 1220,
     kJokerFace = 1230,
     kAlternateFace = 1240,
-    kPileCard = 1250,
     kCardStack = 1260,
 
     kPips = 1300,         // plus the suit
@@ -33,7 +32,11 @@ enum class Picture : int {
     kRedCourts = 1330,
     kStarAce = 1351,
 
-    kButtons = 1400,  // plus 10 x size class + 2 x TableButton + 1 when pressed
+    kButtons = 1400,      // plus 10 x size class + 2 x TableButton + 1 when pressed
+    kSpinButtons = 1440,  // plus 2 x size class + 1 when lit
+    kSpinWindow = 1450,   // three sizes
+    kPanels = 1460,       // plus 4 x size class + 2 for black + 1 when lit
+    kChoices = 1480,      // plus 2 x size class + 1 for black
 
     kNickel = 1500,  // coins, 80 x 40
     kQuarter = 1501,
@@ -49,13 +52,12 @@ inline constexpr int kFeltTile =
 
 enum class TableButton { kDeal, kBetOne, kMaxBet, kHold, kDoubleUp };
 
-// Card-sized pictures. The alternate face is that of the pile tops in Pick Em, the pile card lies
-// right under such a top, the stack shows a few cards from their back with their edges.
+// Card-sized pictures. The alternate face is that of the pile tops in Pick 'Em; the stack, a few
+// cards from their back with their edges, lies right under such a top.
 Picture FaceOfCard(SizeClass size);
 Picture AlternateFace(SizeClass size);
 Picture JokerFace(SizeClass size);
 Picture CardBack(SizeClass size);
-Picture PileCard(SizeClass size);
 Picture CardStack(SizeClass size);
 
 // suit: 1 spades, 2 hearts, 3 clubs, 4 diamonds, 5 stars; rank: 1 ace, 11 jack, 12 queen, 13 king.
@@ -64,6 +66,13 @@ Picture PipPicture(int suit);
 Picture CourtPicture(int rank, int suit);
 
 Picture ButtonPicture(TableButton button, SizeClass size, bool pressed);
+
+// The spin's button without its caption, of the size of a button, and the window of its value, two
+// panels wide; a panel of Red or Black, half a button wide, and the colour chosen, a button's size.
+Picture SpinButtonPicture(SizeClass size, bool lit);
+Picture SpinWindow(SizeClass size);
+Picture PanelPicture(SizeClass size, bool red, bool lit);
+Picture ChoicePicture(SizeClass size, bool red);
 
 // The coin of that worth in dollars; the dollar for any other worth than 0.05, 0.25 and 0.5.
 Picture CoinPicture(double dollars);

@@ -1,4 +1,4 @@
-"""Cards: faces, backs, the joker and the piles, in the three sizes of the table."""
+"""Cards: faces, backs, the joker and the stack of a pile, in the three sizes of the table."""
 
 import math
 
@@ -70,7 +70,7 @@ def rosette(d, cx, cy, r, petals, stroke):
     return shapes
 
 
-def back_ground(d, size, red=("#a81c28", "#7c0f1a")):
+def back_ground(d, size):
     """The ivory edge and the red field of a back; returns the field's rectangle."""
     w, h = SIZES[size]
     r = CORNER[size]
@@ -79,7 +79,7 @@ def back_ground(d, size, red=("#a81c28", "#7c0f1a")):
                                                                                             "#efe6d0")]),
                stroke=EDGE))
     d.add(rect(m, m, w - 2 * m, h - 2 * m, r * 0.55,
-               fill=d.linear(0, 0, 0, h, [(0, red[0]), (0.5, red[1]), (1, red[0])])))
+               fill=d.linear(0, 0, 0, h, [(0, "#a81c28"), (0.5, "#7c0f1a"), (1, "#a81c28")])))
     return m, m, w - m, h - m
 
 
@@ -122,16 +122,6 @@ def corner_fan(d, x, y, dx, dy, r, thin):
                            stroke=GOLD, width=thin * 1.2, cap="round"))
     shapes.append(path(quarter(0.34) + f"L{x:.2f} {y:.2f}Z", fill=GOLD))
     return group(shapes)
-
-
-def pile(size):
-    """The card under a pile's top card: only its upper and right edges are ever seen."""
-    w, h = SIZES[size]
-    d = Drawing(w, h)
-    x0, y0, x1, y1 = back_ground(d, size, ("#8f1722", "#680b15"))
-    d.add(rect(x0 + 2, y0 + 2, x1 - x0 - 4, y1 - y0 - 4, 2, stroke=d.gold(0, h), width=1))
-    d.add(polygon(star_points(w / 2, h / 2, w * 0.2, w * 0.07, 8), fill=GOLD, opacity=0.8))
-    return d
 
 
 def stack(size):

@@ -37,7 +37,6 @@ def all_pictures():
         yield 1220 + k, f"card_back_{size}", cards.back(size)
         yield 1230 + k, f"card_joker_{size}", cards.joker(size)
         yield 1240 + k, f"card_alternate_{size}", cards.face(size, tinted=True)
-        yield 1250 + k, f"card_pile_{size}", cards.pile(size)
         yield 1260 + k, f"card_stack_{size}", cards.stack(size)
     for suit, name in SUITS.items():
         yield 1300 + suit, f"pip_{name}", table.single_pip(suit)
@@ -52,6 +51,15 @@ def all_pictures():
             yield 1400 + 10 * k + 2 * j, f"button_{name}_{size}", table.button(name, size, False)
             yield 1401 + 10 * k + 2 * j, f"button_{name}_{size}_pressed", table.button(name, size,
                                                                                        True)
+    for k, size in enumerate(SIZES):
+        yield 1440 + 2 * k, f"spin_{size}", table.spin_button(size, False)
+        yield 1441 + 2 * k, f"spin_{size}_lit", table.spin_button(size, True)
+        yield 1450 + k, f"spin_window_{size}", table.spin_window(size)
+        for j, colour in enumerate(table.PANELS):
+            yield 1460 + 4 * k + 2 * j, f"panel_{colour}_{size}", table.panel(colour, size, False)
+            yield 1461 + 4 * k + 2 * j, f"panel_{colour}_{size}_lit", table.panel(colour, size,
+                                                                                  True)
+            yield 1480 + 2 * k + j, f"choice_{colour}_{size}", table.choice(colour, size)
     for k, name in enumerate(table.COINS):
         yield 1500 + k, f"coin_{name}", table.coin(name)
     yield 1510, "target", table.target()

@@ -1,4 +1,4 @@
-"""The rest of the table: buttons, coins, target, Charlie, wheel, felt and the program's icon."""
+"""The rest of the table: buttons, bonus panels, coins, target, Charlie, wheel, felt and the program's icon."""
 
 import math
 import random
@@ -57,6 +57,95 @@ def button(name, size, pressed):
         d.add(rect(x, y - drop * 0.4, fw, fh * 0.3, r * 0.6, fill=d.linear(
             0, y - 1, 0, y + fh * 0.3, [(0, "#000000", 0.5), (1, "#000000", 0)])))
     caption(d, lines, w / 2, y + fh / 2, FONT[size][len(lines) == 1], ink, pressed)
+    return d
+
+
+def glass(d, x, y, w, h, r, strength):
+    """The gloss of lacquer: a bright upper half and a thin bright edge."""
+    d.add(rect(x + 1, y + 0.8, w - 2, h * 0.42, r * 0.7, fill=d.linear(0, y, 0, y + h * 0.45, [
+        (0, "#ffffff", strength), (1, "#ffffff", strength * 0.12)])),
+        rect(x + 0.4, y + 0.4, w - 0.8, h - 0.8, r * 0.9, stroke="#ffffff", width=0.8,
+             opacity=strength * 0.6))
+
+
+def spin_button(size, lit):
+    """A silver key in a white rim; lit it is white in a yellow one. The table writes on it."""
+    w, h = BUTTON_SIZES[size]
+    d = Drawing(w, h)
+    r = h * 0.2
+    rim = 2 if size == "large" else 1.6
+    edge = ("#ffffff", "#ffffff", "#dcdce2") if not lit else ("#ffffa0", "#ffff00", "#c8b400")
+    face = ("#f0f0f0", "#c0c0c0", "#8c8c90") if not lit else ("#ffffff", "#ffffff", "#fff6b8")
+    d.add(rect(0.5, 1, w - 1, h - 1.2, r + 0.5, fill="#000000", opacity=0.45))
+    d.add(rect(0.5, 0.5, w - 1, h - 1.5, r, fill=d.linear(0, 0, 0, h, [
+        (0, edge[0]), (0.6, edge[1]), (1, edge[2])]), stroke="#5a4a00" if lit else "#44444a",
+        width=0.8))
+    x, y, fw, fh = rim + 0.9, rim + 0.9, w - 2 * rim - 1.8, h - 2 * rim - 2.8
+    d.add(rect(x - 0.6, y - 0.6, fw + 1.2, fh + 1.2, r * 0.8,
+               fill="#8a7a00" if lit else "#5c5c62"))
+    d.add(rect(x, y, fw, fh, r * 0.72, fill=d.linear(0, y, 0, y + fh, [
+        (0, face[0]), (0.5, face[1]), (1, face[2])])))
+    if not lit:
+        glass(d, x, y, fw, fh, r * 0.72, 0.75)
+    return d
+
+
+def spin_window(size):
+    """A window onto the rim of a wheel: a drum between two pointers, its front in the light."""
+    w, h = BUTTON_SIZES[size]
+    w -= w % 2  # two panels wide
+    d = Drawing(w, h)
+    d.add(rect(0, 0, w, h, 3, fill="#ffff00"), rect(1, 1, w - 2, h - 2, 2.2, fill="#000000"))
+    x, y, dw, dh = 2.5, 2, w - 5, h - 4
+    drum = [(0, "#000000"), (0.14, "#0e0e10"), (0.34, "#34343a"), (0.5, "#46464e"),
+            (0.66, "#34343a"), (0.86, "#0e0e10"), (1, "#000000")]
+    d.add(rect(x, y, dw, dh, 1.5, fill=d.linear(0, y, 0, y + dh, drum)))
+    for turn in (-62, -38, 38, 62):  # the steps of the drum, closer where it turns away
+        step = y + dh / 2 * (1 + math.sin(math.radians(turn)))
+        light = 0.5 * math.cos(math.radians(turn)) ** 2
+        d.add(line(x, step, x + dw, step, stroke="#000000", width=1),
+              line(x, step + 0.9, x + dw, step + 0.9, stroke="#ffffff", width=0.6, opacity=light))
+    for left in (True, False):
+        tip, base = (x + dh * 0.13, x - 1) if left else (x + dw - dh * 0.13, x + dw + 1)
+        d.add(polygon([(base, h / 2 - dh * 0.12), (tip, h / 2), (base, h / 2 + dh * 0.12)],
+                      fill="#ffff00", stroke="#4a3208", width=0.5))
+    return d
+
+
+PANELS = {  # lacquer from top to bottom, and its glow when lit
+    "red": (("#dc1414", "#c80000", "#8c0000"), "#ff6a50"),
+    "black": (("#2a2a2e", "#060608", "#000000"), "#707078"),
+}
+
+
+def lacquered(colour, w, h, outline, width):
+    """A lacquered plate in a frame of that width."""
+    d = Drawing(w, h)
+    top, mid, low = PANELS[colour][0]
+    d.add(rect(0, 0, w, h, 3, fill=outline))
+    x, y, pw, ph = width, width, w - 2 * width, h - 2 * width
+    d.add(rect(x, y, pw, ph, 2, fill=d.linear(0, y, 0, y + ph, [(0, top), (0.5, mid), (1, low)])))
+    return d, (x, y, pw, ph)
+
+
+def panel(colour, size, lit):
+    """One half of Red or Black; lit it glows in a yellow frame."""
+    w, h = BUTTON_SIZES[size]
+    w //= 2
+    frame = ("#ffff00", 2.5) if lit else ("#000000", 1)
+    d, (x, y, pw, ph) = lacquered(colour, w, h, *frame)
+    if lit:
+        glow = PANELS[colour][1]
+        d.add(rect(x, y, pw, ph, 2, fill=d.radial(w / 2, h / 2, h * 0.55, [
+            (0, glow, 0.9), (1, glow, 0)])))
+    glass(d, x, y, pw, ph, 2, 0.3 if colour == "red" else 0.22)
+    return d
+
+
+def choice(colour, size):
+    """The colour that was chosen, in a white frame."""
+    d, place = lacquered(colour, *BUTTON_SIZES[size], "#ffffff", 1.5)
+    glass(d, *place, 2, 0.3 if colour == "red" else 0.22)
     return d
 
 

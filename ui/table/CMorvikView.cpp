@@ -1,12 +1,15 @@
 #include "ui/table/CMorvikView.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimerEvent>
 #include <utility>
 
 #include "ui/table/ActionQueue.h"
+#include "ui/table/SceneDescription.h"
 #include "ui/table/SceneDisplay.h"
 #include "ui/table/TableKeys.h"
 #include "ui/table/TablePainter.h"
@@ -16,6 +19,28 @@ namespace {
 // With these a key is a shortcut, not one of the table's.
 constexpr Qt::KeyboardModifiers kShortcutModifiers =
     Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
+constexpr int kAnnouncementDelay = 50;  // milliseconds after the last repaint
+
+// Describes the table whenever it is asked, so that a screen reader that comes late misses nothing.
+class TableInterface : public QAccessibleWidget {
+  public:
+    explicit TableInterface(CMorvikView& shownView)
+        : QAccessibleWidget(&shownView), view(shownView) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Description ? view.Description()
+                                                : QAccessibleWidget::text(kind);
+    }
+
+  private:
+    const CMorvikView& view;
+};
+
+QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
+    auto* view = qobject_cast<CMorvikView*>(object);
+    return view ? new TableInterface(*view) : nullptr;
+}
 
 }  // namespace
 
@@ -27,6 +52,7 @@ CMorvikView::CMorvikView(GameTable& shownTable, const TableScene& shownScene, Sc
       pictures(store),
       input(shownTable, display, places, std::move(command)) {
     setObjectName("table");
+    QAccessible::installFactory(MakeInterface);  // before the name, which makes the interface
     setAccessibleName(tr("Video poker table"));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(kMinimumTableSize);
@@ -46,6 +72,29 @@ void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintTable(painter, event->rect(), scene, places, table.engine.payTable,
                table.engine.deck.table, pictures);
+    if (QAccessible::isActive()) announcementDue.start(kAnnouncementDelay, this);
+}
+
+// What is read aloud follows what is seen, but only once nothing moves any more.
+void CMorvikView::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != announcementDue.timerId()) {
+        QWidget::timerEvent(event);
+    } else if (!actions.Busy()) {
+        announcementDue.stop();
+        AnnounceChange();
+    }
+}
+
+QString CMorvikView::Description() const {
+    return QString::fromStdString(Describe(scene, table.engine.payTable, table.engine.deck.table));
+}
+
+void CMorvikView::AnnounceChange() {
+    const QString words = Description();
+    if (words == announced) return;
+    announced = words;
+    QAccessibleEvent change(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&change);
 }
 
 void CMorvikView::resizeEvent(QResizeEvent*) { LayOutTable(); }

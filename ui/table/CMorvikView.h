@@ -1,5 +1,6 @@
 // The machine's table in the window: paints the scene, and takes presses and keys.
 #pragma once
+#include <QBasicTimer>
 #include <QSet>
 #include <QWidget>
 #include <functional>
@@ -24,11 +25,15 @@ class CMorvikView : public QWidget {
 
     QSize sizeHint() const override;
 
+    // The table as it is now, in words; screen readers are told when they change.
+    QString Description() const;
+
     TableLayout places;  // as of the last change of size or pay table
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -38,6 +43,7 @@ class CMorvikView : public QWidget {
 
   private:
     void LayOutTable();
+    void AnnounceChange();
     void Handle(std::function<void()> action);
 
     GameTable& table;
@@ -46,5 +52,7 @@ class CMorvikView : public QWidget {
     PictureStore& pictures;
     QtTextMeasure measure;
     TableInput input;
+    QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
+    QString announced;
     QSet<int> keysDown;  // pressed here, so that a key let go after a dialog has closed is no input
 };

@@ -1,6 +1,5 @@
 #include "ui/table/CardPainter.h"
 
-#include <algorithm>
 #include <string>
 
 #include "core/text/Ranks.h"
@@ -78,7 +77,7 @@ void CardPainter::DrawCard(CardCode card, const QRect& place, bool alternateFace
 
 void CardPainter::DrawPile(int depth, const QRect& place) {
     if (depth >= 1) DrawPaper(CardBack(layout.sizeClass), place.translated(kFirstUnder));
-    if (depth >= 2) DrawPaper(PileCard(layout.sizeClass), place.translated(kSecondUnder));
+    if (depth >= 2) DrawPaper(CardStack(layout.sizeClass), place.translated(kSecondUnder));
 }
 
 void CardPainter::DrawPaper(Picture picture, const QRect& place) {
@@ -123,13 +122,10 @@ void CardPainter::DrawBigPip(const CardInfo& card, const QRect& place) {
     }
 }
 
-// In the middle of the card wherever it lies: the first draw card has no mark of its own. On small
-// cards the label font would cover the pip under the rank.
+// In the middle of the card wherever it lies: the first draw card has no mark of its own.
 void CardPainter::WriteWild(const QRect& place) {
-    const TextPlace& mark = layout.wildMarks[0];
-    const int height = std::min(mark.fontHeight, place.height() / 8);
-    const int spare = mark.rect.height() - height;
-    const QRect text = mark.rect.translated(place.topLeft() - layout.cards[0].topLeft())
-                           .adjusted(0, spare / 2, 0, spare / 2 - spare);
-    canvas.WriteOnCard({text, height}, "WILD", kTableBlue);
+    QRect mark(QPoint(0, 0), layout.wildMark);
+    mark.moveTopLeft(place.topLeft() + QPoint((place.width() - mark.width()) / 2,
+                                              (place.height() - mark.height()) / 2));
+    canvas.WriteEdged({mark, layout.labelFontHeight}, "WILD", kTableBlue, kCardPaper);
 }

@@ -110,7 +110,7 @@ void LayoutBuilder::ChooseSizes() {
     const ClassSizes& sizes = hasRoom(kLargeSizes)    ? kLargeSizes
                               : hasRoom(kMediumSizes) ? kMediumSizes
                                                       : kSmallSizes;
-    places.sizeClass = places.buttonClass = sizes.sizeClass;
+    places.sizeClass = sizes.sizeClass;
     places.cardSize = sizes.card;
     places.cardFontHeight = sizes.cardFontHeight;
     places.smallPip = sizes.smallPip;
@@ -137,7 +137,6 @@ void LayoutBuilder::ChooseFonts() {
 
 void LayoutBuilder::PlaceCards() {
     const QSize held = measure.Measure(places.labelFontHeight, "HELD");
-    const QSize wild = measure.Measure(places.labelFontHeight, "WILD");
     const QSize mark = held + QSize(2, 2);
     const int y = areaTop + 5 + held.height();
     for (std::size_t i = 0; i < places.cards.size(); ++i) {
@@ -148,8 +147,8 @@ void LayoutBuilder::PlaceCards() {
                                places.labelFontHeight};
         places.holdButtons[i] = {{Centred(places.buttonSize, card).x(), EndY(card) + 5},
                                  places.buttonSize};
-        places.wildMarks[i] = {Centred(wild, card), places.labelFontHeight};
     }
+    places.wildMark = measure.Measure(places.labelFontHeight, "WILD");
     const QSize either = PayText("EITHER");
     for (std::size_t pile = 0; pile < places.pileLabels.size(); ++pile) {
         places.pileLabels[pile] = {Centred(either, places.cards[3 + pile]), places.payFontHeight};
@@ -343,9 +342,9 @@ void LayoutBuilder::PlaceSpin(const QRect& wanted, const std::vector<QRect>& tak
     const QPoint shift = placed.topLeft() - wanted.topLeft();
     places.spinValue = places.redPanel.united(places.blackPanel).translated(shift);
     places.spinButton = places.choiceMark.translated(shift);
-    // In the label font "SPIN" is wider than the smallest button.
+    // In the label font "SPIN" is wider than the smallest button, whose rim it keeps clear of.
     const int font =
-        FittingFontHeight(measure, places.labelFontHeight, "SPIN", places.buttonSize.width() - 4);
+        FittingFontHeight(measure, places.labelFontHeight, "SPIN", places.buttonSize.width() - 10);
     places.spinButtonText = {Centred(measure.Measure(font, "SPIN"), places.spinButton), font};
 }
 

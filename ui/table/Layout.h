@@ -41,8 +41,7 @@ struct TextPlace {
 
 struct TableLayout {
     QSize client;
-    SizeClass sizeClass = SizeClass::kSmall;    // of cards and pictures
-    SizeClass buttonClass = SizeClass::kSmall;  // of button pictures
+    SizeClass sizeClass = SizeClass::kSmall;  // of cards and buttons
     QSize cardSize;
     QSize buttonSize;
     int gap = 0;  // between two cards, and left of the first
@@ -50,15 +49,15 @@ struct TableLayout {
     int payFontHeight = 0;     // pay table and most labels
     int payoutFontHeight = 0;  // numbers in the coin columns: the pay font unless one is too wide
     int labelFontHeight = 0;
-    int cardFontHeight = 0;  // ranks; pips written as text are twice as high
+    int cardFontHeight = 0;  // ranks
     int smallPip = 0;        // side of a square picture, as are the next two
     int bigPip = 0;
     int court = 0;
+    QSize wildMark;  // of the text in the label font, in the middle of every wild card
 
     std::array<QRect, 5> cards;  // Pick 'Em: 3 the left pile, 4 the right one
     std::array<QRect, 5> holdButtons;
     std::array<TextPlace, 5> heldMarks;   // with the 1-pixel outline around the text
-    std::array<TextPlace, 5> wildMarks;   // in the card
     std::array<TextPlace, 2> pileLabels;  // in the left and the right pile's card
 
     QRect namePanel;

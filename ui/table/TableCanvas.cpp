@@ -7,7 +7,6 @@
 namespace {
 
 constexpr QColor kShadow{0, 0, 0, 170};
-constexpr QColor kPlate{255, 255, 246};
 
 }  // namespace
 
@@ -83,20 +82,15 @@ void TableCanvas::WriteOnCloth(const TextPlace& place, std::string_view text,
     Write(place, text, colour);
 }
 
-void TableCanvas::WriteOnCard(const TextPlace& place, std::string_view text, const QColor& colour) {
-    if (text.empty() || !place.rect.intersects(clip)) return;
-    constexpr int kMargin = 5;
-    constexpr double kRadius = 4;
-    const QFontMetrics metrics(Font(place.fontHeight));
-    const int width =
-        std::min(metrics.horizontalAdvance(QString::fromUtf8(text)), place.rect.width());
-    QRectF plate(0, 0, width + 2 * kMargin, place.rect.height() + 1);
-    plate.moveCenter(QRectF(place.rect).center());
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1));
-    painter.setBrush(kPlate);
-    painter.drawRoundedRect(plate, kRadius, kRadius);
-    painter.restore();
+// Written nine times rather than stroked as outlines, which Qt hints differently once it has drawn
+// the same letters as text.
+void TableCanvas::WriteEdged(const TextPlace& place, std::string_view text, const QColor& colour,
+                             const QColor& edge) {
+    for (const int y : {-1, 0, 1}) {
+        for (const int x : {-1, 0, 1}) {
+            if (x != 0 || y != 0)
+                Write({place.rect.translated(x, y), place.fontHeight}, text, edge);
+        }
+    }
     Write(place, text, colour);
 }

@@ -17,8 +17,8 @@ inline constexpr QColor kTableRed{200, 0, 0};
 inline constexpr QColor kTableBlack{0, 0, 0};
 inline constexpr QColor kTableWhite{255, 255, 255};
 inline constexpr QColor kTableBlue{0, 0, 255};
-inline constexpr QColor kTableSilver{192, 192, 192};
 inline constexpr QColor kTableOlive{190, 190, 60};
+inline constexpr QColor kCardPaper{255, 254, 248};
 
 class TableCanvas {
   public:
@@ -52,8 +52,9 @@ class TableCanvas {
     // The same on bare cloth, with a shadow that parts it from the cloth.
     void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour);
 
-    // The same across a card, on a plate that parts it from what is printed there.
-    void WriteOnCard(const TextPlace& place, std::string_view text, const QColor& colour);
+    // The same across what is drawn already: a narrow edge parts the letters from it.
+    void WriteEdged(const TextPlace& place, std::string_view text, const QColor& colour,
+                    const QColor& edge);
 
     const QFont& Font(int height);
     int TextWidth(int fontHeight, std::string_view text);

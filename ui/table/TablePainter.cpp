@@ -49,7 +49,7 @@ class TablePainter {
     void PaintButton(TableButton button, ButtonLook look, const QRect& place);
     void PaintButtons();
     void PaintMeters();
-    void PaintPanel(const QRect& place, const QColor& fill, std::string_view letter, bool lit);
+    void PaintPanel(CardColour colour, const QRect& place);
 
     TableCanvas& canvas;
     const TableScene& scene;
@@ -98,25 +98,23 @@ void TablePainter::PaintTarget(std::size_t target) {
 }
 
 // The letter stands in an outer corner, beside the question mark between the panels.
-void TablePainter::PaintPanel(const QRect& place, const QColor& fill, std::string_view letter,
-                              bool lit) {
+void TablePainter::PaintPanel(CardColour colour, const QRect& place) {
     constexpr int kLetterHeight = 12;
-    canvas.DrawBox(place, lit ? kTableYellow : kTableBlack, fill);
-    if (lit) canvas.DrawBox(place.adjusted(1, 1, -1, -1), kTableYellow, fill);
+    const bool red = colour == CardColour::kRed;
+    const bool lit = scene.redBlack.lit == colour;
+    canvas.DrawPicture(PanelPicture(layout.sizeClass, red, lit), place);
     const QRect foot(place.x() + 4, place.y() + place.height() - kLetterHeight - 3,
                      place.width() - 8, kLetterHeight);
-    const bool isLeft = place == layout.redPanel;
-    canvas.Write({foot, kLetterHeight}, letter, kTableWhite,
-                 isLeft ? Qt::AlignLeft : Qt::AlignRight);
+    canvas.Write({foot, kLetterHeight}, red ? "R" : "B", kTableWhite,
+                 red ? Qt::AlignLeft : Qt::AlignRight);
 }
 
 void TablePainter::PaintRedBlack() {
-    const RedBlackLook& look = scene.redBlack;
     canvas.WriteOnCloth(layout.redBlackLabel, "Red or Black?", kTableWhite);
-    PaintPanel(layout.redPanel, kTableRed, "R", look.lit == CardColour::kRed);
-    PaintPanel(layout.blackPanel, kTableBlack, "B", look.lit == CardColour::kBlack);
-    if (look.choice == CardColour::kNone) {
-        canvas.Write(layout.questionMark, "?", kTableWhite);
+    PaintPanel(CardColour::kRed, layout.redPanel);
+    PaintPanel(CardColour::kBlack, layout.blackPanel);
+    if (scene.redBlack.choice == CardColour::kNone) {
+        canvas.WriteEdged(layout.questionMark, "?", kTableWhite, kTableBlack);
     } else {
         PaintChoice();
     }
@@ -124,24 +122,22 @@ void TablePainter::PaintRedBlack() {
 
 void TablePainter::PaintChoice() {
     const bool red = scene.redBlack.choice == CardColour::kRed;
-    canvas.DrawBox(layout.choiceMark, kTableWhite, red ? kTableRed : kTableBlack);
+    canvas.DrawPicture(ChoicePicture(layout.sizeClass, red), layout.choiceMark);
     canvas.Write({layout.choiceMark.adjusted(3, 1, -3, -1), layout.labelFontHeight},
                  red ? "RED" : "BLACK", kTableWhite);
 }
 
+// The value keeps clear of the pointers at both ends of its window.
 void TablePainter::PaintSpin() {
     if (scene.spin.window) {
-        canvas.DrawBox(layout.spinValue, kTableYellow, kTableBlack);
-        canvas.Write({layout.spinValue.adjusted(2, 1, -2, -1), layout.payFontHeight},
+        const int pointer = layout.spinValue.height() / 6 + 2;
+        canvas.DrawPicture(SpinWindow(layout.sizeClass), layout.spinValue);
+        canvas.Write({layout.spinValue.adjusted(pointer, 1, -pointer, -1), layout.payFontHeight},
                      scene.spin.value, kTableWhite);
     }
     if (scene.spin.button == SpinButton::kHidden) return;
     const bool lit = scene.spin.button == SpinButton::kLit;
-    canvas.DrawBox(layout.spinButton, lit ? kTableYellow : kTableWhite,
-                   lit ? kTableWhite : kTableSilver);
-    if (lit) {
-        canvas.DrawBox(layout.spinButton.adjusted(1, 1, -1, -1), kTableYellow, kTableWhite);
-    }
+    canvas.DrawPicture(SpinButtonPicture(layout.sizeClass, lit), layout.spinButton);
     canvas.Write(layout.spinButtonText, "SPIN", kTableBlack);
 }
 
@@ -157,7 +153,8 @@ void TablePainter::PaintPlace(std::size_t position) {
     cards.DrawPile(look.pileDepth, place);
     cards.DrawCard(look.card, place, look.pileTop);
     if (!look.label.empty() && position >= kLeftPilePosition) {
-        canvas.WriteOnCard(layout.pileLabels[position - kLeftPilePosition], look.label, kTableBlue);
+        canvas.WriteEdged(layout.pileLabels[position - kLeftPilePosition], look.label, kTableBlue,
+                          kCardPaper);
     }
     if (look.held) canvas.WriteOnCloth(layout.heldMarks[position], "HELD", kTableWhite);
     PaintButton(TableButton::kHold, look.holdButton, layout.holdButtons[position]);
@@ -171,14 +168,14 @@ void TablePainter::PaintFirstDraw() {
 
 void TablePainter::PaintFeatureLabel() {
     const bool shoot = scene.featureLabel == "SHOOT";
-    canvas.WriteOnCard(shoot ? layout.shootLabel : layout.spinLabel, scene.featureLabel,
-                       kTableBlue);
+    canvas.WriteEdged(shoot ? layout.shootLabel : layout.spinLabel, scene.featureLabel, kTableBlue,
+                      kCardPaper);
 }
 
 void TablePainter::PaintButton(TableButton button, ButtonLook look, const QRect& place) {
     if (look == ButtonLook::kHidden) return;
     const bool pressed = look == ButtonLook::kPressed;
-    canvas.DrawPicture(ButtonPicture(button, layout.buttonClass, pressed), place);
+    canvas.DrawPicture(ButtonPicture(button, layout.sizeClass, pressed), place);
 }
 
 void TablePainter::PaintButtons() {
