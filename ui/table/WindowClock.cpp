@@ -21,7 +21,11 @@ void WindowClock::Hurry(bool on) {
 void WindowClock::Wait(int milliseconds) {
     if (hurrying) return;
     QEventLoop loop;
-    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    QTimer end;
+    end.setSingleShot(true);
+    end.setTimerType(Qt::PreciseTimer);
+    connect(&end, &QTimer::timeout, &loop, &QEventLoop::quit);
+    end.start(milliseconds);
     connect(this, &WindowClock::Hurried, &loop, &QEventLoop::quit);
     loop.exec();
 }
