@@ -143,6 +143,16 @@ void CMainFrame::UpdateActions() {
     }
 }
 
+// What was pressed before a question came up was not meant for what follows its answer: the second
+// half of a double click must not pick a card of the next double up.
+bool CMainFrame::event(QEvent* event) {
+    if (event->type() == QEvent::WindowUnblocked && document) {
+        document->actions.DropWaiting();
+        view->LetButtonsGo();
+    }
+    return QMainWindow::event(event);
+}
+
 void CMainFrame::closeEvent(QCloseEvent* event) {
     if (!closed) FinishAndClose();
     event->setAccepted(closed);

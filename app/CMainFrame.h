@@ -26,6 +26,7 @@ class CMainFrame : public QMainWindow {
     std::function<void(bool)> hurryClock;
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:

@@ -251,6 +251,21 @@ TEST_F(TablePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
     EXPECT_EQ(p.HandText(), kTwoPair);
 }
 
+TEST_F(TablePlayTest, APressFromBeforeAQuestionIsNoneAfterIt) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(1);
+    p.Key(Qt::Key_U);
+    p.clock.inPause = [&] { p.Click(p.Places().cards[1]); };
+    {
+        DialogRobot robot{Choose(QMessageBox::Yes)};
+        p.Click(p.Places().cards[1]);
+    }
+    EXPECT_TRUE(p.engine.doubleUpPick) << "the next one waits";
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 1);
+    p.ExpectAtRest("after a double click");
+}
+
 TEST_F(TablePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
     TestProgram& p = Start();
     WinWithTwoPair();

@@ -143,9 +143,12 @@ void CMorvikView::keyReleaseEvent(QKeyEvent* event) {
     Handle([=, this] { input.Key(key); });
 }
 
-// What is let go over the dialog that comes between is let go there.
+void CMorvikView::LetButtonsGo() {
+    actions.Run([this] { input.ReleaseButtons(); });
+}
+
 void CMorvikView::focusOutEvent(QFocusEvent* event) {
     keysDown.clear();
-    actions.Run([this] { input.ReleaseButtons(); });
+    LetButtonsGo();
     QWidget::focusOutEvent(event);
 }

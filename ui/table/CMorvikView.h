@@ -28,6 +28,9 @@ class CMorvikView : public QWidget {
     // The table as it is now, in words; screen readers are told when they change.
     QString Description() const;
 
+    // No button stays down: what is let go over a dialog that came between is let go there.
+    void LetButtonsGo();
+
     TableLayout places;  // as of the last change of size or pay table
 
   protected:
