@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr std::string_view kNeverAnalyzed = "Sneak Peak Poker";
 constexpr int kCodesPerKind = 100;
 constexpr int kHighestIndex = 1'000'000;  // more than any file of pay tables can hold
 constexpr int kCallsBetweenLooks = 64;    // at the window: some hundred microseconds
@@ -70,17 +69,16 @@ class NewDetailFile {
     DetailFile file;
 };
 
-// One run. It has copies of all it works on, since the player may do anything while it lasts.
+// One run, on the game and the table of the spare engine.
 class AnalysisRun {
   public:
-    AnalysisRun(GameEngine& spare, const DataFilePaths& paths)
-        : section(StatsSection(spare)),
-          payTable(spare.payTable),
-          coin(spare.settings.coin),
+    AnalysisRun(const GameEngine& spare, const DataFilePaths& paths)
+        : spare(spare),
           files(AnalysisFilesOf(spare.settings.gameName, spare.settings.activeTable, paths)),
           cachePath(paths.analysisCache) {}
 
     void Play(GameTable& table, AnalysisFilesChoice choice) {
+        const PayTable& payTable = spare.payTable;
         std::optional<NewDetailFile> detail;
         if (choice.detail) detail.emplace(files.detail, payTable);
         GameAnalysisWatcher watcher;
@@ -91,7 +89,7 @@ class AnalysisRun {
                 return progress.Show(done, all);
             };
             const auto tables = table.tables.For(payTable);
-            totals = AnalyzeGame(*tables, payTable, coin, watcher);
+            totals = AnalyzeGame(*tables, payTable, spare.settings.coin, watcher);
         }
         if (detail) detail->Close();
         Write(table.files.file, choice);
@@ -99,20 +97,18 @@ class AnalysisRun {
 
   private:
     void Write(ProfileFile& file, AnalysisFilesChoice choice) const {
-        const auto entries = AnalysisEntries(totals, payTable, coin);
+        const auto entries = AnalysisEntries(totals, spare.payTable, spare.settings.coin);
         if (choice.summary) ReplaceFile(files.summary, SummaryText(entries));
         // A profile file starts from an empty one; it creates none by itself.
         std::error_code error;
         if (!std::filesystem::exists(cachePath, error)) ReplaceFile(cachePath, "");
-        WriteToCache(entries, section, cachePath, file);
+        WriteToCache(entries, StatsSection(spare), cachePath, file);
         file.Flush();  // or a later one: what the disk does not take is kept
     }
 
-    std::string section;
-    PayTable payTable;
-    double coin;
+    const GameEngine& spare;
     AnalysisFilePaths files;
-    std::string cachePath;
+    const std::string& cachePath;
     GameTotals totals;
 };
 
@@ -197,12 +193,12 @@ void GameReportPages::Show(const std::string& gameName, int tableIndex) {
 }
 
 bool GameReportPages::Choose(const std::string& gameName) {
-    if (SameText(gameName, kNeverAnalyzed)) {
+    const GameFiles& files = table.files;
+    if (GameIdFromName(files.file, gameName, files.mainPath) == kSneakPeakGameId) {
         table.player.IsTold("Game Analysis Not Available", "Analysis not available for this game",
                             MessageIcon::kError);
         return false;
     }
-    const GameFiles& files = table.files;
     Show(gameName, ActiveTable(files.file, files.gamePath, files.mainPath, gameName));
     return true;
 }
@@ -245,10 +241,11 @@ AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
 
 void AnalyzeGameCommand(GameTable& table, GameEngine& spare, GameReports& reports,
                         const DataFilePaths& paths) {
-    const std::string& game = table.engine.settings.gameName;
-    if (SameText(game, kNeverAnalyzed)) {
-        table.player.IsTold("Game Analysis Not Available",
-                            "Game analysis not available for " + game + ".", MessageIcon::kError);
+    if (IsSneakPeak(table.engine)) {
+        table.player.IsTold(
+            "Game Analysis Not Available",
+            "Game analysis not available for " + table.engine.settings.gameName + ".",
+            MessageIcon::kError);
         return;
     }
     ReportLoop(table, spare, reports, paths).Run();

@@ -89,6 +89,6 @@ class GameReports {
 
 // Shows the report on the current game and runs what it asks for, until it is left for good. A run
 // that the player cancels leaves all entries and files, with the figures of the hands played until
-// then. While a run lets events through the command may be given again.
+// then.
 void AnalyzeGameCommand(GameTable& table, GameEngine& spare, GameReports& reports,
                         const DataFilePaths& paths);

@@ -18,6 +18,8 @@ constexpr auto kSaveFailed =
     "The pay table could not be saved, and everything is as it was.\n\nMake room on the disk, and "
     "see to it that you may write the program's data folder.";
 
+constexpr auto kNoTable = "This pay table is deleted. Choose another one with Change Game.";
+
 std::string AlreadyExists(const std::string& name) { return "\"" + name + "\" already exists"; }
 
 bool IsBuiltIn(const std::string& name) {
@@ -26,6 +28,13 @@ bool IsBuiltIn(const std::string& name) {
 }
 
 bool CanBeGoneTo(int index) { return index >= 0 && index <= kLastTableIndex; }
+
+// Without what the figures of an analysis, which are those of the full bet, do not depend on.
+PayTable OfFigures(PayTable table) {
+    table.maxBet = kFullBet;
+    for (PayLine& line : table.lines) line.description = line.shortDescription = "";
+    return table;
+}
 
 }  // namespace
 
@@ -56,6 +65,7 @@ void PayTableEditor::Load(const std::string& fromGame, int fromIndex) {
 
 bool PayTableEditor::IsEnabled(FieldPlace place) const {
     using enum FormField;
+    if (!HasTable()) return false;
     const auto line = static_cast<std::size_t>(place.line);
     const auto mayCheck = [this](GameType type) {
         return IsUserGame() && (texts.type == GameType::kStandard || texts.type == type);
@@ -182,6 +192,7 @@ std::string PayTableEditor::NewNameProblem(const std::string& name) const {
 }
 
 std::optional<FormProblem> PayTableEditor::Problem() const {
+    if (!HasTable()) return {{kNoTable, {FormField::kName}}};
     std::string name;
     if (gameName.empty()) {
         name = "Game name can not be blank";
@@ -198,31 +209,31 @@ bool PayTableEditor::IsRefused(PayTableQuestions& questions) const {
     return problem.has_value();
 }
 
-void PayTableEditor::Save(PayTableQuestions& questions) {
-    if (IsRefused(questions)) return;
-    if (newGame) {
-        WriteInPlace(questions);
-    } else if (!IsUserGame() && tableIndex == 0) {
+bool PayTableEditor::Save(PayTableQuestions& questions) {
+    if (IsRefused(questions)) return false;
+    if (newGame) return WriteInPlace(questions);
+    if (!IsUserGame() && tableIndex == 0) {
         questions.IsTold(kError,
                          "You can not overwrite the default pay table for a pre-defined game");
-    } else if (!TableExists(table.files.file, gameName, 0, table.files.mainPath)) {
-        Append(questions);
-    } else {
-        const OverwriteChoice choice = questions.Overwrites(
-            "Overwrite?", "Do you wish to overwrite table " + std::to_string(tableIndex) +
-                              "? If NO, the current table will be added as a new index.");
-        if (choice == OverwriteChoice::kOverwrite) WriteInPlace(questions);
-        if (choice == OverwriteChoice::kAppend) Append(questions);
+        return false;
     }
+    if (!TableExists(table.files.file, gameName, 0, table.files.mainPath)) return Append(questions);
+    switch (questions.Overwrites("Overwrite?",
+                                 "Do you wish to overwrite table " + std::to_string(tableIndex) +
+                                     "? If NO, the current table will be added as a new index.")) {
+        case OverwriteChoice::kOverwrite:
+            return WriteInPlace(questions);
+        case OverwriteChoice::kAppend:
+            return Append(questions);
+        case OverwriteChoice::kCancel:
+            break;
+    }
+    return false;
 }
 
-void PayTableEditor::Add(PayTableQuestions& questions) {
-    if (IsRefused(questions)) return;
-    if (newGame) {
-        WriteInPlace(questions);
-    } else {
-        Append(questions);
-    }
+bool PayTableEditor::Add(PayTableQuestions& questions) {
+    if (IsRefused(questions)) return false;
+    return newGame ? WriteInPlace(questions) : Append(questions);
 }
 
 bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
@@ -240,7 +251,7 @@ bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
         questions.IsTold(kError, kSaveFailed);
         return false;
     }
-    if (StoredTable() != before) ForgetAnalysis();
+    if (OfFigures(StoredTable()) != OfFigures(before)) ForgetAnalysis();
     savedName = gameName;
     return true;
 }
@@ -260,19 +271,25 @@ void PayTableEditor::UseSavedName() {
     if (newGame && !savedName.empty()) gameName = savedName;
 }
 
-void PayTableEditor::Append(PayTableQuestions& questions) {
+bool PayTableEditor::Append(PayTableQuestions& questions) {
     const auto chain = TableChain(table.files.file, gameName, table.files.mainPath);
     if (!chain.empty() && chain.back() >= kLastTableIndex) {
-        return questions.IsTold(kError, "There is no index left for another table of this game");
+        questions.IsTold(kError, "There is no index left for another table of this game");
+        return false;
     }
     const auto index = AppendTable(Files(), Game(), texts);
-    if (!index) return questions.IsTold(kError, kSaveFailed);
+    if (!index) {
+        questions.IsTold(kError, kSaveFailed);
+        return false;
+    }
     tableIndex = *index;
+    return true;
 }
 
-void PayTableEditor::MakeActive(PayTableQuestions& questions) {
-    if (IsRefused(questions) || !WriteInPlace(questions)) return;
+bool PayTableEditor::MakeActive(PayTableQuestions& questions) {
+    if (IsRefused(questions) || !WriteInPlace(questions)) return false;
     madeActive = Shown();
+    return true;
 }
 
 void PayTableEditor::Delete(PayTableQuestions& questions) {

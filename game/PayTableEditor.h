@@ -51,17 +51,22 @@ class PayTableEditor {
     int GameId() const { return gameId; }
     int TableIndex() const { return tableIndex; }  // -1 after a deletion
     bool IsUserGame() const { return ::IsUserGame(gameId); }
-    bool IsNewGame() const { return newGame; }
+
+    // Whether there is a table to be edited and saved. A deletion leaves none until a game is
+    // chosen; one that is being made can be begun again.
+    bool HasTable() const { return newGame || tableIndex >= 0; }
+
+    // Whether the table is of a user game: it may be made from a template and deleted, and its game
+    // renamed.
+    bool HasOwnTable() const { return HasTable() && IsUserGame(); }
 
     // Whether the player may use a field. The types without a box cannot be changed.
     bool IsEnabled(FieldPlace place) const;
-    bool CanLoadTemplate() const { return IsUserGame(); }
-    bool CanRename() const { return IsUserGame(); }
-    bool CanDelete() const { return IsUserGame(); }
     bool HasNextTable() const;
     bool HasPreviousTable() const;
 
-    // Of the table, and of the name where that may be typed. What keeps it from being saved.
+    // Of the table, and of the name where that may be typed. What keeps it from being saved, or
+    // what to do where there is none.
     std::optional<FormProblem> Problem() const;
 
     void GoToNextTable();
@@ -69,16 +74,19 @@ class PayTableEditor {
     void Clear();
     void LoadTemplate(PayTableQuestions& questions);
     void ChangeGame(PayTableQuestions& questions);
-    void Save(PayTableQuestions& questions);
 
-    // Saves the table as a new one of the game, which the first table of a built-in game, never to
-    // be overwritten, has no other way to become. A game without tables is saved.
-    void Add(PayTableQuestions& questions);
+    // In place or as a new table of the game, as the player answers; the first table of a built-in
+    // game is refused. False when it is not saved, as of the next two.
+    bool Save(PayTableQuestions& questions);
+
+    // Saves the table as a new one of the game, whichever it is. A game without tables is saved.
+    bool Add(PayTableQuestions& questions);
+
+    // Saves the table in place without a question, the first one of a built-in game too.
+    bool MakeActive(PayTableQuestions& questions);
+
     void Delete(PayTableQuestions& questions);
     void Rename(PayTableQuestions& questions);
-
-    // Saves the table in place, without a question.
-    void MakeActive(PayTableQuestions& questions);
 
     // What was made active, as it is now called; nothing when nothing was, or it is gone.
     const std::optional<TableChoice>& MadeActive() const { return madeActive; }
@@ -98,7 +106,7 @@ class PayTableEditor {
     bool WriteInPlace(PayTableQuestions& questions);
     PayTable StoredTable() const;
     void ForgetAnalysis();
-    void Append(PayTableQuestions& questions);
+    bool Append(PayTableQuestions& questions);
     void LeaveDeletedTable();
     bool RenameTo(PayTableQuestions& questions, const std::string& newName);
     void TellOfGameFiles(PayTableQuestions& questions, const std::vector<std::string>& unsaved);

@@ -5,12 +5,14 @@
 
 #include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
+#include "core/text/WholeNumber.h"
 
 namespace {
 
 constexpr int kHighAce = 14;
 constexpr int kOnlyAcesPay = 15;
 constexpr std::size_t kMaxListRanks = 13;
+constexpr int kHighestMaxBet = 1000;
 
 // Nothing when the list cannot be read, or holds what is no rank.
 std::optional<std::vector<int>> ReadRanks(const std::string& typed, int highest = kHighAce) {
@@ -44,6 +46,13 @@ std::string MinPairProblem(const std::string& typed) {
     return "Min pair can be only one character and must 2-9,T,J,Q,K, or A";
 }
 
+std::string MaxBetProblem(const std::string& typed) {
+    const bool whole = std::ranges::all_of(typed, [](char c) { return c >= '0' && c <= '9'; });
+    const std::int64_t bet = ReadWholeNumber(typed).Nearest();
+    if (whole && bet >= 1 && bet <= kHighestMaxBet) return "";
+    return "Max Bet must be numeric, not less than 1 and not greater than 1000";
+}
+
 std::optional<FormProblem> SettingsProblem(const PayTableTexts& table) {
     using enum FormField;
     if (auto text = JokersProblem(table.jokers); !text.empty()) return {{text, {kJokers}}};
@@ -56,6 +65,7 @@ std::optional<FormProblem> SettingsProblem(const PayTableTexts& table) {
              {kWildRanks}}};
     }
     if (auto text = MinPairProblem(table.minPair); !text.empty()) return {{text, {kMinPair}}};
+    if (auto text = MaxBetProblem(table.maxBet); !text.empty()) return {{text, {kMaxBet}}};
     return std::nullopt;
 }
 

@@ -10,12 +10,13 @@ struct GameEngine;
 
 enum class MessageIcon { kNone, kExclamation, kError };
 
-// Shown while long work goes on; gone with the object.
+// Shown while long work goes on, with which the player cannot do anything but cancel it; gone with
+// the object.
 class Progress {
   public:
     virtual ~Progress() = default;
 
-    // Lets what the player does through. False when the player has cancelled the work.
+    // False when the player has cancelled the work.
     virtual bool Show(const std::string& text, int percent) = 0;
 };
 

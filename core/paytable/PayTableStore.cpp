@@ -198,6 +198,8 @@ PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& g
     PayTableTexts table;
     const int type = section.Int("Type", 1);
     if (type >= 1 && type <= 6) table.type = static_cast<GameType>(type);
+    const bool wildJacks = table.type == GameType::kOneEyedJacks;
+    for (PayLineTexts& line : table.lines) line.wildsOK = wildJacks;
     table.usesWilds = section.Flag("UsesWilds");
     table.jokers = section.Text("Jokers");
     table.wildRanks = section.Ranks("WildCard");

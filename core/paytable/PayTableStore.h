@@ -75,7 +75,8 @@ std::string UserGameName(const PayTableFiles& files, int slot);
 // Why the files could not keep a game under this name, as a sentence; empty when they can.
 std::string GameNameProblem(std::string_view name);
 
-// Everything is empty and the bet 5 where the table does not exist.
+// Everything is empty and the bet 5 where the table does not exist. Lines that are added to a table
+// with wild jacks may be made with them; where other cards are wild, the player decides.
 PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& gameName,
                                 int tableIndex);
 

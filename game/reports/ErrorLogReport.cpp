@@ -3,15 +3,20 @@
 #include <string_view>
 
 #include "core/text/Amount.h"
+#include "core/text/Numbers.h"
 #include "game/GameEngine.h"
+#include "game/reports/Quotient.h"
 
 namespace {
 
 constexpr std::string_view kEnd = "\r\n";
 
-std::string Amount(double value) { return FormatDecimals("%.4f", value); }
+constexpr std::string_view kExact = "%.4f";
 
-double Quotient(double value, double divisor) { return divisor == 0 ? 0 : value / divisor; }
+// Of an entry; those of the summary have their thousands parted.
+std::string Plain(double value) { return FormatDouble(kExact, value); }
+
+std::string Amount(double value) { return FormatDecimals(kExact, value); }
 
 std::string Line(std::string_view label, std::string_view value) {
     return std::string(label) + '\t' + std::string(value) + std::string(kEnd);
@@ -40,9 +45,9 @@ std::string ErrorText(const GameEngine& engine, const ErrorLogEntry& entry) {
     };
     const double cost = entry.bestReturn - entry.playerReturn;
     return Line("Best Play", pattern(entry.best)) + Line("Your Play", pattern(entry.player)) +
-           std::string(kEnd) + Line("Best Return ($)", Amount(entry.bestReturn)) +
-           Line("Your Return ($)", Amount(entry.playerReturn)) + Line("Cost ($)", Amount(cost)) +
-           "Cost in Coin\t" + Amount(Quotient(cost, engine.settings.coin));
+           std::string(kEnd) + Line("Best Return ($)", Plain(entry.bestReturn)) +
+           Line("Your Return ($)", Plain(entry.playerReturn)) + Line("Cost ($)", Plain(cost)) +
+           "Cost in Coin\t" + Plain(Quotient(cost, engine.settings.coin));
 }
 
 std::string ErrorSummary(const GameEngine& engine) {
@@ -52,8 +57,7 @@ std::string ErrorSummary(const GameEngine& engine) {
     const double best = statistics.bestReturns.total;
     const double cost = statistics.errorCosts.total;
     const auto percentOfHands = [&](std::int64_t number) {
-        return FormatDecimals(
-            "%7.4f", Quotient(static_cast<double>(number), static_cast<double>(hands)) * 100);
+        return FormatDecimals("%7.4f", Quotient(number, hands) * 100);
     };
     return Line("Hands Played", FormatCount(hands)) + Line("Errors", FormatCount(errors)) +
            Line("Pct Correct Plays", percentOfHands(hands - errors)) +

@@ -19,7 +19,8 @@ ErrorLogEntry LoggedError(const GameEngine& engine, const GameFiles& files, int 
 // "Error 1" for index 0.
 std::string ErrorTitle(int index);
 
-// The best play and the play made, their returns, and the cost. No line end follows the last line.
+// The best play and the play made, their returns, and the cost, without thousands separators. No
+// line end follows the last line.
 std::string ErrorText(const GameEngine& engine, const ErrorLogEntry& entry);
 
 // Errors, returns and cost of all hands ever played on the table.

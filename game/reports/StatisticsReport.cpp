@@ -6,6 +6,7 @@
 
 #include "core/text/Amount.h"
 #include "game/GameEngine.h"
+#include "game/reports/Quotient.h"
 
 namespace {
 
@@ -40,12 +41,6 @@ std::string Line(std::string_view label, Value value) {
 
 std::string CountLine(std::string_view label, const Counter& counter) {
     return Line(label, [&](Column column) { return FormatCount(column.Of(counter)); });
-}
-
-double Quotient(double value, double divisor) { return divisor == 0 ? 0 : value / divisor; }
-
-double Quotient(std::int64_t value, std::int64_t divisor) {
-    return Quotient(static_cast<double>(value), static_cast<double>(divisor));
 }
 
 // Toward zero. What binary fractions put a hair below a whole number is that number: 65 minutes are

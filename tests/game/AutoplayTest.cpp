@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "core/analysis/GameAnalysis.h"
-#include "core/paytable/GameCatalogue.h"
 #include "tests/game/TestMachine.h"
 
 namespace {
@@ -16,26 +15,29 @@ constexpr std::int64_t kHands = 20'000;
 constexpr std::int64_t kHands = 1'000'000;
 #endif
 
+struct AutoplayTest : testing::Test, TestMachine {};
+
 // Standard deviations between what was seen and what was to be expected of so many hands.
 double Deviations(double seen, double expected, double variance) {
     return std::abs(seen - expected) / std::sqrt(variance);
 }
 
 // One game of every kind of deal: the hands that are played come out as the whole game is counted.
-TEST(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
+TEST_F(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
     constexpr auto hands = static_cast<double>(kHands);
-    for (const int id : {300, 313, 316, 317, 350}) {
-        std::string name;
-        for (const BuiltInGame& game : BuiltInGames()) {
-            if (game.id == id) name = game.name;
-        }
-        TestMachine machine(name, id);
-        machine.engine.deck.random.RandomInit(42);
-        EXPECT_EQ(PlayHands(machine.engine, machine.files, kHands, {}), kHands);
+    const std::pair<int, const char*> games[] = {{300, "Jacks or Better"},
+                                                 {313, "5 Aces Bonus Poker"},
+                                                 {316, "Aces Bonus Poker"},
+                                                 {317, "One-Eyed Jacks"},
+                                                 {350, "Pick Em Poker"}};
+    for (const auto& [id, name] : games) {
+        Play(name, id);
+        engine.deck.random.RandomInit(42);
+        EXPECT_EQ(PlayHands(engine, files, kHands, {}), kHands);
 
-        const PayTable& table = machine.engine.payTable;
-        const GameTotals exact = AnalyzeGame(LineTablesOf(machine.engine), table, 1, {});
-        const Statistics& counted = machine.engine.statistics;
+        const PayTable& table = engine.payTable;
+        const GameTotals exact = AnalyzeGame(LineTablesOf(engine), table, 1, {});
+        const Statistics& counted = engine.statistics;
         EXPECT_EQ(counted.creditsPlayed.total, 5 * kHands);
         EXPECT_EQ(counted.handsPlayed.total, kHands);
         EXPECT_LT(Deviations(counted.creditsWon.total / 5.0, hands * exact.payoutPercent / 100,
@@ -57,31 +59,25 @@ TEST(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
     }
 }
 
-TEST(AutoplayTest, DollarsAreEnteredWhenTheCreditsDoNotCoverTheBet) {
-    TestMachine machine;
-    machine.engine.settings.credits = 4;
-    machine.engine.settings.coin = 0.25;
-    PlayHands(machine.engine, machine.files, 1, {});
-    EXPECT_EQ(machine.engine.settings.creditsEntered, 100);
-    EXPECT_EQ(machine.engine.settings.credits,
-              4 + 400 - 5 + machine.engine.statistics.creditsWon.total);
+TEST_F(AutoplayTest, DollarsAreEnteredWhenTheCreditsDoNotCoverTheBet) {
+    engine.settings.credits = 4;
+    engine.settings.coin = 0.25;
+    PlayHands(engine, files, 1, {});
+    EXPECT_EQ(engine.settings.creditsEntered, 100);
+    EXPECT_EQ(engine.settings.credits, 4 + 400 - 5 + engine.statistics.creditsWon.total);
 }
 
-TEST(AutoplayTest, ARunEndsWhenItIsTold) {
-    TestMachine machine;
-    EXPECT_EQ(PlayHands(machine.engine, machine.files, 1000,
-                        [](std::int64_t played) { return played < 17; }),
-              17);
-    EXPECT_EQ(machine.engine.statistics.handsPlayed.total, 17);
-    EXPECT_EQ(PlayHands(machine.engine, machine.files, 0, {}), 0);
-    EXPECT_EQ(PlayHands(machine.engine, machine.files, -5, {}), 0);
-    machine.engine.payTable.lines.clear();
-    EXPECT_EQ(PlayHands(machine.engine, machine.files, 5, {}), 0) << "a game without lines";
+TEST_F(AutoplayTest, ARunEndsWhenItIsTold) {
+    EXPECT_EQ(PlayHands(engine, files, 1000, [](std::int64_t played) { return played < 17; }), 17);
+    EXPECT_EQ(engine.statistics.handsPlayed.total, 17);
+    EXPECT_EQ(PlayHands(engine, files, 0, {}), 0);
+    EXPECT_EQ(PlayHands(engine, files, -5, {}), 0);
+    engine.payTable.lines.clear();
+    EXPECT_EQ(PlayHands(engine, files, 5, {}), 0) << "a game without lines";
 }
 
-TEST(AutoplayTest, EveryCardIsDealtToEveryPlaceAlike) {
-    TestMachine machine;
-    Deck& deck = machine.engine.deck;
+TEST_F(AutoplayTest, EveryCardIsDealtToEveryPlaceAlike) {
+    Deck& deck = engine.deck;
     std::array<std::array<int, 52>, 10> counts{};
     for (int deal = 0; deal < 52'000; ++deal) {
         deck.DrawTop(10);

@@ -10,7 +10,8 @@ namespace {
 class ScriptedManager : public PayTableManager {
   public:
     std::optional<std::string> selection;
-    std::function<bool(PayTableEditor&)> script = [](PayTableEditor&) { return true; };
+    std::function<void(PayTableEditor&)> script = [](PayTableEditor&) {};
+    bool done = true;    // false: cancelled, and what was saved stays
     std::string opened;  // "My Game(1)", "new " before it for a new game
 
     std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
@@ -19,139 +20,109 @@ class ScriptedManager : public PayTableManager {
         return selection;
     }
     bool Edits(PayTableEditor& editor) override {
-        opened =
-            (editor.IsNewGame() ? "new " : "") + TableSection(editor.gameName, editor.TableIndex());
-        return script(editor);
+        opened = (editor.IsEnabled({FormField::kName}) ? "new " : "") +
+                 TableSection(editor.gameName, editor.TableIndex());
+        script(editor);
+        return done;
     }
 };
 
-TEST(EditPayTableTest, TheChosenGameIsOpenedAtItsActiveTable) {
-    ManagerTable t;
+struct EditPayTableTest : testing::Test, ManagerTable {
     ScriptedManager manager;
-    t.MakeMyGame(2);
-    WriteActiveTable(t.machine.file, t.machine.files.gamePath, "My Game", 1);
-    EditPayTable(t, t.paths, manager);
+};
+
+TEST_F(EditPayTableTest, TheChosenGameIsOpenedAtItsActiveTable) {
+    MakeMyGame(2);
+    WriteActiveTable(machine.file, machine.files.gamePath, "My Game", 1);
+    EditPayTable(table, paths, manager);
     EXPECT_EQ(manager.opened, "");
-    EXPECT_TRUE(t.log.empty()) << "cancelled";
+    EXPECT_TRUE(log.empty()) << "cancelled";
     manager.selection = "My Game";
-    EditPayTable(t, t.paths, manager);
+    EditPayTable(table, paths, manager);
     EXPECT_EQ(manager.opened, "My Game(1)");
-    EXPECT_EQ(t.engine.settings.gameName, "Jacks or Better");
-    EditCurrentPayTable(t, t.paths, manager);
+    EXPECT_EQ(engine.settings.gameName, "Jacks or Better");
+    EditCurrentPayTable(table, paths, manager);
     EXPECT_EQ(manager.opened, "Jacks or Better(0)");
 }
 
-TEST(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
-    ManagerTable t;
-    ScriptedManager manager;
-    ManagerRecorder player;
-    t.engine.statistics.handsPlayed.session = 5;
+TEST_F(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
+    engine.statistics.handsPlayed.session = 5;
     manager.script = [&](PayTableEditor& editor) {
         editor.texts.lines[3].payout = "8";
         editor.MakeActive(player);
-        return false;  // cancelled: what was saved stays
     };
-    EditCurrentPayTable(t, t.paths, manager);
-    EXPECT_EQ(t.engine.payTable.lines[3].payout, 8);
-    EXPECT_EQ(t.engine.statistics.handsPlayed.session, 5);
-    EXPECT_EQ(t.log.back(), "relayout");
+    manager.done = false;
+    EditCurrentPayTable(table, paths, manager);
+    EXPECT_EQ(engine.payTable.lines[3].payout, 8);
+    EXPECT_EQ(engine.statistics.handsPlayed.session, 5);
+    EXPECT_EQ(log.back(), "relayout");
 }
 
-TEST(EditPayTableTest, AnotherActiveTableIsPlayed) {
-    ManagerTable t;
-    ScriptedManager manager;
-    ManagerRecorder player;
+TEST_F(EditPayTableTest, AnotherActiveTableIsPlayed) {
     manager.script = [&](PayTableEditor& editor) {
         player.answers = {"no"};
         editor.GoToNextTable();
         editor.MakeActive(player);
-        return true;
     };
-    AppendTable(t.Files(), {300, "Jacks or Better"},
-                ReadPayTableTexts(t.Files(), "Bonus Poker", 0));
-    EditCurrentPayTable(t, t.paths, manager);
-    EXPECT_EQ(t.engine.settings.activeTable, 1);
-    EXPECT_EQ(t.engine.payTable.lines.size(), 11U);
-    EXPECT_EQ(ActiveTable(t.machine.file, t.machine.files.gamePath, t.paths.mainProfile,
-                          "Jacks or Better"),
-              1);
+    AppendTable(Files(), {300, "Jacks or Better"}, ReadPayTableTexts(Files(), "Bonus Poker", 0));
+    EditCurrentPayTable(table, paths, manager);
+    EXPECT_EQ(engine.settings.activeTable, 1);
+    EXPECT_EQ(engine.payTable.lines.size(), 11U);
+    EXPECT_EQ(
+        ActiveTable(machine.file, machine.files.gamePath, paths.mainProfile, "Jacks or Better"), 1);
 }
 
-TEST(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
-    ManagerTable t;
-    ScriptedManager manager;
-    ManagerRecorder player;
-    t.MakeMyGame(2);
+TEST_F(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
+    MakeMyGame(2);
     manager.selection = "My Game";
     manager.script = [&](PayTableEditor& editor) {
         editor.GoToNextTable();
         editor.MakeActive(player);
-        player.answers = {"Your Game"};
-        editor.Rename(player);
-        return true;
+        editor.Rename(player.Saying({"Your Game"}));
     };
-    EditPayTable(t, t.paths, manager);
-    EXPECT_EQ(StatsSection(t.engine), "Your Game(1)");
-    EXPECT_EQ(t.engine.settings.gameId, 9001);
+    EditPayTable(table, paths, manager);
+    EXPECT_EQ(StatsSection(engine), "Your Game(1)");
+    EXPECT_EQ(engine.settings.gameId, 9001);
 }
 
-TEST(EditPayTableTest, ARenamedCurrentGameGoesOn) {
-    ManagerTable t;
-    ScriptedManager manager;
-    ManagerRecorder player;
-    t.MakeMyGame(1);
-    ChooseUserGame(t, 9001, t.paths, manager);
+TEST_F(EditPayTableTest, ARenamedCurrentGameGoesOn) {
+    MakeMyGame(1);
+    ChooseUserGame(table, 9001, paths, manager);
     EXPECT_EQ(manager.opened, "") << "it has a table";
-    manager.script = [&](PayTableEditor& editor) {
-        player.answers = {"Your Game"};
-        editor.Rename(player);
-        return true;
-    };
-    EditCurrentPayTable(t, t.paths, manager);
-    EXPECT_EQ(StatsSection(t.engine), "Your Game(0)");
-    EXPECT_EQ(t.Stored(t.machine.files.gamePath, "main", "GameName"), "Your Game");
+    manager.script = [&](PayTableEditor& editor) { editor.Rename(player.Saying({"Your Game"})); };
+    EditCurrentPayTable(table, paths, manager);
+    EXPECT_EQ(StatsSection(engine), "Your Game(0)");
+    EXPECT_EQ(Stored(machine.files.gamePath, "main", "GameName"), "Your Game");
 }
 
-TEST(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
-    ManagerTable t;
-    ScriptedManager manager;
-    ManagerRecorder player;
-    bool done = false;
+TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
+    manager.done = false;
     manager.script = [&](PayTableEditor& editor) {
-        player.answers = {"Deuces Wild"};
-        editor.LoadTemplate(player);
+        editor.LoadTemplate(player.Saying({"Deuces Wild"}));
         editor.gameName = "Mine";
-        if (done) editor.Save(player);
-        return done;
+        if (manager.done) editor.Save(player);
     };
-    ChooseUserGame(t, 9004, t.paths, manager);
+    ChooseUserGame(table, 9004, paths, manager);
     EXPECT_EQ(manager.opened, "new User Game 4(0)");
-    EXPECT_EQ(StatsSection(t.engine), "Jacks or Better(0)");
-    done = true;
-    ChooseUserGame(t, 9004, t.paths, manager);
-    EXPECT_EQ(StatsSection(t.engine), "Mine(0)");
-    EXPECT_EQ(t.engine.settings.gameId, 9004);
-    EXPECT_TRUE(t.engine.payTable.usesWilds);
+    EXPECT_EQ(StatsSection(engine), "Jacks or Better(0)");
+    manager.done = true;
+    ChooseUserGame(table, 9004, paths, manager);
+    EXPECT_EQ(StatsSection(engine), "Mine(0)");
+    EXPECT_EQ(engine.settings.gameId, 9004);
+    EXPECT_TRUE(engine.payTable.usesWilds);
     manager.opened = "";
-    ChooseUserGame(t, 9004, t.paths, manager);
+    ChooseUserGame(table, 9004, paths, manager);
     EXPECT_EQ(manager.opened, "");
 }
 
-TEST(EditPayTableTest, ADeletedCurrentGameGivesJacksOrBetter) {
-    ManagerTable t;
-    ScriptedManager manager;
-    ManagerRecorder player;
-    t.MakeMyGame(2);
-    ChooseUserGame(t, 9001, t.paths, manager);
-    manager.script = [&](PayTableEditor& editor) {
-        player.answers = {"ok"};
-        editor.Delete(player);
-        return true;
-    };
-    EditCurrentPayTable(t, t.paths, manager);
-    EXPECT_EQ(StatsSection(t.engine), "Jacks or Better(0)");
-    t.machine.file.Flush();
-    EXPECT_EQ(t.machine.folder.Read("game.qdx").find("My Game"), std::string::npos);
+TEST_F(EditPayTableTest, ADeletedCurrentGameGivesJacksOrBetter) {
+    MakeMyGame(2);
+    ChooseUserGame(table, 9001, paths, manager);
+    manager.script = [&](PayTableEditor& editor) { editor.Delete(player.Saying({"ok"})); };
+    EditCurrentPayTable(table, paths, manager);
+    EXPECT_EQ(StatsSection(engine), "Jacks or Better(0)");
+    machine.file.Flush();
+    EXPECT_EQ(machine.folder.Read("game.qdx").find("My Game"), std::string::npos);
 }
 
 }  // namespace

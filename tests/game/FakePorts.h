@@ -3,97 +3,108 @@
 #pragma once
 #include <deque>
 #include <functional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "core/text/Numbers.h"
 #include "game/GameTable.h"
+#include "game/HandFlow.h"
 #include "tests/game/TestMachine.h"
 
-// All four ports. A question takes the next of the answers: "yes" or "no", a number, a path, the
-// five cards of a fixed hand, "ok", "cancel". One that no answer is left for fails the test, and is
-// answered with no.
-class Recorder : public TableDisplay, public Player, public Sounds, public Clock {
+// One who is told and asked: the log has a line for each, and a question takes the next of the
+// answers. One that no answer is left for fails the test, and is cancelled.
+class Answering {
+  public:
+    std::vector<std::string> log;
+    std::deque<std::string> answers;
+
+  protected:
+    std::string NextAnswer() {
+        if (answers.empty()) {
+            ADD_FAILURE() << "no answer for: " << log.back();
+            return "cancel";
+        }
+        std::string answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::optional<std::string> NextUnlessCancelled() {
+        std::string answer = NextAnswer();
+        if (answer == "cancel") return std::nullopt;
+        return answer;
+    }
+};
+
+// All four ports. Answers are "yes" or "no", a number, a path, the five cards of a fixed hand,
+// "ok", "cancel".
+class Recorder : public Answering, public TableDisplay, public Player, public Sounds, public Clock {
   public:
     explicit Recorder(const GameEngine& engine) : engine(engine) {}
 
-    std::vector<std::string> log;
-    std::deque<std::string> answers;
     std::int64_t now = 1'790'000'000;
-    bool logsOwned =
-        false;  // a line "owns 95" before the first call after the credits have changed
-    int progressSteps = -1;             // that may be shown before the work is cancelled; -1 any
+    bool logsOwned = false;  // a line "owns 95" before the first call after a change of the credits
+    int progressSteps = -1;  // that may be shown before the work is cancelled; -1 any
     std::function<void()> duringInput;  // what the player does in a pause that lets input through
 
     // TableDisplay
-    void ShowMessage(const std::string& text) override { Add("message " + text); }
-    void ShowCredits(const std::string& text) override { Add("credits " + text); }
-    void ShowBet(const std::string& text) override { Add("bet " + text); }
-    void ShowCoin(double coin) override { Add("coin " + FormatDouble("%.2f", coin)); }
+    void ShowMessage(const std::string& text) override { Add("message ", text); }
+    void ShowCredits(const std::string& text) override { Add("credits ", text); }
+    void ShowBet(const std::string& text) override { Add("bet ", text); }
+    void ShowCoin(double coin) override { Add("coin ", FormatDouble("%.2f", coin)); }
     void ShowLine(int line, LineMark mark, int payout) override {
-        constexpr std::array marks = {" plain ", " won ", " won, cell dark "};
-        Add("line " + std::to_string(line) + At(marks, mark) + std::to_string(payout));
+        Add("line ", line, Name(mark, {" plain ", " won ", " won, cell dark "}), payout);
     }
-    void ShowCharlie(bool shown) override { Add("charlie" + Shown(shown)); }
-    void ShowCard(int position, CardCode card) override {
-        Add("card " + std::to_string(position) + " " + CardName(card));
+    void ShowCharlie(bool shown) override { Add("charlie", Shown(shown)); }
+    void ShowCard(int at, CardCode card) override { Add("card ", at, " ", CardName(card)); }
+    void ShowHeld(int at, bool held) override { Add("held ", at, held ? " on" : " off"); }
+    void ShowHoldButton(int at, bool on) override {
+        Add("hold button ", at, on ? " pressed" : " released");
     }
-    void ShowHeld(int position, bool held) override {
-        Add("held " + std::to_string(position) + (held ? " on" : " off"));
+    void ShowFirstDraw(CardCode card) override { Add("first draw ", CardName(card)); }
+    void ShowPile(int at, PileStage stage) override {
+        Add("pile ", at, Name(stage, {" one back", " stack"}));
     }
-    void ShowHoldButton(int position, bool pressed) override {
-        Add("hold button " + std::to_string(position) + (pressed ? " pressed" : " released"));
+    void ShowPileTop(int at, CardCode card, std::string_view label) override {
+        Add("pile top ", at, " ", CardName(card), label.empty() ? "" : " ", label);
     }
-    void ShowFirstDraw(CardCode card) override { Add("first draw " + CardName(card)); }
-    void ShowPile(int position, PileStage stage) override {
-        constexpr std::array stages = {" one back", " stack"};
-        Add("pile " + std::to_string(position) + At(stages, stage));
+    void ShowDoubleUpButton(bool shown) override { Add("double up button", Shown(shown)); }
+    void ShowDoubleUp(int stake, int to) override { Add("double up ", stake, " to ", to); }
+    void ShowDoubleUpAmounts(int stake, int to) override {
+        Add("double up amounts ", stake, " to ", to);
     }
-    void ShowPileTop(int position, CardCode card, std::string_view label) override {
-        Add("pile top " + std::to_string(position) + " " + CardName(card) +
-            (label.empty() ? "" : " " + std::string(label)));
-    }
-    void ShowDoubleUpButton(bool shown) override { Add("double up button" + Shown(shown)); }
-    void ShowDoubleUp(int stake, int doubleUpTo) override {
-        Add("double up " + std::to_string(stake) + " to " + std::to_string(doubleUpTo));
-    }
-    void ShowDoubleUpAmounts(int stake, int doubleUpTo) override {
-        Add("double up amounts " + std::to_string(stake) + " to " + std::to_string(doubleUpTo));
-    }
-    void ShowFeatureLabel(std::string_view text) override { Add("label " + std::string(text)); }
+    void ShowFeatureLabel(std::string_view text) override { Add("label ", text); }
     void ShowSpin(SpinButton button) override {
-        constexpr std::array buttons = {"hidden", "ready", "lit"};
-        Add(std::string("spin ") + At(buttons, button));
+        Add("spin ", Name(button, {"hidden", "ready", "lit"}));
     }
-    void ShowSpinValue(const std::string& value) override { Add("spin value " + value); }
+    void ShowSpinValue(const std::string& value) override { Add("spin value ", value); }
     void HideSpin() override { Add("hide spin"); }
     void ShowTarget(int target, TargetFace face, int value) override {
-        constexpr std::array faces = {" gone", " hidden", " shot ", " missed "};
         const bool valueShown = face == TargetFace::kShot || face == TargetFace::kMissed;
-        Add("target " + std::to_string(target) + At(faces, face) +
-            (valueShown ? std::to_string(value) : ""));
+        Add("target ", target, Name(face, {" gone", " hidden", " shot ", " missed "}),
+            valueShown ? std::to_string(value) : "");
     }
-    void ShowRedBlack(bool shown) override { Add("red or black" + Shown(shown)); }
-    void LightPanel(CardColour colour) override { Add("panel " + ColourName(colour)); }
-    void ShowChoice(CardColour colour) override { Add("choice " + ColourName(colour)); }
+    void ShowRedBlack(bool shown) override { Add("red or black", Shown(shown)); }
+    void LightPanel(CardColour colour) override { Add("panel ", ColourName(colour)); }
+    void ShowChoice(CardColour colour) override { Add("choice ", ColourName(colour)); }
     void Repaint() override { Add("repaint"); }
     void Relayout() override { Add("relayout"); }
 
     // Player
     bool GoesOnAfterError(const std::string& message) override {
-        Add("ask " + message.substr(0, message.find("\r\n")));
+        Add("ask ", message.substr(0, message.find("\r\n")));
         return NextAnswer() == "yes";
     }
     bool SaysYes(const std::string& caption, const std::string& question) override {
-        Add("ask " + caption + ": " + question);
+        Add("ask ", caption, ": ", question);
         return NextAnswer() == "yes";
     }
     void IsTold(const std::string& caption, const std::string& text, MessageIcon) override {
-        Add("told " + caption + ": " + text);
+        Add("told ", caption, ": ", text);
     }
     std::optional<int> EntersDollars(int proposed) override {
-        Add("ask dollars " + std::to_string(proposed));
+        Add("ask dollars ", proposed);
         return NextNumber();
     }
     std::optional<std::int64_t> EntersHandCount() override {
@@ -110,32 +121,32 @@ class Recorder : public TableDisplay, public Player, public Sounds, public Clock
         return true;
     }
     std::optional<std::string> ChoosesFileToOpen(const std::string& folder) override {
-        Add("ask file to open in " + folder);
-        return NextPath();
+        Add("ask file to open in ", folder);
+        return NextUnlessCancelled();
     }
     std::optional<std::string> ChoosesFileToSave(const std::string& proposed) override {
-        Add("ask file to save " + proposed);
-        return NextPath();
+        Add("ask file to save ", proposed);
+        return NextUnlessCancelled();
     }
     std::unique_ptr<Progress> SeesProgress(const std::string& text) override {
-        Add("progress " + text);
+        Add("progress ", text);
         return std::make_unique<Steps>(*this);
     }
     void ReadsStatistics(const GameEngine& shown) override {
-        Add("statistics " + shown.settings.gameName + ", " +
-            std::to_string(shown.statistics.handsPlayed.session) + " hands");
+        Add("statistics ", shown.settings.gameName, ", ", shown.statistics.handsPlayed.session,
+            " hands");
     }
 
     // Sounds
-    void Play(Wave wave) override { Add("play " + WaveName(wave)); }
-    void PlayToEnd(Wave wave) override { Add("play to end " + WaveName(wave)); }
+    void Play(Wave wave) override { Add("play ", WaveName(wave)); }
+    void PlayToEnd(Wave wave) override { Add("play to end ", WaveName(wave)); }
     void Sound(Beep beep) override { Add(beep == Beep::kDefault ? "beep" : "beep exclamation"); }
 
     // Clock
     std::int64_t Now() override { return now; }
-    void Pause(int milliseconds) override { Add("pause " + std::to_string(milliseconds)); }
+    void Pause(int milliseconds) override { Add("pause ", milliseconds); }
     void PauseWithInput(int milliseconds) override {
-        Add("pause with input " + std::to_string(milliseconds));
+        Add("pause with input ", milliseconds);
         if (duringInput) duringInput();
     }
 
@@ -144,7 +155,7 @@ class Recorder : public TableDisplay, public Player, public Sounds, public Clock
       public:
         explicit Steps(Recorder& recorder) : recorder(recorder) {}
         bool Show(const std::string& text, int percent) override {
-            recorder.Add("progress " + text + " (" + std::to_string(percent) + ")");
+            recorder.Add("progress ", text, " (", percent, ")");
             return recorder.progressSteps < 0 || recorder.progressSteps-- > 0;
         }
 
@@ -152,26 +163,27 @@ class Recorder : public TableDisplay, public Player, public Sounds, public Clock
         Recorder& recorder;
     };
 
-    void Add(std::string line) {
+    template <class... Words>
+    void Add(const Words&... words) {
+        std::ostringstream line;
+        (line << ... << words);
         if (logsOwned && owned != engine.settings.credits) {
             owned = engine.settings.credits;
             log.push_back("owns " + std::to_string(owned));
         }
-        log.push_back(std::move(line));
+        log.push_back(line.str());
     }
 
-    template <class Names, class Value>
-    static std::string At(const Names& names, Value value) {
-        return names.at(static_cast<std::size_t>(value));
+    template <class Value>
+    static std::string Name(Value value, std::initializer_list<const char*> names) {
+        return names.begin()[static_cast<std::size_t>(value)];
     }
     static std::string Shown(bool shown) { return shown ? " shown" : " gone"; }
     static std::string ColourName(CardColour colour) {
-        constexpr std::array names = {"none", "red", "black"};
-        return At(names, colour);
+        return Name(colour, {"none", "red", "black"});
     }
     static std::string WaveName(Wave wave) {
-        constexpr std::array names = {"cash", "click", "arrow", "applause", "drumroll"};
-        return At(names, wave);
+        return Name(wave, {"cash", "click", "arrow", "applause", "drumroll"});
     }
     std::string CardName(CardCode card) const {
         if (card == kCardBack) return "back";
@@ -179,29 +191,25 @@ class Recorder : public TableDisplay, public Player, public Sounds, public Clock
         return CardText(engine.deck.table, card);
     }
 
-    std::string NextAnswer() {
-        if (answers.empty()) {
-            ADD_FAILURE() << "no answer for: " << log.back();
-            return "cancel";
-        }
-        std::string answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
     std::optional<int> NextNumber() {
-        const std::string answer = NextAnswer();
-        if (answer == "cancel") return std::nullopt;
-        return ParseInt(answer);
-    }
-    std::optional<std::string> NextPath() {
-        std::string answer = NextAnswer();
-        if (answer == "cancel") return std::nullopt;
-        return answer;
+        const auto answer = NextUnlessCancelled();
+        if (!answer) return std::nullopt;
+        return ParseInt(*answer);
     }
 
     const GameEngine& engine;
     int owned = engine.settings.credits;
 };
+
+inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) {
+    return {.engine = machine.engine,
+            .files = machine.files,
+            .tables = machine.tables,
+            .display = ports,
+            .player = player,
+            .sounds = ports,
+            .clock = ports};
+}
 
 class TestTable {
   public:
@@ -211,6 +219,18 @@ class TestTable {
     }
     operator GameTable&() { return table; }
 
+    // Both forget what was logged before.
+    void Deal(std::string_view cards) {
+        TakeLog();
+        machine.Stack(cards);
+        DealDraw(table);
+    }
+    void Draw(HoldMask mask) {
+        TakeLog();
+        machine.Hold(mask);
+        DealDraw(table);
+    }
+
     // The lines logged since the last time, each ended by '\n'.
     std::string TakeLog() {
         std::string text;
@@ -218,39 +238,67 @@ class TestTable {
         return text;
     }
 
+    // The same, running on, with "3x [a, b]" for steps that are logged three times in a row (not
+    // two). Text that is longer than a line begins on one of its own.
+    std::string TakeSteps() {
+        std::string text;
+        for (auto steps = std::span<const std::string>(log).subspan(taken); !steps.empty();) {
+            const auto [size, times] = Repeated(steps);
+            AddStep(text, (times > 1 ? std::to_string(times) + "x [" : "") + steps[0]);
+            for (std::size_t i = 1; i < size; ++i) AddStep(text, steps[i]);
+            if (times > 1) text += "]";
+            steps = steps.subspan(size * times);
+        }
+        taken = log.size();
+        return text.find('\n') == std::string::npos ? text : "\n" + text;
+    }
+
     TestMachine machine;
     GameEngine& engine = machine.engine;
     Recorder ports{machine.engine};
     std::vector<std::string>& log = ports.log;
     std::deque<std::string>& answers = ports.answers;
-    GameTable table{.engine = machine.engine,
-                    .files = machine.files,
-                    .tables = machine.tables,
-                    .display = ports,
-                    .player = ports,
-                    .sounds = ports,
-                    .clock = ports};
-
-    // The same, running on, with a new line after each pause and where a line would grow too long.
-    std::string TakeSteps() {
-        constexpr std::size_t kWidth = 96;
-        std::string text;
-        std::string line;
-        for (; taken < log.size(); ++taken) {
-            const std::string step = (line.empty() ? "" : ", ") + log[taken];
-            if (line.size() + step.size() > kWidth) {
-                text += line + ",\n";
-                line = log[taken];
-            } else {
-                line += step;
-            }
-            if (!log[taken].starts_with("pause")) continue;
-            text += line + "\n";
-            line.clear();
-        }
-        return line.empty() ? text : text + line + "\n";
-    }
+    GameTable table = TableOf(machine, ports, ports);
 
   private:
+    static void AddStep(std::string& text, const std::string& step) {
+        constexpr std::size_t kWidth = 96;
+        const std::size_t column = text.size() - (text.rfind('\n') + 1);
+        if (column > 0) text += column + step.size() + 3 > kWidth ? ",\n" : ", ";
+        text += step;
+    }
+
+    // How many of the first steps repeat themselves at once, and how often: those that are the most
+    // together.
+    static std::pair<std::size_t, std::size_t> Repeated(std::span<const std::string> steps) {
+        std::pair<std::size_t, std::size_t> best = {1, 1};
+        for (std::size_t size = 1; 3 * size <= steps.size(); ++size) {
+            const auto later = steps.subspan(size);
+            const auto same = std::ranges::mismatch(later, steps).in1 - later.begin();
+            const std::size_t times = static_cast<std::size_t>(same) / size + 1;
+            if (times > 2 && size * times > best.first * best.second) best = {size, times};
+        }
+        return best;
+    }
+
     std::size_t taken = 0;
+};
+
+// Shows credits and takes no time; the log tells what is owned.
+struct CreditTable : TestTable {
+    explicit CreditTable(const std::string& game = "Jacks or Better", int gameId = 300)
+        : TestTable(game, gameId) {
+        ports.logsOwned = true;
+        engine.settings.showDollar = false;
+        engine.settings.speed = Speed::kFast;
+    }
+};
+
+// Bets one coin of them and offers no double up.
+struct OneCoinTable : CreditTable {
+    explicit OneCoinTable(const std::string& game = "Jacks or Better", int gameId = 300)
+        : CreditTable(game, gameId) {
+        engine.settings.doubleUp = false;
+        engine.settings.bet = 1;
+    }
 };

@@ -16,11 +16,10 @@ namespace {
 
 constexpr rlim_t kRoom = 100;
 
-class FileCommandsTest : public testing::Test {
-  protected:
-    void SetUp() override { ASSERT_TRUE(SaveGame(t, false)); }
+struct FileCommandsTest : testing::Test, TestTable {
+    void SetUp() override { ASSERT_TRUE(SaveGame(table, false)); }
 
-    std::string Path(const std::string& name) const { return t.machine.folder.Path(name); }
+    std::string Path(const std::string& name) const { return machine.folder.Path(name); }
     // As the next program finds it.
     static std::string Stored(const std::string& path, std::string_view section,
                               std::string_view key) {
@@ -32,69 +31,68 @@ class FileCommandsTest : public testing::Test {
     // How often the player was told of a problem.
     std::ptrdiff_t TimesTold() {
         const auto told = std::ranges::count_if(
-            t.log, [](const std::string& line) { return line.starts_with("told "); });
-        t.log.clear();
+            log, [](const std::string& line) { return line.starts_with("told "); });
+        log.clear();
         return told;
     }
 
-    TestTable t;
-    GameFiles& files = t.machine.files;
+    GameFiles& files = machine.files;
     const std::string game = files.gamePath;
 };
 
 TEST_F(FileCommandsTest, AFailedSaveIsToldOnceUntilOneSucceeds) {
-    t.engine.settings.credits = 250;
+    engine.settings.credits = 250;
     {
         const FullDisk disk(kRoom);
-        EXPECT_FALSE(SaveGame(t, false));
-        EXPECT_NE(t.log.back().find(game), std::string::npos);
-        EXPECT_FALSE(SaveGame(t, false));
+        EXPECT_FALSE(SaveGame(table, false));
+        EXPECT_NE(log.back().find(game), std::string::npos);
+        EXPECT_FALSE(SaveGame(table, false));
         EXPECT_EQ(TimesTold(), 1);
-        SaveGameFile(t);
+        SaveGameFile(table);
         EXPECT_EQ(TimesTold(), 1) << "the player has asked";
     }
-    EXPECT_TRUE(SaveGame(t, false));
+    EXPECT_TRUE(SaveGame(table, false));
     EXPECT_EQ(Credits(game), 250);
     {
         const FullDisk disk(kRoom);
-        EXPECT_FALSE(SaveGame(t, false));
+        EXPECT_FALSE(SaveGame(table, false));
     }
     EXPECT_EQ(TimesTold(), 1);
 }
 
 TEST_F(FileCommandsTest, AMissingGameFileIsNotMadeBySavingButBySaveAs) {
     files.gamePath = Path("gone.qdx");
-    EXPECT_FALSE(SaveGame(t, false));
-    EXPECT_NE(t.log.back().find("File Save As"), std::string::npos);
+    EXPECT_FALSE(SaveGame(table, false));
+    EXPECT_NE(log.back().find("File Save As"), std::string::npos);
     EXPECT_FALSE(fs::exists(files.gamePath));
-    t.engine.settings.credits = 77;
-    t.answers = {Path("again.qdx")};
-    SaveGameFileAs(t);
+    engine.settings.credits = 77;
+    answers = {Path("again.qdx")};
+    SaveGameFileAs(table);
     EXPECT_EQ(files.gamePath, Path("again.qdx"));
     EXPECT_EQ(Credits(Path("again.qdx")), 77);
-    EXPECT_TRUE(SaveGame(t, false));
+    EXPECT_TRUE(SaveGame(table, false));
 }
 
 TEST_F(FileCommandsTest, ANewGameStartsFromNothingAndTheOldOneKeepsAll) {
-    t.engine.settings.showDollar = false;
-    t.engine.settings.gameName = "Deuces Wild";
-    t.engine.settings.gameId = 330;
-    t.engine.statistics.handsPlayed.Add(7);
-    t.engine.fixedHand = true;
-    t.engine.handOver = false;
-    t.machine.folder.Write("other.qdx", "[main]\nCredits=5000\n[Deuces Wild(0)]\nHandsWon=8\n");
-    t.answers = {Path("other.qdx")};
-    NewGameFile(t);
-    EXPECT_EQ(t.log.front(), "ask file to save " + Path("Deuces Wild.qdx"));
-    EXPECT_EQ(t.log.back(), "repaint");
-    const MachineSettings& settings = t.engine.settings;
+    engine.settings.showDollar = false;
+    engine.settings.gameName = "Deuces Wild";
+    engine.settings.gameId = 330;
+    engine.statistics.handsPlayed.Add(7);
+    engine.fixedHand = true;
+    engine.handOver = false;
+    machine.folder.Write("other.qdx", "[main]\nCredits=5000\n[Deuces Wild(0)]\nHandsWon=8\n");
+    answers = {Path("other.qdx")};
+    NewGameFile(table);
+    EXPECT_EQ(log.front(), "ask file to save " + Path("Deuces Wild.qdx"));
+    EXPECT_EQ(log.back(), "repaint");
+    const MachineSettings& settings = engine.settings;
     EXPECT_EQ(settings.mode, PlayMode::kWarning);
     EXPECT_EQ(settings.credits, 0);
     EXPECT_EQ(settings.bet, 5);
     EXPECT_FALSE(settings.showDollar);
-    EXPECT_EQ(t.engine.statistics.handsPlayed, Counter{});
-    EXPECT_FALSE(t.engine.fixedHand);
-    EXPECT_TRUE(t.engine.handOver) << "or the fixed hand would be paid";
+    EXPECT_EQ(engine.statistics.handsPlayed, Counter{});
+    EXPECT_FALSE(engine.fixedHand);
+    EXPECT_TRUE(engine.handOver) << "or the fixed hand would be paid";
     const std::string path = Path("other.qdx");
     EXPECT_EQ(files.gamePath, path);
     EXPECT_EQ(Stored(path, "main", "GameName"), "Deuces Wild");
@@ -105,133 +103,131 @@ TEST_F(FileCommandsTest, ANewGameStartsFromNothingAndTheOldOneKeepsAll) {
 }
 
 TEST_F(FileCommandsTest, AnotherGameFileBringsItsGameSettingsAndStatistics) {
-    t.machine.folder.Write("other.qdx",
-                           "[main]\nMode=4\nCredits=33\nGameID=350\nGameName=Pick Em Poker\n"
-                           "[Pick Em Poker(0)]\nHandsPlayed=12\nElapsedTime=2.00\n");
-    t.engine.settings.credits = 101;
-    t.answers = {"cancel", Path("other.qdx")};
-    OpenGameFile(t);
+    machine.folder.Write("other.qdx",
+                         "[main]\nMode=4\nCredits=33\nGameID=350\nGameName=Pick Em Poker\n"
+                         "[Pick Em Poker(0)]\nHandsPlayed=12\nElapsedTime=2.00\n");
+    engine.settings.credits = 101;
+    answers = {"cancel", Path("other.qdx")};
+    OpenGameFile(table);
     EXPECT_EQ(files.gamePath, game);
-    OpenGameFile(t);
+    OpenGameFile(table);
     EXPECT_EQ(files.gamePath, Path("other.qdx"));
-    EXPECT_EQ(t.log.back(), "relayout");
+    EXPECT_EQ(log.back(), "relayout");
     EXPECT_EQ(Credits(game), 101);
-    EXPECT_EQ(t.engine.settings.credits, 33);
-    EXPECT_EQ(t.engine.payTable.type, GameType::kPickEm);
-    EXPECT_EQ(t.engine.statistics.handsPlayed.total, 12);
-    EXPECT_EQ(t.engine.statistics.elapsedBase, 2);
-    EXPECT_TRUE(t.engine.fixedHand) << "of Error Log mode";
+    EXPECT_EQ(engine.settings.credits, 33);
+    EXPECT_EQ(engine.payTable.type, GameType::kPickEm);
+    EXPECT_EQ(engine.statistics.handsPlayed.total, 12);
+    EXPECT_EQ(engine.statistics.elapsedBase, 2);
+    EXPECT_TRUE(engine.fixedHand) << "of Error Log mode";
     EXPECT_EQ(Stored(Path("other.qdx"), "main", "Speed"), "2") << "saved";
 }
 
 TEST_F(FileCommandsTest, WhatIsNoGameFileIsNeitherOpenedNorWritten) {
-    t.machine.folder.Write("letter.txt", "Dear Ada,\n");
-    files.mainPath = t.machine.folder.Write("Tolvane.ini", "[main]\nVer=114\n");
+    machine.folder.Write("letter.txt", "Dear Ada,\n");
+    files.mainPath = machine.folder.Write("Tolvane.ini", "[main]\nVer=114\n");
     fs::create_directory(Path("folder.qdx"));
     for (const auto* name : {"gone.qdx", "letter.txt", "folder.qdx", "Tolvane.ini"}) {
-        t.answers = {Path(name)};
-        OpenGameFile(t);
+        answers = {Path(name)};
+        OpenGameFile(table);
         EXPECT_EQ(TimesTold(), 1) << name;
     }
     for (const auto* name : {"folder.qdx", "nowhere/new.qdx", "Tolvane.ini"}) {
-        t.answers = {Path(name), Path(name)};
-        NewGameFile(t);
-        SaveGameFileAs(t);
+        answers = {Path(name), Path(name)};
+        NewGameFile(table);
+        SaveGameFileAs(table);
         EXPECT_EQ(TimesTold(), 2) << name;
     }
     EXPECT_EQ(files.gamePath, game);
-    EXPECT_EQ(t.engine.settings.credits, 100);
-    EXPECT_EQ(t.engine.settings.mode, PlayMode::kCasino);
-    EXPECT_TRUE(t.machine.file.Flush());
-    EXPECT_EQ(t.machine.folder.Read("letter.txt"), "Dear Ada,\n");
-    EXPECT_EQ(t.machine.folder.Read("Tolvane.ini"), "[main]\nVer=114\n");
+    EXPECT_EQ(engine.settings.credits, 100);
+    EXPECT_EQ(engine.settings.mode, PlayMode::kCasino);
+    EXPECT_TRUE(machine.file.Flush());
+    EXPECT_EQ(machine.folder.Read("letter.txt"), "Dear Ada,\n");
+    EXPECT_EQ(machine.folder.Read("Tolvane.ini"), "[main]\nVer=114\n");
 }
 
 TEST_F(FileCommandsTest, OnAFullDiskTheGameStaysInItsFile) {
-    t.engine.statistics.handsPlayed.Add(7);
+    engine.statistics.handsPlayed.Add(7);
+    machine.folder.Write("new.qdx", "[main]\nCredits=9\n");
     {
         const FullDisk disk(kRoom);
-        t.answers = {Path("new.qdx"), Path("copy.qdx")};
-        NewGameFile(t);
-        SaveGameFileAs(t);
+        answers = {Path("new.qdx"), Path("copy.qdx")};
+        NewGameFile(table);
+        SaveGameFileAs(table);
     }
     EXPECT_EQ(TimesTold(), 3) << "the save before, and both commands";
     EXPECT_EQ(files.gamePath, game);
-    EXPECT_EQ(t.engine.settings.credits, 100);
-    EXPECT_EQ(t.engine.statistics.handsPlayed.session, 7);
-    EXPECT_TRUE(SaveGame(t, false));
+    EXPECT_EQ(engine.settings.credits, 100);
+    EXPECT_EQ(engine.statistics.handsPlayed.session, 7);
+    EXPECT_TRUE(SaveGame(table, false));
     EXPECT_EQ(Stored(game, "Jacks or Better(0)", "HandsPlayed"), "7");
-    EXPECT_EQ(t.machine.folder.Read("copy.qdx"), "(missing)");
+    EXPECT_EQ(machine.folder.Read("copy.qdx"), "(missing)");
+    EXPECT_EQ(machine.folder.Read("new.qdx"), "[main]\nCredits=9\n") << "is to be replaced whole";
+    EXPECT_EQ(machine.folder.Read("new.qdx.new"), "(missing)");
 }
 
 TEST_F(FileCommandsTest, ACopyIsPlayedOnAndHoldsTheOtherGamesToo) {
-    t.machine.file.WriteString("Deuces Wild(0)", "HandsPlayed", "3", game);
-    t.engine.settings.credits = 120;
-    t.answers = {Path("copy.qdx")};
-    SaveGameFileAs(t);
+    machine.file.WriteString("Deuces Wild(0)", "HandsPlayed", "3", game);
+    engine.settings.credits = 120;
+    answers = {Path("copy.qdx")};
+    SaveGameFileAs(table);
     EXPECT_EQ(files.gamePath, Path("copy.qdx"));
     EXPECT_EQ(Credits(Path("copy.qdx")), 120);
     EXPECT_EQ(Stored(Path("copy.qdx"), "Deuces Wild(0)", "HandsPlayed"), "3");
     EXPECT_EQ(Credits(game), 100);
 
-    t.engine.settings.credits = 130;
-    t.answers = {Path("COPY.qdx")};
-    SaveGameFileAs(t);
+    engine.settings.credits = 130;
+    answers = {Path("COPY.qdx")};
+    SaveGameFileAs(table);
     EXPECT_EQ(files.gamePath, Path("copy.qdx"));
     EXPECT_EQ(Credits(Path("copy.qdx")), 130);
     EXPECT_FALSE(fs::exists(Path("COPY.qdx")));
     EXPECT_EQ(TimesTold(), 0);
 }
 
-class StartAndStopTest : public FileCommandsTest {
-  protected:
-    StartAndStopTest() { fs::copy_file(TOLVANE_DATA_FOLDER "/Tolvane.ini", paths.mainProfile); }
+struct StartAndStopTest : FileCommandsTest {
+    StartAndStopTest() { fs::copy_file(TOLVANE_DATA_FOLDER "/Tolvane.ini", Path("Tolvane.ini")); }
 
-    DataFilePaths paths{.folder = Path(""),
-                        .releaseFolder = "",
-                        .mainProfile = Path("Tolvane.ini"),
-                        .defaultGame = Path("Default.qdx"),
-                        .analysisCache = ""};
+    const DataFilePaths& paths = machine.paths;
 };
 
 TEST_F(StartAndStopTest, TheNextStartGoesOnWhereTheLastOneEnded) {
     files.mainPath = paths.mainProfile;
-    t.engine.statistics.handsPlayed.Add(7);
-    ChooseGame(t, 353);
-    t.engine.settings.mode = PlayMode::kErrorLog;
-    t.engine.settings.credits = 42;
-    EXPECT_TRUE(StopGame(t, paths));
+    engine.statistics.handsPlayed.Add(7);
+    ChooseGame(table, 353);
+    engine.settings.mode = PlayMode::kErrorLog;
+    engine.settings.credits = 42;
+    EXPECT_TRUE(StopGame(table, paths));
 
-    t.machine.file.Close();
-    t.engine = GameEngine();
+    machine.file.Close();
+    engine = GameEngine();
     files.gamePath.clear();
-    StartGame(t, paths);
+    StartGame(table, paths);
     EXPECT_EQ(files.gamePath, game);
-    EXPECT_EQ(t.engine.settings.gameName, "5 Card Charlie");
-    EXPECT_TRUE(t.engine.payTable.charlieBonus);
-    EXPECT_EQ(t.engine.settings.credits, 42);
-    EXPECT_EQ(Title(t, paths), "5 Card Charlie (game.qdx)");
-    EXPECT_FALSE(t.engine.fixedHand) << "until the window is shown";
-    FinishStart(t);
-    EXPECT_TRUE(t.engine.fixedHand);
+    EXPECT_EQ(engine.settings.gameName, "5 Card Charlie");
+    EXPECT_TRUE(engine.payTable.charlieBonus);
+    EXPECT_EQ(engine.settings.credits, 42);
+    EXPECT_EQ(Title(table, paths), "5 Card Charlie (game.qdx)");
+    EXPECT_FALSE(engine.fixedHand) << "until the window is shown";
+    FinishStart(table);
+    EXPECT_TRUE(engine.fixedHand);
     EXPECT_EQ(TimesTold(), 0);
 }
 
 TEST_F(StartAndStopTest, AStartWithoutItsFileOrGameFallsBack) {
-    StartGame(t, paths);
+    StartGame(table, paths);
     EXPECT_EQ(files.gamePath, paths.defaultGame);
-    EXPECT_EQ(t.engine.settings.gameName, "Jacks or Better");
-    EXPECT_EQ(t.engine.settings.credits, 0);
-    EXPECT_EQ(Title(t, paths), "Jacks or Better");
-    FinishStart(t);
-    EXPECT_FALSE(StopGame(t, paths));
+    EXPECT_EQ(engine.settings.gameName, "Jacks or Better");
+    EXPECT_EQ(engine.settings.credits, 0);
+    EXPECT_EQ(Title(table, paths), "Jacks or Better");
+    FinishStart(table);
+    EXPECT_FALSE(StopGame(table, paths));
     EXPECT_EQ(TimesTold(), 1);
 
-    t.machine.folder.Write("Default.qdx", "[main]\nGameID=9003\nGameName=Gone\nCredits=9\n");
-    StartGame(t, paths);
-    EXPECT_EQ(t.engine.settings.gameId, 300);
-    EXPECT_EQ(t.engine.payTable.lines.size(), 9U);
-    EXPECT_EQ(t.engine.settings.credits, 9);
+    machine.folder.Write("Default.qdx", "[main]\nGameID=9003\nGameName=Gone\nCredits=9\n");
+    StartGame(table, paths);
+    EXPECT_EQ(engine.settings.gameId, 300);
+    EXPECT_EQ(engine.payTable.lines.size(), 9U);
+    EXPECT_EQ(engine.settings.credits, 9);
 }
 
 }  // namespace

@@ -14,26 +14,20 @@ std::string Placed(const FixedHandEditor& editor) {
     for (int place = 0; place < kPlaces; ++place) {
         const PlacedCard card = editor.At(place);
         if (place > 0) text += ' ';
-        if (card.IsEmpty()) {
-            text += "__";
-        } else if (card.IsJoker()) {
-            text += 'W';
-        } else {
-            text += std::string(1, "A23456789TJQK"[card.rank - 1]) + SuitChar(card.suit);
-        }
+        text += card.IsEmpty()   ? "__"
+                : card.IsJoker() ? "W"
+                                 : std::string{"A23456789TJQK"[card.rank - 1], SuitChar(card.suit)};
     }
     return text;
 }
 
-void DealFixed(TestMachine& machine, std::string_view hand) {
-    machine.Stack(hand, 10);
-    machine.DealOrDraw();
-}
+struct FixedHandEditorTest : testing::Test, TestMachine {};
 
-TEST(FixedHandEditorTest, OpensWithTheHandLastDealtAndItsReplacements) {
-    TestMachine machine;
-    DealFixed(machine, "AS KD TC 9H 2S 3S 4S 5S 6S 7S");
-    const FixedHandEditor editor(machine.engine);
+constexpr std::string_view kDealt = "AS KD TC 9H 2S 3S 4S 5S 6S 7S";
+
+TEST_F(FixedHandEditorTest, OpensWithTheHandLastDealtAndItsReplacements) {
+    Deal(kDealt);
+    const FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H 2S");
     EXPECT_EQ(editor.DrawCard(0), (PlacedCard{3, kSpades}));
     EXPECT_EQ(editor.DrawCard(4), (PlacedCard{7, kSpades}));
@@ -43,10 +37,9 @@ TEST(FixedHandEditorTest, OpensWithTheHandLastDealtAndItsReplacements) {
     EXPECT_EQ(editor.CurrentPlace(), 4);
 }
 
-TEST(FixedHandEditorTest, AFullHandHasItsCurrentCardReplaced) {
-    TestMachine machine;
-    DealFixed(machine, "AS KD TC 9H 2S 3S 4S 5S 6S 7S");
-    FixedHandEditor editor(machine.engine);
+TEST_F(FixedHandEditorTest, AFullHandHasItsCurrentCardReplaced) {
+    Deal(kDealt);
+    FixedHandEditor editor(engine);
     editor.ClickCard(kHearts, 12);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H QH");
     EXPECT_TRUE(editor.IsFree(kSpades, 2));
@@ -54,9 +47,8 @@ TEST(FixedHandEditorTest, AFullHandHasItsCurrentCardReplaced) {
     EXPECT_EQ(Placed(editor), "AS KD TC 9H QH") << "a card in a place is out of the grid";
 }
 
-TEST(FixedHandEditorTest, CardsFillEmptyPlacesInTurnAroundTheEnd) {
-    TestMachine machine;
-    FixedHandEditor editor(machine.engine);
+TEST_F(FixedHandEditorTest, CardsFillEmptyPlacesInTurnAroundTheEnd) {
+    FixedHandEditor editor(engine);
     editor.Clear();
     EXPECT_EQ(Placed(editor), "__ __ __ __ __");
     editor.ClickPlace(3);
@@ -71,10 +63,8 @@ TEST(FixedHandEditorTest, CardsFillEmptyPlacesInTurnAroundTheEnd) {
     EXPECT_EQ(editor.CurrentPlace(), 4);
 }
 
-TEST(FixedHandEditorTest, OnlyApplyChangesTheEngine) {
-    TestMachine machine;
-    GameEngine& engine = machine.engine;
-    DealFixed(machine, "AS KD TC 9H 2S 3S 4S 5S 6S 7S");
+TEST_F(FixedHandEditorTest, OnlyApplyChangesTheEngine) {
+    Deal(kDealt);
     const Statistics before = engine.statistics;
     FixedHandEditor editor(engine);
     editor.ClickPlace(1);
@@ -92,9 +82,9 @@ TEST(FixedHandEditorTest, OnlyApplyChangesTheEngine) {
     EXPECT_EQ(editor.CurrentPlace(), 3) << "the first empty place after the last card";
 }
 
-TEST(FixedHandEditorTest, JokersAreTakenAndGivenBackFromTheFirst) {
-    TestMachine machine("2 Joker Poker", 344);
-    FixedHandEditor editor(machine.engine);
+TEST_F(FixedHandEditorTest, JokersAreTakenAndGivenBackFromTheFirst) {
+    Play("2 Joker Poker", 344);
+    FixedHandEditor editor(engine);
     editor.Clear();
     EXPECT_EQ(editor.JokerCount(), 2);
     editor.ClickJoker();
@@ -107,48 +97,47 @@ TEST(FixedHandEditorTest, JokersAreTakenAndGivenBackFromTheFirst) {
     EXPECT_FALSE(editor.IsJokerFree(2));
     editor.ClickJoker();
     editor.Apply();
-    const auto& cards = machine.engine.statistics.setCards;
+    const auto& cards = engine.statistics.setCards;
     EXPECT_EQ(cards, (Codes{13, 27, kNoCard, kNoCard, kNoCard})) << "Joker 1 and Joker 2";
     editor.LastDealt();
     EXPECT_EQ(Placed(editor), "W W __ __ __");
 }
 
-TEST(FixedHandEditorTest, TheFifthAceIsInItsOwnGameOnly) {
-    TestMachine machine("5 Aces Bonus Poker", 313);
-    FixedHandEditor editor(machine.engine);
+TEST_F(FixedHandEditorTest, TheFifthAceIsInItsOwnGameOnly) {
+    Play("5 Aces Bonus Poker", 313);
+    FixedHandEditor editor(engine);
     editor.Clear();
     ASSERT_TRUE(editor.HasStars());
     editor.ClickCard(kStars, 2);
     editor.ClickCard(kStars, 1);
     EXPECT_EQ(Placed(editor), "A$ __ __ __ __");
     editor.Apply();
-    EXPECT_EQ(machine.engine.statistics.setCards[0], machine.engine.deck.table.starsSlot);
+    EXPECT_EQ(engine.statistics.setCards[0], engine.deck.table.starsSlot);
 }
 
-TEST(FixedHandEditorTest, PickEmHasNoThirdPlace) {
-    TestMachine machine("Pick Em Poker", 350);
-    DealFixed(machine, "AS KD TC 9H 2S 3S 4S 5S 6S 7S");
-    FixedHandEditor editor(machine.engine);
+TEST_F(FixedHandEditorTest, PickEmHasNoThirdPlace) {
+    Play("Pick Em Poker", 350);
+    Deal(kDealt);
+    FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "AS KD __ TC 3S") << "the tops of the two piles";
     editor.Clear();
     editor.ClickPlace(kPickEmGap);
     EXPECT_EQ(editor.CurrentPlace(), 0);
     for (int rank = 6; rank <= 10; ++rank) editor.ClickCard(kHearts, rank);
     EXPECT_EQ(Placed(editor), "6H 7H __ 8H TH");
-    Codes cards = machine.engine.statistics.setCards;
-    Codes draws = machine.engine.statistics.setDraws;
+    Codes cards = engine.statistics.setCards;
+    Codes draws = engine.statistics.setDraws;
     editor.Apply();
     cards[0] = 18, cards[1] = 19, cards[2] = 20;
     draws[0] = 22;
-    EXPECT_EQ(machine.engine.statistics.setCards, cards) << "the cards under the piles stay";
-    EXPECT_EQ(machine.engine.statistics.setDraws, draws);
+    EXPECT_EQ(engine.statistics.setCards, cards) << "the cards under the piles stay";
+    EXPECT_EQ(engine.statistics.setDraws, draws);
 }
 
-TEST(FixedHandEditorTest, AHandThatNoDeckHasLeavesPlacesEmpty) {
-    TestMachine machine;
-    machine.engine.statistics.setCards = {7, 7, kCardBack, -5, 1000};
-    machine.engine.statistics.setDraws = {52, kCardBack, -9, 7, kNoCard};
-    const FixedHandEditor editor(machine.engine);
+TEST_F(FixedHandEditorTest, AHandThatNoDeckHasLeavesPlacesEmpty) {
+    engine.statistics.setCards = {7, 7, kCardBack, -5, 1000};
+    engine.statistics.setDraws = {52, kCardBack, -9, 7, kNoCard};
+    const FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "8S __ __ __ __");
     EXPECT_TRUE(editor.DrawCard(1).IsEmpty());
     EXPECT_EQ(editor.DrawCard(3), (PlacedCard{8, kSpades}));

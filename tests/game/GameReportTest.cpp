@@ -15,9 +15,8 @@ constexpr const char* kCache =
     "Payline1=1;0;0;0;0;0;0;4;1,040;1:2.00;50.00;0.5000\n"
     "Nothing=0;0;0;0;0;0;0;4;1,040;1:2.00;0.00;0.5000\n";
 
-struct Reported {
-    explicit Reported(const std::string& contents = kCache)
-        : cache{file, folder.Write("cache.ini", contents)} {
+struct GameReportTest : testing::Test {
+    GameReportTest() {
         engine.settings.gameName = "Triple Coconut";
         engine.settings.activeTable = 3;
         for (const char* description : {"ROYAL FLUSH", "1 PAIR"}) {
@@ -28,26 +27,25 @@ struct Reported {
     TemporaryFolder folder;
     ProfileFile file;
     GameEngine engine;
-    AnalysisCache cache;
+    AnalysisCache cache{file, folder.Write("cache.ini", kCache)};
 };
 
-TEST(GameReportTest, ATableIsAnalyzedWhenTheCacheHasItsReturn) {
-    Reported r;
-    EXPECT_TRUE(IsAnalyzed(r.engine, r.cache));
-    r.engine.settings.activeTable = 2;
-    EXPECT_FALSE(IsAnalyzed(r.engine, r.cache));
-    r.engine.settings.activeTable = 3;
-    r.file.WriteString("Triple Coconut(3)", "ER", "", r.cache.path);
-    EXPECT_TRUE(IsAnalyzed(r.engine, r.cache)) << "an empty value is a value";
-    r.file.WriteString("Triple Coconut(3)", "ER", "Not Found", r.cache.path);
-    EXPECT_FALSE(IsAnalyzed(r.engine, r.cache));
-    r.cache.path += ".missing";
-    EXPECT_FALSE(IsAnalyzed(r.engine, r.cache));
+TEST_F(GameReportTest, ATableIsAnalyzedWhenTheCacheHasItsReturn) {
+    EXPECT_TRUE(IsAnalyzed(engine, cache));
+    engine.settings.activeTable = 2;
+    EXPECT_FALSE(IsAnalyzed(engine, cache));
+    engine.settings.activeTable = 3;
+    file.WriteString("Triple Coconut(3)", "ER", "", cache.path);
+    EXPECT_TRUE(IsAnalyzed(engine, cache)) << "an empty value is a value";
+    file.WriteString("Triple Coconut(3)", "ER", "Not Found", cache.path);
+    EXPECT_FALSE(IsAnalyzed(engine, cache));
+    cache.path += ".missing";
+    EXPECT_FALSE(IsAnalyzed(engine, cache));
 }
 
-TEST(GameReportTest, WhatTheCacheLacksReadsZero) {
-    const Reported r("[Triple Coconut(3)]\nER=1;2\n");
-    const std::string text = GameReport(r.engine, r.cache);
+TEST_F(GameReportTest, WhatTheCacheLacksReadsZero) {
+    cache.path = folder.Write("other.ini", "[Triple Coconut(3)]\nER=1;2\n");
+    const std::string text = GameReport(engine, cache);
     EXPECT_EQ(text.substr(0, text.find("\tPayout")),
               "Game:\tTriple Coconut\r\nCoin\t$0\r\n\r\nExp Ret ($)\t1\t2\r\nBreak Even ($)\t0\r\n"
               "Game Payout\t0%\r\nVariance\t0\r\n\r\n");
@@ -55,20 +53,19 @@ TEST(GameReportTest, WhatTheCacheLacksReadsZero) {
               std::string::npos);
 }
 
-TEST(GameReportTest, ATableNotAnalyzedShowsWhatACoinIsPaidAtTheFullBet) {
-    Reported r("");
+TEST_F(GameReportTest, ATableNotAnalyzedShowsWhatACoinIsPaidAtTheFullBet) {
+    cache.path = folder.Write("other.ini", "");
     constexpr int pays[][3] = {{250, 4000, 800}, {9, 45, 9}, {3, 4, 3}, {3, 19, 3}, {1, 0, 1}};
     for (const auto& [payout, maxPayout, shown] : pays) {
-        r.engine.payTable.lines[0].payout = payout;
-        r.engine.payTable.lines[0].maxPayout = maxPayout;
+        engine.payTable.lines[0].payout = payout;
+        engine.payTable.lines[0].maxPayout = maxPayout;
         const std::string line = "\r\nROYAL FLUSH\t" + std::to_string(shown) + "\r\n1 PAIR\t0\r\n";
-        EXPECT_NE(GameReport(r.engine, r.cache).find(line), std::string::npos) << line;
+        EXPECT_NE(GameReport(engine, cache).find(line), std::string::npos) << line;
     }
 }
 
-TEST(GameReportTest, SharesAddUpToTheWholeReturnAndTheWholeVariance) {
-    const Reported r;
-    const auto shares = LineShares(r.engine, r.cache);
+TEST_F(GameReportTest, SharesAddUpToTheWholeReturnAndTheWholeVariance) {
+    const auto shares = LineShares(engine, cache);
     ASSERT_EQ(shares.size(), 3U);
     EXPECT_EQ(shares[0].description, "ROYAL FLUSH");
     EXPECT_EQ(shares[0].percentReturn, 25);
@@ -80,18 +77,17 @@ TEST(GameReportTest, SharesAddUpToTheWholeReturnAndTheWholeVariance) {
     EXPECT_EQ(shares[2].varianceShare, 12.5);
 }
 
-TEST(GameReportTest, RowsOfAnEditedCacheGiveNoShareWhereTheyHaveNone) {
-    Reported r;
+TEST_F(GameReportTest, RowsOfAnEditedCacheGiveNoShareWhereTheyHaveNone) {
     const std::string section = "Triple Coconut(3)";
-    r.file.WriteString(section, "Payline0", "1;2", r.cache.path);
-    r.file.WriteString(section, "Payline1", ";;;;;;;;;;-5;x", r.cache.path);
-    r.file.WriteString(section, "Nothing", "", r.cache.path);
-    for (const LineShare& share : LineShares(r.engine, r.cache)) {
+    file.WriteString(section, "Payline0", "1;2", cache.path);
+    file.WriteString(section, "Payline1", ";;;;;;;;;;-5;x", cache.path);
+    file.WriteString(section, "Nothing", "", cache.path);
+    for (const LineShare& share : LineShares(engine, cache)) {
         EXPECT_EQ(share.returnShare, 0);
         EXPECT_EQ(share.varianceShare, 0);
     }
-    r.cache.path += ".missing";
-    EXPECT_TRUE(LineShares(r.engine, r.cache).empty());
+    cache.path += ".missing";
+    EXPECT_TRUE(LineShares(engine, cache).empty());
 }
 
 }  // namespace

@@ -33,9 +33,12 @@ class Reports {
     std::vector<LiveResult> results;
 };
 
-TEST(LiveAnalysisTest, TheReturnIsThePublishedOne) {
+struct LiveAnalysisTest : testing::Test {
     Reports reports;
-    LiveAnalysis analysis([&](const LiveResult& result) { reports.Add(result); });
+    LiveAnalysis analysis{[this](const LiveResult& result) { reports.Add(result); }};
+};
+
+TEST_F(LiveAnalysisTest, TheReturnIsThePublishedOne) {
     const auto run = analysis.Start(JacksOrBetter());
     const auto results = reports.Wait();
     ASSERT_EQ(results.size(), 1U);
@@ -44,9 +47,7 @@ TEST(LiveAnalysisTest, TheReturnIsThePublishedOne) {
     EXPECT_EQ(LiveText(results[0]), "Return 99.5439%  Variance 19.51");
 }
 
-TEST(LiveAnalysisTest, OnlyTheLastOfManyTablesIsReported) {
-    Reports reports;
-    LiveAnalysis analysis([&](const LiveResult& result) { reports.Add(result); });
+TEST_F(LiveAnalysisTest, OnlyTheLastOfManyTablesIsReported) {
     std::uint64_t last = 0;
     for (int i = 0; i < 20; ++i) {
         last = analysis.Start(DoubleDoubleBonus());
@@ -58,7 +59,7 @@ TEST(LiveAnalysisTest, OnlyTheLastOfManyTablesIsReported) {
 }
 
 // The slowest games of all, in the middle of building their tables or of playing their hands.
-TEST(LiveAnalysisTest, CancellingAndEndingTakeNoTime) {
+TEST_F(LiveAnalysisTest, CancellingAndEndingTakeNoTime) {
     for (const PayTable& table : {DeucesDeluxe(), OneEyedJacks(), AcesBonus(), PickEm()}) {
         for (const auto pause : {0ms, 5ms, 30ms}) {
             Reports reports;
@@ -74,7 +75,7 @@ TEST(LiveAnalysisTest, CancellingAndEndingTakeNoTime) {
     }
 }
 
-TEST(LiveAnalysisTest, WhatIsMissingIsToldWithItsLine) {
+TEST_F(LiveAnalysisTest, WhatIsMissingIsToldWithItsLine) {
     PayTableTexts texts;
     const auto told = [&texts] { return LiveText(*FindProblem(texts)); };
     EXPECT_EQ(told(), "The pay table is blank. You must enter at least one pay line.");

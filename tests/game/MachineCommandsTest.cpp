@@ -8,9 +8,9 @@
 
 namespace {
 
-TEST(MachineCommandsTest, DollarsBecomeCreditsAndBack) {
-    TestMachine machine;
-    GameEngine& engine = machine.engine;
+struct MachineCommandsTest : testing::Test, TestMachine {};
+
+TEST_F(MachineCommandsTest, DollarsBecomeCreditsAndBack) {
     engine.settings.credits = 0;
     engine.settings.coin = 0.05;
     EnterDollars(engine, 100);
@@ -21,7 +21,7 @@ TEST(MachineCommandsTest, DollarsBecomeCreditsAndBack) {
     for (const int refused : {0, -5, 1'000'000}) EnterDollars(engine, refused);
     EXPECT_EQ(engine.settings.credits, 2000);
 
-    ChangeCoin(engine, 0.25, machine.files);
+    ChangeCoin(engine, 0.25, files);
     engine.settings.credits = 37;
     EXPECT_EQ(CashOut(engine), "Paid $9.25");
     EXPECT_EQ(engine.settings.credits, 0);
@@ -31,9 +31,7 @@ TEST(MachineCommandsTest, DollarsBecomeCreditsAndBack) {
     EXPECT_EQ(engine.settings.creditsEntered, 0) << "never below 0";
 }
 
-TEST(MachineCommandsTest, CreditsNeverWrap) {
-    TestMachine machine;
-    GameEngine& engine = machine.engine;
+TEST_F(MachineCommandsTest, CreditsNeverWrap) {
     engine.settings.coin = 0.05;
     engine.settings.credits = INT_MAX - 5;
     engine.settings.creditsEntered = INT_MAX;
@@ -41,17 +39,15 @@ TEST(MachineCommandsTest, CreditsNeverWrap) {
     EXPECT_EQ(engine.settings.credits, INT_MAX);
     EXPECT_EQ(engine.settings.creditsEntered, INT_MAX);
     engine.settings.coin = 1;
-    ChangeCoin(engine, 0.05, machine.files);
+    ChangeCoin(engine, 0.05, files);
     EXPECT_EQ(engine.settings.credits, INT_MAX);
 }
 
-TEST(MachineCommandsTest, AnotherCoinKeepsWhatConvertsWhole) {
-    TestMachine machine;
-    GameEngine& engine = machine.engine;
+TEST_F(MachineCommandsTest, AnotherCoinKeepsWhatConvertsWhole) {
     const auto converted = [&](int credits, double from, double to) {
         engine.settings.credits = credits;
         engine.settings.coin = from;
-        ChangeCoin(engine, to, machine.files);
+        ChangeCoin(engine, to, files);
         return engine.settings.credits;
     };
     EXPECT_EQ(converted(7, 0.05, 1), 0);
@@ -60,12 +56,10 @@ TEST(MachineCommandsTest, AnotherCoinKeepsWhatConvertsWhole) {
         ASSERT_EQ(converted(dollars * 20, 0.05, 1), dollars);
         ASSERT_EQ(converted(dollars * 5, 0.05, 0.25), dollars);
     }
-    EXPECT_EQ(machine.file.GetString("main", "Coin", "", 20, machine.files.gamePath), "0.25");
+    EXPECT_EQ(file.GetString("main", "Coin", "", 20, files.gamePath), "0.25");
 }
 
-TEST(MachineCommandsTest, TheBetGoesRoundBelowTheTablesMost) {
-    TestMachine machine;
-    GameEngine& engine = machine.engine;
+TEST_F(MachineCommandsTest, TheBetGoesRoundBelowTheTablesMost) {
     engine.settings.bet = 4;
     BetOne(engine);
     EXPECT_EQ(engine.settings.bet, 5);
@@ -78,12 +72,9 @@ TEST(MachineCommandsTest, TheBetGoesRoundBelowTheTablesMost) {
     EXPECT_EQ(engine.settings.bet, 5);
 }
 
-TEST(MachineCommandsTest, APlayModeEndsTheHandInPlay) {
-    TestMachine machine;
-    GameEngine& engine = machine.engine;
-    machine.Stack("JS JD TC 9H 2S", 5);
-    machine.DealOrDraw();
-    machine.Hold(0b11000);
+TEST_F(MachineCommandsTest, APlayModeEndsTheHandInPlay) {
+    Deal("JS JD TC 9H 2S");
+    Hold(0b11000);
     ChoosePlayMode(engine, PlayMode::kAutoHold);
     EXPECT_TRUE(engine.handOver);
     EXPECT_EQ(HeldMask(engine), 0);

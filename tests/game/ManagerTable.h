@@ -1,22 +1,70 @@
 // A table whose data folder is the test's own, and a player at its pay table manager who answers
 // from a list.
 #pragma once
-#include <algorithm>
 #include <filesystem>
 
 #include "game/EditPayTable.h"
 #include "tests/game/FakePorts.h"
 
+// Answers are "yes", "no", "ok", "cancel" or a name.
+class ManagerRecorder : public Answering, public PayTableQuestions {
+  public:
+    FieldPlace where;  // of the last refusal
+
+    ManagerRecorder& Saying(std::deque<std::string> next) {
+        answers = std::move(next);
+        return *this;
+    }
+
+    void IsRefused(const std::string& caption, const std::string& text, FieldPlace place) override {
+        log.push_back(caption + ": " + text);
+        where = place;
+    }
+    void IsTold(const std::string& caption, const std::string& text) override {
+        log.push_back(caption + ": " + text);
+    }
+    OverwriteChoice Overwrites(const std::string& caption, const std::string& question) override {
+        const std::string answer = Answer(caption + ": " + question);
+        return answer == "yes"  ? OverwriteChoice::kOverwrite
+               : answer == "no" ? OverwriteChoice::kAppend
+                                : OverwriteChoice::kCancel;
+    }
+    bool Confirms(const std::string& caption, const std::string& question) override {
+        return Answer(caption + ": " + question) == "ok";
+    }
+    std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
+                                           const std::string& current) override {
+        log.push_back("select of " + std::to_string(games.size()) + " at " + current);
+        auto answer = NextUnlessCancelled();
+        EXPECT_TRUE(!answer || std::ranges::count(games, *answer) == 1) << *answer;
+        return answer;
+    }
+    std::optional<std::string> RenamesGame(const std::string& current) override {
+        log.push_back("rename " + current);
+        return NextUnlessCancelled();
+    }
+
+    // What was told and asked since the last time.
+    std::string Take() {
+        std::string text;
+        for (const std::string& line : log) text += (text.empty() ? "" : "\n") + line;
+        log.clear();
+        return text;
+    }
+
+  private:
+    std::string Answer(const std::string& question) {
+        log.push_back(question);
+        return NextAnswer();
+    }
+};
+
 class ManagerTable : public TestTable {
   public:
     explicit ManagerTable(const std::string& game = "Jacks or Better", int gameId = 300)
         : TestTable(game, gameId) {
-        const auto& folder = machine.folder;
-        paths.folder = folder.Path() + "/";
-        paths.mainProfile = folder.Path("Tolvane.ini");
-        paths.analysisCache = folder.Path("Game Analyses.ini");
         std::filesystem::copy_file(TOLVANE_DATA_FOLDER "/Tolvane.ini", paths.mainProfile);
-        folder.Write("Game Analyses.ini", "[x]\n");
+        machine.folder.Write("Game Analyses.ini", "[x]\n");
         machine.files.mainPath = paths.mainProfile;
     }
 
@@ -42,63 +90,6 @@ class ManagerTable : public TestTable {
         return TableExists(machine.file, game, index, paths.mainProfile);
     }
 
-    DataFilePaths paths;
-};
-
-// A question takes the next of the answers: "yes", "no", "ok", "cancel" or a name.
-class ManagerRecorder : public PayTableQuestions {
-  public:
-    std::vector<std::string> log;
-    std::deque<std::string> answers;
-    FieldPlace where;  // of the last refusal
-
-    void IsRefused(const std::string& caption, const std::string& text, FieldPlace place) override {
-        log.push_back(caption + ": " + text);
-        where = place;
-    }
-    void IsTold(const std::string& caption, const std::string& text) override {
-        log.push_back(caption + ": " + text);
-    }
-    OverwriteChoice Overwrites(const std::string& caption, const std::string& question) override {
-        const std::string answer = Answer(caption + ": " + question);
-        return answer == "yes"  ? OverwriteChoice::kOverwrite
-               : answer == "no" ? OverwriteChoice::kAppend
-                                : OverwriteChoice::kCancel;
-    }
-    bool Confirms(const std::string& caption, const std::string& question) override {
-        return Answer(caption + ": " + question) == "ok";
-    }
-    std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
-                                           const std::string& current) override {
-        const std::string answer =
-            Answer("select of " + std::to_string(games.size()) + " at " + current);
-        if (answer == "cancel") return std::nullopt;
-        EXPECT_NE(std::ranges::find(games, answer), games.end()) << answer;
-        return answer;
-    }
-    std::optional<std::string> RenamesGame(const std::string& current) override {
-        const std::string answer = Answer("rename " + current);
-        if (answer == "cancel") return std::nullopt;
-        return answer;
-    }
-
-    // What was told and asked since the last time.
-    std::string Take() {
-        std::string text;
-        for (const std::string& line : log) text += (text.empty() ? "" : "\n") + line;
-        log.clear();
-        return text;
-    }
-
-  private:
-    std::string Answer(const std::string& question) {
-        log.push_back(question);
-        if (answers.empty()) {
-            ADD_FAILURE() << "no answer for: " << question;
-            return "cancel";
-        }
-        std::string answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
+    const DataFilePaths& paths = machine.paths;
+    ManagerRecorder player;
 };

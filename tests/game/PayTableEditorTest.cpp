@@ -9,13 +9,19 @@ namespace {
 
 using enum FormField;
 
-bool On(const PayTableEditor& editor, FormField field, int line = 0) {
-    return editor.IsEnabled({field, line});
-}
+struct PayTableEditorTest : testing::Test, ManagerTable {
+    static bool On(const PayTableEditor& editor, FormField field, int line = 0) {
+        return editor.IsEnabled({field, line});
+    }
+    // Of a game that has so many tables.
+    PayTableEditor MyGame(int tables = 1, int index = 0) {
+        MakeMyGame(tables);
+        return Manager("My Game", 9001, index);
+    }
+};
 
-TEST(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
-    ManagerTable t;
-    const auto editor = t.Manager("Jacks or Better", 300);
+TEST_F(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
+    const auto editor = Manager("Jacks or Better", 300);
     for (const FormField field :
          {kName, kOneEyedJacks, kFiveAces, kPickEm, kWilds, kJokers, kWildRanks, kMinPair, kRank,
           kDescription, kBonusQuads, kKickers, kWildsOK}) {
@@ -23,30 +29,26 @@ TEST(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
     }
     EXPECT_TRUE(On(editor, kMaxBet) && On(editor, kPayout, 8) && On(editor, kMaxPayout, 8));
     EXPECT_FALSE(On(editor, kPayout, 9) || On(editor, kMaxPayout, 9)) << "no such line";
-    EXPECT_FALSE(editor.CanLoadTemplate() || editor.CanDelete() || editor.CanRename());
+    EXPECT_FALSE(editor.HasOwnTable());
     EXPECT_EQ(editor.texts.lines[3].description, "FULL HOUSE");
     EXPECT_EQ(editor.texts.minPair, "J");
 }
 
-TEST(PayTableEditorTest, OfAUserGameEverythingCanBeEdited) {
-    ManagerTable t;
-    t.MakeMyGame();
-    auto editor = t.Manager("My Game", 9001);
+TEST_F(PayTableEditorTest, OfAUserGameEverythingCanBeEdited) {
+    auto editor = MyGame();
     for (const FormField field : {kOneEyedJacks, kFiveAces, kPickEm, kWilds, kMinPair, kMaxBet,
                                   kRank, kDescription, kPayout, kBonusQuads, kKickers}) {
         EXPECT_TRUE(On(editor, field, 14)) << static_cast<int>(field);
     }
     EXPECT_FALSE(On(editor, kName)) << "it is renamed by a command";
     EXPECT_FALSE(On(editor, kJokers) || On(editor, kWildRanks) || On(editor, kWildsOK, 14));
-    EXPECT_TRUE(editor.CanLoadTemplate() && editor.CanDelete() && editor.CanRename());
+    EXPECT_TRUE(editor.HasOwnTable());
     CheckWilds(editor.texts, true);
     EXPECT_TRUE(On(editor, kJokers) && On(editor, kWildRanks) && On(editor, kWildsOK, 14));
 }
 
-TEST(PayTableEditorTest, ACheckedTypeLeavesOnlyItsOwnBox) {
-    ManagerTable t;
-    t.MakeMyGame();
-    auto editor = t.Manager("My Game", 9001);
+TEST_F(PayTableEditorTest, ACheckedTypeLeavesOnlyItsOwnBox) {
+    auto editor = MyGame();
     CheckType(editor.texts, GameType::kOneEyedJacks, true);
     EXPECT_TRUE(On(editor, kOneEyedJacks) && On(editor, kWildsOK, 3));
     EXPECT_FALSE(On(editor, kFiveAces) || On(editor, kPickEm) || On(editor, kWilds));
@@ -59,37 +61,32 @@ TEST(PayTableEditorTest, ACheckedTypeLeavesOnlyItsOwnBox) {
     EXPECT_FALSE(On(editor, kPickEm));
 }
 
-TEST(PayTableEditorTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
-    ManagerTable t;
-    ManagerRecorder player;
-    auto editor = t.Manager("User Game 1", 9001, 0, true);
+TEST_F(PayTableEditorTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
+    auto editor = Manager("User Game 1", 9001, 0, true);
     EXPECT_TRUE(On(editor, kName));
     editor.Save(player);
     EXPECT_EQ(player.Take(),
               "Input Error: The pay table is blank. You must enter at least one pay line.");
-    player.answers = {"Bonus Poker"};
-    editor.LoadTemplate(player);
+    editor.LoadTemplate(player.Saying({"Bonus Poker"}));
     EXPECT_EQ(editor.gameName, "User Game 1");
     editor.gameName = "First";
     editor.Save(player);
-    EXPECT_TRUE(t.Exists("First", 0));
-    EXPECT_EQ(t.InMain("First(0)", "NextIndex"), "-1");
-    EXPECT_EQ(t.InMain("User Games", "1"), "9001,First");
+    EXPECT_TRUE(Exists("First", 0));
+    EXPECT_EQ(InMain("First(0)", "NextIndex"), "-1");
+    EXPECT_EQ(InMain("User Games", "1"), "9001,First");
     editor.gameName = "Second";
     editor.texts.lines[0].payout = "300";
     editor.Save(player);
-    EXPECT_FALSE(t.Exists("First", 0));
-    EXPECT_EQ(t.InMain("Second(0)", "Payout0"), "300");
-    EXPECT_EQ(t.InMain("User Games", "1"), "9001,Second");
+    EXPECT_FALSE(Exists("First", 0));
+    EXPECT_EQ(InMain("Second(0)", "Payout0"), "300");
+    EXPECT_EQ(InMain("User Games", "1"), "9001,Second");
     EXPECT_EQ(player.Take(), "select of 31 at User Game 1");
 }
 
-TEST(PayTableEditorTest, ANewGameTakesNoNameOfAnother) {
-    ManagerTable t;
-    ManagerRecorder player;
-    t.MakeMyGame();
-    auto editor = t.Manager("User Game 2", 9002, 0, true);
-    editor.texts = ReadPayTableTexts(t.Files(), "My Game", 0);
+TEST_F(PayTableEditorTest, ANewGameTakesNoNameOfAnother) {
+    MakeMyGame();
+    auto editor = Manager("User Game 2", 9002, 0, true);
+    editor.texts = ReadPayTableTexts(Files(), "My Game", 0);
     const auto refusal = [&](const char* name) {
         editor.gameName = name;
         editor.Save(player);
@@ -106,69 +103,60 @@ TEST(PayTableEditorTest, ANewGameTakesNoNameOfAnother) {
               "Input Error: Game name can not contain ] or = or line breaks, and can not begin "
               "with [");
     EXPECT_EQ(refusal(" a"), "Input Error: Game name can not begin or end with a blank");
-    EXPECT_EQ(UserGameName(t.Files(), 2), "User Game 2");
+    EXPECT_EQ(UserGameName(Files(), 2), "User Game 2");
     EXPECT_EQ(refusal("User Game 2"), "") << "its own";
 }
 
-TEST(PayTableEditorTest, TheDefaultTableOfABuiltInGameIsNotOverwritten) {
-    ManagerTable t;
-    ManagerRecorder player;
-    auto editor = t.Manager("Jacks or Better", 300);
+TEST_F(PayTableEditorTest, TheDefaultTableOfABuiltInGameIsNotOverwritten) {
+    auto editor = Manager("Jacks or Better", 300);
     editor.texts.lines[0].payout = "1";
     editor.Save(player);
     EXPECT_EQ(player.Take(),
               "Error: You can not overwrite the default pay table for a pre-defined game");
-    EXPECT_EQ(t.InMain("Jacks or Better(0)", "Payout0"), "250");
+    EXPECT_EQ(InMain("Jacks or Better(0)", "Payout0"), "250");
     editor.MakeActive(player);
     EXPECT_EQ(player.Take(), "");
-    EXPECT_EQ(t.InMain("Jacks or Better(0)", "Payout0"), "1") << "but made active it is";
+    EXPECT_EQ(InMain("Jacks or Better(0)", "Payout0"), "1") << "but made active it is";
 }
 
-TEST(PayTableEditorTest, SavingOverwritesAppendsOrDoesNothing) {
-    ManagerTable t;
-    ManagerRecorder player;
-    t.MakeMyGame(2);
-    auto editor = t.Manager("My Game", 9001, 1);
+TEST_F(PayTableEditorTest, SavingOverwritesAppendsOrDoesNothing) {
+    auto editor = MyGame(2, 1);
     editor.texts.lines[0].payout = "7";
-    player.answers = {"cancel", "no", "yes"};
-    editor.Save(player);
+    editor.Save(player.Saying({"cancel", "no", "yes"}));
     EXPECT_EQ(player.Take(),
               "Overwrite?: Do you wish to overwrite table 1? If NO, the current table will be "
               "added as a new index.");
-    EXPECT_EQ(t.InMain("My Game(1)", "Payout0"), "250");
+    EXPECT_EQ(InMain("My Game(1)", "Payout0"), "250");
     editor.Save(player);
     EXPECT_EQ(editor.TableIndex(), 2);
     EXPECT_TRUE(editor.HasPreviousTable());
     EXPECT_FALSE(editor.HasNextTable());
-    EXPECT_EQ(t.InMain("My Game(2)", "Payout0"), "7");
+    EXPECT_EQ(InMain("My Game(2)", "Payout0"), "7");
     editor.texts.lines[0].payout = "8";
     editor.Save(player);
-    EXPECT_EQ(t.InMain("My Game(2)", "Payout0"), "8");
-    EXPECT_EQ(t.InMain("My Game(1)", "Payout0"), "250");
-    EXPECT_FALSE(t.Exists("My Game", 3));
+    EXPECT_EQ(InMain("My Game(2)", "Payout0"), "8");
+    EXPECT_EQ(InMain("My Game(1)", "Payout0"), "250");
+    EXPECT_FALSE(Exists("My Game", 3));
 }
 
-TEST(PayTableEditorTest, OnlyAChangedTableLosesItsAnalysis) {
-    ManagerTable t;
-    t.MakeMyGame();
+TEST_F(PayTableEditorTest, OnlyAChangedTableLosesItsAnalysis) {
+    MakeMyGame();
     const std::string section = TableSection("My Game", 0);
-    t.machine.file.WriteString(section, "ER", "1.0", t.paths.analysisCache);
-    ManagerRecorder player;
-    auto editor = t.Manager("My Game", 9001);
-    player.answers = {"yes", "yes"};
-    editor.Save(player);
-    EXPECT_EQ(t.Stored(t.paths.analysisCache, section, "ER"), "1.0");
+    machine.file.WriteString(section, "ER", "1.0", paths.analysisCache);
+    auto editor = Manager("My Game", 9001);
+    editor.Save(player.Saying({"yes", "yes"}));
+    editor.texts.maxBet = "10";
+    editor.texts.lines[3].description = "BOAT";
+    editor.MakeActive(player);
+    EXPECT_EQ(Stored(paths.analysisCache, section, "ER"), "1.0") << "of five coins, as before";
     editor.texts.lines[3].payout = "8";
     editor.Save(player);
-    EXPECT_EQ(t.Stored(t.paths.analysisCache, section, "ER"), "(none)");
+    EXPECT_EQ(Stored(paths.analysisCache, section, "ER"), "(none)");
 }
 
-TEST(PayTableEditorTest, TablesOfABuiltInGameAreAddedAndSteppedThrough) {
-    ManagerTable t;
-    ManagerRecorder player;
-    AppendTable(t.Files(), {300, "Jacks or Better"},
-                ReadPayTableTexts(t.Files(), "Bonus Poker", 0));
-    auto editor = t.Manager("Jacks or Better", 300);
+TEST_F(PayTableEditorTest, TablesOfABuiltInGameAreAddedAndSteppedThrough) {
+    AppendTable(Files(), {300, "Jacks or Better"}, ReadPayTableTexts(Files(), "Bonus Poker", 0));
+    auto editor = Manager("Jacks or Better", 300);
     EXPECT_FALSE(editor.HasPreviousTable());
     editor.GoToPreviousTable();
     EXPECT_EQ(editor.TableIndex(), 0);
@@ -176,27 +164,25 @@ TEST(PayTableEditorTest, TablesOfABuiltInGameAreAddedAndSteppedThrough) {
     EXPECT_EQ(editor.TableIndex(), 1);
     EXPECT_TRUE(On(editor, kPayout, 10)) << "lines of this table, not of the last one";
     editor.texts.lines[0].payout = "200";
-    player.answers = {"yes"};
-    editor.Save(player);
-    EXPECT_EQ(t.InMain("Jacks or Better(1)", "Payout0"), "200");
-    EXPECT_EQ(t.InMain("User Games", "1"), "9001,User Game 1");
+    editor.Save(player.Saying({"yes"}));
+    EXPECT_EQ(InMain("Jacks or Better(1)", "Payout0"), "200");
+    EXPECT_EQ(InMain("User Games", "1"), "9001,User Game 1");
     editor.GoToNextTable();
     EXPECT_EQ(editor.TableIndex(), 1);
     editor.GoToPreviousTable();
-    EXPECT_EQ(editor.texts, ReadPayTableTexts(t.Files(), "Jacks or Better", 0));
+    EXPECT_EQ(editor.texts, ReadPayTableTexts(Files(), "Jacks or Better", 0));
 }
 
-TEST(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
-    ManagerTable t;
-    t.MakeMyGame();
-    auto builtIn = t.Manager("Jacks or Better", 300);
+TEST_F(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
+    MakeMyGame();
+    auto builtIn = Manager("Jacks or Better", 300);
     const auto before = builtIn.texts;
     builtIn.Clear();
     EXPECT_EQ(builtIn.texts.lines[8].payout + builtIn.texts.lines[8].maxPayout, "");
     EXPECT_EQ(builtIn.texts.lines[8].description, before.lines[8].description);
     EXPECT_EQ(builtIn.texts.minPair, "J");
     EXPECT_TRUE(On(builtIn, kPayout, 8));
-    auto mine = t.Manager("My Game", 9001);
+    auto mine = Manager("My Game", 9001);
     mine.texts.maxBet = "10";
     mine.texts.spinBonus = true;
     CheckType(mine.texts, GameType::kPickEm, true);
@@ -207,48 +193,39 @@ TEST(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
     EXPECT_EQ(mine.gameName, "My Game");
 }
 
-TEST(PayTableEditorTest, AnotherGameIsShownAtItsActiveTable) {
-    ManagerTable t;
-    ManagerRecorder player;
-    t.MakeMyGame(3);
-    WriteActiveTable(t.machine.file, t.machine.files.gamePath, "My Game", 2);
-    auto editor = t.Manager("User Game 2", 9002, 0, true);
-    player.answers = {"cancel", "My Game", "Deuces Wild"};
-    editor.ChangeGame(player);
-    EXPECT_TRUE(editor.IsNewGame());
+TEST_F(PayTableEditorTest, AnotherGameIsShownAtItsActiveTable) {
+    MakeMyGame(3);
+    WriteActiveTable(machine.file, machine.files.gamePath, "My Game", 2);
+    auto editor = Manager("User Game 2", 9002, 0, true);
+    editor.ChangeGame(player.Saying({"cancel", "My Game", "Deuces Wild"}));
+    EXPECT_TRUE(On(editor, kName)) << "still the new game";
     editor.ChangeGame(player);
     EXPECT_EQ(editor.TableIndex(), 2);
     EXPECT_EQ(editor.GameId(), 9001);
-    EXPECT_FALSE(editor.IsNewGame() || On(editor, kName));
+    EXPECT_FALSE(On(editor, kName));
     editor.ChangeGame(player);
     EXPECT_EQ(editor.GameId(), 330);
-    EXPECT_FALSE(editor.CanLoadTemplate() || editor.CanDelete() || editor.CanRename());
+    EXPECT_FALSE(editor.HasOwnTable());
     EXPECT_EQ(editor.texts.wildRanks, "2");
     EXPECT_FALSE(On(editor, kWildRanks));
 }
 
-TEST(PayTableEditorTest, ATemplateIsStoredUnderTheGamesOwnName) {
-    ManagerTable t;
-    ManagerRecorder player;
-    t.MakeMyGame(2);
-    auto editor = t.Manager("My Game", 9001, 1);
-    player.answers = {"Deuces Wild", "yes"};
-    editor.LoadTemplate(player);
+TEST_F(PayTableEditorTest, ATemplateIsStoredUnderTheGamesOwnName) {
+    auto editor = MyGame(2, 1);
+    editor.LoadTemplate(player.Saying({"Deuces Wild", "yes"}));
     EXPECT_EQ(editor.TableIndex(), 0);
     EXPECT_TRUE(On(editor, kWildRanks) && editor.HasNextTable());
     editor.Save(player);
-    EXPECT_EQ(t.InMain("My Game(0)", "WildCard"), "2");
-    EXPECT_EQ(t.InMain("My Game(0)", "NextIndex"), "1");
+    EXPECT_EQ(InMain("My Game(0)", "WildCard"), "2");
+    EXPECT_EQ(InMain("My Game(0)", "NextIndex"), "1");
 }
 
 // Three game files that use "My Game", one of them in use and on table 2.
-struct ThreeGameFiles : ManagerTable {
-    explicit ThreeGameFiles(int activeInUse = 2) {
+struct ThreeGameFilesTest : PayTableEditorTest {
+    ThreeGameFilesTest() {
         MakeMyGame(4);
-        engine.settings.gameName = "My Game";
-        engine.settings.gameId = 9001;
-        engine.settings.activeTable = activeInUse;
-        LoadGame(engine, machine.files, machine.tables);
+        engine.settings.activeTable = 2;
+        machine.Play("My Game", 9001);
         engine.statistics.handsPlayed.total = 77;
         const std::string statistics =
             "[My Game(0)]\nCreditsPlayed=10\n\n[My Game(3)]\nCreditsPlayed=13\nErr0=x\n\n";
@@ -259,69 +236,63 @@ struct ThreeGameFiles : ManagerTable {
                              "Bonus Poker=0\n[Bonus Poker(0)]\nCreditsPlayed=5\n" +
                                  statistics);
         machine.folder.Write("c.txt", "[main]\nGameName=My Game\n");
-        paths.folder = machine.folder.Path() + "/";
+    }
+    // Nowhere in the data files.
+    void ExpectMyGameIsGone() {
+        machine.file.Flush();
+        for (const char* name : {"Tolvane.ini", "game.qdx", "a.qdx", "b.QDX"}) {
+            EXPECT_EQ(machine.folder.Read(name).find("My Game"), std::string::npos) << name;
+        }
     }
     std::string In(const char* name, std::string_view section, std::string_view key) {
         return Stored(machine.folder.Path(name), section, key);
     }
 };
 
-TEST(PayTableEditorTest, ADeletedTableLeavesNoTraceInTheGameFiles) {
-    ThreeGameFiles t;
-    ManagerRecorder player;
-    auto editor = t.Manager("My Game", 9001, 2);
-    player.answers = {"cancel", "ok"};
-    editor.Delete(player);
-    EXPECT_TRUE(t.Exists("My Game", 2));
+TEST_F(ThreeGameFilesTest, ADeletedTableLeavesNoTraceInTheGameFiles) {
+    auto editor = Manager("My Game", 9001, 2);
+    editor.Delete(player.Saying({"cancel", "ok"}));
+    EXPECT_TRUE(Exists("My Game", 2));
     EXPECT_EQ(player.Take(), "Confirm Delete: Are you sure you want to delete this pay table?");
     editor.Delete(player);
-    EXPECT_EQ(TableChain(t.machine.file, "My Game", t.paths.mainProfile),
-              (std::vector<int>{0, 1, 3}));
-    EXPECT_EQ(t.engine.settings.gameName, "My Game");
-    EXPECT_EQ(t.engine.settings.activeTable, 0);
-    EXPECT_EQ(t.In("game.qdx", "ActiveTbl", "My Game"), "0");
-    EXPECT_EQ(t.In("game.qdx", "My Game(2)", "HandsPlayed"), "(none)");
-    EXPECT_EQ(t.In("a.qdx", "ActiveTbl", "My Game"), "3");
-    EXPECT_EQ(t.In("b.QDX", "ActiveTbl", "My Game"), "0");
-    EXPECT_EQ(t.In("b.QDX", "My Game(3)", "CreditsPlayed"), "13");
+    EXPECT_EQ(TableChain(machine.file, "My Game", paths.mainProfile), (std::vector<int>{0, 1, 3}));
+    EXPECT_EQ(engine.settings.gameName, "My Game");
+    EXPECT_EQ(engine.settings.activeTable, 0);
+    EXPECT_EQ(In("game.qdx", "ActiveTbl", "My Game"), "0");
+    EXPECT_EQ(In("game.qdx", "My Game(2)", "HandsPlayed"), "(none)");
+    EXPECT_EQ(In("a.qdx", "ActiveTbl", "My Game"), "3");
+    EXPECT_EQ(In("b.QDX", "ActiveTbl", "My Game"), "0");
+    EXPECT_EQ(In("b.QDX", "My Game(3)", "CreditsPlayed"), "13");
     EXPECT_EQ(editor.gameName, "");
     EXPECT_EQ(editor.TableIndex(), -1);
     EXPECT_EQ(editor.texts, PayTableTexts());
-    editor.Save(player);
-    EXPECT_EQ(player.log.back(), "Input Error: Game name can not be blank");
+    EXPECT_FALSE(On(editor, kMaxBet) || On(editor, kPayout) || editor.HasOwnTable());
+    EXPECT_FALSE(editor.Save(player)) << "nor anything else, until a game is chosen";
+    editor.ChangeGame(player.Saying({"Jacks or Better"}));
+    EXPECT_TRUE(On(editor, kMaxBet) && !editor.Problem());
 }
 
-TEST(PayTableEditorTest, ADeletedGameLeavesNoTraceAndJacksOrBetterIsPlayed) {
-    ThreeGameFiles t;
-    ManagerRecorder player;
-    auto editor = t.Manager("My Game", 9001, 0);
-    player.answers = {"ok"};
-    editor.MakeActive(player);
+TEST_F(ThreeGameFilesTest, ADeletedGameLeavesNoTraceAndJacksOrBetterIsPlayed) {
+    auto editor = Manager("My Game", 9001, 0);
+    editor.MakeActive(player.Saying({"ok"}));
     editor.Delete(player);
     EXPECT_EQ(player.Take(),
               "Confirm Delete: Deleting the default pay table will delete the entire game? "
               "Continue?");
     EXPECT_FALSE(editor.MadeActive());
-    EXPECT_EQ(t.InMain("User Games", "1"), "9001,User Game 1");
-    EXPECT_EQ(t.engine.settings.gameName, "Jacks or Better");
-    EXPECT_EQ(t.engine.payTable.lines.size(), 9U);
-    t.machine.file.Flush();
-    EXPECT_EQ(t.machine.folder.Read("Tolvane.ini").find("My Game"), std::string::npos);
-    for (const char* name : {"game.qdx", "a.qdx", "b.QDX"}) {
-        EXPECT_EQ(t.machine.folder.Read(name).find("My Game"), std::string::npos) << name;
-    }
-    EXPECT_EQ(t.In("a.qdx", "main", "GameName"), "Jacks or Better");
-    EXPECT_EQ(t.In("b.QDX", "main", "GameName"), "Bonus Poker");
-    EXPECT_EQ(t.In("b.QDX", "Bonus Poker(0)", "CreditsPlayed"), "5");
-    EXPECT_EQ(t.machine.folder.Read("c.txt"), "[main]\nGameName=My Game\n") << "no game file";
+    EXPECT_EQ(InMain("User Games", "1"), "9001,User Game 1");
+    EXPECT_EQ(engine.settings.gameName, "Jacks or Better");
+    EXPECT_EQ(engine.payTable.lines.size(), 9U);
+    ExpectMyGameIsGone();
+    EXPECT_EQ(In("a.qdx", "main", "GameName"), "Jacks or Better");
+    EXPECT_EQ(In("b.QDX", "main", "GameName"), "Bonus Poker");
+    EXPECT_EQ(In("b.QDX", "Bonus Poker(0)", "CreditsPlayed"), "5");
+    EXPECT_EQ(machine.folder.Read("c.txt"), "[main]\nGameName=My Game\n") << "no game file";
 }
 
-TEST(PayTableEditorTest, ARenamedGameKeepsItsStatisticsInAllGameFiles) {
-    ThreeGameFiles t;
-    ManagerRecorder player;
-    auto editor = t.Manager("My Game", 9001, 1);
-    player.answers = {"", "Deuces Wild", "my game", "a]b", "Your Game"};
-    editor.Rename(player);
+TEST_F(ThreeGameFilesTest, ARenamedGameKeepsItsStatisticsInAllGameFiles) {
+    auto editor = Manager("My Game", 9001, 1);
+    editor.Rename(player.Saying({"", "Deuces Wild", "my game", "a]b", "Your Game"}));
     EXPECT_EQ(player.Take(),
               "rename My Game\nInput Error: Game name can not be blank\n"
               "rename My Game\nInput Error: \"Deuces Wild\" already exists\n"
@@ -329,62 +300,48 @@ TEST(PayTableEditorTest, ARenamedGameKeepsItsStatisticsInAllGameFiles) {
               "rename My Game\nInput Error: Game name can not contain ] or = or line breaks, and "
               "can not begin with [\nrename My Game");
     EXPECT_EQ(editor.gameName, "Your Game");
-    EXPECT_EQ(t.InMain("User Games", "1"), "9001,Your Game");
-    EXPECT_EQ(TableChain(t.machine.file, "Your Game", t.paths.mainProfile).size(), 4U);
-    EXPECT_EQ(t.engine.settings.gameName, "Your Game");
-    EXPECT_EQ(t.engine.settings.activeTable, 2);
-    EXPECT_EQ(t.engine.statistics.handsPlayed.total, 77);
-    t.machine.file.Flush();
-    for (const char* name : {"Tolvane.ini", "game.qdx", "a.qdx", "b.QDX"}) {
-        EXPECT_EQ(t.machine.folder.Read(name).find("My Game"), std::string::npos) << name;
-    }
-    EXPECT_EQ(t.In("game.qdx", "Your Game(2)", "HandsPlayed"), "77");
-    EXPECT_EQ(t.In("a.qdx", "main", "GameName"), "Your Game");
-    EXPECT_EQ(t.In("a.qdx", "Your Game(3)", "Err0"), "x");
-    EXPECT_EQ(t.In("b.QDX", "main", "GameName"), "Bonus Poker");
-    EXPECT_EQ(t.In("b.QDX", "ActiveTbl", "Your Game"), "2");
-    player.answers = {"cancel"};
-    editor.Rename(player);
+    EXPECT_EQ(InMain("User Games", "1"), "9001,Your Game");
+    EXPECT_EQ(TableChain(machine.file, "Your Game", paths.mainProfile).size(), 4U);
+    EXPECT_EQ(engine.settings.gameName, "Your Game");
+    EXPECT_EQ(engine.settings.activeTable, 2);
+    EXPECT_EQ(engine.statistics.handsPlayed.total, 77);
+    ExpectMyGameIsGone();
+    EXPECT_EQ(In("game.qdx", "Your Game(2)", "HandsPlayed"), "77");
+    EXPECT_EQ(In("a.qdx", "main", "GameName"), "Your Game");
+    EXPECT_EQ(In("a.qdx", "Your Game(3)", "Err0"), "x");
+    EXPECT_EQ(In("b.QDX", "main", "GameName"), "Bonus Poker");
+    EXPECT_EQ(In("b.QDX", "ActiveTbl", "Your Game"), "2");
+    editor.Rename(player.Saying({"cancel"}));
     EXPECT_EQ(editor.gameName, "Your Game");
 }
 
-TEST(PayTableEditorTest, AGameFileElsewhereIsKeptWhileItIsInUse) {
-    ThreeGameFiles t;
-    ManagerRecorder player;
-    std::filesystem::create_directory(t.machine.folder.Path("else"));
-    t.machine.files.gamePath = t.machine.folder.Path("else/mine.qdx");
-    std::filesystem::rename(t.machine.folder.Path("game.qdx"), t.machine.files.gamePath);
-    auto editor = t.Manager("My Game", 9001, 0);
-    player.answers = {"Your Game"};
-    editor.Rename(player);
-    EXPECT_EQ(t.Stored(t.machine.files.gamePath, "Your Game(2)", "HandsPlayed"), "77");
+TEST_F(ThreeGameFilesTest, AGameFileElsewhereIsKeptWhileItIsInUse) {
+    std::filesystem::create_directory(machine.folder.Path("else"));
+    machine.files.gamePath = machine.folder.Path("else/mine.qdx");
+    std::filesystem::rename(machine.folder.Path("game.qdx"), machine.files.gamePath);
+    auto editor = Manager("My Game", 9001, 0);
+    editor.Rename(player.Saying({"Your Game"}));
+    EXPECT_EQ(Stored(machine.files.gamePath, "Your Game(2)", "HandsPlayed"), "77");
 }
 
-TEST(PayTableEditorTest, MadeActiveFollowsRenamingAndDeleting) {
-    ManagerTable t;
-    ManagerRecorder player;
-    t.MakeMyGame(2);
-    auto editor = t.Manager("My Game", 9001, 1);
+TEST_F(PayTableEditorTest, MadeActiveFollowsRenamingAndDeleting) {
+    auto editor = MyGame(2, 1);
     editor.texts.lines[0].payout = "0";
     editor.MakeActive(player);
     EXPECT_FALSE(editor.MadeActive()) << "not a valid table";
     editor.texts.lines[0].payout = "99";
     editor.MakeActive(player);
-    EXPECT_EQ(t.InMain("My Game(1)", "Payout0"), "99");
-    player.answers = {"Your Game", "ok"};
-    editor.Rename(player);
+    EXPECT_EQ(InMain("My Game(1)", "Payout0"), "99");
+    editor.Rename(player.Saying({"Your Game", "ok"}));
     EXPECT_EQ(editor.MadeActive()->gameName, "Your Game");
     EXPECT_EQ(editor.MadeActive()->tableIndex, 1);
     editor.Delete(player);
     EXPECT_EQ(editor.MadeActive()->tableIndex, 0);
-    EXPECT_EQ(t.engine.settings.gameName, "Jacks or Better");
+    EXPECT_EQ(engine.settings.gameName, "Jacks or Better");
 }
 
-TEST(PayTableEditorTest, ARefusedTableIsNeitherDeletedNorRenamed) {
-    ManagerTable t;
-    ManagerRecorder player;
-    t.MakeMyGame(2);
-    auto editor = t.Manager("My Game", 9001, 1);
+TEST_F(PayTableEditorTest, ARefusedTableIsNeitherDeletedNorRenamed) {
+    auto editor = MyGame(2, 1);
     editor.texts.lines[2].description = "";
     editor.Delete(player);
     editor.Rename(player);
@@ -392,15 +349,13 @@ TEST(PayTableEditorTest, ARefusedTableIsNeitherDeletedNorRenamed) {
               "Input Error: Description can not be blank\nInput Error: Description can not be "
               "blank");
     EXPECT_EQ(player.where, (FieldPlace{kDescription, 2}));
-    EXPECT_TRUE(t.Exists("My Game", 1));
+    EXPECT_TRUE(Exists("My Game", 1));
 }
 
-TEST(PayTableEditorTest, OnAFullDiskThePlayerIsToldAndNothingIsLost) {
-    ThreeGameFiles t;
-    ManagerRecorder player;
-    t.machine.file.Flush();
-    const std::string main = t.machine.folder.Read("Tolvane.ini");
-    auto editor = t.Manager("My Game", 9001, 2);
+TEST_F(ThreeGameFilesTest, OnAFullDiskThePlayerIsToldAndNothingIsLost) {
+    machine.file.Flush();
+    const std::string main = machine.folder.Read("Tolvane.ini");
+    auto editor = Manager("My Game", 9001, 2);
     player.answers = {"no", "ok", "Your Game"};
     {
         const FullDisk full(8);
@@ -414,9 +369,9 @@ TEST(PayTableEditorTest, OnAFullDiskThePlayerIsToldAndNothingIsLost) {
               4);
     EXPECT_FALSE(editor.MadeActive());
     EXPECT_EQ(editor.gameName, "My Game");
-    EXPECT_EQ(t.engine.settings.gameName, "My Game");
-    t.machine.file.Flush();
-    EXPECT_EQ(t.machine.folder.Read("Tolvane.ini"), main);
+    EXPECT_EQ(engine.settings.gameName, "My Game");
+    machine.file.Flush();
+    EXPECT_EQ(machine.folder.Read("Tolvane.ini"), main);
 }
 
 }  // namespace

@@ -48,10 +48,15 @@ const char* const kWildsText =
     "You can not specify more than 5 wild cards and they must be 2-9,T,J,Q,K, or A and seperated "
     "by a comma";
 const char* const kMinPairText = "Min pair can be only one character and must 2-9,T,J,Q,K, or A";
+const char* const kMaxBetText =
+    "Max Bet must be numeric, not less than 1 and not greater than 1000";
 const char* const kNeither =
     "You must specify either the number of jokers or a wild card if the Uses Wilds box is checked";
 const char* const kPayoutText = "Payout can not be blank and must be numeric";
 const char* const kMaxPayoutText = "Max Payout can not be blank and must be numeric";
+const char* const kNoDescription = "Description can not be blank";
+const char* const kNoMinPair = "Minimum pair can not be blank if 1 Pair rank is selected";
+const char* const kBlank = "The pay table is blank. You must enter at least one pay line.";
 const char* const kNoQuads =
     "Bonus quad can not be blank if Bonus 4/5 of a Kind or 5K w/1 Wild rank is selected";
 const char* const kQuads =
@@ -65,6 +70,16 @@ const char* const kNeedsWilds =
 
 using Texts = PayTableTexts;
 using enum FormField;
+
+// The second line is of this rank.
+std::function<void(Texts&)> Second(HandRank rank, const char* quads = "",
+                                   const char* kickers = "") {
+    return [=](Texts& table) {
+        table.lines[1] = Line(rank);
+        table.lines[1].bonusQuads = quads;
+        table.lines[1].kickers = kickers;
+    };
+}
 
 const ProblemCase kCases[] = {
     {"valid", [](Texts&) {}, {}, ""},
@@ -83,49 +98,26 @@ const ProblemCase kCases[] = {
     {"two lowest pairs", [](Texts& t) { t.minPair = "J,Q"; }, {kMinPair}, kMinPairText},
     {"blank after the pair", [](Texts& t) { t.minPair = "J "; }, {kMinPair}, kMinPairText},
     {"blank before the pair", [](Texts& t) { t.minPair = " j"; }, {}, ""},
-    {"wild line", [](Texts& t) { t.lines[1] = Line(kFiveWilds); }, {kRank, 1}, kNeedsWilds},
-    {"described by nothing",
-     [](Texts& t) { t.lines[1].description = ""; },
-     {kDescription, 1},
-     "Description can not be blank"},
+    {"bet of 0", [](Texts& t) { t.maxBet = "0"; }, {kMaxBet}, kMaxBetText},
+    {"bet in words", [](Texts& t) { t.maxBet = "5 coins"; }, {kMaxBet}, kMaxBetText},
+    {"no bet", [](Texts& t) { t.maxBet = ""; }, {kMaxBet}, kMaxBetText},
+    {"endless bet", [](Texts& t) { t.maxBet = "99999999999999999999"; }, {kMaxBet}, kMaxBetText},
+    {"high bet", [](Texts& t) { t.maxBet = "1000"; }, {}, ""},
+    {"wild line", Second(kFiveWilds), {kRank, 1}, kNeedsWilds},
+    {"nameless", [](Texts& t) { t.lines[1].description = ""; }, {kDescription, 1}, kNoDescription},
     {"no payout", [](Texts& t) { t.lines[0].payout = ""; }, {kPayout, 0}, kPayoutText},
     {"payout of 0", [](Texts& t) { t.lines[1].payout = "0"; }, {kPayout, 1}, kPayoutText},
     {"word", [](Texts& t) { t.lines[1].maxPayout = "x"; }, {kMaxPayout, 1}, kMaxPayoutText},
-    {"bonus without quads",
-     [](Texts& t) { t.lines[1] = Line(kBonusFourOfAKind); },
-     {kBonusQuads, 1},
-     kNoQuads},
-    {"quads of no rank",
-     [](Texts& t) {
-         t.lines[1] = Line(kBonusFiveOfAKind);
-         t.lines[1].bonusQuads = "2;z";
-     },
-     {kBonusQuads, 1},
-     kQuads},
+    {"bonus without quads", Second(kBonusFourOfAKind), {kBonusQuads, 1}, kNoQuads},
+    {"quads of no rank", Second(kBonusFiveOfAKind, "2;z"), {kBonusQuads, 1}, kQuads},
     {"fourteen kickers",
-     [](Texts& t) {
-         t.lines[1] = Line(kBonusFourOfAKind);
-         t.lines[1].bonusQuads = "a";
-         t.lines[1].kickers = "2,2,2,2,2,2,2,2,2,2,2,2,2,2";
-     },
+     Second(kBonusFourOfAKind, "a", "2,2,2,2,2,2,2,2,2,2,2,2,2,2"),
      {kKickers, 1},
      kTrailers},
-    {"plain quads", [](Texts& t) { t.lines[1] = Line(kFourOfAKind); }, {}, ""},
-    {"pair without a lowest",
-     [](Texts& t) { t.lines[1] = Line(kOnePair); },
-     {kMinPair},
-     "Minimum pair can not be blank if 1 Pair rank is selected"},
-    {"behind the end",
-     [](Texts& t) {
-         t.lines[3] = Line(kFiveWilds);
-         t.lines[3].payout = "";
-     },
-     {},
-     ""},
-    {"no lines",
-     [](Texts& t) { t.lines[0].rank = kUnknown; },
-     {kRank, 0},
-     "The pay table is blank. You must enter at least one pay line."},
+    {"plain quads", Second(kFourOfAKind), {}, ""},
+    {"pair without a lowest", Second(kOnePair), {kMinPair}, kNoMinPair},
+    {"behind the end", [](Texts& t) { t.lines[3] = Line(kFiveWilds); }, {}, ""},
+    {"no lines", [](Texts& t) { t.lines[0].rank = kUnknown; }, {kRank, 0}, kBlank},
 };
 
 class FormProblemTest : public testing::TestWithParam<ProblemCase> {};
@@ -150,13 +142,11 @@ TEST(PayTableFormTest, WildLinesAskForWildCardsAndTheirQuads) {
         EXPECT_FALSE(FindProblem(table)) << "two jacks are wild";
     }
     PayTableTexts table = ValidWild();
-    table.lines[1] = Line(kFiveOfAKindWithOneWild);
+    Second(kFiveOfAKindWithOneWild)(table);
     EXPECT_EQ(FindProblem(table)->text, kNoQuads);
-    table.lines[1] = Line(kFourWilds);
-    table.lines[1].bonusQuads = "x";
+    Second(kFourWilds, "x")(table);
     EXPECT_EQ(FindProblem(table)->text, kQuads);
-    table.lines[1].bonusQuads = "";
-    table.lines[1].kickers = "x";
+    Second(kFourWilds, "", "x")(table);
     EXPECT_EQ(FindProblem(table)->text, kTrailers);
 }
 

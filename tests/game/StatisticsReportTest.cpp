@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <limits>
-#include <sstream>
 
-#include "game/GameEngine.h"
+#include "tests/game/TestMachine.h"
 
 namespace {
 
@@ -66,12 +64,7 @@ std::string Boxes(const GameEngine& engine, std::int64_t now) {
 }
 
 // The stored texts were worked out by hand, to the last blank.
-std::string Stored(const std::string& name) {
-    const std::ifstream file(TOLVANE_TEST_DATA "/statistics-" + name + ".txt", std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+std::string Stored(const std::string& name) { return TestData("statistics-" + name + ".txt"); }
 
 // The line of a text that has this label, without the label and its tab.
 std::string ValuesOf(const std::string& text, const std::string& label) {

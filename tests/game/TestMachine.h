@@ -1,26 +1,43 @@
 // A machine on the shipped pay tables and a game file of its own, with a deck that can be stacked.
 #pragma once
+#include <algorithm>
 #include <fstream>
 
 #include "core/analysis/LineTableCache.h"
 #include "core/profile/ProfileFile.h"
+#include "core/store/DataFiles.h"
 #include "game/Dealing.h"
 #include "game/MachineCommands.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
+
+// A file of tests/data, or by "../" of another folder of the tests.
+inline std::string TestData(const std::string& name) {
+    std::ostringstream text;
+    text << std::ifstream(TOLVANE_TEST_DATA "/" + name, std::ios::binary).rdbuf();
+    return text.str();
+}
 
 class TestMachine {
   public:
     explicit TestMachine(const std::string& game = "Jacks or Better", int gameId = 300)
         : files{file, TOLVANE_DATA_FOLDER "/Tolvane.ini", folder.Write("game.qdx", "[main]\n")} {
         engine.deck.clock = [] { return std::int64_t{1'790'000'000}; };
+        engine.settings.credits = 100;
+        Play(game, gameId);
+    }
+
+    void Play(const std::string& game, int gameId) {
         engine.settings.gameName = game;
         engine.settings.gameId = gameId;
-        engine.settings.credits = 100;
         LoadGame(engine, files, tables);
     }
 
     // The next deal takes these cards, five for the hand and the rest to draw.
+    void Stack(std::string_view cards) {
+        const auto blanks = static_cast<std::size_t>(std::ranges::count(cards, ' '));
+        Stack(cards, blanks + 1);
+    }
     void Stack(std::string_view cards, std::size_t count) {
         const auto codes = Cards(engine.payTable, cards, count);
         auto next = engine.deck.order.begin();
@@ -31,11 +48,30 @@ class TestMachine {
         }
     }
 
+    // What was won.
     int DealOrDraw() { return ::DealOrDraw(engine, files); }
+    int Deal(std::string_view cards) {
+        Stack(cards);
+        return DealOrDraw();
+    }
+    int Draw(HoldMask mask) {
+        Hold(mask);
+        return DealOrDraw();
+    }
 
-    void Hold(HoldMask mask) {
-        for (int i = 0; i < kHandSize; ++i)
-            engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
+    void Hold(HoldMask mask) { HoldCards(engine, mask); }
+
+    // What the counters of the session have counted, "HandsPlayed 2, HandsWon 1"; with "/9" behind
+    // it a total that is another.
+    std::string Counted() const {
+        std::string text;
+        for (const auto& [key, counter] : CounterKeys()) {
+            const auto& [session, total] = engine.statistics.*counter;
+            if (session == 0 && total == 0) continue;
+            text += (text.empty() ? "" : ", ") + std::string(key) + " " + std::to_string(session);
+            if (total != session) text += "/" + std::to_string(total);
+        }
+        return text;
     }
 
     std::string HandText() const {
@@ -48,5 +84,10 @@ class TestMachine {
     ProfileFile file;
     LineTableCache tables;
     GameFiles files;
+    DataFilePaths paths{.folder = folder.Path() + "/",
+                        .releaseFolder = "",
+                        .mainProfile = folder.Path("Tolvane.ini"),
+                        .defaultGame = folder.Path("Default.qdx"),
+                        .analysisCache = folder.Path("Game Analyses.ini")};
     GameEngine engine;
 };

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 
 #include "game/reports/StatisticsReport.h"
 #include "tests/game/TestMachine.h"
@@ -24,6 +25,7 @@
 #include "ui/dialogs/PictureButton.h"
 #include "ui/dialogs/ProgressDialog.h"
 #include "ui/dialogs/RenameGameDialog.h"
+#include "ui/dialogs/ReportBox.h"
 #include "ui/dialogs/SelectGameDialog.h"
 #include "ui/dialogs/StatisticsDialog.h"
 
@@ -84,6 +86,7 @@ TEST(RenameGameDialogTest, NamesThatAFileCannotKeepAreRefused) {
                           ReadMessage(caption, text), Press(Qt::Key_Escape)};
         EXPECT_EQ(dialog.exec(), QDialog::Rejected) << typed;
         EXPECT_EQ(caption, "Input Error") << typed;
+        EXPECT_TRUE(text.startsWith("Game name can not")) << typed;
     }
 }
 
@@ -171,7 +174,6 @@ TEST(ProgressDialogTest, TheMeterStopsTheWorkWhenItIsCancelled) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
         ProgressDialog meter("Hands played...0%", nullptr);
         Show(meter);
-        EXPECT_FALSE(meter.isModal());
         EXPECT_TRUE(meter.Show("Hands played...37%", 37));
         EXPECT_EQ(Part<QLineEdit>(meter, "text").text(), "Hands played...37%");
         EXPECT_EQ(Part<QProgressBar>(meter, "bar").value(), 37);
@@ -298,6 +300,24 @@ TEST_F(AssignFixedHandDialogTest, PickEmAndTheFifthAceHaveTheirOwnGrid) {
     Open("5 Aces Bonus Poker", 313, {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard});
     Click("card5-1");
     EXPECT_EQ(Button("placeSuit0").Shown(), Picture::kStarsTile);
+}
+
+TEST(ReportBoxTest, ABoxThatIsFittedToItsTextHasNoScrollBar) {
+    const auto fittedWidth = [](const std::string& report) {
+        ReportBox box("box", "Box", nullptr);
+        box.SetTabStops({100, 150});
+        box.ShowReport(report);
+        box.FitToText();
+        box.resize(box.sizeHint());
+        box.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
+        EXPECT_EQ(box.horizontalScrollBar()->maximum(), 0) << report;
+        EXPECT_EQ(box.verticalScrollBar()->maximum(), 0) << report;
+        return box.width();
+    };
+    fittedWidth("label longer than its column and the next one\t1\t2");
+    fittedWidth("label\t1\t2\tbehind\tthe\tlast\tstop\nlabel\t1\t2");
+    EXPECT_NEAR(fittedWidth("label\t1\t2\t"), fittedWidth("label\t1\t2"), 10) << "a tab at the end";
 }
 
 class StatisticsDialogTest : public testing::Test {

@@ -134,6 +134,16 @@ TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
     EXPECT_EQ(Part<QWidget>("knownCard").accessibleName(), "6 of diamonds");
 }
 
+TEST_F(ErrorLogDialogTest, ANameWithAPercentSignIsProposedAsItIs) {
+    Open(1);
+    machine->engine.settings.gameName = "Foo %1";
+    DialogRobot robot{[](QDialog& save) {
+        EXPECT_EQ(save.findChild<QLineEdit*>("fileNameEdit")->text(), "Foo %1 error 1.txt");
+        save.reject();
+    }};
+    Part<ReportBox>("entry").saveAs();
+}
+
 TEST_F(ErrorLogDialogTest, WhatIsShownCanBeCopiedAndSaved) {
     Open(2);
     Type(Qt::Key_End);

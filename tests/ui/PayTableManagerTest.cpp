@@ -208,6 +208,57 @@ TEST(PayTableManagerTest, TheLineUnderTheTableFollowsTyping) {
     QTRY_COMPARE_WITH_TIMEOUT(m.Live(), QString("Return 99.5439%  Variance 19.51"), 20000);
 }
 
+TEST(PayTableManagerTest, TheLineTellsOfANameThatCannotBeSaved) {
+    OpenManager m("User Game 1", 9001, true);
+    m.editor.texts = ReadPayTableTexts(m.Files(), "Jacks or Better", 0);
+    auto& name = m.Part<QLineEdit>("gameName");
+    name.selectAll();
+    QTest::keyClick(&name, Qt::Key_Delete);
+    QTRY_COMPARE(m.Live(), QString("Game name can not be blank"));
+    QTest::keyClicks(&name, "Deuces Wild");
+    QTRY_VERIFY(m.Live().startsWith("\"Deuces Wild\" already exists."));
+    QTest::keyClicks(&name, "r");
+    QTRY_COMPARE_WITH_TIMEOUT(m.Live(), QString("Return 99.5439%  Variance 19.51"), 20000);
+}
+
+TEST(PayTableManagerTest, WhatWasDoneIsSaidUntilTheNextChange) {
+    OpenManager m("Jacks or Better", 300);
+    QTest::mouseClick(&m.Part<QPushButton>("makeActive"), Qt::LeftButton);
+    EXPECT_TRUE(m.Live().startsWith("Table 0 is saved and active.")) << m.Live().toStdString();
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m.Live(), QString("Table 0 is saved and active.  Return 99.5439%  Variance 19.51"), 20000);
+    QTest::mouseClick(&m.Part<QPushButton>("addTable"), Qt::LeftButton);
+    EXPECT_TRUE(m.Live().startsWith("Table 1 is saved.")) << m.Live().toStdString();
+    QTest::keyClicks(&m.Part<QLineEdit>("maxBet"), "0");
+    EXPECT_FALSE(m.Live().contains("saved")) << m.Live().toStdString();
+}
+
+TEST(PayTableManagerTest, AfterADeletionNothingIsOfferedButAnotherGame) {
+    Machine m;
+    m.MakeMyGame(2);
+    DialogRobot robot{
+        ClickOn("deleteTable"),
+        AnswerQuestion("Are you sure", QMessageBox::Ok),
+        Expect([](QDialog& dialog) {
+            for (const char* name :
+                 {"saveTable", "makeActive", "addTable", "clear", "loadTemplate", "renameGame",
+                  "deleteTable", "nextTable", "prevTable", "maxBet", "rank0", "payout0"}) {
+                EXPECT_FALSE(IsOn(dialog, name)) << name;
+            }
+            EXPECT_EQ(dialog.findChild<QLabel*>("live")->text(),
+                      "This pay table is deleted. Choose another one with Change Game.");
+            EXPECT_EQ(dialog.focusWidget()->objectName(), "changeGame");
+        }),
+        Press(Qt::Key_Space),
+        ChooseGameNamed("My Game"),
+        ExpectText("index", "0"),
+        Expect([](QDialog& dialog) { EXPECT_TRUE(IsOn(dialog, "saveTable")); }),
+        ClickOn("done"),
+    };
+    auto editor = m.Manager("My Game", 9001, 1);
+    EXPECT_TRUE(m.manager.Edits(editor));
+}
+
 TEST(PayTableManagerTest, KeysAreTakenWhileTheReturnIsReckoned) {
     OpenManager m("My Game", 9001, true);
     m.editor.texts = ReadPayTableTexts(m.Files(), "One-Eyed Jacks", 0);

@@ -59,6 +59,30 @@ TEST_F(WindowPlayerTest, AQuestionIsYesOnlyWhenYesIsChosen) {
     EXPECT_TRUE(answered(Press(Qt::Key_Y, Qt::AltModifier)));
 }
 
+TEST_F(WindowPlayerTest, WhatIsAskedLeavesTheCardsToBeSeen) {
+    window.resize(800, 600);
+    window.move(100, 50);
+    const int middle = window.mapToGlobal(window.rect().center()).y();
+    int top = 0;
+    int bottom = middle;
+    const auto look = [&](QDialog& dialog) {
+        top = dialog.frameGeometry().top();
+        bottom = dialog.frameGeometry().bottom();
+        dialog.reject();
+    };
+    DialogRobot robot{look, look, look};
+    const auto expectAbove = [&](const char* what) {
+        EXPECT_GE(top, window.geometry().top()) << what;
+        EXPECT_LT(bottom, middle) << what;
+    };
+    player.SaysYes("Double Up Tie", "Do you wish to play again?");
+    expectAbove("question");
+    player.IsTold("Caption", "Text", MessageIcon::kNone);
+    expectAbove("message");
+    player.GoesOnAfterError("A____ is the best play for this hand. Continue?");
+    expectAbove("play error");
+}
+
 TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIcon) {
     const auto icon = [this](MessageIcon told) {
         QMessageBox::Icon shown = QMessageBox::Question;
@@ -122,6 +146,8 @@ TEST_F(WindowPlayerTest, AWindowThatClosesReplacesNoFile) {
 TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     TestMachine machine;
     auto running = player.SeesProgress("Hands played...0%");
+    const QWidget* modal = QApplication::activeModalWidget();
+    EXPECT_TRUE(modal && modal->objectName() == "progress") << "nothing else is let through";
     EXPECT_TRUE(running->Show("Hands played...1%", 1));
     player.RefuseAll();
     EXPECT_FALSE(running->Show("Hands played...2%", 2));

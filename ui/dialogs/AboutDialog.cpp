@@ -31,5 +31,6 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     layout->setSpacing(side / 3);
     layout->addLayout(top);
     layout->addWidget(buttons);
+    MakeRoomForCaption(*this);
     buttons->button(QDialogButtonBox::Ok)->setFocus();
 }

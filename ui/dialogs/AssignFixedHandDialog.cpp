@@ -15,6 +15,7 @@
 #include "ui/art/PictureStore.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/PictureButton.h"
+#include "ui/dialogs/PlaceButtons.h"
 #include "ui/dialogs/SmallCard.h"
 
 namespace {
@@ -118,7 +119,8 @@ void AssignFixedHandDialog::AddCard(QGridLayout& layout, int row, int column, Pl
         button->setObjectName(QString("joker%1").arg(card.suit + 1));
         button->setAccessibleName(tr("joker %1").arg(card.suit + 1));
     } else {
-        button->setObjectName(QString("card%1-%2").arg(card.suit).arg(card.rank));
+        button->setObjectName(
+            QString("card%1-%2").arg(QString::number(card.suit), QString::number(card.rank)));
         button->setAccessibleName(NameOf(card));
     }
     button->installEventFilter(this);
@@ -135,22 +137,13 @@ QWidget* AssignFixedHandDialog::MakePlaces() {
     for (int number = 0; number < kPlaces; ++number) {
         auto* frame = new PlaceFrame(group);
         frame->setObjectName(QString("place%1").arg(number));
-        auto* rank = new PictureButton(store, kRankTile, frame);
-        rank->setObjectName(QString("placeRank%1").arg(number));
-        auto* suit = new PictureButton(store, kSuitTile, frame);
-        suit->setObjectName(QString("placeSuit%1").arg(number));
-        rank->setFocusPolicy(Qt::StrongFocus);
-        suit->setFocusPolicy(Qt::NoFocus);  // does what the other one does
-        auto* pair = new QVBoxLayout(frame);
-        pair->setContentsMargins(0, 0, 0, 0);
-        pair->setSpacing(0);
-        for (auto* button : {rank, suit}) {
-            pair->addWidget(button);
-            connect(button, &QToolButton::clicked, this, [this, number] {
-                editor.ClickPlace(number);
-                ShowAll();
-            });
-        }
+        auto* buttons = new PlaceButtons(store, number, frame, [this, number] {
+            editor.ClickPlace(number);
+            ShowAll();
+        });
+        auto* inside = new QVBoxLayout(frame);
+        inside->setContentsMargins(0, 0, 0, 0);
+        inside->addWidget(buttons);
         if (editor.IsPickEm() && number == kPickEmGap) {
             QSizePolicy keepsGap = frame->sizePolicy();
             keepsGap.setRetainSizeWhenHidden(true);
@@ -158,7 +151,7 @@ QWidget* AssignFixedHandDialog::MakePlaces() {
             frame->hide();
         }
         layout->addWidget(frame);
-        places[static_cast<std::size_t>(number)] = {frame, rank, suit};
+        places[static_cast<std::size_t>(number)] = {frame, buttons};
     }
     return group;
 }
@@ -195,7 +188,7 @@ QWidget* AssignFixedHandDialog::MakeButtons() {
         });
     };
     add(tr("&Last Dealt"), "lastDealt", &FixedHandEditor::LastDealt);
-    add(tr("&Clear"), "clear", &FixedHandEditor::Clear);
+    add(tr("Cl&ear"), "clear", &FixedHandEditor::Clear);
     layout->addStretch();
     layout->addWidget(OkAndCancel(*this));
     return row;
@@ -235,14 +228,10 @@ void AssignFixedHandDialog::ShowAll() {
 void AssignFixedHandDialog::ShowPlace(int place) {
     const PlacedCard card = editor.At(place);
     const Place& shown = places[static_cast<std::size_t>(place)];
-    const QString name = tr("place %1, %2").arg(place + 1).arg(NameOf(card));
+    const QString name = tr("place %1, %2").arg(QString::number(place + 1), NameOf(card));
     const bool current = place == editor.CurrentPlace();
     shown.frame->SetCurrent(current);
-    shown.rank->SetPicture(RankPictureOf(card));
-    shown.suit->SetPicture(SuitPictureOf(card));
-    for (auto* button : {shown.rank, shown.suit}) {
-        button->setAccessibleName(current ? tr("%1, the next card goes here").arg(name) : name);
-    }
+    shown.buttons->SetCard(card, current ? tr("%1, the next card goes here").arg(name) : name);
 }
 
 void AssignFixedHandDialog::accept() {

@@ -9,6 +9,7 @@
 
 class PictureButton;
 class PictureStore;
+class PlaceButtons;
 class PlaceFrame;
 class QGridLayout;
 class SmallCard;
@@ -34,8 +35,7 @@ class AssignFixedHandDialog : public QDialog {
     };
     struct Place {
         PlaceFrame* frame;
-        PictureButton* rank;
-        PictureButton* suit;
+        PlaceButtons* buttons;
     };
 
     QWidget* MakeGrid();

@@ -2,8 +2,10 @@
 
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
+#include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/ReportBox.h"
 
 BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
@@ -32,10 +34,13 @@ BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(text);
     layout->addWidget(buttons);
+    MakeRoomForCaption(*this);
     no->setFocus();
 }
 
 void BestPlayErrorDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (beep && !event->spontaneous()) beep();
+    if (event->spontaneous()) return;
+    PlaceNearTop(*this);
+    if (beep) beep();
 }

@@ -32,6 +32,7 @@ CombinationsDialog::CombinationsDialog(QWidget* parent) : QDialog(parent) {
     layout->addRow(tr("Cards to D&raw"), drawn);
     layout->addRow(tr("&Combinations"), result);
     layout->addRow(buttons);
+    MakeRoomForCaption(*this);
     cards->setFocus();
 }
 

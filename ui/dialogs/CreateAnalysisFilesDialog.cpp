@@ -51,6 +51,7 @@ CreateAnalysisFilesDialog::CreateAnalysisFilesDialog(const AnalysisFilePaths& fi
                         "strategy. The file will be named %1.")
                          .arg(QString::fromStdString(files.detail)));
     layout->addWidget(OkAndCancel(*this));
+    MakeRoomForCaption(*this);
     resize(sizeHint().width(), minimumSizeHint().height());
     summary->setFocus();
 }

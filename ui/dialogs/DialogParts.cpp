@@ -1,13 +1,16 @@
 #include "ui/dialogs/DialogParts.h"
 
 #include <QBoxLayout>
+#include <QButtonGroup>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
 #include <QValidator>
 #include <algorithm>
 
@@ -61,6 +64,27 @@ QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest) 
     return box;
 }
 
+QGroupBox* DisplayChoice(std::initializer_list<DisplayOption> options,
+                         const std::function<void(int chosen)>& show, QWidget* parent) {
+    auto* group = new QGroupBox(QObject::tr("Display"), parent);
+    group->setObjectName("display");
+    auto* choice = new QButtonGroup(group);
+    auto* layout = new QHBoxLayout;
+    int number = 0;
+    for (const DisplayOption& option : options) {
+        auto* radio = new QRadioButton(option.caption, group);
+        radio->setObjectName(option.name);
+        radio->setChecked(number == 0);
+        choice->addButton(radio, number++);
+        layout->addWidget(radio);
+    }
+    group->setLayout(layout);
+    QObject::connect(choice, &QButtonGroup::idToggled, group, [show](int chosen, bool checked) {
+        if (checked) show(chosen);
+    });
+    return group;
+}
+
 void MakeRoomForCaption(QDialog& dialog) {
     constexpr int kWindowButtons = 24;  // average characters, with the icon
     const int caption = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
@@ -68,14 +92,29 @@ void MakeRoomForCaption(QDialog& dialog) {
     if (auto* box = qobject_cast<QBoxLayout*>(dialog.layout())) {
         box->addStrut(width);
     } else if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout())) {
-        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addItem(new QSpacerItem(width, 0), 0, 0, 1, grid->columnCount());
+    } else {
+        dialog.setMinimumWidth(std::max(width, dialog.minimumSizeHint().width()));
     }
+}
+
+void PlaceNearTop(QDialog& dialog) {
+    if (!dialog.parentWidget()) return;
+    const QWidget& window = *dialog.parentWidget()->window();
+    const int belowMenu = 3 * window.fontMetrics().lineSpacing();
+    const QPoint place =
+        window.mapToGlobal(QPoint((window.width() - dialog.width()) / 2, belowMenu));
+    const QRect screen = window.screen()->availableGeometry();
+    dialog.move(std::clamp(place.x(), screen.left(),
+                           std::max(screen.left(), screen.right() - dialog.width())),
+                std::max(place.y(), screen.top()));
 }
 
 void LimitToBytes(QLineEdit& box, int longest) { box.setValidator(new ByteLimit(longest, &box)); }
 
-void RefuseInput(QLineEdit& box, const QString& caption, const QString& problem) {
-    QMessageBox message(QMessageBox::Warning, caption, problem, QMessageBox::Ok, box.window());
+void RefuseInput(QLineEdit& box, QMessageBox::Icon icon, const QString& caption,
+                 const QString& problem) {
+    QMessageBox message(icon, caption, problem, QMessageBox::Ok, box.window());
     message.setObjectName("refusal");
     MakeRoomForCaption(message);
     message.exec();

@@ -35,13 +35,14 @@ EnterDollarsDialog::EnterDollarsDialog(int proposed, QWidget* parent) : QDialog(
     layout->addWidget(amount);
     layout->addStretch();
     layout->addWidget(OkAndCancel(*this));
+    MakeRoomForCaption(*this);
     amount->setFocus();
 }
 
 void EnterDollarsDialog::accept() {
     const int typed = WholeDollars(amount->text());
     if (typed < 1 || typed > kMostDollars) {
-        RefuseInput(*amount, tr("Tolvane"),
+        RefuseInput(*amount, QMessageBox::Warning, tr("Tolvane"),
                     tr("Enter an integer between 1 and %1.").arg(kMostDollars));
         return;
     }

@@ -17,6 +17,7 @@
 #include "game/reports/HandReport.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/FileQuestions.h"
+#include "ui/dialogs/FirstDrawCard.h"
 #include "ui/dialogs/ReportBox.h"
 #include "ui/dialogs/SmallCard.h"
 
@@ -51,6 +52,7 @@ ErrorLogDialog::ErrorLogDialog(const GameEngine& engine, const GameFiles& files,
     layout->addWidget(MakeHand(store), 2, 0, 1, 2);
     layout->addWidget(MakeButtons(), 3, 0, 1, 2);
     layout->setRowStretch(1, 1);
+    MakeRoomForCaption(*this);
 
     SetTabStops();
     ShowError(0);
@@ -87,16 +89,9 @@ QWidget* ErrorLogDialog::MakeHand(PictureStore& store) {
         cards->addWidget(places[i]);
     }
     hand->setLayout(cards);
-    auto* known = new QGroupBox(tr("First Draw Card"), row);
-    known->setObjectName("firstDrawCard");
-    knownCard = new SmallCard(store, known);
-    knownCard->setObjectName("knownCard");
-    auto* beside = new QHBoxLayout;
-    beside->addWidget(knownCard);
-    known->setLayout(beside);
-    known->setVisible(IsSneakPeak(engine));
+    knownCard = new FirstDrawCard(engine, store, row);
     layout->addWidget(hand);
-    layout->addWidget(known);
+    layout->addWidget(knownCard);
     layout->addStretch();
     return row;
 }
@@ -192,5 +187,6 @@ void ErrorLogDialog::Save() {
     const QString report = title->text() + '\n' + text->toPlainText() + "\n\n" +
                            summary->accessibleName() + '\n' + summary->toPlainText() + '\n';
     const QString game = QString::fromStdString(engine.settings.gameName);
-    SaveReport(report.toStdString(), tr("%1 error %2.txt").arg(game).arg(index + 1), this);
+    SaveReport(report.toStdString(), tr("%1 error %2.txt").arg(game, QString::number(index + 1)),
+               this);
 }

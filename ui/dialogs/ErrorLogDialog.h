@@ -7,6 +7,7 @@
 
 #include "game/FixedHandEditor.h"
 
+class FirstDrawCard;
 class PictureStore;
 class QLineEdit;
 class QPushButton;
@@ -48,7 +49,7 @@ class ErrorLogDialog : public QDialog {
     ReportBox* text;
     ReportBox* summary;
     std::array<SmallCard*, kPlaces> places{};
-    SmallCard* knownCard;
+    FirstDrawCard* knownCard;
     QPushButton* next;
     QPushButton* previous;
 };

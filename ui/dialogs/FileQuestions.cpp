@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include "core/profile/AtomicFile.h"
+#include "ui/dialogs/DialogParts.h"
 
 namespace {
 
@@ -28,6 +29,7 @@ int MayReplace(const QString& path, QWidget* parent) {
                          QMessageBox::Yes | QMessageBox::No, parent);
     question.setObjectName("replaceFile");
     question.setTextFormat(Qt::PlainText);
+    MakeRoomForCaption(question);
     question.setDefaultButton(QMessageBox::No);
     return question.exec();
 }
@@ -82,5 +84,6 @@ void SaveReport(const std::string& report, QString name, QWidget* parent) {
                         QMessageBox::Ok, parent);
     message.setObjectName("saveFailed");
     message.setTextFormat(Qt::PlainText);
+    MakeRoomForCaption(message);
     message.exec();
 }

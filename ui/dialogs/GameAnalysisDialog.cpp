@@ -169,8 +169,8 @@ void GameAnalysisDialog::ChooseGame(int at) {
 }
 
 void GameAnalysisDialog::Save() {
-    const QString name = tr("%1(%2) analysis.txt")
-                             .arg(QString::fromStdString(pages.GameName()))
-                             .arg(pages.TableIndex());
+    const QString name =
+        tr("%1(%2) analysis.txt")
+            .arg(QString::fromStdString(pages.GameName()), QString::number(pages.TableIndex()));
     SaveReport(report->toPlainText().toStdString() + '\n', name, this);
 }

@@ -1,13 +1,11 @@
 #include "ui/dialogs/HandAnalysisDialog.h"
 
-#include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTabWidget>
@@ -19,8 +17,9 @@
 #include "ui/dialogs/AssignFixedHandDialog.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/FileQuestions.h"
+#include "ui/dialogs/FirstDrawCard.h"
 #include "ui/dialogs/HoldChart.h"
-#include "ui/dialogs/PictureButton.h"
+#include "ui/dialogs/PlaceButtons.h"
 #include "ui/dialogs/ReportBox.h"
 #include "ui/dialogs/SmallCard.h"
 
@@ -37,6 +36,7 @@ bool WantsHandAgain(QWidget* parent) {
                                            "perform a hand analysis"),
                     QMessageBox::Ok | QMessageBox::Cancel, parent);
     box.setObjectName("missingCard");
+    MakeRoomForCaption(box);
     return box.exec() == QMessageBox::Ok;
 }
 
@@ -80,7 +80,8 @@ HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, Q
 
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(MakePlaces());
-    bottom->addWidget(MakeKnownCard());
+    knownCard = new FirstDrawCard(spare, store, this);
+    bottom->addWidget(knownCard);
     bottom->addWidget(change, 0, Qt::AlignBottom);
     bottom->addStretch();
     bottom->addWidget(buttons, 0, Qt::AlignBottom);
@@ -103,7 +104,15 @@ QWidget* HandAnalysisDialog::MakeReportPage() {
     report->saveAs = [this] { Save(); };
     report->setMinimumHeight(kLeastLines * report->fontMetrics().lineSpacing());
     layout->addWidget(report, 1);
-    layout->addWidget(MakeDisplayChoice(), 0, Qt::AlignLeft);
+    const auto show = [this](int chosen) {
+        display = static_cast<HandDisplay>(chosen);
+        ShowReport();
+    };
+    auto* choice = DisplayChoice({{tr("H&ands"), "displayHands"},
+                                  {tr("O&dds"), "displayOdds"},
+                                  {tr("% of R&eturn"), "displayShare"}},
+                                 show, page);
+    layout->addWidget(choice, 0, Qt::AlignLeft);
     return page;
 }
 
@@ -118,63 +127,16 @@ QWidget* HandAnalysisDialog::MakeChartPage() {
     return scroll;
 }
 
-QWidget* HandAnalysisDialog::MakeDisplayChoice() {
-    auto* group = new QGroupBox(tr("Display"), this);
-    group->setObjectName("display");
-    auto* choice = new QButtonGroup(group);
-    auto* layout = new QHBoxLayout(group);
-    const auto add = [&](const QString& caption, const char* name, HandDisplay shown) {
-        auto* radio = new QRadioButton(caption, group);
-        radio->setObjectName(name);
-        choice->addButton(radio, static_cast<int>(shown));
-        layout->addWidget(radio);
-    };
-    add(tr("H&ands"), "displayHands", HandDisplay::kHands);
-    add(tr("O&dds"), "displayOdds", HandDisplay::kOdds);
-    add(tr("% of R&eturn"), "displayShare", HandDisplay::kShareOfReturn);
-    choice->button(static_cast<int>(display))->setChecked(true);
-    connect(choice, &QButtonGroup::idToggled, this, [this](int shown, bool checked) {
-        if (!checked) return;
-        display = static_cast<HandDisplay>(shown);
-        ShowReport();
-    });
-    return group;
-}
-
 QWidget* HandAnalysisDialog::MakePlaces() {
     auto* group = new QGroupBox(tr("Starting Hand"), this);
     group->setObjectName("startingHand");
-    auto* layout = new QHBoxLayout;
-    for (std::size_t number = 0; number < places.size(); ++number) {
-        auto* rank = new PictureButton(store, kRankTile, group);
-        rank->setObjectName(QString("placeRank%1").arg(number));
-        rank->setFocusPolicy(Qt::StrongFocus);
-        auto* suit = new PictureButton(store, kSuitTile, group);
-        suit->setObjectName(QString("placeSuit%1").arg(number));
-        suit->setFocusPolicy(Qt::NoFocus);  // does what the other one does
-        auto* pair = new QVBoxLayout;
-        pair->setSpacing(0);
-        for (auto* button : {rank, suit}) {
-            button->setToolTip(tr("Change Hand"));
-            pair->addWidget(button);
-            connect(button, &QToolButton::clicked, this, &HandAnalysisDialog::ChangeHand);
-        }
-        layout->addLayout(pair);
-        places[number] = {rank, suit};
+    auto* layout = new QHBoxLayout(group);
+    for (int place = 0; place < kPlaces; ++place) {
+        auto* buttons = new PlaceButtons(store, place, group, [this] { ChangeHand(); });
+        buttons->setToolTip(tr("Change Hand"));
+        layout->addWidget(buttons);
+        places[static_cast<std::size_t>(place)] = buttons;
     }
-    group->setLayout(layout);
-    return group;
-}
-
-QWidget* HandAnalysisDialog::MakeKnownCard() {
-    auto* group = new QGroupBox(tr("First Draw Card"), this);
-    group->setObjectName("firstDrawCard");
-    knownCard = new SmallCard(store, group);
-    knownCard->setObjectName("knownCard");
-    auto* layout = new QHBoxLayout;
-    layout->addWidget(knownCard);
-    group->setLayout(layout);
-    group->setVisible(IsSneakPeak(spare));
     return group;
 }
 
@@ -199,10 +161,8 @@ void HandAnalysisDialog::ChangeHand() {
 void HandAnalysisDialog::ShowHand() {
     const auto cards = ShownPlaces(spare);
     for (std::size_t i = 0; i < places.size(); ++i) {
-        const QString name = tr("place %1, %2").arg(i + 1).arg(NameOf(cards[i]));
-        places[i].rank->SetPicture(RankPictureOf(cards[i]));
-        places[i].suit->SetPicture(SuitPictureOf(cards[i]));
-        for (auto* button : {places[i].rank, places[i].suit}) button->setAccessibleName(name);
+        const QString name = tr("place %1, %2").arg(QString::number(i + 1), NameOf(cards[i]));
+        places[i]->SetCard(cards[i], name);
     }
     knownCard->SetCard(CardAt(spare, spare.drawCards[0]));
     ShowReport();
@@ -243,9 +203,9 @@ QString HandAnalysisDialog::NoteOf(HoldMask hold, bool best) const {
     }
     if (names.isEmpty()) names.append(tr("nothing"));
     return tr("%1 %2\nreturns $%3\n%4 draws, %5 of them win")
-        .arg(best ? tr("Best hold:") : tr("Hold"), names.join(", "))
-        .arg(result.expectedReturn, 0, 'f', 4)
-        .arg(Grouped(result.totalHands), Grouped(result.totalHands - result.nothing));
+        .arg(best ? tr("Best hold:") : tr("Hold"), names.join(", "),
+             QString::number(result.expectedReturn, 'f', 4), Grouped(result.totalHands),
+             Grouped(result.totalHands - result.nothing));
 }
 
 void HandAnalysisDialog::Save() {

@@ -12,12 +12,11 @@
 
 #include "game/reports/HandReport.h"
 
+class FirstDrawCard;
 class HoldChart;
-class PictureButton;
 class PictureStore;
-class QGroupBox;
+class PlaceButtons;
 class ReportBox;
-class SmallCard;
 
 class HandAnalysisDialog : public QDialog {
     Q_OBJECT
@@ -27,16 +26,9 @@ class HandAnalysisDialog : public QDialog {
     HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent);
 
   private:
-    struct Place {
-        PictureButton* rank;
-        PictureButton* suit;
-    };
-
     QWidget* MakeReportPage();
     QWidget* MakeChartPage();
-    QWidget* MakeDisplayChoice();
     QWidget* MakePlaces();
-    QWidget* MakeKnownCard();
     void SetTabStops();
     void ChangeHand();
     void ShowHand();
@@ -50,6 +42,6 @@ class HandAnalysisDialog : public QDialog {
     HandDisplay display = HandDisplay::kHands;
     ReportBox* report;
     HoldChart* chart;
-    std::array<Place, kPlaces> places{};
-    SmallCard* knownCard;
+    std::array<PlaceButtons*, kPlaces> places{};
+    FirstDrawCard* knownCard;
 };

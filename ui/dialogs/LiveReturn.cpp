@@ -1,7 +1,6 @@
 #include "ui/dialogs/LiveReturn.h"
 
 #include "core/analysis/GameAnalysis.h"
-#include "game/PayTableEditor.h"
 
 namespace {
 
@@ -37,22 +36,31 @@ void LiveReturn::Typed() {
 }
 
 void LiveReturn::Changed() {
-    if (!text().isEmpty() && !pause.isActive() && editor.texts == reckoned) return;
+    if (!pause.isActive() && reckoned == Shown()) return ShowLine();
     Wait();
     Begin();
+}
+
+void LiveReturn::Note(const QString& text) {
+    note = text;
+    noted = Shown();
+}
+
+LiveReturn::Subject LiveReturn::Shown() const {
+    return {editor.gameName, editor.GameId(), editor.TableIndex(), editor.texts};
 }
 
 // The last line stays to be read, but it does not hold any more.
 void LiveReturn::Wait() {
     analysis.Cancel();
     pause.stop();
-    setText(told.isEmpty() ? tr("…") : tr("%1 …").arg(told));
-    setEnabled(false);
+    waiting = true;
+    ShowLine();
 }
 
 void LiveReturn::Begin() {
-    reckoned = editor.texts;
-    if (const auto problem = FindProblem(editor.texts)) {
+    reckoned = Shown();
+    if (const auto problem = editor.Problem()) {
         return Tell(QString::fromStdString(LiveText(*problem)));
     }
     PayTable table = TableOf(editor.texts, editor.GameId());
@@ -65,6 +73,14 @@ void LiveReturn::Begin() {
 
 void LiveReturn::Tell(const QString& text) {
     told = text;
-    setText(text);
-    setEnabled(true);
+    waiting = false;
+    ShowLine();
+}
+
+void LiveReturn::ShowLine() {
+    if (noted && noted != Shown()) noted.reset();
+    QString line = told;
+    if (waiting) line = told.isEmpty() ? tr("…") : tr("%1 …").arg(told);
+    setText(noted ? note + "  " + line : line);
+    setEnabled(!waiting);
 }

@@ -1,12 +1,13 @@
 // The line under a pay table that is edited: its exact return and variance a moment after the last
-// change, or what it still lacks. The window stays free meanwhile, and the next change starts over.
+// change, or what it still lacks, and what was last done with it. The window stays free meanwhile,
+// and the next change starts over.
 #pragma once
 #include <QLabel>
 #include <QTimer>
+#include <optional>
 
 #include "game/LiveAnalysis.h"
-
-class PayTableEditor;
+#include "game/PayTableEditor.h"
 
 class LiveReturn : public QLabel {
     Q_OBJECT
@@ -18,21 +19,39 @@ class LiveReturn : public QLabel {
     // What the player types counts when he pauses.
     void Typed();
 
-    // Another table counts at once; the same one is left as it is.
+    // Another table or name counts at once; the same one is left as it is.
     void Changed();
+
+    // Says what has been done with the table, from now until the next change. Changed follows.
+    void Note(const QString& text);
 
   signals:
     // From the thread of the analysis.
     void Reckoned(quint64 run, double returnPercent, double variance);
 
   private:
+    // All that the line depends on.
+    struct Subject {
+        std::string gameName;
+        int gameId = 0;
+        int tableIndex = 0;
+        PayTableTexts texts;
+
+        bool operator==(const Subject&) const = default;
+    };
+
+    Subject Shown() const;
     void Wait();
     void Begin();
     void Tell(const QString& text);
+    void ShowLine();
 
     const PayTableEditor& editor;
-    PayTableTexts reckoned;  // what the line is about, or will be when it is reckoned
-    QString told;            // the last line that was no waiting
+    std::optional<Subject> reckoned;  // what the line is about, or will be when it is reckoned
+    QString told;                     // the last return or problem
+    bool waiting = false;             // for the next one
+    QString note;
+    std::optional<Subject> noted;  // for which the note holds
     QTimer pause;
     LiveAnalysis analysis;  // last, so that it ends before what it tells
 };

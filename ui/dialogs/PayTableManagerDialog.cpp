@@ -22,10 +22,12 @@
 
 namespace {
 
-constexpr int kLongestText = 80;   // bytes
+constexpr int kLongestText = 80;  // bytes
+constexpr int kPayoutColumn = 2;
 constexpr int kOfferedRanks = 17;  // the last two are in tables made elsewhere
 constexpr int kEndOfTable = -1;    // data of that entry of a rank list
 constexpr int kNothing = -1;       // selected in a list
+constexpr bool (PayTableEditor::*kAlways)() const = nullptr;
 
 // Turned over, the wheel scrolls the lines instead of changing a rank that nobody looks at.
 class RankList : public QComboBox {
@@ -64,6 +66,7 @@ QLabel* Caption(const QString& text, QWidget* buddy) {
 QMessageBox::StandardButton Ask(QMessageBox& box, const char* name,
                                 QMessageBox::StandardButton otherwise) {
     box.setObjectName(name);
+    MakeRoomForCaption(box);
     box.setDefaultButton(otherwise);
     box.setEscapeButton(QMessageBox::Cancel);
     return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -99,7 +102,7 @@ QWidget* PayTableManagerDialog::MakeGameBand() {
     index = TypingBox(*this, "index", 4, kLongestText);
     index->setReadOnly(true);
     index->setMaximumWidth(index->minimumWidth() * 2);
-    layout->addWidget(Caption(tr("Index"), index));
+    layout->addWidget(Caption(tr("Inde&x"), index));
     layout->addWidget(index);
     return band;
 }
@@ -153,16 +156,19 @@ QWidget* PayTableManagerDialog::MakeLines() {
     lines->setWidgetResizable(true);
     auto* content = new QWidget(lines);
     auto* layout = new QGridLayout(content);
-    const QStringList captions = {tr("Hand Rank"),  tr("Description"), tr("Payout"),
+    const QStringList captions = {tr("Hand Rank"),  tr("Description"), tr("Pa&yout"),
                                   tr("Max Payout"), tr("Bonus/Quads"), tr("Kicker"),
                                   tr("Wilds OK")};
+    QList<QLabel*> headings;
     for (int column = 0; column < captions.size(); ++column) {
-        layout->addWidget(new QLabel(captions[column], content), 0, column + 1);
+        headings.append(new QLabel(captions[column], content));
+        layout->addWidget(headings.back(), 0, column + 1);
     }
     layout->setColumnStretch(2, 3);
     layout->setColumnStretch(5, 1);
     layout->setColumnStretch(6, 1);
     for (int line = 0; line < kMaxPayLines; ++line) MakeLine(*layout, line);
+    headings[kPayoutColumn]->setBuddy(ControlAt({FormField::kPayout, 0}));  // a way into the lines
     layout->setRowStretch(kMaxPayLines + 1, 1);
     lines->setWidget(content);
     return lines;
@@ -180,7 +186,7 @@ void PayTableManagerDialog::MakeLine(QGridLayout& layout, int line) {
     const auto add = [&](const QString& caption, const char* name, int shown, std::string& text,
                          FormField field) {
         auto* box = AddText(name + QString::number(line), shown, text, {field, line});
-        box->setAccessibleName(tr("%1, line %2").arg(caption).arg(row));
+        box->setAccessibleName(tr("%1, line %2").arg(caption, QString::number(row)));
         layout.addWidget(box, row, column++);
         return box;
     };
@@ -190,8 +196,10 @@ void PayTableManagerDialog::MakeLine(QGridLayout& layout, int line) {
         box->setAlignment(Qt::AlignRight);
         box->setMaximumWidth(WidthOf(*box, 12));
     }
-    add(tr("Bonus/Quads"), "bonusQuads", 13, texts.bonusQuads, kBonusQuads);
-    add(tr("Kicker"), "kicker", 9, texts.kickers, kKickers);
+    for (auto* box : {add(tr("Bonus/Quads"), "bonusQuads", 18, texts.bonusQuads, kBonusQuads),
+                      add(tr("Kicker"), "kicker", 9, texts.kickers, kKickers)}) {
+        connect(box, &QLineEdit::textChanged, box, &QWidget::setToolTip);
+    }
     auto* wildsOK = AddCheck(
         "", "wildsOK" + QString::number(line), [&texts] { return texts.wildsOK; },
         [&texts](bool checked) { texts.wildsOK = checked; }, {kWildsOK, line});
@@ -203,25 +211,33 @@ QWidget* PayTableManagerDialog::MakeButtons() {
     auto* band = new QWidget(this);
     auto* layout = new QGridLayout(band);
     layout->setContentsMargins(0, 0, 0, 0);
-    previousTable = AddCommand(*layout, 0, 0, tr("&Prev Tbl"), "prevTable",
-                               [this] { editor.GoToPreviousTable(); });
-    nextTable =
-        AddCommand(*layout, 0, 1, tr("&Next Tbl"), "nextTable", [this] { editor.GoToNextTable(); });
-    AddCommand(*layout, 0, 2, tr("C&hange Game"), "changeGame",
-               [this] { editor.ChangeGame(*this); });
-    loadTemplate = AddCommand(*layout, 0, 3, tr("&Load Template"), "loadTemplate",
-                              [this] { editor.LoadTemplate(*this); });
-    AddCommand(*layout, 0, 4, tr("&Clear"), "clear", [this] { editor.Clear(); });
-    auto* save =
-        AddCommand(*layout, 1, 0, tr("&Save Tbl"), "saveTable", [this] { editor.Save(*this); });
+    using Editor = PayTableEditor;
+    AddCommand(*layout, 0, 0, tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable,
+               [this] { editor.GoToPreviousTable(); });
+    AddCommand(*layout, 0, 1, tr("&Next Tbl"), "nextTable", &Editor::HasNextTable,
+               [this] { editor.GoToNextTable(); });
+    auto* changeGame = AddCommand(*layout, 0, 2, tr("C&hange Game"), "changeGame", kAlways,
+                                  [this] { editor.ChangeGame(*this); });
+    AddCommand(*layout, 0, 3, tr("&Load Template"), "loadTemplate", &Editor::HasOwnTable,
+               [this] { editor.LoadTemplate(*this); });
+    AddCommand(*layout, 0, 4, tr("&Clear"), "clear", &Editor::HasTable, [this] { editor.Clear(); });
+    auto* save = AddCommand(*layout, 1, 0, tr("&Save Tbl"), "saveTable", &Editor::HasTable, [this] {
+        if (editor.Save(*this)) NoteTable(tr("Table %1 is saved."));
+    });
     save->setDefault(true);  // Enter, which may be pressed by chance, loses nothing then
-    AddCommand(*layout, 1, 1, tr("Make &Active"), "makeActive",
-               [this] { editor.MakeActive(*this); });
-    renameGame = AddCommand(*layout, 1, 2, tr("&Rename Game"), "renameGame",
-                            [this] { editor.Rename(*this); });
-    deleteTable = AddCommand(*layout, 1, 3, tr("Delete &Tbl"), "deleteTable",
-                             [this] { editor.Delete(*this); });
-    AddCommand(*layout, 1, 4, tr("Add T&bl"), "addTable", [this] { editor.Add(*this); });
+    AddCommand(*layout, 1, 1, tr("Make &Active"), "makeActive", &Editor::HasTable, [this] {
+        if (editor.MakeActive(*this)) NoteTable(tr("Table %1 is saved and active."));
+    });
+    AddCommand(*layout, 1, 2, tr("&Rename Game"), "renameGame", &Editor::HasOwnTable,
+               [this] { editor.Rename(*this); });
+    AddCommand(*layout, 1, 3, tr("D&elete Tbl"), "deleteTable", &Editor::HasOwnTable,
+               [this, changeGame] {
+                   editor.Delete(*this);
+                   if (!editor.HasTable()) changeGame->setFocus();
+               });
+    AddCommand(*layout, 1, 4, tr("Add &Tbl"), "addTable", &Editor::HasTable, [this] {
+        if (editor.Add(*this)) NoteTable(tr("Table %1 is saved."));
+    });
     layout->setColumnStretch(5, 1);
     auto* done = AddButton(*layout, 0, 6, tr("&Done"), "done");
     connect(done, &QPushButton::clicked, this, &QDialog::accept);
@@ -293,8 +309,9 @@ QPushButton* PayTableManagerDialog::AddButton(QGridLayout& layout, int row, int 
 
 QPushButton* PayTableManagerDialog::AddCommand(QGridLayout& layout, int row, int column,
                                                const QString& caption, const char* name,
-                                               std::function<void()> command) {
+                                               Condition isEnabled, std::function<void()> command) {
     auto* button = AddButton(layout, row, column, caption, name);
+    if (isEnabled) conditions.push_back({button, isEnabled});
     connect(button, &QPushButton::clicked, this, [this, command = std::move(command)] {
         command();
         ShowAll();
@@ -317,8 +334,14 @@ void PayTableManagerDialog::ShowAll() {
     }
     for (int line = 0; line < kMaxPayLines; ++line) ShowRank(line);
     index->setText(editor.TableIndex() < 0 ? QString() : QString::number(editor.TableIndex()));
-    ShowButtons();
+    for (const auto& [button, isEnabled] : conditions) {
+        button->setEnabled((editor.*isEnabled)());
+    }
     live->Changed();
+}
+
+void PayTableManagerDialog::NoteTable(const QString& text) {
+    live->Note(text.arg(editor.TableIndex()));
 }
 
 // A rank that is not offered stands in the list of the line that has it.
@@ -331,14 +354,6 @@ void PayTableManagerDialog::ShowRank(int line) {
     }
     list->setCurrentIndex(rank == HandRank::kUnknown ? kNothing : list->findData(number));
     list->setEnabled(editor.IsEnabled({FormField::kRank, line}));
-}
-
-void PayTableManagerDialog::ShowButtons() {
-    previousTable->setEnabled(editor.HasPreviousTable());
-    nextTable->setEnabled(editor.HasNextTable());
-    loadTemplate->setEnabled(editor.CanLoadTemplate());
-    renameGame->setEnabled(editor.CanRename());
-    deleteTable->setEnabled(editor.CanDelete());
 }
 
 QWidget* PayTableManagerDialog::ControlAt(FieldPlace place) const {
@@ -364,6 +379,7 @@ void PayTableManagerDialog::IsTold(const std::string& caption, const std::string
                     QString::fromStdString(text), QMessageBox::Ok, this);
     box.setObjectName("message");
     box.setTextFormat(Qt::PlainText);
+    MakeRoomForCaption(box);
     box.exec();
 }
 

@@ -36,6 +36,12 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
         FieldPlace place;
     };
 
+    using Condition = bool (PayTableEditor::*)() const;
+    struct ConditionalButton {
+        QPushButton* button;
+        Condition isEnabled;
+    };
+
     QWidget* MakeGameBand();
     QWidget* MakeTypeBand();
     QLineEdit* AddSetting(QBoxLayout& layout, const QString& caption, const char* name, int shown,
@@ -52,10 +58,10 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
     QPushButton* AddButton(QGridLayout& layout, int row, int column, const QString& caption,
                            const char* name);
     QPushButton* AddCommand(QGridLayout& layout, int row, int column, const QString& caption,
-                            const char* name, std::function<void()> command);
+                            const char* name, Condition isEnabled, std::function<void()> command);
     void ShowAll();
     void ShowRank(int line);
-    void ShowButtons();
+    void NoteTable(const QString& text);
     QWidget* ControlAt(FieldPlace place) const;
 
     void IsRefused(const std::string& caption, const std::string& text, FieldPlace where) override;
@@ -70,12 +76,8 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
     std::vector<TextField> textFields;
     std::vector<CheckField> checkFields;
     std::vector<QComboBox*> rankLists;  // by line
+    std::vector<ConditionalButton> conditions;
     QLineEdit* index = nullptr;
     QScrollArea* lines = nullptr;
     LiveReturn* live = nullptr;
-    QPushButton* previousTable = nullptr;
-    QPushButton* nextTable = nullptr;
-    QPushButton* loadTemplate = nullptr;
-    QPushButton* renameGame = nullptr;
-    QPushButton* deleteTable = nullptr;
 };

@@ -20,6 +20,7 @@ constexpr int kMostCallsPerLook = 64;
 ProgressDialog::ProgressDialog(const std::string& text, QWidget* parent) : QDialog(parent) {
     setObjectName("progress");
     setWindowTitle(tr("Progress Meter"));
+    setWindowModality(Qt::WindowModal);
     line = new QLineEdit(QString::fromStdString(text), this);
     line->setObjectName("text");
     line->setAccessibleName(tr("Progress"));
@@ -41,6 +42,7 @@ ProgressDialog::ProgressDialog(const std::string& text, QWidget* parent) : QDial
     layout->addWidget(bar);
     layout->addStretch();
     layout->addWidget(buttons);
+    MakeRoomForCaption(*this);
     cancel->setFocus();
 }
 

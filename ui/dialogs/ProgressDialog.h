@@ -1,5 +1,6 @@
-// The meter of long work. It does not keep the player from the other windows. The work may show its
-// progress as often as it likes: most calls cost a few additions.
+// The meter of long work. It keeps the player from the window that it stands over: what he presses
+// there is not kept for when the work is done. The work may show its progress as often as it likes:
+// most calls cost a few additions.
 #pragma once
 #include <QDialog>
 #include <QElapsedTimer>

@@ -11,19 +11,6 @@ namespace {
 
 constexpr int kLongestName = static_cast<int>(kLongestGameName);
 
-QString Problem(const QString& name) {
-    if (name.isEmpty()) return RenameGameDialog::tr("Enter a name for the game.");
-    if (name.toUtf8().size() > kLongestName) {
-        return RenameGameDialog::tr("The name of a game has room for %1 characters at most.")
-            .arg(kLongestName);
-    }
-    if (name.contains(u']') || name.contains(u'=') || name.startsWith(u'[')) {
-        return RenameGameDialog::tr(
-            "The name of a game cannot hold ] or = and cannot begin with [.");
-    }
-    return {};
-}
-
 }  // namespace
 
 RenameGameDialog::RenameGameDialog(const std::string& name, QWidget* parent) : QDialog(parent) {
@@ -39,19 +26,21 @@ RenameGameDialog::RenameGameDialog(const std::string& name, QWidget* parent) : Q
     newName->selectAll();
 
     auto* layout = new QFormLayout(this);
-    layout->addRow(tr("&Old Name"), oldName);
+    layout->addRow(tr("O&ld Name"), oldName);
     layout->addRow(tr("&New Name"), newName);
     layout->addRow(OkAndCancel(*this));
+    MakeRoomForCaption(*this);
     newName->setFocus();
 }
 
 std::string RenameGameDialog::NewName() const { return newName->text().trimmed().toStdString(); }
 
 void RenameGameDialog::accept() {
-    const QString problem = Problem(newName->text().trimmed());
-    if (problem.isEmpty()) {
+    const std::string problem = GameNameProblem(NewName());
+    if (problem.empty()) {
         QDialog::accept();
     } else {
-        RefuseInput(*newName, tr("Input Error"), problem);
+        RefuseInput(*newName, QMessageBox::Critical, tr("Input Error"),
+                    QString::fromStdString(problem));
     }
 }

@@ -1,5 +1,4 @@
-// Asks for a new name of a game. It takes names that the files can keep: not empty, at most
-// kLongestGameName bytes, without ']' and '=', and not beginning with '['.
+// Asks for a new name of a game. It takes names that the files can keep (GameNameProblem).
 #pragma once
 #include <QDialog>
 #include <string>

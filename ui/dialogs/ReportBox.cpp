@@ -6,30 +6,10 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QTextOption>
 #include <QtMath>
 #include <algorithm>
-
-namespace {
-
-// Of a line whose cells begin at the stops; a cell that is too wide goes past its stop to the next.
-qreal LineWidth(const QString& line, const QFontMetricsF& font,
-                const QList<QTextOption::Tab>& stops) {
-    qreal width = 0;
-    bool first = true;
-    for (const QString& cell : line.split(u'\t')) {
-        if (!first) {
-            const auto stop = std::ranges::find_if(
-                stops, [width](const QTextOption::Tab& tab) { return tab.position > width; });
-            if (stop != stops.end()) width = stop->position;
-        }
-        width += font.horizontalAdvance(cell);
-        first = false;
-    }
-    return width;
-}
-
-}  // namespace
 
 ReportBox::ReportBox(const char* name, const QString& accessibleName, QWidget* parent)
     : QPlainTextEdit(parent) {
@@ -52,19 +32,20 @@ void ReportBox::SetTabStops(const QList<qreal>& stops) {
     QList<QTextOption::Tab> tabs;
     for (const qreal stop : stops) tabs.append(QTextOption::Tab(stop, QTextOption::LeftTab));
     option.setTabs(tabs);
+    // Behind the last stop a tab is a character: one that ends a line takes no room.
+    option.setTabStopDistance(QFontMetricsF(font()).averageCharWidth());
     document()->setDefaultTextOption(option);
 }
 
 void ReportBox::FitToText() {
     const QFontMetricsF font(this->font());
-    const auto stops = document()->defaultTextOption().tabs();
-    const QStringList lines = toPlainText().split(u'\n');
+    // The lines as they are laid out: only there a tab has its width, and a font's own spacing may
+    // be a fraction of a pixel less.
     qreal width = 0;
-    for (const QString& line : lines) width = std::max(width, LineWidth(line, font, stops));
-    // The lines as they are laid out: a font's own spacing may be a fraction of a pixel less.
     qreal height = 0;
     for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
         height += blockBoundingRect(line).height();
+        width = std::max(width, line.layout()->lineAt(0).naturalTextWidth());
     }
     const qreal borders = 2 * (frameWidth() + document()->documentMargin());
     // Room for a character and the bar, so that neither bar appears while the text fits.

@@ -38,6 +38,7 @@ SelectGameDialog::SelectGameDialog(const std::vector<std::string>& games,
     layout->addWidget(list);
     layout->addStretch();
     layout->addWidget(buttons);
+    MakeRoomForCaption(*this);
     list->setFocus();
 }
 

@@ -163,8 +163,8 @@ bool ShareChart::event(QEvent* event) {
         const LineShare& share = shares[line];
         const QString text = Spoken(share) + '\n' +
                              tr("%1 % of the bet; variance %2 for each coin")
-                                 .arg(share.percentReturn, 0, 'f', 2)
-                                 .arg(share.variance, 0, 'f', 4);
+                                 .arg(QString::number(share.percentReturn, 'f', 2),
+                                      QString::number(share.variance, 'f', 4));
         QToolTip::showText(help.globalPos(), text, this, row.toAlignedRect());
         return true;
     }

@@ -1,14 +1,11 @@
 #include "ui/dialogs/StatisticsDialog.h"
 
-#include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -53,11 +50,11 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
     setWindowTitle(tr("Game Play Analysis"));
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName("tabs");
-    tabs->addTab(MakeReports(engine, now), tr("Report"));
+    tabs->addTab(MakeReports(engine, now), tr("R&eport"));
     const bool played = engine.statistics.handsPlayed.session > 0;
     tabs->addTab(new CreditChart(played ? engine.creditHistory : CreditHistory(),
                                  {engine.settings.showDollar, engine.settings.coin}, tabs),
-                 tr("Session"));
+                 tr("&Session"));
 
     auto* buttons = OkAlone(*this);
     auto* layout = new QVBoxLayout(this);
@@ -75,10 +72,15 @@ QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t no
     AddBox(*layout, 1, 0, tr("Credits"), "credits", {StatisticsCredits(engine)});
     AddBox(*layout, 1, 1, tr("Errors"), "errors", {StatisticsErrors(engine)});
     lines = AddBox(*layout, 0, 1, tr("Pay Table"), "lines", ofLines);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(MakeDisplayChoice());
-    bottom->addStretch();
-    layout->addLayout(bottom, 2, 0, 1, 2);
+    const auto show = [this](int chosen) {
+        lines->ShowReport(lineReports[static_cast<std::size_t>(chosen)]);
+    };
+    auto* choice = DisplayChoice({{tr("&Hands"), "displayHands"},
+                                  {tr("&Frequency"), "displayFrequency"},
+                                  {tr("% of &Return"), "displayShare"}},
+                                 show, reports);
+    choice->layout()->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
+    layout->addWidget(choice, 2, 0, 1, 2, Qt::AlignLeft);
     return reports;
 }
 
@@ -147,28 +149,6 @@ QSize StatisticsDialog::WantedSize() const {
         }
     }
     return sizeHint();
-}
-
-QWidget* StatisticsDialog::MakeDisplayChoice() {
-    auto* group = new QGroupBox(tr("Display"), this);
-    group->setObjectName("display");
-    auto* choice = new QButtonGroup(group);
-    auto* layout = new QHBoxLayout(group);
-    layout->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
-    const auto add = [&](const QString& caption, const char* name, StatisticsDisplay display) {
-        auto* radio = new QRadioButton(caption, group);
-        radio->setObjectName(name);
-        choice->addButton(radio, static_cast<int>(display));
-        layout->addWidget(radio);
-    };
-    add(tr("&Hands"), "displayHands", StatisticsDisplay::kHands);
-    add(tr("&Frequency"), "displayFrequency", StatisticsDisplay::kFrequency);
-    add(tr("% of &Return"), "displayShare", StatisticsDisplay::kShareOfReturn);
-    choice->button(static_cast<int>(StatisticsDisplay::kHands))->setChecked(true);
-    connect(choice, &QButtonGroup::idToggled, this, [this](int display, bool checked) {
-        if (checked) lines->ShowReport(lineReports[static_cast<std::size_t>(display)]);
-    });
-    return group;
 }
 
 void StatisticsDialog::Save() {

@@ -32,7 +32,6 @@ class StatisticsDialog : public QDialog {
     void SetTabStops();
     void FitToScreen();
     QSize WantedSize() const;
-    QWidget* MakeDisplayChoice();
     void Save();
 
     std::string gameName;

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QMessageBox>
+#include <QShowEvent>
 #include <algorithm>
 
 #include "game/Clock.h"
@@ -37,6 +38,24 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+// Asks or tells something in the middle of a hand.
+class FlowBox : public QMessageBox {
+  public:
+    FlowBox(Icon icon, const std::string& caption, const std::string& text, StandardButtons buttons,
+            QWidget& window)
+        : QMessageBox(icon, QString::fromStdString(caption), QString::fromStdString(text), buttons,
+                      &window) {
+        setTextFormat(Qt::PlainText);
+        MakeRoomForCaption(*this);
+    }
+
+  protected:
+    void showEvent(QShowEvent* event) override {
+        QMessageBox::showEvent(event);
+        if (!event->spontaneous()) PlaceNearTop(*this);
+    }
+};
+
 bool IsAccepted(QDialog& dialog) { return dialog.exec() == QDialog::Accepted; }
 
 }  // namespace
@@ -61,11 +80,9 @@ bool WindowPlayer::GoesOnAfterError(const std::string& message) {
 
 bool WindowPlayer::SaysYes(const std::string& caption, const std::string& question) {
     if (refusing) return false;
-    QMessageBox box(QMessageBox::Question, QString::fromStdString(caption),
-                    QString::fromStdString(question), QMessageBox::Yes | QMessageBox::No, &window);
+    FlowBox box(QMessageBox::Question, caption, question, QMessageBox::Yes | QMessageBox::No,
+                window);
     box.setObjectName("question");
-    box.setTextFormat(Qt::PlainText);
-    MakeRoomForCaption(box);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
@@ -73,11 +90,8 @@ bool WindowPlayer::SaysYes(const std::string& caption, const std::string& questi
 
 void WindowPlayer::IsTold(const std::string& caption, const std::string& text, MessageIcon icon) {
     if (refusing) return;
-    QMessageBox box(IconOf(icon), QString::fromStdString(caption), QString::fromStdString(text),
-                    QMessageBox::Ok, &window);
+    FlowBox box(IconOf(icon), caption, text, QMessageBox::Ok, window);
     box.setObjectName("message");
-    box.setTextFormat(Qt::PlainText);
-    MakeRoomForCaption(box);
     box.exec();
 }
 

@@ -109,6 +109,22 @@ TEST(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
     EXPECT_EQ(UserGameName(stored.files, 3), "My Game") << "a built-in game has no slot";
 }
 
+TEST(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
+    ProfileFile file;
+    const PayTableFiles shipped{file, TOLVANE_DATA_FOLDER "/Tolvane.ini", ""};
+    EXPECT_TRUE(ReadPayTableTexts(shipped, "One-Eyed Jacks", 0).lines[14].wildsOK);
+    for (const char* game : {"Deuces Wild", "Joker Poker - Kings or Better", "Jacks or Better"}) {
+        EXPECT_FALSE(ReadPayTableTexts(shipped, game, 0).lines[14].wildsOK) << game;
+    }
+    StoredTables stored;
+    PayTableTexts table = Table(2);
+    table.type = GameType::kOneEyedJacks;
+    ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, table, kNoNeighbours));
+    const auto read = ReadPayTableTexts(stored.files, kMine.name, 0);
+    EXPECT_FALSE(read.lines[1].wildsOK) << "as stored";
+    EXPECT_TRUE(read.lines[2].wildsOK);
+}
+
 TEST(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) {
     StoredTables stored;
     stored.WriteChain(3);

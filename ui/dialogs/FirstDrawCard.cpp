@@ -1,0 +1,17 @@
+#include "ui/dialogs/FirstDrawCard.h"
+
+#include <QHBoxLayout>
+
+#include "game/GameEngine.h"
+#include "ui/dialogs/SmallCard.h"
+
+FirstDrawCard::FirstDrawCard(const GameEngine& engine, PictureStore& store, QWidget* parent)
+    : QGroupBox(tr("First Draw Card"), parent), card(new SmallCard(store, this)) {
+    setObjectName("firstDrawCard");
+    card->setObjectName("knownCard");
+    auto* layout = new QHBoxLayout(this);
+    layout->addWidget(card);
+    setVisible(IsSneakPeak(engine));
+}
+
+void FirstDrawCard::SetCard(const PlacedCard& shown) { card->SetCard(shown); }
