@@ -29,7 +29,7 @@ void WakeProgram(int) {
 CMorvikApp::CMorvikApp(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName("Tolvane");
     setOrganizationName("Tolvane");
-    setApplicationVersion("1.14");
+    setApplicationVersion(TOLVANE_VERSION);
     setDesktopFileName("tolvane");
     setWindowIcon(ProgramIcon());
 }

@@ -18,7 +18,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     icon->setObjectName("icon");
     icon->setAccessibleName(tr("Tolvane's icon"));
     icon->setPixmap(PictureStore().Get(Picture::kIcon, {side, side}, devicePixelRatioF()));
-    auto* text = new QLabel(tr("Tolvane Version 1.14"), this);
+    auto* text = new QLabel(tr("Tolvane Version %1").arg(TOLVANE_VERSION), this);
     text->setObjectName("text");
     auto* buttons = OkAlone(*this);
 
