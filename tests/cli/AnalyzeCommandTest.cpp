@@ -16,15 +16,6 @@ constexpr const char* kCache = "data/Game Analyses.ini";
 
 class AnalyzeCommandTest : public ProgramTest {
   protected:
-    // Three games: one to analyse, one that cannot be, and one of the player's with a single line.
-    void KeepThreeGames() const {
-        folder.Write("data/Tolvane.ini",
-                     "[User Games]\n1=9001,High Aces\n" +
-                         TableText("Jacks or Better(0)", "MinPair=11\n", kNineSix) +
-                         TableText("Sneak Peak Poker(0)", "MinPair=11\n", kNineSix) +
-                         TableText("High Aces(0)", "MinPair=14\n", {{11, "ACES", 1, 5}}));
-    }
-
     // Asks with the named file of the test behind an option.
     Printed AskWithFile(const std::string& arguments, const std::string& file) const {
         return Ask(arguments + " " + InQuotes(folder.Path(file)));
@@ -44,13 +35,10 @@ TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder)
     const Printed run = Ask("analyze 'jacks or better' --json");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.problem, "");  // no progress where no terminal shows it
-    const auto json = nlohmann::ordered_json::parse(run.output);
-    std::vector<std::string> keys;
-    for (const auto& [key, value] : json.items()) keys.push_back(key);
-    EXPECT_EQ(keys, (std::vector<std::string>{"game", "gameId", "table", "bet", "coin", "er",
-                                              "cost", "payoutPercent", "variance", "initHands",
-                                              "initHandsTotal", "representatives", "denominator",
-                                              "lines", "nothing", "seconds"}));
+    const auto json = Json::parse(run.output);
+    EXPECT_EQ(KeysOf(run.output),
+              "game gameId table bet coin er cost payoutPercent variance initHands initHandsTotal "
+              "representatives denominator lines nothing seconds");
     EXPECT_EQ(json["bet"], 5);
     EXPECT_EQ(json["cost"], 5.0 * 2'598'960);
     EXPECT_NEAR(json["payoutPercent"].get<double>(), 99.543904, 5e-7);
@@ -99,8 +87,7 @@ TEST_F(AnalyzeCommandTest, OnlyTheNamedFilesAreWritten) {
     EXPECT_EQ(FirstLine("summary"), "Coin;1.00");
     EXPECT_TRUE(FirstLine("detail").starts_with("Hand;BestPlay;CardsDrawn;ER;"));
     EXPECT_EQ(LineCount("detail"), 1 + 135'746);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(DataFolder()), {}), 1);
-    EXPECT_EQ(folder.Read("data/Tolvane.ini"), PayTablesText());
+    ExpectDataUntouched();
 
     // A folder takes a file of the game's name.
     EXPECT_EQ(AskWithFile("analyze 9002 --summary", "").status, 0);
@@ -138,7 +125,12 @@ TEST_F(AnalyzeCommandTest, TheCacheIsCreatedAndKeepsWhatElseItHolds) {
 }
 
 TEST_F(AnalyzeCommandTest, AllGamesAreAnalysedButThoseThatCannotBe) {
-    KeepThreeGames();
+    // One to analyse, one that cannot be, and one of the player's with a single line.
+    folder.Write("data/Tolvane.ini",
+                 "[User Games]\n1=9001,High Aces\n" +
+                     TableText("Jacks or Better(0)", "MinPair=11\n", kNineSix) +
+                     TableText("Sneak Peak Poker(0)", "MinPair=11\n", kNineSix) +
+                     TableText("High Aces(0)", "MinPair=14\n", {{11, "ACES", 1, 5}}));
     const Printed run = AskWithFile("analyze --all --cache --json --summary", "");
     EXPECT_EQ(run.status, 0);
     EXPECT_NE(run.problem.find("\"Sneak Peak Poker\" is passed over"), std::string::npos);
@@ -160,10 +152,9 @@ TEST_F(AnalyzeCommandTest, AllGamesAreAnalysedButThoseThatCannotBe) {
 TEST_F(AnalyzeCommandTest, CtrlCLeavesWhatIsDoneSoFar) {
     const std::string pipe = InQuotes(folder.Path("pipe"));
     const std::string line = "mkfifo " + pipe + "; (head -n 3; kill -INT $$; cat) <" + pipe +
-                             " >/dev/null & exec " + InQuotes(TOLVANE_CLI) +
-                             " analyze 300 --json --data " + InQuotes(DataFolder()) +
-                             " --cache --detail " + pipe + " >" + InQuotes(folder.Path("output")) +
-                             " 2>" + InQuotes(folder.Path("problem"));
+                             " >/dev/null & exec " +
+                             CommandLine("analyze 300 --json --data " + InQuotes(DataFolder()) +
+                                         " --cache --detail " + pipe);
     EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1);
     const Json json = Json::parse(folder.Read("output"), nullptr, false);
     EXPECT_GT(json["initHandsTotal"], 0);
@@ -195,14 +186,9 @@ TEST_F(AnalyzeCommandTest, BadInputIsNamedInOneLineAndNothingIsWritten) {
         {"analyze --all --summary nowhere", 2, "name a folder"},
     };
     for (const auto& [arguments, status, mention] : bad) {
-        const Printed run = Ask(arguments);
-        EXPECT_EQ(run.status, status) << arguments;
-        EXPECT_EQ(run.output, "") << arguments;
-        EXPECT_NE(run.problem.find(mention), std::string::npos) << run.problem;
-        EXPECT_EQ(run.problem.find('\n'), run.problem.size() - 1) << run.problem;
+        ExpectRefused(arguments, status, {mention});
     }
-    EXPECT_EQ(folder.Read("data/Tolvane.ini"), PayTablesText());
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(DataFolder()), {}), 1);
+    ExpectDataUntouched();
 }
 
 }  // namespace

@@ -8,11 +8,9 @@ class AutoplayCommandTest : public ProgramTest {};
 TEST_F(AutoplayCommandTest, TheSameSeedPlaysTheSameHands) {
     const Printed run = Ask("autoplay 300 --hands 2000 --seed 7 --bet 4 --coin 0.25 --json");
     EXPECT_EQ(run.status, 0) << run.problem;
-    const auto json = nlohmann::ordered_json::parse(run.output);
-    std::vector<std::string> keys;
-    for (const auto& [key, value] : json.items()) keys.push_back(key);
-    EXPECT_EQ(keys, (std::vector<std::string>{"game", "table", "bet", "coin", "hands", "seed",
-                                              "counters", "lines", "return", "handsPerSecond"}));
+    EXPECT_EQ(KeysOf(run.output),
+              "game table bet coin hands seed counters lines return handsPerSecond");
+    const Json json = Json::parse(run.output);
     EXPECT_EQ(json["hands"], 2000);
     EXPECT_EQ(json["seed"], 7);
     const auto& counters = json["counters"];
@@ -26,13 +24,10 @@ TEST_F(AutoplayCommandTest, TheSameSeedPlaysTheSameHands) {
     EXPECT_NEAR(wins / 2000.0, 0.455, 0.05);
     EXPECT_DOUBLE_EQ(json["return"].get<double>(), counters["CreditsWon"].get<double>() / 8000);
 
-    const auto again = nlohmann::ordered_json::parse(
-        Ask("autoplay 300 --hands 2000 --seed 7 --bet 4 --json").output);
+    const Json again = AskForJson("autoplay 300 --hands 2000 --seed 7 --bet 4");
     EXPECT_EQ(again["counters"], counters);
     EXPECT_EQ(again["lines"], json["lines"]);
-    const auto other = nlohmann::ordered_json::parse(
-        Ask("autoplay 300 --hands 2000 --seed 8 --bet 4 --json").output);
-    EXPECT_NE(other["lines"], json["lines"]);
+    EXPECT_NE(AskForJson("autoplay 300 --hands 2000 --seed 8 --bet 4")["lines"], json["lines"]);
 }
 
 TEST_F(AutoplayCommandTest, TextIsTheStatisticsReport) {
@@ -48,10 +43,7 @@ TEST_F(AutoplayCommandTest, BadNumbersAreNamedWithTheirMend) {
     for (const std::string arguments :
          {"300", "300 --hands 0", "300 --hands -5", "300 --hands many", "300 --hands 5 --seed x",
           "300 --hands 5 --seed -1", "300 --hands 5 --bet 9"}) {
-        const Printed run = Ask("autoplay " + arguments);
-        EXPECT_EQ(run.status, 2) << arguments;
-        EXPECT_EQ(run.output, "") << arguments;
-        EXPECT_EQ(std::ranges::count(run.problem, '\n'), 1) << run.problem;
+        ExpectRefused("autoplay " + arguments, 2, {});
     }
 }
 

@@ -23,24 +23,21 @@ struct LineOfTable {
     bool wildsOK = false;
 };
 
-inline const std::vector<LineOfTable> kNineSix = {
-    {0, "ROYAL FLUSH", 250, 4000},
-    {4, "STRAIGHT FLUSH", 50, 250},
-    {5, "4 OF A KIND", 25, 125},
-    {6, "FULL HOUSE", 9, 45},
-    {7, "FLUSH", 6, 30},
-    {8, "STRAIGHT", 4, 20},
-    {9, "3 OF A KIND", 3, 15},
-    {10, "2 PAIR", 2, 10},
-    {11, "JACKS OR BETTER;JACKS", 1, 5},
-};
+inline const std::vector<LineOfTable> kNineSix = {{0, "ROYAL FLUSH", 250, 4000},
+                                                  {4, "STRAIGHT FLUSH", 50, 250},
+                                                  {5, "4 OF A KIND", 25, 125},
+                                                  {6, "FULL HOUSE", 9, 45},
+                                                  {7, "FLUSH", 6, 30},
+                                                  {8, "STRAIGHT", 4, 20},
+                                                  {9, "3 OF A KIND", 3, 15},
+                                                  {10, "2 PAIR", 2, 10},
+                                                  {11, "JACKS OR BETTER;JACKS", 1, 5}};
 inline const std::vector<LineOfTable> kJokerLines = {
     {0, "ROYAL FLUSH", 250, 5000},     {1, "5 OF A KIND", 100, 500, true},
     {3, "WILD ROYAL", 50, 250, true},  {4, "STRAIGHT FLUSH", 50, 250, true},
     {5, "4 OF A KIND", 20, 100, true}, {6, "FULL HOUSE", 10, 50, true},
     {7, "FLUSH", 6, 30, true},         {8, "STRAIGHT", 5, 25, true},
-    {9, "3 OF A KIND", 2, 10, true},   {10, "2 PAIR", 1, 5, true},
-};
+    {9, "3 OF A KIND", 2, 10, true},   {10, "2 PAIR", 1, 5, true}};
 
 inline std::string TableText(const std::string& section, const std::string& settings,
                              const std::vector<LineOfTable>& lines) {
@@ -89,6 +86,16 @@ inline std::string Squeezed(const std::string& line) {
     return squeezed;
 }
 
+// The keys of a JSON object in their order, one blank between them.
+inline std::string KeysOf(const std::string& output) {
+    std::string keys;
+    const auto json = nlohmann::ordered_json::parse(output);
+    for (const auto& [key, value] : json.items()) {
+        keys += (keys.empty() ? "" : " ") + key;
+    }
+    return keys;
+}
+
 inline std::string InQuotes(const std::string& path) { return "'" + path + "'"; }
 
 class ProgramTest : public testing::Test {
@@ -98,14 +105,22 @@ class ProgramTest : public testing::Test {
         folder.Write("data/Tolvane.ini", PayTablesText());
     }
 
+    void ExpectDataUntouched() const {
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(DataFolder()), {}), 1);
+        EXPECT_EQ(folder.Read("data/Tolvane.ini"), PayTablesText());
+    }
+
     std::string DataFolder() const { return folder.Path("data"); }
 
+    std::string CommandLine(const std::string& arguments,
+                            const std::string& program = TOLVANE_CLI) const {
+        return InQuotes(program) + " " + arguments + " >" + InQuotes(folder.Path("output")) +
+               " 2>" + InQuotes(folder.Path("problem"));
+    }
+
     // The arguments are a line of the shell.
-    Printed Shell(const std::string& arguments) const {
-        const std::string line = InQuotes(TOLVANE_CLI) + " " + arguments + " >" +
-                                 InQuotes(folder.Path("output")) + " 2>" +
-                                 InQuotes(folder.Path("problem"));
-        const int status = std::system(line.c_str());
+    Printed Shell(const std::string& arguments, const std::string& program = TOLVANE_CLI) const {
+        const int status = std::system(CommandLine(arguments, program).c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("output"),
                 folder.Read("problem")};
     }
@@ -115,6 +130,18 @@ class ProgramTest : public testing::Test {
         const auto end = std::min(arguments.find(' '), arguments.size());
         return Shell(arguments.substr(0, end) + " --data " + InQuotes(DataFolder()) +
                      arguments.substr(end));
+    }
+
+    // The program prints nothing, and names the problem and what is to mend in one line.
+    void ExpectRefused(const std::string& arguments, int status,
+                       const std::vector<std::string>& mentions) const {
+        const Printed run = Ask(arguments);
+        EXPECT_EQ(run.status, status) << arguments << ": " << run.problem;
+        EXPECT_EQ(run.output, "") << arguments;
+        EXPECT_EQ(run.problem.find('\n'), run.problem.size() - 1) << run.problem;
+        for (const std::string& text : mentions) {
+            EXPECT_NE(run.problem.find(text), std::string::npos) << text << ": " << run.problem;
+        }
     }
 
     Json AskForJson(const std::string& arguments) const {

@@ -2,6 +2,8 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <numeric>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +11,7 @@
 #include "core/analysis/HoldAnalysis.h"
 #include "core/cards/CardTable.h"
 #include "core/cards/CardText.h"
+#include "core/cards/Deck.h"
 #include "core/eval/HandEvaluator.h"
 #include "core/paytable/PayTable.h"
 
@@ -169,6 +172,36 @@ inline std::vector<CardCode> Cards(const PayTable& table, std::string_view text,
     return parsed.cards;
 }
 
+// The next deal takes these cards, and after them those drawn.
+inline void StackDeck(Deck& deck, const PayTable& table, std::string_view cards,
+                      std::size_t count) {
+    auto next = deck.order.begin();
+    for (const CardCode card : Cards(table, cards, count)) {
+        std::iter_swap(next, std::find(next, deck.order.begin() + deck.table.deckSize, card));
+        ++next;
+    }
+}
+
+// The next double up's first card is higher (1), lower (-1) than the dealer's, or of its value (0).
+inline void DecideDuel(Deck& deck, int wanted) {
+    for (std::uint32_t seed = 1;; ++seed) {
+        deck.random.RandomInit(seed);
+        Deck ahead = deck;
+        ahead.Shuffle(5);
+        const auto value = [&](std::size_t at) {
+            const int rank = deck.table.cards[static_cast<std::size_t>(ahead.order[at])].rank;
+            return rank == 1 ? 14 : rank;
+        };
+        const int difference = value(0) - value(4);
+        if ((difference > 0) - (difference < 0) == wanted) return;
+    }
+}
+
+inline CardFace FaceOf(const CardTable& deck, CardCode card) {
+    const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];
+    return {info.rank, info.suit};
+}
+
 inline Hand DealtHand(const CardTable& deck, const std::vector<CardCode>& cards) {
     Hand hand;
     for (std::size_t i = 0; i < kHandSize && i < cards.size(); ++i) {
@@ -191,14 +224,22 @@ inline KnownCards Known(const PayTable& table, std::string_view text) {
     const std::size_t count = pickEm ? 4 : sneakPeak ? 6 : kHandSize;
     const CardTable deck = BuildCardTable(DeckOf(table));
     const auto cards = Cards(table, text, count);
-    const auto face = [&](std::size_t i) {
-        const CardInfo& card = deck.cards[static_cast<std::size_t>(cards.at(i))];
-        return CardFace{card.rank, card.suit};
-    };
     KnownCards known;
     const std::size_t inHand = pickEm ? 3 : kHandSize;
-    for (std::size_t i = 0; i < inHand; ++i) known.hand[i] = face(i);
-    if (count != kHandSize) known.firstDraw = face(inHand);
+    for (std::size_t i = 0; i < inHand; ++i) known.hand[i] = FaceOf(deck, cards.at(i));
+    if (count != kHandSize) known.firstDraw = FaceOf(deck, cards.at(inHand));
+    return known;
+}
+
+// Five cards and a first draw card, which most games do not look at.
+template <class Random>
+KnownCards RandomHand(const CardTable& deck, Random& random) {
+    std::vector<CardCode> cards(static_cast<std::size_t>(deck.deckSize));
+    std::iota(cards.begin(), cards.end(), 0);
+    std::shuffle(cards.begin(), cards.end(), random);
+    KnownCards known;
+    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(deck, cards[i]);
+    known.firstDraw = FaceOf(deck, cards[kHandSize]);
     return known;
 }
 

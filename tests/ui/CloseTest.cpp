@@ -7,13 +7,16 @@
 
 namespace {
 
-constexpr std::string_view kTwoPair = "JS JD TC TH 2S";
-
 class CloseTest : public ProgramTest {
   protected:
-    void DealAndHoldAll(std::string_view cards) {
-        program->Stack(cards, 5);
-        program->Keys({Qt::Key_D, Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5});
+    void DealAndHoldAll() {
+        program->Deal(kJacksAndTens);
+        program->HoldAll();
+    }
+
+    // A step at a dialog.
+    DialogRobot::Step CloseTheWindow() {
+        return [this](QDialog& /*dialog*/) { program->frame->close(); };
     }
 
     // The window asks to be closed as the desktop would ask it, while something else goes on.
@@ -32,34 +35,22 @@ class CloseTest : public ProgramTest {
 };
 
 TEST_F(CloseTest, ExitSavesSettingsAndStatisticsForTheNextStart) {
-    {
-        TestProgram& p = Start();
-        DealAndHoldAll(kTwoPair);
-        p.Key(Qt::Key_D);
-        p.Keys({Qt::Key_B, Qt::Key_B});
-        p.Choose(kExit);
-        ExpectClosed();
-    }
+    Start();
+    DealAndHoldAll();
+    program->Keys({Qt::Key_D, Qt::Key_B, Qt::Key_B});
+    program->Choose(kExit);
+    ExpectClosed();
     EXPECT_EQ(Stored("Credits"), "105");
     EXPECT_EQ(Stored("HandsPlayed", "Jacks or Better(0)"), "1");
     TestProgram& p = Start();
-    EXPECT_EQ(p.Scene().credits, "105");
-    EXPECT_EQ(p.Scene().bet, "2");
+    EXPECT_EQ(p.Meters(), "PRESS DEAL, bet 2, credits 105");
     EXPECT_EQ(p.engine.statistics.handsWon.total, 1);
-    EXPECT_EQ(p.Message(), "PRESS DEAL");
-}
-
-TEST_F(CloseTest, AWindowClosedDuringAHandHasTakenTheBet) {
-    TestProgram& p = Start();
-    p.Key(Qt::Key_D);
-    EXPECT_TRUE(p.frame->close());
-    EXPECT_EQ(Stored("Credits"), "95");
 }
 
 TEST_F(CloseTest, AWindowClosedDuringAnAnimationEndsItAtOnce) {
     Set("Speed", "1");
     TestProgram& p = Start(true);
-    p.Stack(kTwoPair, 5);
+    p.Stack(kJacksAndTens, 5);
     CloseSoon(100);
     QElapsedTimer time;
     time.start();
@@ -72,7 +63,7 @@ TEST_F(CloseTest, AWindowClosedDuringAnAnimationEndsItAtOnce) {
 TEST_F(CloseTest, AWindowClosedDuringACountUpHasPaidTheWholeWin) {
     Set("Speed", "2");
     TestProgram& p = Start(true);
-    DealAndHoldAll(kTwoPair);
+    DealAndHoldAll();
     CloseSoon(100);
     p.Key(Qt::Key_D);
     ExpectClosed();
@@ -82,12 +73,8 @@ TEST_F(CloseTest, AWindowClosedDuringACountUpHasPaidTheWholeWin) {
 TEST_F(CloseTest, AWindowClosedOverAQuestionTakesItBack) {
     Set("Mode", "2");
     TestProgram& p = Start();
-    p.Stack("AS AD KC 9H 2S", 5);
-    p.Key(Qt::Key_D);
-    {
-        DialogRobot robot{[&](QDialog& /*question*/) { p.frame->close(); }};
-        p.Key(Qt::Key_D);
-    }
+    p.Deal("AS AD KC 9H 2S");
+    Answer({CloseTheWindow()}, [&] { p.Key(Qt::Key_D); });
     ExpectClosed();
     EXPECT_EQ(Stored("Credits"), "95");
     EXPECT_EQ(Stored("PlayErrors", "Jacks or Better(0)"), "1");
@@ -95,42 +82,33 @@ TEST_F(CloseTest, AWindowClosedOverAQuestionTakesItBack) {
 
 TEST_F(CloseTest, ADoubleUpThatIsAskedAboutIsCollected) {
     TestProgram& p = Start();
-    DealAndHoldAll(kTwoPair);
+    DealAndHoldAll();
     p.Key(Qt::Key_D);
     p.DecideNextDuel(1);
     p.Key(Qt::Key_U);
-    {
-        DialogRobot robot{[&](QDialog& /*question*/) { p.frame->close(); }};
-        p.Key(Qt::Key_2);
-    }
+    Answer({CloseTheWindow()}, [&] { p.Key(Qt::Key_2); });
     ExpectClosed();
     EXPECT_EQ(Stored("Credits"), "115");
 }
 
 TEST_F(CloseTest, DialogsThatLieOverOneAnotherAllGo) {
     TestProgram& p = Start();
-    {
-        DialogRobot robot{Type("0"), Press(Qt::Key_Return),
-                          [&](QDialog& /*refusal*/) { p.frame->close(); }};
-        p.Choose(kEnterCredits);
-    }
+    Answer({Type("0"), Press(Qt::Key_Return), CloseTheWindow()}, [&] { p.Choose(kEnterCredits); });
     ExpectClosed();
     EXPECT_EQ(Stored("Credits"), "100");
 }
 
-TEST_F(CloseTest, WhatWaitsItsTurnIsNotBegunAnyMore) {
+TEST_F(CloseTest, WhatWaitsItsTurnIsNotBegunAnyMoreAndASecondCloseAsksNothing) {
     TestProgram& p = Start();
-    {
-        DialogRobot robot{[&](QDialog& /*dialog*/) {
-            for (const int command :
-                 {kAbout, kCombinations, kPlayStatistics, kAutoplay, kCashOut}) {
-                p.document->Run(command);
-            }
-            p.frame->close();
-            p.document->Run(kAbout);
-        }};
-        p.Choose(kEnterCredits);
-    }
+    DialogRobot robot{[&](QDialog& /*dialog*/) {
+        for (const int command : {kAbout, kCombinations, kPlayStatistics, kAutoplay, kCashOut}) {
+            p.document->Run(command);
+        }
+        p.frame->close();
+        p.document->Run(kAbout);
+        p.frame->close();
+    }};
+    p.Choose(kEnterCredits);
     ExpectClosed();
     EXPECT_EQ(Stored("Credits"), "100");
 }
@@ -161,81 +139,50 @@ TEST_F(CloseTest, ASessionThatEndsIsNotHeldUpByAFileThatCannotBeSaved) {
     TestProgram& p = Start();
     std::filesystem::remove(folder.Path("Default.qdx"));
     p.document->SaveForNow();
-    QString caption;
-    QString text;
-    DialogRobot robot{ReadMessage(caption, text)};
-    p.Choose(kFileSave);
-    EXPECT_EQ(caption, "Save Error") << "the player is told when he is there";
+    const std::string told = Told([&] { p.Choose(kFileSave); });
+    EXPECT_TRUE(told.starts_with("Save Error: ")) << told << ": the player is there to be told";
 }
 
 TEST_F(CloseTest, AGameThatCannotBeSavedKeepsTheWindowUnlessThePlayerGivesItUp) {
     TestProgram& p = Start();
     std::filesystem::remove(folder.Path("Default.qdx"));
-    QString caption;
-    QString text;
-    {
-        DialogRobot robot{ReadMessage(caption, text), ReadMessage(caption, text)};
-        p.frame->close();
-    }
-    EXPECT_TRUE(text.startsWith("The game could not be saved. Close all the same"))
-        << text.toStdString();
+    std::string told;
+    Answer({Note(told), Note(told)}, [&] { p.frame->close(); });
+    EXPECT_NE(told.find(": The game could not be saved. Close all the same"), std::string::npos)
+        << told;
     EXPECT_TRUE(p.frame->isVisible());
     p.Key(Qt::Key_D);
     EXPECT_FALSE(p.engine.handOver) << "it is played on";
-    {
-        DialogRobot robot{Choose(QMessageBox::Yes)};
-        p.frame->close();
-    }
-    ExpectClosed();
-}
-
-TEST_F(CloseTest, AWindowClosedTwiceOverAQuestionAsksNothingMore) {
-    TestProgram& p = Start();
-    {
-        DialogRobot robot{[&](QDialog& /*dialog*/) {
-            p.frame->close();
-            p.frame->close();
-        }};
-        p.Choose(kEnterCredits);
-    }
+    Answer({Choose(QMessageBox::Yes)}, [&] { p.frame->close(); });
     ExpectClosed();
 }
 
 TEST_F(CloseTest, TheWindowIsFirstMaximizedAndThenAsItWasLeft) {
-    QSize size;
-    {
-        TestProgram& p = Start();
-        EXPECT_TRUE(p.frame->isMaximized());
-        p.frame->showNormal();
-        p.frame->resize(670, 560);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !p.frame->isMaximized(); }));
-        size = p.frame->size();
-        p.frame->close();
-    }
-    TestProgram& p = Start();
-    EXPECT_FALSE(p.frame->isMaximized());
-    EXPECT_EQ(p.frame->size(), size);
+    Start();
+    EXPECT_TRUE(program->frame->isMaximized());
+    program->frame->showNormal();
+    program->frame->resize(670, 560);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program->frame->isMaximized(); }));
+    const QSize size = program->frame->size();
+    program->frame->close();
+    Start();
+    EXPECT_FALSE(program->frame->isMaximized());
+    EXPECT_EQ(program->frame->size(), size);
 }
 
 TEST_F(CloseTest, AStoredErrorLogModeStartsWithPractice) {
     Set("Mode", "4");
     TestProgram& p = Start();
     EXPECT_TRUE(p.engine.fixedHand);
-    QString caption;
-    QString text;
-    DialogRobot robot{ReadMessage(caption, text)};
-    p.Key(Qt::Key_D);
-    EXPECT_EQ(text, "No errors in log");
+    const std::string told = Told([&] { p.Key(Qt::Key_D); });
+    EXPECT_TRUE(told.ends_with(": No errors in log")) << told;
 }
 
 TEST_F(CloseTest, AMissingGameFileIsToldAfterTheStart) {
     std::filesystem::remove(folder.Path("Default.qdx"));
-    QString caption;
-    QString text;
-    DialogRobot robot{ReadMessage(caption, text)};
-    TestProgram& p = Start();
-    EXPECT_EQ(caption, "Save Error");
-    EXPECT_EQ(p.Scene().credits, "$0.00");
+    const std::string told = Told([&] { Start(); });
+    EXPECT_TRUE(told.starts_with("Save Error: ")) << told;
+    EXPECT_EQ(program->Scene().credits, "$0.00");
 }
 
 }  // namespace

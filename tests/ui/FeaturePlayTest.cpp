@@ -3,7 +3,6 @@
 
 namespace {
 
-constexpr std::string_view kNothing = "2S 4D 6C 8H TS";
 constexpr std::string_view kAllRed = "2D 4D 6H 8H TD";
 constexpr int kSpinDraw = 2;
 constexpr int kTargetDraw = 149;
@@ -19,9 +18,9 @@ class FeaturePlayTest : public ProgramTest {
         TestProgram& p = Start();
         p.DecideFeatures(
             [draw](CombinedRandom random) { return draw == 0 || random.IRandom(1, 150) == draw; });
-        p.Stack(cards, 5);
+        p.Deal(cards);
+        p.HoldAll();
         p.Key(Qt::Key_D);
-        p.Keys({Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5, Qt::Key_D});
         EXPECT_EQ(Credits(), 95);
         p.ExpectAtRest("waits");
         return p;
@@ -113,45 +112,26 @@ TEST_F(FeaturePlayTest, TheMenusStillOpenWhileAFeatureWaits) {
 TEST_F(FeaturePlayTest, WhatIsPressedDuringASpinIsDoneAfterIt) {
     TestProgram& p = StartFeature("SpinBonus", kNothing, kSpinDraw);
     p.clock.inPause = [&] { p.Keys({Qt::Key_B, Qt::Key_S, Qt::Key_S}); };
-    QString caption;
-    {
-        DialogRobot robot{[&](QDialog& dialog) {
-            caption += dialog.windowTitle() + ';';
-            dialog.reject();
-        }};
-        p.Key(Qt::Key_S);
-    }
+    EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis")
+        << "what S is for when no spin waits, and once";
     EXPECT_EQ(p.engine.statistics.bonusTries.total, 1);
-    EXPECT_EQ(caption, "Game Play Analysis;") << "what S is for when no spin waits";
     EXPECT_EQ(p.engine.settings.bet, 1);
 }
 
 TEST_F(FeaturePlayTest, APileIsChosenByButtonPlaceOrArrowKey) {
     TestProgram& p = Start("Pick Em Poker", 350);
     const TableLayout& places = p.Places();
-    const auto deal = [&] {
-        p.Stack("KC KD 9D AH 2S KS JH 3C", 8);
-        p.Key(Qt::Key_D);
-        EXPECT_FALSE(p.engine.handOver);
-        p.ExpectAtRest("dealt");
-    };
-    const std::vector<std::function<void()>> right = {[&] { p.Click(places.holdButtons[4]); },
-                                                      [&] { p.Click(places.cards[4]); },
-                                                      [&] { p.Key(Qt::Key_Right); }};
-    const std::vector<std::function<void()>> left = {[&] { p.Click(places.holdButtons[3]); },
-                                                     [&] { p.Click(places.cards[3]); },
-                                                     [&] { p.Key(Qt::Key_Left); }};
-    for (const auto& choose : right) {
-        deal();
-        choose();
-        EXPECT_EQ(p.HandText(), "KC KD KS JH 3C");
-        p.ExpectAtRest("right pile");
-    }
-    for (const auto& choose : left) {
-        deal();
-        choose();
-        EXPECT_EQ(p.HandText(), "KC KD 9D AH 2S");
-        p.ExpectAtRest("left pile");
+    for (const bool right : {false, true}) {
+        const std::size_t pile = right ? 4 : 3;
+        for (const std::function<void()>& choose : std::vector<std::function<void()>>{
+                 [&] { p.Click(places.holdButtons[pile]); }, [&] { p.Click(places.cards[pile]); },
+                 [&] { p.Key(right ? Qt::Key_Right : Qt::Key_Left); }}) {
+            p.Deal("KC KD 9D AH 2S KS JH 3C", 8);
+            p.ExpectAtRest("dealt");
+            choose();
+            EXPECT_EQ(p.HandText(), right ? "KC KD KS JH 3C" : "KC KD 9D AH 2S");
+            p.ExpectAtRest("chosen");
+        }
     }
 }
 
@@ -180,12 +160,9 @@ TEST_F(FeaturePlayTest, OnlyThePilesRespondDuringAPickEmHand) {
 
 TEST_F(FeaturePlayTest, KeyAComposesTheFixedHandThatIsDealtFromThenOn) {
     TestProgram& p = Start();
-    {
-        DialogRobot robot{ClickOn("clear"),    ClickOn("card1-1"), ClickOn("card2-1"),
-                          ClickOn("card3-13"), ClickOn("card4-9"), ClickOn("card1-2"),
-                          ClickOn("ok")};
-        p.Key(Qt::Key_A);
-    }
+    Answer({ClickOn("clear"), ClickOn("card1-1"), ClickOn("card2-1"), ClickOn("card3-13"),
+            ClickOn("card4-9"), ClickOn("card1-2"), ClickOn("ok")},
+           [&] { p.Key(Qt::Key_A); });
     EXPECT_TRUE(p.engine.fixedHand);
     EXPECT_EQ(p.HandText(), "AS AH KC 9D 2S");
     EXPECT_EQ(p.Message(), "HOLD/DRAW");
@@ -200,22 +177,13 @@ TEST_F(FeaturePlayTest, KeyAComposesTheFixedHandThatIsDealtFromThenOn) {
 
 TEST_F(FeaturePlayTest, ARightPressOnDealAsksForTheFixedHandBeforeAndInPractice) {
     TestProgram& p = Start();
-    {
-        DialogRobot robot{Press(Qt::Key_Escape)};
-        p.RightPress(p.Places().deal);
-    }
+    const auto rightPress = [&] { p.RightPress(p.Places().deal); };
+    Answer({Press(Qt::Key_Escape)}, rightPress);
     EXPECT_FALSE(p.engine.fixedHand);
     EXPECT_TRUE(p.engine.handOver);
-    {
-        DialogRobot robot{ClickOn("ok")};
-        p.RightPress(p.Places().deal);
-    }
+    Answer({ClickOn("ok")}, rightPress);
     EXPECT_TRUE(p.engine.fixedHand);
-    const std::string dealt = p.HandText();
-    {
-        DialogRobot robot{ClickOn("clear"), ClickOn("card4-13"), ClickOn("ok")};
-        p.RightPress(p.Places().deal);
-    }
+    Answer({ClickOn("clear"), ClickOn("card4-13"), ClickOn("ok")}, rightPress);
     EXPECT_EQ(p.HandText().substr(0, 2), "KD");
     p.Choose(kFixedHand);
     EXPECT_FALSE(p.engine.fixedHand);
@@ -224,10 +192,7 @@ TEST_F(FeaturePlayTest, ARightPressOnDealAsksForTheFixedHandBeforeAndInPractice)
 
 TEST_F(FeaturePlayTest, APileOfAFixedPickEmHandDealsItAgain) {
     TestProgram& p = Start("Pick Em Poker", 350);
-    {
-        DialogRobot robot{ClickOn("ok")};
-        p.Choose(kFixedHand);
-    }
+    Answer({ClickOn("ok")}, [&] { p.Choose(kFixedHand); });
     ASSERT_TRUE(p.engine.fixedHand);
     const std::string dealt = p.HandText();
     p.Key(Qt::Key_Left);

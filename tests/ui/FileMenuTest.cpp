@@ -15,21 +15,14 @@ class FileMenuTest : public ProgramTest {
             QTest::keyClick(edit, Qt::Key_Return);
         };
     }
-
-    std::string CurrentGame() { return Stored("CurrGame", "main", "Tolvane.ini"); }
 };
 
 TEST_F(FileMenuTest, NewBeginsInAnEmptyGameFile) {
     TestProgram& p = Start();
     p.Keys({Qt::Key_D, Qt::Key_D, Qt::Key_B});
-    {
-        DialogRobot robot{TypeFile("holiday")};
-        p.Key(Qt::Key_N, Qt::ControlModifier);
-    }
+    Answer({TypeFile("holiday")}, [&] { p.Key(Qt::Key_N, Qt::ControlModifier); });
     EXPECT_EQ(p.Title(), "Jacks or Better (holiday.qdx) - Tolvane");
-    EXPECT_EQ(p.Scene().credits, "0");
-    EXPECT_EQ(p.Scene().bet, "5");
-    EXPECT_EQ(p.Message(), "GAME OVER");
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 5, credits 0");
     EXPECT_EQ(p.engine.settings.mode, PlayMode::kWarning);
     EXPECT_EQ(p.engine.statistics.handsPlayed.total, 0);
     EXPECT_EQ(Stored("Mode", "main", "holiday.qdx"), "2");
@@ -42,13 +35,9 @@ TEST_F(FileMenuTest, OpenGoesOnInAnotherGameFile) {
                  "GameName=Deuces Wild\nShowDollar=0\nSpeed=3\n");
     TestProgram& p = Start();
     p.Key(Qt::Key_B);
-    {
-        DialogRobot robot{TypeFile("other.qdx")};
-        p.Key(Qt::Key_O, Qt::ControlModifier);
-    }
+    Answer({TypeFile("other.qdx")}, [&] { p.Key(Qt::Key_O, Qt::ControlModifier); });
     EXPECT_EQ(p.Title(), "Deuces Wild (other.qdx) - Tolvane");
-    EXPECT_EQ(p.Scene().credits, "77");
-    EXPECT_EQ(p.Scene().bet, "2");
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 2, credits 77");
     EXPECT_EQ(p.Scene().coin, 0.25);
     EXPECT_EQ(p.engine.payTable.lines.size(), 10U);
     EXPECT_EQ(Stored("Bet"), "1") << "what was changed before is saved in the old file";
@@ -61,18 +50,13 @@ TEST_F(FileMenuTest, ACancelledOrWrongFileLeavesTheGameAsItIs) {
     folder.Write("letter.qdx", "Dear player\n");
     TestProgram& p = Start();
     const TableScene before = p.Scene();
-    QString caption;
-    QString text;
-    {
-        DialogRobot robot{Press(Qt::Key_Escape), Press(Qt::Key_Escape), Press(Qt::Key_Escape),
-                          TypeFile("letter.qdx"), ReadMessage(caption, text)};
-        p.Choose(kFileNew);
-        p.Choose(kFileOpen);
-        p.Choose(kFileSaveAs);
-        p.Choose(kFileOpen);
+    std::string told;
+    for (const int command : {kFileNew, kFileOpen, kFileSaveAs}) {
+        Answer({Press(Qt::Key_Escape)}, [&] { p.Choose(command); });
     }
-    EXPECT_EQ(caption, "File Error");
-    EXPECT_TRUE(text.contains("is not a game file")) << text.toStdString();
+    Answer({TypeFile("letter.qdx"), Note(told)}, [&] { p.Choose(kFileOpen); });
+    EXPECT_TRUE(told.starts_with("File Error: ")) << told;
+    EXPECT_NE(told.find("is not a game file"), std::string::npos) << told;
     EXPECT_EQ(p.Title(), "Jacks or Better - Tolvane");
     EXPECT_TRUE(p.Scene() == before);
     EXPECT_EQ(folder.Read("letter.qdx"), "Dear player\n");
@@ -90,11 +74,9 @@ TEST_F(FileMenuTest, SaveAsGoesOnInACopyAndAsksBeforeItReplacesAFile) {
     folder.Write("copy.qdx", "[main]\nCredits=1\n");
     TestProgram& p = Start();
     p.Keys({Qt::Key_B, Qt::Key_B});
-    {
-        DialogRobot robot{TypeFile("copy.qdx"), Choose(QMessageBox::No), TypeFile("copy.qdx"),
-                          Choose(QMessageBox::Yes)};
-        p.Choose(kFileSaveAs);
-    }
+    Answer({TypeFile("copy.qdx"), Choose(QMessageBox::No), TypeFile("copy.qdx"),
+            Choose(QMessageBox::Yes)},
+           [&] { p.Choose(kFileSaveAs); });
     EXPECT_EQ(p.Title(), "Jacks or Better (copy.qdx) - Tolvane");
     EXPECT_EQ(Stored("Bet", "main", "copy.qdx"), "2");
     EXPECT_EQ(Stored("Credits", "main", "copy.qdx"), "100");
@@ -102,14 +84,11 @@ TEST_F(FileMenuTest, SaveAsGoesOnInACopyAndAsksBeforeItReplacesAFile) {
 }
 
 TEST_F(FileMenuTest, NextTimeTheGameFileLastUsedIsOpen) {
-    {
-        TestProgram& p = Start();
-        DialogRobot robot{TypeFile("mine.qdx"), Type("250"), Press(Qt::Key_Return)};
-        p.Choose(kFileNew);
-        p.Choose(kEnterCredits);
-        p.frame->close();
-    }
-    EXPECT_EQ(CurrentGame(), folder.Path("mine.qdx"));
+    Start();
+    Answer({TypeFile("mine.qdx")}, [&] { program->Choose(kFileNew); });
+    Answer({Type("250"), Press(Qt::Key_Return)}, [&] { program->Choose(kEnterCredits); });
+    program->frame->close();
+    EXPECT_EQ(Stored("CurrGame", "main", "Tolvane.ini"), folder.Path("mine.qdx"));
     TestProgram& p = Start();
     EXPECT_EQ(p.Title(), "Jacks or Better (mine.qdx) - Tolvane");
     EXPECT_EQ(p.engine.settings.credits, 250);
@@ -118,11 +97,8 @@ TEST_F(FileMenuTest, NextTimeTheGameFileLastUsedIsOpen) {
 TEST_F(FileMenuTest, AFileOpenedInPracticeEndsTheFixedHand) {
     folder.Write("other.qdx", "[main]\nCredits=77\nShowDollar=0\n");
     TestProgram& p = Start();
-    {
-        DialogRobot robot{ClickOn("ok"), TypeFile("other.qdx")};
-        p.Key(Qt::Key_A);
-        p.Choose(kFileOpen);
-    }
+    Answer({ClickOn("ok")}, [&] { p.Key(Qt::Key_A); });
+    Answer({TypeFile("other.qdx")}, [&] { p.Choose(kFileOpen); });
     EXPECT_FALSE(p.engine.fixedHand);
     EXPECT_TRUE(p.engine.handOver);
     EXPECT_EQ(p.Scene().credits, "77");

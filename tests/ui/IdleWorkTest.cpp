@@ -71,16 +71,13 @@ TEST_F(IdleWorkTest, AChangedFileIsWrittenBack) {
 TEST_F(IdleWorkTest, AFileThatCannotBeWrittenIsToldOnce) {
     TestProgram& p = StartIdle();
     PassesUntilAsleep();
-    QString caption;
-    QString text;
     {
         const FullDisk disk(100);
-        {
-            DialogRobot robot{ReadMessage(caption, text)};
+        const std::string told = Told([&] {
             p.Choose(kCoinQuarter);
             PassesUntilAsleep();
-        }
-        EXPECT_EQ(caption, "Save Error");
+        });
+        EXPECT_TRUE(told.starts_with("Save Error: ")) << told;
         p.Choose(kCoinHalf);
         EXPECT_EQ(PassesUntilAsleep(), IdleWork::kMaxCalls) << "without a second message";
     }

@@ -38,13 +38,11 @@ class HugeMeasure : public TextMeasure {
 };
 
 TableLayout Squares(int width, int height, const TableShape& shape = {}) {
-    const auto layout = LayOut({width, height}, shape, SquareMeasure());
-    return layout.value_or(TableLayout{});
+    return LayOut({width, height}, shape, SquareMeasure()).value_or(TableLayout{});
 }
 
 TableLayout Real(QSize client, const TableShape& shape) {
-    const auto layout = LayOut(client, shape, QtTextMeasure());
-    return layout.value_or(TableLayout{});
+    return LayOut(client, shape, QtTextMeasure()).value_or(TableLayout{});
 }
 
 struct NamedPlace {
@@ -90,24 +88,6 @@ Places operator+(Places left, const Places& right) {
     return left;
 }
 
-Places Charlie(const TableLayout& t) { return {{"charlie", t.charlie}}; }
-Places SneakPeak(const TableLayout& t) {
-    return {{"first draw card", t.sneakPeakCard}, {"First Draw Card", t.sneakPeakLabel.rect}};
-}
-Places RedBlack(const TableLayout& t) {
-    return {{"red", t.redPanel},
-            {"black", t.blackPanel},
-            {"choice", t.choiceMark},
-            {"Red or Black?", t.redBlackLabel.rect}};
-}
-Places Spin(const TableLayout& t) {
-    return {{"SPIN button", t.spinButton}, {"spin value", t.spinValue}};
-}
-Places Targets(const TableLayout& t) {
-    Places places;
-    AddEach(places, "target", t.targets);
-    return places;
-}
 // Pick 'Em: the lowest card of each pile looks out behind the upper ones.
 Places Piles(const TableLayout& t) {
     Places places{{"pay table", t.PayTablePanel()}, {"BET ONE", t.betOne}, {"coin", t.coin}};
@@ -152,16 +132,27 @@ std::string Faults(const TableLayout& table, const Places& places) {
 
 // All that can be visible together in a game of this shape.
 std::string FaultsInPlay(const TableLayout& t, const TableShape& shape) {
-    Places deal = Machine(t);
-    if (shape.sneakPeak) deal = deal + SneakPeak(t);
-    if (shape.charlie) deal = deal + Charlie(t);
-    Places over = Machine(t);
-    if (shape.charlie) over = over + Charlie(t);
-    if (shape.redBlack) over = over + RedBlack(t);
+    const Places machine = Machine(t) + (shape.charlie ? Places{{"charlie", t.charlie}} : Places{});
+    Places deal = machine;
+    if (shape.sneakPeak) {
+        deal = deal + Places{{"first draw card", t.sneakPeakCard},
+                             {"First Draw Card", t.sneakPeakLabel.rect}};
+    }
+    Places over = machine;
+    if (shape.redBlack) {
+        over = over + Places{{"red", t.redPanel},
+                             {"black", t.blackPanel},
+                             {"choice", t.choiceMark},
+                             {"Red or Black?", t.redBlackLabel.rect}};
+    }
+    Places targets;
+    AddEach(targets, "target", t.targets);
     std::string faults = Faults(t, deal) + Faults(t, Piles(t)) + Faults(t, DoubleUp(t));
-    if (shape.spin) faults += Faults(t, over + Spin(t));
-    if (shape.target) faults += Faults(t, over + Targets(t));
-    if (!shape.spin && !shape.target) faults += Faults(t, over);
+    if (shape.target) faults += Faults(t, over + targets);
+    if (shape.spin) {
+        over = over + Places{{"SPIN button", t.spinButton}, {"spin value", t.spinValue}};
+    }
+    if (shape.spin || !shape.target) faults += Faults(t, over);
     return faults;
 }
 
@@ -323,10 +314,9 @@ TEST(LayoutTest, NoWindowNoFontAndNoGameIsTooOdd) {
             const TableShape shape{.payLines = lines, .widestPayout = std::string(300, '9')};
             const auto table = LayOut(client, shape, HugeMeasure());
             ASSERT_TRUE(table.has_value());
-            EXPECT_GE(table->payFontHeight, 8);
-            EXPECT_GE(table->labelFontHeight, 8);
-            EXPECT_GE(table->message.fontHeight, 8);
-            EXPECT_GE(table->payoutFontHeight, 8);
+            EXPECT_GE(std::min({table->payFontHeight, table->labelFontHeight,
+                                table->message.fontHeight, table->payoutFontHeight}),
+                      8);
             EXPECT_EQ(table->rows.size(), static_cast<std::size_t>(std::clamp(lines, 0, 15)));
         }
     }

@@ -3,99 +3,10 @@
 #include <QMenuBar>
 
 #include "core/paytable/GameCatalogue.h"
+#include "tests/game/TestMachine.h"
 #include "tests/ui/TestProgram.h"
 
 namespace {
-
-// A line for each entry: command and caption; "--" is a separator.
-constexpr const char* kMenuBarText = R"(&File
- 57600 &New Ctrl+N
- 57601 &Open... Ctrl+O
- 57603 &Save Ctrl+S
- 57604 Save &As...
- --
- 57665 E&xit
-&Edit
- 57643 &Undo Ctrl+Z
- 57635 Cu&t Ctrl+X
- 57634 &Copy Ctrl+C
- 57637 &Paste Ctrl+V
-&Games
- 300 Jacks or Better
- 301 Bonus Poker
- 302 Double Bonus Poker
- 303 Double Double Bonus Poker
- 304 Super Double Bonus Poker
- 305 Super Double Double Bonus
- 306 Bonus Poker Deluxe
- 307 Triple Bonus Poker
- 308 2 Pair Poker
- 309 Aces and Faces
- 310 Double Aces and Faces
- 311 Double Double Aces and Faces
- 312 All American Poker
- 313 5 Aces Bonus Poker
- 314 5 Aces Double Bonus Poker
- 315 5 Aces Double Double Poker
- 317 One-Eyed Jacks
- --
- 330 Deuces Wild
- 331 Deuces and Joker Wild
- 332 Deuces Deluxe
- 333 Sevens Wild
- 334 Bonus Deuces Wild
- 335 Super Bonus Deuces Wild
- --
- 340 Joker Poker - Kings or Better
- 341 Joker Poker - Aces or Better
- 342 Joker Poker - 2 Pair
- 343 Atlantic City 5K Joker Poker
- 344 2 Joker Poker
- 345 4 Joker Poker
- 346 5 Joker Poker
- --
- User Games >
- --
- 350 Pick Em Poker
-&Options
- 400 Cash Out
- 412 Enter Credits
- 401 Reset Statistics to 0
- 404 View Error Log
- 405 Clear Error Log
- 402 Edit Pay Table
- 403 Assign Fixed Hand
- --
- 406 Sound Effects
- 407 Double Up
- 408 Show Credits as Cash
- --
- 411 Calculate Combinations
-&Play Mode
- 500 Casino
- 501 Warning
- 502 AutoHold
- 503 Error Log
- 410 Autoplay
- --
- 504 Fixed Hand
-&Coin
- 600 Nickel
- 601 Quarter
- 602 50 Cents
- 603 Dollar
-&Speed
- 800 Fast
- 801 Normal
- 802 Slow
-&Analyze
- 700 Game Play
- 701 Hand
- 702 Game
-&Help
- 57666 Help Index F1
- 57664 &About Tolvane...
-)";
 
 // Chosen at any time, but for the Edit menu, which never is; all others not while a hand is in
 // play.
@@ -118,6 +29,18 @@ class MenuTest : public ProgramTest {
         return p.frame->findChild<QMenu*>(name);
     }
 
+    std::vector<QAction*> OpenedEntries() {
+        std::vector<QAction*> entries;
+        const auto menus = program->frame->findChildren<QMenu*>();
+        for (auto* menu : menus) emit menu->aboutToShow();
+        for (auto* menu : menus) {
+            for (QAction* action : menu->actions()) {
+                if (action->data().isValid()) entries.push_back(action);
+            }
+        }
+        return entries;
+    }
+
     // The commands with a check mark, by their order in the bar, once the menus are opened.
     std::vector<int> Checked() {
         std::vector<int> checked;
@@ -125,19 +48,6 @@ class MenuTest : public ProgramTest {
             if (action->isChecked()) checked.push_back(action->data().toInt());
         }
         return checked;
-    }
-
-    std::vector<QAction*> OpenedEntries() {
-        std::vector<QAction*> entries;
-        for (auto* menu : program->frame->findChildren<QMenu*>()) {
-            emit menu->aboutToShow();
-        }
-        for (auto* menu : program->frame->findChildren<QMenu*>()) {
-            for (QAction* action : menu->actions()) {
-                if (action->data().isValid()) entries.push_back(action);
-            }
-        }
-        return entries;
     }
 
     void ExpectEnabled(bool likeGameOver, const std::string& when) {
@@ -151,16 +61,6 @@ class MenuTest : public ProgramTest {
             EXPECT_EQ(action->isEnabled(), expected) << id << " " << when;
         }
     }
-
-    void AddUserGame(const std::string& slot, const std::string& value) const {
-        ProfileFile().WriteString("User Games", slot, value, folder.Path("Tolvane.ini"));
-    }
-
-    void GivePayTable(const std::string& game) const {
-        ProfileFile file;
-        const std::string path = folder.Path("Tolvane.ini");
-        file.SetSectionText(game + "(0)", *file.GetSectionText("Deuces Wild(0)", path), path);
-    }
 };
 
 TEST_F(MenuTest, TheMenuBarHoldsItsEntriesInOrder) {
@@ -170,7 +70,8 @@ TEST_F(MenuTest, TheMenuBarHoldsItsEntriesInOrder) {
         text += popup->text().toStdString() + "\n";
         for (const QAction* action : popup->menu()->actions()) text += EntryText(*action);
     }
-    EXPECT_EQ(text, kMenuBarText);
+    // A line for each entry: command and caption; "--" is a separator.
+    EXPECT_EQ(text, TestData("menu-bar.txt"));
 }
 
 TEST_F(MenuTest, MostEntriesAreGreyedWhileAHandIsInPlayButNotInPractice) {
@@ -213,6 +114,8 @@ TEST_F(MenuTest, ACommandThatIsGreyedByTheTimeItsTurnComesDoesNothing) {
 TEST_F(MenuTest, ChecksFollowTheMachine) {
     TestProgram& p = Start();
     EXPECT_EQ(Checked(), (std::vector{300, 406, 407, 500, 603, 800}));
+    for (const int command : {500, 603, 300}) p.Choose(command);
+    EXPECT_EQ(Checked(), (std::vector{300, 406, 407, 500, 603, 800})) << "chosen again, kept";
     for (const int command : {330, 406, 407, 408, 502, 601, 801}) p.Choose(command);
     EXPECT_EQ(Checked(), (std::vector{330, 408, 502, 601, 801}));
     for (const int command : {350, 406, 503, 600, 802}) p.Choose(command);
@@ -226,14 +129,6 @@ TEST_F(MenuTest, ChecksFollowTheMachine) {
     p.Choose(603);
 }
 
-TEST_F(MenuTest, AnEntryChosenAgainKeepsItsCheck) {
-    TestProgram& p = Start();
-    p.Choose(500);
-    p.Choose(603);
-    p.Choose(300);
-    EXPECT_EQ(Checked(), (std::vector{300, 406, 407, 500, 603, 800}));
-}
-
 TEST_F(MenuTest, AGameChangeBringsItsPayTableTitleAndSavesTheSwitch) {
     TestProgram& p = Start();
     EXPECT_EQ(p.Title(), "Jacks or Better - Tolvane");
@@ -245,9 +140,7 @@ TEST_F(MenuTest, AGameChangeBringsItsPayTableTitleAndSavesTheSwitch) {
     EXPECT_NE(p.Places().namePanel, panel) << "laid out for one more line";
     EXPECT_EQ(Stored("GameName"), "Deuces Wild");
     EXPECT_EQ(Stored("GameID"), "330");
-    EXPECT_EQ(p.Scene().bet, "1");
-    EXPECT_EQ(p.Scene().credits, "100");
-    EXPECT_EQ(p.Message(), "GAME OVER");
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 1, credits 100");
     p.Choose(350);
     EXPECT_EQ(p.Scene().places[0].holdButton, ButtonLook::kHidden) << "Pick 'Em holds nothing";
     p.Choose(300);
@@ -256,8 +149,11 @@ TEST_F(MenuTest, AGameChangeBringsItsPayTableTitleAndSavesTheSwitch) {
 }
 
 TEST_F(MenuTest, ThePlayersOwnGamesAreListedAnewAtEachOpening) {
-    AddUserGame("3", "9003,Practice & More");
-    AddUserGame("4", "405,Clear Error Log");  // no number of such a game
+    for (const auto& [slot, game] :
+         {std::pair("3", "9003,Practice & More"),
+          std::pair("4", "405,Clear Error Log")}) {  // no number of such a game
+        ProfileFile().WriteString("User Games", slot, game, folder.Path("Tolvane.ini"));
+    }
     TestProgram& p = Start();
     const auto listed = [&] {
         emit MenuOf(p, "gamesMenu")->aboutToShow();
@@ -276,7 +172,11 @@ TEST_F(MenuTest, ThePlayersOwnGamesAreListedAnewAtEachOpening) {
 }
 
 TEST_F(MenuTest, AGameOfThePlayersOwnIsPlayedOnceItHasAPayTable) {
-    GivePayTable("User Game 2");
+    {
+        ProfileFile file;
+        const std::string path = folder.Path("Tolvane.ini");
+        file.SetSectionText("User Game 2(0)", *file.GetSectionText("Deuces Wild(0)", path), path);
+    }
     TestProgram& p = Start();
     p.Choose(9002);
     EXPECT_EQ(p.Title(), "User Game 2 - Tolvane");
@@ -321,8 +221,8 @@ TEST_F(MenuTest, AMenuLeftWithEscGivesTheKeysBack) {
 TEST_F(MenuTest, AnOpeningMenuEndsACountUp) {
     Set("Speed", "2");
     TestProgram& p = Start();
-    p.Stack("JS JD TC TH 2S", 5);
-    p.Keys({Qt::Key_D, Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5});
+    p.Deal(kJacksAndTens);
+    p.HoldAll();
     QMenu* menu = MenuOf(p, "coinMenu");
     p.clock.inPauseWithInput = [&] {
         QMenuBar& bar = *p.frame->menuBar();
@@ -336,39 +236,24 @@ TEST_F(MenuTest, AnOpeningMenuEndsACountUp) {
     menu->close();
 }
 
-TEST_F(MenuTest, ACoinIsShownAndCountsTheCreditsAnew) {
-    TestProgram& p = Start();
-    p.Choose(kCoinQuarter);
-    EXPECT_EQ(p.Scene().credits, "400");
-    EXPECT_EQ(p.Scene().coin, 0.25);
-    p.Choose(kToggleShowDollar);
-    EXPECT_EQ(p.Scene().credits, "$100.00");
-    EXPECT_EQ(p.Scene().bet, "$1.25");
-}
-
-TEST_F(MenuTest, CreditsAreEnteredAndPaidOutAtAnyTime) {
+TEST_F(MenuTest, CoinsChangeAndCreditsAreEnteredAndPaidOutAtAnyTime) {
     TestProgram& p = Start();
     p.Key(Qt::Key_D);
-    {
-        DialogRobot robot{Type("50"), Press(Qt::Key_Return)};
-        p.Choose(kEnterCredits);
-    }
+    Answer({Type("50"), Press(Qt::Key_Return)}, [&] { p.Choose(kEnterCredits); });
     EXPECT_EQ(p.Scene().credits, "145");
     EXPECT_FALSE(p.engine.handOver);
+    p.Choose(kCoinQuarter);
+    EXPECT_EQ(p.Scene().credits, "580") << "counted anew";
+    EXPECT_EQ(p.Scene().coin, 0.25);
     p.Choose(kCashOut);
-    EXPECT_EQ(p.Scene().credits, "0");
-    EXPECT_EQ(p.Message(), "Paid $145.00");
+    EXPECT_EQ(p.Meters(), "Paid $145.00, bet 5, credits 0");
 }
 
 TEST_F(MenuTest, ResettingFromTheMenuClearsTheErrorLogToo) {
     Set("Mode", "2");
     TestProgram& p = Start();
-    p.Stack("AS AD KC 9H 2S", 5);
-    p.Key(Qt::Key_D);
-    {
-        DialogRobot robot{ClickOn("yes")};
-        p.Key(Qt::Key_D);
-    }
+    p.Deal("AS AD KC 9H 2S");
+    Answer({ClickOn("yes")}, [&] { p.Key(Qt::Key_D); });
     ASSERT_EQ(Stored("NextError", "Jacks or Better(0)"), "1");
     p.Choose(kResetStatistics);
     EXPECT_EQ(Stored("NextError", "Jacks or Better(0)"), "0");
@@ -378,32 +263,19 @@ TEST_F(MenuTest, ResettingFromTheMenuClearsTheErrorLogToo) {
 
 TEST_F(MenuTest, AutoplayPlaysAsManyHandsAsAreEntered) {
     TestProgram& p = Start();
-    QString caption;
-    {
-        DialogRobot robot{Type("25"), Press(Qt::Key_Return), [&](QDialog& dialog) {
-                              caption = dialog.windowTitle();
-                              dialog.reject();
-                          }};
-        p.Choose(kAutoplay);
-    }
+    std::string told;
+    Answer({Type("25"), Press(Qt::Key_Return), Note(told)}, [&] { p.Choose(kAutoplay); });
+    EXPECT_EQ(told, "Game Play Analysis");
     EXPECT_EQ(p.spare.statistics.handsPlayed.session, 25);
-    EXPECT_EQ(caption, "Game Play Analysis");
     EXPECT_EQ(p.engine.statistics.handsPlayed.total, 0) << "apart from the player's machine";
 }
 
 TEST_F(MenuTest, TheSmallDialogsOpen) {
     TestProgram& p = Start();
-    QStringList captions;
-    const auto note = [&](QDialog& dialog) {
-        captions << dialog.windowTitle();
-        dialog.reject();
-    };
-    for (const int command : {kCombinations, kAbout, kPlayStatistics, kAssignFixedHand}) {
-        DialogRobot robot{note};
-        p.Choose(command);
-    }
-    EXPECT_EQ(captions, (QStringList{"Combinations", "About Tolvane", "Game Play Analysis",
-                                     "Assign Fixed Hand"}));
+    EXPECT_EQ(Told([&] { p.Choose(kCombinations); }), "Combinations");
+    EXPECT_EQ(Told([&] { p.Choose(kAbout); }), "About Tolvane");
+    EXPECT_EQ(Told([&] { p.Choose(kPlayStatistics); }), "Game Play Analysis");
+    EXPECT_EQ(Told([&] { p.Choose(kAssignFixedHand); }), "Assign Fixed Hand");
 }
 
 }  // namespace

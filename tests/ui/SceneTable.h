@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/game/FakePorts.h"
+#include "ui/table/SceneDescription.h"
 #include "ui/table/SceneDisplay.h"
 #include "ui/table/TableScene.h"
 
@@ -16,7 +17,28 @@ class SceneTable {
         changes = 0;
     }
 
+    // The next hand is dealt of these cards, and drawn to.
+    void Deal(std::string_view cards) {
+        machine.Stack(cards);
+        DealDraw(table);
+    }
+    void Draw(HoldMask mask) {
+        machine.Hold(mask);
+        display.Repaint();
+        DealDraw(table);
+    }
+
     TableScene AtRest() const { return SceneOf(table, scene.message); }
+
+    std::string Words() const { return Describe(scene, engine.payTable, engine.deck.table); }
+
+    // What a repaint would show.
+    void ExpectAtRest(const std::string& when) const {
+        const TableScene rest = AtRest();
+        EXPECT_TRUE(scene == rest) << when << "\n"
+                                   << Words() << "\n"
+                                   << Describe(rest, engine.payTable, engine.deck.table);
+    }
 
     TestMachine machine;
     GameEngine& engine = machine.engine;

@@ -8,75 +8,29 @@
 #include "game/PickEmFlow.h"
 #include "tests/ui/SceneTable.h"
 #include "ui/art/Pictures.h"
-#include "ui/table/SceneDescription.h"
-
-// Field by field, for a failure that says what differs.
-void ExpectAtRest(const SceneTable& t, const std::string& when) {
-    const TableScene rest = t.AtRest();
-    EXPECT_TRUE(t.scene == rest) << when;
-    EXPECT_EQ(t.scene.credits, rest.credits) << when;
-    EXPECT_TRUE(t.scene.lines == rest.lines) << when << ": lines";
-    EXPECT_TRUE(t.scene.buttons == rest.buttons) << when << ": buttons";
-    EXPECT_TRUE(t.scene.places == rest.places) << when << ": places";
-    EXPECT_TRUE(t.scene.targets == rest.targets) << when << ": targets";
-}
-
-void HoldAll(SceneTable& t) {
-    for (int i = 0; i < kHandSize; ++i) ToggleHold(t.table, i);
-}
-
-// The deck is decided beforehand: shuffled with the seed found, the card at position 1 is to the
-// dealer's as wanted.
-void DecideDuel(SceneTable& t, bool won) {
-    const auto value = [&](CardCode card) {
-        const int rank = t.engine.deck.table.cards[static_cast<std::size_t>(card)].rank;
-        return rank == 1 ? 14 : rank;
-    };
-    for (std::uint32_t seed = 1;; ++seed) {
-        t.engine.deck.random.RandomInit(seed);
-        Deck deck = t.engine.deck;
-        deck.Shuffle(5);
-        const int difference = value(deck.order[0]) - value(deck.order[4]);
-        if (won ? difference > 0 : difference < 0) return;
-    }
-}
-
-TEST(TableSceneTest, AMachineThatIsSwitchedOnShowsFiveBacksAndAsksForADeal) {
-    const SceneTable t;
-    EXPECT_EQ(t.scene.message, "PRESS DEAL");
-    EXPECT_EQ(t.scene.credits, "$100.00");
-    for (const PlaceLook& place : t.scene.places) {
-        EXPECT_EQ(place.card, kCardBack);
-        EXPECT_EQ(place.holdButton, ButtonLook::kReleased);
-    }
-    EXPECT_EQ(t.scene.Button(TableButton::kDoubleUp), ButtonLook::kHidden);
-    ExpectAtRest(t, "start");
-}
 
 TEST(TableSceneTest, AHandPlayedStepByStepShowsWhatARepaintShows) {
     for (const Speed speed : {Speed::kSlow, Speed::kNormal, Speed::kFast}) {
         SceneTable t;
         t.engine.settings.speed = speed;
-        t.machine.Stack("JS JD TC 9H 2S JC 4C 5C", 8);
-        DealDraw(t.table);
+        t.Deal("JS JD TC 9H 2S JC 4C 5C");
         EXPECT_EQ(t.scene.lines[8].mark, LineMark::kWon);
-        ExpectAtRest(t, "dealt");
+        t.ExpectAtRest("dealt");
         ToggleHold(t.table, 0);
         ToggleHold(t.table, 1);
         EXPECT_TRUE(t.scene.places[1].held);
-        ExpectAtRest(t, "held");
+        t.ExpectAtRest("held");
         DealDraw(t.table);
         EXPECT_EQ(t.scene.lines[8].mark, LineMark::kPlain);
         EXPECT_EQ(t.scene.lines[6], (LineLook{LineMark::kWon, 15, 4}));
         EXPECT_EQ(t.scene.Button(TableButton::kDoubleUp), ButtonLook::kReleased);
-        ExpectAtRest(t, "won");
-        t.machine.Stack("2S 7D TC 9H 4S 3C 5C 6H QD KS", 10);
-        DealDraw(t.table);
+        t.ExpectAtRest("won");
+        t.Deal("2S 7D TC 9H 4S 3C 5C 6H QD KS");
         EXPECT_EQ(t.scene.Button(TableButton::kDoubleUp), ButtonLook::kHidden);
-        ExpectAtRest(t, "dealt again");
+        t.ExpectAtRest("dealt again");
         DealDraw(t.table);
         EXPECT_EQ(t.scene.message, "GAME OVER");
-        ExpectAtRest(t, "lost");
+        t.ExpectAtRest("lost");
     }
 }
 
@@ -84,23 +38,21 @@ TEST(TableSceneTest, ABetAboveFiveIsAnnouncedInTheFifthColumn) {
     SceneTable t;
     t.engine.settings.bet = 8;
     t.display.Repaint();
-    t.machine.Stack("JS JD TC 9H 2S", 5);
-    DealDraw(t.table);
+    t.Deal("JS JD TC 9H 2S");
     EXPECT_EQ(t.scene.lines[8], (LineLook{LineMark::kWon, 8, 4}));
-    ExpectAtRest(t, "dealt");
+    t.ExpectAtRest("dealt");
 }
 
 TEST(TableSceneTest, AutoHoldAndTheFirstDrawCardAreShown) {
     SceneTable t("Sneak Peak Poker", 351);
     t.engine.settings.mode = PlayMode::kAutoHold;
-    t.machine.Stack("AC AD 9D 4H 2S TC JH 3C", 8);
-    DealDraw(t.table);
+    t.Deal("AC AD 9D 4H 2S TC JH 3C");
     EXPECT_EQ(t.scene.firstDraw, t.engine.drawCards[0]);
     EXPECT_TRUE(t.scene.places[0].held && t.scene.places[1].held);
-    ExpectAtRest(t, "dealt");
+    t.ExpectAtRest("dealt");
     DealDraw(t.table);
     EXPECT_EQ(t.scene.firstDraw, kNoCard);
-    ExpectAtRest(t, "drawn");
+    t.ExpectAtRest("drawn");
 }
 
 TEST(TableSceneTest, PilesLieOnTheTableUntilOneIsChosen) {
@@ -108,30 +60,30 @@ TEST(TableSceneTest, PilesLieOnTheTableUntilOneIsChosen) {
         SceneTable t("Pick Em Poker", 350);
         t.engine.settings.mode = PlayMode::kAutoHold;
         t.others.answers = {"yes"};
-        ExpectAtRest(t, "start");
-        t.machine.Stack("KC KD 9D AH 2S KS JH 3C", 8);
-        DealDraw(t.table);
+        t.ExpectAtRest("start");
+        t.Deal("KC KD 9D AH 2S KS JH 3C");
         EXPECT_EQ(t.scene.places[2].card, kNoCard);
         EXPECT_EQ(t.scene.places[3].label, "");
         EXPECT_EQ(t.scene.places[4].label, "PLAY");
         EXPECT_TRUE(t.scene.places[4].pileTop);
         EXPECT_EQ(t.scene.places[4].pileDepth, 2);
-        ExpectAtRest(t, "dealt");
+        EXPECT_NE(t.Words().find("2 King of Diamonds; 3 no card; left pile 9 of Diamonds; right "
+                                 "pile King of Spades, PLAY."),
+                  std::string::npos);
+        t.ExpectAtRest("dealt");
         ChoosePile(t.table, pile);
         EXPECT_EQ(t.scene.places[3].pileDepth, 0);
         EXPECT_EQ(t.scene.places[4].label, "");
-        ExpectAtRest(t, "played");
+        t.ExpectAtRest("played");
     }
 }
 
 TEST(TableSceneTest, ADoubleUpHidesTheTableAndGivesItBack) {
     SceneTable t;
-    t.machine.Stack("JS JD TC TH 2S", 5);
-    DealDraw(t.table);
-    HoldAll(t);
-    DealDraw(t.table);
+    t.Deal("JS JD TC TH 2S");
+    t.Draw(kStandPat);
     const TableScene offered = t.scene;
-    DecideDuel(t, true);
+    DecideDuel(t.engine.deck, 1);
     StartDoubleUp(t.table);
     EXPECT_TRUE(t.scene.doubleUp.shown);
     EXPECT_EQ(t.scene.doubleUp.stake, 10);
@@ -139,7 +91,11 @@ TEST(TableSceneTest, ADoubleUpHidesTheTableAndGivesItBack) {
     EXPECT_EQ(t.scene.places[0].holdButton, ButtonLook::kHidden);
     EXPECT_EQ(t.scene.places[3].card, kCardBack);
     EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kHidden);
-    ExpectAtRest(t, "waits");
+    EXPECT_EQ(t.Words(),
+              "Credits won 10. Double up to 20. Dealer " +
+                  t.engine.deck.table.cards[static_cast<std::size_t>(t.engine.hand[4])].name +
+                  ". Cards: 2 face down; 3 face down; 4 face down; 5 face down.");
+    t.ExpectAtRest("waits");
 
     // The pick is decided when the question is asked; what a repaint would show then is compared.
     t.others.answers = {"no"};
@@ -153,7 +109,7 @@ TEST(TableSceneTest, ADoubleUpHidesTheTableAndGivesItBack) {
     EXPECT_EQ(t.scene.message, "$10.00 Bonus Credits");
     EXPECT_TRUE(t.scene.places == offered.places);
     EXPECT_TRUE(t.scene.lines == offered.lines);
-    ExpectAtRest(t, "collected");
+    t.ExpectAtRest("collected");
 }
 
 TEST(TableSceneTest, ADecidedPickIsRepaintedFaceUpWithItsMark) {
@@ -181,15 +137,14 @@ struct BonusTable : SceneTable {
 
     // The draw of 1..150 that decides on Spin or Target is the one wanted.
     void PlayRedHand(int draw) {
-        for (std::uint32_t seed = 1;; ++seed) {
-            table.random.RandomInit(seed);
-            CombinedRandom ahead = table.random;
-            if (ahead.IRandom(1, 150) == draw) break;
-        }
-        machine.Stack("2D 4D 6H 8H TD", 5);
-        DealDraw(table);
-        HoldAll(*this);
-        DealDraw(table);
+        CombinedRandom ahead;
+        std::uint32_t seed = 0;
+        do {
+            ahead.RandomInit(++seed);
+        } while (ahead.IRandom(1, 150) != draw);
+        table.random.RandomInit(seed);
+        Deal("2D 4D 6H 8H TD");
+        Draw(kStandPat);
     }
 };
 
@@ -199,19 +154,19 @@ TEST(TableSceneTest, SpinAndRedOrBlackWaitTogetherAndLeaveNothingBehind) {
     EXPECT_EQ(t.scene.featureLabel, "SPIN");
     EXPECT_EQ(t.scene.spin.button, SpinButton::kReady);
     EXPECT_TRUE(t.scene.redBlack.shown);
-    ExpectAtRest(t, "started");
+    t.ExpectAtRest("started");
     GuessColour(t.table, CardColour::kRed);
     EXPECT_EQ(t.scene.redBlack.lit, CardColour::kRed);
-    ExpectAtRest(t, "guessed right");
+    t.ExpectAtRest("guessed right");
     while (t.engine.redBlackPending) {
         GuessColour(t.table, CardColour::kBlack);
-        ExpectAtRest(t, "guessed");
+        t.ExpectAtRest("guessed");
     }
     EXPECT_FALSE(t.scene.redBlack.shown);
     Spin(t.table);
     EXPECT_EQ(t.scene.spin, SpinLook{});
     EXPECT_EQ(t.scene.featureLabel, "");
-    ExpectAtRest(t, "spun");
+    t.ExpectAtRest("spun");
 }
 
 TEST(TableSceneTest, ATargetShowsItsValueOnceItIsShot) {
@@ -220,25 +175,31 @@ TEST(TableSceneTest, ATargetShowsItsValueOnceItIsShot) {
     for (const TargetLook& target : t.scene.targets) EXPECT_EQ(target.face, TargetFace::kHidden);
     Shoot(t.table, 3);
     EXPECT_EQ(t.scene.targets[3], (TargetLook{TargetFace::kShot, t.table.target.values[3]}));
-    ExpectAtRest(t, "one shot");
+    t.ExpectAtRest("one shot");
+    t.scene.redBlack.lit = CardColour::kRed;
+    EXPECT_NE(t.Words().find("Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not "
+                             "shot; 3 not shot; 4 " +
+                             std::to_string(t.scene.targets[3].value) + "; 5 not shot."),
+              std::string::npos)
+        << t.Words();
+    t.display.Repaint();
     Shoot(t.table, 0);
     bool missedSeen = false;
     t.changed = [&] { missedSeen |= t.scene.targets[4].face == TargetFace::kMissed; };
     Shoot(t.table, 1);
     EXPECT_TRUE(missedSeen);
     EXPECT_EQ(t.scene.targets[4], TargetLook{});
-    ExpectAtRest(t, "three shots");
+    t.ExpectAtRest("three shots");
 }
 
 TEST(TableSceneTest, ACharlieShowsItsPictureAndFivefoldPay) {
     BonusTable t;
-    t.machine.Stack("2S 2H 3C 3D AS", 5);
-    DealDraw(t.table);
+    t.Deal("2S 2H 3C 3D AS");
     EXPECT_TRUE(t.scene.charlie);
     const auto line = static_cast<std::size_t>(t.engine.dealtLine);
     EXPECT_EQ(t.scene.lines[line].payout,
               5 * LineUnitPay(t.engine.payTable, t.engine.dealtLine, 5));
-    ExpectAtRest(t, "dealt");
+    t.ExpectAtRest("dealt");
 }
 
 TEST(TableSceneTest, StepsOutsideTheTableChangeNothing) {
@@ -267,66 +228,25 @@ TEST(TableSceneTest, APressedButtonIsReleasedByARepaint) {
     EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kReleased);
 }
 
-std::string Words(const SceneTable& t) {
-    return Describe(t.scene, t.engine.payTable, t.engine.deck.table);
-}
-
 TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     SceneTable t;
     t.engine.settings.speed = Speed::kFast;
-    EXPECT_EQ(Words(t),
+    EXPECT_EQ(t.Words(),
               "PRESS DEAL. Cards: 1 face down; 2 face down; 3 face down; 4 face down; 5 face down. "
               "Bet $5.00. Credits $100.00.");
-    t.machine.Stack("JS JD TC 9H 2S 3C 4D 6H", 8);
-    DealDraw(t.table);
+    t.Deal("JS JD TC 9H 2S 3C 4D 6H");
     ToggleHold(t.table, 0);
     ToggleHold(t.table, 1);
-    EXPECT_EQ(Words(t),
+    EXPECT_EQ(t.Words(),
               "HOLD/DRAW. JACKS OR BETTER pays 5. Cards: 1 Jack of Spades, held; 2 Jack of "
               "Diamonds, held; 3 10 of Clubs; 4 9 of Hearts; 5 2 of Spades. Bet $5.00. "
               "Credits $95.00.");
     DealDraw(t.table);
-    EXPECT_NE(Words(t).find("Double up offered."), std::string::npos);
+    EXPECT_NE(t.Words().find("Double up offered."), std::string::npos);
 }
 
-TEST(SceneDescriptionTest, WildCardsAndPilesAreTold) {
+TEST(SceneDescriptionTest, WildCardsAreTold) {
     SceneTable wild("Deuces Wild", 330);
     wild.scene.places[0].card = FindCard(wild.engine.deck.table, 2, kHearts);
-    EXPECT_NE(Words(wild).find("1 2 of Hearts, wild; 2 face down"), std::string::npos);
-
-    SceneTable t("Pick Em Poker", 350);
-    t.engine.settings.mode = PlayMode::kAutoHold;
-    t.machine.Stack("KC KD 9D AH 2S KS JH 3C", 8);
-    DealDraw(t.table);
-    EXPECT_NE(Words(t).find("2 King of Diamonds; 3 no card; left pile 9 of Diamonds; right pile "
-                            "King of Spades, PLAY."),
-              std::string::npos);
-}
-
-TEST(SceneDescriptionTest, ADoubleUpIsToldAloneAndWithoutTheCardsToPickFrom) {
-    SceneTable t;
-    t.machine.Stack("JS JD TC TH 2S", 5);
-    DealDraw(t.table);
-    HoldAll(t);
-    DealDraw(t.table);
-    DecideDuel(t, true);
-    StartDoubleUp(t.table);
-    const std::string dealer =
-        t.engine.deck.table.cards[static_cast<std::size_t>(t.engine.hand[4])].name;
-    EXPECT_EQ(Words(t), "Credits won 10. Double up to 20. Dealer " + dealer +
-                            ". Cards: 2 face down; 3 face down; 4 face down; 5 face down.");
-}
-
-TEST(SceneDescriptionTest, FeaturesThatWaitAreTold) {
-    BonusTable t;
-    t.PlayRedHand(149);
-    Shoot(t.table, 3);
-    t.scene.redBlack.lit = CardColour::kRed;
-    const std::string shot = std::to_string(t.table.target.values[3]);
-    EXPECT_NE(
-        Words(t).find("Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not shot; "
-                      "3 not shot; 4 " +
-                      shot + "; 5 not shot."),
-        std::string::npos)
-        << Words(t);
+    EXPECT_NE(wild.Words().find("1 2 of Hearts, wild; 2 face down"), std::string::npos);
 }

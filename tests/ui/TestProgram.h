@@ -14,6 +14,7 @@
 #include "app/CMainFrame.h"
 #include "app/CMorvikDoc.h"
 #include "core/profile/ProfileFile.h"
+#include "game/Dealing.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
 #include "tests/ui/DialogRobot.h"
@@ -22,6 +23,9 @@
 #include "ui/table/CMorvikView.h"
 #include "ui/table/Commands.h"
 #include "ui/table/WindowClock.h"
+
+inline constexpr std::string_view kNothing = "2S 4D 6C 8H TS";
+inline constexpr std::string_view kJacksAndTens = "JS JD TC TH 2S";  // 10 credits
 
 // Pauses end at once, but what waits is painted in them, and the player may do something.
 class TestClock : public Clock {
@@ -55,30 +59,56 @@ class TestProgram {
     TestProgram(const TestProgram&) = delete;
     TestProgram& operator=(const TestProgram&) = delete;
 
-    // The next deal takes these cards, and after them those drawn.
-    void Stack(std::string_view cards, std::size_t count);
+    void Stack(std::string_view cards, std::size_t count) {
+        StackDeck(engine.deck, engine.payTable, cards, count);
+    }
 
-    // The double up's first card is higher (1), lower (-1) than the dealer's, or of its value (0).
-    void DecideNextDuel(int wanted);
+    void DecideNextDuel(int wanted) { DecideDuel(engine.deck, wanted); }
+
+    void Deal(std::string_view cards, std::size_t count = kHandSize) {
+        Stack(cards, count);
+        Key(Qt::Key_D);
+        ASSERT_FALSE(engine.handOver);
+    }
+    void HoldAll() const { Keys({Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5}); }
 
     // Wanted looks at a generator that draws the same as the features' will.
     void DecideFeatures(const std::function<bool(CombinedRandom)>& wanted);
 
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
-    void Keys(std::initializer_list<Qt::Key> keys) const;
-    void Press(const QRect& place) const;
-    void Release(const QRect& place) const;
-    void Click(const QRect& place) const;
-    void RightPress(const QRect& place) const;
-    void DoubleClick(const QRect& place) const;
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+        QTest::keyClick(view, key, modifiers);
+    }
+    void Keys(std::initializer_list<Qt::Key> keys) const {
+        for (const Qt::Key key : keys) Key(key);
+    }
+    void Press(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
+        QTest::mousePress(view, button, {}, place.center());
+    }
+    void Release(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
+        QTest::mouseRelease(view, button, {}, place.center());
+    }
+    void Click(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
+        Press(place, button);
+        Release(place, button);
+    }
+    void RightPress(const QRect& place) const { Click(place, Qt::RightButton); }
+    void DoubleClick(const QRect& place) const {
+        Click(place);
+        QTest::mouseDClick(view, Qt::LeftButton, {}, place.center());  // the second press only
+        Release(place);
+    }
 
     // Chooses from a menu, which is opened before as a player would have to.
     void Choose(int command) const;
     QAction* Action(int command) const;
 
     std::string HandText() const;
-    HoldMask Held() const;
+    HoldMask Held() const { return HeldMask(engine); }
     std::string Message() const { return document->scene.message; }
+    // "WON 10, bet 5, credits 105"
+    std::string Meters() const {
+        return Message() + ", bet " + Scene().bet + ", credits " + Scene().credits;
+    }
     std::string Title() const { return frame->windowTitle().toStdString(); }
 
     // Nothing moves, no button is down, and what is seen is what the state of the machine tells.
@@ -98,6 +128,32 @@ class TestProgram {
     const TableLayout& Places() const { return view->places; }
     const TableScene& Scene() const { return document->scene; }
 };
+
+// The player takes all of these steps at the dialogs that the action opens.
+template <class Action>
+void Answer(std::initializer_list<DialogRobot::Step> steps, Action action) {
+    const DialogRobot robot(steps);
+    action();
+}
+
+// A step: notes the caption, with a message box's text as "caption: text", and closes it.
+inline DialogRobot::Step Note(std::string& told) {
+    return [&told](QDialog& dialog) {
+        told = dialog.windowTitle().toStdString();
+        const auto* box = qobject_cast<QMessageBox*>(&dialog);
+        if (!box) return dialog.reject();
+        told += ": " + box->text().toStdString();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    };
+}
+
+// What the one dialog that the action opens says.
+template <class Action>
+std::string Told(Action action) {
+    std::string told;
+    Answer({Note(told)}, action);
+    return told;
+}
 
 // A game file with 100 credits shown as such, at full speed, in Casino mode.
 class ProgramTest : public testing::Test {

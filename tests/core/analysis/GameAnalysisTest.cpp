@@ -85,8 +85,7 @@ class EveryHand {
             return;
         }
         for (CardCode card = from; card < deck.deckSize; ++card) {
-            const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];
-            known.hand[position] = {info.rank, info.suit};
+            known.hand[position] = FaceOf(deck, card);
             Deal(position + 1, card + 1);
         }
     }
@@ -99,20 +98,14 @@ class EveryHand {
     double sum = 0;
 };
 
-// A flush that pays more than quads, so that hands of three or four of a kind are broken up.
-PayTable FlushesAboveQuads() {
-    PayTable table = JokerPoker(1);
-    table.lines = {Wild(kFlush, 500), Wild(kFiveOfAKind, 3), Wild(kFourOfAKind, 2)};
-    return table;
-}
-
 TEST(GameAnalysisTest, TheReturnIsThatOfEveryHandDealt) {
     if (kSlow) GTEST_SKIP() << "takes minutes under sanitizers";
+    // Flushes that pay more than quads, so that hands of three or four of a kind are broken up.
+    PayTable flushJokers = JokerPoker(1);
+    flushJokers.lines = {Wild(kFlush, 500), Wild(kFiveOfAKind, 3), Wild(kFourOfAKind, 2)};
     PayTable flushAces = FiveAces();
     flushAces.lines = {Natural(kFlush, 500), Natural(kFourOfAKind, 2), Natural(kTwoPair, 1)};
-    PayTable orderedStandard = AcesBonus();
-    orderedStandard.type = GameType::kStandard;
-    for (const PayTable& table : {DeucesDeluxe(), FlushesAboveQuads(), flushAces, OneEyedJacks(),
+    for (const PayTable& table : {DeucesDeluxe(), flushJokers, flushAces, OneEyedJacks(),
                                   DoubleDraw(), WithLine(JokerPoker(2), Wild(kAllRedOrBlack, 3), 1),
                                   WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3), 2)}) {
         const double er = Analyze(table).er;
@@ -272,17 +265,10 @@ TEST(BestHoldTest, TheFinderChoosesAsTheAnalysisDoes) {
         BestHoldFinder finder(tables, table, kFullBet, 0.25);
         HoldAnalysis analysis;
         for (int i = 0; i < 3000; ++i) {
-            std::vector<CardCode> cards(static_cast<std::size_t>(deck.deckSize));
-            std::iota(cards.begin(), cards.end(), 0);
-            std::shuffle(cards.begin(), cards.end(), random);
-            cards.resize(kHandSize);
-            KnownCards known;
+            const KnownCards known = RandomHand(deck, random);
             std::array<SetCard, kHandSize> given;
-            for (std::size_t at = 0; at < kHandSize; ++at) {
-                const CardInfo& info = deck.cards[static_cast<std::size_t>(cards[at])];
-                known.hand[at] = {info.rank, info.suit};
-                given[at] = tables.ToSetCard(known.hand[at]);
-            }
+            std::ranges::transform(known.hand, given.begin(),
+                                   [&](CardFace face) { return tables.ToSetCard(face); });
             // The finder wants the suits of a rank rising; the placement puts every card where it
             // lies.
             Placement placement = kAsGiven;

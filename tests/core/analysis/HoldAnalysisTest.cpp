@@ -47,23 +47,18 @@ TEST(HoldAnalysisTest, StandingPatWinsATie) {
     // Quads pay the same whatever comes with them.
     EXPECT_EQ(Analyzed(JacksOrBetter(), "9S 9H 9C 9D 3S").best, kStandPat);
     PayTable worthless = JacksOrBetter();
+    for (PayLine& line : worthless.lines) line.payout = line.maxPayout = 0;
+    EXPECT_EQ(Analyzed(worthless, "AS AD TC 9H 2S").best, kStandPat) << "all returns are 0";
     worthless.lines.clear();
     EXPECT_EQ(Analyzed(worthless, "AS KD TC 9H 2S").best, kStandPat);
 }
 
 TEST(HoldAnalysisTest, AmongEqualReturnsTheLargerShareOfWinsIsBest) {
-    // Two lines that pay nothing and the same: the returns of all holds are 0, the win rates
-    // differ.
-    PayTable table = JacksOrBetter();
-    for (PayLine& line : table.lines) line.payout = line.maxPayout = 0;
-    auto analysis = Analyzed(table, "AS AD TC 9H 2S");
-    EXPECT_EQ(analysis.best, kStandPat);
-
     // Three cards to a pat flush: one discard each, the same two returns and shares, the lower
     // mask.
     PayTable flushes = JacksOrBetter();
     flushes.lines = {Natural(kFlush, 6)};
-    analysis = Analyzed(flushes, "2S 5S 8S JS KH");
+    auto analysis = Analyzed(flushes, "2S 5S 8S JS KH");
     EXPECT_EQ(analysis.best, 0b11110);
     analysis = Analyzed(flushes, "2S 3H 4C 5D 7S");
     EXPECT_GT(analysis.bestReturn, 0);

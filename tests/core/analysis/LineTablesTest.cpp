@@ -103,8 +103,7 @@ TEST(CombinationsTest, DrawsAreCountedByTheBinomialCoefficients) {
     EXPECT_EQ(Combinations(58, 2), 0);
     for (int n = 2; n <= kLargestDeck; ++n) {
         for (int k = 2; k <= 5; ++k) {
-            EXPECT_EQ(Combinations(n, k),
-                      Combinations(n - 1, k) + (k == 1 ? 1 : Combinations(n - 1, k - 1)));
+            EXPECT_EQ(Combinations(n, k), Combinations(n - 1, k) + Combinations(n - 1, k - 1));
         }
     }
 }

@@ -46,91 +46,34 @@ void ExpectRows(const PayTable& table, std::initializer_list<Expected> hands) {
 }
 
 TEST(SuitPatternsTest, EveryShapeHasItsRows) {
-    ExpectRows(
-        OfType(GameType::kStandard, 5),
-        {{{0, 2, 3, 4, 5}, "15/256"}, {{0, 0, 3, 4, 5}, "5/64"}, {{0, 0, 0, 4, 5}, "2/16"},
-         {{0, 0, 0, 0, 5}, "1/4"},    {{0, 0, 0, 0, 0}, "1/1"},  {{1, 2, 3, 4, 5}, "52/1024"},
-         {{0, 3, 3, 4, 5}, "11/96"},  {{0, 0, 3, 3, 5}, "2/24"}, {{0, 0, 0, 3, 3}, "1/6"},
-         {{2, 3, 3, 4, 5}, "20/384"}, {{0, 3, 3, 5, 5}, "4/36"}, {{2, 3, 3, 5, 5}, "8/144"},
-         {{0, 3, 3, 3, 5}, "1/16"},   {{0, 0, 3, 3, 3}, "1/4"},  {{2, 3, 3, 3, 5}, "5/64"},
-         {{2, 2, 3, 3, 3}, "2/24"},   {{0, 3, 3, 3, 3}, "1/1"},  {{2, 3, 3, 3, 3}, "1/4"},
-         {{3, 3, 3, 3, 3}, "0/0"},    {{1, 1, 1, 1, 1}, "0/0"}});
-    ExpectRows(OfType(GameType::kFiveAces), {{{1, 2, 3, 4, 5}, "66/1280"},
-                                             {{2, 3, 4, 5, 6}, "52/1024"},
-                                             {{1, 1, 3, 4, 5}, "35/640"},
-                                             {{1, 3, 3, 4, 5}, "26/480"},
-                                             {{1, 1, 3, 3, 5}, "14/240"},
-                                             {{1, 3, 3, 5, 5}, "9/180"},
-                                             {{1, 1, 1, 3, 5}, "11/160"},
-                                             {{1, 3, 3, 3, 5}, "7/80"},
-                                             {{1, 1, 1, 3, 3}, "5/60"},
-                                             {{1, 1, 3, 3, 3}, "4/40"},
-                                             {{1, 1, 1, 1, 3}, "2/20"},
-                                             {{1, 3, 3, 3, 3}, "1/5"},
-                                             {{1, 1, 1, 1, 1}, "1/1"},
-                                             {{3, 3, 3, 3, 3}, "0/0"}});
-    ExpectRows(OfType(GameType::kAcesBonus), {{{1, 2, 3, 4, 5}, "102/1024"},
-                                              {{1, 1, 3, 4, 5}, "40/384"},
-                                              {{1, 3, 3, 4, 5}, "20/384"},
-                                              {{1, 1, 3, 3, 5}, "16/144"},
-                                              {{1, 1, 1, 3, 5}, "10/64"},
-                                              {{1, 1, 1, 3, 3}, "4/24"},
-                                              {{1, 1, 3, 3, 3}, "2/24"},
-                                              {{1, 1, 1, 1, 3}, "2/4"}});
-    ExpectRows(OfType(GameType::kPickEm), {{{1, 2, 0, 4, 5}, "15/256"},
-                                           {{2, 2, 0, 4, 5}, "11/96"},
-                                           {{2, 4, 0, 2, 5}, "11/96"},
-                                           {{2, 4, 0, 5, 2}, "11/96"},
-                                           {{4, 2, 0, 2, 5}, "11/96"},
-                                           {{4, 2, 0, 5, 2}, "11/96"},
-                                           {{4, 5, 0, 2, 2}, "11/96"},
-                                           {{2, 2, 0, 5, 5}, "4/36"},
-                                           {{2, 5, 0, 2, 5}, "4/36"},
-                                           {{2, 2, 0, 2, 5}, "1/16"},
-                                           {{2, 2, 0, 5, 2}, "1/16"},
-                                           {{5, 2, 0, 2, 2}, "1/16"},
-                                           {{2, 2, 0, 2, 2}, "1/1"}});
-}
-
-bool HasRow(Rows rows, int multiplicity, const PositionSuits& suits) {
-    return std::ranges::any_of(rows, [&](const SuitPattern& row) {
-        return row.multiplicity == multiplicity && row.Suits() == suits;
-    });
-}
-
-TEST(SuitPatternsTest, TellingRowsStandInTheirTables) {
-    const SuitPatternTables standard(OfType(GameType::kStandard, 1));
-    const auto rows = [&](std::array<int, kHandSize> ranks) {
-        return Select(standard, ranks, GameType::kStandard);
-    };
-    EXPECT_TRUE(HasRow(rows({1, 2, 3, 4, 5}), 2, {1, 1, 1, 1, 1}));
-    EXPECT_TRUE(HasRow(rows({1, 2, 3, 4, 5}), 2, {3, 3, 3, 3, 3}));
-    EXPECT_TRUE(HasRow(rows({1, 2, 3, 4, 5}), 12, {1, 1, 1, 1, 2}));
-    EXPECT_TRUE(HasRow(rows({1, 2, 3, 4, 5}), 24, {1, 1, 2, 3, 4}));
-    EXPECT_TRUE(HasRow(rows({2, 2, 3, 4, 5}), 12, {1, 2, 1, 1, 1}));
-    EXPECT_TRUE(HasRow(rows({2, 2, 3, 4, 5}), 12, {1, 2, 3, 3, 3}));
-    EXPECT_TRUE(HasRow(rows({2, 2, 2, 2, 5}), 4, {1, 2, 3, 4, 1}));
-    EXPECT_TRUE(HasRow(rows({0, 2, 3, 4, 5}), 4, {0, 1, 1, 1, 1}));
-
-    const SuitPatternTables aces(OfType(GameType::kFiveAces));
-    EXPECT_TRUE(HasRow(Select(aces, {1, 1, 1, 1, 1}, GameType::kFiveAces), 1, {1, 2, 3, 4, 5}));
-    EXPECT_TRUE(HasRow(Select(aces, {1, 7, 7, 7, 7}, GameType::kFiveAces), 5, {1, 2, 3, 4, 1}));
-}
-
-TEST(SuitPatternsTest, TwoSinglesInThePairsSuitsWeighAsMuchAsInTheOthers) {
-    const SuitPatternTables tables(OfType(GameType::kStandard, 1));
-    int inPairSuits = 0;
-    int inOtherSuits = 0;
-    for (const SuitPattern& row : Select(tables, {0, 7, 7, 9, 5}, GameType::kStandard)) {
-        const PositionSuits& suits = row.Suits();
-        if (suits[3] == suits[4]) continue;
-        const std::set<int> pair{suits[1], suits[2]};
-        const int shared = static_cast<int>(pair.count(suits[3]) + pair.count(suits[4]));
-        if (shared == 2) inPairSuits += row.multiplicity;
-        if (shared == 0) inOtherSuits += row.multiplicity;
-    }
-    EXPECT_EQ(inPairSuits, 12);
-    EXPECT_EQ(inOtherSuits, 12);
+    const std::initializer_list<Expected> standard = {
+        {{0, 2, 3, 4, 5}, "15/256"}, {{0, 0, 3, 4, 5}, "5/64"}, {{0, 0, 0, 4, 5}, "2/16"},
+        {{0, 0, 0, 0, 5}, "1/4"},    {{0, 0, 0, 0, 0}, "1/1"},  {{1, 2, 3, 4, 5}, "52/1024"},
+        {{0, 3, 3, 4, 5}, "11/96"},  {{0, 0, 3, 3, 5}, "2/24"}, {{0, 0, 0, 3, 3}, "1/6"},
+        {{2, 3, 3, 4, 5}, "20/384"}, {{0, 3, 3, 5, 5}, "4/36"}, {{2, 3, 3, 5, 5}, "8/144"},
+        {{0, 3, 3, 3, 5}, "1/16"},   {{0, 0, 3, 3, 3}, "1/4"},  {{2, 3, 3, 3, 5}, "5/64"},
+        {{2, 2, 3, 3, 3}, "2/24"},   {{0, 3, 3, 3, 3}, "1/1"},  {{2, 3, 3, 3, 3}, "1/4"},
+        {{3, 3, 3, 3, 3}, "0/0"},    {{1, 1, 1, 1, 1}, "0/0"}};
+    ExpectRows(OfType(GameType::kStandard, 5), standard);
+    const std::initializer_list<Expected> fiveAces = {
+        {{1, 2, 3, 4, 5}, "66/1280"}, {{2, 3, 4, 5, 6}, "52/1024"}, {{1, 1, 3, 4, 5}, "35/640"},
+        {{1, 3, 3, 4, 5}, "26/480"},  {{1, 1, 3, 3, 5}, "14/240"},  {{1, 3, 3, 5, 5}, "9/180"},
+        {{1, 1, 1, 3, 5}, "11/160"},  {{1, 3, 3, 3, 5}, "7/80"},    {{1, 1, 1, 3, 3}, "5/60"},
+        {{1, 1, 3, 3, 3}, "4/40"},    {{1, 1, 1, 1, 3}, "2/20"},    {{1, 3, 3, 3, 3}, "1/5"},
+        {{1, 1, 1, 1, 1}, "1/1"},     {{3, 3, 3, 3, 3}, "0/0"}};
+    ExpectRows(OfType(GameType::kFiveAces), fiveAces);
+    const std::initializer_list<Expected> acesBonus = {
+        {{1, 2, 3, 4, 5}, "102/1024"}, {{1, 1, 3, 4, 5}, "40/384"}, {{1, 3, 3, 4, 5}, "20/384"},
+        {{1, 1, 3, 3, 5}, "16/144"},   {{1, 1, 1, 3, 5}, "10/64"},  {{1, 1, 1, 3, 3}, "4/24"},
+        {{1, 1, 3, 3, 3}, "2/24"},     {{1, 1, 1, 1, 3}, "2/4"}};
+    ExpectRows(OfType(GameType::kAcesBonus), acesBonus);
+    const std::initializer_list<Expected> pickEm = {
+        {{1, 2, 0, 4, 5}, "15/256"}, {{2, 2, 0, 4, 5}, "11/96"}, {{2, 4, 0, 2, 5}, "11/96"},
+        {{2, 4, 0, 5, 2}, "11/96"},  {{4, 2, 0, 2, 5}, "11/96"}, {{4, 2, 0, 5, 2}, "11/96"},
+        {{4, 5, 0, 2, 2}, "11/96"},  {{2, 2, 0, 5, 5}, "4/36"},  {{2, 5, 0, 2, 5}, "4/36"},
+        {{2, 2, 0, 2, 5}, "1/16"},   {{2, 2, 0, 5, 2}, "1/16"},  {{5, 2, 0, 2, 2}, "1/16"},
+        {{2, 2, 0, 2, 2}, "1/1"}};
+    ExpectRows(OfType(GameType::kPickEm), pickEm);
 }
 
 TEST(SuitPatternsTest, VariantsShareARowsWeightAndNoCardIsThereTwice) {

@@ -26,35 +26,28 @@ TEST(CardTextTest, CardsAreReadInEitherLetterCase) {
     EXPECT_EQ(CardText(table, kNoCard), "__");
 }
 
-struct BadCards {
-    const char* text;
-    int jokers;
-    const char* problem;
-};
-
 TEST(CardTextTest, AProblemNamesTheCardAndTheMend) {
-    for (const BadCards& bad : std::initializer_list<BadCards>{
-             {"", 0, "0 cards given where 5 are needed"},
-             {"AS KS QS JS", 0, "4 cards given where 5 are needed"},
-             {"AS KS QS JS TS 9S", 0, "6 cards given where 5 are needed"},
-             {"AS KS as JS TS", 0, "\"as\" is given twice: a deck holds each card once"},
-             {"AS 10S QS JS TS", 0,
-              "\"10S\" is not a card: write a rank A 2..9 T J Q K and a suit S H C D, such as "
-              "TS or 9d"},
-             {"1S KS QS JS TS", 0,
-              "\"1S\" is not a card: write a rank A 2..9 T J Q K and a suit S H C D, such as TS "
-              "or 9d"},
-             {"WS KS QS JS TS", 1, "\"WS\": a joker is written W, without a suit"},
-             {"W KS QS JS TS", 0, "\"W\": this game's deck holds no joker"},
-             {"W W W JS TS", 2, "\"W\": this game's deck holds only 2 jokers"},
-             {"A$ KS QS JS TS", 0, "\"A$\": this game's deck does not hold that card"},
-             {"xxxxxxxxxxxxxxxxxxxxxxxxx", 0,
-              "\"xxxxxxxxxxxxxxxxxxxx...\" is not a card: write a rank A 2..9 T J Q K and a "
-              "suit S H C D, "
-              "such as TS or 9d"}}) {
-        const auto parsed = ParseCards(bad.text, Deck(bad.jokers), 5);
-        EXPECT_TRUE(parsed.cards.empty()) << bad.text;
-        EXPECT_EQ(parsed.problem, bad.problem);
+    const std::string noCard =
+        " is not a card: write a rank A 2..9 T J Q K and a suit S H C D, such as TS or 9d";
+    const struct {
+        const char* text;
+        int jokers;
+        std::string problem;
+    } bad[] = {{"", 0, "0 cards given where 5 are needed"},
+               {"AS KS QS JS", 0, "4 cards given where 5 are needed"},
+               {"AS KS QS JS TS 9S", 0, "6 cards given where 5 are needed"},
+               {"AS KS as JS TS", 0, "\"as\" is given twice: a deck holds each card once"},
+               {"AS 10S QS JS TS", 0, "\"10S\"" + noCard},
+               {"1S KS QS JS TS", 0, "\"1S\"" + noCard},
+               {"WS KS QS JS TS", 1, "\"WS\": a joker is written W, without a suit"},
+               {"W KS QS JS TS", 0, "\"W\": this game's deck holds no joker"},
+               {"W W W JS TS", 2, "\"W\": this game's deck holds only 2 jokers"},
+               {"A$ KS QS JS TS", 0, "\"A$\": this game's deck does not hold that card"},
+               {"xxxxxxxxxxxxxxxxxxxxxxxxx", 0, "\"xxxxxxxxxxxxxxxxxxxx...\"" + noCard}};
+    for (const auto& [text, jokers, problem] : bad) {
+        const auto parsed = ParseCards(text, Deck(jokers), 5);
+        EXPECT_TRUE(parsed.cards.empty()) << text;
+        EXPECT_EQ(parsed.problem, problem);
     }
 }
 

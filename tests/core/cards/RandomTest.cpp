@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <bit>
 #include <string>
 #include <vector>
 
@@ -61,12 +61,11 @@ TEST(RandomTest, TheOtherGeneratorFollowsItsDefinition) {
         // x[n] = rotl(x[n-17], 9) + rotl(x[n-10], 13); the buffer is read downwards from its start.
         past.push_back(words[0]);
         for (int i = 16; i > 0; --i) past.push_back(words[static_cast<std::size_t>(i)]);
-        const auto rotl = [](std::uint32_t x, int by) { return x << by | x >> (32 - by); };
         RanrotB ranrot;
         ranrot.Init(seed);
         for (int i = 0; i < 500; ++i) {
             const std::size_t n = past.size();
-            past.push_back(rotl(past[n - 17], 9) + rotl(past[n - 10], 13));
+            past.push_back(std::rotl(past[n - 17], 9) + std::rotl(past[n - 10], 13));
             if (i >= 9) {
                 ASSERT_EQ(ranrot.Random(), past.back() / 4294967296.0) << seed << " " << i;
             }
@@ -98,12 +97,10 @@ TEST(RandomTest, AGeneratorThatComesRoundSaysSo) {
     for (auto& word : seeded.words) word = s = s * 2891336453U + 1;
     // After nine steps the first pointer stands at 8; the seeded state turned to 7 is one step
     // away.
-    const auto rotl = [](std::uint32_t x, int by) { return x << by | x >> (32 - by); };
-    const auto rotr = [&rotl](std::uint32_t x, int by) { return rotl(x, 32 - by); };
     std::array<std::uint32_t, 17> turned{};
     for (std::size_t i = 0; i < 17; ++i) turned[(7 + i) % 17] = seeded.words[i];
     ranrot.words = turned;
-    ranrot.words[8] = rotr(turned[8] - rotl(turned[1], 13), 9);
+    ranrot.words[8] = std::rotr(turned[8] - std::rotl(turned[1], 13), 9);
     ranrot.Random();
     EXPECT_EQ(failure, "Random number generator returned to initial state");
 }

@@ -24,67 +24,49 @@ void ExpectPaid(const PayTable& table, std::initializer_list<Paid> hands) {
 }
 
 TEST(HandEvaluatorTest, KickersAndPlainLinesArePaidInTableOrder) {
-    ExpectPaid(DoubleDoubleBonus(), {{"AS KS QS JS TS", "ROY FL 250"},
-                                     {"9H KH QH JH TH", "STR FL 50"},
-                                     {"AH 2H 3H 4H 5H", "STR FL 50"},
-                                     {"AH AS AC AD 3S", "BONUS 4K 400"},
-                                     {"KH AS AC AD AH", "BONUS 4K 160"},
-                                     {"2H 2S 2C 2D AH", "BONUS 4K 160"},
-                                     {"2H 2S 2C 2D 5H", "BONUS 4K 80"},
-                                     {"9H 9S 9C 9D KH", "4K 50"},
-                                     {"9H 9S 9C KD KH", "FH 9"},
-                                     {"2H 9H QH JH TH", "FL 6"},
-                                     {"AH 2S 3H 4H 5H", "STR 4"},
-                                     {"AH KS QH JH TH", "STR 4"},
-                                     {"QH KS AH 2H 3H", "nothing"},
-                                     {"9H 9S 9C KD QH", "3K 3"},
-                                     {"9H 9S 2C KD KH", "2PR 2"},
-                                     {"JH JS 4C 7D 9H", "PR 1"},
-                                     {"AH AS 4C 7D 9H", "PR 1"},
-                                     {"TH TS 4C 7D 9H", "nothing"}});
+    const std::initializer_list<Paid> hands = {
+        {"AS KS QS JS TS", "ROY FL 250"},   {"9H KH QH JH TH", "STR FL 50"},
+        {"AH 2H 3H 4H 5H", "STR FL 50"},    {"AH AS AC AD 3S", "BONUS 4K 400"},
+        {"KH AS AC AD AH", "BONUS 4K 160"}, {"2H 2S 2C 2D AH", "BONUS 4K 160"},
+        {"2H 2S 2C 2D 5H", "BONUS 4K 80"},  {"9H 9S 9C 9D KH", "4K 50"},
+        {"9H 9S 9C KD KH", "FH 9"},         {"2H 9H QH JH TH", "FL 6"},
+        {"AH 2S 3H 4H 5H", "STR 4"},        {"AH KS QH JH TH", "STR 4"},
+        {"QH KS AH 2H 3H", "nothing"},      {"9H 9S 9C KD QH", "3K 3"},
+        {"9H 9S 2C KD KH", "2PR 2"},        {"JH JS 4C 7D 9H", "PR 1"},
+        {"AH AS 4C 7D 9H", "PR 1"},         {"TH TS 4C 7D 9H", "nothing"}};
+    ExpectPaid(DoubleDoubleBonus(), hands);
 }
 
 TEST(HandEvaluatorTest, WildCardsMakeTheBestLineOfTheTable) {
-    ExpectPaid(DeucesWild(), {{"AS KS QS JS TS", "ROY FL 250"},
-                              {"2H KS QS JS TS", "WLD ROY 25"},
-                              {"2H 2S AS JS TS", "WLD ROY 25"},
-                              {"2H 2S 2C 2D KS", "4 WILDS 200"},
-                              {"2H 2S 2C KD KS", "5K 15"},
-                              {"2H 2S 2C AD 5D", "STR FL 9"},
-                              {"2H 2S 2C AD 6D", "4K 5"},
-                              {"2H AS 3S 4S 5S", "STR FL 9"},
-                              {"2H 2S 5C 6D 8H", "STR 2"},
-                              {"2H KC KD QD QS", "FH 3"},
-                              {"2H 3H 5H 7H 9H", "FL 2"},
-                              {"2H AS 3H 4H 5H", "STR 2"},
-                              {"2H AS KH QH 9H", "nothing"},
-                              {"2H KS KH QH 9H", "3K 1"}});
+    const std::initializer_list<Paid> hands = {
+        {"AS KS QS JS TS", "ROY FL 250"}, {"2H KS QS JS TS", "WLD ROY 25"},
+        {"2H 2S AS JS TS", "WLD ROY 25"}, {"2H 2S 2C 2D KS", "4 WILDS 200"},
+        {"2H 2S 2C KD KS", "5K 15"},      {"2H 2S 2C AD 5D", "STR FL 9"},
+        {"2H 2S 2C AD 6D", "4K 5"},       {"2H AS 3S 4S 5S", "STR FL 9"},
+        {"2H 2S 5C 6D 8H", "STR 2"},      {"2H KC KD QD QS", "FH 3"},
+        {"2H 3H 5H 7H 9H", "FL 2"},       {"2H AS 3H 4H 5H", "STR 2"},
+        {"2H AS KH QH 9H", "nothing"},    {"2H KS KH QH 9H", "3K 1"}};
+    ExpectPaid(DeucesWild(), hands);
 }
 
 // Natural lines see a deuce as a deuce. Where a wild card completes quads, it sorts first and is
 // taken for the kicker, which no list of kickers names.
 TEST(HandEvaluatorTest, NaturalLinesAreTestedOnTheNaturalHand) {
-    ExpectPaid(DeucesDeluxe(), {{"2H 2S 2C 2D 3S", "4 WILDS 200"},
-                                {"2H 2S 2C 2D AS", "4 WILDS 200"},
-                                {"2H 2S 2C 2D KS", "4 WILDS 100"},
-                                {"2H 3H 4H 5H 6H", "STR FL 50"},
-                                {"2S 3H 4H 5H 6H", "STR FL 9"},
-                                {"2S 3H 4C 5D 6S", "STR 4"},
-                                {"KS KH KC KD 2H", "5K 1W 18"},
-                                {"KS KH KC 2D 2H", "5K 15"},
-                                {"3S 3H 3C 2D 2H", "5K 17"},
-                                {"KS KH KC KD 5H", "4K 20"},
-                                {"KS KH 2C 2D 5H", "BONUS 4K 4"},
-                                {"KS KH KC 2D 6H", "nothing"}});
+    const std::initializer_list<Paid> hands = {
+        {"2H 2S 2C 2D 3S", "4 WILDS 200"}, {"2H 2S 2C 2D AS", "4 WILDS 200"},
+        {"2H 2S 2C 2D KS", "4 WILDS 100"}, {"2H 3H 4H 5H 6H", "STR FL 50"},
+        {"2S 3H 4H 5H 6H", "STR FL 9"},    {"2S 3H 4C 5D 6S", "STR 4"},
+        {"KS KH KC KD 2H", "5K 1W 18"},    {"KS KH KC 2D 2H", "5K 15"},
+        {"3S 3H 3C 2D 2H", "5K 17"},       {"KS KH KC KD 5H", "4K 20"},
+        {"KS KH 2C 2D 5H", "BONUS 4K 4"},  {"KS KH KC 2D 6H", "nothing"}};
+    ExpectPaid(DeucesDeluxe(), hands);
 }
 
 TEST(HandEvaluatorTest, JokersCompleteAnyHand) {
-    ExpectPaid(JokerPoker(5), {{"W W W W W", "5 WILDS 500"},
-                               {"W W W W 3S", "5K 15"},
-                               {"W W W AS TS", "WLD ROY 25"},
-                               {"W AS 4D 7H 9C", "PR 1"},
-                               {"W QS 4D 7H 9C", "nothing"},
-                               {"W QS QD 7H 7C", "FH 3"}});
+    const std::initializer_list<Paid> hands = {
+        {"W W W W W", "5 WILDS 500"}, {"W W W W 3S", "5K 15"},      {"W W W AS TS", "WLD ROY 25"},
+        {"W AS 4D 7H 9C", "PR 1"},    {"W QS 4D 7H 9C", "nothing"}, {"W QS QD 7H 7C", "FH 3"}};
+    ExpectPaid(JokerPoker(5), hands);
 }
 
 TEST(HandEvaluatorTest, WildCountsAskForTheirOwnRank) {
@@ -94,19 +76,19 @@ TEST(HandEvaluatorTest, WildCountsAskForTheirOwnRank) {
 }
 
 TEST(HandEvaluatorTest, OnlyTheOneEyedJacksAreWild) {
-    ExpectPaid(OneEyedJacks(), {{"JS JH 9C 9D 9S", "5K 80"},
-                                {"JS TS 9S 8S 7S", "STR FL 60"},
-                                {"JH TS 9S 8S 7S", "STR FL 50"},
-                                {"JC JD 4S 7H 9C", "PR 1"},
-                                {"JS 2S 4S 7S 9S", "FL 4"},
-                                {"JS 2H 4H 7H 9H", "FL 3"}});
+    const std::initializer_list<Paid> hands = {
+        {"JS JH 9C 9D 9S", "5K 80"},     {"JS TS 9S 8S 7S", "STR FL 60"},
+        {"JH TS 9S 8S 7S", "STR FL 50"}, {"JC JD 4S 7H 9C", "PR 1"},
+        {"JS 2S 4S 7S 9S", "FL 4"},      {"JS 2H 4H 7H 9H", "FL 3"}};
+    ExpectPaid(OneEyedJacks(), hands);
 }
 
 TEST(HandEvaluatorTest, FourAcesInSuitOrderNeedTheirPositions) {
-    ExpectPaid(AcesBonus(), {{"AS AH AC AD 9S", "4 ACE$ 800"},
-                             {"9S AS AH AC AD", "4 ACE$ 800"},
-                             {"AS AH AC AD 2S", "BONUS 4K 900"},
-                             {"AS AC AH AD 9S", "4K 25"}});
+    const std::initializer_list<Paid> hands = {{"AS AH AC AD 9S", "4 ACE$ 800"},
+                                               {"9S AS AH AC AD", "4 ACE$ 800"},
+                                               {"AS AH AC AD 2S", "BONUS 4K 900"},
+                                               {"AS AC AH AD 9S", "4K 25"}};
+    ExpectPaid(AcesBonus(), hands);
 }
 
 TEST(HandEvaluatorTest, AJokerOutOfPlayIsANaturalCardBelowTheAce) {

@@ -10,11 +10,10 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <random>
-#include <sstream>
 #include <thread>
 
+#include "tests/core/profile/TemporaryFolder.h"
 #include "tests/core/store/CrashState.h"
 
 namespace fs = std::filesystem;
@@ -86,59 +85,16 @@ class Saver {
     int told = -1;
 };
 
-// In memory a save takes microseconds, and kills fall on every step of it; on the disk most of them
-// fall on waiting for the disk.
-class SavingFolder {
-  public:
-    SavingFolder(bool inMemory, const std::string& name)
-        : folder(
-              (inMemory && fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path()) /
-              ("tolvane.CrashTest." + name + "." + std::to_string(getpid()))) {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-        std::ofstream(folder / "game.qdx");
-    }
-    ~SavingFolder() {
-        std::error_code ignored;
-        fs::remove_all(folder, ignored);
-    }
-    SavingFolder(const SavingFolder&) = delete;
-    SavingFolder& operator=(const SavingFolder&) = delete;
-
-    std::string GamePath() const { return (folder / "game.qdx").string(); }
-
-    std::ptrdiff_t FileCount() const { return std::distance(fs::directory_iterator(folder), {}); }
-
-    // As if the killed programs had been killed yesterday.
-    void MakeLeftoversOld() const {
-        for (const auto& entry : fs::directory_iterator(folder)) {
-            fs::last_write_time(entry, fs::file_time_type::clock::now() - std::chrono::hours(24));
-        }
-    }
-
-  private:
-    fs::path folder;
-};
-
-std::string Contents(const std::string& path) {
-    const std::ifstream file(path, std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
-}
-
 // The file as a program that nobody killed leaves it.
 std::string ContentsOfSave(std::int32_t n) {
-    const SavingFolder folder(true, "whole");
+    const TemporaryFolder folder;
     ProfileFile file;
-    EXPECT_TRUE(SaveNumber(file, folder.GamePath(), n));
-    return Contents(folder.GamePath());
+    EXPECT_TRUE(SaveNumber(file, folder.Write("game.qdx", ""), n));
+    return folder.Read("game.qdx");
 }
 
-std::int32_t StoredNumber(const std::string& path) {
-    return ProfileFile().GetInt("main", "Credits", 0, path);
-}
-
+// In memory a save takes microseconds, and kills fall on every step of it; on the disk most of them
+// fall on waiting for the disk.
 struct Plan {
     const char* name;
     bool inMemory;
@@ -152,8 +108,9 @@ class CrashTest : public testing::TestWithParam<Plan> {};
 
 TEST_P(CrashTest, AKilledProgramLeavesTheLastSaveOrTheOneBefore) {
     const Plan& plan = GetParam();
-    const SavingFolder folder(plan.inMemory, plan.name);
-    const std::string path = folder.GamePath();
+    const bool inMemory = plan.inMemory && fs::is_directory("/dev/shm");
+    const TemporaryFolder folder(inMemory ? "/dev/shm" : fs::temp_directory_path());
+    const std::string path = folder.Write("game.qdx", "");
     std::mt19937 random(20);
     std::int32_t stored = 0;
     int rounds = 0;
@@ -164,14 +121,14 @@ TEST_P(CrashTest, AKilledProgramLeavesTheLastSaveOrTheOneBefore) {
         ASSERT_TRUE(saver.WaitForSaves(saves)) << "a save failed, or " TOLVANE_CRASH_CHILD;
         std::this_thread::sleep_for(saver.period * static_cast<int>(random() % 1000) / 500);
         ASSERT_TRUE(saver.Kill()) << "a save failed";
-        stored = StoredNumber(path);
+        stored = ProfileFile().GetInt("main", "Credits", 0, path);
         ASSERT_GE(stored, saver.acknowledged);
         ASSERT_LE(stored, saver.begun);
-        ASSERT_TRUE(Contents(path) == ContentsOfSave(stored)) << Contents(path);
+        ASSERT_TRUE(folder.Read("game.qdx") == ContentsOfSave(stored)) << path;
     }
     const auto leftovers = folder.FileCount() - 1;
     EXPECT_LE(leftovers, rounds);
-    folder.MakeLeftoversOld();
+    folder.MakeOld();
     ProfileFile file;
     EXPECT_TRUE(SaveNumber(file, path, stored + 1));
     EXPECT_EQ(folder.FileCount(), 1) << "the next program clears up";

@@ -56,22 +56,6 @@ TEST_F(FullDiskTest, ASaveThatFailsLeavesTheOldFileAndTheNextOneCatchesUp) {
     EXPECT_EQ(folder.FileCount(), 1);
 }
 
-TEST_F(FullDiskTest, LookingUpAPayTableMeanwhileLosesNothing) {
-    const std::string mainPath = folder.Write("main.ini", "[Jacks or Better(0)]\nPayLines=9\n");
-    {
-        const FullDisk disk(kRoom);
-        EXPECT_FALSE(Save(250));
-        EXPECT_EQ(file.GetInt("Jacks or Better(0)", "PayLines", 0, mainPath), 9);
-        MachineSettings read;
-        ReadSettings(file, path, read);
-        EXPECT_EQ(read.credits, 250);
-    }
-    EXPECT_EQ(file.GetInt("Jacks or Better(0)", "PayLines", 0, mainPath), 9);
-    EXPECT_TRUE(file.Flush()) << "as at idle time";
-    EXPECT_EQ(StoredCredits(path), 250);
-    EXPECT_EQ(StoredHands(path), 250);
-}
-
 TEST_F(FullDiskTest, ANewGameOverAnUnsavedOneStartsEmpty) {
     const std::string other = folder.Write("other.qdx", "");
     {
