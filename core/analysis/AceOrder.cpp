@@ -6,9 +6,6 @@
 
 namespace {
 
-constexpr int kAces = 4;
-
-// One of the four aces that have a place; the fifth ace has none.
 bool HasPlace(CardFace face) {
     return face.rank == 1 && face.suit >= kSpades && face.suit <= kDiamonds;
 }
@@ -24,6 +21,10 @@ LineCounts OneDraw(int line) {
 int AceLine(const PayTable& table) {
     const auto line = std::ranges::find(table.lines, HandRank::kFourAcesInOrder, &PayLine::rank);
     return line == table.lines.end() ? -1 : static_cast<int>(line - table.lines.begin());
+}
+
+int AcesWithPlaces(const HandFaces& hand) {
+    return static_cast<int>(std::ranges::count_if(hand, HasPlace));
 }
 
 std::optional<AceChance> AceChanceFrom(const HandFaces& hand, int first) {
@@ -42,7 +43,7 @@ std::optional<AceChance> AceChanceFrom(const HandFaces& hand, int first) {
 bool AcesLieInOrder(const HandFaces& hand, HoldMask held) {
     for (const int first : {0, 1}) {
         const auto chance = AceChanceFrom(hand, first);
-        if (chance && std::popcount(static_cast<unsigned>(chance->aces & held)) == kAces)
+        if (chance && std::popcount(static_cast<unsigned>(chance->aces & held)) == kAcesInOrder)
             return true;
     }
     return false;
@@ -50,16 +51,16 @@ bool AcesLieInOrder(const HandFaces& hand, HoldMask held) {
 
 int LineBesideAces(const LineTables& tables, CardFace fifth) {
     SortedCards cards;
-    for (std::uint8_t suit = 0; suit < kAces; ++suit) InsertCard(cards, suit, {0, suit});
-    InsertCard(cards, kAces, tables.ToSetCard(fifth));
+    for (std::uint8_t suit = 0; suit < kAcesInOrder; ++suit) InsertCard(cards, suit, {0, suit});
+    InsertCard(cards, kAcesInOrder, tables.ToSetCard(fifth));
     return tables.LineOfFive(cards);
 }
 
 LineCounts UnseenBesideAces(const LineTables& tables, const HandFaces& hand) {
     std::uint32_t key = 0;
-    for (std::uint8_t suit = 0; suit < kAces; ++suit) key += SetKey::Add(suit, {0, suit});
+    for (std::uint8_t suit = 0; suit < kAcesInOrder; ++suit) key += SetKey::Add(suit, {0, suit});
     LineCounts counts;
-    tables.Read<kAces>(key, counts);
+    tables.Read<kAcesInOrder>(key, counts);
     for (const CardFace face : hand) {
         if (!HasPlace(face)) --counts[LaneOf(LineBesideAces(tables, face))];
     }

@@ -10,6 +10,12 @@
 // The first 4 ACE$ BONUS line of a table, -1 for none.
 int AceLine(const PayTable& table);
 
+// So many have to lie in order.
+inline constexpr int kAcesInOrder = 4;
+
+// The aces of the hand that have a place in the order; a fifth ace has none.
+int AcesWithPlaces(const HandFaces& hand);
+
 // The held cards hold the four aces in order.
 bool AcesLieInOrder(const HandFaces& hand, HoldMask held);
 

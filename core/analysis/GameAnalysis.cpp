@@ -61,8 +61,10 @@ class GameRun {
 
     GameTotals Play() {
         const bool eachHandReported = table.type == GameType::kOneEyedJacks && watcher.hand;
+        // Only files edited by hand have these. The patterns of equal ranks give the player and the
+        // piles suits in an order that matters to no flush, but to colours.
         const bool noPatterns =
-            IsPickEm() && table.jokers > 0;  // only a file edited by hand has these
+            IsPickEm() && (table.jokers > 0 || HasLine(table, HandRank::kAllRedOrBlack));
         if (eachHandReported || noPatterns) {
             PlayEveryHand();
         } else {
@@ -129,10 +131,23 @@ class GameRun {
             if (table.type == GameType::kAcesBonus) {
                 PlayAceOrders(cards, weight);
             } else {
-                AnalyzeStartingHand(cards, weight);
+                PlayUnordered(cards, weight);
             }
         }
         Report();
+    }
+
+    // A dealt hand whose order only standing pat on four aces asks for.
+    void PlayUnordered(const HandFaces& cards, double weight) {
+        if (IsPickEm() || AceLine(table) < 0 || AcesWithPlaces(cards) < kAcesInOrder) {
+            return AnalyzeStartingHand(cards, weight);
+        }
+        std::vector<Placement> orders;
+        Placement order = kAsGiven;
+        do {
+            orders.push_back(order);
+        } while (std::ranges::next_permutation(order).found);
+        PlayOrders(cards, orders, weight);
     }
 
     HandFaces Deal(const Ranks& ranks, const PositionSuits& suits) const {
@@ -218,7 +233,7 @@ class GameRun {
         std::vector<HoldMask> heldCards;
         for (const Placement& order : orders) {
             PlayedHand hand{Placed(cards, order), weight / static_cast<double>(orders.size()), {}};
-            finder->Best(order, hand.best);
+            FindBest(order, hand);
             HoldMask held = 0;
             for (std::size_t i = 0; i < kHandSize; ++i) {
                 if (Holds(hand.best.mask, static_cast<int>(order[i]))) held |= 1 << i;
@@ -239,6 +254,13 @@ class GameRun {
         }
     }
 
+    // The hand lies in the order, from the cards that the finder looks at.
+    void FindBest(const Placement& order, PlayedHand& hand) {
+        if (finder) return finder->Best(order, hand.best);
+        AnalyzeHand(tables, table, {hand.cards, {}}, kFullBet, coin, analysis);
+        TakeBest(analysis, hand.best);
+    }
+
     void AnalyzeStartingHand(const HandFaces& cards, double weight) {
         // Filled in place: there are hundreds of thousands of them.
         PlayedHand& hand = played.emplace_back();
@@ -246,12 +268,9 @@ class GameRun {
         hand.weight = weight;
         if (IsPickEm()) {
             FindBestPile(cards, hand.best);
-        } else if (finder) {
-            Look(cards);
-            finder->Best(kAsGiven, hand.best);
         } else {
-            AnalyzeHand(tables, table, {cards, {}}, kFullBet, coin, analysis);
-            TakeBest(analysis, hand.best);
+            if (finder) Look(cards);
+            FindBest(kAsGiven, hand);
         }
         Add(hand);
     }
@@ -321,7 +340,7 @@ class GameRun {
         if (IsPickEm() && position == kEmptyPosition) return PlayCardsFrom(deck, 3, from, cards);
         if (position == kHandSize) {
             const auto play = [this](const HandFaces& deal) {
-                AnalyzeStartingHand(deal, 1);
+                PlayUnordered(deal, 1);
                 Report();
             };
             return IsPickEm() ? ForEachPickEmDeal(cards, play) : play(cards);
