@@ -22,7 +22,9 @@ std::optional<Number> ReadNumber(const std::string& text) {
 // The parser catches what is thrown here.
 int WholeNumber(const std::string& option, const std::string& text) {
     if (const auto number = ReadNumber<int>(text)) return *number;
-    throw CLI::ValidationError(option + " " + Quoted(text) + " is not a whole number");
+    const bool digits = text.find_first_not_of("0123456789") == std::string::npos && !text.empty();
+    throw CLI::ValidationError(option + " " + Quoted(text) +
+                               (digits ? " is too large" : " is not a whole number"));
 }
 
 double CoinValue(const std::string& text) {

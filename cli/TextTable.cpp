@@ -41,6 +41,8 @@ std::string WithItems(std::string line, const std::vector<std::string>& items) {
 }  // namespace
 
 void TextTable::AddRow(std::vector<std::string> cells, std::vector<std::string> lastItems) {
+    for (std::string& cell : cells) cell = Printable(cell);
+    for (std::string& item : lastItems) item = Printable(item);
     rows.push_back({std::move(cells), std::move(lastItems)});
 }
 

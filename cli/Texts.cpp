@@ -16,14 +16,17 @@ bool IsControl(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 std::string QuotedUpTo(std::size_t limit, std::string_view text) {
-    std::size_t end = std::min(text.size(), limit);
-    while (end < text.size() && end > 0 && IsContinuation(text[end])) --end;
-    std::string quoted(text.substr(0, end));
-    std::ranges::replace_if(quoted, IsControl, '?');
-    return "\"" + quoted + (end < text.size() ? "..." : "") + "\"";
+    const std::string_view shown = CutText(text, limit);
+    return "\"" + Printable(shown) + (shown.size() < text.size() ? "..." : "") + "\"";
 }
 
 }  // namespace
+
+std::string Printable(std::string_view text) {
+    std::string printable(text);
+    std::ranges::replace_if(printable, IsControl, '?');
+    return printable;
+}
 
 std::string Quoted(std::string_view text) { return QuotedUpTo(kMaxQuoted, text); }
 

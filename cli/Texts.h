@@ -4,6 +4,9 @@
 #include <string>
 #include <string_view>
 
+// Control characters, which a terminal would obey, shown as '?'.
+std::string Printable(std::string_view text);
+
 // In quotes, fit for a line of a message: long texts are cut, control characters shown as '?'.
 std::string Quoted(std::string_view text);
 

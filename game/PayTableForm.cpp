@@ -149,15 +149,6 @@ PayLine LineOf(const PayLineTexts& texts) {
     return line;
 }
 
-void PutWildRanks(const std::string& typed, PayTable& table) {
-    auto next = table.wildRanks.begin();
-    for (const int rank : RanksOf(typed)) {
-        if (std::find(table.wildRanks.begin(), next, rank) != next) continue;
-        *next++ = rank;
-        table.wildCardCount += 4;
-    }
-}
-
 int MinPairOf(const std::string& typed) {
     const auto ranks = ReadRanks(typed, kOnlyAcesPay);
     if (!ranks || ranks->empty()) return 0;
@@ -208,12 +199,8 @@ PayTable TableOf(const PayTableTexts& texts, int gameId) {
     PayTable table;
     table.gameId = gameId;
     table.type = texts.type;
-    const bool fifthAce = table.type == GameType::kFiveAces;
-    table.jokers = fifthAce ? 0 : ParseInt(texts.jokers);
-    table.deckSize = fifthAce ? 53 : 52 + table.jokers;
-    table.wildCardCount = table.jokers;
     table.usesWilds = texts.usesWilds;
-    PutWildRanks(texts.wildRanks, table);
+    SetWildCards(table, ParseInt(texts.jokers), RanksOf(texts.wildRanks));
     table.minPair = MinPairOf(texts.minPair);
     table.maxBet = std::max(1, ParseInt(texts.maxBet));
     table.charlieBonus = texts.charlieBonus;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "core/paytable/PayTableStore.h"
+#include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
 #include "core/store/Settings.h"

@@ -14,6 +14,7 @@ inline constexpr CardCode kCardBack = 57;
 inline constexpr int kCardSlots = 58;
 inline constexpr int kMaxJokers = 5;
 inline constexpr int kMaxWildRanks = 5;
+inline constexpr int kNoWildRank = -1;
 
 // Suits of a card; 0 is the suit of jokers and of the card back.
 enum Suit : int { kNoSuit = 0, kSpades = 1, kHearts = 2, kClubs = 3, kDiamonds = 4, kStars = 5 };

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "core/profile/ProfileFile.h"
+#include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
 
 namespace {
@@ -48,7 +49,8 @@ void SplitDescription(const std::string& text, PayLine& line) {
     line.description = text.substr(0, semicolon);
     line.shortDescription = semicolon == std::string::npos
                                 ? std::string(RankInfo(line.rank).shortName)
-                                : text.substr(semicolon + 1, kMaxShortDescription);
+                                : std::string(CutText(std::string_view(text).substr(semicolon + 1),
+                                                      kMaxShortDescription));
 }
 
 PayLine ReadLine(const TableReader& reader, int index) {
@@ -68,19 +70,6 @@ GameType TypeFromNumber(int number) {
     return number >= 1 && number <= 6 ? static_cast<GameType>(number) : GameType::kStandard;
 }
 
-void ReadWildRanks(const TableReader& reader, PayTable& table) {
-    std::size_t count = 0;
-    for (const int rank : reader.Ranks("WildCard", kTextSize)) {
-        const auto end = table.wildRanks.begin() + static_cast<std::ptrdiff_t>(count);
-        if (count == table.wildRanks.size() ||
-            std::find(table.wildRanks.begin(), end, rank) != end) {
-            continue;
-        }
-        table.wildRanks[count++] = rank;
-        table.wildCardCount += 4;
-    }
-}
-
 int LineCount(const TableReader& reader) {
     return std::clamp(reader.Int("PayLines", 0), 0, kMaxPayLines);
 }
@@ -98,12 +87,8 @@ PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName
     PayTable table;
     table.gameId = gameId;
     table.type = TypeFromNumber(reader.Int("Type", 1));
-    const bool fifthAce = table.type == GameType::kFiveAces;
-    table.jokers = fifthAce ? 0 : std::clamp(reader.Int("Jokers", 0), 0, kMaxJokers);
-    table.deckSize = fifthAce ? 53 : 52 + table.jokers;
-    table.wildCardCount = table.jokers;
     table.usesWilds = reader.Flag("UsesWilds");
-    ReadWildRanks(reader, table);
+    SetWildCards(table, reader.Int("Jokers", 0), reader.Ranks("WildCard", kTextSize));
     table.minPair = reader.Int("MinPair", 15);
     table.maxBet = std::max(1, reader.Int("MaxBet", kFullBet));
     table.charlieBonus = reader.Flag("CharlieBonus");
@@ -135,6 +120,21 @@ std::vector<int> TableChain(ProfileFile& file, const std::string& gameName,
         index = file.GetInt(TableSection(gameName, index), "NextIndex", -1, mainPath);
     }
     return chain;
+}
+
+void SetWildCards(PayTable& table, int jokers, std::span<const int> wildRanks) {
+    const bool fifthAce = table.type == GameType::kFiveAces;
+    table.jokers = fifthAce ? 0 : std::clamp(jokers, 0, kMaxJokers);
+    table.deckSize = fifthAce ? 53 : 52 + table.jokers;
+    table.wildCardCount = table.jokers;
+    table.wildRanks.fill(kNoWildRank);
+    auto next = table.wildRanks.begin();
+    for (const int rank : wildRanks) {
+        const bool named = std::find(table.wildRanks.begin(), next, rank) != next;
+        if (named || next == table.wildRanks.end()) continue;
+        *next++ = rank;
+        table.wildCardCount += 4;
+    }
 }
 
 DeckDescription DeckOf(const PayTable& table) {

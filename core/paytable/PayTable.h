@@ -1,6 +1,7 @@
 // A pay table: everything that makes one game differ from another, read from the main profile file.
 #pragma once
 #include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -44,7 +45,7 @@ struct PayTable {
     GameType type = GameType::kStandard;
     int deckSize = 52;
     int jokers = 0;                                                // 0..5
-    std::array<int, kMaxWildRanks> wildRanks{-1, -1, -1, -1, -1};  // 1..13, then -1
+    std::array<int, kMaxWildRanks> wildRanks{-1, -1, -1, -1, -1};  // 1..13, then kNoWildRank
     int wildCardCount =
         0;             // jokers and cards of wild ranks; wild jacks of kOneEyedJacks not counted
     int minPair = 15;  // lowest rank of a paying pair, aces are 14: 15 lets only aces pay
@@ -85,6 +86,10 @@ bool TableExists(ProfileFile& file, const std::string& gameName, int tableIndex,
 // runs in a circle or through a missing table ends there.
 std::vector<int> TableChain(ProfileFile& file, const std::string& gameName,
                             const std::string& mainPath);
+
+// Gives a table, whose type is set, its deck: jokers are cut to 0..5, and none lie beside the fifth
+// ace; ranks 1..13 past the fifth, or named twice, are passed over.
+void SetWildCards(PayTable& table, int jokers, std::span<const int> wildRanks);
 
 DeckDescription DeckOf(const PayTable& table);
 

@@ -13,6 +13,8 @@
 #include <fstream>
 #include <optional>
 
+#include "core/text/Numbers.h"
+
 namespace {
 
 constexpr std::size_t kReadSize = 65536;
@@ -105,6 +107,13 @@ void SyncFolder(const std::filesystem::path& folder) {
 }
 
 }  // namespace
+
+bool SamePath(const std::string& a, const std::string& b) {
+    if (a == b || !SameText(a, b)) return a == b;
+    std::error_code error;
+    const bool both = std::filesystem::exists(a, error) && std::filesystem::exists(b, error);
+    return !both || std::filesystem::equivalent(a, b, error);
+}
 
 // Plain files only: a folder opens but cannot be read, a pipe would be waited for, a device has no
 // end.

@@ -1,9 +1,13 @@
-// Reading a file as a whole, and writing it so that its old contents are there until the new ones
-// are, whatever happens in between.
+// Files as a whole: telling them apart, reading one, and writing one so that its old contents are
+// there until the new ones are, whatever happens in between.
 #pragma once
 #include <optional>
 #include <string>
 #include <string_view>
+
+// Whether two paths name one file. ASCII letters in either case are the same, unless the file
+// system tells two such files apart and has both.
+bool SamePath(const std::string& a, const std::string& b);
 
 // Nothing when the path names something else than a plain file, or when not all of it could be
 // read.

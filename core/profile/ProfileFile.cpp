@@ -37,7 +37,7 @@ bool CanNameKey(std::string_view key) {
 
 std::string_view Cut(std::string_view value, std::size_t size) {
     if (value.size() < size) return value;
-    return value.substr(0, size < 2 ? 0 : size - 2);
+    return CutText(value, size < 2 ? 0 : size - 2);
 }
 
 // Where a key's line stands in the text of its section.
@@ -172,7 +172,7 @@ bool ProfileFile::Save(const std::string& path) {
 }
 
 void ProfileFile::Forget(const std::string& path) {
-    if (loaded && SameText(loadedPath, path)) Empty();
+    if (loaded && SamePath(loadedPath, path)) Empty();
     if (const auto old = FindUnsaved(path); old != unsaved.end()) unsaved.erase(old);
 }
 
@@ -184,7 +184,7 @@ void ProfileFile::Close() {
 
 // Makes the image hold this file; false when it cannot be read.
 bool ProfileFile::Load(const std::string& path) {
-    if (loaded && SameText(loadedPath, path)) return true;
+    if (loaded && SamePath(loadedPath, path)) return true;
     FlushLoaded();
     if (dirty) unsaved.push_back({loadedPath, Contents()});
     Empty();
@@ -205,7 +205,7 @@ bool ProfileFile::Load(const std::string& path) {
 
 std::vector<ProfileFile::UnsavedFile>::iterator ProfileFile::FindUnsaved(const std::string& path) {
     return std::ranges::find_if(unsaved,
-                                [&](const UnsavedFile& file) { return SameText(file.path, path); });
+                                [&](const UnsavedFile& file) { return SamePath(file.path, path); });
 }
 
 void ProfileFile::FlushLoaded() {

@@ -69,12 +69,14 @@ bool CreateDataFolder(const DataFilePaths& paths) {
     return fs::is_directory(paths.folder, error);
 }
 
-bool SamePath(std::string_view a, std::string_view b) { return SameText(a, b); }
-
 std::string CurrentGamePath(const DataFilePaths& paths, ProfileFile& file) {
-    std::string path =
+    const std::string path =
         file.GetString("main", "CurrGame", "", ProfileFile::kWholeValue, paths.mainProfile);
-    return path.empty() ? paths.defaultGame : path;
+    if (path.empty()) return paths.defaultGame;
+    std::error_code error;
+    const std::string here = paths.folder + fs::path(path).filename().string();
+    const bool moved = !fs::exists(path, error) && fs::exists(here, error);
+    return moved ? here : path;
 }
 
 void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& paths,

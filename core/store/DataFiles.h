@@ -47,12 +47,8 @@ std::optional<DataFilePaths> FindDataFiles(const DataEnvironment& environment);
 // True when the folder is there afterwards; whether it can be written, the lock file tells.
 bool CreateDataFolder(const DataFilePaths& paths);
 
-// ASCII letters in either case are the same, as for ProfileFile, which would mix up two files whose
-// paths differ in nothing else.
-bool SamePath(std::string_view a, std::string_view b);
-
 // The game file last played with, which need not exist any more; the default one when none is
-// named.
+// named. When the folder has been moved with it, the one of that name in the folder.
 std::string CurrentGamePath(const DataFilePaths& paths, ProfileFile& file);
 void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& paths,
                           ProfileFile& file);

@@ -81,6 +81,15 @@ bool SameText(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);
 }
 
+std::string_view CutText(std::string_view text, std::size_t bytes) {
+    if (text.size() <= bytes) return text;
+    const auto continues = [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+    };
+    while (bytes > 0 && continues(text[bytes])) --bytes;
+    return text.substr(0, bytes);
+}
+
 std::int32_t ParseInt(std::string_view text) {
     using Limits = std::numeric_limits<std::int32_t>;
     const std::int64_t number = ReadWholeNumber(text).Nearest();

@@ -15,6 +15,9 @@ inline constexpr std::string_view kListSeparators = ", ;:";
 // same.
 bool SameText(std::string_view a, std::string_view b);
 
+// The first bytes of a text, at most so many, and no part of a UTF-8 character.
+std::string_view CutText(std::string_view text, std::size_t bytes);
+
 // Leading blanks, an optional sign, then digits up to the first other character; no digits give 0.
 // A number past 32 bits gives the nearest 32-bit one.
 std::int32_t ParseInt(std::string_view text);

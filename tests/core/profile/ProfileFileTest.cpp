@@ -191,7 +191,7 @@ TEST_F(ProfileFileTest, NamingAnotherFileWritesTheFirstBack) {
     Set("s", "k", "10");
     EXPECT_TRUE(file.IsDirty());
     EXPECT_EQ(folder.Read("a.ini"), "first lines\n[s]\nk=1\n\n");
-    EXPECT_EQ(file.GetInt("s", "k", 0, folder.Path("A.INI")), 10);  // the same path
+    EXPECT_EQ(file.GetInt("s", "k", 0, folder.Path("A.INI")), 10) << "the same path";
     EXPECT_TRUE(file.IsDirty());
     EXPECT_EQ(file.GetInt("s", "k", 0, b), 2);
     EXPECT_FALSE(file.IsDirty());
@@ -201,6 +201,18 @@ TEST_F(ProfileFileTest, NamingAnotherFileWritesTheFirstBack) {
     EXPECT_EQ(folder.Read("b.ini"), "[s]\nk=20\n\n");  // nothing of the first file has come along
     folder.Write("a.ini", "[s]\nk=3\n");               // read again, not remembered
     EXPECT_EQ(Int("s", "k"), 3);
+}
+
+TEST_F(ProfileFileTest, TwoFilesOfOneFolderThatDifferInLetterCaseOnlyAreTwo) {
+    Open("[s]\nk=1\n\n");
+    const auto twin = folder.Write("A.INI", "[s]\nk=2\n\n");
+    if (folder.Read("a.ini") != "[s]\nk=1\n\n") GTEST_SKIP() << "not on this file system";
+    Set("s", "k", "10");
+    EXPECT_EQ(file.GetInt("s", "k", 0, twin), 2);
+    file.WriteInt("s", "k", 20, twin);
+    EXPECT_TRUE(file.Flush());
+    EXPECT_EQ(folder.Read("a.ini"), "[s]\nk=10\n\n");
+    EXPECT_EQ(folder.Read("A.INI"), "[s]\nk=20\n\n");
 }
 
 TEST_F(ProfileFileTest, FlushAndTheEndOfTheProgramWriteBack) {

@@ -80,6 +80,16 @@ TEST(DataFilesTest, TheCurrentGameFileIsRememberedInTheMainProfile) {
     EXPECT_EQ(folder.Read("Tolvane.ini"), "[main]\nVer=114\nCurrGame=" + chosen + "\n\n");
 }
 
+TEST(DataFilesTest, TheCurrentGameFileMovesWithItsFolder) {
+    const TemporaryFolder folder;
+    const DataFilePaths paths = Portable(folder);
+    folder.Write("Tolvane.ini", "[main]\nCurrGame=/media/Old Stick/Holiday.qdx\n");
+    ProfileFile file;
+    EXPECT_EQ(CurrentGamePath(paths, file), "/media/Old Stick/Holiday.qdx");
+    const std::string here = folder.Write("Holiday.qdx", "[main]\n");
+    EXPECT_EQ(CurrentGamePath(paths, file), here);
+}
+
 TEST(DataFilesTest, TheTitleNamesTheGameFileUnlessItIsTheDefaultOne) {
     const TemporaryFolder folder;
     const DataFilePaths paths = Portable(folder);
