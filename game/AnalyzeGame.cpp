@@ -11,7 +11,6 @@
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
-#include "core/text/Numbers.h"
 #include "game/HandFlow.h"
 #include "game/SpareEngine.h"
 

@@ -16,6 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr auto kFreshGame = ".tolvane-new-game";  // what a crash leaves of it is written over
 constexpr std::int32_t kNewGameBet = 5;
 constexpr std::int32_t kNewGameDollars = 100;
 
@@ -74,19 +75,15 @@ void EndFeatures(GameTable& table) {
 bool WriteNewGame(GameTable& table, const std::string& path, MachineSettings& settings,
                   Statistics& statistics, PayTable& payTable) {
     ProfileFile& file = table.files.file;
-    const std::string fresh = path + ".new";
+    const std::string fresh = (fs::path(path).parent_path() / kFreshGame).string();
     const StoredState state{settings, statistics, payTable};
-    std::error_code error;
-    const bool written =
-        CreateGameFile(fresh, file) && ResetStatistics(file, fresh, state, true, table.clock.Now());
+    const bool written = CreateGameFile(fresh, file) &&
+                         ResetStatistics(file, fresh, state, true, table.clock.Now()) &&
+                         CopyGameFile(fresh, path, file);
     file.Forget(fresh);
-    if (written) fs::rename(fresh, path, error);
-    if (!written || error) {
-        fs::remove(fresh, error);
-        return false;
-    }
-    file.Forget(path);
-    return true;
+    std::error_code ignored;
+    fs::remove(fresh, ignored);
+    return written;
 }
 
 bool WriteCopy(GameTable& table, const std::string& path) {

@@ -8,7 +8,6 @@
 
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
-#include "core/text/Numbers.h"
 
 namespace fs = std::filesystem;
 
@@ -73,15 +72,20 @@ std::string CurrentGamePath(const DataFilePaths& paths, ProfileFile& file) {
     const std::string path =
         file.GetString("main", "CurrGame", "", ProfileFile::kWholeValue, paths.mainProfile);
     if (path.empty()) return paths.defaultGame;
+    const std::string folder =
+        file.GetString("main", "DataFolder", "", ProfileFile::kWholeValue, paths.mainProfile);
+    if (folder.empty() || folder == paths.folder || !path.starts_with(folder)) return path;
+    const std::string moved = paths.folder + path.substr(folder.size());
     std::error_code error;
-    const std::string here = paths.folder + fs::path(path).filename().string();
-    const bool moved = !fs::exists(path, error) && fs::exists(here, error);
-    return moved ? here : path;
+    return fs::exists(moved, error) ? moved : path;
 }
 
 void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& paths,
                           ProfileFile& file) {
     file.WriteString("main", "CurrGame", gamePath, paths.mainProfile);
+    std::optional<std::string> folder;
+    if (gamePath.starts_with(paths.folder)) folder = paths.folder;
+    file.WriteString("main", "DataFolder", folder, paths.mainProfile);
 }
 
 std::string DocumentTitle(const std::string& gameName, const std::string& gamePath,

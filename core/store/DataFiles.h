@@ -48,7 +48,8 @@ std::optional<DataFilePaths> FindDataFiles(const DataEnvironment& environment);
 bool CreateDataFolder(const DataFilePaths& paths);
 
 // The game file last played with, which need not exist any more; the default one when none is
-// named. When the folder has been moved with it, the one of that name in the folder.
+// named. When it lay in the data folder, and that has been moved or copied since, it is the one in
+// the new folder.
 std::string CurrentGamePath(const DataFilePaths& paths, ProfileFile& file);
 void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& paths,
                           ProfileFile& file);

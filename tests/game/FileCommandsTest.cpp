@@ -81,8 +81,10 @@ TEST_F(FileCommandsTest, ANewGameStartsFromNothingAndTheOldOneKeepsAll) {
     engine.fixedHand = true;
     engine.handOver = false;
     machine.folder.Write("other.qdx", "[main]\nCredits=5000\n[Deuces Wild(0)]\nHandsWon=8\n");
-    answers = {Path("other.qdx")};
+    fs::create_symlink(Path("other.qdx"), Path("link.qdx"));
+    answers = {Path("link.qdx")};
     NewGameFile(table);
+    EXPECT_TRUE(fs::is_symlink(Path("link.qdx"))) << "the file behind it is the new game";
     EXPECT_EQ(log.front(), "ask file to save " + Path("Deuces Wild.qdx"));
     EXPECT_EQ(log.back(), "repaint");
     const MachineSettings& settings = engine.settings;
@@ -94,7 +96,7 @@ TEST_F(FileCommandsTest, ANewGameStartsFromNothingAndTheOldOneKeepsAll) {
     EXPECT_FALSE(engine.fixedHand);
     EXPECT_TRUE(engine.handOver) << "or the fixed hand would be paid";
     const std::string path = Path("other.qdx");
-    EXPECT_EQ(files.gamePath, path);
+    EXPECT_EQ(files.gamePath, Path("link.qdx"));
     EXPECT_EQ(Stored(path, "main", "GameName"), "Deuces Wild");
     EXPECT_EQ(Stored(path, "Deuces Wild(0)", "HandsWon"), "0");
     EXPECT_EQ(Stored(path, "Deuces Wild(0)", "ElapsedTime"), "0.00");
@@ -162,7 +164,7 @@ TEST_F(FileCommandsTest, OnAFullDiskTheGameStaysInItsFile) {
     EXPECT_EQ(Stored(game, "Jacks or Better(0)", "HandsPlayed"), "7");
     EXPECT_EQ(machine.folder.Read("copy.qdx"), "(missing)");
     EXPECT_EQ(machine.folder.Read("new.qdx"), "[main]\nCredits=9\n") << "is to be replaced whole";
-    EXPECT_EQ(machine.folder.Read("new.qdx.new"), "(missing)");
+    EXPECT_EQ(machine.folder.Read(".tolvane-new-game"), "(missing)");
 }
 
 TEST_F(FileCommandsTest, ACopyIsPlayedOnAndHoldsTheOtherGamesToo) {

@@ -347,6 +347,7 @@ TEST_F(TablePlayTest, DigitsArePlacesOfTheMainRowAndLettersAreFoundWithoutLatinO
     EXPECT_EQ(TableKeyOf(Qt::Key_Agrave, 19), Qt::Key_0);
     EXPECT_EQ(TableKeyOf(0x412, 40), Qt::Key_D) << "on a Russian keyboard";
     EXPECT_EQ(TableKeyOf(0x42F, 52), Qt::Key_Z);
+    EXPECT_EQ(TableKeyOf(0x11E, 26), 0x11E) << "a Turkish letter is Latin";
     EXPECT_EQ(TableKeyOf(Qt::Key_A, 24), Qt::Key_A) << "where an American keyboard has Q";
     EXPECT_EQ(TableKeyOf(Qt::Key_4, 83), Qt::Key_4) << "of the keypad";
     EXPECT_EQ(TableKeyOf(Qt::Key_Left, 113), Qt::Key_Left);

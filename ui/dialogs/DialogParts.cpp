@@ -105,9 +105,12 @@ void PlaceNearTop(QDialog& dialog) {
     const QPoint place =
         window.mapToGlobal(QPoint((window.width() - dialog.width()) / 2, belowMenu));
     const QRect screen = window.screen()->availableGeometry();
-    dialog.move(std::clamp(place.x(), screen.left(),
-                           std::max(screen.left(), screen.right() - dialog.width())),
-                std::max(place.y(), screen.top()));
+    const auto within = [](int wanted, int first, int last) {
+        return std::clamp(wanted, first, std::max(first, last));
+    };
+    const int height = dialog.height() + belowMenu;  // with the title bar
+    dialog.move(within(place.x(), screen.left(), screen.right() - dialog.width()),
+                within(place.y(), screen.top(), screen.bottom() - height));
 }
 
 void LimitToBytes(QLineEdit& box, int longest) { box.setValidator(new ByteLimit(longest, &box)); }

@@ -38,7 +38,7 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-// Asks or tells something in the middle of a hand.
+// Stands near the top of the window, so that the cards asked about stay in sight.
 class FlowBox : public QMessageBox {
   public:
     FlowBox(Icon icon, const std::string& caption, const std::string& text, StandardButtons buttons,

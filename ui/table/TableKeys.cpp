@@ -13,7 +13,7 @@ struct KeyRow {
 constexpr KeyRow kDigits{10, "1234567890"};
 constexpr KeyRow kLetters[] = {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
 
-constexpr int kFirstOtherScript = 0x100;
+constexpr int kFirstOtherScript = 0x250;  // behind the Latin letters with marks
 constexpr int kFirstWithoutCharacter = Qt::Key_Escape;
 
 // 0 when the place is not one in the row.

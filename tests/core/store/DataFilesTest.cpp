@@ -77,17 +77,25 @@ TEST(DataFilesTest, TheCurrentGameFileIsRememberedInTheMainProfile) {
     StoreCurrentGamePath(chosen, paths, file);
     EXPECT_TRUE(file.Flush());
     EXPECT_EQ(CurrentGamePath(paths, file), chosen);
-    EXPECT_EQ(folder.Read("Tolvane.ini"), "[main]\nVer=114\nCurrGame=" + chosen + "\n\n");
+    EXPECT_EQ(folder.Read("Tolvane.ini"),
+              "[main]\nVer=114\nCurrGame=" + chosen + "\nDataFolder=" + paths.folder + "\n\n");
+    StoreCurrentGamePath("/media/usb/Else.qdx", paths, file);
+    EXPECT_TRUE(file.Flush());
+    EXPECT_EQ(folder.Read("Tolvane.ini"), "[main]\nVer=114\nCurrGame=/media/usb/Else.qdx\n\n");
 }
 
 TEST(DataFilesTest, TheCurrentGameFileMovesWithItsFolder) {
     const TemporaryFolder folder;
     const DataFilePaths paths = Portable(folder);
-    folder.Write("Tolvane.ini", "[main]\nCurrGame=/media/Old Stick/Holiday.qdx\n");
-    ProfileFile file;
-    EXPECT_EQ(CurrentGamePath(paths, file), "/media/Old Stick/Holiday.qdx");
     const std::string here = folder.Write("Holiday.qdx", "[main]\n");
-    EXPECT_EQ(CurrentGamePath(paths, file), here);
+    const auto current = [&](const std::string& main) {
+        folder.Write("Tolvane.ini", "[main]\n" + main);
+        return CurrentGamePath(paths, *std::make_unique<ProfileFile>());
+    };
+    EXPECT_EQ(current("CurrGame=/old/Holiday.qdx\nDataFolder=/old/\n"), here);
+    EXPECT_EQ(current("CurrGame=/old/Gone.qdx\nDataFolder=/old/\n"), "/old/Gone.qdx");
+    EXPECT_EQ(current("CurrGame=/usb/Holiday.qdx\n"), "/usb/Holiday.qdx")
+        << "another player's, on a disk that is away";
 }
 
 TEST(DataFilesTest, TheTitleNamesTheGameFileUnlessItIsTheDefaultOne) {
