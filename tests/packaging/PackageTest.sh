@@ -30,7 +30,11 @@ settings=(env -u XDG_DATA_HOME XDG_CONFIG_HOME="$temporary/home/config" XDG_RUNT
 player=("${settings[@]}")
 if [[ $EUID -eq 0 ]]; then player+=(setpriv "--bounding-set=-dac_override,-dac_read_search"); fi
 analyser() { HOME=$temporary/home "${player[@]}" "$prefix/bin/tolvane-cli" "$@" 2>"$temporary/output"; }
-ends_on_sigterm() { (((0x$(sed -n 's/^SigCgt:\s*//p' "/proc/$1/status") >> 14) & 1)); }
+# The shell that is about to become the program catches that signal too.
+ends_on_sigterm() {
+    [[ $(readlink "/proc/$1/exe") == */Tolvane ]] &&
+        (((0x$(sed -n 's/^SigCgt:\s*//p' "/proc/$1/status") >> 14) & 1))
+}
 
 install_read_only() {
     cmake --install "$build" --prefix "$prefix" >"$temporary/output"
