@@ -107,8 +107,8 @@ void CMorvikApp::WarnOfMissingPayTables() {
     const QFileInfo profile(QString::fromStdString(paths.mainProfile));
     if (profile.isReadable()) return;
     Warn(tr("No Pay Tables"),
-         tr("%1 cannot be read, so there are no pay tables and every hand loses. Install Tolvane "
-            "anew, or copy %2 back, and start it again.")
+         tr("%1 cannot be read, so there are no pay tables to play with. Install Tolvane anew, or "
+            "copy %2 back, and start it again.")
              .arg(profile.filePath(), profile.fileName()));
 }
 

@@ -156,7 +156,7 @@ int Draw(GameEngine& engine) {
 
 void AnalyzeDealtHand(GameEngine& engine) {
     KnownCards known;
-    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(engine, engine.hand[i]);
+    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(engine, engine.dealtCopy[i]);
     known.firstDraw = FaceOf(engine, engine.drawCards[0]);
     AnalyzeHand(LineTablesOf(engine), engine.payTable, known, engine.settings.bet,
                 engine.settings.coin, engine.analysis);

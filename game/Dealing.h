@@ -18,7 +18,8 @@ int DealOrDraw(GameEngine& engine, const GameFiles& files);
 // a fixed hand.
 void PrepareSecondDraw(GameEngine& engine);
 
-// Analyses the hand on the engine, with its first draw card where the game shows that.
+// Analyses the hand as it was dealt, with its first draw card where the game shows that. Holds are
+// judged by it until the hand is over, also those of a second draw.
 void AnalyzeDealtHand(GameEngine& engine);
 
 // The held flags as bits, and the bits as held flags.

@@ -68,10 +68,16 @@ TEST_F(TableCommandsTest, AnotherCoinChangesPictureAndMeters) {
 }
 
 TEST_F(TableCommandsTest, AnotherCoinDuringAHandIsThatOfItsAnalysisToo) {
-    machine.Deal("AS KS QS JS TS");
+    machine.Play("Dbl Draw Bonus", 318);
+    machine.Deal("AS KS QS JS TS 2D");
     EXPECT_EQ(engine.analysis.holds[kStandPat].expectedReturn, 4000);
     ChooseCoin(table, 0.05);
     EXPECT_NEAR(engine.analysis.holds[kStandPat].expectedReturn, 200, 1e-9);
+    machine.Draw(0b11110);
+    PrepareSecondDraw(engine);
+    ChooseCoin(table, 0.25);
+    EXPECT_NEAR(engine.analysis.holds[kStandPat].expectedReturn, 1000, 1e-9)
+        << "the second draw is judged by the hand dealt";
 }
 
 TEST_F(TableCommandsTest, CreditsAsCashRewritesTheMessageOnlyForItsAmount) {
