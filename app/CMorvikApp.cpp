@@ -84,20 +84,30 @@ bool CMorvikApp::TakeDataFolder() {
         return false;
     }
     paths = *found;
-    lock = std::make_unique<LockFile>(paths.folder);
-    if (lock->GetState() == LockFile::State::kTaken) {
-        Warn(
-            tr("Tolvane Is Running"),
-            tr("Tolvane is already running on the data folder %1. Go on in its window, or close it "
-               "first.")
-                .arg(QString::fromStdString(paths.folder)));
-        return false;
-    }
-    if (lock->GetState() == LockFile::State::kRefused) {
-        Warn(tr("Data Folder"),
-             tr("The data folder %1 cannot be written to. You can play, but nothing will be saved "
-                "until it can.")
-                 .arg(QString::fromStdString(paths.folder)));
+    lock = LockFile::OfDataFolder(paths.folder);
+    const QString folder = QString::fromStdString(paths.folder);
+    switch (lock->GetState()) {
+        case LockFile::State::kHeld:
+            break;
+        case LockFile::State::kTaken:
+            Warn(tr("Tolvane Is Running"),
+                 tr("Tolvane is already running on the data folder %1 (%2). Go on in its window, "
+                    "or close it first.")
+                     .arg(folder, QString::fromStdString(lock->HeldBy().Text())));
+            return false;
+        case LockFile::State::kRefused:
+            Warn(tr("Data Folder"),
+                 tr("The data folder %1 cannot be written to. You can play, but nothing will be "
+                    "saved in it until it can.")
+                     .arg(folder));
+            break;
+        case LockFile::State::kNotKnown:
+            Warn(tr("Data Folder"),
+                 tr("Nothing keeps a second copy of Tolvane out of the data folder %1: its disk "
+                    "knows no locks, or something else is in the place of the file Tolvane.lock. "
+                    "All you play is saved, but do not start a second copy on it.")
+                     .arg(folder));
+            break;
     }
     MigrateDataFiles(paths, file);
     return true;

@@ -2,6 +2,7 @@
 #pragma once
 #include <QApplication>
 #include <memory>
+#include <optional>
 
 #include "app/CMainFrame.h"
 #include "app/CMorvikDoc.h"
@@ -34,7 +35,7 @@ class CMorvikApp : public QApplication {
     ProfileFile file;
     DataFilePaths paths;
     QString gameFile;  // to begin in, in full; empty = the last one
-    std::unique_ptr<LockFile> lock;
+    std::optional<LockFile> lock;
     PictureStore pictures;
     WindowClock clock;
     std::unique_ptr<QtSounds> sounds;

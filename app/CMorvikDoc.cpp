@@ -51,8 +51,7 @@ CMorvikDoc::~CMorvikDoc() = default;
 
 void CMorvikDoc::OnNewDocument(const std::string& gameFile) {
     actions.Run([this, gameFile] {
-        FinishStart(table);
-        if (!gameFile.empty()) OpenNamedGameFile(table, gameFile);
+        FinishStart(table, gameFile);
         emit TitleChanged();
     });
 }
@@ -61,9 +60,7 @@ bool CMorvikDoc::OnCloseDocument() { return StopGame(table, paths); }
 
 void CMorvikDoc::SaveForNow() {
     StoreCurrentGamePath(files.gamePath, paths, files.file);
-    // The desktop waits, so a failure is not told now.
-    const bool told = std::exchange(table.saveFailedTold, true);
-    if (!SaveGame(table, false)) table.saveFailedTold = told;
+    SaveGameQuietly(table);  // the desktop waits
     files.file.Flush();
 }
 

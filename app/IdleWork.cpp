@@ -29,7 +29,9 @@ bool IsActivity(QEvent::Type type) {
 IdleWork::IdleWork(CMorvikDoc& shown) : document(shown) {
     timer.setInterval(0);
     connect(&timer, &QTimer::timeout, this, &IdleWork::Call);
-    connect(&document, &CMorvikDoc::Settled, this, &IdleWork::Begin);
+    connect(&document, &CMorvikDoc::Settled, this, &IdleWork::Settle);
+    rest.setSingleShot(true);
+    connect(&rest, &QTimer::timeout, this, [this] { Keep(true); });
 }
 
 bool IdleWork::eventFilter(QObject* object, QEvent* event) {
@@ -48,12 +50,29 @@ void IdleWork::Call() {
     if (!OnIdle(calls++)) timer.stop();
 }
 
+// Telling of a failure is an action like those of the player. While one runs, its end comes here
+// again.
+void IdleWork::Keep(bool rested) {
+    if (document.actions.Busy()) return;
+    const GameTable& table = document.table;
+    if (!SaveIsDue(table, rested) && !table.files.file.IsDirty()) return;
+    document.actions.Run([this, rested] { KeepPlay(document.table, rested); });
+}
+
+void IdleWork::Settle() {
+    const GameTable& table = document.table;
+    const bool waits = table.files.file.IsDirty() || SaveIsDue(table, true);
+    rest.stop();
+    if (waits) rest.start(table.saveTold.empty() ? kRest : kRetry);
+    if (waits && SaveIsDue(table, false)) Keep(false);
+    Begin();
+}
+
 bool IdleWork::OnIdle(int count) {
-    GameTable& table = document.table;
-    if (table.files.file.IsDirty() && !table.saveFailedTold) {
-        const bool saved = table.files.file.Flush();
-        document.actions.Run([&table, saved] { ReportSave(table, saved); });
-    }
-    if (!table.engine.handInProgress && !table.engine.fixedHand) table.engine.deck.Shuffle(1);
+    const GameTable& table = document.table;
+    // Once in a row of calls: a disk that is full need not be asked a hundred times.
+    if (count == 0 && table.files.file.IsDirty()) Keep(false);
+    GameEngine& engine = document.table.engine;
+    if (!engine.handInProgress && !engine.fixedHand) engine.deck.Shuffle(1);
     return count < kMaxCalls - 1;
 }

@@ -1,4 +1,5 @@
-// What is done when nothing else happens: changed files are written back, and the deck is shuffled.
+// What is done when nothing else happens: changed files are written back, what was played is saved,
+// and the deck is shuffled.
 #pragma once
 #include <QObject>
 #include <QTimer>
@@ -13,6 +14,11 @@ class IdleWork : public QObject {
   public:
     static constexpr int kMaxCalls = 102;  // in a row
 
+    // Milliseconds after the last action until what was played is saved, and until a save that
+    // failed is tried again.
+    static constexpr int kRest = 3000;
+    static constexpr int kRetry = 10'000;
+
     explicit IdleWork(CMorvikDoc& document);
 
     // Watches the events of the whole program.
@@ -24,8 +30,11 @@ class IdleWork : public QObject {
   private:
     void Begin();
     void Call();
+    void Keep(bool rested);
+    void Settle();
 
     CMorvikDoc& document;
     QTimer timer;
+    QTimer rest;  // runs while something waits to be saved
     int calls = 0;
 };

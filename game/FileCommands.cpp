@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
 #include "game/BonusFeatures.h"
-#include "game/GameSelection.h"
+#include "game/GameFile.h"
 #include "game/HandFlow.h"
 #include "game/SaveGame.h"
 #include "game/TableCommands.h"
@@ -16,7 +17,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr auto kFreshGame = ".tolvane-new-game";  // what a crash leaves of it is written over
+using Standing = ProfileFile::Standing;
+
 constexpr std::int32_t kNewGameBet = 5;
 constexpr std::int32_t kNewGameDollars = 100;
 
@@ -40,29 +42,35 @@ std::string ProposedPath(const GameTable& table) {
     return (folder / name).string();
 }
 
-// A player who mistakes it for a game file would lose every pay table.
+Standing StandingOf(const GameTable& table) {
+    return table.files.file.StandingOf(table.files.gamePath);
+}
+
+bool IsInUse(const GameTable& table, const std::string& path) {
+    return SameFile(path, table.files.gamePath);
+}
+
+// A player who mistakes it for a game file would lose every pay table; what the links that lead to
+// it are called does not matter.
 bool IsMainProfile(GameTable& table, const std::string& path) {
-    if (!SamePath(path, table.files.mainPath)) return false;
+    if (!SameFile(path, table.files.mainPath)) return false;
     TellProblem(table, path, "holds the pay tables and cannot be a game file.");
     return true;
 }
 
-// Any other text would have settings and statistics added to it.
-bool IsGameFile(GameTable& table, const std::string& path) {
-    const auto contents = ReadWholeFile(path);
-    if (!contents) {
-        TellProblem(table, path, "could not be read.");
-        return false;
-    }
-    const bool blank = contents->find_first_not_of(" \t\r\n") == std::string::npos;
-    if (blank || table.files.file.GetSectionText("main", path)) return true;
-    TellProblem(table, path, "is not a game file: it has no section [main].");
-    return false;
+// The lock of another file than the one in use; nothing, and the player is told, when it is open
+// elsewhere.
+std::optional<LockFile> TakeLock(GameTable& table, const std::string& path) {
+    LockFile lock = LockFile::OfGameFile(path);
+    const auto problem = LockProblem(lock);
+    if (!problem) return lock;
+    TellProblem(table, path, *problem + ".");
+    return std::nullopt;
 }
 
-void UseGameFile(GameTable& table, const std::string& path) {
-    table.files.gamePath = path;
-    table.saveFailedTold = false;
+void GoOnIn(GameTable& table, const std::string& path, LockFile lock) {
+    UseGameFile(table, path, std::move(lock));
+    TellIfNotLocked(table);
 }
 
 void EndFeatures(GameTable& table) {
@@ -71,48 +79,66 @@ void EndFeatures(GameTable& table) {
     SaveGame(table, false);
 }
 
-// Written whole beside its place: what is there stays until the new game can take it.
-bool WriteNewGame(GameTable& table, const std::string& path, MachineSettings& settings,
-                  Statistics& statistics, PayTable& payTable) {
-    ProfileFile& file = table.files.file;
-    const std::string fresh = (fs::path(path).parent_path() / kFreshGame).string();
-    const StoredState state{settings, statistics, payTable};
-    const bool written = CreateGameFile(fresh, file) &&
-                         ResetStatistics(file, fresh, state, true, table.clock.Now()) &&
-                         CopyGameFile(fresh, path, file);
-    file.Forget(fresh);
-    std::error_code ignored;
-    fs::remove(fresh, ignored);
-    return written;
+// Saves what is played before another file takes its place. False when the player is to decide
+// first between the table and what others have made of its file, and has not.
+bool IsSavedToLeave(GameTable& table) {
+    AskAgain(table);
+    if (!OwnsGameFile(table) && !WhyNotSaved(table)) return false;
+    SettleFeatures(table);
+    SaveGame(table, false);
+    return true;
 }
 
 bool WriteCopy(GameTable& table, const std::string& path) {
     const GameFiles& files = table.files;
-    std::error_code error;
-    const bool copied = fs::exists(files.gamePath, error)
-                            ? CopyGameFile(files.gamePath, path, files.file)
-                            : CreateGameFile(path, files.file);
-    if (!copied) return false;
+    files.file.Flush();
+    const std::string text = files.file.WholeText(files.gamePath).value_or("");
     GameEngine& engine = table.engine;
-    const StoredState state{engine.settings, engine.statistics, engine.payTable};
-    if (SaveSettings(files.file, path, state, false, table.clock.Now())) return true;
-    files.file.Forget(path);
-    return false;
+    return files.file.Make(path, text, [&] {
+        const StoredState state{engine.settings, engine.statistics, engine.payTable};
+        WriteSession(files.file, path, state, false, table.clock.Now());
+    });
 }
 
-void GoOnIn(GameTable& table, const std::string& path) {
-    if (IsMainProfile(table, path) || !IsGameFile(table, path)) return;
-    SettleFeatures(table);
-    SaveGame(table, false);
-    UseGameFile(table, path);
-    LoadGameFile(table);
-    EnterStoredMode(table);
+// What the old file could not take is in the new one, and need not be brought there any more.
+void MoveTo(GameTable& table, const std::string& path, LockFile lock) {
+    const std::string old = table.files.gamePath;
+    GoOnIn(table, path, std::move(lock));
+    if (!SameFile(old, path)) table.files.file.Forget(old);
+    NoteKept(table);
+}
+
+// The session of the file in use begins anew, with what was played saved.
+void OpenAgain(GameTable& table) {
+    if (!IsSavedToLeave(table)) return;
+    ShowGameFile(table);
     SaveGame(table, true);
-    ShowGameOver(table);
-    table.display.Relayout();
+}
+
+void Open(GameTable& table, const std::string& path) {
+    if (IsMainProfile(table, path)) return;
+    const bool inUse = IsInUse(table, path);
+    const auto problem = inUse ? WhyNotSaved(table) : GameFileProblem(path);
+    if (problem) return TellProblem(table, path, *problem + ".");
+    if (inUse) return OpenAgain(table);
+    auto lock = TakeLock(table, path);
+    if (!lock || !IsSavedToLeave(table)) return;
+    GoOnIn(table, path, std::move(*lock));
+    ShowGameFile(table);
+    SaveGame(table, true);
 }
 
 }  // namespace
+
+void TellIfNotLocked(GameTable& table) {
+    if (!table.gameLock || table.gameLock->GetState() != LockFile::State::kNotKnown) return;
+    table.player.IsTold("Game File",
+                        "Nothing keeps a second copy of Tolvane out of the game file " +
+                            table.files.gamePath +
+                            ": its disk knows no locks, or something else is in the place of its "
+                            "lock file. All you play is saved, but do not open it twice.",
+                        MessageIcon::kExclamation);
+}
 
 // The machine takes the new state only when the file holds it.
 void NewGameFile(GameTable& table) {
@@ -120,6 +146,10 @@ void NewGameFile(GameTable& table) {
     SaveGame(table, false);
     const auto path = table.player.ChoosesFileToSave(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
+    const bool inUse = IsInUse(table, *path);
+    if (inUse) table.gameLock.reset();  // it is taken again
+    auto lock = TakeLock(table, *path);
+    if (!lock || (!inUse && !IsSavedToLeave(table))) return;
     EndFeatures(table);
     MachineSettings settings = engine.settings;
     settings.mode = PlayMode::kWarning;
@@ -128,17 +158,21 @@ void NewGameFile(GameTable& table) {
     settings.dollarIn = kNewGameDollars;
     Statistics statistics = engine.statistics;
     PayTable payTable = engine.payTable;
-    if (!WriteNewGame(table, *path, settings, statistics, payTable)) {
-        TellUnwritten(table, *path);
-        return;
-    }
-    UseGameFile(table, *path);
+    ProfileFile& file = table.files.file;
+    const bool made = file.Make(*path, "", [&] {
+        const StoredState state{settings, statistics, payTable};
+        ResetStatistics(file, *path, state, table.clock.Now());
+        WriteSession(file, *path, state, true, table.clock.Now());
+    });
+    if (!made) return TellUnwritten(table, *path);
     engine.settings = settings;
     engine.statistics = statistics;
     engine.payTable = payTable;
     engine.fixedHand = false;
     engine.handWins = false;
     engine.dealtLine = engine.finalLine = -1;
+    GoOnIn(table, *path, std::move(*lock));
+    NoteKept(table);
     if (engine.doubleUpOffered) WithdrawDoubleUp(table);
     ShowGameOver(table);
     table.display.Repaint();
@@ -146,25 +180,28 @@ void NewGameFile(GameTable& table) {
 
 void OpenGameFile(GameTable& table) {
     const std::string folder = fs::path(table.files.gamePath).parent_path().string();
-    if (const auto path = table.player.ChoosesFileToOpen(folder)) GoOnIn(table, *path);
+    if (const auto path = table.player.ChoosesFileToOpen(folder)) Open(table, *path);
 }
 
 void OpenNamedGameFile(GameTable& table, const std::string& path) {
-    if (!SamePath(path, table.files.gamePath)) GoOnIn(table, path);
+    if (!IsInUse(table, path)) Open(table, path);
 }
 
 void SaveGameFile(GameTable& table) {
-    table.saveFailedTold = false;
+    table.saveTold.clear();
     SaveGame(table, false);
 }
 
 void SaveGameFileAs(GameTable& table) {
     const auto path = table.player.ChoosesFileToSave(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
-    if (SamePath(*path, table.files.gamePath)) {
-        SaveGameFile(table);
-    } else if (WriteCopy(table, *path)) {
-        UseGameFile(table, *path);
+    const bool inUse = IsInUse(table, *path);
+    if (inUse && StandingOf(table) == Standing::kOurs) return SaveGameFile(table);
+    if (inUse) table.gameLock.reset();  // it is taken again
+    auto lock = TakeLock(table, *path);
+    if (!lock) return;
+    if (WriteCopy(table, *path)) {
+        MoveTo(table, *path, std::move(*lock));
     } else {
         TellUnwritten(table, *path);
     }

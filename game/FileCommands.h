@@ -16,6 +16,9 @@ void OpenGameFile(GameTable& table);
 // The same with a file that was named elsewhere; nothing when it is the one in use.
 void OpenNamedGameFile(GameTable& table, const std::string& path);
 
+// That the game file has no lock which others would see; nothing when it has one.
+void TellIfNotLocked(GameTable& table);
+
 // A failure is told even when an earlier one was.
 void SaveGameFile(GameTable& table);
 

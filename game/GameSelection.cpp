@@ -93,6 +93,7 @@ void LoadGameFile(GameTable& table) {
     LoadCurrentGame(files.file, files.gamePath, files.mainPath, engine.settings);
     LoadGame(engine, files, table.tables);
     LoadSettings(files.file, files.gamePath, engine.settings, engine.statistics, table.clock.Now());
+    NoteKept(table);
 }
 
 void EnterStoredMode(GameTable& table) {

@@ -3,8 +3,12 @@
 // outlive it.
 #pragma once
 #include <array>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "core/cards/Random.h"
+#include "core/store/LockFile.h"
 #include "game/Clock.h"
 #include "game/GameEngine.h"
 #include "game/Player.h"
@@ -35,6 +39,15 @@ struct HandOnTable {
     std::array<bool, kHandSize> held{};
 };
 
+// What the game file keeps of a table, but for the time played.
+struct KeptState {
+    MachineSettings settings;
+    Statistics statistics;
+    std::vector<std::int32_t> wins;  // of the pay lines
+
+    bool operator==(const KeptState&) const = default;
+};
+
 struct GameTable {
     GameEngine& engine;
     GameFiles& files;
@@ -47,8 +60,12 @@ struct GameTable {
     CombinedRandom random{};  // of the features, apart from the deck's
     bool logsErrors = true;   // a play error of this hand is counted and logged
     bool drawAgainAllowed = true;
-    bool bonusShown = false;      // the message meter shows a bonus, not the win
-    bool saveFailedTold = false;  // since the last save that succeeded
+    bool bonusShown = false;             // the message meter shows a bonus, not the win
+    std::string saveTold{};              // why saving fails, as last told since a save succeeded
+    bool saveDue = false;                // as soon as no hand is open
+    KeptState kept{};                    // as the game file was last read or saved
+    std::int64_t keptAt = 0;             // the clock's time then
+    std::optional<LockFile> gameLock{};  // keeps other copies out of the game file
     HandOnTable beforeDoubleUp{};
     TargetGame target{};
     RedBlackGame redBlack{};

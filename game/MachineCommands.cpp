@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "core/profile/ProfileFile.h"
 #include "core/text/Amount.h"
 
 namespace {
@@ -44,14 +43,13 @@ std::string CashOut(GameEngine& engine) {
     return "Paid " + FormatDollars("%14.2f", dollars);
 }
 
-void ChangeCoin(GameEngine& engine, double coin, const GameFiles& files) {
+void ChangeCoin(GameEngine& engine, double coin) {
     if (!(coin > 0)) return;
     MachineSettings& settings = engine.settings;
     settings.credits = WholeCredits(settings.credits * settings.coin / coin);
     settings.coin = coin;
     // What was before counted other coins.
     engine.creditHistory.Begin(settings.credits, engine.statistics.handsPlayed.session);
-    files.file.WriteDouble("main", "Coin", coin, "%3.2f", files.gamePath);
 }
 
 void BetOne(GameEngine& engine) {

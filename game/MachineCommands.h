@@ -13,9 +13,8 @@ void EnterDollars(GameEngine& engine, int dollars);
 // Pays all credits out and says so: "Paid $9.25".
 std::string CashOut(GameEngine& engine);
 
-// Counts the credits in another coin (dollars, above 0); what does not convert whole is lost. The
-// coin is stored at once, in memory until the file is next written.
-void ChangeCoin(GameEngine& engine, double coin, const GameFiles& files);
+// Counts the credits in another coin (dollars, above 0); what does not convert whole is lost.
+void ChangeCoin(GameEngine& engine, double coin);
 
 // One coin more, after the table's most one coin; or the table's most.
 void BetOne(GameEngine& engine);

@@ -67,7 +67,7 @@ std::vector<std::string> GameFilesToKeep(const std::string& dataFolder,
 }
 
 bool ForgetGame(ProfileFile& file, const std::string& gamePath, const std::string& gameName) {
-    return ChangeFile(file, gamePath, [&] {
+    return file.Change(gamePath, [&] {
         if (IsCurrent(file, gamePath, gameName)) {
             file.WriteString(kMain, kGameName, MachineSettings().gameName, gamePath);
         }
@@ -80,7 +80,7 @@ bool ForgetGame(ProfileFile& file, const std::string& gamePath, const std::strin
 
 bool ForgetTable(ProfileFile& file, const std::string& gamePath, const std::string& gameName,
                  int tableIndex) {
-    return ChangeFile(file, gamePath, [&] {
+    return file.Change(gamePath, [&] {
         if (file.GetInt(kActiveTables, gameName, 0, gamePath) == tableIndex) {
             WriteActiveTable(file, gamePath, gameName, 0);
         }
@@ -90,7 +90,7 @@ bool ForgetTable(ProfileFile& file, const std::string& gamePath, const std::stri
 
 bool RenameGame(ProfileFile& file, const std::string& gamePath, const std::string& oldName,
                 const std::string& newName) {
-    return ChangeFile(file, gamePath, [&] {
+    return file.Change(gamePath, [&] {
         if (IsCurrent(file, gamePath, oldName)) {
             file.WriteString(kMain, kGameName, newName, gamePath);
         }

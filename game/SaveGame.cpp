@@ -1,50 +1,199 @@
 #include "game/SaveGame.h"
 
-#include <filesystem>
+#include <algorithm>
+#include <utility>
 
+#include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
+#include "game/FileCommands.h"
+#include "game/GameFile.h"
 
 namespace {
 
-bool IsMissing(const std::string& path) {
-    std::error_code error;
-    return !std::filesystem::exists(path, error) && !error;
+using Standing = ProfileFile::Standing;
+
+constexpr auto kGameFile = "Game File";
+constexpr std::int64_t kSteadyPlay = 10;  // seconds that may be lost with the program
+
+Standing StandingOf(const GameTable& table) {
+    return table.files.file.StandingOf(table.files.gamePath);
 }
 
-void Tell(GameTable& table) {
-    if (table.saveFailedTold) return;
-    const std::string& path = table.files.gamePath;
-    const std::string text =
-        IsMissing(path)
-            ? "The game file " + path +
-                  " is missing, so that nothing you play is saved.\n\nFile New makes a new game "
-                  "file, and File Save As makes one of the game as it is now."
-            : "The game could not be saved in " + path +
-                  ".\n\nMake room on its disk, and see to it that you may write the file and its "
-                  "folder. The file is as it was after the last save, and the program will try "
-                  "again.";
-    table.saveFailedTold = true;
-    table.player.IsTold("Save Error", text, MessageIcon::kError);
+KeptState StateOf(const GameEngine& engine) {
+    KeptState state{engine.settings, engine.statistics, {}};
+    state.statistics.elapsedBase = state.statistics.sessionHours = 0;
+    state.statistics.sessionStart = 0;
+    for (const PayLine& line : engine.payTable.lines) state.wins.push_back(line.totalWins);
+    return state;
+}
+
+// While it lives, the bet of an open hand has not been made.
+class GivenBack {
+  public:
+    explicit GivenBack(GameEngine& played)
+        : engine(played),
+          credits(played.settings.credits),
+          creditsPlayed(played.statistics.creditsPlayed.total) {
+        if (engine.handOver || engine.fixedHand) return;
+        const int bet = engine.settings.bet;
+        engine.settings.credits = AddCapped(credits, bet);
+        engine.statistics.creditsPlayed.total = std::max(0, AddCapped(creditsPlayed, -bet));
+    }
+    ~GivenBack() {
+        engine.settings.credits = credits;
+        engine.statistics.creditsPlayed.total = creditsPlayed;
+    }
+    GivenBack(const GivenBack&) = delete;
+    GivenBack& operator=(const GivenBack&) = delete;
+
+  private:
+    GameEngine& engine;
+    const std::int32_t credits;
+    const std::int32_t creditsPlayed;
+};
+
+// In memory alone when the file is not the table's: there it waits for another file.
+bool Write(GameTable& table, bool startSession, bool toDisk) {
+    GameEngine& engine = table.engine;
+    const GameFiles& files = table.files;
+    const StoredState state{engine.settings, engine.statistics, engine.payTable};
+    WriteSession(files.file, files.gamePath, state, startSession, table.clock.Now());
+    if (!toDisk) return false;
+    const bool saved = files.file.Save(files.gamePath);
+    if (saved) NoteKept(table);
+    return ReportSave(table, saved);
+}
+
+std::string InUse(const std::string& path, const std::string& what) {
+    return "The game file " + path + " " + what;
+}
+
+// Whether the player has not been told this yet; now it counts as told.
+bool IsNews(GameTable& table, const std::string& text) {
+    return std::exchange(table.saveTold, text) != text;
+}
+
+void Tell(GameTable& table, const std::string& text) {
+    if (IsNews(table, text)) table.player.IsTold("Save Error", text, MessageIcon::kError);
+}
+
+// Whether the player has to choose between the table and what is in its file now.
+bool NeedsDecision(GameTable& table) {
+    return StandingOf(table) != Standing::kOurs && !WhyNotSaved(table);
+}
+
+// The player decides between the game at the table and that of the file.
+bool Decides(GameTable& table, const std::string& happened) {
+    const std::string text = InUse(table.files.gamePath, happened);
+    if (StateOf(table.engine) == table.kept) {
+        ReloadGameFile(table);
+        table.player.IsTold(kGameFile, text + " The game goes on as it is there.",
+                            MessageIcon::kNone);
+        return true;
+    }
+    if (!IsNews(table, text)) return false;
+    const bool loads = table.player.SaysYes(
+        kGameFile, text +
+                       "\n\nLoad it, and lose what was played here since then? No keeps the game "
+                       "at the table: you choose another file to save it in.");
+    if (loads) {
+        ReloadGameFile(table);
+        return true;
+    }
+    SaveGameFileAs(table);
+    return StandingOf(table) == Standing::kOurs;
 }
 
 }  // namespace
 
 bool SaveGame(GameTable& table, bool startSession) {
-    GameEngine& engine = table.engine;
-    const StoredState state{engine.settings, engine.statistics, engine.payTable};
-    return ReportSave(table, SaveSettings(table.files.file, table.files.gamePath, state,
-                                          startSession, table.clock.Now()));
+    const bool owned = OwnsGameFile(table);  // which may load another game
+    const GivenBack bet(table.engine);
+    return Write(table, startSession, owned);
+}
+
+bool SaveGameToStop(GameTable& table) {
+    AskAgain(table);
+    return Write(table, false, OwnsGameFile(table));
+}
+
+void SaveGameQuietly(GameTable& table) {
+    if (StandingOf(table) != Standing::kOurs) return;
+    const GivenBack bet(table.engine);
+    const GameFiles& files = table.files;
+    const StoredState state{table.engine.settings, table.engine.statistics, table.engine.payTable};
+    SaveSettings(files.file, files.gamePath, state, false, table.clock.Now());
+}
+
+void NoteKept(GameTable& table) {
+    table.kept = StateOf(table.engine);
+    table.keptAt = table.clock.Now();
+    table.saveDue = false;
+}
+
+bool OwnsGameFile(GameTable& table) {
+    if (StandingOf(table) == Standing::kOurs) return true;
+    if (WhyNotSaved(table)) {
+        TellWhyNotSaved(table);
+        return false;
+    }
+    return Decides(table, StandingOf(table) == Standing::kChanged
+                              ? "was changed by another program since it was read or saved here."
+                              : "can be read now, which it could not be before.");
+}
+
+bool IsBetweenHands(const GameEngine& engine) {
+    return (engine.handOver || engine.fixedHand) && !FeaturePending(engine);
+}
+
+bool SaveIsDue(const GameTable& table, bool rested) {
+    if (!IsBetweenHands(table.engine)) return false;
+    if (!table.saveDue && StateOf(table.engine) == table.kept) return false;
+    if (rested) return true;
+    // A save that failed is tried again when the machine rests, not after every press.
+    if (!table.saveTold.empty()) return false;
+    return table.saveDue || table.clock.Now() - table.keptAt >= kSteadyPlay;
+}
+
+void KeepPlay(GameTable& table, bool rested) {
+    if (SaveIsDue(table, rested)) {
+        SaveGame(table, false);
+    } else if (table.files.file.IsDirty()) {
+        const bool written = table.files.file.Flush();
+        if (StandingOf(table) == Standing::kOurs) ReportSave(table, written);
+    }
+}
+
+std::optional<std::string> WhyNotSaved(GameTable& table) {
+    const std::string& path = table.files.gamePath;
+    if (StandingOf(table) == Standing::kOurs) return std::nullopt;
+    if (auto problem = GameFileProblem(path)) return problem;
+    return table.gameLock ? std::nullopt : LockProblem(path);
+}
+
+void TellWhyNotSaved(GameTable& table) {
+    const auto problem = WhyNotSaved(table);
+    if (!problem) return;
+    Tell(table, InUse(table.files.gamePath, *problem) +
+                    ", so that nothing you play is saved.\n\nFile Open chooses another game file, "
+                    "File New makes a new one, and File Save As makes one of the game as it is "
+                    "now.");
+}
+
+void AskAgain(GameTable& table) {
+    if (NeedsDecision(table)) table.saveTold.clear();
 }
 
 bool ReportSave(GameTable& table, bool saved) {
     if (saved) {
-        table.saveFailedTold = false;
+        table.saveTold.clear();
+    } else if (WhyNotSaved(table)) {
+        TellWhyNotSaved(table);
     } else {
-        Tell(table);
+        Tell(table, "The game could not be saved in " + table.files.gamePath +
+                        ".\n\nMake room on its disk, and see to it that you may write the file "
+                        "and its folder. The file is as it was after the last save, and the "
+                        "program will try again.");
     }
     return saved;
-}
-
-void WarnOfMissingGameFile(GameTable& table) {
-    if (IsMissing(table.files.gamePath)) Tell(table);
 }

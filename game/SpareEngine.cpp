@@ -4,6 +4,7 @@
 #include "core/store/Session.h"
 #include "game/Autoplay.h"
 #include "game/HandFlow.h"
+#include "game/SaveGame.h"
 
 namespace {
 
@@ -49,10 +50,11 @@ void RunAutoplay(GameTable& table, GameEngine& spare) {
     }
     const auto count = table.player.EntersHandCount();
     if (!count) return;
+    SaveGame(table, false);  // the settings that are played with are those of the game file
     LoadSpare(table, spare);
     ProfileFile none;
     const GameFiles files{none, "", ""};
-    ResetStatistics(none, "", {spare.settings, spare.statistics, spare.payTable}, false,
+    ResetStatistics(none, "", {spare.settings, spare.statistics, spare.payTable},
                     table.clock.Now());
     spare.settings.credits = 0;
     spare.settings.mode = PlayMode::kAutoHold;

@@ -2,6 +2,8 @@
 
 #include "core/profile/ProfileFile.h"
 #include "game/BonusFeatures.h"
+#include "game/FileCommands.h"
+#include "game/GameFile.h"
 #include "game/GameSelection.h"
 #include "game/SaveGame.h"
 
@@ -14,19 +16,25 @@ constexpr std::uint32_t kFeatureSeed = 0x7F4A7C15;
 
 void StartGame(GameTable& table, const DataFilePaths& paths) {
     table.files.mainPath = paths.mainProfile;
-    table.files.gamePath = CurrentGamePath(paths, table.files.file);
+    TakeUpGameFile(table, CurrentGamePath(paths, table.files.file));
     table.random.RandomInit(static_cast<std::uint32_t>(table.clock.Now()) ^ kFeatureSeed);
     LoadGameFile(table);
 }
 
-void FinishStart(GameTable& table) {
+void FinishStart(GameTable& table, const std::string& gameFile) {
     EnterStoredMode(table);
-    WarnOfMissingGameFile(table);
+    const std::string stored = table.files.gamePath;
+    if (!gameFile.empty()) OpenNamedGameFile(table, gameFile);
+    if (table.files.gamePath != stored) return;  // that was told then
+    TellIfNotLocked(table);
+    const bool elsewhere = !GameFileProblem(stored) && WhyNotSaved(table);
+    TellWhyNotSaved(table);
+    if (elsewhere) OpenGameFile(table);
 }
 
 bool StopGame(GameTable& table, const DataFilePaths& paths) {
     SettleFeatures(table);
     StoreCurrentGamePath(table.files.gamePath, paths, table.files.file);
-    const bool saved = SaveGame(table, false);
+    const bool saved = SaveGameToStop(table);
     return table.files.file.Flush() && saved;
 }

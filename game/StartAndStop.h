@@ -7,10 +7,11 @@
 // data files must be in place.
 void StartGame(GameTable& table, const DataFilePaths& paths);
 
-// What waits until the window is shown: Error Log mode, and a warning when the game file is
-// missing.
-void FinishStart(GameTable& table);
+// What waits until the window is shown: Error Log mode, the game file that the start names (full
+// path; empty = none), and what there is to say when the one to go on in cannot be used. When
+// another copy of the program has it open, another one is asked for.
+void FinishStart(GameTable& table, const std::string& gameFile = "");
 
-// Saves everything and remembers the game file. False when it could not be saved; the profile file
-// still holds it then, and tries again as long as it lives.
+// Gives an open hand up, with its bet, saves everything and remembers the game file. False when it
+// could not be saved; the profile file still holds it then, and tries again as long as it lives.
 bool StopGame(GameTable& table, const DataFilePaths& paths);

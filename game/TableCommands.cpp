@@ -39,11 +39,15 @@ void CashOutCommand(GameTable& table) {
 void ChooseCoin(GameTable& table, double coin) {
     if (coin == table.engine.settings.coin) return;
     EndDoubleUp(table);
-    ChangeCoin(table.engine, coin, table.files);
+    ChangeCoin(table.engine, coin);
     if (!table.engine.handOver) AnalyzeDealtHand(table.engine);  // its returns are in dollars
     table.display.ShowCoin(table.engine.settings.coin);
     ShowBet(table);
     ShowCredits(table);
+    // The coin without the credits that are counted in it, or the other way round, would be
+    // another amount of money.
+    table.saveDue = true;
+    if (IsBetweenHands(table.engine)) SaveGame(table, false);
 }
 
 void ChooseSpeed(GameTable& table, Speed speed) { table.engine.settings.speed = speed; }
@@ -111,8 +115,7 @@ void ResetStatisticsCommand(GameTable& table) {
 void ResetStatisticsOnly(GameTable& table) {
     GameEngine& engine = table.engine;
     ResetStatistics(table.files.file, table.files.gamePath,
-                    {engine.settings, engine.statistics, engine.payTable}, false,
-                    table.clock.Now());
+                    {engine.settings, engine.statistics, engine.payTable}, table.clock.Now());
     engine.creditHistory.Begin(engine.settings.credits);
     SaveGame(table, true);
 }

@@ -142,7 +142,7 @@ std::string EmptySlotName(int slot) { return "User Game " + std::to_string(slot)
 
 // The analysis goes when its table does. It can be made again, so a failure is none of the table's.
 void RemoveAnalyses(const PayTableFiles& files, const std::string& gameName, int first, int last) {
-    ChangeFile(files.file, files.analysisPath, [&] {
+    files.file.Change(files.analysisPath, [&] {
         for (int i = first; i <= last; ++i) {
             files.file.DeleteSection(TableSection(gameName, i), files.analysisPath);
         }
@@ -224,8 +224,7 @@ int PreviousTable(const PayTableFiles& files, const std::string& gameName, int t
 
 bool WritePayTable(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
                    const PayTableTexts& table, const TableLinks& links) {
-    return ChangeFile(files.file, files.mainPath,
-                      [&] { Write(files, game, tableIndex, table, links); });
+    return files.file.Change(files.mainPath, [&] { Write(files, game, tableIndex, table, links); });
 }
 
 std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
@@ -236,7 +235,7 @@ std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& g
     // A file edited by hand may have a table there that the chain does not lead to.
     while (!chain.empty() && TableExists(files.file, game.name, index, files.mainPath)) ++index;
     if (index > kLastTableIndex) return std::nullopt;
-    const bool written = ChangeFile(files.file, files.mainPath, [&] {
+    const bool written = files.file.Change(files.mainPath, [&] {
         if (last >= 0) TableSectionAccess(files, game.name, last).Write("NextIndex", index);
         Write(files, game, index, table, {-1, last});
     });
@@ -244,7 +243,7 @@ std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& g
 }
 
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
-    const bool unlinked = ChangeFile(files.file, files.mainPath, [&] {
+    const bool unlinked = files.file.Change(files.mainPath, [&] {
         const int next = NextTable(files, gameName, tableIndex);
         const int previous = PreviousTable(files, gameName, tableIndex);
         files.file.DeleteSection(TableSection(gameName, tableIndex), files.mainPath);
@@ -260,7 +259,7 @@ bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int ta
 }
 
 bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game) {
-    const bool deleted = ChangeFile(files.file, files.mainPath, [&] {
+    const bool deleted = files.file.Change(files.mainPath, [&] {
         for (int i = 0; i <= kLastTableIndex; ++i) {
             files.file.DeleteSection(TableSection(game.name, i), files.mainPath);
         }
@@ -273,13 +272,14 @@ bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game) {
 bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
                       const std::string& newName) {
     if (!GameNameProblem(newName).empty()) return false;
-    const bool renamed = ChangeFile(files.file, files.mainPath, [&] {
+    const bool renamed = files.file.Change(files.mainPath, [&] {
         RenameSections(files.file, game.name, newName, files.mainPath);
         WriteSlot(files, game.id, newName);
     });
     if (renamed) {
-        ChangeFile(files.file, files.analysisPath,
-                   [&] { RenameSections(files.file, game.name, newName, files.analysisPath); });
+        files.file.Change(files.analysisPath, [&] {
+            RenameSections(files.file, game.name, newName, files.analysisPath);
+        });
     }
     return renamed;
 }

@@ -115,6 +115,11 @@ bool SamePath(const std::string& a, const std::string& b) {
     return !both || std::filesystem::equivalent(a, b, error);
 }
 
+bool SameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return SamePath(a, b) || (std::filesystem::equivalent(a, b, error) && !error);
+}
+
 // Plain files only: a folder opens but cannot be read, a pipe would be waited for, a device has no
 // end.
 std::optional<std::string> ReadWholeFile(const std::string& path) {

@@ -9,6 +9,9 @@
 // system tells two such files apart and has both.
 bool SamePath(const std::string& a, const std::string& b);
 
+// Whether two paths lead to one file that is there, by links or other spellings too, or name one.
+bool SameFile(const std::string& a, const std::string& b);
+
 // Nothing when the path names something else than a plain file, or when not all of it could be
 // read.
 std::optional<std::string> ReadWholeFile(const std::string& path);

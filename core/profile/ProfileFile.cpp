@@ -1,6 +1,8 @@
 #include "core/profile/ProfileFile.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <utility>
 
 #include "core/profile/AtomicFile.h"
 #include "core/text/Numbers.h"
@@ -40,6 +42,8 @@ std::string_view Cut(std::string_view value, std::size_t size) {
     return CutText(value, size < 2 ? 0 : size - 2);
 }
 
+std::size_t HashOf(std::string_view contents) { return std::hash<std::string_view>()(contents); }
+
 // Where a key's line stands in the text of its section.
 struct KeyLine {
     std::size_t start = 0;
@@ -67,14 +71,12 @@ ProfileFile::~ProfileFile() { Flush(); }
 std::string ProfileFile::GetString(std::string_view section, std::string_view key,
                                    std::string_view otherwise, std::size_t size,
                                    const std::string& path) {
-    if (!Load(path)) return std::string(Cut(otherwise, size));
-    return std::string(Cut(FindValue(section, key).value_or(otherwise), size));
+    return std::string(Cut(FindValue(section, key, path).value_or(otherwise), size));
 }
 
 std::int32_t ProfileFile::GetInt(std::string_view section, std::string_view key,
                                  std::int32_t otherwise, const std::string& path) {
-    if (!Load(path)) return otherwise;
-    const auto value = FindValue(section, key);
+    const auto value = FindValue(section, key, path);
     return value ? ParseInt(*value) : otherwise;
 }
 
@@ -85,15 +87,14 @@ std::int32_t ProfileFile::GetLong(std::string_view section, std::string_view key
 
 double ProfileFile::GetDouble(std::string_view section, std::string_view key, double otherwise,
                               const std::string& path) {
-    if (!Load(path)) return otherwise;
-    const auto value = FindValue(section, key);
+    const auto value = FindValue(section, key, path);
     return value ? ParseDouble(*value) : otherwise;
 }
 
 std::optional<std::string> ProfileFile::GetSectionText(std::string_view section,
                                                        const std::string& path) {
-    if (!Load(path)) return std::nullopt;
-    const Section* found = FindSection(section);
+    Image* image = Load(path);
+    const Section* found = image ? image->FindSection(section) : nullptr;
     if (!found) return std::nullopt;
     return found->text;
 }
@@ -105,13 +106,14 @@ void ProfileFile::WriteString(std::optional<std::string_view> section,
         if (!key && !value) Flush();
         return;
     }
-    if (!Load(path)) return;
+    Image* image = Load(path);
+    if (!image) return;
     if (!key) {
-        DeleteSection(*section, path);
+        image->DeleteSection(*section);
     } else if (!value) {
-        DeleteKey(*section, *key);
+        image->DeleteKey(*section, *key);
     } else {
-        SetKey(*section, *key, *value);
+        image->SetKey(*section, *key, *value);
     }
 }
 
@@ -132,95 +134,202 @@ void ProfileFile::WriteDouble(std::string_view section, std::string_view key, do
 
 void ProfileFile::SetSectionText(std::string_view section, std::string_view text,
                                  const std::string& path) {
-    if (!Load(path)) return;
-    Section* target = FindOrAppendSection(section);
+    Image* image = Load(path);
+    Section* target = image ? image->FindOrAppendSection(section) : nullptr;
     if (!target) return;
     target->text.clear();
     while (!text.empty()) AppendLine(target->text, TakeLine(text));
-    dirty = true;
+    image->dirty = true;
 }
 
 bool ProfileFile::RenameSection(std::string_view section, std::string_view newName,
                                 const std::string& path) {
-    if (!Load(path) || !CanNameSection(newName)) return false;
-    Section* found = FindSection(section);
+    Image* image = Load(path);
+    if (!image || !CanNameSection(newName)) return false;
+    Section* found = image->FindSection(section);
     if (!found) return false;
     found->name = newName;
-    dirty = true;
+    image->dirty = true;
     return true;
 }
 
 bool ProfileFile::DeleteSection(std::string_view section, const std::string& path) {
-    if (!Load(path)) return false;
-    const Section* found = FindSection(section);
-    if (!found) return false;
-    sections.erase(sections.begin() + (found - sections.data()));
-    dirty = true;
-    return true;
+    Image* image = Load(path);
+    return image && image->DeleteSection(section);
+}
+
+bool ProfileFile::IsDirty() const {
+    return std::ranges::any_of(images, [](const auto& image) { return image->dirty; });
 }
 
 bool ProfileFile::Flush() {
-    FlushLoaded();
-    std::erase_if(unsaved, [](const auto& file) { return ReplaceFile(file.path, file.contents); });
+    for (const auto& image : images) image->Write();
+    std::erase_if(images, [this](const auto& image) {
+        return !image->dirty && image.get() != current && !IsHeld(image->path);
+    });
     return !IsDirty();
 }
 
 bool ProfileFile::Save(const std::string& path) {
-    const bool canBeRead = Load(path);
+    const Image* image = Load(path);
     Flush();
-    return canBeRead && !dirty;
+    return image && !image->dirty;
 }
 
-void ProfileFile::Forget(const std::string& path) {
-    if (loaded && SamePath(loadedPath, path)) Empty();
-    if (const auto old = FindUnsaved(path); old != unsaved.end()) unsaved.erase(old);
+bool ProfileFile::Hold(const std::string& path) {
+    LeaveHeld();
+    held = path;
+    current = Find(path);
+    if (current || Read(path)) return true;
+    Block(path);
+    return false;
 }
+
+void ProfileFile::Block(const std::string& path) {
+    LeaveHeld();
+    held = path;
+    Take(path);
+    current = Add(path, "");
+}
+
+ProfileFile::Standing ProfileFile::StandingOf(const std::string& path) {
+    Image* image = Find(path);
+    if (!image || !image->stamp) return Standing::kNotRead;
+    if (image->IsOnDisk()) return Standing::kOurs;
+    std::error_code error;
+    return std::filesystem::exists(path, error) || error ? Standing::kChanged : Standing::kMissing;
+}
+
+std::optional<std::string> ProfileFile::WholeText(const std::string& path) {
+    const Image* image = Load(path);
+    if (!image) return std::nullopt;
+    return image->Contents();
+}
+
+// Saving first leaves nothing in the file's image but the change, so that giving it up loses
+// nothing else.
+bool ProfileFile::Change(const std::string& path, const std::function<void()>& change) {
+    if (!Save(path)) return false;
+    const std::string before = current->Contents();
+    change();
+    if (Save(path)) return true;
+    if (Image* image = Load(path)) {
+        image->Parse(before);
+        image->dirty = false;
+    }
+    return false;
+}
+
+bool ProfileFile::Make(const std::string& path, std::string_view text,
+                       const std::function<void()>& change) {
+    LeaveCurrent();
+    auto before = Take(path);
+    current = Add(path, text);
+    change();
+    Image* made = Load(path);
+    if (made && made->Replace()) return true;
+    Forget(path);
+    if (before) images.push_back(std::move(before));
+    return false;
+}
+
+void ProfileFile::Forget(const std::string& path) { Take(path); }
 
 void ProfileFile::Close() {
     Flush();
-    Empty();
-    unsaved.clear();
+    images.clear();
+    current = nullptr;
+    held.clear();
 }
 
-// Makes the image hold this file; false when it cannot be read.
-bool ProfileFile::Load(const std::string& path) {
-    if (loaded && SamePath(loadedPath, path)) return true;
-    FlushLoaded();
-    if (dirty) unsaved.push_back({loadedPath, Contents()});
-    Empty();
-    if (const auto kept = FindUnsaved(path); kept != unsaved.end()) {
-        Parse(kept->contents);
-        loadedPath = kept->path;
-        loaded = dirty = true;
-        unsaved.erase(kept);
-        return true;
+// Null when the file cannot be read.
+ProfileFile::Image* ProfileFile::Load(const std::string& path) {
+    if (current && SamePath(current->path, path)) {
+        Refresh();
+        return current;
     }
+    LeaveCurrent();
+    current = Find(path);
+    return current ? current : Read(path);
+}
+
+ProfileFile::Image* ProfileFile::Read(const std::string& path) {
+    // Whatever is changed from here on must be seen as changed later.
+    const auto stamp = StampOf(path);
     const auto contents = ReadWholeFile(path);
-    if (!contents) return false;
-    Parse(*contents);
-    loadedPath = path;
-    loaded = true;
-    return true;
+    if (!contents) return nullptr;
+    current = Add(path, *contents);
+    current->stamp = stamp;
+    current->hash = HashOf(*contents);
+    return current;
 }
 
-std::vector<ProfileFile::UnsavedFile>::iterator ProfileFile::FindUnsaved(const std::string& path) {
-    return std::ranges::find_if(unsaved,
-                                [&](const UnsavedFile& file) { return SamePath(file.path, path); });
+ProfileFile::Image* ProfileFile::Add(const std::string& path, std::string_view text) {
+    images.push_back(std::make_unique<Image>());
+    Image* added = images.back().get();
+    added->path = path;
+    added->Parse(text);
+    return added;
 }
 
-void ProfileFile::FlushLoaded() {
-    if (dirty) dirty = !ReplaceFile(loadedPath, Contents());
+// What others have written into the current file is read, unless changes to it wait.
+void ProfileFile::Refresh() {
+    if (current->dirty || !current->stamp || IsHeld(current->path)) return;
+    const auto now = StampOf(current->path);
+    if (!now || now == current->stamp) return;
+    const auto contents = ReadWholeFile(current->path);
+    if (!contents) return;
+    current->Parse(*contents);
+    current->stamp = now;
+    current->hash = HashOf(*contents);
 }
 
-void ProfileFile::Empty() {
+void ProfileFile::LeaveCurrent() {
+    Image* left = std::exchange(current, nullptr);
+    if (!left) return;
+    left->Write();
+    if (!left->dirty && !IsHeld(left->path)) Take(left->path);
+}
+
+// What was blocked is given up; changes to a file that was read go on waiting.
+void ProfileFile::LeaveHeld() {
+    LeaveCurrent();
+    held.clear();
+    std::erase_if(images, [](const auto& image) { return !image->dirty || !image->stamp; });
+}
+
+// Null when no image of the file is kept.
+ProfileFile::Image* ProfileFile::Find(const std::string& path) {
+    const auto found = std::ranges::find_if(
+        images, [&](const auto& image) { return SamePath(image->path, path); });
+    return found == images.end() ? nullptr : found->get();
+}
+
+std::unique_ptr<ProfileFile::Image> ProfileFile::Take(const std::string& path) {
+    const auto found = std::ranges::find_if(
+        images, [&](const auto& image) { return SamePath(image->path, path); });
+    if (found == images.end()) return nullptr;
+    std::unique_ptr<Image> taken = std::move(*found);
+    images.erase(found);
+    if (taken.get() == current) current = nullptr;
+    return taken;
+}
+
+bool ProfileFile::IsHeld(const std::string& path) const {
+    return !held.empty() && SamePath(held, path);
+}
+
+// Valid until the image changes.
+std::optional<std::string_view> ProfileFile::FindValue(std::string_view section,
+                                                       std::string_view key,
+                                                       const std::string& path) {
+    Image* image = Load(path);
+    return image ? image->FindValue(section, key) : std::nullopt;
+}
+
+void ProfileFile::Image::Parse(std::string_view contents) {
     sections.clear();
     preamble.clear();
-    loadedPath.clear();
-    loaded = false;
-    dirty = false;
-}
-
-void ProfileFile::Parse(std::string_view contents) {
     if (contents.starts_with(kByteOrderMark)) {
         preamble = kByteOrderMark;
         contents.remove_prefix(kByteOrderMark.size());
@@ -236,7 +345,7 @@ void ProfileFile::Parse(std::string_view contents) {
     }
 }
 
-std::string ProfileFile::Contents() const {
+std::string ProfileFile::Image::Contents() const {
     std::string contents = preamble;
     for (const auto& section : sections) {
         contents += '[';
@@ -249,7 +358,7 @@ std::string ProfileFile::Contents() const {
 }
 
 // Null when it is missing.
-ProfileFile::Section* ProfileFile::FindSection(std::string_view name) {
+ProfileFile::Section* ProfileFile::Image::FindSection(std::string_view name) {
     if (name.empty()) return nullptr;
     const auto found = std::ranges::find_if(
         sections, [&](const Section& section) { return SameText(section.name, name); });
@@ -257,15 +366,14 @@ ProfileFile::Section* ProfileFile::FindSection(std::string_view name) {
 }
 
 // Null when it is missing and could not be read back under this name.
-ProfileFile::Section* ProfileFile::FindOrAppendSection(std::string_view name) {
+ProfileFile::Section* ProfileFile::Image::FindOrAppendSection(std::string_view name) {
     if (Section* found = FindSection(name)) return found;
     if (!CanNameSection(name)) return nullptr;
     return &sections.emplace_back(Section{std::string(name), {}});
 }
 
-// Valid until the image changes.
-std::optional<std::string_view> ProfileFile::FindValue(std::string_view section,
-                                                       std::string_view key) {
+std::optional<std::string_view> ProfileFile::Image::FindValue(std::string_view section,
+                                                              std::string_view key) {
     const Section* found = FindSection(section);
     if (!found) return std::nullopt;
     const auto line = FindKey(found->text, key);
@@ -273,14 +381,17 @@ std::optional<std::string_view> ProfileFile::FindValue(std::string_view section,
     return std::string_view(found->text).substr(line->value, line->end - line->value);
 }
 
-void ProfileFile::SetKey(std::string_view section, std::string_view key, std::string_view value) {
+void ProfileFile::Image::SetKey(std::string_view section, std::string_view key,
+                                std::string_view value) {
     if (!CanNameKey(key)) return;
     Section* target = FindOrAppendSection(section);
     if (!target) return;
     auto& text = target->text;
     const auto firstLine = TakeLine(value);
     if (const auto line = FindKey(text, key)) {
-        text.replace(line->value, line->end - line->value, firstLine);
+        const std::size_t length = line->end - line->value;
+        if (std::string_view(text).substr(line->value, length) == firstLine) return;
+        text.replace(line->value, length, firstLine);
     } else {
         text.resize(WithoutTrailingBlankLines(text).size());
         if (!text.empty()) text += '\n';
@@ -291,7 +402,7 @@ void ProfileFile::SetKey(std::string_view section, std::string_view key, std::st
     dirty = true;
 }
 
-void ProfileFile::DeleteKey(std::string_view section, std::string_view key) {
+void ProfileFile::Image::DeleteKey(std::string_view section, std::string_view key) {
     Section* found = FindSection(section);
     if (!found) return;
     const auto line = FindKey(found->text, key);
@@ -300,12 +411,34 @@ void ProfileFile::DeleteKey(std::string_view section, std::string_view key) {
     dirty = true;
 }
 
-// Saving first leaves nothing in the file's image but the change, so that giving it up loses
-// nothing else.
-bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change) {
-    if (!file.Save(path)) return false;
-    change();
-    if (file.Save(path)) return true;
-    file.Forget(path);
-    return false;
+// False when it is missing.
+bool ProfileFile::Image::DeleteSection(std::string_view name) {
+    const Section* found = FindSection(name);
+    if (!found) return false;
+    sections.erase(sections.begin() + (found - sections.data()));
+    dirty = true;
+    return true;
+}
+
+// A file that was copied, or taken away and brought back, is still the same by what is in it.
+bool ProfileFile::Image::IsOnDisk() {
+    const auto now = StampOf(path);
+    if (!now || !stamp) return false;
+    if (now == stamp) return true;
+    const auto contents = ReadWholeFile(path);
+    if (!contents || HashOf(*contents) != hash) return false;
+    stamp = now;
+    return true;
+}
+
+// True when nothing waits to be written any more.
+bool ProfileFile::Image::Write() { return !dirty || (IsOnDisk() && Replace()); }
+
+bool ProfileFile::Image::Replace() {
+    const std::string contents = Contents();
+    if (!ReplaceFile(path, contents)) return false;
+    stamp = StampOf(path);
+    hash = HashOf(contents);
+    dirty = false;
+    return true;
 }

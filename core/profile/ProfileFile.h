@@ -1,13 +1,17 @@
 // The text files of named sections with key=value lines that everything is kept in. One object
-// serves the whole program: it holds one file in memory, every operation names the file it means,
-// and naming another writes the first one back (if changed) and reads the other. Changes that the
-// disk does not take, because it is full perhaps, are kept until it does: they are what is read of
-// their file, and every flush tries again. For one thread.
+// serves the whole program: every operation names the file it means, and naming another writes the
+// first one back (if changed) and reads the other. Changes that the disk does not take, because it
+// is full perhaps, are kept until it does: they are what is read of their file, and every flush
+// tries again. For one thread.
+//
+// A file is written only while it is the one that was last read or written here: when somebody else
+// has changed it, or taken it away, its changes wait as on a full disk. A file without changes of
+// its own is read anew instead, but for the one that is held (Hold).
 //
 // A file that cannot be read is not loaded: reading gives the defaults, changes are dropped, and
-// the next operation tries again. So a file is never created here, and one read by halves is never
-// written. Names of sections and keys are the same in either letter case (ASCII); of several the
-// first counts. Paths too are compared so. docs/profile-files.md has the syntax.
+// the next operation tries again. So no file is created by a change, and one read by halves is
+// never written. Names of sections and keys are the same in either letter case (ASCII); of several
+// the first counts. Paths too are compared so. docs/profile-files.md has the syntax.
 //
 // Callers may rely on 200 sections, names of 255 characters, 8191 characters a section and 511 a
 // line; more is read, kept and written as well.
@@ -15,10 +19,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/profile/FileStamp.h"
 
 class ProfileFile {
   public:
@@ -79,7 +86,7 @@ class ProfileFile {
     bool DeleteSection(std::string_view section, const std::string& path);
 
     // Whether there are changes, of whichever file, that have not reached the disk.
-    bool IsDirty() const { return dirty || !unsaved.empty(); }
+    bool IsDirty() const;
 
     // Writes all changes, of whichever files. False when that failed for one: it is as it was
     // before, and its changes wait for the next call.
@@ -89,7 +96,37 @@ class ProfileFile {
     // were dropped.
     bool Save(const std::string& path);
 
-    // Gives up what is held of this file, for one that is replaced from outside.
+    // Reads the file anew, unless changes to it wait, and holds it until another one is held: what
+    // is read of it from now on is what was read now and changed here, whatever others do to it. So
+    // what is computed from it is never mixed with what somebody else has put in its place. False
+    // when it cannot be read: then it is blocked.
+    bool Hold(const std::string& path);
+
+    // Holds the file as an empty one, whatever is in it: changes are kept in memory, for WholeText,
+    // and the file is never written.
+    void Block(const std::string& path);
+
+    enum class Standing {
+        kOurs,     // the file is as it was last read or written here
+        kChanged,  // by somebody else
+        kMissing,
+        kNotRead,  // it is blocked, or not loaded: it could not be read, or was never named
+    };
+    Standing StandingOf(const std::string& path);
+
+    // All that would be written for the file now; nothing when it cannot be read.
+    std::optional<std::string> WholeText(const std::string& path);
+
+    // Changes the file as a whole or not at all, and saves it. False when it could not be saved,
+    // before or after: nothing is left of the change then.
+    bool Change(const std::string& path, const std::function<void()>& change);
+
+    // Puts a file with this text, and the change made to it, in place of any that is there, at
+    // once. False when it could not be written: what was there, or waits to be written there, is as
+    // it was.
+    bool Make(const std::string& path, std::string_view text, const std::function<void()>& change);
+
+    // Gives up what is held of this file, changes too, for one that is replaced from outside.
     void Forget(const std::string& path);
 
     // Flush, after which nothing is held: what could not be written is given up.
@@ -101,32 +138,41 @@ class ProfileFile {
         std::string text;  // lines, each ended by '\n'
     };
 
-    // Of a file that is not loaded any more and could not be written.
-    struct UnsavedFile {
+    struct Image {
         std::string path;
-        std::string contents;
+        std::vector<Section> sections;
+        std::string preamble;  // what stands before the first header, a byte order mark too
+        bool dirty = false;
+        std::optional<FileStamp> stamp;  // of the file as read or written last; none = blocked
+        std::size_t hash = 0;            // of its contents then
+
+        void Parse(std::string_view contents);
+        std::string Contents() const;
+        Section* FindSection(std::string_view name);
+        Section* FindOrAppendSection(std::string_view name);
+        std::optional<std::string_view> FindValue(std::string_view section, std::string_view key);
+        void SetKey(std::string_view section, std::string_view key, std::string_view value);
+        void DeleteKey(std::string_view section, std::string_view key);
+        bool DeleteSection(std::string_view name);
+        bool IsOnDisk();
+        bool Write();
+        bool Replace();
     };
 
-    bool Load(const std::string& path);
-    std::vector<UnsavedFile>::iterator FindUnsaved(const std::string& path);
-    void FlushLoaded();
-    void Empty();
-    void Parse(std::string_view contents);
-    std::string Contents() const;
-    Section* FindSection(std::string_view name);
-    Section* FindOrAppendSection(std::string_view name);
-    std::optional<std::string_view> FindValue(std::string_view section, std::string_view key);
-    void SetKey(std::string_view section, std::string_view key, std::string_view value);
-    void DeleteKey(std::string_view section, std::string_view key);
+    Image* Load(const std::string& path);
+    Image* Read(const std::string& path);
+    Image* Add(const std::string& path, std::string_view text);
+    void Refresh();
+    void LeaveCurrent();
+    void LeaveHeld();
+    Image* Find(const std::string& path);
+    std::unique_ptr<Image> Take(const std::string& path);
+    bool IsHeld(const std::string& path) const;
+    std::optional<std::string_view> FindValue(std::string_view section, std::string_view key,
+                                              const std::string& path);
 
-    std::vector<Section> sections;
-    std::string preamble;  // what stands before the first header, a byte order mark too
-    std::string loadedPath;
-    bool loaded = false;
-    bool dirty = false;
-    std::vector<UnsavedFile> unsaved;  // one a file, never the loaded one
+    // The current one, the one held, and those whose changes wait; one a file.
+    std::vector<std::unique_ptr<Image>> images;
+    Image* current = nullptr;  // of the file named last; null when it could not be read
+    std::string held;          // its path; empty = none
 };
-
-// Changes the file of that path as a whole or not at all, and saves it. False when it could not be
-// saved, before or after: nothing is left of the change then.
-bool ChangeFile(ProfileFile& file, const std::string& path, const std::function<void()>& change);

@@ -94,20 +94,6 @@ std::string DocumentTitle(const std::string& gameName, const std::string& gamePa
     return gameName + " (" + fs::path(gamePath).filename().string() + ")";
 }
 
-bool CreateGameFile(const std::string& path, ProfileFile& file) {
-    file.Flush();
-    if (!ReplaceFile(path, "")) return false;
-    file.Forget(path);
-    return true;
-}
-
-bool CopyGameFile(const std::string& from, const std::string& to, ProfileFile& file) {
-    file.Flush();
-    if (!CopyWholeFile(from, to)) return false;
-    if (!SamePath(from, to)) file.Forget(to);
-    return true;
-}
-
 void LetGo(ProfileFile& file) { file.Close(); }
 
 bool CopyWholeFile(const std::string& from, const std::string& to) {

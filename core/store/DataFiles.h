@@ -1,5 +1,5 @@
-// The files the program keeps its data in: where they are, which of the game files is the current
-// one, and what becomes of a game file as a whole. Paths are UTF-8.
+// The files the program keeps its data in: where they are, and which of the game files is the
+// current one. Paths are UTF-8.
 //
 // A start goes: FindDataFiles, CreateDataFolder, LockFile, MigrateDataFiles, CurrentGamePath.
 #pragma once
@@ -58,17 +58,10 @@ void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& path
 std::string DocumentTitle(const std::string& gameName, const std::string& gamePath,
                           const DataFilePaths& paths);
 
-// An empty file in place of any that is there. False when it could not be made: an old one is then
-// as it was.
-bool CreateGameFile(const std::string& path, ProfileFile& file);
-
-// A copy with all that has been written to the first one, in place of any file that is there. False
-// when that failed: a file that was there is then as it was.
-bool CopyGameFile(const std::string& from, const std::string& to, ProfileFile& file);
-
 // Writes back what the profile file holds and makes it hold nothing, so that it reads anew what is
 // changed behind its back. What cannot be written is given up.
 void LetGo(ProfileFile& file);
 
-// As CopyGameFile, for a file that no profile file holds.
+// A copy in place of any file that is there, for one that no profile file holds. False when that
+// failed: a file that was there is then as it was.
 bool CopyWholeFile(const std::string& from, const std::string& to);

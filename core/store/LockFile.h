@@ -1,34 +1,54 @@
-// Keeps two running programs from overwriting each other's data. The lock is the system's, on
-// "Tolvane.lock" in the data folder: it ends with the process that holds it, however that ends. The
-// file itself stays and says nothing by being there.
+// Keeps two running programs from overwriting each other's data. The lock is the system's, on a
+// file that is there for nothing else: it ends with the process that holds it, however that ends.
 #pragma once
 #include <string>
 
 class LockFile {
   public:
     enum class State {
-        kHeld,     // by this object, until it goes
-        kTaken,    // another program, or another object, holds it
-        kRefused,  // the folder is missing or cannot be written, or its disk knows no locks
+        kHeld,      // by this object, until it goes
+        kTaken,     // another program, or another object, holds it
+        kRefused,   // the folder is missing or cannot be written
+        kNotKnown,  // it can, but its disk knows no locks, or something odd is in the lock's place
     };
 
-    // Tries once and does not wait.
-    explicit LockFile(const std::string& folder);
+    // Who holds a lock, as far as it is known.
+    struct Holder {
+        int process = 0;  // 0 = not known
+        std::string user;
+        std::string machine;
+
+        // "process 4711 of ada on tower", with what is known of it; "another user" without
+        // anything.
+        std::string Text() const;
+    };
+
+    // Each tries once and does not wait. That of a data folder is "Tolvane.lock" in it, which stays
+    // and says nothing by being there. That of a game file is a hidden file beside it, or beside
+    // the file behind a link, and goes with the lock.
+    static LockFile OfDataFolder(const std::string& folder);
+    static LockFile OfGameFile(const std::string& gamePath);
+
     ~LockFile();
+    LockFile(LockFile&& other) noexcept;
+    LockFile& operator=(LockFile&& other) noexcept;
     LockFile(const LockFile&) = delete;
     LockFile& operator=(const LockFile&) = delete;
 
     State GetState() const { return state; }
 
-    // When taken, the process id of who holds it, to be shown; 0 when that is not known.
-    int Holder() const { return holder; }
+    // When taken.
+    const Holder& HeldBy() const { return holder; }
 
   private:
+    LockFile(std::string path, bool passing);
     void Try();
-    void WriteHolder() const;
-    int ReadHolder() const;
+    bool IsInPlace() const;
+    void Release();
 
-    int descriptor = -1;  // -1 = not open
+    std::string path;
+    bool passing = false;  // the file goes with the lock
+    int descriptor = -1;   // -1 = not open
     State state = State::kRefused;
-    int holder = 0;
+    Holder holder;
 };

@@ -37,11 +37,16 @@ void LoadSettings(ProfileFile& file, const std::string& gamePath, MachineSetting
     StartClock(statistics, StoredHours(file, gamePath, settings), now);
 }
 
-bool SaveSettings(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+void WriteSession(ProfileFile& file, const std::string& gamePath, const StoredState& state,
                   bool startSession, std::int64_t now) {
     WriteSettings(file, gamePath, state.settings);
     WriteStatistics(file, gamePath, CurrentSection(state.settings), state.statistics, state.table);
     UpdateElapsedTime(file, gamePath, state, startSession, now);
+}
+
+bool SaveSettings(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                  bool startSession, std::int64_t now) {
+    WriteSession(file, gamePath, state, startSession, now);
     return file.Save(gamePath);
 }
 
@@ -58,8 +63,8 @@ void UpdateElapsedTime(ProfileFile& file, const std::string& gamePath, const Sto
                      statistics.elapsedBase + statistics.sessionHours, "%.2f", gamePath);
 }
 
-bool ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                     bool save, std::int64_t now) {
+void ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                     std::int64_t now) {
     Statistics cleared;
     cleared.setCards = state.statistics.setCards;
     cleared.setDraws = state.statistics.setDraws;
@@ -68,5 +73,4 @@ bool ResetStatistics(ProfileFile& file, const std::string& gamePath, const Store
     for (auto& line : state.table.lines) line.sessionWins = line.totalWins = 0;
     StartClock(state.statistics, 0, now);
     file.WriteDouble(CurrentSection(state.settings), kElapsedTime, 0, "%3.2f", gamePath);
-    return !save || SaveSettings(file, gamePath, state, true, now);
 }

@@ -19,9 +19,13 @@ struct StoredState {
 void LoadSettings(ProfileFile& file, const std::string& gamePath, MachineSettings& settings,
                   Statistics& statistics, std::int64_t now);
 
-// Writes the settings and the statistics of the current game, runs UpdateElapsedTime and brings the
-// file to the disk, its other sections and keys as they were. False when it did not get there: the
-// file on the disk is then the old one, and unless it is missing, the next save tries again.
+// Writes the settings and the statistics of the current game and runs UpdateElapsedTime, all in
+// memory; the other sections and keys of the file stay as they were.
+void WriteSession(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                  bool startSession, std::int64_t now);
+
+// WriteSession, and brings the file to the disk. False when it did not get there: the file on the
+// disk is then the old one, and unless it is missing, the next save tries again.
 bool SaveSettings(ProfileFile& file, const std::string& gamePath, const StoredState& state,
                   bool startSession, std::int64_t now);
 
@@ -32,7 +36,7 @@ void UpdateElapsedTime(ProfileFile& file, const std::string& gamePath, const Sto
                        bool startSession, std::int64_t now);
 
 // Zeroes every counter, sum and win, the dollars entered, the time played and the number of logged
-// errors; the entries themselves and the fixed hand stay. With save it ends in SaveSettings, which
-// begins a session, and gives its result; otherwise it is true, and only the time is written.
-bool ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                     bool save, std::int64_t now);
+// errors; the entries themselves and the fixed hand stay. Of the file only the time changes, in
+// memory; what is to be kept is saved afterwards, with a new session.
+void ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
+                     std::int64_t now);

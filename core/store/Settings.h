@@ -23,6 +23,8 @@ struct MachineSettings {
     bool showDollar = true;  // the meters show dollars, not credits
     bool sounds = true;
     Speed speed = Speed::kNormal;
+
+    bool operator==(const MachineSettings&) const = default;
 };
 
 // In milliseconds.

@@ -7,6 +7,7 @@
 #include "game/GameSelection.h"
 #include "game/SaveGame.h"
 #include "game/StartAndStop.h"
+#include "game/TableCommands.h"
 #include "tests/core/profile/FullDisk.h"
 #include "tests/game/FakePorts.h"
 
@@ -55,9 +56,15 @@ TEST_F(FileCommandsTest, AFailedSaveIsToldOnceUntilOneSucceeds) {
     EXPECT_EQ(Credits(game), 250);
     {
         const FullDisk disk(kRoom);
+        engine.settings.credits = 260;
         EXPECT_FALSE(SaveGame(table, false));
+        EXPECT_EQ(TimesTold(), 1);
+        KeepPlay(table, true);
+        KeepPlay(table, false);
+        EXPECT_EQ(TimesTold(), 0) << "the telling stops";
     }
-    EXPECT_EQ(TimesTold(), 1);
+    KeepPlay(table, true);
+    EXPECT_EQ(Credits(game), 260) << "not the trying";
 }
 
 TEST_F(FileCommandsTest, AMissingGameFileIsNotMadeBySavingButBySaveAs) {
@@ -128,12 +135,13 @@ TEST_F(FileCommandsTest, WhatIsNoGameFileIsNeitherOpenedNorWritten) {
     machine.folder.Write("letter.txt", "Dear Ada,\n");
     files.mainPath = machine.folder.Write("Tolvane.ini", "[main]\nVer=114\n");
     fs::create_directory(Path("folder.qdx"));
-    for (const auto* name : {"gone.qdx", "letter.txt", "folder.qdx", "Tolvane.ini"}) {
+    fs::create_symlink("Tolvane.ini", Path("link.qdx"));
+    for (const auto* name : {"gone.qdx", "letter.txt", "folder.qdx", "Tolvane.ini", "link.qdx"}) {
         answers = {Path(name)};
         OpenGameFile(table);
         EXPECT_EQ(TimesTold(), 1) << name;
     }
-    for (const auto* name : {"folder.qdx", "nowhere/new.qdx", "Tolvane.ini"}) {
+    for (const auto* name : {"folder.qdx", "nowhere/new.qdx", "Tolvane.ini", "link.qdx"}) {
         answers = {Path(name), Path(name)};
         NewGameFile(table);
         SaveGameFileAs(table);
@@ -164,7 +172,6 @@ TEST_F(FileCommandsTest, OnAFullDiskTheGameStaysInItsFile) {
     EXPECT_EQ(Stored(game, "Jacks or Better(0)", "HandsPlayed"), "7");
     EXPECT_EQ(machine.folder.Read("copy.qdx"), "(missing)");
     EXPECT_EQ(machine.folder.Read("new.qdx"), "[main]\nCredits=9\n") << "is to be replaced whole";
-    EXPECT_EQ(machine.folder.Read(".tolvane-new-game"), "(missing)");
 }
 
 TEST_F(FileCommandsTest, ACopyIsPlayedOnAndHoldsTheOtherGamesToo) {
@@ -184,6 +191,177 @@ TEST_F(FileCommandsTest, ACopyIsPlayedOnAndHoldsTheOtherGamesToo) {
     EXPECT_EQ(Credits(Path("copy.qdx")), 130);
     EXPECT_FALSE(fs::exists(Path("COPY.qdx")));
     EXPECT_EQ(TimesTold(), 0);
+}
+
+// What happens to the game file behind the program's back.
+struct ChangedFileTest : FileCommandsTest {
+    void Restore() { machine.folder.Write("game.qdx", kOther); }
+    std::string OnDisk() const { return machine.folder.Read("game.qdx"); }
+
+    const std::string kOther = "[main]\nCredits=500\nGameName=Deuces Wild\nGameID=330\n";
+};
+
+TEST_F(ChangedFileTest, AnUntouchedTableGoesOnInTheFileAsItIsNow) {
+    Restore();
+    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_EQ(log.back(), "told Game File: The game file " + game +
+                              " was changed by another program since it was read or saved here. "
+                              "The game goes on as it is there.");
+    EXPECT_EQ(engine.settings.credits, 500);
+    EXPECT_EQ(engine.settings.gameName, "Deuces Wild");
+    EXPECT_EQ(Credits(game), 500);
+    Restore();
+    answers = {game};
+    OpenGameFile(table);
+    EXPECT_EQ(engine.settings.credits, 500) << "a backup that is copied over and opened";
+}
+
+TEST_F(ChangedFileTest, APlayedTableIsLoadedOverOrKeptElsewhereAsThePlayerSays) {
+    engine.settings.credits = 777;
+    Restore();
+    answers = {"no", "cancel"};
+    EXPECT_FALSE(SaveGame(table, false));
+    EXPECT_TRUE(log[log.size() - 2].starts_with("ask Game File: "));
+    EXPECT_FALSE(SaveGame(table, false));
+    KeepPlay(table, true);
+    EXPECT_EQ(OnDisk(), kOther) << "and nothing more is asked";
+    EXPECT_EQ(engine.settings.credits, 777);
+
+    ChooseGame(table, 330);
+    engine.statistics.handsPlayed.Add(4);
+    machine.folder.Write("third.qdx", "[main]\nCredits=3\n");
+    answers = {Path("third.qdx"), "no", "cancel"};
+    OpenGameFile(table);
+    EXPECT_EQ(files.gamePath, game) << "the table is not left before the question is answered";
+    EXPECT_EQ(engine.settings.credits, 777);
+
+    answers = {"no", Path("mine.qdx")};
+    SaveGameFile(table);
+    EXPECT_EQ(files.gamePath, Path("mine.qdx"));
+    EXPECT_EQ(Credits(Path("mine.qdx")), 777);
+    EXPECT_EQ(Stored(Path("mine.qdx"), "Deuces Wild(0)", "HandsPlayed"), "4");
+    EXPECT_EQ(Stored(Path("mine.qdx"), "Jacks or Better(0)", "HandsPlayed"), "0");
+    EXPECT_EQ(OnDisk(), kOther);
+
+    answers = {game};
+    OpenGameFile(table);
+    engine.settings.credits = 888;
+    Restore();
+    fs::last_write_time(game, fs::file_time_type::clock::now() + std::chrono::hours(1));
+    machine.folder.Write("game.qdx", kOther + "Bet=2\n");
+    answers = {"yes"};
+    SaveGameFile(table);
+    EXPECT_EQ(engine.settings.credits, 500);
+    EXPECT_EQ(engine.settings.bet, 2);
+    EXPECT_EQ(Credits(game), 500);
+}
+
+TEST_F(ChangedFileTest, AFileThatCouldNotBeReadAtTheStartIsNeverWrittenOver) {
+    files.mainPath = machine.folder.Write("Tolvane.ini", "[main]\nVer=1\nCurrGame=" + game + "\n");
+    SaveGame(table, false);
+    machine.file.Close();
+    fs::create_directory(Path("away"));
+    for (const bool played : {false, true}) {
+        fs::rename(game, Path("away/game.qdx"));
+        if (played) fs::create_directory(game);
+        StartGame(table, machine.paths);
+        FinishStart(table);
+        EXPECT_EQ(TimesTold(), 1);
+        if (played) {
+            engine.settings.credits = 9;
+            KeepPlay(table, true);
+            fs::remove(game);
+        }
+        fs::rename(Path("away/game.qdx"), game);
+        const std::string before = OnDisk();
+        answers = {game};
+        if (played) answers.insert(answers.end(), {"no", "cancel", "no", Path("nine.qdx")});
+        OpenGameFile(table);
+        EXPECT_EQ(engine.settings.credits, played ? 9 : 100);
+        if (played) {
+            EXPECT_EQ(OnDisk(), before);
+            SaveGameFile(table);
+            EXPECT_EQ(Credits(Path("nine.qdx")), 9);
+        }
+        EXPECT_EQ(Credits(game), 100);
+        log.clear();
+    }
+}
+
+TEST_F(ChangedFileTest, SaveAsAwayFromAFullDiskTakesAllAlongAndIsDone) {
+    engine.settings.credits = 250;
+    {
+        const FullDisk disk(kRoom);
+        machine.file.WriteString("Jacks or Better(0)", "Error0", "a play error", game);
+        EXPECT_FALSE(SaveGame(table, false));
+        // The new file is on another disk.
+        std::optional<FullDisk> room(100'000);
+        answers = {Path("copy.qdx")};
+        TimesTold();
+        SaveGameFileAs(table);
+    }
+    EXPECT_EQ(Stored(Path("copy.qdx"), "Jacks or Better(0)", "Error0"), "a play error");
+    EXPECT_EQ(Credits(Path("copy.qdx")), 250);
+    EXPECT_FALSE(machine.file.IsDirty()) << "nothing of the old file waits";
+    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_EQ(TimesTold(), 0);
+}
+
+TEST_F(ChangedFileTest, AFileThatAnotherCopyHasOpenIsLeftToIt) {
+    machine.folder.Write("theirs.qdx", "[main]\nCredits=5\n");
+    const LockFile theirs = LockFile::OfGameFile(Path("theirs.qdx"));
+    fs::create_symlink(Path("theirs.qdx"), Path("link.qdx"));
+    answers = {Path("link.qdx"), Path("link.qdx"), Path("theirs.qdx")};
+    OpenGameFile(table);
+    EXPECT_NE(log.back().find("open in another copy of Tolvane (process "), std::string::npos);
+    EXPECT_NE(log.back().find("still " + game), std::string::npos);
+    NewGameFile(table);
+    SaveGameFileAs(table);
+    EXPECT_EQ(TimesTold(), 3);
+    EXPECT_EQ(files.gamePath, game);
+    EXPECT_EQ(machine.folder.Read("theirs.qdx"), "[main]\nCredits=5\n");
+
+    files.mainPath =
+        machine.folder.Write("Tolvane.ini", "[main]\nCurrGame=" + Path("theirs.qdx") + "\n");
+    machine.file.Close();
+    StartGame(table, machine.paths);
+    EXPECT_EQ(engine.settings.credits, 0);
+    answers = {game};
+    FinishStart(table);
+    EXPECT_EQ(TimesTold(), 1);
+    EXPECT_EQ(files.gamePath, game) << "the start asks for another one";
+    EXPECT_EQ(engine.settings.credits, 100);
+    EXPECT_EQ(LockFile::OfGameFile(game).GetState(), LockFile::State::kTaken);
+}
+
+TEST_F(ChangedFileTest, WhatWasPlayedIsKeptBetweenHandsWhenTheMachineRests) {
+    machine.Stack("AS KD TC 9H 2S");
+    DealDraw(table);
+    EXPECT_FALSE(SaveIsDue(table, true)) << "the hand is open";
+    SaveGame(table, false);
+    EXPECT_EQ(Credits(game), 100) << "its bet comes back after a crash";
+    EXPECT_EQ(engine.settings.credits, 95);
+    machine.Hold(0);
+    DealDraw(table);
+    EXPECT_FALSE(SaveIsDue(table, false));
+    EXPECT_TRUE(SaveIsDue(table, true));
+    ports.now += 10;
+    EXPECT_TRUE(SaveIsDue(table, false)) << "steady play";
+    engine.spinPending = true;
+    EXPECT_FALSE(SaveIsDue(table, true));
+    engine.spinPending = false;
+    KeepPlay(table, false);
+    EXPECT_EQ(Stored(game, "Jacks or Better(0)", "HandsPlayed"), "1");
+    EXPECT_FALSE(SaveIsDue(table, true));
+
+    ChooseCoin(table, 0.25);
+    EXPECT_EQ(Credits(game), engine.settings.credits) << "at once, with the coin";
+    EXPECT_EQ(Stored(game, "main", "Coin"), "0.25");
+    DealDraw(table);
+    ChooseCoin(table, 0.05);
+    EXPECT_EQ(Stored(game, "main", "Coin"), "0.25");
+    DealDraw(table);
+    EXPECT_TRUE(SaveIsDue(table, false));
 }
 
 struct StartAndStopTest : FileCommandsTest {

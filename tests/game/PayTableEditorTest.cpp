@@ -319,6 +319,7 @@ TEST_F(ThreeGameFilesTest, AGameFileElsewhereIsKeptWhileItIsInUse) {
     std::filesystem::create_directory(machine.folder.Path("else"));
     machine.files.gamePath = machine.folder.Path("else/mine.qdx");
     std::filesystem::rename(machine.folder.Path("game.qdx"), machine.files.gamePath);
+    machine.file.Hold(machine.files.gamePath);
     auto editor = Manager("My Game", 9001, 0);
     editor.Rename(player.Saying({"Your Game"}));
     EXPECT_EQ(Stored(machine.files.gamePath, "Your Game(2)", "HandsPlayed"), "77");
@@ -357,6 +358,7 @@ TEST_F(ThreeGameFilesTest, OnAFullDiskThePlayerIsToldAndNothingIsLost) {
     const std::string main = machine.folder.Read("Tolvane.ini");
     auto editor = Manager("My Game", 9001, 2);
     player.answers = {"no", "ok", "Your Game"};
+    editor.texts.lines[0].description = "Changed";
     {
         const FullDisk full(8);
         editor.Save(player);

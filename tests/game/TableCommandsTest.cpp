@@ -228,12 +228,11 @@ TEST_F(GameSelectionTest, AChangedPayTableIsPlayedOnWithTheSameCounts) {
 
 TEST_F(SpareEngineTest, AutoplayLeavesThePlayersMachineAndFileAlone) {
     SaveGame(table, false);
-    engine.settings.credits = 99;
+    engine.settings.bet = 2;
     const MachineSettings settings = engine.settings;
     const Statistics statistics = engine.statistics;
     const Deck& deck = engine.deck;
     const auto order = deck.order;
-    const std::string before = machine.folder.Read("game.qdx");
     answers = {"cancel", "-3", "200"};
     RunAutoplay(table, spare);
     EXPECT_EQ(TakeLog(), "ask hands\n");
@@ -245,11 +244,13 @@ TEST_F(SpareEngineTest, AutoplayLeavesThePlayersMachineAndFileAlone) {
               std::string::npos);
     EXPECT_NE(log.find("99% (99)\nstatistics Jacks or Better, 200 hands\n"), std::string::npos);
     EXPECT_EQ(spare.settings.mode, PlayMode::kAutoHold);
+    EXPECT_EQ(spare.statistics.creditsPlayed.session, 400) << "the bet on the meter";
     EXPECT_NE(spare.deck.order, order);
 
-    EXPECT_TRUE(machine.file.Flush());
+    const std::string before = machine.folder.Read("game.qdx");
+    EXPECT_TRUE(SaveGame(table, false));
     EXPECT_EQ(machine.folder.Read("game.qdx"), before);
-    EXPECT_EQ(engine.settings.credits, settings.credits);
+    EXPECT_EQ(engine.settings, settings);
     EXPECT_EQ(engine.statistics, statistics);
     EXPECT_EQ(deck.order, order);
 }

@@ -24,6 +24,7 @@ class TestMachine {
         : files{file, TOLVANE_DATA_FOLDER "/Tolvane.ini", folder.Write("game.qdx", "[main]\n")} {
         engine.deck.clock = [] { return std::int64_t{1'790'000'000}; };
         engine.settings.credits = 100;
+        file.Hold(files.gamePath);
         Play(game, gameId);
     }
 

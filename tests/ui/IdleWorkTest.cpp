@@ -60,11 +60,20 @@ TEST_F(IdleWorkTest, NoCardMovesDuringAHandOrPractice) {
     p.engine.fixedHand = false;
 }
 
-TEST_F(IdleWorkTest, AChangedFileIsWrittenBack) {
+TEST_F(IdleWorkTest, WhatWasPlayedIsOnTheDiskSomeSecondsLater) {
     TestProgram& p = StartIdle();
+    p.Keys({Qt::Key_D, Qt::Key_D, Qt::Key_D});
+    const auto isKept = [&] { return Stored("HandsPlayed", "Jacks or Better(0)") == "1"; };
+    EXPECT_FALSE(QTest::qWaitFor(isKept, 2 * IdleWork::kRest)) << "the second hand is open";
+    p.Key(Qt::Key_D);
+    p.engine.settings.bet = 3;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Stored("Bet") == "3"; }, 2 * IdleWork::kRest));
+    EXPECT_EQ(Stored("HandsPlayed", "Jacks or Better(0)"), "2");
+    EXPECT_EQ(Stored("Credits"), std::to_string(p.engine.settings.credits));
+    p.clock.now += 60;
+    p.Keys({Qt::Key_D, Qt::Key_D});
+    EXPECT_EQ(Stored("HandsPlayed", "Jacks or Better(0)"), "3") << "steady play does not wait";
     p.Choose(kCoinQuarter);
-    EXPECT_TRUE(p.file.IsDirty());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !p.file.IsDirty(); }));
     EXPECT_EQ(Stored("Coin"), "0.25");
 }
 

@@ -30,7 +30,9 @@ inline constexpr std::string_view kJacksAndTens = "JS JD TC TH 2S";  // 10 credi
 // Pauses end at once, but what waits is painted in them, and the player may do something.
 class TestClock : public Clock {
   public:
-    std::int64_t Now() override { return 1'790'000'000; }
+    std::int64_t now = 1'790'000'000;
+
+    std::int64_t Now() override { return now; }
     void Pause(int milliseconds) override;
     void PauseWithInput(int milliseconds) override;
 

@@ -315,4 +315,74 @@ TEST_F(ProfileFileTest, WhatIsForgottenOrClosedIsReadAnew) {
     }
 }
 
+TEST_F(ProfileFileTest, WhatSomebodyElseHasChangedIsNotWrittenOver) {
+    using Standing = ProfileFile::Standing;
+    Open("[s]\nk=1\n\n");
+    Set("s", "k", "10");
+    EXPECT_EQ(file.StandingOf(path), Standing::kOurs);
+    folder.Write("a.ini", "[s]\nk=2\nmore=1\n\n");
+    EXPECT_EQ(file.StandingOf(path), Standing::kChanged);
+    EXPECT_FALSE(file.Flush());
+    EXPECT_EQ(Int("s", "k"), 10) << "but waits";
+    EXPECT_EQ(folder.Read("a.ini"), "[s]\nk=2\nmore=1\n\n");
+    folder.Write("a.ini", "[s]\nk=1\n\n");
+    EXPECT_EQ(Written(), "[s]\nk=10\n\n") << "another file with the same contents is the same";
+
+    std::filesystem::rename(path, folder.Path("away"));
+    Set("s", "k", "11");
+    EXPECT_EQ(file.StandingOf(path), Standing::kMissing);
+    EXPECT_FALSE(file.Flush());
+    EXPECT_EQ(folder.Read("a.ini"), "(missing)");
+    std::filesystem::rename(folder.Path("away"), path);
+    EXPECT_EQ(Written(), "[s]\nk=11\n\n");
+    folder.Write("a.ini", "[s]\nk=4\n\n");
+    EXPECT_EQ(Int("s", "k"), 4) << "nothing waits that this would mix with";
+}
+
+TEST_F(ProfileFileTest, AHeldFileIsReadAsItWasWhenItWasHeld) {
+    const auto b = folder.Write("b.ini", "[s]\nk=2\n\n");
+    Open("[s]\nk=1\n\n");
+    EXPECT_TRUE(file.Hold(path));
+    folder.Write("a.ini", "[s]\nk=3\n\n");
+    EXPECT_EQ(file.GetInt("s", "k", 0, b), 2);
+    EXPECT_EQ(Int("s", "k"), 1);
+    Set("s", "k", "10");
+    EXPECT_FALSE(file.Save(path));
+    EXPECT_EQ(file.WholeText(path), "[s]\nk=10\n\n");
+    file.Forget(path);
+    EXPECT_TRUE(file.Hold(path));
+    EXPECT_EQ(Int("s", "k"), 3);
+
+    EXPECT_FALSE(file.Hold(folder.Path("none.ini")));
+    file.WriteInt("s", "k", 5, folder.Path("none.ini"));
+    folder.Write("none.ini", "[s]\nk=6\n\n");
+    EXPECT_EQ(file.GetInt("s", "k", 0, folder.Path("none.ini")), 5) << "in memory alone";
+    EXPECT_EQ(file.StandingOf(folder.Path("none.ini")), ProfileFile::Standing::kNotRead);
+    EXPECT_FALSE(file.Flush());
+    EXPECT_EQ(folder.Read("none.ini"), "[s]\nk=6\n\n");
+    EXPECT_TRUE(file.Hold(b));
+    EXPECT_TRUE(file.Flush()) << "nothing of it is left";
+}
+
+TEST_F(ProfileFileTest, AFileIsMadeAtOnceOrNotAtAll) {
+    Open("[s]\nk=1\n\n");
+    const auto make = [&](const std::string& at) {
+        return file.Make(at, "[t]\nx=1\n\n", [&] { file.WriteInt("s", "k", 7, at); });
+    };
+    Set("s", "k", "2");
+    {
+        const FullDisk disk(9);
+        EXPECT_FALSE(make(path));
+        EXPECT_FALSE(make(folder.Path("new.ini")));
+        EXPECT_FALSE(make(folder.Path("missing/new.ini")));
+    }
+    EXPECT_EQ(folder.FileCount(), 1);
+    EXPECT_EQ(Written(), "[s]\nk=2\n\n") << "what waited goes on waiting";
+    Set("s", "k", "3");
+    EXPECT_TRUE(make(path));
+    EXPECT_EQ(Written(), "[t]\nx=1\n\n[s]\nk=7\n\n");
+    EXPECT_TRUE(make(folder.Path("new.ini")));
+    EXPECT_EQ(folder.Read("new.ini"), "[t]\nx=1\n\n[s]\nk=7\n\n");
+}
+
 }  // namespace

@@ -109,35 +109,4 @@ TEST(DataFilesTest, TheTitleNamesTheGameFileUnlessItIsTheDefaultOne) {
               "2 Pair Poker (My Été.v2.qdx)");
 }
 
-TEST(DataFilesTest, ANewGameFileForgetsTheOneItReplaces) {
-    const TemporaryFolder folder;
-    const std::string path = folder.Write("Old.qdx", "[Deuces Wild(0)]\nHandsPlayed=7\n");
-    ProfileFile file;
-    file.WriteInt("main", "Credits", 12, path);  // loaded and not yet written
-    EXPECT_TRUE(CreateGameFile(path, file));
-    EXPECT_EQ(folder.Read("Old.qdx"), "");
-    file.WriteInt("main", "Credits", 0, path);
-    EXPECT_TRUE(file.Flush());
-    EXPECT_EQ(folder.Read("Old.qdx"), "[main]\nCredits=0\n\n");
-    EXPECT_FALSE(CreateGameFile(folder.Path("missing/New.qdx"), file));
-}
-
-TEST(DataFilesTest, SavingAsTakesAllThatWasWrittenAlong) {
-    const TemporaryFolder folder;
-    const std::string from = folder.Write("A.qdx", "[main]\nBet=5\n\n");
-    const std::string to = folder.Write("Größe 2.qdx", "[main]\nBet=1\n\n[Other]\nX=1\n");
-    ProfileFile file;
-    EXPECT_EQ(file.GetInt("main", "Bet", 0, to), 1);
-    file.WriteInt("main", "Bet", 3, from);
-    EXPECT_TRUE(CopyGameFile(from, to, file));
-    EXPECT_EQ(folder.Read("Größe 2.qdx"), "[main]\nBet=3\n\n");
-    EXPECT_EQ(folder.Read("A.qdx"), "[main]\nBet=3\n\n");
-    EXPECT_EQ(file.GetInt("main", "Bet", 0, to), 3);
-
-    EXPECT_FALSE(CopyGameFile(folder.Path("missing.qdx"), to, file));
-    EXPECT_FALSE(CopyGameFile(folder.Path(), to, file));
-    EXPECT_EQ(folder.Read("Größe 2.qdx"), "[main]\nBet=3\n\n");
-    EXPECT_EQ(folder.FileCount(), 2);
-}
-
 }  // namespace

@@ -56,23 +56,6 @@ TEST_F(FullDiskTest, ASaveThatFailsLeavesTheOldFileAndTheNextOneCatchesUp) {
     EXPECT_EQ(folder.FileCount(), 1);
 }
 
-TEST_F(FullDiskTest, ANewGameOverAnUnsavedOneStartsEmpty) {
-    const std::string other = folder.Write("other.qdx", "");
-    {
-        const FullDisk disk(kRoom);
-        EXPECT_FALSE(Save(250));
-        EXPECT_TRUE(CreateGameFile(path, file)) << "an empty file always fits";
-        EXPECT_EQ(file.GetInt("main", "Credits", -1, path), -1);
-        EXPECT_FALSE(Save(30));
-        EXPECT_TRUE(CopyGameFile(other, path, file));
-        EXPECT_EQ(file.GetInt("main", "Credits", -1, path), -1);
-        EXPECT_FALSE(Save(40));
-        EXPECT_TRUE(CreateGameFile(other, file));
-    }
-    EXPECT_TRUE(file.Flush());
-    EXPECT_EQ(StoredCredits(path), 40) << "a new game elsewhere takes nothing from this one";
-}
-
 TEST_F(FullDiskTest, ASaveWaitsForAFolderThatWentAway) {
     const std::string before = folder.Read("game.qdx");
     fs::create_directory(folder.Path("here"));

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +12,8 @@
 #include <optional>
 
 #include "tests/core/profile/TemporaryFolder.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -22,7 +25,7 @@ pid_t StartHolder(const std::string& folder) {
     EXPECT_EQ(pipe(ready.data()), 0);
     const pid_t id = fork();
     if (id == 0) {
-        const LockFile lock(folder);
+        const LockFile lock = LockFile::OfDataFolder(folder);
         if (write(ready[1], lock.GetState() == State::kHeld ? "h" : "x", 1) == 1) pause();
         _exit(1);
     }
@@ -39,33 +42,41 @@ void Kill(pid_t id) {
     waitpid(id, nullptr, 0);
 }
 
+LockFile Lock(const TemporaryFolder& folder) { return LockFile::OfDataFolder(folder.Path()); }
+
 TEST(LockFileTest, ASecondHolderIsToldWhoTheFirstIs) {
     const TemporaryFolder folder;
-    std::optional<LockFile> first(folder.Path());
+    std::optional<LockFile> first(Lock(folder));
     EXPECT_EQ(first->GetState(), State::kHeld);
-    EXPECT_EQ(first->Holder(), 0);
-    const LockFile second(folder.Path());
+    EXPECT_EQ(first->HeldBy().process, 0);
+    const LockFile second = Lock(folder);
     EXPECT_EQ(second.GetState(), State::kTaken);
-    EXPECT_EQ(second.Holder(), getpid());
+    const LockFile::Holder& holder = second.HeldBy();
+    EXPECT_EQ(holder.process, getpid());
+    std::array<char, 100> machine{};
+    gethostname(machine.data(), machine.size());
+    EXPECT_EQ(holder.Text(), "process " + std::to_string(getpid()) + " of " +
+                                 getpwuid(geteuid())->pw_name + " on " + machine.data());
+    EXPECT_EQ(LockFile::Holder().Text(), "another user");
     first.reset();
-    EXPECT_EQ(LockFile(folder.Path()).GetState(), State::kHeld);
+    EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
     EXPECT_EQ(second.GetState(), State::kTaken);
 }
 
 TEST(LockFileTest, TheLockEndsWithAKilledProcess) {
     const TemporaryFolder folder;
     const pid_t other = StartHolder(folder.Path());
-    EXPECT_EQ(LockFile(folder.Path()).GetState(), State::kTaken);
-    EXPECT_EQ(LockFile(folder.Path()).Holder(), other);
+    EXPECT_EQ(Lock(folder).GetState(), State::kTaken);
+    EXPECT_EQ(Lock(folder).HeldBy().process, other);
     Kill(other);
-    EXPECT_EQ(LockFile(folder.Path()).GetState(), State::kHeld);
+    EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
 }
 
 TEST(LockFileTest, AStartedProgramDoesNotInheritTheLock) {
     const TemporaryFolder folder;
     std::array<int, 2> closedByExec{};
     ASSERT_EQ(pipe2(closedByExec.data(), O_CLOEXEC), 0);
-    std::optional<LockFile> lock(folder.Path());
+    std::optional<LockFile> lock(Lock(folder));
     const pid_t sleeper = fork();
     if (sleeper == 0) {
         execlp("sleep", "sleep", "60", nullptr);
@@ -76,22 +87,42 @@ TEST(LockFileTest, AStartedProgramDoesNotInheritTheLock) {
     EXPECT_EQ(read(closedByExec[0], &nothing, 1), 0);
     close(closedByExec[0]);
     lock.reset();
-    EXPECT_EQ(LockFile(folder.Path()).GetState(), State::kHeld);
+    EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
     Kill(sleeper);
 }
 
-TEST(LockFileTest, AFolderThatCannotBeWrittenRefuses) {
+TEST(LockFileTest, AFolderThatCannotBeWrittenIsNotTheSameAsALockThatCannotBeMade) {
     const TemporaryFolder folder;
-    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
+    fs::permissions(folder.Path(), fs::perms(0555));
     {
         const OrdinaryUser user;
         if (!user.bound) GTEST_SKIP() << "permissions do not bind here";
-        EXPECT_EQ(LockFile(folder.Path()).GetState(), State::kRefused);
+        EXPECT_EQ(Lock(folder).GetState(), State::kRefused);
     }
-    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0755));
-    EXPECT_EQ(LockFile(folder.Path("missing")).GetState(), State::kRefused);
-    std::filesystem::create_directory(folder.Path("Tolvane.lock"));
-    EXPECT_EQ(LockFile(folder.Path()).GetState(), State::kRefused);
+    fs::permissions(folder.Path(), fs::perms(0755));
+    EXPECT_EQ(LockFile::OfDataFolder(folder.Path("missing")).GetState(), State::kRefused);
+    fs::create_directory(folder.Path("Tolvane.lock"));
+    EXPECT_EQ(Lock(folder).GetState(), State::kNotKnown);
+    fs::remove(folder.Path("Tolvane.lock"));
+    folder.Write("precious", "text");
+    fs::create_symlink(folder.Path("precious"), folder.Path("Tolvane.lock"));
+    EXPECT_EQ(Lock(folder).GetState(), State::kNotKnown);
+    EXPECT_EQ(folder.Read("precious"), "text");
+}
+
+TEST(LockFileTest, AGameFileHasOneLockByAllItsNamesWhichGoesWithIt) {
+    const TemporaryFolder folder;
+    const std::string game = folder.Write("game.qdx", "");
+    fs::create_directory(folder.Path("other"));
+    fs::create_symlink(game, folder.Path("other/link.qdx"));
+    {
+        const LockFile lock = LockFile::OfGameFile(folder.Path("other/link.qdx"));
+        EXPECT_EQ(lock.GetState(), State::kHeld);
+        EXPECT_EQ(LockFile::OfGameFile(game).GetState(), State::kTaken);
+        EXPECT_EQ(LockFile::OfGameFile(folder.Path("new.qdx")).GetState(), State::kHeld);
+        EXPECT_EQ(folder.FileCount(), 3) << "the game, the folder and the lock";
+    }
+    EXPECT_EQ(folder.FileCount(), 2);
 }
 
 }  // namespace
