@@ -58,14 +58,21 @@ bool IsMainProfile(GameTable& table, const std::string& path) {
     return true;
 }
 
-// The lock of another file than the one in use; nothing, and the player is told, when it is open
-// elsewhere.
+// The lock of a file to go on in, which may be the one in use; nothing, and the player is told,
+// when it is open elsewhere.
 std::optional<LockFile> TakeLock(GameTable& table, const std::string& path) {
+    if (IsInUse(table, path) && table.gameLock) return std::exchange(table.gameLock, std::nullopt);
     LockFile lock = LockFile::OfGameFile(path);
     const auto problem = LockProblem(lock);
     if (!problem) return lock;
     TellProblem(table, path, *problem + ".");
     return std::nullopt;
+}
+
+// A file that could not be written leaves all as it was.
+void StayIn(GameTable& table, const std::string& unwritten, std::optional<LockFile> lock) {
+    if (IsInUse(table, unwritten)) table.gameLock = std::move(lock);
+    TellUnwritten(table, unwritten);
 }
 
 void GoOnIn(GameTable& table, const std::string& path, LockFile lock) {
@@ -146,10 +153,9 @@ void NewGameFile(GameTable& table) {
     SaveGame(table, false);
     const auto path = table.player.ChoosesFileToSave(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
-    const bool inUse = IsInUse(table, *path);
-    if (inUse) table.gameLock.reset();  // it is taken again
+    if (!IsInUse(table, *path) && !IsSavedToLeave(table)) return;
     auto lock = TakeLock(table, *path);
-    if (!lock || (!inUse && !IsSavedToLeave(table))) return;
+    if (!lock) return;
     EndFeatures(table);
     MachineSettings settings = engine.settings;
     settings.mode = PlayMode::kWarning;
@@ -164,7 +170,7 @@ void NewGameFile(GameTable& table) {
         ResetStatistics(file, *path, state, table.clock.Now());
         WriteSession(file, *path, state, true, table.clock.Now());
     });
-    if (!made) return TellUnwritten(table, *path);
+    if (!made) return StayIn(table, *path, std::move(lock));
     engine.settings = settings;
     engine.statistics = statistics;
     engine.payTable = payTable;
@@ -195,15 +201,15 @@ void SaveGameFile(GameTable& table) {
 void SaveGameFileAs(GameTable& table) {
     const auto path = table.player.ChoosesFileToSave(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
-    const bool inUse = IsInUse(table, *path);
-    if (inUse && StandingOf(table) == Standing::kOurs) return SaveGameFile(table);
-    if (inUse) table.gameLock.reset();  // it is taken again
+    if (IsInUse(table, *path) && StandingOf(table) == Standing::kOurs) {
+        return SaveGameFile(table);
+    }
     auto lock = TakeLock(table, *path);
     if (!lock) return;
     if (WriteCopy(table, *path)) {
         MoveTo(table, *path, std::move(*lock));
     } else {
-        TellUnwritten(table, *path);
+        StayIn(table, *path, std::move(lock));
     }
 }
 

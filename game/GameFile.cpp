@@ -59,8 +59,11 @@ void ShowGameFile(GameTable& table) {
 
 void ReloadGameFile(GameTable& table) {
     const std::string path = table.files.gamePath;
-    table.gameLock.reset();  // or it would be in its own way
     table.files.file.Forget(path);
-    TakeUpGameFile(table, path);
+    if (auto lock = std::exchange(table.gameLock, std::nullopt)) {
+        UseGameFile(table, path, std::move(*lock));
+    } else {
+        TakeUpGameFile(table, path);
+    }
     ShowGameFile(table);
 }

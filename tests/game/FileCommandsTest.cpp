@@ -331,6 +331,12 @@ TEST_F(ChangedFileTest, AFileThatAnotherCopyHasOpenIsLeftToIt) {
     EXPECT_EQ(TimesTold(), 1);
     EXPECT_EQ(files.gamePath, game) << "the start asks for another one";
     EXPECT_EQ(engine.settings.credits, 100);
+    {
+        const FullDisk disk(kRoom);
+        answers = {game};
+        NewGameFile(table);
+        EXPECT_EQ(TimesTold(), 1);
+    }
     EXPECT_EQ(LockFile::OfGameFile(game).GetState(), LockFile::State::kTaken);
 }
 
