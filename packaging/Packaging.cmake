@@ -26,7 +26,9 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)  # the libraries, that of the SVG pictures among them
 if(TOLVANE_GUI)
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)  # the face that stands for Arial
+  # The face that stands for Arial, and that of menus and dialogs: where only the first one is installed, they
+  # come out in its typewriter face.
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, fonts-dejavu-core")
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)  # no window on a desktop without X otherwise
 endif()
 include(CPack)

@@ -8,7 +8,8 @@ build_packages=(
     cmake ninja-build g++
     libgtest-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
     qt6-base-dev qt6-multimedia-dev qt6-svg-dev
-    fonts-liberation  # the face that stands for Arial; without any font the window shows no text
+    fonts-liberation   # the face that stands for Arial; without any font the window shows no text
+    fonts-dejavu-core  # that of menus and dialogs; without it they come out in Liberation's typewriter face
     qt6-wayland  # no other package asks for it, but a desktop without X shows no window without it
 )
 test_packages=(
@@ -19,7 +20,7 @@ test_packages=(
 )
 # Screenshots of a virtual screen, and the judges of what is installed and packed. The tests pass without
 # them, so they are tried only along with the others and their absence never stops or slows a run.
-wished_packages=(imagemagick appstream desktop-file-utils dpkg-dev man-db shared-mime-info)
+wished_packages=(imagemagick appstream desktop-file-utils dpkg-dev file man-db shared-mime-info)
 
 wanted=("${build_packages[@]}")
 wished=()
