@@ -114,9 +114,13 @@ std::optional<Failure> ChooseTables(const Options& options, std::vector<ChosenTa
 
 std::optional<Failure> RunAnalyze(const Options& options, std::string& output) {
     if (auto failure = CheckGame(options)) return failure;
-    if (auto failure = ResultFiles(options).Check()) return failure;
+    const ResultFiles files(options);
+    if (auto failure = files.Check()) return failure;
     std::vector<ChosenTable> tables;
     if (auto failure = ChooseTables(options, tables)) return failure;
+    for (const ChosenTable& chosen : tables) {
+        if (auto failure = files.CheckTargets(chosen)) return failure;
+    }
     AnalyzeRun run(options);
     run.Analyze(tables);
     output += run.Text();

@@ -12,6 +12,11 @@ namespace {
 
 constexpr const char* kMainFileName = "Tolvane.ini";
 
+bool IsThere(const fs::path& file) {
+    std::error_code error;
+    return fs::status(file, error).type() != fs::file_type::not_found;
+}
+
 bool CanRead(const fs::path& file) {
     std::error_code error;
     return fs::is_regular_file(file, error) && std::ifstream(file).good();
@@ -21,22 +26,22 @@ bool CanRead(const fs::path& file) {
 
 std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
                                     std::string& path) {
-    if (dataFolder) {
-        path = fs::path(*dataFolder) / kMainFileName;
-        if (!dataFolder->empty() && CanRead(path)) return std::nullopt;
-        return Failure{kFailed, "no readable Tolvane.ini in " + QuotedPath(*dataFolder) +
-                                    ": name the folder that holds it with --data"};
-    }
     const DataEnvironment environment = ReadDataEnvironment();
-    const fs::path ownFolder = FindDataFolder(environment);
-    const fs::path programFolder = fs::path(environment.programFile).parent_path();
-    for (const fs::path& file : {ownFolder / kMainFileName, programFolder / kShippedMainProfile}) {
+    const fs::path folder = dataFolder ? *dataFolder : FindDataFolder(environment);
+    const fs::path shippedFolder =
+        dataFolder ? folder : fs::path(environment.programFile).parent_path();
+    for (const fs::path& file : {folder / kMainFileName, shippedFolder / kShippedMainProfile}) {
+        if (file.parent_path().empty() || !IsThere(file)) continue;
         path = file;
-        if (file.is_absolute() && CanRead(file)) return std::nullopt;
+        if (CanRead(file)) return std::nullopt;
+        return Failure{kFailed, QuotedPath(path) +
+                                    " cannot be read: make it readable, or name another folder "
+                                    "with --data"};
     }
-    return Failure{kFailed, "neither Tolvane.ini in " + QuotedPath(ownFolder.string()) +
-                                " nor Tolvane.114 beside the program: name the folder that holds "
-                                "Tolvane.ini with --data"};
+    const std::string shippedPlace = dataFolder ? "there" : "beside the program";
+    return Failure{kFailed, "neither Tolvane.ini in " + QuotedPath(folder.string()) +
+                                " nor Tolvane.114 " + shippedPlace +
+                                ": name the folder that holds one of them with --data"};
 }
 
 std::string DataFolder(const std::optional<std::string>& named) {

@@ -5,9 +5,11 @@
 
 #include "cli/Command.h"
 
-// The path of the main profile file: Tolvane.ini in the named folder. Without one, in the folder
-// where the window program keeps its data: its own when that can be written, otherwise the user's;
-// as long as that one holds no Tolvane.ini, the shipped release file beside the program.
+// The path of the main profile file: Tolvane.ini in the named folder, or, as long as that holds
+// none, the shipped release file there. Without a name it is in the folder where the window program
+// keeps its data (its own when that can be written, otherwise the user's), and the shipped one is
+// beside the program. One that is there and cannot be read is a failure: others would answer for
+// it.
 std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
                                     std::string& path);
 

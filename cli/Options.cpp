@@ -52,7 +52,8 @@ void AddResultFile(CLI::App& parser, const std::string& name, std::optional<std:
 void AddCommonOptions(CLI::App& parser, Options& options) {
     parser
         .add_option("--data", options.dataFolder,
-                    "The folder that holds Tolvane.ini; otherwise where the window program looks")
+                    "The folder that holds Tolvane.ini, or the shipped Tolvane.114; otherwise\n"
+                    "where the window program looks")
         ->type_name("DIR");
     parser
         .add_option_function<std::string>(

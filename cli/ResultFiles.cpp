@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "cli/DataFolder.h"
+#include "cli/OwnFiles.h"
 #include "cli/Texts.h"
 #include "core/analysis/AnalysisFiles.h"
 #include "core/profile/AtomicFile.h"
@@ -18,20 +19,6 @@ constexpr const char* kCacheName = "Game Analyses.ini";
 bool IsFolder(const std::string& path) {
     std::error_code error;
     return fs::is_directory(path, error);
-}
-
-// Empty when the system cannot follow the path.
-fs::path FullPath(const std::string& path) {
-    std::error_code error;
-    return fs::weakly_canonical(fs::absolute(path, error), error);
-}
-
-// Also when it is not there yet.
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code error;
-    if (fs::equivalent(a, b, error)) return true;
-    const fs::path full = FullPath(a);
-    return !full.empty() && full == FullPath(b);
 }
 
 // A slash in a game's name would lead into another folder.
@@ -57,26 +44,30 @@ void CreateIfMissing(const std::string& path) {
 }  // namespace
 
 std::optional<Failure> ResultFiles::Check() const {
-    std::string mainPath;
-    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
     const auto& summary = options.summaryPath;
     const auto& detail = options.detailPath;
     for (const auto& [option, path] : {std::pair("--summary ", summary), {"--detail ", detail}}) {
-        if (!path) continue;
-        if (options.allGames && !IsFolder(*path)) {
+        if (path && options.allGames && !IsFolder(*path)) {
             return Failure{kWrongUse, option + Quoted(*path) +
                                           ": with --all name a folder that is there, for one file "
                                           "of each game"};
-        }
-        if (IsSameFile(*path, mainPath) || IsSameFile(*path, CachePath())) {
-            return Failure{kWrongUse, option + QuotedPath(*path) +
-                                          " would replace a file of the program's data: name "
-                                          "another file"};
         }
     }
     if (summary && detail && IsSameFile(*summary, *detail) && !IsFolder(*summary)) {
         return Failure{kWrongUse, "--summary and --detail " + Quoted(*summary) +
                                       " are the same file: name two"};
+    }
+    return std::nullopt;
+}
+
+std::optional<Failure> ResultFiles::CheckTargets(const ChosenTable& chosen) const {
+    const auto summary = SummaryPath(chosen);
+    const auto detail = DetailPath(chosen);
+    for (const auto& [option, path] : {std::pair("--summary ", summary), {"--detail ", detail}}) {
+        if (!path || !IsOwnFile(*path, options.dataFolder)) continue;
+        return Failure{kWrongUse, option + QuotedPath(*path) +
+                                      " would replace a file of the program's data: name another "
+                                      "file"};
     }
     return std::nullopt;
 }

@@ -13,8 +13,11 @@ class ResultFiles {
     ResultFiles(const ResultFiles&) = delete;
     ResultFiles& operator=(const ResultFiles&) = delete;
 
-    // One file cannot take what is asked for twice, nor the pay tables' place.
+    // One file cannot take what is asked for twice.
     std::optional<Failure> Check() const;
+
+    // Nor the place of one of the program's own; in a folder, each table has files of its own.
+    std::optional<Failure> CheckTargets(const ChosenTable& chosen) const;
 
     // Nothing when none is asked for.
     std::optional<std::string> DetailPath(const ChosenTable& chosen) const;

@@ -191,30 +191,58 @@ TEST_F(CommandLineTest, BadInputIsNamedInOneLineWithItsMend) {
     }
 }
 
-TEST_F(CommandLineTest, AFolderWithoutPayTablesIsNamed) {
-    const Printed run = Shell("games --data " + InQuotes(folder.Path("data/elsewhere")));
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.problem.find("Tolvane.ini in \""), std::string::npos);
-    EXPECT_NE(run.problem.find("--data"), std::string::npos);
-}
-
 TEST_F(CommandLineTest, TheReleaseFileServesUntilThereIsAMainFile) {
     const std::string program = folder.Path("data/tolvane-cli");
     std::filesystem::copy_file(TOLVANE_CLI, program);
-    const auto hand = [&] { return Shell("hand 300 'AS KS QS JS 9H'", program); };
-    EXPECT_EQ(hand().status, 0);
+    const auto expect = [&](int status, const char* mention) {
+        for (const std::string& named : {std::string(), " --data " + InQuotes(DataFolder())}) {
+            const Printed run = Shell("hand 300 'AS KS QS JS 9H'" + named, program);
+            EXPECT_EQ(run.status, status) << named << run.problem;
+            EXPECT_NE(run.problem.find(mention), std::string::npos) << named << run.problem;
+        }
+    };
+    expect(0, "");
     std::filesystem::rename(folder.Path("data/Tolvane.ini"), folder.Path("data/Tolvane.114"));
-    EXPECT_EQ(hand().status, 0);
+    expect(0, "");
+    // One that is there counts, even if nothing can be read from it.
+    std::filesystem::create_directory(folder.Path("data/Tolvane.ini"));
+    expect(1, "/data/Tolvane.ini\" cannot be read");
+    std::filesystem::remove(folder.Path("data/Tolvane.ini"));
     folder.Write("data/Tolvane.ini", "[main]\nVer=114\n");
-    EXPECT_EQ(hand().status, 1);
-    EXPECT_NE(hand().problem.find("no pay table"), std::string::npos);
+    expect(1, "no pay table");
     std::filesystem::remove(folder.Path("data/Tolvane.114"));
     std::filesystem::remove(folder.Path("data/Tolvane.ini"));
-    EXPECT_EQ(hand().status, 1);
-    EXPECT_NE(hand().problem.find("--data"), std::string::npos);
+    expect(1, "/data\" nor Tolvane.114");
+    expect(1, "with --data");
 }
 
-TEST_F(CommandLineTest, NothingIsEverWritten) {
+TEST_F(CommandLineTest, NoAnswerTakesThePlaceOfAFileOfTheProgram) {
+    const std::string main = folder.Path("data/Tolvane.ini");
+    for (const char* name : {"elsewhere", "results", "programs"}) {
+        std::filesystem::create_directory(folder.Path(name));
+    }
+    const std::string program = folder.Path("programs/tolvane-cli");
+    std::filesystem::copy_file(TOLVANE_CLI, program);
+    folder.Write("elsewhere/Mine.QDX", "[main]\n");
+    std::filesystem::create_symlink(main, folder.Path("link.txt"));
+    std::filesystem::create_symlink(main, folder.Path("results/Jacks or Better(0) Detail.txt"));
+    std::filesystem::create_hard_link(main, folder.Path("twin.txt"));
+    for (const char* place :
+         {"data/Tolvane.ini", "data/../data/Tolvane.ini", "link.txt", "twin.txt", "results",
+          "data/Default.qdx", "data/Game Analyses.ini", "data/Tolvane.114", "elsewhere/Mine.QDX",
+          "programs/tolvane-cli", "programs/Tolvane.ini"}) {
+        const Printed run = Shell("analyze 300 --data " + InQuotes(DataFolder()) + " --detail " +
+                                      InQuotes(folder.Path(place)),
+                                  program);
+        EXPECT_EQ(run.status, 2) << place;
+        EXPECT_NE(run.problem.find("program's data"), std::string::npos) << place << run.problem;
+    }
+    ExpectDataUntouched();
+    EXPECT_EQ(folder.Read("elsewhere/Mine.QDX"), "[main]\n");
+    EXPECT_EQ(Ask("analyze 9002 --summary " + InQuotes(folder.Path("data/x.txt"))).status, 0);
+}
+
+TEST_F(CommandLineTest, NothingIsWrittenUnasked) {
     const auto time = std::filesystem::last_write_time(folder.Path("data/Tolvane.ini"));
     for (const char* arguments : {"games", "hand 9002 'AS KS QS JS 9H'", "classify 300 'AS'"})
         Ask(arguments);
