@@ -1,5 +1,6 @@
 #include "cli/AutoplayCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <string_view>
@@ -100,6 +101,13 @@ void AddBox(std::string_view box, TextTable& table) {
     table.AddRow({"", ""}, {});
 }
 
+// Empty of a game of which the run and "analyze" tell the same.
+std::string WhatIsNotPlayed(const ChosenTable& chosen) {
+    if (chosen.payTable.type != GameType::kDoubleDraw) return "";
+    return "Automatic play makes no second draw: in the long run it returns less than the analysis "
+           "of this\ngame says, which counts that draw.\n";
+}
+
 std::string AsText(const Session& session, double coin) {
     const GameEngine& engine = session.engine;
     TextTable table({{"statistics"}, {"of the run", true}, {""}});
@@ -110,13 +118,17 @@ std::string AsText(const Session& session, double coin) {
     const ChosenTable& chosen = session.chosen;
     return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
            std::to_string(chosen.index) + ", bet " + std::to_string(chosen.bet) + " x " +
-           Dollars(coin) + ", seed " + std::to_string(session.seed) + "\n\n" + table.Text();
+           Dollars(coin) + ", seed " + std::to_string(session.seed) + "\n\n" + table.Text() +
+           WhatIsNotPlayed(chosen);
 }
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
     AddHandsAndSeed(parser, options);
     AddBet(parser, options);
+    parser.footer(
+        "Every hand is dealt from the whole deck and played with its best hold. Nothing is doubled "
+        "up,\nno feature is played, and in the double-draw games no second draw is made.");
 }
 
 std::optional<Failure> RunAutoplay(const Options& options, std::string& output) {

@@ -37,6 +37,8 @@ TEST_F(AutoplayCommandTest, TextIsTheStatisticsReport) {
     EXPECT_NE(run.output.find("500"), std::string::npos);
     EXPECT_NE(run.output.find("2,500"), std::string::npos) << "credits played";
     EXPECT_EQ(run.output.find('\r'), std::string::npos);
+    EXPECT_EQ(run.output.find("second draw"), std::string::npos);
+    EXPECT_NE(Ask("autoplay 318 --hands 5").output.find("no second draw"), std::string::npos);
 }
 
 TEST_F(AutoplayCommandTest, BadNumbersAreNamedWithTheirMend) {
