@@ -8,6 +8,7 @@
 # and takes about a quarter of an hour on two cores. Everything it made is gone afterwards.
 set -euo pipefail
 cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/.."
+# shellcheck source=/dev/null
 . /etc/os-release
 own_suite=$VERSION_CODENAME
 suite=${1:-$own_suite}
@@ -30,7 +31,7 @@ say() { printf '\n=== %s\n' "$*"; }
 own_sources() {
     # shellcheck disable=SC2016  # apt-get fills these in
     apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
-        grep -E "^deb [^ ]+ $own_suite[ -]" | sort -u
+        grep -E "^deb [^ ]+ ${own_suite}[ -]" | sort -u
 }
 
 make_base() {
