@@ -195,10 +195,10 @@ TEST_F(CommandLineTest, TheReleaseFileServesUntilThereIsAMainFile) {
     const std::string program = folder.Path("data/tolvane-cli");
     std::filesystem::copy_file(TOLVANE_CLI, program);
     const auto expect = [&](int status, const char* mention) {
-        for (const std::string& named : {std::string(), " --data " + InQuotes(DataFolder())}) {
-            const Printed run = Shell("hand 300 'AS KS QS JS 9H'" + named, program);
-            EXPECT_EQ(run.status, status) << named << run.problem;
-            EXPECT_NE(run.problem.find(mention), std::string::npos) << named << run.problem;
+        const std::string hand = "hand 300 'AS KS QS JS 9H'";
+        for (const Printed& run : {Shell(hand, program), Ask(hand)}) {
+            EXPECT_EQ(run.status, status) << run.problem;
+            EXPECT_NE(run.problem.find(mention), std::string::npos) << run.problem;
         }
     };
     expect(0, "");
@@ -218,11 +218,13 @@ TEST_F(CommandLineTest, TheReleaseFileServesUntilThereIsAMainFile) {
 
 TEST_F(CommandLineTest, NoAnswerTakesThePlaceOfAFileOfTheProgram) {
     const std::string main = folder.Path("data/Tolvane.ini");
-    for (const char* name : {"elsewhere", "results", "programs"}) {
-        std::filesystem::create_directory(folder.Path(name));
+    for (const char* name : {"elsewhere", "results", "programs", "player/Tolvane"}) {
+        std::filesystem::create_directories(folder.Path(name));
     }
     const std::string program = folder.Path("programs/tolvane-cli");
     std::filesystem::copy_file(TOLVANE_CLI, program);
+    folder.Write("programs/installed", "");  // the data are the player's
+    setenv("XDG_DATA_HOME", folder.Path("player").c_str(), 1);
     folder.Write("elsewhere/Mine.QDX", "[main]\n");
     std::filesystem::create_symlink(main, folder.Path("link.txt"));
     std::filesystem::create_symlink(main, folder.Path("results/Jacks or Better(0) Detail.txt"));
@@ -230,13 +232,14 @@ TEST_F(CommandLineTest, NoAnswerTakesThePlaceOfAFileOfTheProgram) {
     for (const char* place :
          {"data/Tolvane.ini", "data/../data/Tolvane.ini", "link.txt", "twin.txt", "results",
           "data/Default.qdx", "data/Game Analyses.ini", "data/Tolvane.114", "elsewhere/Mine.QDX",
-          "programs/tolvane-cli", "programs/Tolvane.ini"}) {
+          "programs/tolvane-cli", "programs/Tolvane.114", "player/Tolvane/Tolvane.ini"}) {
         const Printed run = Shell("analyze 300 --data " + InQuotes(DataFolder()) + " --detail " +
                                       InQuotes(folder.Path(place)),
                                   program);
         EXPECT_EQ(run.status, 2) << place;
         EXPECT_NE(run.problem.find("program's data"), std::string::npos) << place << run.problem;
     }
+    unsetenv("XDG_DATA_HOME");
     ExpectDataUntouched();
     EXPECT_EQ(folder.Read("elsewhere/Mine.QDX"), "[main]\n");
     EXPECT_EQ(Ask("analyze 9002 --summary " + InQuotes(folder.Path("data/x.txt"))).status, 0);
