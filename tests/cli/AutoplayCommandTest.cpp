@@ -33,8 +33,6 @@ TEST_F(AutoplayCommandTest, TheSameSeedPlaysTheSameHands) {
 TEST_F(AutoplayCommandTest, TextIsTheStatisticsReport) {
     const Printed run = Ask("autoplay 'jacks or better' --hands 500 --seed 1");
     EXPECT_EQ(run.status, 0) << run.problem;
-    EXPECT_NE(run.output.find("Jacks or Better"), std::string::npos);
-    EXPECT_NE(run.output.find("500"), std::string::npos);
     EXPECT_NE(run.output.find("2,500"), std::string::npos) << "credits played";
     EXPECT_EQ(run.output.find('\r'), std::string::npos);
     EXPECT_EQ(run.output.find("second draw"), std::string::npos);
