@@ -2,16 +2,18 @@
 # Proves the list of packages on a machine that has none: makes a bare root, runs ./run.sh and ./test.sh of the
 # last commit in it, packs the program and installs the package in a second bare root. Says what failed and
 # what was missing; exit code 0 when that is nothing.
-#     tools/try-bare-machine.sh [SUITE]
-# The suite is this machine's, from its own package sources, unless another is named (trixie, noble): that one
-# comes from where mmdebstrap looks for it. Needs mmdebstrap, root or sudo, 6 GB in /var/tmp and the network,
-# and takes about a quarter of an hour on two cores. Everything it made is gone afterwards.
+#     tools/try-bare-machine.sh [SUITE [OPTION ...]]
+# The suite is this machine's, from its own package sources, unless another is named: that one comes from where
+# mmdebstrap looks for it, with what options it is given (noble --components=main,universe). Needs mmdebstrap,
+# root or sudo, 6 GB in /var/tmp and the network, and takes about a quarter of an hour on two idle cores.
+# Everything it made is gone afterwards.
 set -euo pipefail
 cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/.."
 # shellcheck source=/dev/null
 . /etc/os-release
 own_suite=$VERSION_CODENAME
 suite=${1:-$own_suite}
+options=("${@:2}")
 
 as_root=()
 [[ $EUID -eq 0 ]] || as_root=(sudo)
@@ -20,10 +22,19 @@ command -v mmdebstrap >/dev/null || {
     exit 1
 }
 work=$(mktemp -d /var/tmp/bare-machine.XXXXXX)  # /tmp may be small, or allow no devices
-trap '"${as_root[@]}" rm -rf --one-file-system "$work"' EXIT
-trap 'exit 130' INT TERM
+chmod 755 "$work"                               # apt fetches as a user of its own
 root=$work/machine
 problems=()
+steps=0
+job=  # the process group of the step that runs
+
+clean_up() {
+    [[ -z $job ]] || "${as_root[@]}" kill -KILL -- "-$job" || true
+    wait
+    "${as_root[@]}" rm -rf --one-file-system "$work"
+}
+trap clean_up EXIT
+trap 'exit 130' INT TERM HUP
 
 say() { printf '\n=== %s\n' "$*"; }
 
@@ -35,14 +46,15 @@ own_sources() {
 }
 
 make_base() {
-    local proxy='' sources=() options=()
+    local proxy='' sources=()
     eval "$(apt-config shell proxy Acquire::http::Proxy)"
-    [[ -z $proxy ]] || options=(--aptopt="Acquire::http::Proxy \"$proxy\"")
+    [[ -z $proxy ]] || options+=(--aptopt="Acquire::http::Proxy \"$proxy\"")
     if [[ $suite == "$own_suite" ]]; then
         own_sources >"$work/sources.list"
         sources=("$work/sources.list")
     fi
-    "${as_root[@]}" mmdebstrap --variant=minbase "${options[@]}" "$suite" "$work/base.tar" "${sources[@]}" 2>&1
+    "${as_root[@]}" env TMPDIR="$work" mmdebstrap --variant=minbase --include=apt "${options[@]}" \
+        "$suite" "$work/base.tar" "${sources[@]}" 2>&1
 }
 
 # new_root FOLDER: unpacks the base into it.
@@ -82,7 +94,13 @@ try() {
     say "$label ..."
     log=$work/log.$((++steps))
     SECONDS=0
-    "$@" >"$log" || status=$?
+    # In the background, because a signal would have to wait for the end of a step in the foreground.
+    set -m
+    "$@" >"$log" &
+    job=$!
+    set +m
+    wait "$job" || status=$?
+    job=
     if [[ $status -eq 0 ]]; then
         echo "done in $((SECONDS / 60)) min $((SECONDS % 60)) s"
         return 0
@@ -91,7 +109,6 @@ try() {
     problems+=("$label failed with status $status")
     return 1
 }
-steps=0
 
 # shows TEXT COMMAND...: that the command prints it, too.
 shows() {
