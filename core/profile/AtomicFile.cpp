@@ -3,24 +3,27 @@
 #include "core/profile/AtomicFile.h"
 
 #include <fcntl.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <optional>
+#include <utility>
 
 #include "core/text/Numbers.h"
 
 namespace {
 
 constexpr std::size_t kReadSize = 65536;
-constexpr int kMaxLinks = 40;          // as many as the system itself follows
-constexpr int kMaxNameAttempts = 100;  // leftovers of crashed programs may hold the first names
+constexpr int kMaxLinks = 40;  // as many as the system itself follows
 constexpr std::string_view kNewName = ".tolvane-new-";
+constexpr std::size_t kRandomBytes = 16;
+constexpr std::string_view kHexDigits = "0123456789abcdef";
 constexpr std::chrono::hours kLeftAfter(1);  // no write takes as long
 constexpr mode_t kPrivateMode = 0600;
 constexpr mode_t kOrdinaryMode = 0666;  // less the umask
@@ -37,28 +40,28 @@ std::optional<std::filesystem::path> BehindLinks(std::filesystem::path path) {
     return std::nullopt;
 }
 
-struct NewFile {
-    int descriptor = -1;  // -1 = could not be created
-    std::string name;
-};
-
-// The name does not hold the target's, which may already be as long as a name can be. Not mkstemp:
-// it would give a file that is new for good the mode of a private one.
-NewFile CreateIn(const std::filesystem::path& folder, mode_t mode) {
-    NewFile file;
-    for (int attempt = 0; attempt < kMaxNameAttempts; ++attempt) {
-        const std::string name =
-            std::string(kNewName) + std::to_string(getpid()) + "-" + std::to_string(attempt);
-        file.name = (folder / name).string();
-        file.descriptor = open(file.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        if (file.descriptor >= 0 || errno != EEXIST) break;
+// The name does not hold the target's, which may already be as long as a name can be. Empty when
+// the system has no random bits.
+std::string NewName() {
+    std::array<std::uint8_t, kRandomBytes> bits{};
+    if (getrandom(bits.data(), bits.size(), 0) != static_cast<ssize_t>(bits.size())) return "";
+    std::string name(kNewName);
+    for (const std::uint8_t byte : bits) {
+        name += kHexDigits[byte >> 4];
+        name += kHexDigits[byte & 0xF];
     }
-    return file;
+    return name;
 }
 
+// Earlier releases put two numbers there, or "game".
 bool IsNewName(std::string_view name) {
-    return name.starts_with(kNewName) && name.size() > kNewName.size() &&
-           name.find_first_not_of("0123456789-", kNewName.size()) == std::string_view::npos;
+    if (!name.starts_with(kNewName)) return false;
+    const std::string_view rest = name.substr(kNewName.size());
+    if (rest.size() == 2 * kRandomBytes) {
+        return rest.find_first_not_of(kHexDigits) == std::string_view::npos;
+    }
+    return rest == "game" ||
+           (!rest.empty() && rest.find_first_not_of("0123456789-") == std::string_view::npos);
 }
 
 // What killed programs have left. The age decides and not the process of the name: on a shared disk
@@ -69,7 +72,8 @@ void RemoveLeftovers(const std::filesystem::path& folder) {
     std::filesystem::directory_iterator entry(folder, error);
     while (!error && entry != std::filesystem::directory_iterator()) {
         std::error_code ignored;
-        if (IsNewName(entry->path().filename().string()) && entry->is_regular_file(ignored)) {
+        if (IsNewName(entry->path().filename().string()) &&
+            entry->symlink_status(ignored).type() == std::filesystem::file_type::regular) {
             const auto written = entry->last_write_time(ignored);
             if (!ignored && written < tooOld) std::filesystem::remove(entry->path(), ignored);
         }
@@ -88,14 +92,8 @@ bool CopyOwnerAndMode(int descriptor, const struct stat& old) {
     return fchmod(descriptor, old.st_mode & kPermissionBits) == 0;
 }
 
-bool WriteAll(int descriptor, std::string_view contents) {
-    while (!contents.empty()) {
-        const ssize_t written = write(descriptor, contents.data(), contents.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        contents.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
+std::filesystem::path FolderOf(const std::filesystem::path& path) {
+    return path.has_parent_path() ? path.parent_path() : ".";
 }
 
 // The rename itself has succeeded by now, and some file systems cannot sync a folder: no failure.
@@ -137,25 +135,71 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
     return contents;
 }
 
-bool ReplaceFile(const std::string& path, std::string_view contents) {
-    const auto target = BehindLinks(path);
-    if (!target) return false;
-    struct stat old = {};
-    const bool exists = stat(target->c_str(), &old) == 0;
-    if (exists && !S_ISREG(old.st_mode)) return false;
-    if (exists && faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0) return false;
+bool WriteAll(int descriptor, std::string_view contents) {
+    while (!contents.empty()) {
+        const ssize_t written = write(descriptor, contents.data(), contents.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        contents.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
 
-    const auto folder = target->has_parent_path() ? target->parent_path() : ".";
+// Not mkstemp: it would give a file that is new for good the mode of a private one.
+FileReplacement::FileReplacement(const std::string& path) {
+    const auto behind = BehindLinks(path);
+    if (!behind || behind->empty()) return;
+    target = *behind;
+    struct stat old = {};
+    const bool exists = stat(target.c_str(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode)) return;
+    if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return;
+
+    const auto folder = FolderOf(target);
     RemoveLeftovers(folder);
-    const NewFile file = CreateIn(folder, exists ? kPrivateMode : kOrdinaryMode);
-    if (file.descriptor < 0) return false;
-    const bool written = (!exists || CopyOwnerAndMode(file.descriptor, old)) &&
-                         WriteAll(file.descriptor, contents) && fsync(file.descriptor) == 0;
-    const bool closed = close(file.descriptor) == 0;  // a network file system may report here only
-    if (!written || !closed || std::rename(file.name.c_str(), target->c_str()) != 0) {
-        unlink(file.name.c_str());
+    const std::string name = NewName();
+    if (name.empty()) return;
+    workingName = (folder / name).string();
+    descriptor = open(workingName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                      exists ? kPrivateMode : kOrdinaryMode);
+    if (descriptor >= 0 && exists && !CopyOwnerAndMode(descriptor, old)) GiveUp();
+}
+
+FileReplacement::~FileReplacement() { GiveUp(); }
+
+void FileReplacement::GiveUp() {
+    if (descriptor < 0) return;
+    close(std::exchange(descriptor, -1));
+    unlink(workingName.c_str());
+}
+
+bool FileReplacement::Write(std::string_view piece) {
+    if (descriptor < 0) return false;
+    if (WriteAll(descriptor, piece)) return true;
+    GiveUp();
+    return false;
+}
+
+bool FileReplacement::Commit() {
+    if (descriptor < 0) return false;
+    const bool written = fsync(descriptor) == 0;
+    // A network file system may report here only that it could not write.
+    const bool closed = close(std::exchange(descriptor, -1)) == 0;
+    if (!written || !closed || std::rename(workingName.c_str(), target.c_str()) != 0) {
+        unlink(workingName.c_str());
         return false;
     }
-    SyncFolder(folder);
+    SyncFolder(FolderOf(target));
+    return true;
+}
+
+bool ReplaceFile(const std::string& path, std::string_view contents) {
+    FileReplacement file(path);
+    return file.Write(contents) && file.Commit();
+}
+
+bool RenameFile(const std::string& from, const std::string& to) {
+    if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+    SyncFolder(FolderOf(to));
     return true;
 }

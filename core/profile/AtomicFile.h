@@ -1,6 +1,7 @@
 // Files as a whole: telling them apart, reading one, and writing one so that its old contents are
 // there until the new ones are, whatever happens in between.
 #pragma once
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,12 +17,46 @@ bool SameFile(const std::string& a, const std::string& b);
 // read.
 std::optional<std::string> ReadWholeFile(const std::string& path);
 
-// Gives the file at path these contents. They are written to a file beside it, brought to the disk
-// and renamed over the old one. A symbolic link stays: the file behind it is replaced. The new file
-// has the mode of the old one, and its owner and group where the system lets us; a missing file is
-// created. False when the path names something else than a plain file, when the old file may not be
-// written (as when opening it for writing), or when any step fails: the old file is then as it was,
-// and nothing is left beside it. A program that is killed in the middle may leave the file it was
-// writing, ".tolvane-new-" and numbers: it is in nobody's way, and a replacement in the same folder
-// an hour or more later takes it away.
+// Goes on where the system has taken only a part, or was interrupted.
+bool WriteAll(int descriptor, std::string_view contents);
+
+// A file that is written anew while its old contents stay in their place. The new contents go to a
+// working file beside it, are brought to the disk and renamed over the old file by Commit; without
+// Commit nothing changes. A symbolic link stays: the file behind it is replaced. The new file has
+// the mode of the old one, and its owner and group where the system lets us; a missing file is
+// created.
+//
+// The working file is named ".tolvane-new-" and 128 random bits, is created exclusively and never
+// through a link: whoever else may write to the folder can neither foresee it nor lay anything in
+// its way. A program that is killed in the middle may leave it. It is in nobody's way, and a
+// replacement in the same folder an hour or more later takes it away.
+class FileReplacement {
+  public:
+    // Cannot begin when the path names something else than a plain file, when the old file may not
+    // be written (as when opening it for writing), or when its folder takes no new file.
+    explicit FileReplacement(const std::string& path);
+    ~FileReplacement();  // gives up what is not committed and leaves nothing of it
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
+
+    // False once a step has failed; nothing that follows helps then.
+    bool Write(std::string_view piece);
+
+    // True when the file has the new contents; otherwise it is as it was. At most once.
+    bool Commit();
+
+  private:
+    void GiveUp();
+
+    std::filesystem::path target;  // behind the links
+    std::string workingName;
+    int descriptor = -1;  // -1 = could not begin, failed or ended
+};
+
+// Gives the file at path these contents, as FileReplacement does. False when any step fails: the
+// old file is then as it was, and nothing is left beside it.
 bool ReplaceFile(const std::string& path, std::string_view contents);
+
+// Gives a file another name in its folder, in place of any file that has it. False when nothing
+// changed.
+bool RenameFile(const std::string& from, const std::string& to);

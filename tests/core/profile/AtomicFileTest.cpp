@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <set>
+
 #include "tests/core/profile/TemporaryFolder.h"
 
 namespace {
@@ -64,20 +66,53 @@ TEST(AtomicFileTest, WritesTheFileBehindALinkOfLinks) {
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("real/inner")));
 }
 
-TEST(AtomicFileTest, WhatAKilledProgramLeftIsPassedOverAndLaterCleared) {
+TEST(AtomicFileTest, NobodyCanForeseeWhereAFileIsWritten) {
     const TemporaryFolder folder;
     const auto path = folder.Write("a.ini", "old");
-    const std::string sameProcess = ".tolvane-new-" + std::to_string(getpid()) + "-0";
-    folder.Write(sameProcess, "half");
-    folder.Write(".tolvane-new-1-0", "half");
-    folder.Write(".tolvane-new-mine", "the player's own");
+    const auto victim = folder.Write("victim", "the player's own");
+    // Once the names were made of the process and a number, and File New had one of its own.
+    const std::string planted[] = {".tolvane-new-" + std::to_string(getpid()) + "-0",
+                                   ".tolvane-new-game"};
+    for (const auto& name : planted) {
+        std::filesystem::create_symlink(victim, folder.Path(name));
+    }
+    std::set<std::string> names;
+    for (int i = 0; i < 3; ++i) {
+        FileReplacement file(path);
+        EXPECT_TRUE(file.Write("new") && file.Write("er"));
+        EXPECT_EQ(folder.Read("a.ini"), i == 0 ? "old" : "newer");
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+            const std::string name = entry.path().filename().string();
+            if (std::ranges::count(planted, name) == 0 && name.starts_with(".")) names.insert(name);
+        }
+        EXPECT_TRUE(file.Commit());
+    }
+    ASSERT_EQ(names.size(), 3U);
+    for (const auto& name : names) {
+        EXPECT_EQ(name.find_first_not_of("0123456789abcdef", 13), std::string::npos) << name;
+        EXPECT_EQ(name.size(), 13U + 128 / 4) << name;
+    }
+    EXPECT_EQ(folder.Read("victim"), "the player's own");
+    EXPECT_EQ(folder.FileCount(), 4);
+
+    { FileReplacement(path).Write("given up"); }
+    EXPECT_EQ(folder.Read("a.ini"), "newer");
+    EXPECT_EQ(folder.FileCount(), 4);
+}
+
+TEST(AtomicFileTest, WhatAKilledProgramLeftIsLaterCleared) {
+    const TemporaryFolder folder;
+    const auto path = folder.Write("a.ini", "old");
+    for (const auto* name : {".tolvane-new-0123456789abcdef0123456789abcdef", ".tolvane-new-71-0",
+                             ".tolvane-new-game", ".tolvane-new-cafe"}) {
+        folder.Write(name, "half");
+    }
     EXPECT_TRUE(ReplaceFile(path, "new"));
-    EXPECT_EQ(folder.Read("a.ini"), "new");
-    EXPECT_EQ(folder.Read(sameProcess), "half") << "perhaps it is being written";
+    EXPECT_EQ(folder.FileCount(), 5) << "perhaps they are being written";
     folder.MakeOld();
     EXPECT_TRUE(ReplaceFile(path, "newer"));
     EXPECT_EQ(folder.Read("a.ini"), "newer");
-    EXPECT_EQ(folder.Read(".tolvane-new-mine"), "the player's own");
+    EXPECT_EQ(folder.Read(".tolvane-new-cafe"), "half") << "the player's own";
     EXPECT_EQ(folder.FileCount(), 2);
 }
 
