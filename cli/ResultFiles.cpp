@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 #include "cli/DataFolder.h"
 #include "cli/OwnFiles.h"
 #include "cli/Texts.h"
 #include "core/analysis/AnalysisFiles.h"
 #include "core/profile/AtomicFile.h"
+#include "core/profile/OutputFile.h"
 
 namespace fs = std::filesystem;
 
@@ -25,13 +25,6 @@ bool IsFolder(const std::string& path) {
 std::string InFolder(const std::string& folder, std::string name) {
     std::ranges::replace(name, '/', '_');
     return (fs::path(folder) / name).string();
-}
-
-bool WriteFile(const std::string& path, const std::string& contents) {
-    std::ofstream file(path, std::ios::binary);
-    file << contents;
-    file.close();
-    return file.good();
 }
 
 // An empty file is what a profile file starts from; it creates none by itself.
@@ -93,7 +86,7 @@ void ResultFiles::Write(const GameReport& report, std::vector<std::string>& prob
     const ChosenTable& chosen = report.chosen;
     const auto entries = AnalysisEntries(report.totals, chosen.payTable, report.coin);
     const auto summary = SummaryPath(chosen);
-    if (summary && !WriteFile(*summary, SummaryText(entries))) {
+    if (summary && !WriteOutputFile(*summary, SummaryText(entries))) {
         problems.push_back("the summary could not be written to " + QuotedPath(*summary));
     }
     if (!options.cache) return;

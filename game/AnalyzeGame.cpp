@@ -42,32 +42,6 @@ class RunProgress {
     int calls = 0;
 };
 
-// A Detail file that takes its place when it is whole. One that cannot be written leaves an older
-// one as it was.
-class NewDetailFile {
-  public:
-    NewDetailFile(const std::string& path, const PayTable& table)
-        : path(path), newPath(path + ".new"), file(newPath, table) {}
-
-    void Write(const PlayedHand& hand) { file.Write(hand); }
-
-    void Close() {
-        std::error_code error;
-        if (file.Close()) {
-            std::filesystem::rename(newPath, path, error);
-            if (!error) return;
-        }
-        if (std::filesystem::is_regular_file(newPath, error)) {
-            std::filesystem::remove(newPath, error);
-        }
-    }
-
-  private:
-    std::string path;
-    std::string newPath;
-    DetailFile file;
-};
-
 // One run, on the game and the table of the spare engine.
 class AnalysisRun {
   public:
@@ -78,7 +52,7 @@ class AnalysisRun {
 
     void Play(GameTable& table, AnalysisFilesChoice choice) {
         const PayTable& payTable = spare.payTable;
-        std::optional<NewDetailFile> detail;
+        std::optional<DetailFile> detail;
         if (choice.detail) detail.emplace(files.detail, payTable);
         GameAnalysisWatcher watcher;
         if (detail) watcher.hand = [&detail](const PlayedHand& hand) { detail->Write(hand); };

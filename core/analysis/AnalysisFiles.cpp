@@ -196,10 +196,8 @@ std::string DetailFileName(const std::string& gameName, int tableIndex) {
 }
 
 DetailFile::DetailFile(const std::string& path, const PayTable& table)
-    : lineCount(LineCount(table)),
-      file(path, std::ios::binary | std::ios::trunc),
-      buffer(kBufferSize, '\0') {
-    file << DetailHeader(table);
+    : lineCount(LineCount(table)), file(path), buffer(kBufferSize, '\0') {
+    file.Write(DetailHeader(table));
 }
 
 DetailFile::~DetailFile() { Close(); }
@@ -212,14 +210,11 @@ void DetailFile::Write(const PlayedHand& hand) {
 }
 
 bool DetailFile::Close() {
-    if (file.is_open()) {
-        Flush();
-        file.close();
-    }
-    return !file.fail();
+    Flush();
+    return file.Close();
 }
 
 void DetailFile::Flush() {
-    file.write(buffer.data(), static_cast<std::streamsize>(used));
+    file.Write({buffer.data(), used});
     used = 0;
 }

@@ -3,11 +3,11 @@
 // docs/analysis-files.md has the formats.
 #pragma once
 #include <cstddef>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "core/analysis/GameAnalysis.h"
+#include "core/profile/OutputFile.h"
 
 class ProfileFile;
 
@@ -36,11 +36,12 @@ void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& 
 std::string SummaryFileName(const std::string& gameName, int tableIndex);
 std::string DetailFileName(const std::string& gameName, int tableIndex);
 
-// Writes a Detail file while a game is analysed, through a buffer of its own. A file that cannot be
-// created or written is told by Close; until then its lines are lost without a word.
+// Writes a Detail file while a game is analysed, through a buffer of its own. It takes an older
+// one's place when it is closed. A file that cannot be created or written is told by Close; until
+// then its lines are lost without a word.
 class DetailFile {
   public:
-    // Creates the file anew and writes its headings.
+    // Begins with the headings.
     DetailFile(const std::string& path, const PayTable& table);
     ~DetailFile();
     DetailFile(const DetailFile&) = delete;
@@ -55,7 +56,7 @@ class DetailFile {
     void Flush();
 
     std::size_t lineCount;
-    std::ofstream file;
+    OutputFile file;
     std::string buffer;
     std::size_t used = 0;  // characters of the buffer
 };

@@ -94,6 +94,37 @@ TEST_F(AnalyzeCommandTest, OnlyTheNamedFilesAreWritten) {
     EXPECT_EQ(FirstLine("My Caf\xE9(0) Summary.txt"), "Coin;1.00");
 }
 
+TEST_F(AnalyzeCommandTest, AnOlderFileGivesItsPlaceOnlyToAWholeOne) {
+    for (const char* file : {"summary", "detail"}) {
+        folder.Write(file, "old");
+        std::filesystem::create_hard_link(folder.Path(file), folder.Path(file) + ".twin");
+    }
+    const std::string files = "analyze 9002 --summary " + InQuotes(folder.Path("summary")) +
+                              " --detail " + InQuotes(folder.Path("detail"));
+    const std::string line = CommandLine(files + " --data " + InQuotes(DataFolder()));
+    EXPECT_NE(std::system(("ulimit -f 0; trap '' XFSZ; exec " + line).c_str()), 0);
+    EXPECT_EQ(folder.Read("summary") + folder.Read("detail"), "oldold");
+    EXPECT_EQ(Ask(files).status, 0);
+    EXPECT_EQ(FirstLine("summary"), "Coin;1.00");
+    EXPECT_EQ(FirstLine("detail").substr(0, 5), "Hand;");
+    EXPECT_EQ(folder.Read("summary.twin") + folder.Read("detail.twin"), "oldold");
+}
+
+// A file that were put in the place of the one the report goes to would not get it.
+TEST_F(AnalyzeCommandTest, TheOwnOutputTakesASummaryBeforeTheReport) {
+    const std::string arguments = " analyze 9002 --summary /dev/stdout --data ";
+    const std::string line = InQuotes(TOLVANE_CLI) + arguments + InQuotes(DataFolder());
+    EXPECT_EQ(std::system((line + " | cat >" + InQuotes(folder.Path("piped"))).c_str()), 0);
+    folder.Write("added", "before\n");
+    EXPECT_EQ(std::system((line + " >>" + InQuotes(folder.Path("added"))).c_str()), 0);
+    const std::string text = folder.Read("piped");
+    const std::string report = "\nMy Caf\xE9 (9002), table 0";
+    EXPECT_TRUE(text.starts_with("Coin;1.00\n") && text.find(report) != std::string::npos) << text;
+    EXPECT_EQ(FirstLine("added"), "before");
+    EXPECT_NE(folder.Read("added").find("\nCoin;1.00\n"), std::string::npos);
+    EXPECT_NE(folder.Read("added").find(report), std::string::npos);
+}
+
 TEST_F(AnalyzeCommandTest, AFileThatCannotBeWrittenIsAFailureBesideTheAnswer) {
     for (const char* option : {"--summary /dev/full", "--detail /dev/full", "--summary no/such",
                                "--detail no/such", "--summary ''", "--detail /dev/null/x"}) {

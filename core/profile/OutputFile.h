@@ -1,0 +1,34 @@
+// A file that somebody has asked for by name, for the output of a command.
+#pragma once
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/profile/AtomicFile.h"
+
+// A plain file, or none yet, gets the new contents as a whole when it is closed (FileReplacement).
+// A device or a pipe is written to as it goes. So is the file that this program's own output or
+// messages go to, behind what is there already: a file put in its place would not get the rest.
+class OutputFile {
+  public:
+    // Waits for the reader of a named pipe.
+    explicit OutputFile(const std::string& path);
+    ~OutputFile();  // what was not closed leaves a plain file as it was
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    // A failure is told by Close; what follows it is lost.
+    void Write(std::string_view piece);
+
+    // True when all has reached the file; asked again, the answer is the same.
+    bool Close();
+
+  private:
+    std::optional<FileReplacement> replacement;
+    int stream = -1;  // -1 = the file is replaced, or could not be opened
+    bool failed = false;
+    bool closed = false;
+};
+
+// The same for contents that are at hand.
+bool WriteOutputFile(const std::string& path, std::string_view contents);
