@@ -109,8 +109,21 @@ bool CMorvikApp::TakeDataFolder() {
                      .arg(folder));
             break;
     }
-    MigrateDataFiles(paths, file);
-    return true;
+    return BringDataUpToDate();
+}
+
+// On files of two releases the program would write over what has not been brought over yet.
+bool CMorvikApp::BringDataUpToDate() {
+    QStringList problems;
+    for (const std::string& problem : MigrateDataFiles(paths, file)) {
+        problems += QString::fromStdString(problem);
+    }
+    if (problems.isEmpty()) return true;
+    Warn(tr("Data Files"),
+         tr("Tolvane could not put all of its data files in place, and ends.\n\n%1\n\nNothing of "
+            "yours is lost. Put this right and start Tolvane again: it goes on from there.")
+             .arg(problems.join("\n\n")));
+    return false;
 }
 
 void CMorvikApp::WarnOfMissingPayTables() {

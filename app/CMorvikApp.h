@@ -26,6 +26,7 @@ class CMorvikApp : public QApplication {
   private:
     void ReadArguments();
     bool TakeDataFolder();
+    bool BringDataUpToDate();
     void WarnOfMissingPayTables();
     void Warn(const QString& caption, const QString& text);
     void EndOnSignals();

@@ -58,10 +58,6 @@ void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& path
 std::string DocumentTitle(const std::string& gameName, const std::string& gamePath,
                           const DataFilePaths& paths);
 
-// Writes back what the profile file holds and makes it hold nothing, so that it reads anew what is
-// changed behind its back. What cannot be written is given up.
-void LetGo(ProfileFile& file);
-
 // A copy in place of any file that is there, for one that no profile file holds. False when that
 // failed: a file that was there is then as it was.
 bool CopyWholeFile(const std::string& from, const std::string& to);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/paytable/GameCatalogue.h"
+#include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
 #include "core/text/Numbers.h"
@@ -45,49 +45,19 @@ struct OldAnalysis {
     std::string nothing;
 };
 
-bool CanRead(const std::string& path) {
+// Also what the path of a broken link names.
+bool Exists(const std::string& path) {
     std::error_code error;
-    return fs::is_regular_file(path, error) && std::ifstream(path).good();
+    return fs::symlink_status(path, error).type() != fs::file_type::not_found;
 }
 
-void Delete(const std::string& path) {
-    std::error_code ignored;
-    fs::remove(path, ignored);
-}
+bool CanRead(const std::string& path) { return ReadWholeFile(path).has_value(); }
 
-// A file that has the new name already stays: it may be a player's only record.
-void Rename(const std::string& from, const std::string& to) {
-    std::error_code ignored;
-    if (fs::symlink_status(to, ignored).type() == fs::file_type::not_found) {
-        fs::rename(from, to, ignored);
-    }
+bool IsOfThisRelease(ProfileFile& file, const std::string& mainProfile) {
+    return file.GetInt("main", "Ver", 0, mainProfile) != 0;
 }
 
 std::string FirstTable(std::string_view game) { return std::string(game) + "(0)"; }
-
-std::string InFolder(const DataFilePaths& paths, std::string_view name) {
-    return paths.folder + std::string(name);
-}
-
-void FetchShippedFiles(const DataFilePaths& paths) {
-    if (paths.releaseFolder.empty() || paths.releaseFolder == paths.folder) return;
-    for (const auto name : {kShippedMainProfile, kShippedGame, kShippedAnalyses}) {
-        CopyWholeFile(paths.releaseFolder + std::string(name), InFolder(paths, name));
-    }
-}
-
-void TakeShippedFiles(const DataFilePaths& paths) {
-    Rename(InFolder(paths, kShippedMainProfile), paths.mainProfile);
-    Rename(InFolder(paths, kShippedGame), paths.defaultGame);
-    Rename(InFolder(paths, kShippedAnalyses), paths.analysisCache);
-}
-
-void TakeShippedFile(const DataFilePaths& paths, std::string_view shipped, const std::string& live,
-                     const std::string& backup) {
-    Delete(backup);
-    Rename(live, backup);
-    Rename(InFolder(paths, shipped), live);
-}
 
 std::vector<OldUserGame> ReadOldUserGames(const std::string& oldProfile, ProfileFile& file) {
     std::vector<OldUserGame> games;
@@ -116,16 +86,6 @@ void WriteUserGame(const OldUserGame& game, const std::string& mainProfile, Prof
     file.WriteInt(section, "Type", 1, mainProfile);
 }
 
-void UpgradeMainProfile(const DataFilePaths& paths, ProfileFile& file) {
-    const std::string old = InFolder(paths, "Tolvane.old");
-    TakeShippedFile(paths, kShippedMainProfile, paths.mainProfile, old);
-    const std::string currentGame =
-        file.GetString("main", "CurrGame", paths.defaultGame, kWhole, old);
-    const auto userGames = ReadOldUserGames(old, file);
-    StoreCurrentGamePath(currentGame, paths, file);
-    for (const auto& game : userGames) WriteUserGame(game, paths.mainProfile, file);
-}
-
 // The numbers of a line of the cache were parted by tabs once.
 std::string WithoutTabs(std::string text) {
     std::ranges::replace(text, '\t', ';');
@@ -140,19 +100,11 @@ std::vector<OldAnalysis> ReadOldAnalyses(const std::vector<UserGame>& games, con
         if (SameText(file.GetString(section, "ER", "0", kWhole, old), "0")) continue;
         const std::string text = file.GetSectionText(section, old).value_or("");
         const std::string nothing = file.GetString(section, "Nothing", "", kWhole, old);
-        analyses.push_back({section, WithoutTabs(text), "0;" + WithoutTabs(nothing)});
+        const bool isNew = nothing.find(';') != std::string::npos;  // of this release already
+        analyses.push_back(
+            {section, WithoutTabs(text), (isNew ? "" : "0;") + WithoutTabs(nothing)});
     }
     return analyses;
-}
-
-void UpgradeAnalyses(const DataFilePaths& paths, ProfileFile& file) {
-    const std::string old = InFolder(paths, "Game Analyses.old");
-    TakeShippedFile(paths, kShippedAnalyses, paths.analysisCache, old);
-    const auto userGames = UserGames(file, paths.mainProfile);
-    for (const auto& [section, text, nothing] : ReadOldAnalyses(userGames, old, file)) {
-        file.SetSectionText(section, text, paths.analysisCache);
-        file.WriteString(section, "Nothing", nothing, paths.analysisCache);
-    }
 }
 
 bool HasOldStatistics(const std::string& game, const std::string& path, ProfileFile& file) {
@@ -165,6 +117,15 @@ void MoveStatistics(const std::string& game, const std::string& path, ProfileFil
     file.WriteString(FirstTable(game), "FirstError", std::nullopt, path);
 }
 
+// The upgrade gives every game an active table. A file that has been upgraded may have been played
+// on since, and keeps what it has.
+bool IsUpgraded(const std::string& path, ProfileFile& file) {
+    return std::ranges::all_of(BuiltInGames(), [&](const BuiltInGame& game) {
+        return !game.offered || file.GetInt("ActiveTbl", game.name, -1, path) != -1;
+    });
+}
+
+// Reads from the main profile file before it changes the game file, which is so written once.
 void UpgradeGameFile(const std::string& path, const std::string& mainProfile, ProfileFile& file) {
     const auto userGames = UserGames(file, mainProfile);
     const std::string current = file.GetString("main", "GameName", "Jacks or Better", kWhole, path);
@@ -205,20 +166,224 @@ std::vector<std::string> GameFiles(const std::string& folder) {
     return paths;
 }
 
-}  // namespace
+// The work of one call. A step that fails adds what went wrong to the problems and returns false:
+// what follows from it must not be done then.
+class Migration {
+  public:
+    Migration(const DataFilePaths& paths, ProfileFile& file) : paths(paths), file(file) {}
 
-void MigrateDataFiles(const DataFilePaths& paths, ProfileFile& file) {
-    if (file.GetInt("main", "Ver", 0, paths.mainProfile) != 0) return;
-    LetGo(file);  // what it holds is about to be renamed
-    FetchShippedFiles(paths);
-    if (!CanRead(paths.mainProfile)) {
-        TakeShippedFiles(paths);
+    std::vector<std::string> Run();
+
+  private:
+    std::string InFolder(std::string_view name) const { return paths.folder + std::string(name); }
+    void AddUnreadable(const std::string& path) {
+        problems.push_back(path + " cannot be read. See to it that you may read it.");
+    }
+    void AddUnwritten(const std::string& what, const std::string& path) {
+        problems.push_back(what + " could not be written to " + path +
+                           ". Make room on its disk, and see to it that you may write the file "
+                           "and its folder.");
+    }
+
+    void FirstStart();
+    void Upgrade(bool resumed);
+    bool Fetch(std::string_view name);
+    bool FetchForUpgrade(bool resumed);
+    bool Move(const std::string& from, const std::string& to);
+    bool CompleteMainProfile(const std::string& old);
+    bool CompleteAnalyses(bool resumed);
+    bool UpgradeGameFiles();
+    void PutInPlace(bool resumed);
+
+    const DataFilePaths& paths;
+    ProfileFile& file;
+    const std::string newMain = InFolder(kShippedMainProfile);
+    const std::string newAnalyses = InFolder(kShippedAnalyses);
+    const std::string oldMain = InFolder("Tolvane.old");
+    const std::string oldAnalyses = InFolder("Game Analyses.old");
+    std::vector<std::string> problems;
+};
+
+std::vector<std::string> Migration::Run() {
+    std::error_code error;
+    if (Exists(paths.mainProfile)) {
+        if (CanRead(paths.mainProfile)) Upgrade(false);
+    } else if (!Exists(oldMain) || fs::is_directory(oldMain, error)) {
+        FirstStart();
+    } else if (!CanRead(oldMain)) {
+        AddUnreadable(oldMain);
+    } else if (IsOfThisRelease(file, oldMain)) {
+        FirstStart();
+    } else {
+        Upgrade(true);
+    }
+    return problems;
+}
+
+// A file that was not shipped is no failure.
+bool Migration::Fetch(std::string_view name) {
+    if (paths.releaseFolder.empty() || paths.releaseFolder == paths.folder) return true;
+    const std::string shipped = paths.releaseFolder + std::string(name);
+    if (!Exists(shipped)) return true;
+    if (!CanRead(shipped)) {
+        AddUnreadable(shipped);
+        return false;
+    }
+    if (CopyWholeFile(shipped, InFolder(name))) return true;
+    AddUnwritten("A copy of " + shipped, InFolder(name));
+    return false;
+}
+
+bool Migration::Move(const std::string& from, const std::string& to) {
+    if (!Exists(from) || RenameFile(from, to)) return true;
+    problems.push_back(from + " could not be renamed to " + to +
+                       ". See to it that you may write the folder, and that no folder has that "
+                       "name.");
+    return false;
+}
+
+// A file that has its place already stays: it may be a player's only record, or an earlier try has
+// put it there.
+void Migration::FirstStart() {
+    const struct {
+        std::string_view shipped;
+        const std::string& live;
+    } files[] = {{kShippedGame, paths.defaultGame},
+                 {kShippedAnalyses, paths.analysisCache},
+                 {kShippedMainProfile, paths.mainProfile}};
+    for (const auto& [shipped, live] : files) {
+        if (!Exists(live) && !Fetch(shipped)) return;
+    }
+    for (const auto& [shipped, live] : files) {
+        if (!Exists(live) && !Move(InFolder(shipped), live)) return;
+    }
+}
+
+// First everything is written beside what is there; then all that is left are renames, which need
+// no room on the disk. While they go on there is no main profile file: that tells a later start
+// where the work stopped, and it resumes.
+void Migration::Upgrade(bool resumed) {
+    if (!FetchForUpgrade(resumed)) return;
+    if (!Exists(newMain)) {
+        problems.push_back(
+            paths.mainProfile +
+            " is of an earlier release, and is left as it is: the pay tables of this "
+            "release, " +
+            std::string(kShippedMainProfile) +
+            ", are missing. Install Tolvane anew, or copy that file into " + paths.folder + ".");
         return;
     }
-    UpgradeMainProfile(paths, file);
-    UpgradeAnalyses(paths, file);
-    for (const auto& path : GameFiles(paths.folder)) {
-        UpgradeGameFile(path, paths.mainProfile, file);
-        LetGo(file);  // two files may differ in the letter case of their names only
+    if (!CompleteMainProfile(resumed ? oldMain : paths.mainProfile)) return;
+    const bool analysesDone = CompleteAnalyses(resumed);
+    const bool gamesDone = UpgradeGameFiles();
+    file.Close();  // what it holds is about to be renamed
+    if (analysesDone && gamesDone) PutInPlace(resumed);
+}
+
+// Among the renames a shipped file that is not there any more has found its place.
+bool Migration::FetchForUpgrade(bool resumed) {
+    if (!resumed)
+        return Fetch(kShippedMainProfile) && Fetch(kShippedGame) && Fetch(kShippedAnalyses);
+    const bool analysesInPlace = Exists(newAnalyses) || Exists(paths.analysisCache);
+    return (Exists(newMain) || Fetch(kShippedMainProfile)) &&
+           (analysesInPlace || Fetch(kShippedAnalyses));
+}
+
+bool Migration::CompleteMainProfile(const std::string& old) {
+    if (!CanRead(newMain)) {
+        AddUnreadable(newMain);
+        return false;
     }
+    const std::string currentGame =
+        file.GetString("main", "CurrGame", paths.defaultGame, kWhole, old);
+    const auto userGames = ReadOldUserGames(old, file);
+    DataFilePaths newPaths = paths;
+    newPaths.mainProfile = newMain;
+    StoreCurrentGamePath(currentGame, newPaths, file);
+    // An earlier try may have left games that have been deleted since.
+    for (int slot = 1; slot <= kMaxUserGames; ++slot) {
+        file.WriteString("User Games", std::to_string(slot), std::nullopt, newMain);
+    }
+    for (const auto& game : userGames) WriteUserGame(game, newMain, file);
+    if (file.Save(newMain)) return true;
+    AddUnwritten("The pay tables with your own games", newMain);
+    file.Forget(newMain);
+    return false;
+}
+
+// A release without analyses gets a cache all the same: that of the player's games, or an empty
+// one, so that the next analysis is kept.
+bool Migration::CompleteAnalyses(bool resumed) {
+    const bool isLive = Exists(paths.analysisCache);
+    if (!Exists(newAnalyses)) {
+        if (!isLive || resumed) return true;
+        if (!ReplaceFile(newAnalyses, "")) {
+            AddUnwritten("The game analyses with your own", newAnalyses);
+            return false;
+        }
+    }
+    const std::string& old = isLive || !resumed ? paths.analysisCache : oldAnalyses;
+    for (const std::string& path : {old, newAnalyses}) {
+        if (!Exists(path) || CanRead(path)) continue;
+        AddUnreadable(path);
+        return false;
+    }
+    for (const auto& [section, text, nothing] :
+         ReadOldAnalyses(UserGames(file, newMain), old, file)) {
+        file.SetSectionText(section, text, newAnalyses);
+        file.WriteString(section, "Nothing", nothing, newAnalyses);
+    }
+    if (file.Save(newAnalyses)) return true;
+    AddUnwritten("The game analyses with your own", newAnalyses);
+    file.Forget(newAnalyses);
+    return false;
+}
+
+// A file that cannot be upgraded does not keep the others from it.
+bool Migration::UpgradeGameFiles() {
+    const std::size_t before = problems.size();
+    for (const auto& path : GameFiles(paths.folder)) {
+        if (!CanRead(path)) {
+            problems.push_back("The game file " + path +
+                               " cannot be read. See to it that you may read and write it, or move "
+                               "it to another folder.");
+            continue;
+        }
+        if (IsUpgraded(path, file)) continue;
+        UpgradeGameFile(path, newMain, file);
+        if (!file.Save(path)) {
+            problems.push_back("The statistics in the game file " + path +
+                               " could not be brought over. Make room on its disk, and see to it "
+                               "that you may write the file and its folder, or move it to another "
+                               "folder.");
+            file.Forget(path);
+        }
+        file.Close();  // two files may differ in the letter case of their names only
+    }
+    return problems.size() == before;
+}
+
+// The old main profile file goes out of its place first. An older backup of the cache goes even
+// when no cache takes its place; before that, since a resumed try takes a backup for the cache.
+void Migration::PutInPlace(bool resumed) {
+    if (!resumed) {
+        std::error_code ignored;
+        if (!Exists(paths.analysisCache)) fs::remove(oldAnalyses, ignored);
+        if (!Move(paths.mainProfile, oldMain)) return;
+    }
+    if (Exists(newAnalyses)) {
+        if (!Move(paths.analysisCache, oldAnalyses)) return;
+        if (!Move(newAnalyses, paths.analysisCache)) return;
+    }
+    Move(newMain, paths.mainProfile);
+}
+
+}  // namespace
+
+std::vector<std::string> MigrateDataFiles(const DataFilePaths& paths, ProfileFile& file) {
+    if (IsOfThisRelease(file, paths.mainProfile)) return {};
+    file.Close();  // what it holds is about to be renamed
+    auto problems = Migration(paths, file).Run();
+    file.Close();
+    return problems;
 }

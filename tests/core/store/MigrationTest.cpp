@@ -2,7 +2,9 @@
 #include "core/store/Migration.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -37,9 +39,22 @@ class MigrationTest : public testing::Test {
         Write("Game Analyses.114", kNewAnalyses);
     }
 
-    void Start() const {
+    // What went wrong, one after the other.
+    std::string Problems() const {
         ProfileFile file;
-        MigrateDataFiles(*paths, file);
+        std::string text;
+        for (const auto& problem : MigrateDataFiles(*paths, file)) text += problem + "\n";
+        return text;
+    }
+    void Start() const { EXPECT_EQ(Problems(), ""); }
+    // For a start that cannot go on, and says so in these words.
+    void ExpectStopped(const std::string& words) const {
+        const FileMap before = Files();
+        const std::string problems = Problems();
+        EXPECT_NE(problems.find(words), std::string::npos) << problems;
+        EXPECT_EQ(std::ranges::count(problems, '\n'), 1) << problems;
+        EXPECT_EQ(Read("Tolvane.ini"), before.at("Tolvane.ini"));
+        EXPECT_EQ(Read("Tolvane.old"), "of an earlier time");
     }
 
     std::string Read(const std::string& name) const { return folder.Read(kData + name); }
@@ -169,23 +184,98 @@ TEST_F(MigrationTest, OldStatisticsBecomeThoseOfTheFirstTable) {
     EXPECT_EQ(Read("notes.qdx.txt"), "[main]\n");
 }
 
-TEST_F(MigrationTest, WhatIsMissingIsPassedOver) {
+TEST_F(MigrationTest, WhatWasNotShippedIsPassedOver) {
     Start();
     EXPECT_TRUE(Files().empty());
-
     Write("Tolvane.114", kNewProfile);
     Start();
     EXPECT_EQ(Files(), (FileMap{{"Tolvane.ini", kNewProfile}}));
+}
 
-    // An earlier release's profile alone is kept, though nothing takes its place.
-    Write("Tolvane.ini", "[User Games]\n1=401,Mine\n");
-    Write("My Game.qdx", "[Deuces Wild]\nCreditsPlayed=1\n\n");
+class InterruptedMigrationTest : public MigrationTest {
+  protected:
+    void SetUp() override {
+        WriteShippedFiles();
+        Write("Tolvane.ini", "[User Games]\n1=401,Mine\n");
+        Write("Tolvane.old", "of an earlier time");
+        Write("My Game.qdx", "[Mine]\nCreditsPlayed=1\n\n");
+        Write("Played.qdx", "[Mine]\nCreditsPlayed=2\n\n");
+    }
+    void ExpectUpgraded() const {
+        EXPECT_EQ(Read("Tolvane.ini"),
+                  std::string("[main]\nVer=114\nCurrGame=") + paths->defaultGame +
+                      "\nDataFolder=" + paths->folder +
+                      "\n\n[Jacks or Better(0)]\nPayLines=9\n\n[User Games]\n1=9001,Mine\n\n");
+        EXPECT_EQ(Read("Tolvane.old"), "[User Games]\n1=401,Mine\n");
+        EXPECT_TRUE(Read("My Game.qdx").starts_with("[Mine(0)]\nCreditsPlayed=1\n"));
+        EXPECT_EQ(Read("Tolvane.114"), "(missing)");
+    }
+};
+
+TEST_F(InterruptedMigrationTest, WithoutShippedPayTablesTheOnlyOnesStay) {
+    std::filesystem::remove(folder.Path(std::string(kData) + "Tolvane.114"));
+    ExpectStopped("Tolvane.114, are missing. Install Tolvane anew");
+    EXPECT_EQ(Read("My Game.qdx"), "[Mine]\nCreditsPlayed=1\n\n");
+    WriteShippedFiles();
     Start();
-    EXPECT_EQ(Files(), (FileMap{{"Tolvane.old", "[User Games]\n1=401,Mine\n"},
-                                {"My Game.qdx",
-                                 "[Deuces Wild(0)]\nCreditsPlayed=1\n\n[main]\n"
-                                 "GameID=300\n\n" +
-                                     NoneActive() + "\n"}}));
+    ExpectUpgraded();
+}
+
+// Earlier releases renamed first, and could end there.
+TEST_F(InterruptedMigrationTest, AMainProfileThatWasOnlyRenamedIsTakenUp) {
+    Write("Tolvane.old", Read("Tolvane.ini"));
+    std::filesystem::remove(paths->mainProfile);
+    Start();
+    ExpectUpgraded();
+
+    // One of this release is no part of an upgrade.
+    std::filesystem::rename(paths->mainProfile, folder.Path(std::string(kData) + "Tolvane.old"));
+    WriteShippedFiles();
+    Start();
+    EXPECT_EQ(Read("Tolvane.ini"), kNewProfile);
+}
+
+TEST_F(InterruptedMigrationTest, WhatCannotBeBroughtOverIsNamedAndWaitedFor) {
+    for (const auto& entry : std::filesystem::directory_iterator(paths->folder)) {
+        chmod(entry.path().c_str(), 0666);
+    }
+    const std::string game = paths->folder + "My Game.qdx";
+    const struct {
+        std::string path;
+        mode_t mode;
+        const char* words;
+    } obstacles[] = {{game, 0444, "My Game.qdx could not be brought over"},
+                     {game, 0000, "My Game.qdx cannot be read"},
+                     {paths->folder, 0555, "could not be written to"}};
+    for (const auto& [path, mode, words] : obstacles) {
+        chmod(paths->folder.c_str(), 0777);
+        chmod(path.c_str(), mode);
+        {
+            const OrdinaryUser user;
+            if (!user.bound) GTEST_SKIP() << "permissions do not bind here";
+            ExpectStopped(words);
+        }
+        chmod(path.c_str(), 0777);
+    }
+    // What has been brought over may be played on before the rest is.
+    ProfileFile().WriteInt("ActiveTbl", "Jacks or Better", 3, paths->folder + "Played.qdx");
+    Start();
+    ExpectUpgraded();
+    EXPECT_NE(Read("Played.qdx").find("\nJacks or Better=3\n"), std::string::npos);
+}
+
+// A start with no room for the shipped pay tables ended so once, the main profile file gone.
+TEST_F(InterruptedMigrationTest, WhatAnInstalledProgramCouldNotFetchIsFetched) {
+    paths = FindDataFiles(
+        {folder.Path(std::string(kData) + "Tolvane"), false, folder.Path("share"), ""});
+    ASSERT_TRUE(CreateDataFolder(*paths));
+    folder.Write("share/Tolvane/Tolvane.old", "[User Games]\n1=401,Mine\n");
+    folder.Write("share/Tolvane/Game Analyses.old", "[Mine(0)]\nER=98\nNothing=5\t6\n");
+    Start();
+    ProfileFile file;
+    EXPECT_EQ(file.GetString("User Games", "1", "", 80, paths->mainProfile), "9001,Mine");
+    EXPECT_EQ(folder.Read("share/Tolvane/Game Analyses.ini"),
+              std::string(kNewAnalyses) + "[Mine(0)]\nER=98\nNothing=0;5;6\n\n");
 }
 
 }  // namespace
