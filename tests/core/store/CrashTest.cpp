@@ -1,144 +1,458 @@
-// Programs that are killed while they save. A kill stands for every end that gives no warning but
-// the power cut, which the tests cannot make.
-#include <fcntl.h>
+// The program killed before each single step by which it changes the disk, and in the middle of
+// each write. A kill stands for every end that gives no warning but the power cut, which the tests
+// cannot make. Then the program starts as it always does: of what was done, all or nothing is
+// there.
 #include <gtest/gtest.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
-#include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <random>
-#include <thread>
+#include <map>
+#include <vector>
 
-#include "tests/core/profile/TemporaryFolder.h"
-#include "tests/core/store/CrashState.h"
+#include "core/store/LockFile.h"
+#include "core/store/Migration.h"
+#include "game/FileCommands.h"
+#include "game/GameSelection.h"
+#include "game/PayTableEditor.h"
+#include "game/SaveGame.h"
+#include "game/StartAndStop.h"
+#include "game/TableCommands.h"
+#include "tests/core/store/DiskSteps.h"
+#include "tests/game/ManagerTable.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using disk::Fate;
+using FileMap = std::map<std::string, std::string>;  // names with their folder, and contents
 
-// A running CrashChild; the file's saves are counted from 1, over all children.
-class Saver {
-  public:
-    explicit Saver(const std::string& path) {
-        std::array<int, 2> ends{};
-        EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-        std::string program = TOLVANE_CRASH_CHILD;
-        std::string argument = path;
-        const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
-        if (posix_spawn(&id, program.c_str(), &actions, nullptr, arguments.data(), environ) != 0) {
-            id = -1;
-        }
-        posix_spawn_file_actions_destroy(&actions);
-        close(ends[1]);
-        told = ends[0];
-    }
-    ~Saver() { close(told); }
-    Saver(const Saver&) = delete;
-    Saver& operator=(const Saver&) = delete;
+// Built once, before any child of this process is.
+LineTableCache& Tables() {
+    static LineTableCache cache;
+    return cache;
+}
 
-    // False when the child has ended, or could not be started.
-    bool WaitForSaves(int count) {
-        const auto start = Clock::now();
-        for (int done = 0; done < count;) {
-            const std::int32_t before = acknowledged;
-            if (!Hear()) return false;
-            if (acknowledged != before) ++done;
-        }
-        period = (Clock::now() - start) / count;
-        return true;
+// The program, started as it is started, with nobody at it. The clock, which is the deck's seed
+// too, stands still, so that two runs write the same bytes.
+struct Program {
+    // installed: the shipped files lie in another folder.
+    Program(const TemporaryFolder& folder, bool installed)
+        : paths(*FindDataFiles({folder.Path(installed ? "lib/Tolvane" : "data/Tolvane"), !installed,
+                                folder.Path("share"), ""})) {
+        engine.deck.clock = [] { return std::int64_t{1'790'000'000}; };
+        EXPECT_TRUE(CreateDataFolder(paths));
+        lock.emplace(paths.folder);
+        problems = MigrateDataFiles(paths, file);
+        if (!problems.empty()) return;
+        StartGame(table, paths);
+        FinishStart(table);
     }
 
-    // What it has told last is heard even so. False when it had ended by itself.
-    bool Kill() {
-        if (id <= 0) return false;  // not started; a negative id would name other processes
-        kill(id, SIGKILL);
+    double Dollars() const { return engine.settings.coin * engine.settings.credits; }
+    PayTableEditor Editor(int index) { return {table, paths, {9001, "Mine", index}}; }
+
+    ProfileFile file;
+    DataFilePaths paths;
+    std::optional<LockFile> lock;
+    std::vector<std::string> problems;
+    GameEngine engine;
+    GameFiles files{file, "", ""};
+    Recorder ports{engine};
+    ManagerRecorder manager;
+    GameTable table{.engine = engine,
+                    .files = files,
+                    .tables = Tables(),
+                    .display = ports,
+                    .player = ports,
+                    .sounds = ports,
+                    .clock = ports};
+};
+
+using Act = void (*)(Program&);
+
+struct Scenario {
+    const char* name;
+    FileMap (*before)();  // the files that the program finds
+    std::vector<Act>
+        stages;  // of what is done, behind a start; each ends in files that may be found
+    void (*holds)(const Program&) = nullptr;  // after every start
+    bool installed = false;
+};
+
+void PrintTo(const Scenario& scenario, std::ostream* out) { *out << scenario.name; }
+
+// What the scenarios begin with
+// --------------------------------------------------------------------
+
+constexpr const char* kMain = "data/Tolvane.ini";
+constexpr const char* kDefault = "data/Default.qdx";
+constexpr const char* kOther = "data/Other.qdx";
+constexpr const char* kCache = "data/Game Analyses.ini";
+
+std::string Shipped(std::initializer_list<std::string> games, const std::string& named = "") {
+    ProfileFile file;
+    std::string text;
+    for (const std::string& game : games) {
+        const auto section = file.GetSectionText(game, TOLVANE_DATA_FOLDER "/Tolvane.ini");
+        text += "[" + (named.empty() ? game : named) + "]\n" + section.value_or("");
+    }
+    return text;
+}
+
+std::string NewMain() {
+    return "[main]\nVer=114\n\n" + Shipped({"Jacks or Better(0)", "Deuces Wild(0)"});
+}
+
+FileMap NewFiles(const std::string& folder) {
+    return {{folder + "Tolvane.114", NewMain()},
+            {folder + "Default.114", "[main]\nGameID=300\n\n"},
+            {folder + "Game Analyses.114", "[Jacks or Better(0)]\nER=99.54\n\n"}};
+}
+
+FileMap WithOldFiles(FileMap files, const std::string& folder) {
+    files[folder + "Tolvane.ini"] = "[main]\nCurrGame=" + folder +
+                                    "Default.qdx\n\n[User Games]\n1=401,Mine\n\n[Mine]\n" +
+                                    "PayLines=1\nRank0=0\nPayout0=250\n\n";
+    files[folder + "Tolvane.old"] = files[folder + "Game Analyses.old"] = "of an earlier time\n";
+    files[folder + "Game Analyses.ini"] = "[Mine(0)]\nER=98\nNothing=54\t1,000\n\n";
+    files[folder + "Default.qdx"] =
+        "[main]\nGameName=Mine\nCredits=40\n\n[Mine]\nCreditsPlayed=5\n\n";
+    files[folder + "Holiday.qdx"] = "[Deuces Wild]\nCreditsPlayed=7\nFirstError=1\n\n";
+    files[folder + "Third.qdx"] = "[Pick 'Em Poker]\nCreditsPlayed=9\n\n";
+    return files;
+}
+
+// 100 dollars in quarters.
+std::string SavedGame(const std::string& game = "Jacks or Better") {
+    return "[main]\nMode=1\nCoin=0.25\nCredits=400\nBet=5\nGameName=" + game +
+           "\nDoubleUp=0\n\n[Mine(0)]\nHandsPlayed=70\n\n[Mine(1)]\nHandsPlayed=71\n\n";
+}
+
+FileMap Played() {
+    return {
+        {kMain, NewMain()},
+        {kDefault, SavedGame()},
+        {kOther, "[main]\nMode=1\nCoin=1.00\nCredits=7\n\n[Jacks or Better(0)]\nHandsPlayed=3\n\n"},
+        {kCache, ""}};
+}
+
+// The player has a game of two tables, and both are analysed.
+FileMap WithOwnGame(const std::string& current) {
+    FileMap files = Played();
+    const std::string lines = Shipped({"Jacks or Better(0)"}).substr(20);
+    const auto table = [&](int index, int next, int previous) {
+        const std::string links =
+            "NextIndex=" + std::to_string(next) + "\nPrevIndex=" + std::to_string(previous) + "\n";
+        return "[Mine(" + std::to_string(index) + ")]\n" + links +
+               lines.substr(lines.find("Type="));
+    };
+    files[kMain] += "[User Games]\n1=9001,Mine\n\n" + table(0, 1, -1) + table(1, -1, 0);
+    files[kDefault] = SavedGame(current);
+    files[kOther] = SavedGame();
+    files[kCache] = "[Mine(0)]\nER=99.54\n\n[Mine(1)]\nER=98.00\n\n";
+    return files;
+}
+
+// The scenarios -----------------------------------------------------------------------------------
+
+void Save(Program& program) { SaveGame(program.table, false); }
+
+void PlayTenHands(Program& program) {
+    for (int press = 0; press < 20; ++press) DealDraw(program.table);
+    SaveGameFile(program.table);
+}
+
+void HasAllOrNoneOfTheHands(const Program& program) {
+    const Statistics& statistics = program.engine.statistics;
+    const int hands = statistics.handsPlayed.total;
+    EXPECT_TRUE(hands == 0 || hands == 10) << hands;
+    EXPECT_EQ(program.engine.settings.credits, 400 - 5 * hands + statistics.creditsWon.total);
+}
+
+void HasItsMoney(const Program& program) { EXPECT_EQ(program.Dollars(), 100); }
+
+void HasUpgraded(const Program& program) {
+    EXPECT_EQ(program.engine.settings.gameName, "Mine");
+    EXPECT_EQ(program.engine.settings.credits, 40);
+    EXPECT_EQ(program.engine.statistics.creditsPlayed.total, 5);
+}
+
+void EnterMoney(Program& program) { program.engine.settings.credits += 123; }
+
+void EditTable(Program& program) {
+    auto editor = program.Editor(1);
+    editor.texts.lines[4].payout = "5";
+    program.manager.answers = {"yes"};
+    EXPECT_TRUE(editor.Save(program.manager));
+}
+
+void AddTable(Program& program) {
+    auto editor = program.Editor(1);
+    EXPECT_TRUE(editor.Add(program.manager));
+}
+
+void Delete(Program& program, int index) {
+    auto editor = program.Editor(index);
+    program.manager.answers = {"ok"};
+    editor.Delete(program.manager);
+}
+
+void RenameOwnGame(Program& program) {
+    auto editor = program.Editor(0);
+    program.manager.answers = {"Yours"};
+    editor.Rename(program.manager);
+}
+
+void HasItsStatistics(const Program& program) {
+    const std::string& game = program.engine.settings.gameName;
+    EXPECT_TRUE(game == "Mine" || game == "Yours") << game;
+    EXPECT_EQ(program.engine.statistics.handsPlayed.total, 70);
+}
+
+std::vector<Scenario> Scenarios() {
+    return {
+        {"FirstStart", [] { return NewFiles("data/"); }, {}},
+        {"FirstStartOfAnInstalledProgram", [] { return NewFiles("lib/"); }, {}, {}, true},
+        {"Migration", [] { return WithOldFiles(NewFiles("data/"), "data/"); }, {}, HasUpgraded},
+        {"MigrationOfAnInstalledProgram",
+         [] { return WithOldFiles(NewFiles("lib/"), "share/Tolvane/"); },
+         {},
+         HasUpgraded,
+         true},
+        {"TenHands", Played, {PlayTenHands}, HasAllOrNoneOfTheHands},
+        {"CoinChange",
+         Played,
+         {[](Program& program) { ChooseCoin(program.table, 1.00); }},
+         HasItsMoney},
+        {"FileNew",
+         Played,
+         {Save,
+          [](Program& program) {
+              program.ports.answers = {program.paths.folder + "Other.qdx"};
+              NewGameFile(program.table);
+          }},
+         HasItsMoney},
+        {"FileOpenAndClose",
+         Played,
+         {Save,
+          [](Program& program) {
+              program.ports.answers = {program.paths.folder + "Other.qdx"};
+              OpenGameFile(program.table);
+          },
+          [](Program& program) {
+              StoreCurrentGamePath(program.files.gamePath, program.paths, program.file);
+          },
+          [](Program& program) { EXPECT_TRUE(StopGame(program.table, program.paths)); }}},
+        {"FileSave", Played, {[](Program& program) {
+             EnterMoney(program);
+             SaveGameFile(program.table);
+         }}},
+        {"FileSaveAs",
+         Played,
+         {[](Program& program) {
+             EnterMoney(program);
+             program.ports.answers = {program.paths.folder + "Other.qdx"};
+             SaveGameFileAs(program.table);
+         }},
+         HasItsMoney},
+        {"GameSwitch",
+         Played,
+         {Save,
+          [](Program& program) { EXPECT_EQ(ChooseGame(program.table, 330), GameChoice::kChosen); }},
+         HasItsMoney},
+        {"EditTable", [] { return WithOwnGame("Jacks or Better"); }, {EditTable}},
+        {"AddTable", [] { return WithOwnGame("Jacks or Better"); }, {AddTable}},
+        {"DeleteTable", [] { return WithOwnGame("Jacks or Better"); }, {[](Program& program) {
+             Delete(program, 1);
+         }}},
+        {"DeleteGame", [] { return WithOwnGame("Jacks or Better"); }, {[](Program& program) {
+             Delete(program, 0);
+         }}},
+        {"RenameGame", [] { return WithOwnGame("Mine"); }, {Save, RenameOwnGame}, HasItsStatistics},
+    };
+}
+
+// These wait for the File commands and the coin change to write what belongs together at once.
+constexpr std::string_view kAwaitsSaving[] = {"CoinChange", "FileSaveAs", "EditTable",
+                                              "DeleteTable", "DeleteGame", "RenameGame"};
+
+// How they are played -----------------------------------------------------------------------------
+
+class CrashTest : public testing::TestWithParam<Scenario> {
+  protected:
+    void SetUp() override {
+        if (std::ranges::count(kAwaitsSaving, std::string_view(scenario.name)) > 0)
+            GTEST_SKIP() << "awaits saving";
+    }
+
+    // In memory where the system has such a folder: thousands of files are written and synced.
+    static fs::path Place() {
+        return fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
+    }
+
+    void Restore() const {
+        for (const auto* name : {"data", "lib", "share/Tolvane"}) {
+            fs::remove_all(folder.Path(name));
+            fs::create_directories(folder.Path(name));
+        }
+        for (const auto& [name, text] : before) folder.Write(name, text);
+    }
+
+    // Without the lock file and what a killed program was writing.
+    FileMap Files() const {
+        FileMap files;
+        for (const auto& entry : fs::recursive_directory_iterator(folder.Path())) {
+            const std::string name = fs::relative(entry.path(), folder.Path()).string();
+            const bool passedOver = name.find("Tolvane.lock") != std::string::npos ||
+                                    name.find("/.tolvane-new-") != std::string::npos;
+            if (entry.is_regular_file() && !passedOver) files[name] = folder.Read(name);
+        }
+        return files;
+    }
+
+    // The first of the stages, each followed by an idle moment.
+    void Run(std::size_t stages) const {
+        Program program(folder, scenario.installed);
+        for (std::size_t i = 0; i < stages; ++i) {
+            scenario.stages[i](program);
+            program.file.Flush();
+        }
+        for (const std::string& line : program.ports.log) {
+            EXPECT_FALSE(line.starts_with("told ")) << line;
+        }
+        EXPECT_EQ(testing::PrintToString(program.problems), "{}");
+    }
+
+    // The files that the stages may leave, after a start.
+    std::vector<FileMap> Allowed() const {
+        std::vector<FileMap> allowed;
+        for (std::size_t stages = 0; stages <= scenario.stages.size(); ++stages) {
+            Restore();
+            Run(stages);
+            StartAgain();
+            allowed.push_back(Files());
+        }
+        return allowed;
+    }
+
+    void StartAgain() const {
+        const Program program(folder, scenario.installed);
+        EXPECT_EQ(testing::PrintToString(program.problems), "{}");
+        if (scenario.holds) scenario.holds(program);
+    }
+
+    // False when it has ended by itself: it has fewer steps.
+    bool IsKilled(std::size_t stages, int step, Fate fate) const {
+        const pid_t child = fork();
+        if (child == 0) {
+            disk::Begin(step, fate);
+            Run(stages);
+            _exit(HasFailure() ? 1 : 0);
+        }
         int status = 0;
-        waitpid(id, &status, 0);
-        while (Hear()) {
-        }
-        return WIFSIGNALED(status);
+        waitpid(child, &status, 0);
+        const bool killed = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+        EXPECT_TRUE(killed || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) << status;
+        return killed;
     }
 
-    std::int32_t acknowledged = 0;
-    std::int32_t begun = 0;
-    Clock::duration period{};  // of one save
+    // The names of the files in which they differ.
+    static std::string Difference(const FileMap& a, const FileMap& b) {
+        std::string names;
+        for (const auto& [name, text] : a) {
+            if (!b.contains(name) || b.at(name) != text) names += " " + name;
+        }
+        for (const auto& [name, text] : b) {
+            if (!a.contains(name)) names += " " + name;
+        }
+        return names;
+    }
+
+    void ExpectAllowed(const std::vector<FileMap>& allowed) const {
+        const FileMap files = Files();
+        if (std::ranges::count(allowed, files) > 0) return;
+        std::string names;
+        for (const FileMap& other : allowed) names += "\n  or" + Difference(files, other);
+        ADD_FAILURE() << "other than they may be:" << names;
+    }
+
+    const Scenario& scenario = GetParam();
+    const TemporaryFolder folder{Place()};
+    const FileMap before = ReadBefore();
 
   private:
-    bool Hear() {
-        std::int32_t number = 0;
-        if (read(told, &number, sizeof number) != sizeof number) return false;
-        if (number > 0) begun = number;
-        if (number < 0) acknowledged = -number;
-        return true;
+    // Game files name others by their full path.
+    FileMap ReadBefore() const {
+        FileMap files = scenario.before();
+        for (auto& [name, text] : files) {
+            const auto at = text.find("CurrGame=");
+            if (at != std::string::npos) text.insert(at + 9, folder.Path() + "/");
+        }
+        return files;
     }
-
-    pid_t id = -1;
-    int told = -1;
 };
 
-// The file as a program that nobody killed leaves it.
-std::string ContentsOfSave(std::int32_t n) {
-    const TemporaryFolder folder;
-    ProfileFile file;
-    EXPECT_TRUE(SaveNumber(file, folder.Write("game.qdx", ""), n));
-    return folder.Read("game.qdx");
-}
-
-// In memory a save takes microseconds, and kills fall on every step of it; on the disk most of them
-// fall on waiting for the disk.
-struct Plan {
-    const char* name;
-    bool inMemory;
-    int saves;               // over all rounds, at least
-    unsigned savesPerRound;  // at most, before the kill
-};
-
-void PrintTo(const Plan& plan, std::ostream* out) { *out << plan.name; }
-
-class CrashTest : public testing::TestWithParam<Plan> {};
-
-TEST_P(CrashTest, AKilledProgramLeavesTheLastSaveOrTheOneBefore) {
-    const Plan& plan = GetParam();
-    const bool inMemory = plan.inMemory && fs::is_directory("/dev/shm");
-    const TemporaryFolder folder(inMemory ? "/dev/shm" : fs::temp_directory_path());
-    const std::string path = folder.Write("game.qdx", "");
-    std::mt19937 random(20);
-    std::int32_t stored = 0;
-    int rounds = 0;
-    const auto start = Clock::now();
-    for (; stored < plan.saves; ++rounds) {
-        Saver saver(path);
-        const int saves = 1 + static_cast<int>(random() % plan.savesPerRound);
-        ASSERT_TRUE(saver.WaitForSaves(saves)) << "a save failed, or " TOLVANE_CRASH_CHILD;
-        std::this_thread::sleep_for(saver.period * static_cast<int>(random() % 1000) / 500);
-        ASSERT_TRUE(saver.Kill()) << "a save failed";
-        stored = ProfileFile().GetInt("main", "Credits", 0, path);
-        ASSERT_GE(stored, saver.acknowledged);
-        ASSERT_LE(stored, saver.begun);
-        ASSERT_TRUE(folder.Read("game.qdx") == ContentsOfSave(stored)) << path;
+TEST_P(CrashTest, AKillAtAnyStepLeavesAllOrNothing) {
+    const auto allowed = Allowed();
+    const std::size_t stages = scenario.stages.size();
+    int steps = 0;
+    for (const Fate fate : {Fate::kKilled, Fate::kCutInHalf}) {
+        for (int step = 1; !HasFailure(); ++step) {
+            SCOPED_TRACE("step " + std::to_string(step));
+            Restore();
+            if (!IsKilled(stages, step, fate)) {
+                steps = step - 1;
+                break;
+            }
+            // The next start may be killed too.
+            IsKilled(0, 1 + step % 13, fate);
+            StartAgain();
+            ExpectAllowed(allowed);
+        }
     }
-    const auto leftovers = folder.FileCount() - 1;
-    EXPECT_LE(leftovers, rounds);
-    folder.MakeOld();
-    ProfileFile file;
-    EXPECT_TRUE(SaveNumber(file, path, stored + 1));
-    EXPECT_EQ(folder.FileCount(), 1) << "the next program clears up";
-    const std::chrono::duration<double> seconds = Clock::now() - start;
-    std::printf("%d saves and %d kills in %.1f s, %td files left half-written\n", stored, rounds,
-                seconds.count(), leftovers);
+    EXPECT_GT(steps, 3);
+    std::printf("%d steps\n", steps);
 }
 
-constexpr Plan kPlans[] = {{"InMemory", true, 10'000, 60}, {"OnDisk", false, 300, 10}};
-INSTANTIATE_TEST_SUITE_P(Saves, CrashTest, testing::ValuesIn(kPlans),
-                         [](const auto& plan) { return plan.param.name; });
+std::string NameOf(const testing::TestParamInfo<Scenario>& scenario) { return scenario.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, CrashTest, testing::ValuesIn(Scenarios()), NameOf);
+
+// The scenarios that are a start alone.
+class FullDiskAtStartTest : public CrashTest {};
+
+TEST_P(FullDiskAtStartTest, AFullDiskIsToldAndTheStartAfterItGoesOn) {
+    const auto allowed = Allowed();
+    int told = 0;
+    for (int step = 1, steps = 1; step <= steps && !HasFailure(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        Restore();
+        disk::Begin(step, Fate::kFull);
+        const auto problems = Program(folder, scenario.installed).problems;
+        steps = disk::Count();
+        disk::Begin(0, Fate::kFull);
+        if (problems.empty()) {
+            ExpectAllowed(allowed);
+            continue;
+        }
+        ++told;
+        EXPECT_NE(problems.front().find("Make room on its disk"), std::string::npos);
+        StartAgain();
+        ExpectAllowed(allowed);
+    }
+    const bool writesNothing = scenario.stages.empty() && !scenario.holds && !scenario.installed;
+    EXPECT_EQ(told == 0, writesNothing) << "the first start of a portable program only renames";
+}
+
+std::vector<Scenario> Starts() {
+    auto scenarios = Scenarios();
+    std::erase_if(scenarios, [](const Scenario& scenario) { return !scenario.stages.empty(); });
+    return scenarios;
+}
+
+INSTANTIATE_TEST_SUITE_P(Starts, FullDiskAtStartTest, testing::ValuesIn(Starts()), NameOf);
 
 }  // namespace

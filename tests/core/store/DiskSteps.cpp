@@ -1,0 +1,167 @@
+// The sanitizers' own versions of these functions are passed over with those of the C library.
+#include "tests/core/store/DiskSteps.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+
+namespace disk {
+
+namespace {
+
+int count = 0;
+int fatal = 0;  // the number of the step; 0 = none
+Fate fate = Fate::kKilled;
+
+enum class Next { kGoOn, kHalf, kNoRoom };
+
+// Every step begins here.
+Next Step(bool needsRoom) {
+    ++count;
+    if (fatal == 0 || count < fatal) return Next::kGoOn;
+    if (fate == Fate::kFull) {
+        if (!needsRoom) return Next::kGoOn;
+        errno = ENOSPC;
+        return count == fatal ? Next::kHalf : Next::kNoRoom;
+    }
+    if (fate == Fate::kCutInHalf) return Next::kHalf;
+    kill(getpid(), SIGKILL);
+    return Next::kNoRoom;
+}
+
+// Of a step that cannot be done by halves.
+bool IsRefused(bool needsRoom) {
+    if (Step(needsRoom) == Next::kGoOn) return false;
+    if (fate != Fate::kFull) kill(getpid(), SIGKILL);
+    return true;
+}
+
+ssize_t Write(int file, const void* data, size_t size, off_t offset) {
+    const bool isConsole = file <= STDERR_FILENO;
+    const Next next = isConsole ? Next::kGoOn : Step(size > 0);
+    if (next == Next::kNoRoom || (next == Next::kHalf && size < 2)) return -1;
+    if (next == Next::kHalf) size /= 2;
+    const ssize_t written = offset < 0 ? syscall(SYS_write, file, data, size)
+                                       : syscall(SYS_pwrite64, file, data, size, offset);
+    if (next == Next::kHalf && fate != Fate::kFull) kill(getpid(), SIGKILL);
+    return written;
+}
+
+int Open(int folder, const char* path, int flags, mode_t mode) {
+    const bool changes = (flags & (O_CREAT | O_TRUNC)) != 0 || (flags & O_ACCMODE) != O_RDONLY;
+    if (changes && IsRefused((flags & O_CREAT) != 0)) return -1;
+    return static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
+}
+
+template <class... Arguments>
+int Do(bool needsRoom, long call, Arguments... arguments) {
+    return IsRefused(needsRoom) ? -1 : static_cast<int>(syscall(call, arguments...));
+}
+
+}  // namespace
+
+void Begin(int step, Fate itsFate) {
+    count = 0;
+    fatal = step;
+    fate = itsFate;
+}
+
+int Count() { return count; }
+
+}  // namespace disk
+
+extern "C" {
+
+#define MODE_BEHIND(flags)                             \
+    mode_t mode = 0;                                   \
+    if (((flags) & (O_CREAT | O_TMPFILE)) != 0) {      \
+        va_list rest;                                  \
+        va_start(rest, flags);                         \
+        mode = static_cast<mode_t>(va_arg(rest, int)); \
+        va_end(rest);                                  \
+    }
+
+int open(const char* path, int flags, ...) {
+    MODE_BEHIND(flags)
+    return disk::Open(AT_FDCWD, path, flags, mode);
+}
+int open64(const char* path, int flags, ...) {
+    MODE_BEHIND(flags)
+    return disk::Open(AT_FDCWD, path, flags, mode);
+}
+int openat(int folder, const char* path, int flags, ...) {
+    MODE_BEHIND(flags)
+    return disk::Open(folder, path, flags, mode);
+}
+int openat64(int folder, const char* path, int flags, ...) {
+    MODE_BEHIND(flags)
+    return disk::Open(folder, path, flags, mode);
+}
+
+ssize_t write(int file, const void* data, size_t size) { return disk::Write(file, data, size, -1); }
+ssize_t pwrite(int file, const void* data, size_t size, off_t offset) {
+    return disk::Write(file, data, size, offset);
+}
+ssize_t pwrite64(int file, const void* data, size_t size, off_t offset) {
+    return disk::Write(file, data, size, offset);
+}
+
+// Piece by piece, as the system may do it.
+ssize_t writev(int file, const iovec* pieces, int number) {
+    ssize_t all = 0;
+    for (int i = 0; i < number; ++i) {
+        const ssize_t written = write(file, pieces[i].iov_base, pieces[i].iov_len);
+        if (written < 0) return all > 0 ? all : -1;
+        all += written;
+        if (static_cast<size_t>(written) < pieces[i].iov_len) break;
+    }
+    return all;
+}
+
+int ftruncate(int file, off_t size) noexcept { return disk::Do(false, SYS_ftruncate, file, size); }
+int ftruncate64(int file, off_t size) noexcept {
+    return disk::Do(false, SYS_ftruncate, file, size);
+}
+int fsync(int file) { return disk::Do(false, SYS_fsync, file); }
+int fdatasync(int file) { return disk::Do(false, SYS_fdatasync, file); }
+int fchmod(int file, mode_t mode) noexcept { return disk::Do(false, SYS_fchmod, file, mode); }
+int fchown(int file, uid_t owner, gid_t group) noexcept {
+    return disk::Do(false, SYS_fchown, file, owner, group);
+}
+
+int rename(const char* from, const char* to) noexcept {
+    return disk::Do(false, SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0);
+}
+int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
+    return disk::Do(false, SYS_renameat2, fromFolder, from, toFolder, to, 0);
+}
+int link(const char* from, const char* to) noexcept {
+    return disk::Do(true, SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0);
+}
+int symlink(const char* target, const char* path) noexcept {
+    return disk::Do(true, SYS_symlinkat, target, AT_FDCWD, path);
+}
+int unlink(const char* path) noexcept { return disk::Do(false, SYS_unlinkat, AT_FDCWD, path, 0); }
+int unlinkat(int folder, const char* path, int flags) noexcept {
+    return disk::Do(false, SYS_unlinkat, folder, path, flags);
+}
+int rmdir(const char* path) noexcept {
+    return disk::Do(false, SYS_unlinkat, AT_FDCWD, path, AT_REMOVEDIR);
+}
+int remove(const char* path) noexcept {
+    struct stat status = {};
+    const bool isFolder = lstat(path, &status) == 0 && S_ISDIR(status.st_mode);
+    return isFolder ? rmdir(path) : unlink(path);
+}
+int mkdir(const char* path, mode_t mode) noexcept {
+    return disk::Do(true, SYS_mkdirat, AT_FDCWD, path, mode);
+}
+
+}  // extern "C"
