@@ -51,7 +51,7 @@ PayTableEditor::PayTableEditor(GameTable& table, const DataFilePaths& paths, Tab
 }
 
 PayTableFiles PayTableEditor::Files() const {
-    return {table.files.file, table.files.mainPath, paths.analysisCache};
+    return {table.files.file, table.files.mainPath, paths.analysisCache, table.files.gamePath};
 }
 
 // The table need not be one of this game.
@@ -251,19 +251,17 @@ bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
         questions.IsTold(kError, kSaveFailed);
         return false;
     }
-    if (OfFigures(StoredTable()) != OfFigures(before)) ForgetAnalysis();
+    // A report must never show the return of the table as it was.
+    if (OfFigures(StoredTable()) != OfFigures(before)) {
+        FollowInAnalyses(Files(), {TableEdit::Kind::kTableWritten, gameName, tableIndex});
+    }
+    FinishEdit(table.files.file, table.files.mainPath);
     savedName = gameName;
     return true;
 }
 
 PayTable PayTableEditor::StoredTable() const {
     return LoadPayTable(table.files.file, gameId, gameName, tableIndex, table.files.mainPath, "");
-}
-
-// A report must never show the return of the table as it was.
-void PayTableEditor::ForgetAnalysis() {
-    table.files.file.DeleteSection(TableSection(gameName, tableIndex), paths.analysisCache);
-    table.files.file.Flush();
 }
 
 // A name that was typed since a new game was saved is dropped.
@@ -305,14 +303,18 @@ void PayTableEditor::Delete(PayTableQuestions& questions) {
         wholeGame ? DeleteGameTables(Files(), Game()) : UnlinkTable(Files(), gameName, tableIndex);
     if (!deleted) return questions.IsTold(kError, kSaveFailed);
     LeaveDeletedTable();
-    std::vector<std::string> unsaved;
-    for (const std::string& path : GameFilesToKeep(paths.folder, table.files.gamePath)) {
-        const bool saved = wholeGame ? ForgetGame(table.files.file, path, gameName)
-                                     : ForgetTable(table.files.file, path, gameName, tableIndex);
-        if (!saved) unsaved.push_back(path);
-    }
+    const auto kind = wholeGame ? TableEdit::Kind::kGameDeleted : TableEdit::Kind::kTableDeleted;
+    const auto unsaved = FinishInGameFiles({kind, gameName, tableIndex});
     Empty();
     TellOfGameFiles(questions, unsaved);
+}
+
+// What cannot be saved is told, and not tried again.
+std::vector<std::string> PayTableEditor::FinishInGameFiles(TableEdit edit) {
+    edit.gamePath = table.files.gamePath;
+    auto unsaved = FollowInGameFiles(table.files.file, edit, paths.folder);
+    FinishEdit(table.files.file, table.files.mainPath);
+    return unsaved;
 }
 
 // Before its statistics go: what leaves a game saves them once more.
@@ -360,10 +362,7 @@ bool PayTableEditor::RenameTo(PayTableQuestions& questions, const std::string& n
     }
     const bool inPlay = SameText(engine.settings.gameName, gameName);
     if (inPlay) SaveGame(table, false);
-    std::vector<std::string> unsaved;
-    for (const std::string& path : GameFilesToKeep(paths.folder, table.files.gamePath)) {
-        if (!RenameGame(table.files.file, path, gameName, newName)) unsaved.push_back(path);
-    }
+    const auto unsaved = FinishInGameFiles({TableEdit::Kind::kGameRenamed, gameName, 0, newName});
     if (inPlay) {
         engine.settings.gameName = newName;
         ReloadPayTable(table);

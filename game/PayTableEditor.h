@@ -105,10 +105,10 @@ class PayTableEditor {
     bool IsRefused(PayTableQuestions& questions) const;
     bool WriteInPlace(PayTableQuestions& questions);
     PayTable StoredTable() const;
-    void ForgetAnalysis();
     bool Append(PayTableQuestions& questions);
     void LeaveDeletedTable();
     bool RenameTo(PayTableQuestions& questions, const std::string& newName);
+    std::vector<std::string> FinishInGameFiles(TableEdit edit);
     void TellOfGameFiles(PayTableQuestions& questions, const std::vector<std::string>& unsaved);
     void Empty();
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/paytable/PayTableStore.h"
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
@@ -97,4 +96,35 @@ bool RenameGame(ProfileFile& file, const std::string& gamePath, const std::strin
         RenameActiveTable(file, gamePath, oldName, newName);
         RenameStatistics(file, gamePath, oldName, newName);
     });
+}
+
+std::vector<std::string> FollowInGameFiles(ProfileFile& file, const TableEdit& edit,
+                                           const std::string& dataFolder) {
+    const auto follow = [&](const std::string& path) {
+        switch (edit.kind) {
+            case TableEdit::Kind::kTableDeleted:
+                return ForgetTable(file, path, edit.gameName, edit.tableIndex);
+            case TableEdit::Kind::kGameDeleted:
+                return ForgetGame(file, path, edit.gameName);
+            case TableEdit::Kind::kGameRenamed:
+                return RenameGame(file, path, edit.gameName, edit.newName);
+            case TableEdit::Kind::kTableWritten:
+                break;
+        }
+        return true;
+    };
+    std::vector<std::string> unsaved;
+    for (const std::string& path : GameFilesToKeep(dataFolder, edit.gamePath)) {
+        if (!follow(path)) unsaved.push_back(path);
+    }
+    return unsaved;
+}
+
+void ResumeUnfinishedEdit(const PayTableFiles& files, const std::string& dataFolder) {
+    const auto edit = ReadUnfinishedEdit(files.file, files.mainPath);
+    if (!edit) return;
+    FollowInAnalyses(files, *edit);
+    if (FollowInGameFiles(files.file, *edit, dataFolder).empty()) {
+        FinishEdit(files.file, files.mainPath);
+    }
 }

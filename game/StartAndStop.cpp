@@ -5,6 +5,7 @@
 #include "game/FileCommands.h"
 #include "game/GameFile.h"
 #include "game/GameSelection.h"
+#include "game/PayTableGameFiles.h"
 #include "game/SaveGame.h"
 
 namespace {
@@ -17,6 +18,7 @@ constexpr std::uint32_t kFeatureSeed = 0x7F4A7C15;
 void StartGame(GameTable& table, const DataFilePaths& paths) {
     table.files.mainPath = paths.mainProfile;
     TakeUpGameFile(table, CurrentGamePath(paths, table.files.file));
+    ResumeUnfinishedEdit({table.files.file, paths.mainProfile, paths.analysisCache}, paths.folder);
     table.random.RandomInit(static_cast<std::uint32_t>(table.clock.Now()) ^ kFeatureSeed);
     LoadGameFile(table);
 }

@@ -10,6 +10,7 @@
 namespace {
 
 constexpr std::string_view kUserGames = "User Games";
+constexpr std::string_view kUnfinished = "Unfinished";
 constexpr std::size_t kTextSize = 81;  // texts of a pay table have at most 80 bytes
 constexpr std::size_t kStoredIdLength = 4;
 constexpr int kHighAce = 14;  // as which a lowest pair of aces is stored
@@ -140,23 +141,29 @@ void Write(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
 
 std::string EmptySlotName(int slot) { return "User Game " + std::to_string(slot); }
 
-// The analysis goes when its table does. It can be made again, so a failure is none of the table's.
-void RemoveAnalyses(const PayTableFiles& files, const std::string& gameName, int first, int last) {
-    files.file.Change(files.analysisPath, [&] {
-        for (int i = first; i <= last; ++i) {
-            files.file.DeleteSection(TableSection(gameName, i), files.analysisPath);
-        }
-    });
-}
-
-// No game has the new name, so what stands there is left over.
+// No game has the new name, so what stands there is left over. What is renamed already stays.
 void RenameSections(ProfileFile& file, const std::string& oldName, const std::string& newName,
                     const std::string& path) {
     for (int i = 0; i <= kLastTableIndex; ++i) {
+        const std::string section = TableSection(oldName, i);
         const std::string renamed = TableSection(newName, i);
+        if (!file.GetSectionText(section, path)) continue;
         if (!SameText(oldName, newName)) file.DeleteSection(renamed, path);
-        file.RenameSection(TableSection(oldName, i), renamed, path);
+        file.RenameSection(section, renamed, path);
     }
+}
+
+// In the change that the note is about, which brings both to the disk at once.
+void Note(const PayTableFiles& files, const TableEdit& edit) {
+    if (files.gamePath.empty()) return;
+    const auto write = [&](std::string_view key, const std::string& value) {
+        files.file.WriteString(kUnfinished, key, value, files.mainPath);
+    };
+    write("Edit", std::to_string(static_cast<int>(edit.kind)));
+    write("Game", edit.gameName);
+    write("Table", std::to_string(edit.tableIndex));
+    write("NewName", edit.newName);
+    write("GameFile", files.gamePath);
 }
 
 }  // namespace
@@ -224,7 +231,10 @@ int PreviousTable(const PayTableFiles& files, const std::string& gameName, int t
 
 bool WritePayTable(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
                    const PayTableTexts& table, const TableLinks& links) {
-    return files.file.Change(files.mainPath, [&] { Write(files, game, tableIndex, table, links); });
+    return files.file.Change(files.mainPath, [&] {
+        Write(files, game, tableIndex, table, links);
+        Note(files, {TableEdit::Kind::kTableWritten, game.name, tableIndex});
+    });
 }
 
 std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
@@ -243,6 +253,7 @@ std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& g
 }
 
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
+    const TableEdit edit{TableEdit::Kind::kTableDeleted, gameName, tableIndex};
     const bool unlinked = files.file.Change(files.mainPath, [&] {
         const int next = NextTable(files, gameName, tableIndex);
         const int previous = PreviousTable(files, gameName, tableIndex);
@@ -253,33 +264,66 @@ bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int ta
         if (TableExists(files.file, gameName, next, files.mainPath)) {
             TableSectionAccess(files, gameName, next).Write("PrevIndex", previous);
         }
+        Note(files, edit);
     });
-    if (unlinked) RemoveAnalyses(files, gameName, tableIndex, tableIndex);
+    if (unlinked) FollowInAnalyses(files, edit);
     return unlinked;
 }
 
 bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game) {
+    const TableEdit edit{TableEdit::Kind::kGameDeleted, game.name};
     const bool deleted = files.file.Change(files.mainPath, [&] {
         for (int i = 0; i <= kLastTableIndex; ++i) {
             files.file.DeleteSection(TableSection(game.name, i), files.mainPath);
         }
         WriteSlot(files, game.id, EmptySlotName(game.id - kFirstUserGameId + 1));
+        Note(files, edit);
     });
-    if (deleted) RemoveAnalyses(files, game.name, 0, kLastTableIndex);
+    if (deleted) FollowInAnalyses(files, edit);
     return deleted;
 }
 
 bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
                       const std::string& newName) {
     if (!GameNameProblem(newName).empty()) return false;
+    const TableEdit edit{TableEdit::Kind::kGameRenamed, game.name, 0, newName};
     const bool renamed = files.file.Change(files.mainPath, [&] {
         RenameSections(files.file, game.name, newName, files.mainPath);
         WriteSlot(files, game.id, newName);
+        Note(files, edit);
     });
-    if (renamed) {
-        files.file.Change(files.analysisPath, [&] {
-            RenameSections(files.file, game.name, newName, files.analysisPath);
-        });
-    }
+    if (renamed) FollowInAnalyses(files, edit);
     return renamed;
+}
+
+std::optional<TableEdit> ReadUnfinishedEdit(ProfileFile& file, const std::string& mainPath) {
+    const auto text = [&](std::string_view key) {
+        return file.GetString(kUnfinished, key, "", ProfileFile::kWholeValue, mainPath);
+    };
+    constexpr int kKinds = 4;
+    const int kind = file.GetInt(kUnfinished, "Edit", -1, mainPath);
+    if (kind < 0 || kind >= kKinds || text("Game").empty()) return std::nullopt;
+    return TableEdit{static_cast<TableEdit::Kind>(kind), text("Game"),
+                     file.GetInt(kUnfinished, "Table", 0, mainPath), text("NewName"),
+                     text("GameFile")};
+}
+
+void FinishEdit(ProfileFile& file, const std::string& mainPath) {
+    file.DeleteSection(kUnfinished, mainPath);
+    file.Flush();
+}
+
+// What the disk does not take now, a later flush brings there.
+void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit) {
+    if (edit.kind == TableEdit::Kind::kGameRenamed) {
+        RenameSections(files.file, edit.gameName, edit.newName, files.analysisPath);
+    } else {
+        const bool wholeGame = edit.kind == TableEdit::Kind::kGameDeleted;
+        const int first = wholeGame ? 0 : edit.tableIndex;
+        const int last = wholeGame ? kLastTableIndex : edit.tableIndex;
+        for (int i = first; i <= last; ++i) {
+            files.file.DeleteSection(TableSection(edit.gameName, i), files.analysisPath);
+        }
+    }
+    files.file.Flush();
 }

@@ -2,7 +2,8 @@
 // indices are never given anew, so that a chain may skip numbers.
 //
 // A change is done as a whole or not at all: what returns false has left the main profile file as
-// it was. Analyses of tables that are gone go with them.
+// it was. Analyses of tables that are gone go with them; that of a table whose pays have changed is
+// left to the caller, as is the end of a note (TableEdit).
 #pragma once
 #include <array>
 #include <optional>
@@ -56,7 +57,29 @@ struct PayTableFiles {
     ProfileFile& file;
     std::string mainPath;
     std::string analysisPath;  // need not exist
+    std::string gamePath{};  // in use; when it is given, changes that other files follow are noted
 };
+
+// A change in the main profile file that other files follow: the analyses, and in the game room the
+// game files. It is noted there with the change itself, in the section "Unfinished", until all have
+// followed, so that the next start goes on where a program has ended in between. Following can be
+// repeated. Of two notes the later one counts.
+struct TableEdit {
+    enum class Kind { kTableWritten, kTableDeleted, kGameDeleted, kGameRenamed };
+
+    Kind kind = Kind::kTableWritten;
+    std::string gameName;
+    int tableIndex = 0;      // of a table
+    std::string newName{};   // of a game that is renamed
+    std::string gamePath{};  // in use at that time
+};
+
+// Nothing when none is unfinished.
+std::optional<TableEdit> ReadUnfinishedEdit(ProfileFile& file, const std::string& mainPath);
+void FinishEdit(ProfileFile& file, const std::string& mainPath);
+
+// The analyses of tables that are not what they were are removed, or renamed with their game.
+void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit);
 
 // The neighbours in the chain: -1 none; nothing leaves what is stored.
 struct TableLinks {

@@ -94,7 +94,6 @@ std::string DocumentTitle(const std::string& gameName, const std::string& gamePa
     return gameName + " (" + fs::path(gamePath).filename().string() + ")";
 }
 
-
 bool CopyWholeFile(const std::string& from, const std::string& to) {
     const auto contents = ReadWholeFile(from);
     return contents && ReplaceFile(to, *contents);

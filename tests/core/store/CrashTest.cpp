@@ -276,8 +276,7 @@ std::vector<Scenario> Scenarios() {
 }
 
 // These wait for the File commands and the coin change to write what belongs together at once.
-constexpr std::string_view kAwaitsSaving[] = {"CoinChange", "FileSaveAs", "EditTable",
-                                              "DeleteTable", "DeleteGame", "RenameGame"};
+constexpr std::string_view kAwaitsSaving[] = {"CoinChange", "FileSaveAs"};
 
 // How they are played -----------------------------------------------------------------------------
 
