@@ -300,10 +300,6 @@ bool Migration::CompleteMainProfile(const std::string& old) {
     DataFilePaths newPaths = paths;
     newPaths.mainProfile = newMain;
     StoreCurrentGamePath(currentGame, newPaths, file);
-    // An earlier try may have left games that have been deleted since.
-    for (int slot = 1; slot <= kMaxUserGames; ++slot) {
-        file.WriteString("User Games", std::to_string(slot), std::nullopt, newMain);
-    }
     for (const auto& game : userGames) WriteUserGame(game, newMain, file);
     if (file.Save(newMain)) return true;
     AddUnwritten("The pay tables with your own games", newMain);

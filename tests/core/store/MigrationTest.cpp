@@ -19,7 +19,8 @@ namespace {
 
 using FileMap = std::map<std::string, std::string>;  // names, and what the files hold
 
-constexpr const char* kNewProfile = "[main]\nVer=114\n\n[Jacks or Better(0)]\nPayLines=9\n\n";
+constexpr const char* kNewProfile =
+    "[main]\nVer=114\n\n[User Games]\n3=9003,User Game 3\n\n[Jacks or Better(0)]\nPayLines=9\n\n";
 constexpr const char* kNewGame = "[main]\nGameID=300\n\n";
 constexpr const char* kNewAnalyses = "[Jacks or Better(0)]\nER=99.54\n\n";
 const FileMap kFreshFiles = {
@@ -140,9 +141,9 @@ TEST_F(MigrationTest, AnEarlierReleaseKeepsItsFilesAndGivesItsGamesToTheNewOnes)
                        {"Default.114", kNewGame},
                        {"Tolvane.ini",
                         "[main]\nVer=114\nCurrGame=/games/Mine.qdx\n\n"
+                        "[User Games]\n3=9003,User Game 3\n1=9001,Café Royal\n2=9002,\n"
+                        "4=9004,No Table\n10=9010,Empty Table\n\n"
                         "[Jacks or Better(0)]\nPayLines=9\n\n"
-                        "[User Games]\n1=9001,Café Royal\n2=9002,\n4=9004,No Table\n"
-                        "10=9010,Empty Table\n\n"
                         "[Café Royal(0)]\nNextIndex=-1\nRank0=0\nDescr0=ROYAL FLUSH\nPaylines=1\n"
                         "PrevIndex=-1\nType=1\n\n"},
                        {"Game Analyses.ini",
@@ -202,10 +203,10 @@ class InterruptedMigrationTest : public MigrationTest {
         Write("Played.qdx", "[Mine]\nCreditsPlayed=2\n\n");
     }
     void ExpectUpgraded() const {
-        EXPECT_EQ(Read("Tolvane.ini"),
-                  std::string("[main]\nVer=114\nCurrGame=") + paths->defaultGame +
-                      "\nDataFolder=" + paths->folder +
-                      "\n\n[Jacks or Better(0)]\nPayLines=9\n\n[User Games]\n1=9001,Mine\n\n");
+        EXPECT_EQ(Read("Tolvane.ini"), std::string("[main]\nVer=114\nCurrGame=") +
+                                           paths->defaultGame + "\nDataFolder=" + paths->folder +
+                                           "\n\n[User Games]\n3=9003,User Game 3\n1=9001,Mine\n\n"
+                                           "[Jacks or Better(0)]\nPayLines=9\n\n");
         EXPECT_EQ(Read("Tolvane.old"), "[User Games]\n1=401,Mine\n");
         EXPECT_TRUE(Read("My Game.qdx").starts_with("[Mine(0)]\nCreditsPlayed=1\n"));
         EXPECT_EQ(Read("Tolvane.114"), "(missing)");
