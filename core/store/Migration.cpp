@@ -206,16 +206,15 @@ class Migration {
 
 std::vector<std::string> Migration::Run() {
     std::error_code error;
+    const bool oldIsKept = Exists(oldMain) && !fs::is_directory(oldMain, error);
     if (Exists(paths.mainProfile)) {
         if (CanRead(paths.mainProfile)) Upgrade(false);
-    } else if (!Exists(oldMain) || fs::is_directory(oldMain, error)) {
-        FirstStart();
-    } else if (!CanRead(oldMain)) {
+    } else if (oldIsKept && !CanRead(oldMain)) {
         AddUnreadable(oldMain);
-    } else if (IsOfThisRelease(file, oldMain)) {
-        FirstStart();
-    } else {
+    } else if (oldIsKept && !IsOfThisRelease(file, oldMain)) {
         Upgrade(true);
+    } else {
+        FirstStart();
     }
     return problems;
 }
