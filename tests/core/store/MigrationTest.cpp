@@ -247,7 +247,7 @@ TEST_F(InterruptedMigrationTest, WhatCannotBeBroughtOverIsNamedAndWaitedFor) {
         const char* words;
     } obstacles[] = {{game, 0444, "My Game.qdx could not be brought over"},
                      {game, 0000, "My Game.qdx cannot be read"},
-                     {paths->folder, 0555, "could not be written to"}};
+                     {paths->folder, 0555, "could not be brought over"}};
     for (const auto& [path, mode, words] : obstacles) {
         chmod(paths->folder.c_str(), 0777);
         chmod(path.c_str(), mode);
