@@ -4,7 +4,6 @@
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/profile/ProfileFile.h"
-#include "tests/core/profile/FullDisk.h"
 #include "tests/core/profile/TemporaryFolder.h"
 
 namespace {
@@ -217,22 +216,6 @@ TEST(PayTableStoreTest, NamesThatTheFilesWouldLoseAreTold) {
     stored.WriteChain(1);
     EXPECT_FALSE(RenameGameTables(stored.files, kMine, "a]b"));
     EXPECT_EQ(stored.Chain(), "0");
-}
-
-TEST(PayTableStoreTest, OnAFullDiskEverythingStaysAsItWas) {
-    StoredTables stored;
-    stored.WriteChain(3);
-    const std::string before = stored.Main();
-    {
-        const FullDisk full(8);
-        EXPECT_FALSE(WritePayTable(stored.files, kMine, 0, Table(2), kStoredLinks));
-        EXPECT_EQ(AppendTable(stored.files, kMine, Table(2)), std::nullopt);
-        EXPECT_FALSE(UnlinkTable(stored.files, "My Game", 1));
-        EXPECT_FALSE(DeleteGameTables(stored.files, kMine));
-        EXPECT_FALSE(RenameGameTables(stored.files, kMine, "Other"));
-        EXPECT_EQ(stored.Chain(), "0>1>2");
-    }
-    EXPECT_EQ(stored.Main(), before);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/uio.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -54,12 +53,6 @@ ssize_t Write(int file, const void* data, size_t size, off_t offset) {
     return written;
 }
 
-int Open(int folder, const char* path, int flags, mode_t mode) {
-    const bool changes = (flags & (O_CREAT | O_TRUNC)) != 0 || (flags & O_ACCMODE) != O_RDONLY;
-    if (changes && IsRefused((flags & O_CREAT) != 0)) return -1;
-    return static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
-}
-
 template <class... Arguments>
 int Do(bool needsRoom, long call, Arguments... arguments) {
     return IsRefused(needsRoom) ? -1 : static_cast<int>(syscall(call, arguments...));
@@ -79,68 +72,28 @@ int Count() { return count; }
 
 extern "C" {
 
-#define MODE_BEHIND(flags)                             \
-    mode_t mode = 0;                                   \
-    if (((flags) & (O_CREAT | O_TMPFILE)) != 0) {      \
-        va_list rest;                                  \
-        va_start(rest, flags);                         \
-        mode = static_cast<mode_t>(va_arg(rest, int)); \
-        va_end(rest);                                  \
-    }
-
 int open(const char* path, int flags, ...) {
-    MODE_BEHIND(flags)
-    return disk::Open(AT_FDCWD, path, flags, mode);
+    va_list rest;
+    va_start(rest, flags);
+    const auto mode = static_cast<mode_t>((flags & O_CREAT) != 0 ? va_arg(rest, int) : 0);
+    va_end(rest);
+    const bool changes = (flags & (O_CREAT | O_TRUNC)) != 0 || (flags & O_ACCMODE) != O_RDONLY;
+    if (changes && disk::IsRefused((flags & O_CREAT) != 0)) return -1;
+    return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
-int open64(const char* path, int flags, ...) {
-    MODE_BEHIND(flags)
-    return disk::Open(AT_FDCWD, path, flags, mode);
-}
-int openat(int folder, const char* path, int flags, ...) {
-    MODE_BEHIND(flags)
-    return disk::Open(folder, path, flags, mode);
-}
-int openat64(int folder, const char* path, int flags, ...) {
-    MODE_BEHIND(flags)
-    return disk::Open(folder, path, flags, mode);
-}
-
 ssize_t write(int file, const void* data, size_t size) { return disk::Write(file, data, size, -1); }
 ssize_t pwrite(int file, const void* data, size_t size, off_t offset) {
     return disk::Write(file, data, size, offset);
 }
-ssize_t pwrite64(int file, const void* data, size_t size, off_t offset) {
-    return disk::Write(file, data, size, offset);
-}
-
-// Piece by piece, as the system may do it.
-ssize_t writev(int file, const iovec* pieces, int number) {
-    ssize_t all = 0;
-    for (int i = 0; i < number; ++i) {
-        const ssize_t written = write(file, pieces[i].iov_base, pieces[i].iov_len);
-        if (written < 0) return all > 0 ? all : -1;
-        all += written;
-        if (static_cast<size_t>(written) < pieces[i].iov_len) break;
-    }
-    return all;
-}
-
 int ftruncate(int file, off_t size) noexcept { return disk::Do(false, SYS_ftruncate, file, size); }
-int ftruncate64(int file, off_t size) noexcept {
-    return disk::Do(false, SYS_ftruncate, file, size);
-}
 int fsync(int file) { return disk::Do(false, SYS_fsync, file); }
 int fdatasync(int file) { return disk::Do(false, SYS_fdatasync, file); }
 int fchmod(int file, mode_t mode) noexcept { return disk::Do(false, SYS_fchmod, file, mode); }
 int fchown(int file, uid_t owner, gid_t group) noexcept {
     return disk::Do(false, SYS_fchown, file, owner, group);
 }
-
 int rename(const char* from, const char* to) noexcept {
     return disk::Do(false, SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0);
-}
-int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
-    return disk::Do(false, SYS_renameat2, fromFolder, from, toFolder, to, 0);
 }
 int link(const char* from, const char* to) noexcept {
     return disk::Do(true, SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0);
@@ -149,9 +102,6 @@ int symlink(const char* target, const char* path) noexcept {
     return disk::Do(true, SYS_symlinkat, target, AT_FDCWD, path);
 }
 int unlink(const char* path) noexcept { return disk::Do(false, SYS_unlinkat, AT_FDCWD, path, 0); }
-int unlinkat(int folder, const char* path, int flags) noexcept {
-    return disk::Do(false, SYS_unlinkat, folder, path, flags);
-}
 int rmdir(const char* path) noexcept {
     return disk::Do(false, SYS_unlinkat, AT_FDCWD, path, AT_REMOVEDIR);
 }
