@@ -217,6 +217,22 @@ inline Hand DealtHand(const PayTable& table, std::string_view text) {
     return DealtHand(BuildCardTable(DeckOf(table)), Cards(table, text, kHandSize));
 }
 
+// Every choice of so many cards of the deck, each in rising order.
+template <class Each>
+void ForEachChoice(const CardTable& deck, std::size_t count, const Each& each) {
+    std::vector<CardCode> cards(count);
+    std::iota(cards.begin(), cards.end(), 0);
+    for (;;) {
+        each(cards);
+        const int last = deck.deckSize - static_cast<int>(count);
+        std::size_t i = count;
+        while (i > 0 && cards[i - 1] == last + static_cast<int>(i) - 1) --i;
+        if (i == 0) return;
+        ++cards[i - 1];
+        for (; i < count; ++i) cards[i] = cards[i - 1] + 1;
+    }
+}
+
 // The cards that an analysis wants to know of a text: four in Pick 'Em, six in Sneak Peak Poker.
 inline KnownCards Known(const PayTable& table, std::string_view text) {
     const bool pickEm = table.type == GameType::kPickEm;
