@@ -26,44 +26,28 @@ std::set<std::string> WildCards(const CardTable& table) {
     return names;
 }
 
-TEST(CardTableTest, AnOrdinaryDeckIsFourSuitsFromAceToKing) {
+using Names = std::vector<std::pair<CardCode, std::string>>;
+
+TEST(CardTableTest, EveryJokerAndTheFifthAceHaveTheirPlacesBetweenTheSuits) {
+    DeckDescription fifthAce;
+    fifthAce.fifthAce = true;
+    fifthAce.deckSize = 53;
+    const std::pair<DeckDescription, Names> decks[] = {
+        {{}, {{0, "Ace of Spades"}, {22, "10 of Hearts"}, {51, "King of Diamonds"}}},
+        {Jokers(1), {{12, "King of Spades"}, {13, "Joker 1"}, {14, "Ace of Hearts"}}},
+        {Jokers(5),
+         {{0, "Joker 4"}, {14, "Joker 1"}, {28, "Joker 2"}, {42, "Joker 3"}, {56, "Joker 5"}}},
+        {fifthAce, {{25, "King of Hearts"}, {26, "Ace of Stars"}, {27, "Ace of Clubs"}}}};
+    for (const auto& [deck, names] : decks) {
+        const CardTable table = BuildCardTable(deck);
+        EXPECT_EQ(table.deckSize, deck.deckSize);
+        EXPECT_EQ(NameAt(table, kCardBack), "Card Back");
+        for (const auto& [slot, name] : names) EXPECT_EQ(NameAt(table, slot), name);
+    }
     const CardTable table = BuildCardTable({});
-    EXPECT_EQ(table.deckSize, 52);
-    EXPECT_EQ(NameAt(table, 0), "Ace of Spades");
-    EXPECT_EQ(NameAt(table, 22), "10 of Hearts");
-    EXPECT_EQ(NameAt(table, 51), "King of Diamonds");
-    EXPECT_EQ(NameAt(table, kCardBack), "Card Back");
     EXPECT_EQ(FindCard(table, 1, kClubs), 26);
     EXPECT_EQ(FindCard(table, 1, kStars), kNoCard);
     EXPECT_EQ(FindCard(table, 0, kNoSuit), kNoCard) << "the back is no card of the deck";
-}
-
-TEST(CardTableTest, EveryJokerHasItsPlaceBetweenTheSuits) {
-    const CardTable one = BuildCardTable(Jokers(1));
-    EXPECT_EQ(NameAt(one, 13), "Joker 1");
-    EXPECT_EQ(one.heartsStart, 14);
-    EXPECT_EQ(WildCards(one), (std::set<std::string>{"Joker 1"}));
-
-    const CardTable five = BuildCardTable(Jokers(5));
-    EXPECT_EQ(NameAt(five, 0), "Joker 4");
-    EXPECT_EQ(five.spadesStart, 1);
-    EXPECT_EQ(NameAt(five, 14), "Joker 1");
-    EXPECT_EQ(NameAt(five, 28), "Joker 2");
-    EXPECT_EQ(NameAt(five, 42), "Joker 3");
-    EXPECT_EQ(NameAt(five, 56), "Joker 5");
-    EXPECT_EQ(NameAt(five, 57), "Card Back");
-    EXPECT_EQ(FindCard(five, 0, kNoSuit), 0);
-}
-
-TEST(CardTableTest, TheFifthAceFollowsTheHearts) {
-    DeckDescription deck;
-    deck.fifthAce = true;
-    deck.deckSize = 53;
-    const CardTable table = BuildCardTable(deck);
-    EXPECT_EQ(NameAt(table, 25), "King of Hearts");
-    EXPECT_EQ(table.starsSlot, 26);
-    EXPECT_EQ(FindCard(table, 1, kStars), 26);
-    EXPECT_EQ(table.clubsStart, 27);
 }
 
 TEST(CardTableTest, WildCardsAreThoseTheTableNames) {

@@ -53,23 +53,6 @@ TEST(DeckTest, TheGeneratorIsSeededAnewAfterTwoHundredMillionPasses) {
     EXPECT_EQ(deck.random.Random(), random.Random());
 }
 
-TEST(DeckTest, EveryCardComesToEveryPositionAlike) {
-    Deck deck = Built();
-    std::array<std::array<int, 52>, 52> counts{};
-    constexpr int kDeals = 26'000;
-    for (int deal = 0; deal < kDeals; ++deal) {
-        deck.Shuffle(2);
-        for (std::size_t at = 0; at < 52; ++at)
-            ++counts[at][static_cast<std::size_t>(deck.order[at])];
-    }
-    double chiSquare = 0;
-    for (const auto& position : counts) {
-        for (const int count : position) chiSquare += (count - 500.0) * (count - 500.0) / 500;
-    }
-    // 51 x 51 degrees of freedom: 2601, standard deviation 72.
-    EXPECT_NEAR(chiSquare, 2601, 5 * 72);
-}
-
 TEST(DeckTest, ADrawnCardIsNoneOfTheExcludedOnes) {
     Deck deck = Built();
     const std::array<CardCode, 10> excluded = {0, 1, 2, 3, 4, 5, 6, 7, 8, kNoCard};
