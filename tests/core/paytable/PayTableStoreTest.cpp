@@ -109,19 +109,17 @@ TEST(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
 }
 
 TEST(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
-    ProfileFile file;
-    const PayTableFiles shipped{file, TOLVANE_DATA_FOLDER "/Tolvane.ini", ""};
-    EXPECT_TRUE(ReadPayTableTexts(shipped, "One-Eyed Jacks", 0).lines[14].wildsOK);
-    for (const char* game : {"Deuces Wild", "Joker Poker - Kings or Better", "Jacks or Better"}) {
-        EXPECT_FALSE(ReadPayTableTexts(shipped, game, 0).lines[14].wildsOK) << game;
-    }
     StoredTables stored;
-    PayTableTexts table = Table(2);
-    table.type = GameType::kOneEyedJacks;
-    ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, table, kNoNeighbours));
-    const auto read = ReadPayTableTexts(stored.files, kMine.name, 0);
-    EXPECT_FALSE(read.lines[1].wildsOK) << "as stored";
-    EXPECT_TRUE(read.lines[2].wildsOK);
+    for (const GameType type : {GameType::kStandard, GameType::kOneEyedJacks}) {
+        PayTableTexts table = Table(2);
+        table.type = type;
+        table.usesWilds = true;
+        ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, table, kNoNeighbours));
+        const auto read = ReadPayTableTexts(stored.files, kMine.name, 0);
+        EXPECT_FALSE(read.lines[1].wildsOK) << "as stored";
+        EXPECT_EQ(read.lines[2].wildsOK, type == GameType::kOneEyedJacks);
+        EXPECT_EQ(read.minPair, "") << "a blank lowest pair is stored blank";
+    }
 }
 
 TEST(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) {
@@ -135,22 +133,6 @@ TEST(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) 
     EXPECT_EQ(text->find("14="), std::string::npos);
     EXPECT_EQ(ReadPayTableTexts(stored.files, "My Game", 1), Table(4));
     EXPECT_EQ(stored.Chain(), "0>1>2");
-}
-
-TEST(PayTableStoreTest, ABlankLowestPairIsStoredBlank) {
-    StoredTables stored;
-    ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, Table(1), kNoNeighbours));
-    const auto section = TableSection("My Game", 0);
-    EXPECT_EQ(stored.file.GetString(section, "MinPair", "?", 9, stored.files.mainPath), "");
-    EXPECT_EQ(LoadPayTable(stored.file, 9003, "My Game", 0, stored.files.mainPath, "").minPair, 0);
-}
-
-TEST(PayTableStoreTest, ATableIsAppendedBehindTheLastOfTheChain) {
-    StoredTables stored;
-    stored.WriteChain(4);
-    ASSERT_TRUE(UnlinkTable(stored.files, "My Game", 2));
-    EXPECT_EQ(AppendTable(stored.files, kMine, Table(3)), 4);
-    EXPECT_EQ(stored.Chain(), "0>1>3>4");
 }
 
 TEST(PayTableStoreTest, AppendingOverwritesNoTableThatTheChainMisses) {

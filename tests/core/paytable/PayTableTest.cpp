@@ -29,8 +29,6 @@ TEST_F(PayTableTest, AMissingTableHasTheDefaultsAndNoLines) {
     PayTable expected;
     expected.gameId = 300;
     EXPECT_EQ(table, expected);
-    EXPECT_EQ(table.minPair, 15);
-    EXPECT_EQ(table.maxBet, 5);
 }
 
 TEST_F(PayTableTest, ALineIsReadWithItsRanksAndDescriptions) {
@@ -100,6 +98,13 @@ TEST_F(PayTableTest, FiveCoinsArePaidTheMaximumAndNoOtherBetIs) {
     EXPECT_EQ(LineUnitPay(table, 0, INT_MAX), INT_MAX) << "a pay never wraps";
     EXPECT_EQ(LineUnitPay(table, 1, 5), 0);
     EXPECT_EQ(LineUnitPay(table, -1, 5), 0);
+    const std::array<int, 3> coinPays[] = {{250, 4000, 800}, {7, 0, 7}, {25, 25, 25}};
+    for (const auto& [payout, maxPayout, pay] : coinPays) {
+        PayLine line;
+        line.payout = payout;
+        line.maxPayout = maxPayout;
+        EXPECT_EQ(LineCoinPay(line), pay) << payout;
+    }
 }
 
 TEST_F(PayTableTest, AChainThatRunsInACircleEnds) {

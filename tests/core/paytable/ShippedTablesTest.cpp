@@ -11,7 +11,6 @@
 #include "core/profile/ProfileFile.h"
 #include "core/text/Numbers.h"
 #include "tests/core/TestGames.h"
-#include "tests/core/profile/TemporaryFolder.h"
 
 namespace {
 
@@ -38,19 +37,6 @@ TEST(ShippedTablesTest, EveryGameHasLinesThatFitTheWindow) {
     }
     ProfileFile file;
     EXPECT_NE(file.GetInt("main", "Ver", 0, kShipped), 0);
-}
-
-TEST(ShippedTablesTest, TheProgramWritesTheFileAsItIs) {
-    TemporaryFolder folder;
-    const std::string copy = folder.Path("Tolvane.ini");
-    std::filesystem::copy(kShipped, copy);
-    const std::string shipped = folder.Read("Tolvane.ini");
-    {
-        ProfileFile file;
-        const std::string version = file.GetString("main", "Ver", "", 20, copy);
-        file.WriteString("main", "Ver", version, copy);
-    }
-    EXPECT_EQ(folder.Read("Tolvane.ini"), shipped);
 }
 
 TEST(ShippedTablesTest, TheDrawsOfEveryHoldAddUpInAllGames) {
