@@ -61,7 +61,7 @@ TEST_F(SessionTest, TheMinutesOfTheSessionAreAddedOnceToTheHoursSoFar) {
     EXPECT_EQ(HoursStored(), "1.00") << "a clock set back takes nothing away";
 }
 
-TEST_F(SessionTest, ASaveWritesEverySettingInOrder) {
+TEST_F(SessionTest, ASaveWritesEverySettingInOrderAndAMissingFileGivesTheDefaults) {
     Open("");
     settings = {
         PlayMode::kAutoHold, 0.05, 120, 3, 330, "Deuces Wild", 2, 40, 20, false, true, false,
@@ -74,6 +74,18 @@ TEST_F(SessionTest, ASaveWritesEverySettingInOrder) {
                 "CreditsEntered=40\nDollarIn=20\nDoubleUp=0\nShowDollar=1\nSounds=0\nSpeed=3\n\n"
                 "[ActiveTbl]\nDeuces Wild=2\n\n[Deuces Wild(2)]\nCreditsPlayed=0\n"));
     EXPECT_TRUE(folder.Read("game.qdx").ends_with("NextError=0\nElapsedTime=0.00\n\n"));
+
+    settings.showDollar = false;
+    LoadCurrentGame(file, folder.Path("missing.qdx"), "", settings);
+    ReadSettings(file, folder.Path("missing.qdx"), settings);
+    EXPECT_TRUE(Save(false, kNoon));
+    EXPECT_TRUE(
+        folder.Read("game.qdx")
+            .starts_with(
+                "[main]\nMode=1\nCoin=1.00\nCredits=0\nBet=5\nGameID=300\nGameName=Jacks or "
+                "Better\n"
+                "CreditsEntered=0\nDollarIn=100\nDoubleUp=1\nShowDollar=1\nSounds=1\nSpeed=2\n\n"
+                "[ActiveTbl]\nDeuces Wild=2\nJacks or Better=0\n"));
 }
 
 TEST_F(SessionTest, ASaveLeavesTheRestOfTheFileAsItWas) {
@@ -125,16 +137,13 @@ TEST_F(SessionTest, AResetStoresZeroesAndKeepsTheLogAndTheFixedHand) {
     statistics.handsPlayed.Add(3);
     ResetStatistics(file, path, {settings, statistics, table}, kNoon + 99);
     EXPECT_TRUE(SaveSettings(file, path, {settings, statistics, table}, true, kNoon + 99));
-    for (const char* zero : {"HandsPlayed", "PayLine0Won", "NextError"}) {
-        EXPECT_EQ(Stored(Section(), zero), "0") << zero;
-    }
-    EXPECT_EQ(Stored(Section(), "BestER"), "0.0000      ");
-    EXPECT_EQ(Stored(Section(), "ErrCost"), "0.0000      ");
-    EXPECT_EQ(HoursStored(), "0.00");
-    EXPECT_EQ(Stored(Section(), "SetCard0"), "33");
-    EXPECT_EQ(Stored(Section(), "Error0"), "1,2");
-    EXPECT_EQ(Stored("main", "CreditsEntered"), "0");
-    EXPECT_EQ(Stored("main", "Credits"), "12");
+    const std::tuple<std::string, const char*, const char*> stored[] = {
+        {Section(), "HandsPlayed", "0"},        {Section(), "PayLine0Won", "0"},
+        {Section(), "NextError", "0"},          {Section(), "BestER", "0.0000      "},
+        {Section(), "ErrCost", "0.0000      "}, {Section(), "ElapsedTime", "0.00"},
+        {Section(), "SetCard0", "33"},          {Section(), "Error0", "1,2"},
+        {"main", "CreditsEntered", "0"},        {"main", "Credits", "12"}};
+    for (const auto& [section, key, value] : stored) EXPECT_EQ(Stored(section, key), value) << key;
     EXPECT_EQ(statistics.handsPlayed, Counter());
     EXPECT_EQ(statistics.sessionStart, kNoon + 99);
 }

@@ -24,7 +24,6 @@ class SettingsTest : public testing::Test {
         return std::to_string(settings.gameId) + " " + settings.gameName + "(" +
                std::to_string(settings.activeTable) + ")";
     }
-    double Coin(const std::string& stored) { return Loaded("Coin=" + stored + "\n").coin; }
 
     TemporaryFolder folder;
     std::string mainPath = folder.Write(
@@ -34,45 +33,23 @@ class SettingsTest : public testing::Test {
         "PayLines=1\n");
 };
 
-TEST_F(SettingsTest, AFileThatCannotBeReadGivesTheDefaults) {
-    ProfileFile file;
-    MachineSettings settings;
-    settings.gameName = "Mine";
-    settings.credits = settings.bet = settings.dollarIn = settings.creditsEntered = 77;
-    settings.sounds = settings.doubleUp = settings.showDollar = false;
-    settings.speed = Speed::kFast;
-    LoadCurrentGame(file, folder.Path("missing.qdx"), mainPath, settings);
-    ReadSettings(file, folder.Path("missing.qdx"), settings);
-    EXPECT_EQ(settings.gameId, 300);
-    EXPECT_EQ(settings.gameName, "Jacks or Better");
-    EXPECT_EQ(settings.activeTable, 0);
-    EXPECT_EQ(settings.credits, 0);
-    EXPECT_EQ(settings.bet, 5);
-    EXPECT_EQ(settings.dollarIn, 100);
-    EXPECT_EQ(settings.creditsEntered, 0);
-    EXPECT_TRUE(settings.sounds && settings.doubleUp && settings.showDollar);
-    EXPECT_EQ(settings.speed, Speed::kNormal);
-}
-
 TEST_F(SettingsTest, ValuesByHandAreMendedSoThatTheMachineCanBePlayed) {
     const auto settings = Loaded(
         "Mode=9\nCoin=-0.25\nCredits=-99999999999\nBet=-3\nSpeed=7\nSounds=7\nDoubleUp=\n"
         "DollarIn=99999999999\n");
     EXPECT_EQ(settings.mode, PlayMode::kCasino);
-    EXPECT_EQ(settings.coin, 1.0);
     EXPECT_EQ(settings.credits, 0);
     EXPECT_EQ(settings.bet, 1);
     EXPECT_EQ(DelaysOf(settings.speed).deal, DelaysOf(Speed::kSlow).deal);
     EXPECT_TRUE(settings.sounds);
     EXPECT_FALSE(settings.doubleUp);
     EXPECT_EQ(settings.dollarIn, 2147483647);
-    for (const char* coin : {"0", "0.001", "1e999", "nan", "x", ""}) {
-        EXPECT_EQ(Coin(coin), 1.0) << coin;
+    const std::pair<const char*, double> coins[] = {
+        {"-0.25", 1}, {"0", 1},       {"0.001", 1}, {"1e999", 1},    {"nan", 1},   {"x", 1},
+        {"", 1},      {"0.05", 0.05}, {"0.1", 0.1}, {" .250", 0.25}, {"0.5 ", 0.5}};
+    for (const auto& [stored, coin] : coins) {
+        EXPECT_EQ(Loaded("Coin=" + std::string(stored) + "\n").coin, coin) << stored;
     }
-    EXPECT_EQ(Coin("0.05"), 0.05);
-    EXPECT_EQ(Coin("0.1"), 0.1) << "another coin would make other money of the credits";
-    EXPECT_EQ(Coin(" .250"), 0.25);
-    EXPECT_EQ(Coin("0.5 "), 0.5);
 }
 
 TEST_F(SettingsTest, TheNameOfTheGameDecides) {

@@ -29,18 +29,9 @@ TEST(StatisticsTest, NumbersStopAtTheEndsOf32Bits) {
     EXPECT_EQ(AddCapped(INT_MIN, 4294967295), INT_MAX);
     EXPECT_EQ(AddCapped(INT_MAX, -4294967295), INT_MIN);
     EXPECT_EQ(AddCapped(40, -37), 3);
-}
-
-TEST(StatisticsTest, BothCopiesCountAndStopEachForItself) {
     Counter hands{3, INT_MAX - 1};
     hands.Add(4);
-    EXPECT_EQ(hands, (Counter{7, INT_MAX}));
-    DollarSum cost{0.25, 10};
-    cost.Add(0.5);
-    EXPECT_EQ(cost, (DollarSum{0.75, 10.5}));
-}
-
-TEST(StatisticsTest, AGameNeverPlayedHasNothingCountedAndTheFirstTenCards) {
+    EXPECT_EQ(hands, (Counter{7, INT_MAX})) << "each for itself";
     const TemporaryFolder folder;
     Statistics fresh;
     fresh.sessionHours = 0.5;  // the clock is not the section's
