@@ -23,9 +23,7 @@ struct ErrorLogReportTest : testing::Test, TestMachine {
 TEST_F(ErrorLogReportTest, AnEntryTellsTheBestPlayThePlayMadeAndItsCost) {
     engine.settings.coin = 0.25;
     EXPECT_EQ(ErrorText(engine, Entry(0b11111, 0)), Stored("entry"));
-}
-
-TEST_F(ErrorLogReportTest, PickEmTellsThePileBesideThePlayersTwoCards) {
+    engine.settings.coin = 1;
     Play("Pick Em Poker", 350);
     EXPECT_EQ(ErrorText(engine, Entry(25, 28)), Stored("entry-pick-em"));
 }

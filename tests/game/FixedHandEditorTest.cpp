@@ -25,9 +25,9 @@ struct FixedHandEditorTest : testing::Test, TestMachine {};
 
 constexpr std::string_view kDealt = "AS KD TC 9H 2S 3S 4S 5S 6S 7S";
 
-TEST_F(FixedHandEditorTest, OpensWithTheHandLastDealtAndItsReplacements) {
+TEST_F(FixedHandEditorTest, OpensWithTheHandLastDealtWhoseCurrentCardIsReplaced) {
     Deal(kDealt);
-    const FixedHandEditor editor(engine);
+    FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H 2S");
     EXPECT_EQ(editor.DrawCard(0), (PlacedCard{3, kSpades}));
     EXPECT_EQ(editor.DrawCard(4), (PlacedCard{7, kSpades}));
@@ -35,11 +35,6 @@ TEST_F(FixedHandEditorTest, OpensWithTheHandLastDealtAndItsReplacements) {
     EXPECT_TRUE(editor.IsFree(kSpades, 3)) << "replacements stay in the grid";
     EXPECT_FALSE(editor.IsFree(kStars, 1)) << "not in this deck";
     EXPECT_EQ(editor.CurrentPlace(), 4);
-}
-
-TEST_F(FixedHandEditorTest, AFullHandHasItsCurrentCardReplaced) {
-    Deal(kDealt);
-    FixedHandEditor editor(engine);
     editor.ClickCard(kHearts, 12);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H QH");
     EXPECT_TRUE(editor.IsFree(kSpades, 2));
@@ -87,9 +82,7 @@ TEST_F(FixedHandEditorTest, JokersAreTakenAndGivenBackFromTheFirst) {
     FixedHandEditor editor(engine);
     editor.Clear();
     EXPECT_EQ(editor.JokerCount(), 2);
-    editor.ClickJoker();
-    editor.ClickJoker();
-    editor.ClickJoker();
+    for (int click = 0; click < 3; ++click) editor.ClickJoker();
     EXPECT_EQ(Placed(editor), "W W __ __ __") << "there is no third one";
     editor.ClickPlace(1);
     EXPECT_TRUE(editor.IsJokerFree(0));
@@ -99,20 +92,6 @@ TEST_F(FixedHandEditorTest, JokersAreTakenAndGivenBackFromTheFirst) {
     editor.Apply();
     const auto& cards = engine.statistics.setCards;
     EXPECT_EQ(cards, (Codes{13, 27, kNoCard, kNoCard, kNoCard})) << "Joker 1 and Joker 2";
-    editor.LastDealt();
-    EXPECT_EQ(Placed(editor), "W W __ __ __");
-}
-
-TEST_F(FixedHandEditorTest, TheFifthAceIsInItsOwnGameOnly) {
-    Play("5 Aces Bonus Poker", 313);
-    FixedHandEditor editor(engine);
-    editor.Clear();
-    ASSERT_TRUE(editor.HasStars());
-    editor.ClickCard(kStars, 2);
-    editor.ClickCard(kStars, 1);
-    EXPECT_EQ(Placed(editor), "A$ __ __ __ __");
-    editor.Apply();
-    EXPECT_EQ(engine.statistics.setCards[0], engine.deck.table.starsSlot);
 }
 
 TEST_F(FixedHandEditorTest, PickEmHasNoThirdPlace) {

@@ -32,9 +32,6 @@ struct GameReportTest : testing::Test {
 
 TEST_F(GameReportTest, ATableIsAnalyzedWhenTheCacheHasItsReturn) {
     EXPECT_TRUE(IsAnalyzed(engine, cache));
-    engine.settings.activeTable = 2;
-    EXPECT_FALSE(IsAnalyzed(engine, cache));
-    engine.settings.activeTable = 3;
     file.WriteString("Triple Coconut(3)", "ER", "", cache.path);
     EXPECT_TRUE(IsAnalyzed(engine, cache)) << "an empty value is a value";
     file.WriteString("Triple Coconut(3)", "ER", "Not Found", cache.path);

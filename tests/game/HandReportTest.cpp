@@ -82,16 +82,6 @@ TEST_F(HandReportTest, DoubleDrawStarsTheLinesThatAreDrawnAgain) {
     EXPECT_EQ(AllReports(), Stored("double-draw"));
 }
 
-TEST_F(HandReportTest, ADealtRoyalStandsFirstWithItsPayForFiveCoinsOnly) {
-    Lend("TS AS KS JS QS");
-    const std::string five = FirstHold(Report(kHands));
-    EXPECT_TRUE(five.starts_with("TAKJQ\t4,000.0000\t1\t1\t0\t0\t")) << five;
-    Bet(4, 0.25);
-    Lend("TS AS KS JS QS");
-    const std::string four = FirstHold(Report(kHands));
-    EXPECT_TRUE(four.starts_with("TAKJQ\t250.0000 \t1\t1\t0\t0\t")) << four;
-}
-
 // A full house without one of its eights is worth the same whichever goes. A stable sort would show
 // the masks 15, 23, 27.
 TEST_F(HandReportTest, EqualReturnsStandAsTheExchangesLeaveThem) {
@@ -116,7 +106,6 @@ TEST_F(HandReportTest, TheHandLentIsTheOneDealtEvenAfterTheDraw) {
     EXPECT_TRUE(TakeFixedHand(spare));
     LendHand(engine, spare);
     EXPECT_EQ(spare.hand, dealt);
-    EXPECT_EQ(spare.settings.bet, 2);
     EXPECT_EQ(spare.settings.coin, 0.05);
     EXPECT_FALSE(spare.fixedHand) << "autoplay would deal it for ever";
 }
@@ -153,15 +142,6 @@ TEST_F(HandReportTest, ADrawCardThatIsPutIntoTheHandIsNoLongerTheKnownOne) {
     EXPECT_TRUE(TakeFixedHand(spare));
     EXPECT_EQ(spare.drawCards[0], spare.statistics.setDraws[1]);
     EXPECT_TRUE(IsAnalyzed(spare));
-}
-
-TEST_F(HandReportTest, PlacesShowTheCardsWhereThePlayerLaysThem) {
-    Play("Pick Em Poker", 350);
-    Lend("7S 8S JH 9C");
-    const auto places = PlacesOf(spare, spare.hand, spare.drawCards[0]);
-    EXPECT_EQ(places, (std::array<PlacedCard, kPlaces>{
-                          {{7, kSpades}, {8, kSpades}, {}, {11, kHearts}, {9, kClubs}}}));
-    EXPECT_EQ(CardAt(spare, 52), PlacedCard());
 }
 
 }  // namespace

@@ -38,24 +38,17 @@ struct LiveAnalysisTest : testing::Test {
     LiveAnalysis analysis{[this](const LiveResult& result) { reports.Add(result); }};
 };
 
-TEST_F(LiveAnalysisTest, TheReturnIsThePublishedOne) {
-    const auto run = analysis.Start(JacksOrBetter());
-    const auto results = reports.Wait();
-    ASSERT_EQ(results.size(), 1U);
-    EXPECT_EQ(results[0].run, run);
-    EXPECT_TRUE(analysis.IsLatest(results[0]));
-    EXPECT_EQ(LiveText(results[0]), "Return 99.5439%  Variance 19.51");
-}
-
 TEST_F(LiveAnalysisTest, OnlyTheLastOfManyTablesIsReported) {
     std::uint64_t last = 0;
     for (int i = 0; i < 20; ++i) {
-        last = analysis.Start(DoubleDoubleBonus());
+        last = analysis.Start(i < 19 ? DoubleDoubleBonus() : JacksOrBetter());
         std::this_thread::sleep_for(2ms);
     }
     const auto results = reports.Wait();
     ASSERT_EQ(results.size(), 1U);
     EXPECT_EQ(results[0].run, last);
+    EXPECT_TRUE(analysis.IsLatest(results[0]));
+    EXPECT_EQ(LiveText(results[0]), "Return 99.5439%  Variance 19.51") << "the published ones";
 }
 
 // The slowest games of all, in the middle of building their tables or of playing their hands.

@@ -40,13 +40,7 @@ class TestMachine {
         Stack(cards, blanks + 1);
     }
     void Stack(std::string_view cards, std::size_t count) {
-        const auto codes = Cards(engine.payTable, cards, count);
-        auto next = engine.deck.order.begin();
-        for (const CardCode code : codes) {
-            const auto end = engine.deck.order.begin() + engine.deck.table.deckSize;
-            std::iter_swap(next, std::find(next, end, code));
-            ++next;
-        }
+        StackDeck(engine.deck, engine.payTable, cards, count);
     }
 
     // What was won.
