@@ -94,6 +94,17 @@ TEST_F(FixedHandEditorTest, JokersAreTakenAndGivenBackFromTheFirst) {
     EXPECT_EQ(cards, (Codes{13, 27, kNoCard, kNoCard, kNoCard})) << "Joker 1 and Joker 2";
 }
 
+TEST_F(FixedHandEditorTest, TheFifthAceIsInItsOwnGameOnly) {
+    Play("5 Aces Bonus Poker", 313);
+    FixedHandEditor editor(engine);
+    editor.Clear();
+    editor.ClickCard(kStars, 2);
+    editor.ClickCard(kStars, 1);
+    EXPECT_EQ(Placed(editor), "A$ __ __ __ __");
+    editor.Apply();
+    EXPECT_EQ(engine.statistics.setCards[0], engine.deck.table.starsSlot);
+}
+
 TEST_F(FixedHandEditorTest, PickEmHasNoThirdPlace) {
     Play("Pick Em Poker", 350);
     Deal(kDealt);
