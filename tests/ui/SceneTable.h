@@ -14,7 +14,6 @@ class SceneTable {
         : machine(game, gameId) {
         display.Attach(table);
         display.Repaint();
-        changes = 0;
     }
 
     // The next hand is dealt of these cards, and drawn to.
@@ -28,13 +27,11 @@ class SceneTable {
         DealDraw(table);
     }
 
-    TableScene AtRest() const { return SceneOf(table, scene.message); }
-
     std::string Words() const { return Describe(scene, engine.payTable, engine.deck.table); }
 
     // What a repaint would show.
     void ExpectAtRest(const std::string& when) const {
-        const TableScene rest = AtRest();
+        const TableScene rest = SceneOf(table, scene.message);
         EXPECT_TRUE(scene == rest) << when << "\n"
                                    << Words() << "\n"
                                    << Describe(rest, engine.payTable, engine.deck.table);
@@ -44,10 +41,8 @@ class SceneTable {
     GameEngine& engine = machine.engine;
     Recorder others{machine.engine};  // the ports that are not the display
     TableScene scene;
-    int changes = 0;                // of the scene
-    std::function<void()> changed;  // may look at each
+    std::function<void()> changed;  // may look at each change of the scene
     SceneDisplay display{scene, [this] {
-                             ++changes;
                              if (changed) changed();
                          }};
     GameTable table{.engine = machine.engine,
