@@ -1,11 +1,7 @@
 // The error log viewer with the keys and clicks of a person.
 #include "ui/dialogs/ErrorLogDialog.h"
 
-#include <QAction>
-#include <QClipboard>
-#include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 
 #include "core/analysis/ErrorLog.h"
@@ -56,7 +52,7 @@ class ErrorLogDialogTest : public testing::Test {
     std::unique_ptr<ErrorLogDialog> dialog;
 };
 
-TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewestAndBack) {
+TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewest) {
     Open(kErrorLogSize);
     EXPECT_FALSE(CanGo("previous"));
     for (int i = 0; i < kErrorLogSize; ++i) {
@@ -65,12 +61,8 @@ TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewestAndBack) {
         ASSERT_EQ(CanGo("next"), i + 1 < kErrorLogSize);
         QTest::mouseClick(&Part<QPushButton>("next"), Qt::LeftButton);
     }
-    EXPECT_EQ(dialog->Index(), kErrorLogSize - 1);
-    for (int i = kErrorLogSize - 1; i > 0; --i) {
-        QTest::mouseClick(&Part<QPushButton>("previous"), Qt::LeftButton);
-        ASSERT_EQ(dialog->Index(), i - 1);
-    }
-    EXPECT_FALSE(CanGo("previous"));
+    QTest::mouseClick(&Part<QPushButton>("previous"), Qt::LeftButton);
+    EXPECT_EQ(dialog->Index(), kErrorLogSize - 2);
 }
 
 TEST_F(ErrorLogDialogTest, KeysTurnThePagesWhereverTheFocusIs) {
@@ -134,34 +126,17 @@ TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
     EXPECT_EQ(Part<QWidget>("knownCard").accessibleName(), "6 of diamonds");
 }
 
-TEST_F(ErrorLogDialogTest, ANameWithAPercentSignIsProposedAsItIs) {
-    Open(1);
-    machine->engine.settings.gameName = "Foo %1";
-    DialogRobot robot{[](QDialog& save) {
-        EXPECT_EQ(save.findChild<QLineEdit*>("fileNameEdit")->text(), "Foo %1 error 1.txt");
-        save.reject();
-    }};
-    Part<ReportBox>("entry").saveAs();
-}
-
-TEST_F(ErrorLogDialogTest, WhatIsShownCanBeCopiedAndSaved) {
+TEST_F(ErrorLogDialogTest, WhatIsShownCanBeSaved) {
     Open(2);
     Type(Qt::Key_End);
-    auto& entry = Part<ReportBox>("entry");
-    entry.setFocus();
-    QTest::keyClick(&entry, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&entry, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), entry.toPlainText());
-
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, entry.mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&entry, &event);
+    machine->engine.settings.gameName = "Foo %1";
     DialogRobot robot{[&](QDialog& save) {
         auto* name = save.findChild<QLineEdit*>("fileNameEdit");
-        EXPECT_EQ(name->text(), "Jacks or Better error 2.txt");
+        EXPECT_EQ(name->text(), "Foo %1 error 2.txt");
         name->setText(QString::fromStdString(machine->folder.Path("error.txt")));
         QTest::keyClick(name, Qt::Key_Return);
     }};
-    entry.findChild<QAction*>("saveAsText")->trigger();
+    Part<ReportBox>("entry").saveAs();
     const std::string saved = machine->folder.Read("error.txt");
     EXPECT_TRUE(saved.starts_with("Error 2\nBest Play\t22345\nYour Play\t_____\n\n")) << saved;
     EXPECT_NE(saved.find("\n\nGame Summary\nHands Played\t200\n"), std::string::npos) << saved;

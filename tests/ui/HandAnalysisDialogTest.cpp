@@ -1,11 +1,8 @@
 // The hand analysis with the keys and clicks of a person.
 #include "ui/dialogs/HandAnalysisDialog.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -70,9 +67,6 @@ TEST_F(HandAnalysisDialogTest, TheHandInPlayIsShownAndLeftAlone) {
 TEST_F(HandAnalysisDialogTest, TheRadiosChangeWhatIsCounted) {
     OpenJacks();
     EXPECT_TRUE(Part<QRadioButton>("displayHands").isChecked());
-    Click("displayOdds");
-    EXPECT_EQ(Part<ReportBox>("report").toPlainText(),
-              QString::fromStdString(HandReport(spare, HandDisplay::kOdds)).remove('\r').trimmed());
     QTest::keyClick(dialog.get(), Qt::Key_E, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Line(2).contains("\t100.00\t0\t"); }));
     Click("displayHands");
@@ -90,61 +84,42 @@ TEST_F(HandAnalysisDialogTest, AnotherHandIsChosenInTheEditor) {
     EXPECT_TRUE(dialog->isVisible());
 }
 
-TEST_F(HandAnalysisDialogTest, ACancelledEditorClosesTheAnalysis) {
-    OpenJacks();
-    DialogRobot robot{Press(Qt::Key_Escape)};
-    Click("placeSuit2");  // a picture opens the editor, too
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(dialog->result(), QDialog::Accepted);
-}
-
 TEST_F(HandAnalysisDialogTest, AMissingCardIsAskedForUntilItIsThere) {
     OpenJacks();
     QString caption;
     QString text;
-    const auto readAndAgree = [&](QDialog& dialog) {
-        auto* box = qobject_cast<QMessageBox*>(&dialog);
-        ASSERT_NE(box, nullptr);
-        caption = box->windowTitle();
-        text = box->text();
-        EXPECT_EQ(box->icon(), QMessageBox::Critical);
-        QTest::keyClick(box, Qt::Key_Return);
-    };
-    const QString before = Line(2);
     {
-        DialogRobot robot{ClickOn("placeRank4"), Press(Qt::Key_Return), readAndAgree,
-                          ClickOn("card4-2"), Press(Qt::Key_Return)};
+        DialogRobot robot{ClickOn("placeRank4"),
+                          Press(Qt::Key_Return),
+                          [&](QDialog& box) {
+                              caption = box.windowTitle();
+                              text = qobject_cast<QMessageBox*>(&box)->text();
+                          },
+                          Choose(QMessageBox::Ok),
+                          ClickOn("card4-2"),
+                          Press(Qt::Key_Return)};
         Click("changeHand");
     }
     EXPECT_EQ(caption, "Missing Card");
     EXPECT_EQ(text, "You must assign a card to each hand position to perform a hand analysis");
     EXPECT_EQ(NameOfPlace(4), "place 5, 2 of diamonds");
-    EXPECT_NE(Line(2), before);
     {
         DialogRobot robot{ClickOn("clear"), Press(Qt::Key_Return), Press(Qt::Key_Escape)};
-        Click("changeHand");
+        Click("placeSuit2");  // a picture opens the editor, too
     }
-    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_FALSE(dialog->isVisible()) << "a cancelled editor closes the analysis";
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
 }
 
-TEST_F(HandAnalysisDialogTest, TheReportCanBeSelectedCopiedAndSaved) {
+TEST_F(HandAnalysisDialogTest, TheReportCanBeSaved) {
     OpenJacks();
-    auto& report = Part<ReportBox>("report");
-    EXPECT_TRUE(report.isReadOnly());
-    report.setFocus();
-    QTest::keyClick(&report, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&report, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), report.toPlainText());
-
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, report.mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&report, &event);
     DialogRobot robot{[&](QDialog& save) {
         auto* name = save.findChild<QLineEdit*>("fileNameEdit");
         EXPECT_EQ(name->text(), "Jacks or Better hand.txt");
         name->setText(QString::fromStdString(machine->folder.Path("hand.txt")));
         QTest::keyClick(name, Qt::Key_Return);
     }};
-    report.findChild<QAction*>("saveAsText")->trigger();
+    Part<ReportBox>("report").saveAs();
     const std::string saved = machine->folder.Read("hand.txt");
     EXPECT_TRUE(saved.starts_with("Hand\tExp Ret ($)\tHands\tWinners\tLosers\tPR\t2PR\t")) << saved;
     EXPECT_EQ(std::ranges::count(saved, '\n'), 34);
@@ -159,8 +134,7 @@ TEST_F(HandAnalysisDialogTest, TheChartShowsTheBestHoldFirstAndNamesIt) {
     const HoldChart::Hold& best = chart.Holds().front();
     EXPECT_EQ(best.cards.join(" "), QString::fromUtf8("A♠ K♠ Q♠ J♠ –"));
     EXPECT_TRUE(best.best);
-    EXPECT_TRUE(std::ranges::none_of(chart.Holds().begin() + 1, chart.Holds().end(),
-                                     [](const HoldChart::Hold& hold) { return hold.best; }));
+    EXPECT_EQ(std::ranges::count(chart.Holds(), true, &HoldChart::Hold::best), 1);
     EXPECT_TRUE(chart.accessibleDescription().startsWith(best.note));
 
     const QPoint row = chart.RowRect(0).center();
@@ -174,43 +148,14 @@ TEST_F(HandAnalysisDialogTest, TheChartShowsTheBestHoldFirstAndNamesIt) {
     EXPECT_TRUE(QToolTip::text().endsWith("\n47 draws, 23 of them win"));
 }
 
-TEST_F(HandAnalysisDialogTest, TheChartIsLegibleInADarkTheme) {
-    OpenJacks();
-    QPalette dark(QColor(45, 45, 45), QColor(45, 45, 45));
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    dark.setColor(QPalette::Text, Qt::white);
-    auto& chart = Part<HoldChart>("chart");
-    chart.setPalette(dark);
-    chart.resize(chart.sizeHint());
-    const QImage image = chart.grab().toImage();
-    const auto lightness = [&](QPoint at) {
-        return image.pixelColor(at * image.devicePixelRatio()).lightness();
-    };
-    const auto lightest = [&](const QRect& area) {
-        int most = 0;
-        for (int x = area.left(); x < area.right(); ++x) {
-            for (int y = area.top(); y < area.bottom(); ++y)
-                most = std::max(most, lightness({x, y}));
-        }
-        return most;
-    };
-    const QRect row = chart.RowRect(1);
-    EXPECT_EQ(lightness({1, 1}), 30);
-    EXPECT_GT(lightest({row.left(), row.top(), row.width() / 5, row.height()}), 180);
-}
-
-TEST_F(HandAnalysisDialogTest, PickEmShowsTwoHoldsAndAnEmptyPlace) {
+TEST_F(HandAnalysisDialogTest, PickEmShowsTwoHoldsAndAnEmptyPlaceAndSneakPeakTheSixthCard) {
     Open("Pick Em Poker", 350, "7S 8S JH 2D 3D 9S");
     EXPECT_EQ(NameOfPlace(2), "place 3, no card");
-    EXPECT_EQ(NameOfPlace(3), "place 4, jack of hearts");
     EXPECT_EQ(NameOfPlace(4), "place 5, 9 of spades");
     EXPECT_EQ(Part<PictureButton>("placeRank2").Shown(), Picture::kEmptyPicture);
     EXPECT_EQ(Part<HoldChart>("chart").Holds().size(), 2U);
     EXPECT_EQ(Part<HoldChart>("chart").Holds().front().cards.join(" "),
               QString::fromUtf8("7♠ 8♠ – – 9♠"));
-}
-
-TEST_F(HandAnalysisDialogTest, SneakPeakShowsTheSixthCard) {
     Open("Sneak Peak Poker", 351, "AS AH KD 7C 2S 7D");
     EXPECT_EQ(Part<QWidget>("knownCard").accessibleName(), "7 of diamonds");
     EXPECT_TRUE(Line(2).startsWith("AAD7_\t")) << Line(2).toStdString();
@@ -226,11 +171,9 @@ TEST_F(HandAnalysisDialogTest, TheTabKeyReachesEveryPart) {
         names.append(focus->objectName());
         QTest::keyClick(focus, Qt::Key_Tab);
     }
-    for (const char* name : {"report", "displayHands", "placeRank0", "placeRank4", "changeHand"}) {
-        EXPECT_TRUE(names.contains(name)) << name << " not in " << names.join(" ").toStdString();
-    }
-    EXPECT_LT(names.indexOf("report"), names.indexOf("displayHands"));
-    EXPECT_LT(names.indexOf("placeRank4"), names.indexOf("changeHand"));
+    names = names.filter(QRegularExpression("report|displayHands|placeRank[04]|changeHand"));
+    EXPECT_EQ(names.join(" ").toStdString(),
+              "placeRank0 placeRank4 report displayHands changeHand");
 }
 
 }  // namespace

@@ -67,11 +67,8 @@ TEST(PicturesTest, EveryPictureIsADrawingThatCoversAGoodPartOfItsPlace) {
         EXPECT_GT(OpaquePixels(image), size.width() * size.height() / 5);
     }
     EXPECT_TRUE(warnings.isEmpty()) << warnings.join('\n').toStdString();
-}
-
-TEST(PicturesTest, NoDrawingIsCarriedThatNobodyCanAskFor) {
-    LoadArt();
-    EXPECT_EQ(QDir(":/art").entryList(QDir::Files).size(), static_cast<int>(AllPictures().size()));
+    EXPECT_EQ(QDir(":/art").entryList(QDir::Files).size(), static_cast<int>(AllPictures().size()))
+        << "a drawing that nobody can ask for";
 }
 
 TEST(PicturesTest, CardsShowTheTableThroughTheirRoundCornersAndTheFeltHasNoHoles) {
@@ -124,9 +121,9 @@ TEST(PictureStoreTest, TheProgramsIconIsDrawnOnceForAllWindows) {
 
 TEST(PictureStoreTest, OddWishesGetAnEmptyOrAMarkedPixmapAndMemoryStaysBounded) {
     PictureStore store;
-    EXPECT_TRUE(store.Get(Picture::kFelt, QSize(0, 20), 1).isNull());
-    EXPECT_TRUE(store.Get(Picture::kFelt, QSize(-5, 20), 1).isNull());
-    EXPECT_TRUE(store.Get(Picture::kFelt, QSize(5000, 20), 1).isNull());
+    for (const int width : {0, -5, 5000}) {
+        EXPECT_TRUE(store.Get(Picture::kFelt, QSize(width, 20), 1).isNull());
+    }
     EXPECT_EQ(store.Get(Picture::kFelt, QSize(20, 20), std::nan("")).devicePixelRatio(), 1);
     const auto missing = static_cast<Picture>(7);
     EXPECT_EQ(OpaquePixels(store.Get(missing, QSize(20, 20), 1).toImage()), 400);
