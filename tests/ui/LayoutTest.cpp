@@ -173,15 +173,20 @@ TEST(LayoutTest, EveryPlaceOfALargeWindowIsWhereTheFiguresPutIt) {
     EXPECT_EQ(t.maxBet, QRect(895, 398, 80, 50));
     EXPECT_EQ(t.deal, QRect(895, 568, 80, 50));
     EXPECT_EQ(t.coin, QRect(895, 5, 80, 40));
+    EXPECT_EQ(t.holdButtons[0], QRect(57, 568, 80, 50));
+    EXPECT_EQ(t.dealerLabel.rect, QRect(61, 314, 72, 24));
     EXPECT_EQ(t.doubleUpToLabel.rect, QRect(371, 292, 144, 24));
     EXPECT_EQ(t.creditsWonValue.rect, QRect(520, 263, 72, 24));
     EXPECT_EQ(t.sneakPeakCard.x(), t.cards[4].x());
     EXPECT_EQ(t.charlie, QRect(493, 5, 100, 100));
     EXPECT_EQ(t.targets[4], QRect(708, 172, 50, 50));
+    EXPECT_EQ(t.choiceMark, QRect(815, 172, 80, 50));
     EXPECT_EQ(t.redBlackLabel.rect, QRect(725, 143, 156, 24));
     EXPECT_EQ(t.spinValue, QRect(725, 172, 80, 50));
+    EXPECT_EQ(t.betLabel.rect, QRect(17, 628, 36, 26));
     EXPECT_EQ(t.betValue.rect, QRect(58, 628, 82, 26));
     EXPECT_EQ(t.message.rect, QRect(307, 628, 288, 26));
+    EXPECT_EQ(t.creditLabel.rect, QRect(706, 628, 84, 26));
     EXPECT_EQ(t.creditValue.rect, QRect(795, 628, 180, 26));
 }
 

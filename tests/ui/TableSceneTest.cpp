@@ -4,6 +4,7 @@
 
 #include "game/DoubleUp.h"
 #include "game/HandFlow.h"
+#include "game/PickEmFlow.h"
 #include "tests/ui/SceneTable.h"
 
 TEST(TableSceneTest, AHandPlayedStepByStepShowsWhatARepaintShows) {
@@ -110,6 +111,9 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     EXPECT_NE(piles.Words().find("2 King of Diamonds; 3 no card; left pile 9 of Diamonds; right "
                                  "pile King of Spades, PLAY."),
               std::string::npos);
+    piles.ExpectAtRest("dealt");
+    ChoosePile(piles.table, Pile::kRight);
+    piles.ExpectAtRest("played");
     DecideDuel(t.engine.deck, 1);
     StartDoubleUp(t.table);
     EXPECT_EQ(t.Words(),
