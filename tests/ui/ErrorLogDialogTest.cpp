@@ -92,6 +92,8 @@ TEST_F(ErrorLogDialogTest, AKeyHeldDownAtTheEndDoesNotCloseTheDialog) {
     Type(Qt::Key_Space);
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(dialog->Index(), 1);
+    Type(Qt::Key_Space);
+    EXPECT_EQ(dialog->Index(), 0);
 }
 
 TEST_F(ErrorLogDialogTest, ALogOfOneErrorHasNowhereToGo) {

@@ -182,6 +182,7 @@ TEST(LayoutTest, EveryPlaceOfALargeWindowIsWhereTheFiguresPutIt) {
     EXPECT_EQ(t.targets[4], QRect(708, 172, 50, 50));
     EXPECT_EQ(t.choiceMark, QRect(815, 172, 80, 50));
     EXPECT_EQ(t.redBlackLabel.rect, QRect(725, 143, 156, 24));
+    EXPECT_EQ(t.questionMark.rect, QRect(759, 186, 11, 22));
     EXPECT_EQ(t.spinValue, QRect(725, 172, 80, 50));
     EXPECT_EQ(t.betLabel.rect, QRect(17, 628, 36, 26));
     EXPECT_EQ(t.betValue.rect, QRect(58, 628, 82, 26));

@@ -116,6 +116,8 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     piles.ExpectAtRest("played");
     DecideDuel(t.engine.deck, 1);
     StartDoubleUp(t.table);
+    EXPECT_EQ(t.scene.Button(TableButton::kDeal), ButtonLook::kHidden);
+    EXPECT_EQ(t.scene.places[0].holdButton, ButtonLook::kHidden);
     EXPECT_EQ(t.Words(),
               "Credits won 5. Double up to 10. Dealer " +
                   t.engine.deck.table.cards[static_cast<std::size_t>(t.engine.hand[4])].name +

@@ -35,6 +35,9 @@ TEST(CardTableTest, EveryJokerAndTheFifthAceHaveTheirPlacesBetweenTheSuits) {
     const std::pair<DeckDescription, Names> decks[] = {
         {{}, {{0, "Ace of Spades"}, {22, "10 of Hearts"}, {51, "King of Diamonds"}}},
         {Jokers(1), {{12, "King of Spades"}, {13, "Joker 1"}, {14, "Ace of Hearts"}}},
+        {Jokers(2), {{27, "Joker 2"}}},
+        {Jokers(3), {{41, "Joker 3"}}},
+        {Jokers(4), {{0, "Joker 4"}}},
         {Jokers(5),
          {{0, "Joker 4"}, {14, "Joker 1"}, {28, "Joker 2"}, {42, "Joker 3"}, {56, "Joker 5"}}},
         {fifthAce, {{25, "King of Hearts"}, {26, "Ace of Stars"}, {27, "Ace of Clubs"}}}};

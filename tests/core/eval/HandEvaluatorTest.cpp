@@ -133,7 +133,7 @@ TEST(HandEvaluatorTest, ATwentyOneIsACharlie) {
 TEST(HandEvaluatorTest, ClassifyingLeavesFeaturesAndWildFlagsAsTheyWere) {
     const PayTable table = DeucesDeluxe();
     EvaluatedHand evaluated;
-    evaluated.hand = DealtHand(table, "2S 2H 9C 8D KS");
+    evaluated.hand = DealtHand(table, "2H 3H 4H 5H 6H");  // ends at a natural line
     ComputeFeatures(evaluated, table);
     SaveFeatures(evaluated);
     const EvaluatedHand before = evaluated;
