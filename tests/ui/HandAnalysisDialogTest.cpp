@@ -67,6 +67,9 @@ TEST_F(HandAnalysisDialogTest, TheHandInPlayIsShownAndLeftAlone) {
 TEST_F(HandAnalysisDialogTest, TheRadiosChangeWhatIsCounted) {
     OpenJacks();
     EXPECT_TRUE(Part<QRadioButton>("displayHands").isChecked());
+    Click("displayOdds");
+    EXPECT_EQ(Part<ReportBox>("report").toPlainText(),
+              QString::fromStdString(HandReport(spare, HandDisplay::kOdds)).remove('\r').trimmed());
     QTest::keyClick(dialog.get(), Qt::Key_E, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Line(2).contains("\t100.00\t0\t"); }));
     Click("displayHands");

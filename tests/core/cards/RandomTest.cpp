@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <string>
 #include <vector>
@@ -56,11 +57,11 @@ TEST(RandomTest, TheOtherGeneratorFollowsItsDefinition) {
     for (const std::uint32_t seed : {0U, 1U, 99U, 1790000001U}) {
         std::vector<std::uint32_t> past;  // newest last
         std::uint32_t s = seed;
-        std::vector<std::uint32_t> words;
-        for (int i = 0; i < 17; ++i) words.push_back(s = s * 2891336453U + 1);
+        std::array<std::uint32_t, 17> words{};
+        for (std::uint32_t& word : words) word = s = s * 2891336453U + 1;
         // x[n] = rotl(x[n-17], 9) + rotl(x[n-10], 13); the buffer is read downwards from its start.
         past.push_back(words[0]);
-        for (int i = 16; i > 0; --i) past.push_back(words[static_cast<std::size_t>(i)]);
+        for (int i = 16; i > 0; --i) past.push_back(words.at(static_cast<std::size_t>(i)));
         RanrotB ranrot;
         ranrot.Init(seed);
         for (int i = 0; i < 500; ++i) {
