@@ -30,6 +30,12 @@ QString CaptionOf(const MenuEntry& entry) {
     return QObject::tr(entry.caption);
 }
 
+// An entry that can be checked and is not would show an empty box.
+void ShowChecked(QAction& action, bool checked) {
+    action.setCheckable(checked);
+    action.setChecked(checked);
+}
+
 }  // namespace
 
 CMainFrame::CMainFrame() {
@@ -125,8 +131,7 @@ void CMainFrame::ListUserGames() {
          UserGames(document->table.files.file, document->table.files.mainPath)) {
         if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
         QAction* action = AddAction(*userGames, game.id, MenuText(game.name));
-        action->setCheckable(true);
-        action->setChecked(IsChecked(game.id, engine));
+        ShowChecked(*action, IsChecked(game.id, engine));
         action->setEnabled(IsEnabled(Grey::kDuringHand, engine));
     }
     userGames->setEnabled(!userGames->isEmpty());
@@ -136,9 +141,7 @@ void CMainFrame::UpdateActions() {
     const GameEngine& engine = document->table.engine;
     for (QAction* action : commands) {
         const int id = action->data().toInt();
-        const bool checked = IsChecked(id, engine);
-        action->setCheckable(checked);
-        action->setChecked(checked);
+        ShowChecked(*action, IsChecked(id, engine));
         action->setEnabled(IsEnabled(GreyOf(id), engine));
     }
 }

@@ -13,6 +13,7 @@
 #include "game/SpareEngine.h"
 #include "game/StartAndStop.h"
 #include "game/TableCommands.h"
+#include "game/WinDisplay.h"
 #include "ui/dialogs/AboutDialog.h"
 #include "ui/dialogs/CombinationsDialog.h"
 #include "ui/dialogs/ErrorLogDialog.h"
@@ -20,11 +21,22 @@
 #include "ui/dialogs/HelpWindow.h"
 #include "ui/table/Commands.h"
 
+namespace {
+
+constexpr int kResetShown = 1500;  // milliseconds, during a hand
+
+}  // namespace
+
 CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile& file,
                        DataFilePaths dataPaths, QWidget& parent, PictureStore& store, Clock& clock,
                        Sounds& sounds)
     : files{file, dataPaths.mainProfile, dataPaths.defaultGame},
-      display(scene, [this] { emit SceneChanged(); }),
+      display(scene,
+              [this] {
+                  const bool inHand = scene.message == kResetMessage && !table.engine.handOver;
+                  if (inHand && !resetRead.isActive()) resetRead.start();
+                  emit SceneChanged();
+              }),
       player(parent, store, clock),
       reports(parent),
       manager(parent),
@@ -40,6 +52,9 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
       window(parent),
       pictures(store) {
     display.Attach(table);
+    resetRead.setSingleShot(true);
+    resetRead.setInterval(kResetShown);
+    connect(&resetRead, &QTimer::timeout, this, &CMorvikDoc::AskForHoldsAgain);
     actions.settled = [this] { emit Settled(); };
     player.showAnalysis = [this](QWidget& over) { AnalyzeHand(over); };
     player.beep = [this] { table.sounds.Sound(Beep::kExclamation); };
@@ -109,6 +124,11 @@ void CMorvikDoc::ChooseGame(int id) {
     } else {
         ::ChooseGame(table, id);
     }
+}
+
+// Between hands the message of a reset stays, as others do; in a hand the meter is needed.
+void CMorvikDoc::AskForHoldsAgain() {
+    if (scene.message == kResetMessage && !table.engine.handOver) ShowMeters(table);
 }
 
 void CMorvikDoc::AnalyzeHand(QWidget& over) {

@@ -3,6 +3,7 @@
 #pragma once
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 
 #include "core/analysis/LineTableCache.h"
@@ -76,6 +77,7 @@ class CMorvikDoc : public QObject {
     bool DispatchCoin(int command);
     void DispatchDialog(int command);
     void ChooseGame(int id);
+    void AskForHoldsAgain();
     void AnalyzeHand(QWidget& over);
     void ViewErrorLog();
 
@@ -83,5 +85,6 @@ class CMorvikDoc : public QObject {
     GameEngine& spare;
     QWidget& window;
     PictureStore& pictures;
+    QTimer resetRead;            // the player has seen that the statistics are reset
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };

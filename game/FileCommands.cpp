@@ -151,7 +151,7 @@ void TellIfNotLocked(GameTable& table) {
 void NewGameFile(GameTable& table) {
     GameEngine& engine = table.engine;
     SaveGame(table, false);
-    const auto path = table.player.ChoosesFileToSave(ProposedPath(table));
+    const auto path = table.player.ChoosesNewGameFile(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
     if (!IsInUse(table, *path) && !IsSavedToLeave(table)) return;
     auto lock = TakeLock(table, *path);

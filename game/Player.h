@@ -39,9 +39,11 @@ class Player {
     // changed.
     virtual bool AssignsFixedHand(GameEngine& engine) = 0;
 
-    // Full paths; nothing when cancelled. A file to be saved may exist: its loss is agreed to.
+    // Full paths; nothing when cancelled. A file to be saved, or to begin a new game in, may exist:
+    // its loss is agreed to.
     virtual std::optional<std::string> ChoosesFileToOpen(const std::string& folder) = 0;
     virtual std::optional<std::string> ChoosesFileToSave(const std::string& proposed) = 0;
+    virtual std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) = 0;
 
     virtual std::unique_ptr<Progress> SeesProgress(const std::string& text) = 0;
     virtual void ReadsStatistics(const GameEngine& engine) = 0;

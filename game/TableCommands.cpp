@@ -117,6 +117,7 @@ void ResetStatisticsOnly(GameTable& table) {
     ResetStatistics(table.files.file, table.files.gamePath,
                     {engine.settings, engine.statistics, engine.payTable}, table.clock.Now());
     engine.creditHistory.Begin(engine.settings.credits);
+    table.display.ShowMessage(kResetMessage);
     SaveGame(table, true);
 }
 

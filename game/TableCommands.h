@@ -24,7 +24,8 @@ void ToggleFixedHand(GameTable& table);
 void BetOneCommand(GameTable& table);
 void BetMaxCommand(GameTable& table);
 
-// The first clears the error log as well.
+// Both say in the message meter what was done. The first clears the error log as well.
+inline constexpr auto kResetMessage = "STATISTICS RESET";
 void ResetStatisticsCommand(GameTable& table);
 void ResetStatisticsOnly(GameTable& table);
 void ClearErrorLogCommand(GameTable& table);

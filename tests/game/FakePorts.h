@@ -128,6 +128,10 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
         Add("ask file to save ", proposed);
         return NextUnlessCancelled();
     }
+    std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) override {
+        Add("ask new game file ", proposed);
+        return NextUnlessCancelled();
+    }
     std::unique_ptr<Progress> SeesProgress(const std::string& text) override {
         Add("progress ", text);
         return std::make_unique<Steps>(*this);

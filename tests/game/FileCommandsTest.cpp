@@ -92,7 +92,7 @@ TEST_F(FileCommandsTest, ANewGameStartsFromNothingAndTheOldOneKeepsAll) {
     answers = {Path("link.qdx")};
     NewGameFile(table);
     EXPECT_TRUE(fs::is_symlink(Path("link.qdx"))) << "the file behind it is the new game";
-    EXPECT_EQ(log.front(), "ask file to save " + Path("Deuces Wild.qdx"));
+    EXPECT_EQ(log.front(), "ask new game file " + Path("Deuces Wild.qdx"));
     EXPECT_EQ(log.back(), "repaint");
     const MachineSettings& settings = engine.settings;
     EXPECT_EQ(settings.mode, PlayMode::kWarning);

@@ -158,7 +158,7 @@ TEST_F(TableCommandsTest, TheLogIsClearedWithItsCounts) {
     EXPECT_EQ(statistics.playErrors, Counter{});
     EXPECT_EQ(statistics.handsPlayed.total, 7);
     EXPECT_EQ(engine.replayIndex, 0);
-    EXPECT_EQ(TakeLog(), "");
+    EXPECT_EQ(TakeLog(), "message STATISTICS RESET\n");
 }
 
 TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {

@@ -149,17 +149,21 @@ TEST_F(MenuTest, AGameChangeBringsItsPayTableTitleAndSavesTheSwitch) {
 }
 
 TEST_F(MenuTest, ThePlayersOwnGamesAreListedAnewAtEachOpening) {
-    for (const auto& [slot, game] :
-         {std::pair("3", "9003,Practice & More"),
-          std::pair("4", "405,Clear Error Log")}) {  // no number of such a game
-        ProfileFile().WriteString("User Games", slot, game, folder.Path("Tolvane.ini"));
+    {
+        ProfileFile file;
+        const std::string main = folder.Path("Tolvane.ini");
+        file.WriteString("User Games", "3", "9003,Practice & More", main);
+        file.WriteString("User Games", "4", "405,Clear Error Log", main);  // no number of a game
+        file.SetSectionText("User Game 2(0)", *file.GetSectionText("Deuces Wild(0)", main), main);
     }
     TestProgram& p = Start();
     const auto listed = [&] {
         emit MenuOf(p, "gamesMenu")->aboutToShow();
         std::string text;
-        for (const QAction* action : MenuOf(p, "userGamesMenu")->actions())
-            text += EntryText(*action);
+        for (const QAction* action : MenuOf(p, "userGamesMenu")->actions()) {
+            EXPECT_EQ(action->isCheckable(), action->isChecked()) << "no empty boxes";
+            text += (action->isChecked() ? "*" : "") + EntryText(*action);
+        }
         return text;
     };
     const std::string first = listed();
@@ -169,20 +173,10 @@ TEST_F(MenuTest, ThePlayersOwnGamesAreListedAnewAtEachOpening) {
     EXPECT_EQ(listed(), first);
     p.file.WriteString("User Games", "1", "9001,Renamed", p.paths.mainProfile);
     EXPECT_NE(listed().find(" 9001 Renamed\n"), std::string::npos);
-}
-
-TEST_F(MenuTest, AGameOfThePlayersOwnIsPlayedOnceItHasAPayTable) {
-    {
-        ProfileFile file;
-        const std::string path = folder.Path("Tolvane.ini");
-        file.SetSectionText("User Game 2(0)", *file.GetSectionText("Deuces Wild(0)", path), path);
-    }
-    TestProgram& p = Start();
     p.Choose(9002);
     EXPECT_EQ(p.Title(), "User Game 2 - Tolvane");
     EXPECT_EQ(p.engine.payTable.lines.size(), 10U);
-    const auto checked = Checked();
-    EXPECT_NE(std::ranges::find(checked, 9002), checked.end());
+    EXPECT_NE(listed().find("* 9002 User Game 2\n"), std::string::npos);
 }
 
 TEST_F(MenuTest, AMenuIsOpenedAndAnEntryChosenByKeys) {
@@ -259,6 +253,22 @@ TEST_F(MenuTest, ResettingFromTheMenuClearsTheErrorLogToo) {
     EXPECT_EQ(Stored("NextError", "Jacks or Better(0)"), "0");
     EXPECT_EQ(Stored("Error0", "Jacks or Better(0)"), "");
     EXPECT_EQ(p.engine.statistics.handsPlayed.total, 0);
+    EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
+}
+
+TEST_F(MenuTest, AResetIsToldUntilSomethingElseIsButInAHandForAMomentOnly) {
+    TestProgram& p = Start();
+    p.Key(Qt::Key_0);
+    p.Key(Qt::Key_C);
+    p.document->display.Repaint();
+    EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.Scene().message, "HOLD/DRAW");
+    p.Key(Qt::Key_0);
+    p.document->display.Repaint();
+    EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return p.Scene().message == "HOLD/DRAW"; }, 3000));
+    EXPECT_FALSE(p.engine.handOver);
 }
 
 TEST_F(MenuTest, AutoplayPlaysAsManyHandsAsAreEntered) {

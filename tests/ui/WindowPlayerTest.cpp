@@ -33,12 +33,21 @@ class WindowPlayerTest : public testing::Test {
     }
 
     // In a file dialog.
-    DialogRobot::Step TypeFile(const std::string& path) {
-        return [path](QDialog& dialog) {
+    static DialogRobot::Step TypeFile(const char* caption, const std::string& path) {
+        return [=](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), caption);
             auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
             ASSERT_NE(name, nullptr) << dialog.objectName().toStdString();
             name->setText(QString::fromStdString(path));
             QTest::keyClick(name, Qt::Key_Return);
+        };
+    }
+    static DialogRobot::Step AnswerReplace(const char* caption,
+                                           QMessageBox::StandardButton button) {
+        return [=](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), caption);
+            EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).defaultButton()->text(), "&No");
+            Choose(button)(dialog);
         };
     }
 
@@ -115,31 +124,34 @@ TEST_F(WindowPlayerTest, NumbersAreEnteredOrCancelled) {
 TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
     const TemporaryFolder folder;
     const std::string taken = folder.Write("taken.qdx", "[main]\n");
-    DialogRobot robot{TypeFile(folder.Path("new")),   TypeFile(folder.Path("taken")),
-                      Press(Qt::Key_Return),  // no, not that one
-                      TypeFile(folder.Path("taken")), Choose(QMessageBox::Yes),
-                      Press(Qt::Key_Escape)};
-    EXPECT_EQ(player.ChoosesFileToSave(folder.Path("proposed.qdx")), folder.Path("new.qdx"));
-    EXPECT_EQ(player.ChoosesFileToSave(folder.Path("proposed.qdx")), taken);
-    EXPECT_EQ(player.ChoosesFileToSave(folder.Path("proposed.qdx")), std::nullopt);
-}
-
-TEST_F(WindowPlayerTest, OnlyAFileThatIsThereIsOpened) {
-    const TemporaryFolder folder;
-    const std::string there = folder.Write("there.qdx", "[main]\n");
-    DialogRobot robot{TypeFile(folder.Path("missing.qdx")), Press(Qt::Key_Return), TypeFile(there)};
-    EXPECT_EQ(player.ChoosesFileToOpen(folder.Path()), there);
+    const std::string proposed = folder.Path("proposed.qdx");
+    {
+        DialogRobot robot{TypeFile("Save As", folder.Path("new")),
+                          TypeFile("New Game File", folder.Path("taken")),
+                          AnswerReplace("New Game File", QMessageBox::No),
+                          TypeFile("New Game File", folder.Path("taken")),
+                          AnswerReplace("New Game File", QMessageBox::Yes),
+                          TypeFile("Save As", folder.Path("taken")),
+                          AnswerReplace("Save As", QMessageBox::No),
+                          Press(Qt::Key_Escape)};
+        EXPECT_EQ(player.ChoosesFileToSave(proposed), folder.Path("new.qdx"));
+        EXPECT_EQ(player.ChoosesNewGameFile(proposed), taken);
+        EXPECT_EQ(player.ChoosesFileToSave(proposed), std::nullopt);
+    }
+    DialogRobot robot{TypeFile("Open", folder.Path("missing.qdx")), Press(Qt::Key_Return),
+                      TypeFile("Open", taken)};
+    EXPECT_EQ(player.ChoosesFileToOpen(folder.Path()), taken) << "only a file that is there";
 }
 
 TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpen) {
-    DialogRobot robot{Type("0"), Press(Qt::Key_Return), RefuseAll()};
-    EXPECT_EQ(player.EntersDollars(100), std::nullopt) << "with a message over it";
-}
-
-TEST_F(WindowPlayerTest, AWindowThatClosesReplacesNoFile) {
     const TemporaryFolder folder;
     folder.Write("taken.qdx", "[main]\n");
-    DialogRobot robot{TypeFile(folder.Path("taken")), RefuseAll()};
+    {
+        DialogRobot robot{Type("0"), Press(Qt::Key_Return), RefuseAll()};
+        EXPECT_EQ(player.EntersDollars(100), std::nullopt) << "with a message over it";
+    }
+    player.AnswerAgain();
+    DialogRobot robot{TypeFile("Save As", folder.Path("taken")), RefuseAll()};
     EXPECT_EQ(player.ChoosesFileToSave(folder.Path("proposed.qdx")), std::nullopt);
 }
 
@@ -160,29 +172,26 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     EXPECT_FALSE(player.AssignsFixedHand(machine.engine));
     EXPECT_EQ(player.ChoosesFileToOpen("/tmp"), std::nullopt);
     EXPECT_EQ(player.ChoosesFileToSave("/tmp/a.qdx"), std::nullopt);
+    EXPECT_EQ(player.ChoosesNewGameFile("/tmp/a.qdx"), std::nullopt);
     player.ReadsStatistics(machine.engine);
 }
 
-TEST_F(WindowPlayerTest, AFixedHandAndStatisticsAreShown) {
+TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
     TestMachine machine;
+    int beeps = 0;
+    int analyses = 0;
+    player.beep = [&] { ++beeps; };
+    player.showAnalysis = [&](QWidget& /*over*/) { ++analyses; };
     QString shown;
     const auto note = [&](QDialog& dialog) {
         shown += dialog.windowTitle() + ';';
         QTest::keyClick(&dialog, Qt::Key_Return);
     };
-    DialogRobot robot{note, note};
+    DialogRobot robot{note, note, ClickOn("analysis"), ClickOn("yes")};
     EXPECT_TRUE(player.AssignsFixedHand(machine.engine));
     EXPECT_TRUE(machine.engine.fixedHand);
     player.ReadsStatistics(machine.engine);
     EXPECT_EQ(shown, "Assign Fixed Hand;Game Play Analysis;");
-}
-
-TEST_F(WindowPlayerTest, APlayErrorOffersTheAnalysisThatTheWindowHas) {
-    int beeps = 0;
-    int analyses = 0;
-    player.beep = [&] { ++beeps; };
-    player.showAnalysis = [&](QWidget& /*over*/) { ++analyses; };
-    DialogRobot robot{ClickOn("analysis"), ClickOn("yes")};
     EXPECT_TRUE(player.GoesOnAfterError("Continue?"));
     EXPECT_EQ(beeps, 1);
     EXPECT_EQ(analyses, 1);

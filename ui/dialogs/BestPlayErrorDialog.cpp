@@ -1,6 +1,7 @@
 #include "ui/dialogs/BestPlayErrorDialog.h"
 
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -36,6 +37,14 @@ BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
     layout->addWidget(buttons);
     MakeRoomForCaption(*this);
     no->setFocus();
+}
+
+// The letters answer without Alt too: nothing is typed here.
+void BestPlayErrorDialog::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (plain && event->key() == Qt::Key_Y) return accept();
+    if (plain && event->key() == Qt::Key_N) return reject();
+    QDialog::keyPressEvent(event);
 }
 
 void BestPlayErrorDialog::showEvent(QShowEvent* event) {

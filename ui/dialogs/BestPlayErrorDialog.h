@@ -15,6 +15,7 @@ class BestPlayErrorDialog : public QDialog {
                         std::function<void()> beep, QWidget* parent);
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
   private:

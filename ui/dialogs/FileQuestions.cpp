@@ -22,8 +22,8 @@ QString ChosenFile(QFileDialog& dialog) {
 }
 
 // Yes, No, or anything else when the question is put away.
-int MayReplace(const QString& path, QWidget* parent) {
-    QMessageBox question(QMessageBox::Warning, QFileDialog::tr("Save As"),
+int MayReplace(const QString& caption, const QString& path, QWidget* parent) {
+    QMessageBox question(QMessageBox::Warning, caption,
                          QObject::tr("%1 already exists.\nDo you want to replace it?")
                              .arg(QFileInfo(path).fileName()),
                          QMessageBox::Yes | QMessageBox::No, parent);
@@ -50,10 +50,10 @@ std::optional<std::string> AskFileToOpen(const FileKind& kind, const std::string
     return Chosen(ChosenFile(dialog));
 }
 
-std::optional<std::string> AskFileToSave(const FileKind& kind, const std::string& proposed,
-                                         QWidget* parent) {
+std::optional<std::string> AskFileToSave(const QString& caption, const FileKind& kind,
+                                         const std::string& proposed, QWidget* parent) {
     const QFileInfo start(QString::fromStdString(proposed));
-    QFileDialog dialog(parent, QObject::tr("Save As"), start.absolutePath());
+    QFileDialog dialog(parent, caption, start.absolutePath());
     dialog.setObjectName("saveFile");
     MakeReady(dialog, kind);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -64,7 +64,7 @@ std::optional<std::string> AskFileToSave(const FileKind& kind, const std::string
     for (;;) {
         const QString path = ChosenFile(dialog);
         if (path.isEmpty() || !QFileInfo::exists(path)) return Chosen(path);
-        const int answer = MayReplace(path, parent);
+        const int answer = MayReplace(caption, path, parent);
         if (answer == QMessageBox::Yes) return Chosen(path);
         if (answer != QMessageBox::No) return std::nullopt;
     }
@@ -74,7 +74,7 @@ void SaveReport(const std::string& report, QString name, QWidget* parent) {
     const FileKind text{QObject::tr("Text files (*.txt)"), "txt"};
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     const QString proposed = folder.filePath(name.replace(u'/', u'-'));
-    const auto path = AskFileToSave(text, proposed.toStdString(), parent);
+    const auto path = AskFileToSave(QObject::tr("Save As"), text, proposed.toStdString(), parent);
     if (!path) return;
     QString lines = QString::fromStdString(report);
     lines.replace("\r\n", "\n");

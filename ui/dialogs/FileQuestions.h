@@ -15,9 +15,10 @@ struct FileKind {
 std::optional<std::string> AskFileToOpen(const FileKind& kind, const std::string& folder,
                                          QWidget* parent);
 
-// Whether a file may be replaced is asked for the name with its extension.
-std::optional<std::string> AskFileToSave(const FileKind& kind, const std::string& proposed,
-                                         QWidget* parent);
+// Whether a file may be replaced is asked for the name with its extension. Both questions have the
+// caption.
+std::optional<std::string> AskFileToSave(const QString& caption, const FileKind& kind,
+                                         const std::string& proposed, QWidget* parent);
 
 // Asks for a place and writes the report there, its lines ended as files of this system have them.
 // The name is proposed in the folder of the documents, with a '-' for each '/' in it. The player is

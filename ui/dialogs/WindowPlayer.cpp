@@ -122,7 +122,12 @@ std::optional<std::string> WindowPlayer::ChoosesFileToOpen(const std::string& fo
 
 std::optional<std::string> WindowPlayer::ChoosesFileToSave(const std::string& proposed) {
     if (refusing) return std::nullopt;
-    return AskFileToSave(GameFileKind(), proposed, &window);
+    return AskFileToSave(QObject::tr("Save As"), GameFileKind(), proposed, &window);
+}
+
+std::optional<std::string> WindowPlayer::ChoosesNewGameFile(const std::string& proposed) {
+    if (refusing) return std::nullopt;
+    return AskFileToSave(QObject::tr("New Game File"), GameFileKind(), proposed, &window);
 }
 
 std::unique_ptr<Progress> WindowPlayer::SeesProgress(const std::string& text) {

@@ -34,6 +34,7 @@ class WindowPlayer : public Player {
     bool AssignsFixedHand(GameEngine& engine) override;
     std::optional<std::string> ChoosesFileToOpen(const std::string& folder) override;
     std::optional<std::string> ChoosesFileToSave(const std::string& proposed) override;
+    std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) override;
     std::unique_ptr<Progress> SeesProgress(const std::string& text) override;
     void ReadsStatistics(const GameEngine& engine) override;
 
