@@ -2,21 +2,13 @@
 
 #include <algorithm>
 
-void CreditHistory::Begin(std::int32_t credits, std::int64_t before) {
-    stretches.clear();
-    handsPerStretch = 1;
-    handsBefore = before;
-    hands = 0;
-    start = credits;
-}
+void CreditHistory::Begin() { *this = CreditHistory(); }
 
-void CreditHistory::Record(std::int64_t hand, std::int32_t credits) {
-    const Stretch now{credits, credits, credits};
-    if (hand - handsBefore <= hands) {
-        if (stretches.empty()) {
-            start = credits;
-            return;
-        }
+void CreditHistory::Record(std::int64_t hand, std::int64_t credits, double coin) {
+    const double gain = Dollars(credits, coin);
+    const Stretch now{gain, gain, gain};
+    if (hand <= hands) {
+        if (stretches.empty()) return;
         if (handsPerStretch == 1) stretches.pop_back();
     } else {
         const bool full = hands % handsPerStretch == 0;
@@ -26,9 +18,18 @@ void CreditHistory::Record(std::int64_t hand, std::int32_t credits) {
     const auto needed = static_cast<std::size_t>((hands + handsPerStretch - 1) / handsPerStretch);
     if (stretches.size() < needed) return stretches.push_back(now);
     Stretch& last = stretches.back();
-    last.lowest = std::min(last.lowest, credits);
-    last.highest = std::max(last.highest, credits);
-    last.last = credits;
+    last.lowest = std::min(last.lowest, gain);
+    last.highest = std::max(last.highest, gain);
+    last.last = gain;
+}
+
+void CreditHistory::LeaveCoin(std::int64_t credits, double coin) {
+    dollarsBefore = Dollars(credits, coin);
+    creditsBefore = credits;
+}
+
+double CreditHistory::Dollars(std::int64_t credits, double coin) const {
+    return dollarsBefore + static_cast<double>(credits - creditsBefore) * coin;
 }
 
 void CreditHistory::HalveResolution() {

@@ -1,5 +1,6 @@
-// The course of a session's credits, hand by hand, in bounded memory: a long session is kept in
-// stretches of several hands, of which the lowest and the highest credits are still known.
+// The course of a session's net gain, hand by hand, in bounded memory: a long session is kept in
+// stretches of several hands, of which the lowest and the highest gain are still known. Gains are
+// kept in dollars, so that the coin may change.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -10,24 +11,26 @@ class CreditHistory {
   public:
     static constexpr std::size_t kMostStretches = 4096;
 
-    // Credits after the hands of a stretch.
+    // Dollars won since the beginning, less those lost, after the hands of a stretch.
     struct Stretch {
-        std::int32_t lowest = 0;
-        std::int32_t highest = 0;
-        std::int32_t last = 0;
+        double lowest = 0;
+        double highest = 0;
+        double last = 0;
 
         bool operator==(const Stretch&) const = default;
     };
 
-    // A new course, after so many hands of the session; what was kept is forgotten.
-    void Begin(std::int32_t credits, std::int64_t handsBefore = 0);
+    // A new course, from a gain of 0 and before the first hand; what was kept is forgotten.
+    void Begin();
 
-    // The credits after so many hands of the session. The number of the last hand recorded, or a
-    // lower one, means that what that hand left has changed: a second draw, a double up, money
-    // entered or paid out. Any higher number is one hand more.
-    void Record(std::int64_t hand, std::int32_t credits);
+    // The credits won so far, less those lost, after so many hands of the session, at a coin in
+    // dollars. The number of the last hand recorded, or a lower one, means that what that hand
+    // brought has changed: a second draw, a double up, a bonus. Any higher number is one hand more.
+    void Record(std::int64_t hand, std::int64_t credits, double coin);
 
-    std::int32_t Start() const { return start; }
+    // The coin that has been used is about to be changed, with so many credits won so far.
+    void LeaveCoin(std::int64_t credits, double coin);
+
     std::int64_t Hands() const { return hands; }  // of this course
 
     // A power of two; the last stretch may have fewer.
@@ -37,11 +40,12 @@ class CreditHistory {
     std::span<const Stretch> Stretches() const { return stretches; }
 
   private:
+    double Dollars(std::int64_t credits, double coin) const;
     void HalveResolution();
 
     std::vector<Stretch> stretches;
     std::int64_t handsPerStretch = 1;
-    std::int64_t handsBefore = 0;
     std::int64_t hands = 0;
-    std::int32_t start = 0;
+    std::int64_t creditsBefore = 0;  // won with other coins, and their worth
+    double dollarsBefore = 0;
 };

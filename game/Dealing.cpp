@@ -56,9 +56,9 @@ void DealFixedHand(GameEngine& engine) {
 }
 
 void DealFromTop(GameEngine& engine) {
-    if (engine.statistics.handsPlayed.session == 0) {
-        engine.creditHistory.Begin(AddCapped(engine.settings.credits, engine.settings.bet));
-    }
+    const Statistics& statistics = engine.statistics;
+    const bool first = statistics.creditsPlayed.session == 0 && statistics.handsPlayed.session == 0;
+    if (first) engine.creditHistory.Begin();
     engine.statistics.creditsPlayed.Add(engine.settings.bet);
     std::copy_n(engine.deck.order.begin(), kHandSize, engine.hand.begin());
     std::copy_n(engine.deck.order.begin() + kHandSize, kHandSize, engine.drawCards.begin());

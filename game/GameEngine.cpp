@@ -15,7 +15,9 @@ bool FeaturePending(const GameEngine& engine) {
 
 void NoteCredits(GameEngine& engine) {
     const std::int32_t hands = engine.statistics.handsPlayed.session;
-    if (hands > 0) engine.creditHistory.Record(hands, engine.settings.credits);
+    if (hands == 0) return;
+    engine.creditHistory.Record(hands, NetCredits(engine.statistics, &Counter::session),
+                                engine.settings.coin);
 }
 
 std::string StatsSection(const GameEngine& engine) {

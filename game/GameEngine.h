@@ -30,7 +30,7 @@ inline constexpr HandCards kCardBacks = {kCardBack, kCardBack, kCardBack, kCardB
 struct GameEngine {
     MachineSettings settings;
     Statistics statistics;
-    CreditHistory creditHistory;  // of the session, from its first hand on
+    CreditHistory creditHistory;  // of the session, from its first deal on
     Deck deck;
     PayTable payTable;
     std::shared_ptr<const LineTables> lineTables;  // see LineTablesOf
@@ -75,7 +75,7 @@ bool IsSneakPeak(const GameEngine& engine);
 // A feature or a double up waits for the player, who can do nothing else at the table.
 bool FeaturePending(const GameEngine& engine);
 
-// The credits have changed after a hand of the session: its course is to show it.
+// Credits have been won or lost in a hand of the session: its course is to show it.
 void NoteCredits(GameEngine& engine);
 
 // The section of the current game and table in the game file.

@@ -28,7 +28,6 @@ void EnterDollars(GameEngine& engine, int dollars) {
     settings.credits = AddCapped(settings.credits, WholeCredits(dollars / settings.coin));
     settings.creditsEntered = AddCapped(settings.creditsEntered, dollars);
     engine.statistics.sessionDollarsIn = AddCapped(engine.statistics.sessionDollarsIn, dollars);
-    NoteCredits(engine);
 }
 
 std::string CashOut(GameEngine& engine) {
@@ -39,17 +38,15 @@ std::string CashOut(GameEngine& engine) {
     engine.statistics.sessionDollarsIn =
         LessButNotBelowZero(engine.statistics.sessionDollarsIn, whole);
     settings.credits = 0;
-    NoteCredits(engine);
     return "Paid " + FormatDollars("%14.2f", dollars);
 }
 
 void ChangeCoin(GameEngine& engine, double coin) {
     if (!(coin > 0)) return;
     MachineSettings& settings = engine.settings;
+    engine.creditHistory.LeaveCoin(NetCredits(engine.statistics, &Counter::session), settings.coin);
     settings.credits = WholeCredits(settings.credits * settings.coin / coin);
     settings.coin = coin;
-    // What was before counted other coins.
-    engine.creditHistory.Begin(settings.credits, engine.statistics.handsPlayed.session);
 }
 
 void BetOne(GameEngine& engine) {

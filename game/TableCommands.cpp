@@ -116,7 +116,7 @@ void ResetStatisticsOnly(GameTable& table) {
     GameEngine& engine = table.engine;
     ResetStatistics(table.files.file, table.files.gamePath,
                     {engine.settings, engine.statistics, engine.payTable}, table.clock.Now());
-    engine.creditHistory.Begin(engine.settings.credits);
+    engine.creditHistory.Begin();
     table.display.ShowMessage(kResetMessage);
     SaveGame(table, true);
 }

@@ -68,6 +68,19 @@ void DollarSum::Add(double dollars) {
     total += dollars;
 }
 
+std::int64_t CreditsReturned(const Statistics& statistics, std::int32_t Counter::*copy) {
+    std::int64_t credits = 0;
+    for (const Counter* won :
+         {&statistics.creditsWon, &statistics.bonusCredits, &statistics.doubleUpCredits}) {
+        credits += won->*copy;
+    }
+    return credits - statistics.doubleUpCreditsLost.*copy;
+}
+
+std::int64_t NetCredits(const Statistics& statistics, std::int32_t Counter::*copy) {
+    return CreditsReturned(statistics, copy) - statistics.creditsPlayed.*copy;
+}
+
 std::span<const CounterKey> CounterKeys() { return kCounterKeys; }
 
 void ClearSession(Statistics& statistics, PayTable& table) {

@@ -61,6 +61,13 @@ struct Statistics {
     bool operator==(const Statistics&) const = default;
 };
 
+// All credits won, with bonuses and double ups, less those that double ups lost: of the session or
+// of the total (&Counter::session, &Counter::total).
+std::int64_t CreditsReturned(const Statistics& statistics, std::int32_t Counter::*copy);
+
+// The same less the credits played.
+std::int64_t NetCredits(const Statistics& statistics, std::int32_t Counter::*copy);
+
 struct CounterKey {
     std::string_view key;  // of the total
     Counter Statistics::*counter;

@@ -19,9 +19,8 @@ constexpr std::string_view kExact = "%-12.4f";
 struct Column {
     bool session;
 
-    std::int64_t Of(const Counter& counter) const {
-        return session ? counter.session : counter.total;
-    }
+    std::int32_t Counter::*Copy() const { return session ? &Counter::session : &Counter::total; }
+    std::int64_t Of(const Counter& counter) const { return counter.*Copy(); }
     double Of(const DollarSum& sum) const { return session ? sum.session : sum.total; }
     std::int64_t WinsOf(const PayLine& line) const {
         return session ? line.sessionWins : line.totalWins;
@@ -98,15 +97,9 @@ std::string DoubleUpLines(const Statistics& statistics) {
            Line("Pct Dbl Up Attempts Won:", percentWon);
 }
 
-// All that was won, what double ups lost taken off.
-std::int64_t Returned(const Statistics& statistics, Column column) {
-    return column.Of(statistics.creditsWon) + column.Of(statistics.doubleUpCredits) +
-           column.Of(statistics.bonusCredits) - column.Of(statistics.doubleUpCreditsLost);
-}
-
 std::string PayoutLines(const Statistics& statistics) {
     const auto netGain = [&](Column column) {
-        return FormatCount(Returned(statistics, column) - column.Of(statistics.creditsPlayed));
+        return FormatCount(NetCredits(statistics, column.Copy()));
     };
     const auto share = [&](Column column, std::int64_t credits) {
         return FormatDecimals(kPercent,
@@ -115,8 +108,9 @@ std::string PayoutLines(const Statistics& statistics) {
     return Line("Net Gain:", netGain) +
            Line("Pct Payout w/o Bonus:",
                 [&](Column column) { return share(column, column.Of(statistics.creditsWon)); }) +
-           Line("Pct Payout w/Bonus:",
-                [&](Column column) { return share(column, Returned(statistics, column)); });
+           Line("Pct Payout w/Bonus:", [&](Column column) {
+               return share(column, CreditsReturned(statistics, column.Copy()));
+           });
 }
 
 std::string ErrorCountLines(const Statistics& statistics) {

@@ -2,73 +2,70 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/game/TestMachine.h"
+
 namespace {
 
 using Stretch = CreditHistory::Stretch;
 
 constexpr auto kMost = static_cast<std::int64_t>(CreditHistory::kMostStretches);
 
-struct CreditHistoryTest : testing::Test {
-    std::vector<Stretch> Kept() const {
-        return {history.Stretches().begin(), history.Stretches().end()};
-    }
+TEST(CreditHistoryTest, ALongSessionKeepsItsPeaksInFewerStretches) {
     CreditHistory history;
-};
-
-TEST_F(CreditHistoryTest, EveryHandOfAShortSessionIsKept) {
-    history.Begin(100);
-    history.Record(1, 95);
-    history.Record(2, 140);
-    EXPECT_EQ(history.Start(), 100);
-    EXPECT_EQ(Kept(), (std::vector<Stretch>{{95, 95, 95}, {140, 140, 140}}));
-}
-
-TEST_F(CreditHistoryTest, WhatChangesAfterAHandBelongsToIt) {
-    history.Begin(0);
-    history.Record(0, 100);  // money entered before the first hand
-    EXPECT_EQ(history.Start(), 100);
-    history.Record(1, 140);
-    history.Record(1, 95);  // the win was lost in a double up
-    EXPECT_EQ(Kept(), (std::vector<Stretch>{{95, 95, 95}}));
-    EXPECT_EQ(history.Hands(), 1);
-}
-
-TEST_F(CreditHistoryTest, ACourseMayBeginInTheMiddleOfASession) {
-    history.Begin(100, 10);
-    history.Record(10, 300);  // money entered
-    EXPECT_EQ(history.Start(), 300);
-    EXPECT_EQ(history.Hands(), 0);
-    history.Record(11, 295);
-    history.Record(11, 395);
-    EXPECT_EQ(Kept(), (std::vector<Stretch>{{395, 395, 395}}));
-}
-
-TEST_F(CreditHistoryTest, ALongSessionKeepsItsPeaksInFewerStretches) {
-    history.Begin(1000);
-    for (std::int64_t hand = 1; hand <= kMost; ++hand) history.Record(hand, 1000);
+    for (std::int64_t hand = 1; hand <= kMost; ++hand) history.Record(hand, 1000, 1);
     EXPECT_EQ(history.HandsPerStretch(), 1);
-    history.Record(kMost + 1, 5000);
+    history.Record(kMost + 1, 5000, 1);
     EXPECT_EQ(history.HandsPerStretch(), 2);
     EXPECT_EQ(history.Stretches().size(), CreditHistory::kMostStretches / 2 + 1);
-    history.Record(kMost + 2, 7);
-    EXPECT_EQ(Kept().back(), (Stretch{7, 5000, 7}));
-    history.Record(kMost + 2, 9);
-    EXPECT_EQ(Kept().back(), (Stretch{7, 5000, 9}));
-    for (std::int64_t hand = kMost + 3; hand <= 40 * kMost; ++hand) history.Record(hand, 800);
+    history.Record(kMost + 2, 7, 1);
+    EXPECT_EQ(history.Stretches().back(), (Stretch{7, 5000, 7}));
+    history.Record(kMost + 2, 9, 1);
+    EXPECT_EQ(history.Stretches().back(), (Stretch{7, 5000, 9}));
+    for (std::int64_t hand = kMost + 3; hand <= 40 * kMost; ++hand) history.Record(hand, 800, 1);
     EXPECT_EQ(history.HandsPerStretch(), 64);
     EXPECT_EQ(history.Stretches().size(), 40U * CreditHistory::kMostStretches / 64);
     EXPECT_EQ(history.Stretches()[kMost / 64], (Stretch{7, 5000, 800}));
     EXPECT_EQ(history.Hands(), 40 * kMost);
 }
 
-TEST_F(CreditHistoryTest, ANewSessionForgetsTheOld) {
-    for (std::int64_t hand = 1; hand <= 2 * kMost; ++hand) history.Record(hand, 5);
-    history.Begin(77);
-    EXPECT_EQ(history.Start(), 77);
-    EXPECT_EQ(history.Hands(), 0);
-    EXPECT_TRUE(history.Stretches().empty());
-    history.Record(1, 72);
-    EXPECT_EQ(Kept(), (std::vector<Stretch>{{72, 72, 72}}));
+struct GainTest : testing::Test, TestMachine {
+    // After each hand.
+    std::vector<double> Gains() const {
+        std::vector<double> gains;
+        for (const Stretch& hand : engine.creditHistory.Stretches()) gains.push_back(hand.last);
+        return gains;
+    }
+    void PlayFlush() {
+        Deal("2S 4S 6S 8S TS");
+        Draw(kStandPat);
+    }
+};
+
+TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
+    engine.settings.coin = 0.25;
+    EnterDollars(engine, 100);
+    PlayFlush();  // 30 credits for 5
+    EXPECT_EQ(Gains(), (std::vector{6.25}));
+    CashOut(engine);
+    EnterDollars(engine, 900);
+    Deal("2S 4S 6S 8S TH");  // given up with its bet
+    EnterGameOver(engine);
+    PlayFlush();
+    EXPECT_EQ(Gains(), (std::vector{6.25, 11.25}));
+    Deal("2S 4S 6S 8S TS");
+    ChangeCoin(engine, 1, files);  // the bet was of quarters, the win is of dollars
+    Draw(kStandPat);
+    engine.statistics.doubleUpCreditsLost.Add(30);
+    NoteCredits(engine);
+    EXPECT_EQ(Gains(), (std::vector{6.25, 11.25, 10.0})) << "the win was lost in a double up";
+    engine.statistics.bonusCredits.Add(7);
+    engine.statistics.doubleUpCredits.Add(3);
+    NoteCredits(engine);
+    EXPECT_EQ(Gains().back(), 20.0);
+    Play("Jacks or Better", 300);  // a new session
+    ChangeCoin(engine, 0.5, files);
+    PlayFlush();
+    EXPECT_EQ(Gains(), (std::vector{12.5}));
 }
 
 }  // namespace

@@ -179,40 +179,44 @@ TEST_F(GameAnalysisDialogTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {
 
 TEST_F(GameAnalysisDialogTest, HandsOfTheSessionAreReadByPointerAndKeys) {
     CreditHistory history;
-    history.Begin(400);
-    for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 400 - 5 * hand);
-    CreditChart chart(history, {.dollars = true, .coin = 0.25}, nullptr);
+    for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 15 - 5 * hand, 0.25);
+    CreditChart chart(history, nullptr);
     chart.resize(chart.sizeHint());
     chart.show();
-    EXPECT_EQ(chart.accessibleDescription(), "Start: $100.00. Hand 10: $87.50");
-    EXPECT_EQ(chart.TextOf(0), "Hand 1: $98.75");
-    EXPECT_TRUE(QRectF(chart.rect()).contains(chart.Plot()));
+    EXPECT_EQ(chart.accessibleDescription(), "Hand 10: $-8.75");
+    EXPECT_EQ(chart.TextOf(0), "Hand 1: $2.50");
+    EXPECT_EQ(chart.TextOf(2), "Hand 3: $0.00");
+    const QRectF plot = chart.Plot();
+    EXPECT_TRUE(QRectF(chart.rect()).contains(plot));
     const QImage before = chart.grab().toImage();
     QTest::keyClick(&chart, Qt::Key_Home);
     const QImage first = chart.grab().toImage();
     EXPECT_NE(first, before);
-    QTest::mouseMove(&chart, chart.Plot().center().toPoint());
+    QTest::mouseMove(&chart, plot.center().toPoint());
     EXPECT_TRUE(QTest::qWaitFor([&] { return chart.grab().toImage() != first; }));
-    const CreditChart credits(history, {.dollars = false, .coin = 0.25}, nullptr);
-    EXPECT_EQ(credits.TextOf(9), "Hand 10: 350");
 }
 
 TEST_F(GameAnalysisDialogTest, AnySessionCanBeDrawn) {
-    constexpr std::int32_t kMost = 2147483647;
-    for (const auto& session :
-         std::vector<std::vector<std::int32_t>>{{}, {0}, {7, 7, 7}, {kMost, 0, kMost}}) {
-        CreditHistory history;
-        history.Begin(session.empty() ? 0 : session[0]);
-        for (int hand = 0; hand < (session.empty() ? 0 : 9000); ++hand) {
-            const auto number = static_cast<std::size_t>(hand) % session.size();
-            history.Record(hand + 1, session[number]);
-        }
-        CreditChart chart(history, {.dollars = false, .coin = 0.05}, nullptr);
-        for (const QSize size : {QSize(1, 1), chart.sizeHint()}) {
-            chart.resize(size);
-            EXPECT_FALSE(chart.grab().isNull());
-            QTest::mouseMove(&chart, QPoint(0, 0));
-            QTest::keyClick(&chart, Qt::Key_PageUp);
+    constexpr std::int64_t kMost = 2147483647;
+    const std::vector<std::vector<std::int64_t>> sessions = {
+        {}, {0}, {7, 7, 7}, {kMost, -kMost, kMost}};
+    for (const auto& session : sessions) {
+        for (const int hands : {1, 3000}) {
+            CreditHistory history;
+            std::int64_t hand = 0;
+            for (int i = 0; i < hands; ++i) {
+                for (const std::int64_t credits : session) {
+                    history.Record(++hand, credits, hands == 1 ? 0.05 : 1000);
+                }
+            }
+            CreditChart chart(history, nullptr);
+            for (const QSize size : {QSize(1, 1), chart.sizeHint()}) {
+                chart.resize(size);
+                EXPECT_FALSE(chart.grab().isNull());
+                QTest::mouseMove(&chart, QPoint(0, 0));
+                QTest::keyClick(&chart, Qt::Key_Left);
+                QTest::keyClick(&chart, Qt::Key_PageUp);
+            }
         }
     }
 }

@@ -19,24 +19,28 @@ namespace {
 constexpr int kAmountLines = 6;  // about so many
 constexpr int kMostHandMarks = 8;
 constexpr double kCourseWidth = 1.5;
-constexpr double kHeadLines = 1.8;  // in line heights: the legend above the plot
+constexpr double kHeadLines = 1.8;  // in line heights: the reading above the plot
 constexpr double kFootLines = 2.8;  // the numbers and the title below it
+constexpr double kSideLines = 2.5;  // the title left of the amounts, with the spaces beside them
+constexpr double kSmallestStep = 0.05;  // dollars, a nickel
+
+// Whole cents, and never less than nothing of nothing: sums of nickels have a rounding error.
+QString Amount(double dollars) {
+    const double cents = std::round(dollars * 100) + 0.0;
+    return QString::fromStdString(FormatDollars("%.2f", cents / 100));
+}
 
 }  // namespace
 
-CreditChart::CreditChart(CreditHistory shown, CreditUnit unit, QWidget* parent)
-    : QWidget(parent), history(std::move(shown)), unit(unit), amounts(AmountAxis()) {
+CreditChart::CreditChart(CreditHistory shown, QWidget* parent)
+    : QWidget(parent), history(std::move(shown)), amounts(AmountAxis()) {
     setObjectName("creditChart");
-    setAccessibleName(tr("Credits of the session, hand by hand"));
+    setAccessibleName(tr("Net gain of the session, hand by hand"));
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    if (history.Hands() > 0) {
-        setAccessibleDescription(
-            tr("Start: %1. %2")
-                .arg(Amount(Value(history.Start())), TextOf(history.Stretches().size() - 1)));
-    }
+    if (history.Hands() > 0) setAccessibleDescription(TextOf(history.Stretches().size() - 1));
 }
 
 QSize CreditChart::sizeHint() const {
@@ -49,27 +53,15 @@ QSize CreditChart::minimumSizeHint() const {
     return {font.averageCharWidth() * 40, font.lineSpacing() * 10};
 }
 
-double CreditChart::Value(std::int32_t credits) const {
-    return unit.dollars ? credits * unit.coin : credits;
-}
-
-QString CreditChart::Amount(double value) const {
-    return QString::fromStdString(unit.dollars ? FormatDollars("%.2f", value)
-                                               : FormatDecimals("%.0f", value));
-}
-
-// All that was ever owned, and the start, with whole steps below and above.
+// All that was ever won or lost, and 0, with whole steps below and above.
 CreditChart::Axis CreditChart::AmountAxis() const {
-    std::int32_t lowest = history.Start();
-    std::int32_t highest = history.Start();
+    double low = 0;
+    double high = 0;
     for (const auto& stretch : history.Stretches()) {
-        lowest = std::min(lowest, stretch.lowest);
-        highest = std::max(highest, stretch.highest);
+        low = std::min(low, stretch.lowest);
+        high = std::max(high, stretch.highest);
     }
-    const double low = Value(lowest);
-    const double high = Value(highest);
-    const double smallest = unit.dollars ? unit.coin : 1;
-    const double step = RoundStep((high - low) / kAmountLines, smallest);
+    const double step = RoundStep((high - low) / kAmountLines, kSmallestStep);
     Axis axis{std::floor(low / step) * step, std::ceil(high / step) * step, step};
     if (axis.to <= axis.from) axis.to = axis.from + step;
     return axis;
@@ -89,7 +81,7 @@ QRectF CreditChart::Plot() const {
                                    font.horizontalAdvance(Amount(amounts.to)));
     const double lastNumber = font.horizontalAdvance(Grouped(history.Hands())) / 2;
     const QRectF all(0, 0, width(), height());
-    return all.adjusted(labels + 1.5 * line, kHeadLines * line, -line - lastNumber,
+    return all.adjusted(labels + kSideLines * line, kHeadLines * line, -line - lastNumber,
                         -kFootLines * line);
 }
 
@@ -119,11 +111,10 @@ QString CreditChart::TextOf(std::size_t stretch) const {
     const CreditHistory::Stretch& part = history.Stretches()[stretch];
     const auto first = static_cast<std::int64_t>(stretch) * history.HandsPerStretch() + 1;
     const auto last = static_cast<std::int64_t>(HandsUntil(stretch));
-    const QString amount = Amount(Value(part.last));
+    const QString amount = Amount(part.last);
     if (first == last) return tr("Hand %1: %2").arg(Grouped(first), amount);
     return tr("Hands %1 to %2: %3, between %4 and %5")
-        .arg(Grouped(first), Grouped(last), amount, Amount(Value(part.lowest)),
-             Amount(Value(part.highest)));
+        .arg(Grouped(first), Grouped(last), amount, Amount(part.lowest), Amount(part.highest));
 }
 
 void CreditChart::paintEvent(QPaintEvent* /*event*/) {
@@ -138,7 +129,7 @@ void CreditChart::paintEvent(QPaintEvent* /*event*/) {
     DrawAmounts(painter);
     DrawHands(painter);
     DrawCourse(painter);
-    DrawStart(painter);
+    DrawEven(painter);
     DrawReading(painter);
     if (!hasFocus()) return;
     painter.setPen(QPen(ColoursOf(palette()).text, 1, Qt::DotLine));
@@ -161,6 +152,13 @@ void CreditChart::DrawAmounts(QPainter& painter) const {
                                 plot.left() - 0.5 * font.lineSpacing(), font.lineSpacing()),
                          Qt::AlignRight | Qt::AlignVCenter, Amount(value));
     }
+    painter.save();
+    painter.translate(0.9 * font.lineSpacing(), plot.center().y());
+    painter.rotate(-90);
+    painter.drawText(
+        QRectF(-plot.height() / 2, -font.lineSpacing() / 2, plot.height(), font.lineSpacing()),
+        Qt::AlignCenter, tr("Net gain"));
+    painter.restore();
 }
 
 void CreditChart::DrawHands(QPainter& painter) const {
@@ -183,13 +181,13 @@ void CreditChart::DrawHands(QPainter& painter) const {
                      Qt::AlignCenter, tr("Hands played"));
 }
 
-// From hand to hand; where several share a column of pixels, an upright line of what was owned in
+// From hand to hand; where several share a column of pixels, an upright line of what was won in
 // it. Single lines, since stroking one path of thousands of corners takes a quarter of a second.
 void CreditChart::DrawCourse(QPainter& painter) const {
     const QRectF plot = Plot();
     const auto stretches = history.Stretches();
     QList<QLineF> lines;
-    QPointF from(XOf(plot, 0), YOf(plot, Value(history.Start())));
+    QPointF from(XOf(plot, 0), YOf(plot, 0));
     for (std::size_t i = 0; i < stretches.size();) {
         const double x = XOf(plot, HandsUntil(i));
         CreditHistory::Stretch column = stretches[i];
@@ -198,11 +196,10 @@ void CreditChart::DrawCourse(QPainter& painter) const {
             column.highest = std::max(column.highest, stretches[i].highest);
             column.last = stretches[i].last;
         }
-        const QPointF to(x, YOf(plot, Value(column.last)));
+        const QPointF to(x, YOf(plot, column.last));
         lines.append(QLineF(from, to));
         if (column.lowest < column.highest) {
-            lines.append(
-                QLineF(x, YOf(plot, Value(column.lowest)), x, YOf(plot, Value(column.highest))));
+            lines.append(QLineF(x, YOf(plot, column.lowest), x, YOf(plot, column.highest)));
         }
         from = to;
     }
@@ -210,35 +207,36 @@ void CreditChart::DrawCourse(QPainter& painter) const {
     painter.drawLines(lines);
 }
 
-void CreditChart::DrawStart(QPainter& painter) const {
+void CreditChart::DrawEven(QPainter& painter) const {
     const ChartColours colours = ColoursOf(palette());
     const QFontMetricsF font(this->font());
     const QRectF plot = Plot();
     const double line = font.lineSpacing();
-    const double y = YOf(plot, Value(history.Start()));
+    const double y = YOf(plot, 0);
     const QPen dashes(colours.second, 1.4, Qt::DashLine);
     painter.setPen(dashes);
     painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
-    const QRectF sample(plot.left(), 0.4 * line, 2 * line, line);
+    const QRectF sample(plot.left(), plot.bottom() + 1.4 * line, 2 * line, line);
     painter.drawLine(QPointF(sample.left(), sample.center().y()),
                      QPointF(sample.right(), sample.center().y()));
     painter.setPen(colours.text);
     painter.drawText(sample.translated(2.5 * line, 0).adjusted(0, 0, plot.width(), 0),
-                     Qt::AlignLeft | Qt::AlignVCenter,
-                     tr("Start: %1").arg(Amount(Value(history.Start()))));
+                     Qt::AlignLeft | Qt::AlignVCenter, tr("Even"));
 }
 
 // A mark on the hand that is read, and what is said of it in words above.
 void CreditChart::DrawReading(QPainter& painter) const {
     const ChartColours colours = ColoursOf(palette());
-    const double line = QFontMetricsF(font()).lineSpacing();
+    const QFontMetricsF font(this->font());
+    const double line = font.lineSpacing();
     const QRectF plot = Plot();
     const auto stretches = history.Stretches();
     const std::size_t at = read.value_or(stretches.size() - 1);
     painter.setPen(colours.text);
-    painter.drawText(QRectF(plot.left(), 0.4 * line, plot.width(), line),
-                     Qt::AlignRight | Qt::AlignVCenter, TextOf(at));
-    const QPointF mark(XOf(plot, HandsUntil(at)), YOf(plot, Value(stretches[at].last)));
+    const QRectF above(0.5 * line, 0.4 * line, plot.right() - 0.5 * line, line);
+    painter.drawText(above, Qt::AlignRight | Qt::AlignVCenter,
+                     font.elidedText(TextOf(at), Qt::ElideRight, above.width()));
+    const QPointF mark(XOf(plot, HandsUntil(at)), YOf(plot, stretches[at].last));
     if (read) painter.drawLine(QPointF(mark.x(), plot.top()), QPointF(mark.x(), plot.bottom()));
     painter.setBrush(colours.first);
     painter.drawEllipse(mark, 0.25 * line, 0.25 * line);

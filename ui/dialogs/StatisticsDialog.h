@@ -2,7 +2,6 @@
 #pragma once
 #include <QDialog>
 #include <QList>
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -22,20 +21,22 @@ class StatisticsDialog : public QDialog {
   private:
     struct Section {
         ReportBox* box;
-        QList<std::string> reports;  // the box shows one of them
+        QList<std::string> reports;
+        int shown = 0;  // the one in the box, with long labels cut
     };
 
     QWidget* MakeReports(const GameEngine& engine, std::int64_t now);
     ReportBox* AddBox(QGridLayout& layout, int row, int column, const QString& title,
                       const char* name, const QList<std::string>& reports);
     void ShowReports(qreal fontSize);
+    void ShowReport(Section& section, int chosen);
     void SetTabStops();
     void FitToScreen();
     QSize WantedSize() const;
     void Save();
 
     std::string gameName;
-    std::array<std::string, 3> lineReports;  // by StatisticsDisplay
-    ReportBox* lines = nullptr;              // shows them
     QList<Section> sections;
+    bool namesHaveRoom = true;  // on this screen, for long names of games
+    int labelWidth = 0;         // of the first column, in logical pixels
 };
