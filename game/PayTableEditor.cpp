@@ -70,6 +70,11 @@ bool PayTableEditor::IsEnabled(FieldPlace place) const {
     const auto mayCheck = [this](GameType type) {
         return IsUserGame() && (texts.type == GameType::kStandard || texts.type == type);
     };
+    // What cannot be saved must never stand where the player cannot get at it.
+    const auto mayList = [&](const std::string& typed) {
+        const bool taken = TakesRanks(texts.lines.at(line).rank, place.field);
+        return (IsUserGame() && taken) || !IsRankList(typed);
+    };
     switch (place.field) {
         case kName:
             return IsUserGame() && newGame;
@@ -92,11 +97,13 @@ bool PayTableEditor::IsEnabled(FieldPlace place) const {
             return IsUserGame() || maxPayoutLoaded.at(line);
         case kWildsOK:
             return IsUserGame() && texts.usesWilds;
+        case kBonusQuads:
+            return mayList(texts.lines.at(line).bonusQuads);
+        case kKickers:
+            return mayList(texts.lines.at(line).kickers);
         case kMinPair:
         case kRank:
         case kDescription:
-        case kBonusQuads:
-        case kKickers:
             break;
     }
     return IsUserGame();
@@ -246,6 +253,7 @@ bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
         return false;
     }
     const PayTable before = StoredTable();
+    texts = WithPlainNumbers(texts);
     if (!WritePayTable(Files(), Game(), tableIndex, texts,
                        newGame ? kNoNeighbours : kStoredLinks)) {
         questions.IsTold(kError, kSaveFailed);
@@ -275,6 +283,7 @@ bool PayTableEditor::Append(PayTableQuestions& questions) {
         questions.IsTold(kError, "There is no index left for another table of this game");
         return false;
     }
+    texts = WithPlainNumbers(texts);
     const auto index = AppendTable(Files(), Game(), texts);
     if (!index) {
         questions.IsTold(kError, kSaveFailed);

@@ -25,9 +25,12 @@ std::optional<std::vector<int>> ReadRanks(const std::string& typed, int highest 
     return ranks;
 }
 
+// 0 for what is no whole number.
+int NumberOf(const std::string& typed) { return ParseInt(PlainWholeNumber(typed).value_or("0")); }
+
 std::string JokersProblem(const std::string& typed) {
-    const int jokers = ParseInt(typed);
-    const bool numeric = typed.empty() || typed == "0" || jokers > 0;
+    const int jokers = NumberOf(typed);
+    const bool numeric = typed.empty() || PlainWholeNumber(typed) == "0" || jokers > 0;
     if (numeric && jokers <= kMaxJokers) return "";
     return "Number of jokers must be numberic and not greater than 5";
 }
@@ -47,9 +50,8 @@ std::string MinPairProblem(const std::string& typed) {
 }
 
 std::string MaxBetProblem(const std::string& typed) {
-    const bool whole = std::ranges::all_of(typed, [](char c) { return c >= '0' && c <= '9'; });
-    const std::int64_t bet = ReadWholeNumber(typed).Nearest();
-    if (whole && bet >= 1 && bet <= kHighestMaxBet) return "";
+    const int bet = NumberOf(typed);
+    if (bet >= 1 && bet <= kHighestMaxBet) return "";
     return "Max Bet must be numeric, not less than 1 and not greater than 1000";
 }
 
@@ -57,7 +59,7 @@ std::optional<FormProblem> SettingsProblem(const PayTableTexts& table) {
     using enum FormField;
     if (auto text = JokersProblem(table.jokers); !text.empty()) return {{text, {kJokers}}};
     if (auto text = WildRanksProblem(table.wildRanks); !text.empty()) return {{text, {kWildRanks}}};
-    const bool noWilds = table.jokers.empty() && table.wildRanks.empty();
+    const bool noWilds = table.jokers.empty() && ParseRankList(table.wildRanks) == "";
     if (table.usesWilds && noWilds && table.type != GameType::kOneEyedJacks) {
         return {
             {"You must specify either the number of jokers or a wild card if the Uses Wilds "
@@ -75,33 +77,28 @@ bool RequiresWilds(HandRank rank) {
            rank == kFourWilds || rank == kFiveOfAKindWithOneWild;
 }
 
-bool TakesQuads(HandRank rank) {
+bool NeedsQuads(HandRank rank) {
     using enum HandRank;
-    return rank == kBonusFourOfAKind || rank == kFourWilds || rank == kBonusFiveOfAKind ||
+    return rank == kBonusFourOfAKind || rank == kBonusFiveOfAKind ||
            rank == kFiveOfAKindWithOneWild;
 }
 
-bool TakesKickers(HandRank rank) {
-    return rank == HandRank::kBonusFourOfAKind || rank == HandRank::kFourWilds;
-}
-
-std::optional<FormProblem> QuadsProblem(const PayLineTexts& line, int index) {
-    const FieldPlace quads{FormField::kBonusQuads, index};
-    if (TakesQuads(line.rank)) {
-        if (line.bonusQuads.empty() && line.rank != HandRank::kFourWilds) {
-            return {
-                {"Bonus quad can not be blank if Bonus 4/5 of a Kind or 5K w/1 Wild rank is "
-                 "selected",
-                 quads}};
-        }
-        if (!ReadRanks(line.bonusQuads)) {
-            return {
-                {"You can not specify more than 13 Bonus quads and they must be 2-9,T,J,Q,K, "
-                 "or A and seperated by a comma",
-                 quads}};
-        }
+// What a line does not take must be readable too: it is stored with the line.
+std::optional<FormProblem> ListProblem(const PayLineTexts& line, int index) {
+    const auto quads = ReadRanks(line.bonusQuads);
+    const FieldPlace place{FormField::kBonusQuads, index};
+    if (quads && quads->empty() && NeedsQuads(line.rank)) {
+        return {
+            {"Bonus quad can not be blank if Bonus 4/5 of a Kind or 5K w/1 Wild rank is selected",
+             place}};
     }
-    if (TakesKickers(line.rank) && !ReadRanks(line.kickers)) {
+    if (!quads) {
+        return {
+            {"You can not specify more than 13 Bonus quads and they must be 2-9,T,J,Q,K, or A "
+             "and seperated by a comma",
+             place}};
+    }
+    if (!ReadRanks(line.kickers)) {
         return {
             {"You can not specify more than 13 Trailers and they must be 2-9,T,J,Q,K, or A "
              "and seperated by a comma",
@@ -119,13 +116,13 @@ std::optional<FormProblem> LineProblem(const PayTableTexts& table, int index) {
                  {kRank, index}}};
     }
     if (line.description.empty()) return {{"Description can not be blank", {kDescription, index}}};
-    if (ParseInt(line.payout) <= 0) {
+    if (NumberOf(line.payout) <= 0) {
         return {{"Payout can not be blank and must be numeric", {kPayout, index}}};
     }
-    if (ParseInt(line.maxPayout) <= 0) {
+    if (NumberOf(line.maxPayout) <= 0) {
         return {{"Max Payout can not be blank and must be numeric", {kMaxPayout, index}}};
     }
-    if (auto problem = QuadsProblem(line, index)) return problem;
+    if (auto problem = ListProblem(line, index)) return problem;
     if (line.rank == HandRank::kOnePair && table.minPair.empty()) {
         return {{"Minimum pair can not be blank if 1 Pair rank is selected", {kMinPair}}};
     }
@@ -141,8 +138,8 @@ std::vector<int> RanksOf(const std::string& typed) {
 PayLine LineOf(const PayLineTexts& texts) {
     PayLine line;
     line.rank = texts.rank;
-    line.payout = ParseInt(texts.payout);
-    line.maxPayout = ParseInt(texts.maxPayout);
+    line.payout = NumberOf(texts.payout);
+    line.maxPayout = NumberOf(texts.maxPayout);
     line.bonusQuads = RanksOf(texts.bonusQuads);
     line.trailers = RanksOf(texts.kickers);
     line.wildsOK = texts.wildsOK;
@@ -155,10 +152,42 @@ int MinPairOf(const std::string& typed) {
     return ranks->front() == 1 ? kHighAce : ranks->front();
 }
 
+void MakePlain(std::string& number) { number = PlainWholeNumber(number).value_or(number); }
+
 }  // namespace
+
+bool TakesRanks(HandRank rank, FormField list) {
+    using enum HandRank;
+    switch (rank) {
+        case kFiveOfAKindWithOneWild:
+            return list == FormField::kBonusQuads;
+        case kBonusFourOfAKind:
+        case kBonusFiveOfAKind:
+        case kFourOfAKind:
+        case kFiveOfAKind:
+        case kFourWilds:
+        case kFiveWilds:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool IsRankList(const std::string& typed) { return ReadRanks(typed).has_value(); }
+
+PayTableTexts WithPlainNumbers(PayTableTexts table) {
+    MakePlain(table.jokers);
+    MakePlain(table.maxBet);
+    for (PayLineTexts& line : table.lines) {
+        MakePlain(line.payout);
+        MakePlain(line.maxPayout);
+    }
+    return table;
+}
 
 void CheckWilds(PayTableTexts& table, bool checked) {
     table.usesWilds = checked;
+    if (!checked) table.jokers.clear();  // a joker that nobody sees would still be dealt
     for (PayLineTexts& line : table.lines) line.wildsOK = checked;
 }
 
@@ -200,9 +229,9 @@ PayTable TableOf(const PayTableTexts& texts, int gameId) {
     table.gameId = gameId;
     table.type = texts.type;
     table.usesWilds = texts.usesWilds;
-    SetWildCards(table, ParseInt(texts.jokers), RanksOf(texts.wildRanks));
+    SetWildCards(table, NumberOf(texts.jokers), RanksOf(texts.wildRanks));
     table.minPair = MinPairOf(texts.minPair);
-    table.maxBet = std::max(1, ParseInt(texts.maxBet));
+    table.maxBet = std::max(1, NumberOf(texts.maxBet));
     table.charlieBonus = texts.charlieBonus;
     table.redBlackBonus = texts.redBlackBonus;
     table.spinBonus = texts.spinBonus;

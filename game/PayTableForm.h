@@ -38,7 +38,19 @@ struct FormProblem {
     bool ofLine = false;  // of the line at where
 };
 
-// Wild cards in play or not: so may then the lines be made with them.
+// Whether a line of that rank asks for what stands in its Bonus/Quads or Kicker, kBonusQuads or
+// kKickers.
+bool TakesRanks(HandRank rank, FormField list);
+
+// Whether a text can be stored as ranks: empty, or up to 13 of 2-9, T, J, Q, K and A.
+bool IsRankList(const std::string& typed);
+
+// The boxes for whole numbers as the files keep them: "4,000" as "4000". What is no whole number
+// stays.
+PayTableTexts WithPlainNumbers(PayTableTexts table);
+
+// Wild cards in play or not: so may then the lines be made with them. Without them there are no
+// jokers either.
 void CheckWilds(PayTableTexts& table, bool checked);
 
 // Checks or unchecks the box of a type other than kStandard. Single jacks are wild cards of their

@@ -1,5 +1,6 @@
 #include "core/text/Ranks.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "core/text/Numbers.h"
@@ -20,17 +21,21 @@ std::vector<std::string_view> Tokens(std::string_view text) {
     }
 }
 
-// As Tokens, but blanks before a token belong to it instead of ending an empty one: people type "2,
-// K, A".
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view() : text.substr(first);
+}
+
+// As Tokens, but blanks end a token only where nothing else does: people type "2, K , A ".
 std::vector<std::string_view> TypedTokens(std::string_view text) {
     std::vector<std::string_view> tokens;
     for (;;) {
-        const auto first = text.find_first_not_of(' ');
-        text.remove_prefix(first == std::string_view::npos ? text.size() : first);
-        const auto end = text.find_first_of(kListSeparators);
+        text = WithoutLeadingBlanks(text);
+        const auto end = std::min(text.find_first_of(kListSeparators), text.size());
         tokens.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return tokens;
-        text.remove_prefix(end + 1);
+        text = WithoutLeadingBlanks(text.substr(end));
+        if (text.empty()) return tokens;
+        if (kListSeparators.find(text.front()) != std::string_view::npos) text.remove_prefix(1);
     }
 }
 
@@ -62,7 +67,7 @@ int RankFromChar(char c) {
 
 std::optional<std::string> ParseRankList(std::string_view typed) {
     std::string stored;
-    if (typed.empty()) return stored;
+    if (WithoutLeadingBlanks(typed).empty()) return stored;
     const auto tokens = TypedTokens(typed);
     if (tokens.size() > kMaxTokens) return std::nullopt;
     for (const auto token : tokens) {

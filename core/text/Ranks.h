@@ -12,9 +12,9 @@ char RankChar(int rank);
 int RankFromChar(char c);
 
 // A rank list as a person types it ("2, k,a") -> as it is stored ("2,13,1"). Every separator ends a
-// token; a token is read by its first character (T J Q K A in either case) or as a number. No list
-// when a token is empty, not a number or 0, or when there are more than 13 tokens. An empty text is
-// an empty list.
+// token, but for blanks beside another one or at an end; a token is read by its first character (T
+// J Q K A in either case) or as a number. No list when a token is empty, not a number or 0, or when
+// there are more than 13 tokens. A text of blanks, or of nothing, is an empty list.
 std::optional<std::string> ParseRankList(std::string_view typed);
 
 // A stored rank list -> as it is shown: "2,13,1" -> "2,K,A" (14 is shown as A too). Tokens past the

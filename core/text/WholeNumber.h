@@ -1,6 +1,8 @@
 // A whole number as it stands in a text, however long it is.
 #pragma once
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 struct WholeNumber {
@@ -18,6 +20,11 @@ struct WholeNumber {
 // Leading blanks, an optional sign, then digits up to the first other character; no digits give 0.
 // The digits point into the text.
 WholeNumber ReadWholeNumber(std::string_view text);
+
+// A whole number as a person types it ("4000", "4,000", " -12 ") in plain digits ("4000", "-12"):
+// blanks around it, its '+' and its commas are dropped. Commas part the digits every three or not
+// at all. Nothing for any other text: "4000 coins" and "4,00" are no numbers, nor are two of them.
+std::optional<std::string> PlainWholeNumber(std::string_view typed);
 
 // Whether a is the smaller one.
 bool operator<(const WholeNumber& a, const WholeNumber& b);

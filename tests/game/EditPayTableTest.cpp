@@ -85,16 +85,6 @@ TEST_F(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
     EXPECT_EQ(engine.settings.gameId, 9001);
 }
 
-TEST_F(EditPayTableTest, ARenamedCurrentGameGoesOn) {
-    MakeMyGame(1);
-    ChooseUserGame(table, 9001, paths, manager);
-    EXPECT_EQ(manager.opened, "") << "it has a table";
-    manager.script = [&](PayTableEditor& editor) { editor.Rename(player.Saying({"Your Game"})); };
-    EditCurrentPayTable(table, paths, manager);
-    EXPECT_EQ(StatsSection(engine), "Your Game(0)");
-    EXPECT_EQ(Stored(machine.files.gamePath, "main", "GameName"), "Your Game");
-}
-
 TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
     manager.done = false;
     manager.script = [&](PayTableEditor& editor) {
@@ -115,14 +105,19 @@ TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
     EXPECT_EQ(manager.opened, "");
 }
 
-TEST_F(EditPayTableTest, ADeletedCurrentGameGivesJacksOrBetter) {
+TEST_F(EditPayTableTest, TheCurrentGameIsRenamedAndDeleted) {
     MakeMyGame(2);
     ChooseUserGame(table, 9001, paths, manager);
+    EXPECT_EQ(manager.opened, "") << "it has a table";
+    manager.script = [&](PayTableEditor& editor) { editor.Rename(player.Saying({"Your Game"})); };
+    EditCurrentPayTable(table, paths, manager);
+    EXPECT_EQ(StatsSection(engine), "Your Game(0)");
+    EXPECT_EQ(Stored(machine.files.gamePath, "main", "GameName"), "Your Game");
     manager.script = [&](PayTableEditor& editor) { editor.Delete(player.Saying({"ok"})); };
     EditCurrentPayTable(table, paths, manager);
     EXPECT_EQ(StatsSection(engine), "Jacks or Better(0)");
     machine.file.Flush();
-    EXPECT_EQ(machine.folder.Read("game.qdx").find("My Game"), std::string::npos);
+    EXPECT_EQ(machine.folder.Read("game.qdx").find("Your Game"), std::string::npos);
 }
 
 }  // namespace

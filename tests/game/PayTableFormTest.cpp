@@ -81,39 +81,67 @@ std::function<void(Texts&)> Second(HandRank rank, const char* quads = "",
     };
 }
 
+// The same in a game with a joker.
+std::function<void(Texts&)> WildSecond(HandRank rank, const char* quads = "",
+                                       const char* kickers = "") {
+    return [=](Texts& table) {
+        table = ValidWild();
+        Second(rank, quads, kickers)(table);
+    };
+}
+
+std::function<void(Texts&)> FirstPays(const char* payout) {
+    return [=](Texts& table) { table.lines[0].payout = payout; };
+}
+
 const ProblemCase kCases[] = {
     {"valid", [](Texts&) {}, {}, ""},
     {"six jokers", [](Texts& t) { t.jokers = "6"; }, {kJokers}, kJokersText},
     {"jokers in words", [](Texts& t) { t.jokers = "two"; }, {kJokers}, kJokersText},
+    {"jokers and more", [](Texts& t) { t.jokers = "2 jokers"; }, {kJokers}, kJokersText},
     {"two noughts", [](Texts& t) { t.jokers = "00"; }, {kJokers}, kJokersText},
     {"fewer than no jokers", [](Texts& t) { t.jokers = "-1"; }, {kJokers}, kJokersText},
     {"no jokers", [](Texts& t) { t.jokers = "0"; }, {}, ""},
     {"six wild ranks", [](Texts& t) { t.wildRanks = "2,3,4,5,6,7"; }, {kWildRanks}, kWildsText},
     {"no rank", [](Texts& t) { t.wildRanks = "2,x"; }, {kWildRanks}, kWildsText},
     {"a rank past the ace", [](Texts& t) { t.wildRanks = "15"; }, {kWildRanks}, kWildsText},
-    {"five wild ranks", [](Texts& t) { t.wildRanks = "2,3,t,k, a"; }, {}, ""},
-    {"neither wild", [](Texts& t) { t.jokers = "", t.usesWilds = true; }, {kWildRanks}, kNeither},
+    {"five wild ranks", [](Texts& t) { t.wildRanks = "2,3,t,k, a "; }, {}, ""},
+    {"neither wild", [](Texts& t) { t.usesWilds = true; }, {kWildRanks}, kNeither},
+    {"blanks wild",
+     [](Texts& t) { t.wildRanks = " ", t.usesWilds = true; },
+     {kWildRanks},
+     kNeither},
     {"wild jacks", [](Texts& t) { CheckType(t, GameType::kOneEyedJacks, true); }, {}, ""},
     {"pair of letters", [](Texts& t) { t.minPair = "x"; }, {kMinPair}, kMinPairText},
     {"two lowest pairs", [](Texts& t) { t.minPair = "J,Q"; }, {kMinPair}, kMinPairText},
-    {"blank after the pair", [](Texts& t) { t.minPair = "J "; }, {kMinPair}, kMinPairText},
-    {"blank before the pair", [](Texts& t) { t.minPair = " j"; }, {}, ""},
+    {"blanks around the pair", [](Texts& t) { t.minPair = " j "; }, {}, ""},
     {"bet of 0", [](Texts& t) { t.maxBet = "0"; }, {kMaxBet}, kMaxBetText},
     {"bet in words", [](Texts& t) { t.maxBet = "5 coins"; }, {kMaxBet}, kMaxBetText},
     {"no bet", [](Texts& t) { t.maxBet = ""; }, {kMaxBet}, kMaxBetText},
     {"endless bet", [](Texts& t) { t.maxBet = "99999999999999999999"; }, {kMaxBet}, kMaxBetText},
-    {"high bet", [](Texts& t) { t.maxBet = "1000"; }, {}, ""},
+    {"high bet", [](Texts& t) { t.maxBet = "1,000"; }, {}, ""},
     {"wild line", Second(kFiveWilds), {kRank, 1}, kNeedsWilds},
     {"nameless", [](Texts& t) { t.lines[1].description = ""; }, {kDescription, 1}, kNoDescription},
-    {"no payout", [](Texts& t) { t.lines[0].payout = ""; }, {kPayout, 0}, kPayoutText},
-    {"payout of 0", [](Texts& t) { t.lines[1].payout = "0"; }, {kPayout, 1}, kPayoutText},
+    {"no payout", FirstPays(""), {kPayout, 0}, kPayoutText},
+    {"payout of 0", FirstPays("0"), {kPayout, 0}, kPayoutText},
+    {"payout with its unit", FirstPays("4000 coins"), {kPayout, 0}, kPayoutText},
+    {"two cells pasted", FirstPays("4000 20000"), {kPayout, 0}, kPayoutText},
+    {"comma at the wrong place", FirstPays("4,00"), {kPayout, 0}, kPayoutText},
+    {"grouped payout", FirstPays(" 4,000"), {}, ""},
     {"word", [](Texts& t) { t.lines[1].maxPayout = "x"; }, {kMaxPayout, 1}, kMaxPayoutText},
-    {"bonus without quads", Second(kBonusFourOfAKind), {kBonusQuads, 1}, kNoQuads},
+    {"half", [](Texts& t) { t.lines[1].maxPayout = "4.5"; }, {kMaxPayout, 1}, kMaxPayoutText},
+    {"bonus without quads", Second(kBonusFourOfAKind, " "), {kBonusQuads, 1}, kNoQuads},
+    {"one wild without", WildSecond(kFiveOfAKindWithOneWild), {kBonusQuads, 1}, kNoQuads},
     {"quads of no rank", Second(kBonusFiveOfAKind, "2;z"), {kBonusQuads, 1}, kQuads},
+    {"wild quads of no rank", WildSecond(kFourWilds, "x"), {kBonusQuads, 1}, kQuads},
+    {"quads where none belong", Second(kFlush, "five"), {kBonusQuads, 1}, kQuads},
+    {"kickers of no rank", WildSecond(kFourWilds, "", "x"), {kKickers, 1}, kTrailers},
+    {"kickers where none belong", Second(kFlush, "", "x"), {kKickers, 1}, kTrailers},
     {"fourteen kickers",
      Second(kBonusFourOfAKind, "a", "2,2,2,2,2,2,2,2,2,2,2,2,2,2"),
      {kKickers, 1},
      kTrailers},
+    {"ranks where none belong", Second(kFlush, "a ", "2 , 3"), {}, ""},
     {"plain quads", Second(kFourOfAKind), {}, ""},
     {"pair without a lowest", Second(kOnePair), {kMinPair}, kNoMinPair},
     {"behind the end", [](Texts& t) { t.lines[3] = Line(kFiveWilds); }, {}, ""},
@@ -131,7 +159,7 @@ TEST_P(FormProblemTest, IsToldAtItsField) {
 }
 INSTANTIATE_TEST_SUITE_P(Each, FormProblemTest, testing::ValuesIn(kCases));
 
-TEST(PayTableFormTest, WildLinesAskForWildCardsAndTheirQuads) {
+TEST(PayTableFormTest, WildLinesAskForWildCards) {
     for (const HandRank rank : {kFiveOfAKind, kWildRoyalFlush, kFiveWilds, kFourWilds}) {
         PayTableTexts table = ValidWild();
         table.lines[1] = Line(rank);
@@ -141,30 +169,44 @@ TEST(PayTableFormTest, WildLinesAskForWildCardsAndTheirQuads) {
         CheckType(table, GameType::kOneEyedJacks, true);
         EXPECT_FALSE(FindProblem(table)) << "two jacks are wild";
     }
-    PayTableTexts table = ValidWild();
-    Second(kFiveOfAKindWithOneWild)(table);
-    EXPECT_EQ(FindProblem(table)->text, kNoQuads);
-    Second(kFourWilds, "x")(table);
-    EXPECT_EQ(FindProblem(table)->text, kQuads);
-    Second(kFourWilds, "", "x")(table);
-    EXPECT_EQ(FindProblem(table)->text, kTrailers);
 }
 
-TEST(PayTableFormTest, TheWildsBoxTakesTheLinesAlong) {
-    PayTableTexts table = Valid();
-    CheckWilds(table, true);
-    for (const PayLineTexts& line : table.lines) EXPECT_TRUE(line.wildsOK);
-    CheckWilds(table, false);
-    for (const PayLineTexts& line : table.lines) EXPECT_FALSE(line.wildsOK);
+// Where a hand is paid differently for what a box holds, the player must get at the box.
+TEST(PayTableFormTest, ARankTakesTheListsThatItsHandsAreTestedFor) {
+    const auto paid = [](HandRank rank, const LineTraits& traits) {
+        PayTable table;
+        table.usesWilds = true;
+        table.lines = {Wild(rank, 1, traits)};
+        std::string hands;
+        for (int code = 0; code < 4 * 4 * 4 * 4 * 4; ++code) {
+            Hand hand;
+            for (std::size_t i = 0; i < kHandSize; ++i) {
+                hand.ranks[i] = 1 + ((code >> (2 * i)) & 3);  // aces to fours, deuces wild
+                hand.suits[i] = 1 + static_cast<int>(i % 4);
+                hand.wild[i] = hand.ranks[i] == 2;
+            }
+            hands += EvaluateHand(hand, table, 1).line == 0 ? '1' : '0';
+        }
+        return hands;
+    };
+    for (int number = 0; number < kRankCount; ++number) {
+        const HandRank rank = HandRankFromNumber(number);
+        const bool tested = paid(rank, {{3}, {}}) != paid(rank, {});
+        EXPECT_EQ(TakesRanks(rank, kBonusQuads), tested || rank == kFiveOfAKindWithOneWild)
+            << number;
+        EXPECT_EQ(TakesRanks(rank, kKickers), paid(rank, {{2, 3}, {4}}) != paid(rank, {{2, 3}, {}}))
+            << number;
+    }
 }
 
 TEST(PayTableFormTest, TypesDecideAboutWildCards) {
     for (const GameType type : {GameType::kFiveAces, GameType::kPickEm, GameType::kAcesBonus}) {
         PayTableTexts table = ValidWild();
         table.wildRanks = "2";
+        EXPECT_TRUE(table.lines[14].wildsOK);
         CheckType(table, type, true);
         EXPECT_EQ(table.type, type);
-        EXPECT_EQ(table.wildRanks, "");
+        EXPECT_EQ(table.wildRanks + table.jokers, "") << "no joker is dealt that nobody sees";
         EXPECT_FALSE(table.usesWilds || table.lines[14].wildsOK);
         CheckType(table, type, false);
         EXPECT_EQ(table.type, GameType::kStandard);
@@ -174,14 +216,6 @@ TEST(PayTableFormTest, TypesDecideAboutWildCards) {
     EXPECT_TRUE(table.usesWilds && table.lines[0].wildsOK);
     CheckType(table, GameType::kOneEyedJacks, false);
     EXPECT_FALSE(table.usesWilds || table.lines[0].wildsOK);
-}
-
-TEST(PayTableFormTest, ARankDescribesItsLine) {
-    PayLineTexts line;
-    ChooseRank(line, kFullHouse);
-    EXPECT_EQ(line.description, "FULL HOUSE;FH");
-    ChooseRank(line, kUnknown);
-    EXPECT_EQ(line.description, "FULL HOUSE;FH");
 }
 
 // What is analysed while it is typed is what will be played.
@@ -204,23 +238,29 @@ TEST_P(FormOfGame, BecomesTheTableThatIsLoaded) {
 INSTANTIATE_TEST_SUITE_P(Each, FormOfGame, testing::ValuesIn(BuiltInGames()),
                          [](const auto& game) { return std::to_string(game.param.id); });
 
-TEST(PayTableFormTest, TypedRanksBecomeTheTableThatIsLoaded) {
+TEST(PayTableFormTest, TypedTextsBecomeTheTableThatIsLoaded) {
     const TemporaryFolder folder;
     ProfileFile file;
     const PayTableFiles files{file, folder.Write("a.ini", "[main]\n"), ""};
     PayTableTexts texts = ValidWild();
     texts.type = GameType::kFiveAces;
-    texts.jokers = "5";
+    texts.jokers = " 5 ";
     texts.wildRanks = "a, 2, 14, k";
-    texts.maxBet = "none";
+    texts.lines[1].payout = "4,000";
+    texts.lines[1].maxPayout = "+20,000";
     texts.lines[1].bonusQuads = "A;k 9";
     texts.lines[1].kickers = "2,x";
-    for (const char* minPair : {"", "a", "1", "t", "9", "15"}) {
-        texts.minPair = minPair;
-        ASSERT_TRUE(WritePayTable(files, {9001, "Typed"}, 0, texts, kNoNeighbours));
-        EXPECT_EQ(TableOf(texts, 9001),
-                  WithoutDescriptions(LoadPayTable(file, 9001, "Typed", 0, files.mainPath, "")));
+    for (const char* maxBet : {"1,000", "none"}) {
+        for (const char* minPair : {"", "a", "1", "t", "9", "15"}) {
+            texts.maxBet = maxBet;
+            texts.minPair = minPair;
+            const auto plain = WithPlainNumbers(texts);
+            ASSERT_TRUE(WritePayTable(files, {9001, "Typed"}, 0, plain, kNoNeighbours));
+            EXPECT_EQ(TableOf(texts, 9001), WithoutDescriptions(LoadPayTable(file, 9001, "Typed", 0,
+                                                                             files.mainPath, "")));
+        }
     }
+    EXPECT_EQ(TableOf(texts, 9001).lines[1].payout, 4000);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include "game/reports/StatisticsReport.h"
 #include "tests/game/TestMachine.h"
@@ -43,38 +45,49 @@ void Show(QDialog& dialog) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
 }
 
-TEST(EnterDollarsDialogTest, TheAmountProposedIsTypedOver) {
+// Types a number and Enter into the dialog; what is refused is told, and then another one typed.
+template <typename Dialog>
+QString RefusalOf(Dialog& dialog, const QString& typed, const QString& then) {
+    QString caption;
+    QString text;
+    DialogRobot robot{Type(typed), Press(Qt::Key_Return), ReadMessage(caption, text), Type(then),
+                      Press(Qt::Key_Return)};
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted) << typed.toStdString();
+    return text;
+}
+
+TEST(EnterDollarsDialogTest, OnlyAWholeAmountIsAccepted) {
+    for (const char* typed : {"0", "1000000", "1,000,000", "-5", "1.5", "ten", "20 dollars", "4,00",
+                              "99999999999999999999", " "}) {
+        EnterDollarsDialog dialog(100, nullptr);
+        EXPECT_EQ(RefusalOf(dialog, typed, "999,999"), "Enter an integer between 1 and 999999.");
+        EXPECT_EQ(dialog.Dollars(), 999999) << typed;
+    }
     EnterDollarsDialog dialog(100, nullptr);
     DialogRobot robot{Type("20"), Press(Qt::Key_Return)};
     EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-    EXPECT_EQ(dialog.Dollars(), 20);
+    EXPECT_EQ(dialog.Dollars(), 20) << "the amount proposed is typed over";
 }
 
-TEST(EnterDollarsDialogTest, WhatIsNoAmountIsRefusedAndMayBeTypedAgain) {
-    for (const char* typed : {"0", "1000000", "-5", "1.5", "ten", "99999999999999999999", " "}) {
-        EnterDollarsDialog dialog(100, nullptr);
+TEST(AutoplayHandsDialogTest, OnlyAWholeNumberIsAccepted) {
+    for (const char* typed : {"", "many", "5 hands", "4.5", "1,00", "100\t200"}) {
+        AutoplayHandsDialog dialog(nullptr);
+        QApplication::clipboard()->setText(typed);
         QString caption;
         QString text;
-        DialogRobot robot{Type(typed), Press(Qt::Key_Return), ReadMessage(caption, text),
-                          Type("999999"), Press(Qt::Key_Return)};
-        EXPECT_EQ(dialog.exec(), QDialog::Accepted) << typed;
-        EXPECT_EQ(text, "Enter an integer between 1 and 999999.") << typed;
-        EXPECT_EQ(dialog.Dollars(), 999999);
+        DialogRobot robot{Press(Qt::Key_V, Qt::ControlModifier), Press(Qt::Key_Return),
+                          ReadMessage(caption, text), Press(Qt::Key_Escape)};
+        EXPECT_EQ(dialog.exec(), QDialog::Rejected);
+        EXPECT_EQ(text, "Enter a whole number.") << typed;
     }
-}
-
-TEST(AutoplayHandsDialogTest, TheCountIsReadAsFarAsItIsANumber) {
-    const auto entered = [](const QString& typed) {
+    const std::pair<const char*, std::int64_t> counts[] = {
+        {"1,000,000", 1'000'000}, {"  5000000000 ", 5'000'000'000}, {"0", 0}, {"-3", -3}};
+    for (const auto& [typed, hands] : counts) {
         AutoplayHandsDialog dialog(nullptr);
         DialogRobot robot{Type(typed), Press(Qt::Key_Return)};
         EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-        return dialog.Hands();
-    };
-    EXPECT_EQ(entered("  5000000000 hands"), 5'000'000'000);
-    EXPECT_EQ(entered(""), 0);
-    EXPECT_EQ(entered("many"), 0);
-    EXPECT_EQ(entered("-3"), -3);
-    EXPECT_EQ(entered(QString(80, '0') + "7"), 0) << "80 characters are read";
+        EXPECT_EQ(dialog.Hands(), hands);
+    }
 }
 
 TEST(RenameGameDialogTest, NamesThatAFileCannotKeepAreRefused) {
@@ -129,16 +142,29 @@ TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
     CombinationsDialog dialog(nullptr);
     Show(dialog);
     const auto calculated = [&](const char* cards, const char* drawn) {
-        QTest::keyClicks(dialog.focusWidget(), cards);
-        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
-        QTest::keyClicks(dialog.focusWidget(), drawn);
-        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        for (const auto& [name, text] : {std::pair("cards", cards), std::pair("drawn", drawn)}) {
+            auto& box = Part<QLineEdit>(dialog, name);
+            EXPECT_EQ(dialog.focusWidget(), &box) << name;
+            box.clear();
+            QTest::keyClicks(&box, text);
+            QTest::keyClick(&box, Qt::Key_Tab);
+        }
+        QTest::keyClick(&Part<QLineEdit>(dialog, "drawn"), Qt::Key_Return);
         return Part<QLineEdit>(dialog, "result").text();
     };
     EXPECT_EQ(calculated("52", "5"), "2,598,960");
-    EXPECT_EQ(calculated("60", "30"), "118,264,581,564,861,424");
+    EXPECT_EQ(calculated("1,000", " 2"), "499,500");
     EXPECT_EQ(calculated("5", "6"), "0");
-    EXPECT_TRUE(dialog.isVisible());
+    for (const auto& [cards, drawn, wrong] :
+         {std::tuple("52 cards", "5", "cards"), std::tuple("52", "", "drawn")}) {
+        QString caption;
+        QString text;
+        DialogRobot robot{ReadMessage(caption, text)};
+        EXPECT_EQ(calculated(cards, drawn), "") << "no result of other numbers stays";
+        EXPECT_EQ(text, "Enter a whole number.");
+        EXPECT_EQ(dialog.focusWidget()->objectName(), wrong);
+        Part<QLineEdit>(dialog, "cards").setFocus();
+    }
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
 }
@@ -158,16 +184,22 @@ TEST(BestPlayErrorDialogTest, EnterMeansNoAndTheAnalysisIsShownOverTheQuestion) 
 }
 
 TEST(BestPlayErrorDialogTest, OnlyYesGoesOn) {
-    const auto answered = [](const DialogRobot::Step& answer) {
+    const auto inText = [](Qt::Key key) -> DialogRobot::Step {
+        return [key](QDialog& dialog) { QTest::keyClick(&Part<QWidget>(dialog, "message"), key); };
+    };
+    const std::pair<DialogRobot::Step, bool> answers[] = {
+        {Press(Qt::Key_Return), false}, {Press(Qt::Key_Escape), false},
+        {ClickOn("yes"), true},         {Press(Qt::Key_Y, Qt::AltModifier), true},
+        {Press(Qt::Key_Y), true},       {Press(Qt::Key_N), false},
+        {inText(Qt::Key_Y), true},      {inText(Qt::Key_N), false},
+    };
+    int at = 0;
+    for (const auto& [answer, goesOn] : answers) {
         BestPlayErrorDialog dialog("Continue?", {}, {}, nullptr);
         EXPECT_EQ(dialog.findChild<QPushButton*>("analysis"), nullptr);
         DialogRobot robot{answer};
-        return dialog.exec() == QDialog::Accepted;
-    };
-    EXPECT_FALSE(answered(Press(Qt::Key_Return)));
-    EXPECT_FALSE(answered(Press(Qt::Key_Escape)));
-    EXPECT_TRUE(answered(ClickOn("yes")));
-    EXPECT_TRUE(answered(Press(Qt::Key_Y, Qt::AltModifier)));
+        EXPECT_EQ(dialog.exec() == QDialog::Accepted, goesOn) << at++;
+    }
 }
 
 TEST(ProgressDialogTest, TheMeterStopsTheWorkWhenItIsCancelled) {
@@ -327,11 +359,29 @@ class StatisticsDialogTest : public testing::Test {
         machine.engine.payTable.lines[0].sessionWins = 3;
     }
 
+    void Open() {
+        dialog = std::make_unique<StatisticsDialog>(
+            machine.engine, machine.engine.statistics.sessionStart, nullptr);
+        Show(*dialog);
+    }
     std::string Text(const char* name) {
         return Part<QPlainTextEdit>(*dialog, name).toPlainText().toStdString();
     }
     static std::string Shown(const std::string& report) {
         return QString::fromStdString(report).replace("\r\n", "\n").chopped(1).toStdString();
+    }
+    std::string Saved() {
+        auto& box = Part<QPlainTextEdit>(*dialog, "credits");
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, box.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&box, &event);
+        const QString path = QString::fromStdString(machine.folder.Path("report"));
+        DialogRobot robot{[&](QDialog& open) {
+            EXPECT_EQ(open.windowTitle(), "Save As");
+            open.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            QTest::keyClick(open.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        }};
+        box.findChild<QAction*>("saveAsText")->trigger();
+        return machine.folder.Read("report.txt");
     }
 
     TestMachine machine;
@@ -340,8 +390,7 @@ class StatisticsDialogTest : public testing::Test {
 
 TEST_F(StatisticsDialogTest, TheDisplayChangesThePayTableAlone) {
     const GameEngine& engine = machine.engine;
-    dialog = std::make_unique<StatisticsDialog>(engine, engine.statistics.sessionStart, nullptr);
-    Show(*dialog);
+    Open();
     EXPECT_EQ(Text("hands"), Shown(StatisticsHands(engine, engine.statistics.sessionStart)));
     EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kHands)));
     Part<QRadioButton>(*dialog, "displayHands").setFocus();
@@ -353,28 +402,36 @@ TEST_F(StatisticsDialogTest, TheDisplayChangesThePayTableAlone) {
     EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kShareOfReturn)));
     EXPECT_EQ(Text("credits"), Shown(StatisticsCredits(engine)));
     EXPECT_EQ(Text("errors"), Shown(StatisticsErrors(engine)));
+    const std::string saved = Saved();
+    EXPECT_TRUE(saved.starts_with("Hands\n\tSession\tGame\n\nHands Won:\t0\t0\n")) << saved;
+    EXPECT_TRUE(saved.ends_with("\n\nPay Table\n" + Text("lines") + "\n")) << saved;
+    EXPECT_EQ(saved.find('\r'), std::string::npos);
     auto& box = Part<QPlainTextEdit>(*dialog, "errors");
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_Return);
     EXPECT_FALSE(dialog->isVisible()) << "Enter is OK in a report too";
 }
 
-TEST_F(StatisticsDialogTest, TheReportIsSavedFromTheMenuOfABox) {
-    dialog = std::make_unique<StatisticsDialog>(machine.engine, 0, nullptr);
-    Show(*dialog);
-    auto& box = Part<QPlainTextEdit>(*dialog, "credits");
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, box.mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&box, &event);
-    const QString path = QString::fromStdString(machine.folder.Path("report"));
-    DialogRobot robot{[&](QDialog& open) {
-        open.findChild<QLineEdit*>("fileNameEdit")->setText(path);
-        QTest::keyClick(open.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-    }};
-    box.findChild<QAction*>("saveAsText")->trigger();
-    const std::string saved = machine.folder.Read("report.txt");
-    EXPECT_TRUE(saved.starts_with("Hands\n\tSession\tGame\n\nHands Won:\t0\t0\n")) << saved;
-    EXPECT_NE(saved.find("\n\nPay Table\nJacks or Better\tSession\tGame\n"), std::string::npos);
-    EXPECT_EQ(saved.find('\r'), std::string::npos);
+TEST_F(StatisticsDialogTest, ALongNameLeavesTheFiguresAsTheyAre) {
+    Open();
+    const auto fontSize = [this] {
+        return Part<QPlainTextEdit>(*dialog, "lines").font().pointSizeF();
+    };
+    const qreal plain = fontSize();
+    const std::string name = "<b>" + std::string(77, 'W');
+    machine.engine.settings.gameName = name;
+    machine.engine.payTable.lines[1].description = std::string(80, 'M');
+    Open();
+    EXPECT_EQ(fontSize(), plain);
+    auto& box = Part<QPlainTextEdit>(*dialog, "lines");
+    EXPECT_EQ(box.horizontalScrollBar()->maximum(), 0) << "no column is cut off";
+    EXPECT_TRUE(Text("lines").starts_with("<b>WWW"));
+    EXPECT_EQ(Text("lines").find("WWWW\tSession"), std::string::npos);
+    QHelpEvent rests(QEvent::ToolTip, {5, 5}, box.viewport()->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(box.viewport(), &rests);
+    EXPECT_TRUE(
+        QToolTip::text().contains("&lt;b&gt;" + QString(77, 'W') + "<br>" + QString(80, 'M')));
+    EXPECT_NE(Saved().find("\n" + name + "\tSession\tGame\n"), std::string::npos);
 }
 
 }  // namespace

@@ -317,12 +317,12 @@ TEST(PayTableManagerTest, EveryFieldHasAWayInByKeyboardAndAName) {
     const auto place = [&](const QString& name) {
         return std::ranges::find(seen, name) - seen.begin();
     };
-    for (const char* name : {"maxBet", "oej", "minPair", "rank14", "kicker14", "saveTable"}) {
+    for (const char* name : {"maxBet", "oej", "minPair", "rank14", "maxPayout14", "saveTable"}) {
         EXPECT_LT(place(name), std::ssize(seen)) << name;
     }
     EXPECT_LT(place("gameName"), place("rank0"));
     EXPECT_EQ(place("description0") + 1, place("payout0"));
-    EXPECT_LT(place("kicker14"), place("changeGame"));
+    EXPECT_LT(place("maxPayout14"), place("changeGame"));
     EXPECT_LE(m.dialog.minimumSizeHint().width(), 620);
     EXPECT_LE(m.dialog.minimumSizeHint().height(), 440);
     for (const QWidget* field : m.dialog.findChildren<QLineEdit*>()) {

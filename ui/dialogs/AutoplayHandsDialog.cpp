@@ -25,7 +25,9 @@ AutoplayHandsDialog::AutoplayHandsDialog(QWidget* parent) : QDialog(parent) {
     count->setFocus();
 }
 
-std::int64_t AutoplayHandsDialog::Hands() const {
-    const std::string typed = count->text().toStdString();
-    return ReadWholeNumber(typed).Nearest();
+void AutoplayHandsDialog::accept() {
+    const auto typed = AskedWholeNumber(*count);
+    if (!typed) return;
+    hands = ReadWholeNumber(*typed).Nearest();
+    QDialog::accept();
 }

@@ -11,9 +11,12 @@ class AutoplayHandsDialog : public QDialog {
   public:
     explicit AutoplayHandsDialog(QWidget* parent);
 
-    // The number that the text begins with, 0 when there is none; it may be negative.
-    std::int64_t Hands() const;
+    // What was accepted, which may be negative; 0 before that.
+    std::int64_t Hands() const { return hands; }
+
+    void accept() override;
 
   private:
     QLineEdit* count;
+    std::int64_t hands = 0;
 };

@@ -37,8 +37,12 @@ CombinationsDialog::CombinationsDialog(QWidget* parent) : QDialog(parent) {
 }
 
 void CombinationsDialog::Calculate() {
-    result->setText(QString::fromStdString(
-        CombinationText(cards->text().toStdString(), drawn->text().toStdString())));
+    result->clear();
+    const auto of = AskedWholeNumber(*cards);
+    if (!of) return;
+    const auto taken = AskedWholeNumber(*drawn);
+    if (!taken) return;
+    result->setText(QString::fromStdString(CombinationText(*of, *taken)));
     cards->setFocus();
     cards->selectAll();
 }

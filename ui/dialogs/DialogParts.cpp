@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "core/text/Amount.h"
+#include "core/text/WholeNumber.h"
 
 namespace {
 
@@ -123,6 +124,15 @@ void RefuseInput(QLineEdit& box, QMessageBox::Icon icon, const QString& caption,
     message.exec();
     box.setFocus();
     box.selectAll();
+}
+
+std::optional<std::string> AskedWholeNumber(QLineEdit& box) {
+    auto number = PlainWholeNumber(box.text().toStdString());
+    if (!number) {
+        RefuseInput(box, QMessageBox::Warning, QObject::tr("Tolvane"),
+                    QObject::tr("Enter a whole number."));
+    }
+    return number;
 }
 
 QString Grouped(std::int64_t number) { return QString::fromStdString(FormatCount(number)); }

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <optional>
+#include <string>
 
 class QDialog;
 class QDialogButtonBox;
@@ -48,6 +50,10 @@ void LimitToBytes(QLineEdit& box, int longest);
 // Tells what is wrong with what was typed, and has it typed again.
 void RefuseInput(QLineEdit& box, QMessageBox::Icon icon, const QString& caption,
                  const QString& problem);
+
+// The whole number typed in a box, in plain digits. When it is none that is told, the number is to
+// be typed again, and there is nothing.
+std::optional<std::string> AskedWholeNumber(QLineEdit& box);
 
 // "16,215".
 QString Grouped(std::int64_t number);

@@ -4,21 +4,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
-#include <algorithm>
 
+#include "core/text/Numbers.h"
+#include "core/text/WholeNumber.h"
 #include "game/MachineCommands.h"
 #include "ui/dialogs/DialogParts.h"
-
-namespace {
-
-// 0 for anything but digits.
-int WholeDollars(const QString& typed) {
-    const QString digits = typed.trimmed();
-    const bool whole = std::ranges::all_of(digits, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    return whole ? digits.toInt() : 0;
-}
-
-}  // namespace
 
 EnterDollarsDialog::EnterDollarsDialog(int proposed, QWidget* parent) : QDialog(parent) {
     setObjectName("enterDollars");
@@ -40,7 +30,7 @@ EnterDollarsDialog::EnterDollarsDialog(int proposed, QWidget* parent) : QDialog(
 }
 
 void EnterDollarsDialog::accept() {
-    const int typed = WholeDollars(amount->text());
+    const int typed = ParseInt(PlainWholeNumber(amount->text().toStdString()).value_or("0"));
     if (typed < 1 || typed > kMostDollars) {
         RefuseInput(*amount, QMessageBox::Warning, tr("Tolvane"),
                     tr("Enter an integer between 1 and %1.").arg(kMostDollars));

@@ -6,54 +6,51 @@
 
 namespace {
 
-std::string Dollars(double amount) {
-    return FormatNumber(FormatDouble("%7.2f", amount), true, true);
-}
-
-}  // namespace
+struct AmountCase {
+    std::string printed;
+    std::string shown;
+};
 
 TEST(AmountTest, WholeNumbersAreGroupedByThree) {
-    EXPECT_EQ(FormatNumber("0", false, false), "0");
-    EXPECT_EQ(FormatNumber("123", false, false), "123");
-    EXPECT_EQ(FormatNumber("1234", false, false), "1,234");
-    EXPECT_EQ(FormatNumber("123456", false, false), "123,456");
-    EXPECT_EQ(FormatNumber("1234567", false, false), "1,234,567");
-    EXPECT_EQ(FormatNumber("1234567", false, true), "$1,234,567");
-    EXPECT_EQ(FormatNumber("", false, false), "");
-}
-
-TEST(AmountTest, AMinusSignIsNeverFollowedByAComma) {
-    EXPECT_EQ(FormatNumber("-123", false, false), "-123");
-    EXPECT_EQ(FormatNumber("-1234", false, false), "-1,234");
-    EXPECT_EQ(FormatNumber("-123456", false, false), "-123,456");
-    EXPECT_EQ(FormatNumber("  -123456.5", true, true), "$-123,456.5");
-}
-
-TEST(AmountTest, DollarsKeepTheirCents) {
-    EXPECT_EQ(Dollars(1234.5), "$1,234.50");
-    EXPECT_EQ(Dollars(5), "$5.00");
-    EXPECT_EQ(Dollars(999.994), "$999.99");
-    EXPECT_EQ(Dollars(-1234567.25), "$-1,234,567.25");
+    const AmountCase cases[] = {
+        {"0", "0"},
+        {"123", "123"},
+        {"1234", "1,234"},
+        {"123456", "123,456"},
+        {"1234567", "1,234,567"},
+        {"", ""},
+        {"-123", "-123"},  // a minus sign is never followed by a comma
+        {"-1234", "-1,234"},
+        {"-123456", "-123,456"},
+        {"   123456", "123,456"},  // blanks are dropped and part no groups
+        {"   ", ""},
+    };
+    for (const auto& [printed, shown] : cases) {
+        EXPECT_EQ(FormatNumber(printed, false, false), shown) << printed;
+        EXPECT_EQ(FormatNumber(printed, false, true), "$" + shown) << printed;
+    }
 }
 
 TEST(AmountTest, DecimalsStandAsTheyAreBehindADigit) {
-    EXPECT_EQ(FormatNumber("1234567.5000", true, false), "1,234,567.5000");
-    EXPECT_EQ(FormatNumber(".5", true, false), "0.5");
-    EXPECT_EQ(FormatNumber("  .5", true, false), "0.5");
-    EXPECT_EQ(FormatNumber("-.5", true, false), "-0.5");
-    EXPECT_EQ(FormatNumber("2598960", true, false), "2,598,960") << "no point is needed";
-    EXPECT_EQ(FormatNumber("1234.", true, false), "1,234.");
-    EXPECT_EQ(FormatNumber("1.2.3456", true, false), "1.2.3456") << "the last point counts";
+    const AmountCase cases[] = {
+        {"1234567.5000", "1,234,567.5000"},
+        {".5", "0.5"},
+        {"  .5", "0.5"},
+        {"-.5", "-0.5"},
+        {"  -123456.5", "-123,456.5"},
+        {"2598960", "2,598,960"},  // no point is needed
+        {"1234.", "1,234."},
+        {"1.2.3456", "1.2.3456"},  // the last point counts
+        {"19933230517200.0000", "19,933,230,517,200.0000"},
+        {FormatDouble("%19.4lf", 1e30), "1,000,000,000,000,000,019,884,624,838,656.0000"},
+        {FormatDouble("%7.2f", 999.994), "999.99"},
+        {FormatDouble("%7.2f", 5), "5.00"},
+        {FormatDouble("%7.2f", -1234567.25), "-1,234,567.25"},
+    };
+    for (const auto& [printed, shown] : cases) {
+        EXPECT_EQ(FormatNumber(printed, true, false), shown) << printed;
+        EXPECT_EQ(FormatNumber(printed, true, true), "$" + shown) << printed;
+    }
 }
 
-TEST(AmountTest, BlanksAreDroppedAndPartNoGroups) {
-    EXPECT_EQ(FormatNumber("      123", false, false), "123");
-    EXPECT_EQ(FormatNumber("   123456", false, false), "123,456");
-    EXPECT_EQ(FormatNumber("   ", false, false), "");
-}
-
-TEST(AmountTest, LongNumbersKeepEveryDigit) {
-    EXPECT_EQ(FormatNumber("19933230517200.0000", true, false), "19,933,230,517,200.0000");
-    EXPECT_EQ(FormatNumber(FormatDouble("%19.4lf", 1e30), true, false),
-              "1,000,000,000,000,000,019,884,624,838,656.0000");
-}
+}  // namespace

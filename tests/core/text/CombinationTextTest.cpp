@@ -6,41 +6,45 @@
 
 namespace {
 
+const std::string kHuge(70, '9');
+
 TEST(CombinationTextTest, DrawsAreCountedToTheLastDigit) {
-    EXPECT_EQ(CombinationText("52", "5"), "2,598,960");
-    EXPECT_EQ(CombinationText(" 47 cards", "+2"), "1,081");
-    EXPECT_EQ(CombinationText("52", "1"), "52");
-    EXPECT_EQ(CombinationText("52", "47"), "2,598,960");
-    EXPECT_EQ(CombinationText("57", "28"), "15,033,633,249,770,520");
-    EXPECT_EQ(CombinationText("60", "30"), "118,264,581,564,861,424");
-    EXPECT_EQ(CombinationText("1000000000", "2"), "499,999,999,500,000,000");
-    EXPECT_EQ(CombinationText("999999999999999999", "1"), "999,999,999,999,999,999");
-    EXPECT_EQ(CombinationText("999999999999999999", "999999999999999998"),
-              "999,999,999,999,999,999");
-}
-
-TEST(CombinationTextTest, AllOfThemIsOneWayBeforeNoneIsNone) {
-    for (const char* same : {"5", "0", "-3", "", "no number"}) {
-        EXPECT_EQ(CombinationText(same, same), "1") << same;
+    const std::string most(18, '9');
+    const struct {
+        std::string cards;
+        std::string drawn;
+        const char* ways;
+    } cases[] = {
+        {"52", "5", "2,598,960"},
+        {"47", "2", "1,081"},
+        {"52", "1", "52"},
+        {"52", "47", "2,598,960"},
+        {"57", "28", "15,033,633,249,770,520"},
+        {"60", "30", "118,264,581,564,861,424"},
+        {"63", "31", "916,312,070,471,295,267"},
+        {"64", "32", "too large"},  // 1.8e18
+        {"1000000000", "2", "499,999,999,500,000,000"},
+        {most, "1", "999,999,999,999,999,999"},
+        {most, "999999999999999998", "999,999,999,999,999,999"},
+        {most, "499999999999999999", "too large"},
+        {"1000000000000000000", "1", "too large"},
+        {kHuge, "2", "too large"},
+        {"5", "5", "1"},  // all of them is one way, before none is none
+        {"0", "0", "1"},
+        {"-3", "-3", "1"},
+        {"007", "7", "1"},
+        {kHuge, kHuge, "1"},
+        {"5", "6", "0"},
+        {"5", "0", "0"},
+        {"5", "-1", "0"},
+        {"-5", "-6", "0"},
+        {"0", "3", "0"},
+        {kHuge, kHuge + "0", "0"},
+        {kHuge, "-" + kHuge, "0"},
+    };
+    for (const auto& [cards, drawn, ways] : cases) {
+        EXPECT_EQ(CombinationText(cards, drawn), ways) << drawn << " of " << cards;
     }
-    EXPECT_EQ(CombinationText("007", "7"), "1");
-    EXPECT_EQ(CombinationText("5", "6"), "0");
-    EXPECT_EQ(CombinationText("5", "0"), "0");
-    EXPECT_EQ(CombinationText("5", "-1"), "0");
-    EXPECT_EQ(CombinationText("-5", "-6"), "0");
-    EXPECT_EQ(CombinationText("0", "3"), "0");
-}
-
-TEST(CombinationTextTest, MoreThanEighteenDigitsAreTooLarge) {
-    EXPECT_EQ(CombinationText("63", "31"), "916,312,070,471,295,267");
-    EXPECT_EQ(CombinationText("64", "32"), "too large");  // 1.8e18
-    EXPECT_EQ(CombinationText("1000000000000000000", "1"), "too large");
-    EXPECT_EQ(CombinationText("999999999999999999", "499999999999999999"), "too large");
-    const std::string huge(70, '9');
-    EXPECT_EQ(CombinationText(huge, "2"), "too large");
-    EXPECT_EQ(CombinationText(huge, huge), "1");
-    EXPECT_EQ(CombinationText(huge, huge + "0"), "0");
-    EXPECT_EQ(CombinationText(huge, "-" + huge), "0");
 }
 
 TEST(WholeNumberTest, NumbersPast64BitsAreTheNearest) {
@@ -50,6 +54,29 @@ TEST(WholeNumberTest, NumbersPast64BitsAreTheNearest) {
     EXPECT_EQ(ReadWholeNumber("-99999999999999999999").Nearest(), INT64_MIN);
     EXPECT_EQ(ReadWholeNumber("+-1").Nearest(), 0);
     EXPECT_FALSE(ReadWholeNumber("-0").negative);
+}
+
+TEST(WholeNumberTest, TypedCommasPartGroupsOfThreeOrAreNoNumber) {
+    const std::pair<std::string, const char*> numbers[] = {
+        {"0", "0"},
+        {"4000", "4000"},
+        {"4,000", "4000"},
+        {"1,000,000", "1000000"},
+        {" \t12,345\r\n", "12345"},
+        {"-4,000", "-4000"},
+        {"+7", "7"},
+        {"-0", "-0"},
+        {"007", "007"},
+        {kHuge, kHuge.c_str()},
+    };
+    for (const auto& [typed, plain] : numbers) EXPECT_EQ(PlainWholeNumber(typed), plain) << typed;
+    for (const char* typed :
+         {"",           " ",    "4000 coins", "4.5",      "4,00",  "1,2345",      "12345,678",
+          "1,,000",     ",000", "1,000,",     "1,00,000", "4 000", "4000\t20000", "4000\n20000",
+          "4000 20000", "- 5",  "--5",        "+-5",      "-",     "5-",          "$5",
+          "0x10",       "1e3",  "4\u00a0000", "\u0664"}) {
+        EXPECT_EQ(PlainWholeNumber(typed), std::nullopt) << typed;
+    }
 }
 
 }  // namespace

@@ -27,37 +27,41 @@ TEST(NumbersTest, SameTextFoldsTheAsciiLettersOnly) {
     EXPECT_FALSE(SameText("\xC3\x84", "\xC3\xA4"));  // A and a with dots
 }
 
-TEST(NumbersTest, AnIntegerIsReadAsFarAsItGoes) {
-    EXPECT_EQ(ParseInt("12"), 12);
-    EXPECT_EQ(ParseInt(" \t\n\v\f\r+7x9"), 7);
-    EXPECT_EQ(ParseInt("-3.9"), -3);
-    EXPECT_EQ(ParseInt("007"), 7);
+TEST(NumbersTest, AnIntegerIsReadAsFarAsItGoesAndPast32BitsIsTheNearest) {
+    constexpr auto least = std::numeric_limits<std::int32_t>::min();
+    constexpr auto most = std::numeric_limits<std::int32_t>::max();
+    const std::pair<std::string, std::int32_t> numbers[] = {
+        {"12", 12},
+        {" \t\n\v\f\r+7x9", 7},
+        {"-3.9", -3},
+        {"4,000", 4},
+        {"007", 7},
+        {"2147483647", most},
+        {"2147483648", most},
+        {"-2147483647", -2147483647},
+        {"-2147483648", least},
+        {"-2147483649", least},
+        {std::string(1000, '9'), most},
+        {"-" + std::string(1000, '9'), least},
+    };
+    for (const auto& [text, number] : numbers) EXPECT_EQ(ParseInt(text), number) << text;
     for (const auto* text : {"", " ", "-", "+-1", "--1", "- 1", "x1", "0x10"}) {
         EXPECT_EQ(ParseInt(text), 0) << text;
     }
     EXPECT_EQ(ParseInt(std::string_view("12345", 2)), 12);
 }
 
-TEST(NumbersTest, AnIntegerPast32BitsIsTheNearest) {
-    constexpr auto least = std::numeric_limits<std::int32_t>::min();
-    constexpr auto most = std::numeric_limits<std::int32_t>::max();
-    EXPECT_EQ(ParseInt("2147483647"), most);
-    EXPECT_EQ(ParseInt("2147483648"), most);
-    EXPECT_EQ(ParseInt("-2147483647"), -2147483647);
-    EXPECT_EQ(ParseInt("-2147483648"), least);
-    EXPECT_EQ(ParseInt("-2147483649"), least);
-    EXPECT_EQ(ParseInt(std::string(1000, '9')), most);
-    EXPECT_EQ(ParseInt("-" + std::string(1000, '9')), least);
-}
-
 TEST(NumbersTest, AFloatingPointNumberIsReadAsFarAsItGoes) {
-    EXPECT_EQ(ParseDouble("0.9954  "), 0.9954);
-    EXPECT_EQ(ParseDouble(" \t+.5x"), 0.5);
-    EXPECT_EQ(ParseDouble("-5."), -5.0);
-    EXPECT_EQ(ParseDouble("1.5e2"), 150.0);
-    EXPECT_EQ(ParseDouble("2e"), 2.0);
-    EXPECT_EQ(ParseDouble("1,5"), 1.0);
-    EXPECT_EQ(ParseDouble("5e-324"), std::numeric_limits<double>::denorm_min());
+    const std::pair<const char*, double> numbers[] = {
+        {"0.9954  ", 0.9954},
+        {" \t+.5x", 0.5},
+        {"-5.", -5.0},
+        {"1.5e2", 150.0},
+        {"2e", 2.0},
+        {"1,5", 1.0},
+        {"5e-324", std::numeric_limits<double>::denorm_min()},
+    };
+    for (const auto& [text, number] : numbers) EXPECT_EQ(ParseDouble(text), number) << text;
     for (const auto* text : {"", " ", ".", "+", "+-1", "-+1", "++1", "- 1", "e5", "inf",
                              "-Infinity", "nan", "1e999", "-1e999", "1e-999", "0x10"}) {
         EXPECT_EQ(ParseDouble(text), 0.0) << text;

@@ -22,18 +22,25 @@ TEST(RanksTest, ARankIsReadFromEitherLetterCase) {
 }
 
 TEST(RanksTest, ATypedListIsStoredAsNumbers) {
-    EXPECT_EQ(ParseRankList(""), "");
-    EXPECT_EQ(ParseRankList("2, k,a"), "2,13,1");
-    EXPECT_EQ(ParseRankList("T,J,q"), "10,11,12");
-    EXPECT_EQ(ParseRankList("2;7:10 K"), "2,7,10,13");
-    EXPECT_EQ(ParseRankList("  ace,King"), "1,13");  // the first letter decides
-    EXPECT_EQ(ParseRankList("+5,14,3x"), "5,14,3");
-    EXPECT_EQ(ParseRankList("A,2,3,4,5,6,7,8,9,T,J,Q,K"), "1,2,3,4,5,6,7,8,9,10,11,12,13");
+    const std::pair<const char*, const char*> lists[] = {
+        {"", ""},
+        {"2, k,a", "2,13,1"},
+        {"T,J,q", "10,11,12"},
+        {"2;7:10 K", "2,7,10,13"},
+        {"  ace,King", "1,13"},  // the first letter decides
+        {"+5,14,3x", "5,14,3"},
+        {"A,2,3,4,5,6,7,8,9,T,J,Q,K", "1,2,3,4,5,6,7,8,9,10,11,12,13"},
+        {"2 ,3", "2,3"},  // blanks beside another separator, or at an end, separate nothing
+        {"J ", "11"},
+        {" 2  ;  3  K  ", "2,3,13"},
+        {"   ", ""},
+    };
+    for (const auto& [typed, stored] : lists) EXPECT_EQ(ParseRankList(typed), stored) << typed;
 }
 
 TEST(RanksTest, ATypedListFailsAsAWhole) {
-    for (const auto* typed : {"2,,3", "2 ,3", ",2", "2,", " ", ",", "2,x", "0", "2,0", "W", "-",
-                              "A,2,3,4,5,6,7,8,9,T,J,Q,K,A"}) {
+    for (const auto* typed : {"2,,3", "2 , ,3", ",2", " ,2", "2,", "2, ", "2 ;", ",", "2,x", "0",
+                              "2,0", "W", "-", "A,2,3,4,5,6,7,8,9,T,J,Q,K,A"}) {
         EXPECT_EQ(ParseRankList(typed), std::nullopt) << typed;
     }
 }
