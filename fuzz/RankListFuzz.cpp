@@ -12,6 +12,7 @@
 
 #include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
+#include "core/text/WholeNumber.h"
 
 namespace {
 
@@ -44,6 +45,9 @@ void CheckNumbers(const std::string& text) {
     constexpr auto most = std::numeric_limits<std::int32_t>::max();
     Require(ParseInt(text) ==
             std::clamp<long long>(std::strtoll(text.c_str(), nullptr, 10), least, most));
+
+    const auto plain = PlainWholeNumber(text);
+    Require(!plain || PlainWholeNumber(*plain) == plain);
 
     const double value = ParseDouble(text);
     Require(std::isfinite(value));

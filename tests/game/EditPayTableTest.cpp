@@ -58,20 +58,6 @@ TEST_F(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
     EXPECT_EQ(log.back(), "relayout");
 }
 
-TEST_F(EditPayTableTest, AnotherActiveTableIsPlayed) {
-    manager.script = [&](PayTableEditor& editor) {
-        player.answers = {"no"};
-        editor.GoToNextTable();
-        editor.MakeActive(player);
-    };
-    AppendTable(Files(), {300, "Jacks or Better"}, ReadPayTableTexts(Files(), "Bonus Poker", 0));
-    EditCurrentPayTable(table, paths, manager);
-    EXPECT_EQ(engine.settings.activeTable, 1);
-    EXPECT_EQ(engine.payTable.lines.size(), 11U);
-    EXPECT_EQ(
-        ActiveTable(machine.file, machine.files.gamePath, paths.mainProfile, "Jacks or Better"), 1);
-}
-
 TEST_F(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
     MakeMyGame(2);
     manager.selection = "My Game";
@@ -105,19 +91,14 @@ TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
     EXPECT_EQ(manager.opened, "");
 }
 
-TEST_F(EditPayTableTest, TheCurrentGameIsRenamedAndDeleted) {
-    MakeMyGame(2);
+TEST_F(EditPayTableTest, ARenamedCurrentGameGoesOn) {
+    MakeMyGame();
     ChooseUserGame(table, 9001, paths, manager);
     EXPECT_EQ(manager.opened, "") << "it has a table";
     manager.script = [&](PayTableEditor& editor) { editor.Rename(player.Saying({"Your Game"})); };
     EditCurrentPayTable(table, paths, manager);
     EXPECT_EQ(StatsSection(engine), "Your Game(0)");
     EXPECT_EQ(Stored(machine.files.gamePath, "main", "GameName"), "Your Game");
-    manager.script = [&](PayTableEditor& editor) { editor.Delete(player.Saying({"ok"})); };
-    EditCurrentPayTable(table, paths, manager);
-    EXPECT_EQ(StatsSection(engine), "Jacks or Better(0)");
-    machine.file.Flush();
-    EXPECT_EQ(machine.folder.Read("game.qdx").find("Your Game"), std::string::npos);
 }
 
 }  // namespace

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <map>
+#include <ranges>
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/profile/ProfileFile.h"
@@ -34,15 +35,6 @@ PayTableTexts ValidWild() {
     return table;
 }
 
-struct ProblemCase {
-    const char* name;
-    std::function<void(PayTableTexts&)> change;  // of a table that may be saved
-    FieldPlace where;
-    const char* text;  // how it begins; empty: no problem
-};
-
-void PrintTo(const ProblemCase& problem, std::ostream* out) { *out << problem.name; }
-
 const char* const kJokersText = "Number of jokers must be numberic and not greater than 5";
 const char* const kWildsText =
     "You can not specify more than 5 wild cards and they must be 2-9,T,J,Q,K, or A and seperated "
@@ -71,93 +63,91 @@ const char* const kNeedsWilds =
 using Texts = PayTableTexts;
 using enum FormField;
 
-// The second line is of this rank.
-std::function<void(Texts&)> Second(HandRank rank, const char* quads = "",
-                                   const char* kickers = "") {
-    return [=](Texts& table) {
-        table.lines[1] = Line(rank);
-        table.lines[1].bonusQuads = quads;
-        table.lines[1].kickers = kickers;
-    };
-}
-
-// The same in a game with a joker.
-std::function<void(Texts&)> WildSecond(HandRank rank, const char* quads = "",
-                                       const char* kickers = "") {
-    return [=](Texts& table) {
-        table = ValidWild();
-        Second(rank, quads, kickers)(table);
-    };
-}
-
-std::function<void(Texts&)> FirstPays(const char* payout) {
-    return [=](Texts& table) { table.lines[0].payout = payout; };
-}
-
-const ProblemCase kCases[] = {
-    {"valid", [](Texts&) {}, {}, ""},
-    {"six jokers", [](Texts& t) { t.jokers = "6"; }, {kJokers}, kJokersText},
-    {"jokers in words", [](Texts& t) { t.jokers = "two"; }, {kJokers}, kJokersText},
-    {"jokers and more", [](Texts& t) { t.jokers = "2 jokers"; }, {kJokers}, kJokersText},
-    {"two noughts", [](Texts& t) { t.jokers = "00"; }, {kJokers}, kJokersText},
-    {"fewer than no jokers", [](Texts& t) { t.jokers = "-1"; }, {kJokers}, kJokersText},
-    {"no jokers", [](Texts& t) { t.jokers = "0"; }, {}, ""},
-    {"six wild ranks", [](Texts& t) { t.wildRanks = "2,3,4,5,6,7"; }, {kWildRanks}, kWildsText},
-    {"no rank", [](Texts& t) { t.wildRanks = "2,x"; }, {kWildRanks}, kWildsText},
-    {"a rank past the ace", [](Texts& t) { t.wildRanks = "15"; }, {kWildRanks}, kWildsText},
-    {"five wild ranks", [](Texts& t) { t.wildRanks = "2,3,t,k, a "; }, {}, ""},
-    {"neither wild", [](Texts& t) { t.usesWilds = true; }, {kWildRanks}, kNeither},
-    {"blanks wild",
-     [](Texts& t) { t.wildRanks = " ", t.usesWilds = true; },
-     {kWildRanks},
-     kNeither},
-    {"wild jacks", [](Texts& t) { CheckType(t, GameType::kOneEyedJacks, true); }, {}, ""},
-    {"pair of letters", [](Texts& t) { t.minPair = "x"; }, {kMinPair}, kMinPairText},
-    {"two lowest pairs", [](Texts& t) { t.minPair = "J,Q"; }, {kMinPair}, kMinPairText},
-    {"blanks around the pair", [](Texts& t) { t.minPair = " j "; }, {}, ""},
-    {"bet of 0", [](Texts& t) { t.maxBet = "0"; }, {kMaxBet}, kMaxBetText},
-    {"bet in words", [](Texts& t) { t.maxBet = "5 coins"; }, {kMaxBet}, kMaxBetText},
-    {"no bet", [](Texts& t) { t.maxBet = ""; }, {kMaxBet}, kMaxBetText},
-    {"endless bet", [](Texts& t) { t.maxBet = "99999999999999999999"; }, {kMaxBet}, kMaxBetText},
-    {"high bet", [](Texts& t) { t.maxBet = "1,000"; }, {}, ""},
-    {"wild line", Second(kFiveWilds), {kRank, 1}, kNeedsWilds},
-    {"nameless", [](Texts& t) { t.lines[1].description = ""; }, {kDescription, 1}, kNoDescription},
-    {"no payout", FirstPays(""), {kPayout, 0}, kPayoutText},
-    {"payout of 0", FirstPays("0"), {kPayout, 0}, kPayoutText},
-    {"payout with its unit", FirstPays("4000 coins"), {kPayout, 0}, kPayoutText},
-    {"two cells pasted", FirstPays("4000 20000"), {kPayout, 0}, kPayoutText},
-    {"comma at the wrong place", FirstPays("4,00"), {kPayout, 0}, kPayoutText},
-    {"grouped payout", FirstPays(" 4,000"), {}, ""},
-    {"word", [](Texts& t) { t.lines[1].maxPayout = "x"; }, {kMaxPayout, 1}, kMaxPayoutText},
-    {"half", [](Texts& t) { t.lines[1].maxPayout = "4.5"; }, {kMaxPayout, 1}, kMaxPayoutText},
-    {"bonus without quads", Second(kBonusFourOfAKind, " "), {kBonusQuads, 1}, kNoQuads},
-    {"one wild without", WildSecond(kFiveOfAKindWithOneWild), {kBonusQuads, 1}, kNoQuads},
-    {"quads of no rank", Second(kBonusFiveOfAKind, "2;z"), {kBonusQuads, 1}, kQuads},
-    {"wild quads of no rank", WildSecond(kFourWilds, "x"), {kBonusQuads, 1}, kQuads},
-    {"quads where none belong", Second(kFlush, "five"), {kBonusQuads, 1}, kQuads},
-    {"kickers of no rank", WildSecond(kFourWilds, "", "x"), {kKickers, 1}, kTrailers},
-    {"kickers where none belong", Second(kFlush, "", "x"), {kKickers, 1}, kTrailers},
-    {"fourteen kickers",
-     Second(kBonusFourOfAKind, "a", "2,2,2,2,2,2,2,2,2,2,2,2,2,2"),
-     {kKickers, 1},
-     kTrailers},
-    {"ranks where none belong", Second(kFlush, "a ", "2 , 3"), {}, ""},
-    {"plain quads", Second(kFourOfAKind), {}, ""},
-    {"pair without a lowest", Second(kOnePair), {kMinPair}, kNoMinPair},
-    {"behind the end", [](Texts& t) { t.lines[3] = Line(kFiveWilds); }, {}, ""},
-    {"no lines", [](Texts& t) { t.lines[0].rank = kUnknown; }, {kRank, 0}, kBlank},
-};
-
-class FormProblemTest : public testing::TestWithParam<ProblemCase> {};
-
-TEST_P(FormProblemTest, IsToldAtItsField) {
-    PayTableTexts table = Valid();
-    GetParam().change(table);
+void ExpectProblem(const Texts& table, const char* text, FieldPlace where) {
     const auto problem = FindProblem(table);
-    EXPECT_EQ(problem ? problem->text : "", GetParam().text);
-    EXPECT_EQ(problem ? problem->where : FieldPlace(), GetParam().where);
+    EXPECT_EQ(problem ? problem->text : "", text);
+    EXPECT_EQ(problem ? problem->where : FieldPlace(), where);
 }
-INSTANTIATE_TEST_SUITE_P(Each, FormProblemTest, testing::ValuesIn(kCases));
+
+std::string& TextIn(Texts& table, FieldPlace place) {
+    PayLineTexts& line = table.lines[static_cast<std::size_t>(place.line)];
+    const std::map<FormField, std::string*> boxes = {
+        {kJokers, &table.jokers},          {kWildRanks, &table.wildRanks},
+        {kMinPair, &table.minPair},        {kMaxBet, &table.maxBet},
+        {kDescription, &line.description}, {kPayout, &line.payout},
+        {kMaxPayout, &line.maxPayout},     {kBonusQuads, &line.bonusQuads},
+        {kKickers, &line.kickers}};
+    return *boxes.at(place.field);
+}
+
+std::vector<std::string> Parted(std::string_view texts) {
+    std::vector<std::string> parts;
+    for (const auto part : std::views::split(texts, '|'))
+        parts.emplace_back(part.begin(), part.end());
+    return parts;
+}
+
+// A box of a table that may be saved otherwise, what may not be typed there and what may.
+const struct {
+    FieldPlace where;
+    const char* text;
+    const char* refused;
+    const char* accepted;
+} kBoxes[] = {{{kJokers}, kJokersText, "6|two|2 jokers|00|-1| ", "0|+5 "},
+              {{kWildRanks}, kWildsText, "2,3,4,5,6,7|2,x|15", "2,3,t,k, a | "},
+              {{kMinPair}, kMinPairText, "x|J,Q| ", " j |15"},
+              {{kMaxBet}, kMaxBetText, "0|5 coins| |1001|99999999999999999999", "1,000"},
+              {{kDescription, 1}, kNoDescription, "|", "x"},
+              {{kPayout, 0}, kPayoutText, "|0|-4|4000 coins|4000 20000|4,00|4.5", " 4,000|1"},
+              {{kMaxPayout, 1}, kMaxPayoutText, "|0|x|4000 coins|4.5", "4,000"},
+              // The next two are of a flush, which takes none.
+              {{kBonusQuads, 1}, kQuads, "2;z|five|2,2,2,2,2,2,2,2,2,2,2,2,2,2", " |a |2 , 3"},
+              {{kKickers, 1}, kTrailers, "x|2,2,2,2,2,2,2,2,2,2,2,2,2,2", "a |2 , 3"}};
+
+TEST(PayTableFormTest, WhatABoxCannotHoldIsToldThere) {
+    for (const auto& [where, text, refused, accepted] : kBoxes) {
+        PayTableTexts table = Valid();
+        for (const std::string& typed : Parted(refused)) {
+            SCOPED_TRACE(typed);
+            TextIn(table, where) = typed;
+            ExpectProblem(table, text, where);
+        }
+        for (const std::string& typed : Parted(accepted)) {
+            SCOPED_TRACE(typed);
+            TextIn(table, where) = typed;
+            ExpectProblem(table, "", {});
+        }
+    }
+}
+
+TEST(PayTableFormTest, LinesAskForWhatTheirRankNeeds) {
+    for (const HandRank rank : {kBonusFourOfAKind, kBonusFiveOfAKind, kFiveOfAKindWithOneWild,
+                                kFourOfAKind, kFourWilds, kOnePair}) {
+        PayTableTexts table = ValidWild();
+        table.lines[1] = Line(rank);
+        table.lines[1].bonusQuads = " ";
+        if (rank == kOnePair) {
+            ExpectProblem(table, kNoMinPair, {kMinPair});
+        } else if (rank == kFourOfAKind || rank == kFourWilds) {
+            ExpectProblem(table, "", {});
+        } else {
+            ExpectProblem(table, kNoQuads, {kBonusQuads, 1});
+        }
+    }
+}
+
+TEST(PayTableFormTest, ATableNeedsLinesAndWildCardsWhereItUsesThem) {
+    PayTableTexts table = Valid();
+    table.lines[3] = Line(kFiveWilds);
+    ExpectProblem(table, "", {});  // behind the end
+    table.usesWilds = true;
+    table.wildRanks = " ";
+    ExpectProblem(table, kNeither, {kWildRanks});
+    CheckType(table, GameType::kOneEyedJacks, true);
+    ExpectProblem(table, "", {});  // two jacks are wild
+    table.lines[0].rank = kUnknown;
+    ExpectProblem(table, kBlank, {kRank, 0});
+}
 
 TEST(PayTableFormTest, WildLinesAskForWildCards) {
     for (const HandRank rank : {kFiveOfAKind, kWildRoyalFlush, kFiveWilds, kFourWilds}) {
@@ -165,7 +155,7 @@ TEST(PayTableFormTest, WildLinesAskForWildCards) {
         table.lines[1] = Line(rank);
         EXPECT_FALSE(FindProblem(table));
         CheckWilds(table, false);
-        EXPECT_EQ(FindProblem(table)->text, kNeedsWilds);
+        ExpectProblem(table, kNeedsWilds, {kRank, 1});
         CheckType(table, GameType::kOneEyedJacks, true);
         EXPECT_FALSE(FindProblem(table)) << "two jacks are wild";
     }
@@ -218,25 +208,24 @@ TEST(PayTableFormTest, TypesDecideAboutWildCards) {
     EXPECT_FALSE(table.usesWilds || table.lines[0].wildsOK);
 }
 
-// What is analysed while it is typed is what will be played.
-class FormOfGame : public testing::TestWithParam<BuiltInGame> {};
-
 PayTable WithoutDescriptions(PayTable table) {
     for (PayLine& line : table.lines) line.description = line.shortDescription = "";
     return table;
 }
 
-TEST_P(FormOfGame, BecomesTheTableThatIsLoaded) {
+// What is analysed while it is typed is what will be played.
+TEST(PayTableFormTest, ShippedTextsBecomeTheTableThatIsLoaded) {
     ProfileFile file;
     const std::string path = TOLVANE_DATA_FOLDER "/Tolvane.ini";
-    const std::string name(GetParam().name);
-    const auto texts = ReadPayTableTexts({file, path, ""}, name, 0);
-    EXPECT_EQ(TableOf(texts, GetParam().id),
-              WithoutDescriptions(LoadPayTable(file, GetParam().id, name, 0, path, "")));
-    EXPECT_FALSE(FindProblem(texts)) << "shipped tables may be saved";
+    for (const BuiltInGame& game : BuiltInGames()) {
+        const std::string name(game.name);
+        const auto texts = ReadPayTableTexts({file, path, ""}, name, 0);
+        EXPECT_EQ(TableOf(texts, game.id),
+                  WithoutDescriptions(LoadPayTable(file, game.id, name, 0, path, "")))
+            << name;
+        EXPECT_FALSE(FindProblem(texts)) << name << ": shipped tables may be saved";
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Each, FormOfGame, testing::ValuesIn(BuiltInGames()),
-                         [](const auto& game) { return std::to_string(game.param.id); });
 
 TEST(PayTableFormTest, TypedTextsBecomeTheTableThatIsLoaded) {
     const TemporaryFolder folder;

@@ -86,21 +86,13 @@ TEST(StatisticsReportTest, AFreshGameReadsZeroEverywhereAndHasNoBonusLines) {
 }
 
 TEST(StatisticsReportTest, SessionAndGameStandSideBySide) {
-    EXPECT_EQ(Boxes(PlayedGame(), kStart + 3959), Stored("boxes"));  // 65 minutes, 59 seconds
-}
-
-TEST(StatisticsReportTest, PayLinesShowWinsOddsOrShares) {
-    const GameEngine engine = PlayedGame();
+    GameEngine engine = PlayedGame();
+    EXPECT_EQ(Boxes(engine, kStart + 3959), Stored("boxes"));  // 65 minutes, 59 seconds
     EXPECT_EQ(StatisticsLines(engine, kHands), Stored("hands"));
     EXPECT_EQ(StatisticsLines(engine, kFrequency), Stored("frequency"));
     EXPECT_EQ(StatisticsLines(engine, kShareOfReturn), Stored("return"));
-}
-
-TEST(StatisticsReportTest, ARoyalCountsItsFullPayForFiveCoinsOnly) {
-    GameEngine engine = PlayedGame();
-    engine.settings.bet = 2;  // 500 of 56,789 credits
-    const auto shares = StatisticsLines(engine, kShareOfReturn);
-    EXPECT_EQ(ValuesOf(shares, "ROYAL FLUSH"), "0\t0.88  \t");
+    engine.settings.bet = 2;  // a royal pays its full pay for five coins only: 500 of 56,789
+    EXPECT_EQ(ValuesOf(StatisticsLines(engine, kShareOfReturn), "ROYAL FLUSH"), "0\t0.88  \t");
 }
 
 TEST(StatisticsReportTest, AnyBonusOfTheTableBringsTheBonusLines) {

@@ -88,7 +88,7 @@ struct DialogKeysTest : testing::Test, ManagerTable {
     GameEngine spare;
 };
 
-TEST_F(DialogKeysTest, NoLetterDoesTwoThingsInTheSmallDialogs) {
+TEST_F(DialogKeysTest, NoLetterDoesTwoThings) {
     ExpectNoCollisions(AboutDialog(nullptr));
     ExpectNoCollisions(AssignFixedHandDialog(engine, store, nullptr));
     ExpectNoCollisions(AutoplayHandsDialog(nullptr));
@@ -99,9 +99,6 @@ TEST_F(DialogKeysTest, NoLetterDoesTwoThingsInTheSmallDialogs) {
     ExpectNoCollisions(EnterDollarsDialog(1, nullptr));
     ExpectNoCollisions(RenameGameDialog("My Game", nullptr));
     ExpectNoCollisions(SelectGameDialog({"Jacks or Better"}, "Jacks or Better", nullptr));
-}
-
-TEST_F(DialogKeysTest, NoLetterDoesTwoThingsInTheReports) {
     LoadSpare(table, spare);
     GameReportPages pages(table, spare, paths);
     pages.ShowCurrent();

@@ -101,13 +101,10 @@ TEST_F(MenuTest, AGreyedCommandDoesNothing) {
     EXPECT_TRUE(p.engine.settings.sounds && p.engine.settings.doubleUp);
     EXPECT_EQ(p.engine.settings.mode, PlayMode::kCasino);
     EXPECT_FALSE(p.engine.handOver);
-}
-
-TEST_F(MenuTest, ACommandThatIsGreyedByTheTimeItsTurnComesDoesNothing) {
-    TestProgram& p = Start();
+    p.Key(Qt::Key_D);
     p.clock.inPause = [&] { p.Choose(330); };
     p.Key(Qt::Key_D);
-    EXPECT_EQ(p.engine.settings.gameId, 300);
+    EXPECT_EQ(p.engine.settings.gameId, 300) << "greyed by the time its turn has come";
     EXPECT_FALSE(p.engine.handOver);
 }
 
@@ -179,19 +176,7 @@ TEST_F(MenuTest, ThePlayersOwnGamesAreListedAnewAtEachOpening) {
     EXPECT_NE(listed().find("* 9002 User Game 2\n"), std::string::npos);
 }
 
-TEST_F(MenuTest, AMenuIsOpenedAndAnEntryChosenByKeys) {
-    TestProgram& p = Start();
-    QTest::keyClick(p.frame.get(), Qt::Key_S, Qt::AltModifier);
-    QMenu* menu = MenuOf(p, "speedMenu");
-    ASSERT_TRUE(menu->isVisible());
-    QTest::keyClick(menu, Qt::Key_Down);
-    QTest::keyClick(menu, Qt::Key_Return);
-    EXPECT_FALSE(menu->isVisible());
-    EXPECT_EQ(p.engine.settings.speed, Speed::kNormal);
-    EXPECT_TRUE(p.engine.handOver) << "the letter opened the menu only";
-}
-
-TEST_F(MenuTest, AMenuLeftWithEscGivesTheKeysBack) {
+TEST_F(MenuTest, MenusAreWorkedByKeysAndGiveThemBack) {
     TestProgram& p = Start();
     const auto type = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QWidget* popup = QApplication::activePopupWidget();
@@ -204,10 +189,15 @@ TEST_F(MenuTest, AMenuLeftWithEscGivesTheKeysBack) {
     type(Qt::Key_Escape);
     EXPECT_TRUE(p.view->hasFocus());
     type(Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(p.engine.handOver) << "the letter opened the menu only";
     type(Qt::Key_Right);
     type(Qt::Key_Left);
-    EXPECT_TRUE(MenuOf(p, "speedMenu")->isVisible());
+    QMenu* menu = MenuOf(p, "speedMenu");
+    EXPECT_TRUE(menu->isVisible());
+    type(Qt::Key_Down);
     type(Qt::Key_Return);
+    EXPECT_FALSE(menu->isVisible());
+    EXPECT_EQ(p.engine.settings.speed, Speed::kNormal);
     type(Qt::Key_D);
     EXPECT_FALSE(p.engine.handOver);
 }
@@ -258,34 +248,35 @@ TEST_F(MenuTest, ResettingFromTheMenuClearsTheErrorLogToo) {
 
 TEST_F(MenuTest, AResetIsToldUntilSomethingElseIsButInAHandForAMomentOnly) {
     TestProgram& p = Start();
-    p.Key(Qt::Key_0);
+    const auto reset = [&] {
+        p.Key(Qt::Key_0);
+        p.document->display.Repaint();
+        EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
+    };
+    reset();
     p.Key(Qt::Key_C);
-    p.document->display.Repaint();
     EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
     p.Key(Qt::Key_D);
     EXPECT_EQ(p.Scene().message, "HOLD/DRAW");
-    p.Key(Qt::Key_0);
-    p.document->display.Repaint();
-    EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
+    reset();
     EXPECT_TRUE(QTest::qWaitFor([&] { return p.Scene().message == "HOLD/DRAW"; }, 3000));
     EXPECT_FALSE(p.engine.handOver);
 }
 
-TEST_F(MenuTest, AutoplayPlaysAsManyHandsAsAreEntered) {
+TEST_F(MenuTest, TheDialogsOpenAndAutoplayPlaysAsManyHandsAsAreEntered) {
     TestProgram& p = Start();
+    const std::pair<int, const char*> dialogs[] = {{kCombinations, "Combinations"},
+                                                   {kAbout, "About Tolvane"},
+                                                   {kPlayStatistics, "Game Play Analysis"},
+                                                   {kAssignFixedHand, "Assign Fixed Hand"}};
+    for (const auto& [command, caption] : dialogs) {
+        EXPECT_EQ(Told([&, id = command] { p.Choose(id); }), caption);
+    }
     std::string told;
     Answer({Type("25"), Press(Qt::Key_Return), Note(told)}, [&] { p.Choose(kAutoplay); });
     EXPECT_EQ(told, "Game Play Analysis");
     EXPECT_EQ(p.spare.statistics.handsPlayed.session, 25);
     EXPECT_EQ(p.engine.statistics.handsPlayed.total, 0) << "apart from the player's machine";
-}
-
-TEST_F(MenuTest, TheSmallDialogsOpen) {
-    TestProgram& p = Start();
-    EXPECT_EQ(Told([&] { p.Choose(kCombinations); }), "Combinations");
-    EXPECT_EQ(Told([&] { p.Choose(kAbout); }), "About Tolvane");
-    EXPECT_EQ(Told([&] { p.Choose(kPlayStatistics); }), "Game Play Analysis");
-    EXPECT_EQ(Told([&] { p.Choose(kAssignFixedHand); }), "Assign Fixed Hand");
 }
 
 }  // namespace

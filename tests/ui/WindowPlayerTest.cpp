@@ -72,42 +72,31 @@ TEST_F(WindowPlayerTest, WhatIsAskedLeavesTheCardsToBeSeen) {
     window.resize(800, 600);
     window.move(100, 50);
     const int middle = window.mapToGlobal(window.rect().center()).y();
-    int top = 0;
-    int bottom = middle;
     const auto look = [&](QDialog& dialog) {
-        top = dialog.frameGeometry().top();
-        bottom = dialog.frameGeometry().bottom();
+        EXPECT_GE(dialog.frameGeometry().top(), window.geometry().top());
+        EXPECT_LT(dialog.frameGeometry().bottom(), middle) << dialog.objectName().toStdString();
         dialog.reject();
     };
     DialogRobot robot{look, look, look};
-    const auto expectAbove = [&](const char* what) {
-        EXPECT_GE(top, window.geometry().top()) << what;
-        EXPECT_LT(bottom, middle) << what;
-    };
     player.SaysYes("Double Up Tie", "Do you wish to play again?");
-    expectAbove("question");
     player.IsTold("Caption", "Text", MessageIcon::kNone);
-    expectAbove("message");
     player.GoesOnAfterError("A____ is the best play for this hand. Continue?");
-    expectAbove("play error");
 }
 
 TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIcon) {
-    const auto icon = [this](MessageIcon told) {
-        QMessageBox::Icon shown = QMessageBox::Question;
-        DialogRobot robot{[&](QDialog& dialog) {
+    const std::pair<MessageIcon, QMessageBox::Icon> icons[] = {
+        {MessageIcon::kNone, QMessageBox::NoIcon},
+        {MessageIcon::kExclamation, QMessageBox::Warning},
+        {MessageIcon::kError, QMessageBox::Critical}};
+    for (const auto& [told, shown] : icons) {
+        DialogRobot robot{[&, icon = shown](QDialog& dialog) {
             const auto& box = dynamic_cast<QMessageBox&>(dialog);
-            EXPECT_EQ(box.windowTitle(), "Caption");
-            EXPECT_EQ(box.text(), "Text");
-            shown = box.icon();
+            EXPECT_EQ(box.windowTitle() + ": " + box.text(), "Caption: Text");
+            EXPECT_EQ(box.icon(), icon);
             dialog.reject();
         }};
         player.IsTold("Caption", "Text", told);
-        return shown;
-    };
-    EXPECT_EQ(icon(MessageIcon::kNone), QMessageBox::NoIcon);
-    EXPECT_EQ(icon(MessageIcon::kExclamation), QMessageBox::Warning);
-    EXPECT_EQ(icon(MessageIcon::kError), QMessageBox::Critical);
+    }
 }
 
 TEST_F(WindowPlayerTest, NumbersAreEnteredOrCancelled) {
@@ -181,7 +170,7 @@ TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
     int beeps = 0;
     int analyses = 0;
     player.beep = [&] { ++beeps; };
-    player.showAnalysis = [&](QWidget& /*over*/) { ++analyses; };
+    player.showAnalysis = [&](QWidget& over) { analyses += over.objectName() == "bestPlayError"; };
     QString shown;
     const auto note = [&](QDialog& dialog) {
         shown += dialog.windowTitle() + ';';

@@ -59,8 +59,7 @@ TEST(NumbersTest, AFloatingPointNumberIsReadAsFarAsItGoes) {
         {"1.5e2", 150.0},
         {"2e", 2.0},
         {"1,5", 1.0},
-        {"5e-324", std::numeric_limits<double>::denorm_min()},
-    };
+        {"5e-324", std::numeric_limits<double>::denorm_min()}};
     for (const auto& [text, number] : numbers) EXPECT_EQ(ParseDouble(text), number) << text;
     for (const auto* text : {"", " ", ".", "+", "+-1", "-+1", "++1", "- 1", "e5", "inf",
                              "-Infinity", "nan", "1e999", "-1e999", "1e-999", "0x10"}) {
