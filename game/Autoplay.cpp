@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int kDollarsEntered = 100;
-constexpr std::size_t kCardsOfHand = std::size_t{2} * kHandSize;  // with those drawn
 
 // The best hold is never an error, so nothing is ever asked.
 const GoesOnAfterError kNobodyAsked = [](const std::string&) { return true; };

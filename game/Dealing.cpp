@@ -60,8 +60,10 @@ void DealFromTop(GameEngine& engine) {
     const bool first = statistics.creditsPlayed.session == 0 && statistics.handsPlayed.session == 0;
     if (first) engine.creditHistory.Begin();
     engine.statistics.creditsPlayed.Add(engine.settings.bet);
-    std::copy_n(engine.deck.order.begin(), kHandSize, engine.hand.begin());
-    std::copy_n(engine.deck.order.begin() + kHandSize, kHandSize, engine.drawCards.begin());
+    if (engine.deck.dealtFrom) engine.deck.DrawTop(kCardsOfHand);
+    const auto cards = engine.deck.TakeTop(kCardsOfHand);
+    std::copy_n(cards.begin(), kHandSize, engine.hand.begin());
+    std::copy_n(cards.begin() + kHandSize, kHandSize, engine.drawCards.begin());
     engine.statistics.setCards = engine.hand;
     engine.statistics.setDraws = engine.drawCards;
 }

@@ -3,14 +3,16 @@
 #pragma once
 #include "game/GameEngine.h"
 
+inline constexpr std::size_t kCardsOfHand = std::size_t{2} * kHandSize;  // with those drawn
+
 // Deals when the engine is ready to, otherwise draws. A deal gives 0, a draw the credits that the
 // final hand pays. The bet is counted as played by an ordinary deal, but taken from the credits by
 // the caller.
 //
 // An ordinary deal takes the top ten cards of the order, five for the hand and five to replace
-// discards. A fixed hand deals its own cards and fills what it leaves open at random; in Error Log
-// mode the next logged hand is taken for the fixed one first. A fixed card that the deck does not
-// hold counts as open.
+// discards; where cards were dealt from that order before, the ten are drawn anew. A fixed hand
+// deals its own cards and fills what it leaves open at random; in Error Log mode the next logged
+// hand is taken for the fixed one first. A fixed card that the deck does not hold counts as open.
 int DealOrDraw(GameEngine& engine, const GameFiles& files);
 
 // New draw cards for a hand already drawn to, none of them in the hand: five, since the player may

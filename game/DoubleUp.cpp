@@ -36,7 +36,7 @@ void SetUpPick(GameTable& table) {
     engine.doubleUpPick = engine.doubleUpOffered = true;
     engine.deck.Shuffle(kShufflePasses);
     engine.held = {};
-    std::copy_n(engine.deck.order.begin(), kHandSize, engine.hand.begin());
+    std::ranges::copy(engine.deck.TakeTop(kHandSize), engine.hand.begin());
     table.display.ShowDoubleUp(engine.bonusStake, engine.doubleUpTo);
     table.display.ShowCard(0, CardAt(engine, 0));
     for (int i = 1; i < kHandSize; ++i) table.display.ShowCard(i, kCardBack);

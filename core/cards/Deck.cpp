@@ -21,6 +21,7 @@ void Deck::Build(const DeckDescription& deck) {
     std::iota(order.begin(), order.end(), 0);
     SeedFromClock();
     Shuffle(kPassesWhenBuilt);
+    dealtFrom = false;
 }
 
 void Deck::SeedFromClock() {
@@ -45,6 +46,12 @@ void Deck::DrawTop(std::size_t count) {
         const auto j = random.IRandom(static_cast<int>(i), table.deckSize - 1);
         std::swap(order[i], order[static_cast<std::size_t>(j)]);
     }
+    dealtFrom = false;
+}
+
+std::span<const CardCode> Deck::TakeTop(std::size_t count) {
+    dealtFrom = true;
+    return std::span(order).first(std::min(count, static_cast<std::size_t>(table.deckSize)));
 }
 
 CardCode Deck::DrawRandomCard(std::span<const CardCode> excluded) {

@@ -180,6 +180,7 @@ inline void StackDeck(Deck& deck, const PayTable& table, std::string_view cards,
         std::iter_swap(next, std::find(next, deck.order.begin() + deck.table.deckSize, card));
         ++next;
     }
+    deck.dealtFrom = false;
 }
 
 // The next double up's first card is higher (1), lower (-1) than the dealer's, or of its value (0).

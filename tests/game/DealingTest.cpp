@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <climits>
+#include <cmath>
 #include <set>
+#include <vector>
 
 #include "tests/game/TestMachine.h"
 
@@ -27,6 +30,40 @@ TEST_F(DealingTest, DiscardsAreReplacedFromLeftToRight) {
     EXPECT_EQ(engine.finalLine, -1);
     EXPECT_EQ(Counted(), "CreditsPlayed 5, HandsPlayed 1");
     EXPECT_EQ(engine.dealtCopy[1], engine.statistics.setCards[1]) << "the hand as dealt is kept";
+}
+
+// Chi-square of what lies in each of ten places, over 52,000 deals; 1000 of each are expected.
+template <std::size_t kKinds>
+double ChiSquare(const std::array<std::array<int, kKinds>, kCardsOfHand>& counts) {
+    double sum = 0;
+    for (const auto& place : counts) {
+        for (const int count : place) sum += (count - 1000.0) * (count - 1000.0) / 1000;
+    }
+    return sum;
+}
+
+// Hurried, a machine has no time to shuffle; or for a few passes, which are not even.
+TEST_F(DealingTest, AnOrderThatWasDealtFromForetellsNothingWhateverPassesFollow) {
+    for (const int passes : {0, 1, 3}) {
+        std::array<std::array<int, 52>, kCardsOfHand> cards{};
+        std::array<std::array<int, kCardsOfHand>, kCardsOfHand> again{};  // by places, old and new
+        std::vector<CardCode> before;
+        for (int deal = 0; deal < 52'000; ++deal) {
+            engine.deck.Shuffle(passes);
+            engine.readyToDeal = true;
+            DealOrDraw();
+            std::vector<CardCode> dealt(engine.hand.begin(), engine.hand.end());
+            dealt.insert(dealt.end(), engine.drawCards.begin(), engine.drawCards.end());
+            for (std::size_t place = 0; place < kCardsOfHand; ++place) {
+                ++cards[place][static_cast<std::size_t>(dealt[place])];
+                const auto old = std::ranges::find(before, dealt[place]) - before.begin();
+                if (old < std::ssize(before)) ++again[place][static_cast<std::size_t>(old)];
+            }
+            before = dealt;
+        }
+        EXPECT_NEAR(ChiSquare(cards), 510, 5 * std::sqrt(2 * 510)) << passes;
+        EXPECT_NEAR(ChiSquare(again), 100, 5 * std::sqrt(2 * 100)) << passes;
+    }
 }
 
 TEST_F(DealingTest, AWinIsPaidAndCounted) {
