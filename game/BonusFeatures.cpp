@@ -1,6 +1,7 @@
 #include "game/BonusFeatures.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "game/DoubleUp.h"
 #include "game/WinDisplay.h"
@@ -95,6 +96,15 @@ void HideTargets(GameTable& table) {
     table.display.ShowFeatureLabel("");
 }
 
+// Nothing at a target that was shot already.
+void FireAt(GameTable& table, int target) {
+    TargetGame& game = table.target;
+    const auto index = static_cast<std::size_t>(target);
+    if (std::exchange(game.shot[index], true)) return;
+    if (game.shots++ == 0) table.engine.statistics.bonusTries.Add(1);
+    game.stake = AddCapped(game.stake, game.values[index]);
+}
+
 void EndTarget(GameTable& table) {
     PayBonus(table.engine, table.target.stake);
     table.engine.targetPending = false;
@@ -139,6 +149,34 @@ void EndRedBlack(GameTable& table) {
     table.engine.redBlackPending = false;
     ShowBonus(table, bonus);
     table.display.ShowRedBlack(false);
+}
+
+// Counted as it would have been played, so that the share of tries that pay stays true.
+void SettleRedBlack(GameTable& table) {
+    if (table.redBlack.guesses == 0) {
+        table.engine.statistics.bonusTries.Add(1);
+        table.redBlack.stake = table.engine.settings.bet;
+    }
+    EndRedBlack(table);
+}
+
+void SettleTarget(GameTable& table) {
+    for (int i = 0; i < kTargets && table.target.shots < kShots; ++i) FireAt(table, i);
+    PayBonus(table.engine, table.target.stake);
+    table.engine.targetPending = false;
+    ShowBonus(table, table.target.stake);
+    ShowCredits(table);
+    HideTargets(table);
+}
+
+void SettleSpin(GameTable& table) {
+    table.engine.statistics.bonusTries.Add(1);
+    const int bonus = DrawValue(table, SpinMultiplier);
+    PayBonus(table.engine, bonus);
+    table.engine.spinPending = false;
+    ShowBonus(table, bonus);
+    ShowCredits(table);
+    table.display.HideSpin();
 }
 
 }  // namespace
@@ -192,13 +230,9 @@ void Shoot(GameTable& table, int target) {
     if (!engine.targetPending || target < 0 || target >= kTargets) return;
     const auto index = static_cast<std::size_t>(target);
     if (table.target.shot[index]) return;
-    if (table.target.shots == 0) engine.statistics.bonusTries.Add(1);
-    const int value = table.target.values[index];
+    FireAt(table, target);
     Play(table, Wave::kArrow);
-    table.display.ShowTarget(target, TargetFace::kShot, value);
-    table.target.shot[index] = true;
-    ++table.target.shots;
-    table.target.stake = AddCapped(table.target.stake, value);
+    table.display.ShowTarget(target, TargetFace::kShot, table.target.values[index]);
     ShowBonus(table, table.target.stake);
     if (table.target.shots == kShots) EndTarget(table);
 }
@@ -223,13 +257,8 @@ void GuessColour(GameTable& table, CardColour colour) {
 }
 
 void SettleFeatures(GameTable& table) {
-    GameEngine& engine = table.engine;
     LeaveDoubleUp(table);
-    if (engine.redBlackPending) EndRedBlack(table);
-    if (engine.targetPending) {
-        PayBonus(engine, table.target.stake);
-        HideTargets(table);
-    }
-    if (engine.spinPending) table.display.HideSpin();
-    engine.targetPending = engine.spinPending = false;
+    if (table.engine.redBlackPending) SettleRedBlack(table);
+    if (table.engine.targetPending) SettleTarget(table);
+    if (table.engine.spinPending) SettleSpin(table);
 }

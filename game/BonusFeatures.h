@@ -17,6 +17,7 @@ void Spin(GameTable& table);
 void Shoot(GameTable& table, int target);  // 0..4
 void GuessColour(GameTable& table, CardColour colour);
 
-// Ends whatever waits, a double up too, before the game is changed or left: what the player has
-// won in it so far is paid.
+// Ends whatever waits before its game is changed or left, without a pause, and pays it as if it had
+// been played: a double up what it has won so far, Red or Black the guesses that were right, one if
+// none was made, Target the lowest targets that are left, Spin one draw. Both count as tried.
 void SettleFeatures(GameTable& table);

@@ -2,7 +2,6 @@
 
 #include "core/analysis/ErrorLog.h"
 #include "core/store/Session.h"
-#include "game/BonusFeatures.h"
 #include "game/Dealing.h"
 #include "game/DoubleUp.h"
 #include "game/FixedHand.h"
@@ -73,7 +72,6 @@ void ToggleShowDollar(GameTable& table) {
 }
 
 void ChooseMode(GameTable& table, PlayMode mode) {
-    SettleFeatures(table);
     ChoosePlayMode(table.engine, mode);
     if (mode != PlayMode::kErrorLog) {
         ShowGameOver(table);
@@ -138,6 +136,8 @@ bool TellIfErrorLogIsEmpty(GameTable& table) {
 
 void ShowGameOver(GameTable& table) {
     EnterGameOver(table.engine);
+    table.beforeDoubleUp.held = {};
+    if (table.engine.doubleUpPick) return;
     table.engine.handInProgress = false;
     table.bonusShown = false;
     table.display.ShowMessage("GAME OVER");

@@ -14,7 +14,8 @@ void ToggleSounds(GameTable& table);
 void ToggleDoubleUp(GameTable& table);
 void ToggleShowDollar(GameTable& table);
 
-// Error Log leaves the table as it is until the next deal, the other modes end what is played.
+// Error Log leaves the table as it is until the next deal, the other modes end the hand in play. A
+// feature or a double up that waits for the player goes on waiting in any mode.
 void ChooseMode(GameTable& table, PlayMode mode);
 
 // Ends fixed-hand mode, or begins it with the choice of the hand.
@@ -33,5 +34,6 @@ void ClearErrorLogCommand(GameTable& table);
 // True when no play error of the current game and table is counted, and the player is told so.
 bool TellIfErrorLogIsEmpty(GameTable& table);
 
-// The game-over state with its message; the caller repaints.
+// The game-over state with its message, unless a double up of the hand that is over still waits;
+// the caller repaints.
 void ShowGameOver(GameTable& table);

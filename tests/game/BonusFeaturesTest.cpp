@@ -155,20 +155,37 @@ TEST_F(BonusFeaturesTest, FiveCardsOfOneColourAreNeededAndTheFlag) {
     EXPECT_TRUE(engine.redBlackPending);
 }
 
-TEST_F(BonusFeaturesTest, FeaturesPlayedInOneAnotherAndADoubleUpBetweenKeepTheirStakes) {
+TEST_F(BonusFeaturesTest, FeaturesPlayedInOneAnotherArePaidOutAsIfTheyHadBeenPlayedOn) {
     engine.payTable.redBlackBonus = engine.payTable.targetBonus = true;
-    DecideTarget();
-    PlayHand("JD JH 6H 8H TD");
-    ASSERT_TRUE(engine.redBlackPending && engine.targetPending && engine.doubleUpOffered);
-    const int owned = engine.settings.credits;
-    table.target.values = {5, 5, 5, 5, 5};
-    GuessColour(table, CardColour::kRed);
-    Shoot(table, 0);
-    StartDoubleUp(table);
-    SettleFeatures(table);
-    EXPECT_EQ(engine.settings.credits, owned + 5 + 5) << "one right guess, one shot";
-    EXPECT_EQ(engine.statistics.bonusCredits.total, 10);
-    EXPECT_FALSE(FeaturePending(engine));
+    for (const bool begun : {false, true}) {
+        DecideTarget();
+        PlayHand("JD JH 6H 8H TD");
+        ASSERT_TRUE(engine.redBlackPending && engine.targetPending && engine.doubleUpOffered);
+        table.target.values = {1, 10, 100, 1000, 10000};
+        engine.spinPending = true;
+        Decide([&](CombinedRandom random) {
+            return (!begun || random.IRandom(2, 1000) % 2 == 1) &&
+                   SpinMultiplier(random.IRandom(1, 200)) == 50;
+        });
+        if (begun) {
+            GuessColour(table, CardColour::kRed);
+            GuessColour(table, CardColour::kRed);
+            Shoot(table, 1);
+        }
+        StartDoubleUp(table);
+        const int owned = engine.settings.credits;
+        const Counter tries = engine.statistics.bonusTries;
+        engine.statistics.bonusCredits = {};
+        SettleFeatures(table);
+        const int bonus = begun ? 10 + (10 + 1 + 100) + 250 : 5 + (1 + 10 + 100) + 250;
+        EXPECT_EQ(engine.settings.credits, owned + bonus);
+        EXPECT_EQ(engine.statistics.bonusCredits.total, bonus);
+        EXPECT_EQ(engine.statistics.bonusTries.total - tries.total, begun ? 1 : 3);
+        EXPECT_FALSE(FeaturePending(engine));
+        EXPECT_EQ(log.back(), "hide spin");
+        SettleFeatures(table);
+        EXPECT_EQ(engine.settings.credits, owned + bonus) << "once";
+    }
 }
 
 TEST_F(BonusFeaturesTest, WithoutSoundsNothingIsPlayedAndThePausesRemain) {

@@ -92,15 +92,12 @@ TEST_F(TableCommandsTest, CreditsAsCashRewritesTheMessageOnlyForItsAmount) {
     EXPECT_EQ(MeterText(table), "GAME OVER") << "the pair was never paid";
 }
 
-TEST_F(TableCommandsTest, APlayModeEndsWhatIsPlayedButErrorLogWaits) {
-    Win();
-    StartDoubleUp(table);
-    ChooseMode(table, PlayMode::kErrorLog);
-    EXPECT_FALSE(engine.doubleUpPick);
-    EXPECT_TRUE(engine.fixedHand);
-    EXPECT_EQ(log.back(), "repaint") << "of the double up's end";
+TEST_F(TableCommandsTest, APlayModeEndsTheHandButErrorLogWaits) {
+    Deal("JS JH JC 9H 9S");
     TakeLog();
-    engine.handInProgress = true;
+    ChooseMode(table, PlayMode::kErrorLog);
+    EXPECT_EQ(TakeLog(), "");
+    EXPECT_TRUE(engine.fixedHand && engine.handInProgress);
     ChooseMode(table, PlayMode::kCasino);
     EXPECT_EQ(TakeLog(), "message GAME OVER\nrepaint\n");
     EXPECT_FALSE(engine.fixedHand || engine.handInProgress);

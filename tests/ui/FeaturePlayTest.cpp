@@ -100,22 +100,73 @@ TEST_F(FeaturePlayTest, RedOrBlackIsGuessedByMouseAndKeysUntilAGuessIsWrong) {
     EXPECT_EQ(p.engine.settings.bet, 1) << "a bet again";
 }
 
-TEST_F(FeaturePlayTest, TheMenusStillOpenWhileAFeatureWaits) {
-    TestProgram& p = StartFeature("RBBonus", kAllRed);
-    p.Click(p.Places().redPanel);
-    p.Choose(330);
-    EXPECT_EQ(p.engine.settings.gameName, "Deuces Wild");
-    EXPECT_FALSE(p.engine.redBlackPending);
-    EXPECT_EQ(Credits(), 100) << "what the guess has won is paid";
+TEST_F(FeaturePlayTest, EveryPlayModeLeavesAFeatureWaitingAndPlayable) {
+    for (const int mode : {kModeCasino, kModeWarning, kModeAutoHold, kModeErrorLog}) {
+        Set("Credits", "100");
+        TestProgram& p = StartFeature("RBBonus", kAllRed);
+        p.Key(Qt::Key_R);
+        for (const int chosen : {int{kModeErrorLog}, int{kFixedHand}, mode}) {
+            p.Choose(chosen);
+            p.ExpectAtRest("in another mode");
+        }
+        p.DecideFeatures([](CombinedRandom random) { return random.IRandom(2, 1000) % 2 == 1; });
+        p.Key(Qt::Key_D);
+        p.Click(p.Places().blackPanel);
+        EXPECT_EQ(p.Meters(), "5 Bonus Credits, bet 5, credits 100") << mode;
+        p.Choose(kModeCasino);
+    }
 }
 
-TEST_F(FeaturePlayTest, WhatIsPressedDuringASpinIsDoneAfterIt) {
-    TestProgram& p = StartFeature("SpinBonus", kNothing, kSpinDraw);
-    p.clock.inPause = [&] { p.Keys({Qt::Key_B, Qt::Key_S, Qt::Key_S}); };
-    EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis")
-        << "what S is for when no spin waits, and once";
-    EXPECT_EQ(p.engine.statistics.bonusTries.total, 1);
-    EXPECT_EQ(p.engine.settings.bet, 1);
+TEST_F(FeaturePlayTest, EveryPlayModeLeavesADoubleUpWaitingAndPlayable) {
+    TestProgram& p = Start();
+    for (const int mode : {kModeCasino, kModeWarning, kModeAutoHold, kModeErrorLog}) {
+        p.Deal(kJacksAndTens);
+        p.HoldAll();
+        p.Key(Qt::Key_D);
+        const int credits = Credits();
+        p.DecideNextDuel(1);
+        p.Key(Qt::Key_U);
+        p.Choose(mode);
+        p.ExpectAtRest("waits on");
+        EXPECT_EQ(p.Message(), "WON 10");
+        EXPECT_TRUE(p.engine.handInProgress) << "no card is shuffled";
+        Answer({Choose(QMessageBox::No)},
+               [&] { mode == kModeWarning ? p.Click(p.Places().cards[1]) : p.Key(Qt::Key_2); });
+        EXPECT_EQ(Credits(), credits + 10) << mode;
+        EXPECT_EQ(p.Held(), mode == kModeErrorLog ? 0b11111 : 0) << "as without a double up";
+        p.ExpectAtRest("collected");
+        p.Choose(kModeCasino);
+    }
+}
+
+// A file command that is given up changes nothing either.
+TEST_F(FeaturePlayTest, WhatWaitsIsPaidWhenItsGameIsLeft) {
+    int left = 0;
+    for (const int command : {330, int{kFixedHand}, int{kExit}, int{kFileNew}}) {
+        Set("Credits", "100");
+        Set("GameName", "Jacks or Better");
+        Set("GameID", "300");
+        TestProgram& p = StartFeature("RBBonus", kAllRed);
+        Answer({Press(Qt::Key_Escape), Press(Qt::Key_Escape)}, [&] {
+            p.Choose(kFileNew);
+            p.Choose(kFixedHand);
+        });
+        EXPECT_TRUE(p.engine.redBlackPending);
+        if (command == kFixedHand) {
+            Answer({ClickOn("ok")}, [&] { p.Choose(command); });
+            p.Choose(kFileSave);
+        } else if (command == kFileNew) {
+            Answer({Press(Qt::Key_Return)}, [&] { p.Choose(command); });
+        } else {
+            p.Choose(command);
+            QApplication::processEvents();
+        }
+        ++left;
+        EXPECT_FALSE(p.engine.redBlackPending) << command;
+        EXPECT_EQ(Stored("Credits"), "100") << command << ": 95, and a first guess is right";
+        EXPECT_EQ(Stored("BonusTrys", "Jacks or Better(0)"), std::to_string(left)) << command;
+        EXPECT_EQ(Stored("BonusCredits", "Jacks or Better(0)"), std::to_string(5 * left));
+    }
 }
 
 TEST_F(FeaturePlayTest, APileIsChosenByButtonPlaceOrArrowKey) {
