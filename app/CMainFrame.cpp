@@ -110,7 +110,7 @@ QAction* CMainFrame::AddAction(QMenu& menu, int id, const QString& caption) {
 
 // An opening menu ends a count-up, and shows the machine as it stands.
 void CMainFrame::PrepareMenu(int popup) {
-    document->table.engine.stopCountUp = true;
+    document->actions.StopCountUp();
     const auto entries = MenuBar()[static_cast<std::size_t>(popup)].entries;
     const bool hasUserGames = std::ranges::any_of(
         entries, [](const MenuEntry& entry) { return entry.id == kUserGamesMenu; });
@@ -150,8 +150,8 @@ void CMainFrame::UpdateActions() {
 // half of a double click must not pick a card of the next double up.
 bool CMainFrame::event(QEvent* event) {
     if (event->type() == QEvent::WindowUnblocked && document) {
-        document->actions.DropWaiting();
-        view->LetButtonsGo();
+        document->actions.DropPresses();
+        view->ForgetPresses();
     }
     return QMainWindow::event(event);
 }

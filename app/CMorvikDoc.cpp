@@ -1,5 +1,6 @@
 #include "app/CMorvikDoc.h"
 
+#include <QApplication>
 #include <utility>
 
 #include "app/MenuTable.h"
@@ -40,6 +41,7 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
       player(parent, store, clock),
       reports(parent),
       manager(parent),
+      actions(table),
       table{.engine = engine,
             .files = files,
             .tables = lineTables,
@@ -55,6 +57,10 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);
     connect(&resetRead, &QTimer::timeout, this, &CMorvikDoc::AskForHoldsAgain);
+    // A menu that is open when a count-up begins ends it like one that is opened later.
+    table.usesUpPresses = [this] {
+        return actions.DropPresses(Press::State::kUsedUp) || QApplication::activePopupWidget();
+    };
     actions.settled = [this] { emit Settled(); };
     player.showAnalysis = [this](QWidget& over) { AnalyzeHand(over); };
     player.beep = [this] { table.sounds.Sound(Beep::kExclamation); };
@@ -79,20 +85,22 @@ void CMorvikDoc::SaveForNow() {
     files.file.Flush();
 }
 
+// The window hurries what runs when it is closed, so the exit need not wait.
 void CMorvikDoc::Run(int command) {
-    table.engine.stopCountUp = true;
-    actions.Run([this, command] {
+    if (command == kExit) {
+        emit ExitChosen();
+        return;
+    }
+    PressInHand choice;
+    actions.Begin(choice, PressKind::kOther, [this, command] {
         if (IsEnabled(GreyOf(command), table.engine)) Dispatch(command);
     });
 }
 
 void CMorvikDoc::RunKey(int command) {
-    table.engine.stopCountUp = true;
-    actions.Run([this, command] {
-        const bool editsTable = command == kEditPayTable || command == kEditCurrentPayTable;
-        if (editsTable && !IsEnabled(Grey::kDuringHand, table.engine)) return;
-        Dispatch(command);
-    });
+    const bool editsTable = command == kEditPayTable || command == kEditCurrentPayTable;
+    if (editsTable && !IsEnabled(Grey::kDuringHand, table.engine)) return;
+    Dispatch(command);
 }
 
 QString CMorvikDoc::Title() const {
@@ -155,9 +163,6 @@ bool CMorvikDoc::DispatchFile(int command) {
             return true;
         case kFileSaveAs:
             SaveGameFileAs(table);
-            return true;
-        case kExit:
-            emit ExitChosen();
             return true;
         default:
             return false;

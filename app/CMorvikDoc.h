@@ -41,11 +41,13 @@ class CMorvikDoc : public QObject {
     // Saves what is played without ending anything in it: the desktop may close the session.
     void SaveForNow();
 
-    // Runs a command of the menus, unless it is greyed as the machine stands.
+    // Runs a command of the menus, unless it is greyed as the machine stands. While a flow runs it
+    // waits like any press; the exit never does.
     void Run(int command);
 
-    // Runs a command that a key or a press at the table stands for. These work while the menus are
-    // greyed; only the pay table that a bet has been placed on cannot be changed.
+    // Runs a command that a key or a press at the table stands for, whose turn has come. These work
+    // while the menus are greyed; only the pay table that a bet has been placed on cannot be
+    // changed.
     void RunKey(int command);
 
     QString Title() const;

@@ -40,6 +40,7 @@ void DealAgain(GameTable& table) {
     table.display.ShowMessage("GOOD LUCK!");
     table.logsErrors = true;
     const bool pickEm = IsPickEm(engine);
+    table.dealing = !pickEm;
     if (pickEm) {
         ClearPickEmPlaces(table);
     } else {

@@ -3,6 +3,7 @@
 // outlive it.
 #pragma once
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -60,7 +61,12 @@ struct GameTable {
     CombinedRandom random{};  // of the features, apart from the deck's
     bool logsErrors = true;   // a play error of this hand is counted and logged
     bool drawAgainAllowed = true;
-    bool bonusShown = false;             // the message meter shows a bonus, not the win
+    bool bonusShown = false;  // the message meter shows a bonus, not the win
+    // From the bet, or the backs of a fixed hand, until the holds are waited for.
+    bool dealing = false;
+    // Whether the player has pressed something that waits and that a win which is counted up now
+    // uses up, since it was pressed before the win was seen; if set.
+    std::function<bool()> usesUpPresses{};
     std::string saveTold{};              // why saving fails, as last told since a save succeeded
     bool saveDue = false;                // as soon as no hand is open
     KeptState kept{};                    // as the game file was last read or saved

@@ -93,6 +93,13 @@ void TakeFirstDrawBack(GameTable& table) {
 }
 
 void Deal(GameTable& table) {
+    table.dealing = true;
+    TakeBet(table);
+    WithdrawDoubleUp(table);
+    table.display.ShowMessage("GOOD LUCK!");
+    ShowBacks(table);
+    ShowCredits(table);
+    table.clock.Pause(CurrentDelays(table).deal);
     DealOrDraw(table.engine, table.files);
     ShowDeal(table);
 }
@@ -112,14 +119,7 @@ bool DrawToTheEnd(GameTable& table) {
 
 void PlayOrdinaryHand(GameTable& table) {
     if (table.engine.handOver) {
-        if (!CanBeginHand(table)) return;
-        TakeBet(table);
-        WithdrawDoubleUp(table);
-        table.display.ShowMessage("GOOD LUCK!");
-        ShowBacks(table);
-        ShowCredits(table);
-        table.clock.Pause(CurrentDelays(table).deal);
-        Deal(table);
+        if (CanBeginHand(table)) Deal(table);
         return;
     }
     table.bonusShown = false;
@@ -226,4 +226,5 @@ void ShowDeal(GameTable& table) {
     ShowMeters(table);
     if (IsSneakPeak(engine)) table.display.ShowFirstDraw(engine.drawCards[0]);
     if (engine.settings.mode == PlayMode::kAutoHold) HoldBestPlay(table);
+    table.dealing = false;
 }

@@ -90,11 +90,11 @@ void ClearLine(GameTable& table, int line) {
 void CountUp(GameTable& table) {
     GameEngine& engine = table.engine;
     engine.countingUp = true;
-    engine.stopCountUp = false;
+    engine.stopCountUp = table.usesUpPresses && table.usesUpPresses();
     SoundBeep(table, Beep::kDefault);
     const int before = AddCapped(engine.settings.credits, -std::int64_t{engine.win});
     int steps = 1;  // since the last beep
-    for (int paid = 1; paid <= engine.win && !engine.stopCountUp; ++paid) {
+    for (int paid = 1; paid <= engine.win; ++paid) {
         table.display.ShowMessage("PAID " + CreditText(engine, paid));
         table.display.ShowCredits(CreditText(engine, AddCapped(before, paid)));
         if (++steps > engine.settings.bet) {
@@ -102,6 +102,7 @@ void CountUp(GameTable& table) {
             steps = 1;
         }
         table.clock.PauseWithInput(kCountPause);
+        if (engine.stopCountUp) break;
     }
     engine.countingUp = false;
     // A count that was stopped must not leave the meters below what the player owns.

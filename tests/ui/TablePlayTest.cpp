@@ -1,6 +1,7 @@
 // Whole hands at the machine's table by mouse and by keyboard.
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QTimer>
 
 #include "tests/ui/TestProgram.h"
@@ -263,39 +264,170 @@ TEST_F(TablePlayTest, ATieIsPlayedAgain) {
     EXPECT_EQ(p.Scene().credits, "105") << "put away, it is left with the win";
 }
 
-TEST_F(TablePlayTest, AnInputEndsACountUpAndIsHandledAfterIt) {
+TEST_F(TablePlayTest, APressDuringACountUpOnlyStopsItWithAllThatBelongsToIt) {
     Set("Speed", "2");
     TestProgram& p = Start();
-    p.Deal(kJacksAndTens);
-    p.HoldAll();
-    bool counting = false;
-    p.clock.inPauseWithInput = [&] {
-        counting = p.engine.countingUp && p.Message() == "PAID 1";
-        p.Key(Qt::Key_D);
-        EXPECT_TRUE(p.engine.handOver) << "not inside the count";
+    const QRect& deal = p.Places().deal;
+    const auto repeat = [&](QEvent::Type type) {
+        QKeyEvent event(type, Qt::Key_D, Qt::NoModifier, "d", true);
+        QApplication::sendEvent(p.view, &event);
     };
+    const auto doublePress = [&](Qt::MouseButton button) {
+        QTest::mouseDClick(p.view, button, {}, deal.center());
+        QTest::mouseRelease(p.view, button, {}, deal.center());
+    };
+    struct Case {
+        std::function<void()> before, during, after;
+    };
+    const auto none = [] {};
+    const Case cases[] = {
+        {none, [&] { p.Key(Qt::Key_D); }, none},
+        {none, [&] { p.Key(Qt::Key_X); }, none},
+        {none, [&] { QTest::keyPress(p.view, Qt::Key_D); },
+         [&] {
+             repeat(QEvent::KeyRelease);
+             repeat(QEvent::KeyPress);
+             QTest::keyRelease(p.view, Qt::Key_D);
+         }},
+        {[&] { QTest::keyPress(p.view, Qt::Key_Space); }, [&] { repeat(QEvent::KeyPress); },
+         [&] { QTest::keyRelease(p.view, Qt::Key_D); }},
+        {none, [&] { p.Press(deal); },
+         [&] {
+             p.Release(deal);
+             doublePress(Qt::LeftButton);
+         }},
+        {[&] { p.Press(deal); }, [&] { p.Release(deal); }, none},
+        {none, [&] { p.RightPress(deal); }, [&] { doublePress(Qt::RightButton); }},
+        {none, [&] { p.document->Run(kCashOut); }, none},
+        {none, [&] { emit p.frame->findChild<QMenu*>("coinMenu")->aboutToShow(); }, none},
+    };
+    for (const Case& press : cases) {
+        const int credits = Settings().credits;
+        p.Deal(kJacksAndTens);
+        p.HoldAll();
+        press.before();
+        p.clock.pausesWithInput = 0;
+        p.clock.inPauseWithInput = press.during;
+        p.Key(Qt::Key_D);
+        EXPECT_EQ(p.clock.pausesWithInput, 1) << &press - cases;
+        press.after();
+        EXPECT_EQ(p.Message(), "WON 10") << &press - cases;
+        EXPECT_EQ(Settings().credits, credits + 5) << &press - cases;
+        EXPECT_TRUE(p.engine.doubleUpOffered && p.engine.handOver) << &press - cases;
+        p.ExpectAtRest(std::to_string(&press - cases));
+    }
     p.Key(Qt::Key_D);
-    EXPECT_TRUE(counting);
-    EXPECT_EQ(p.clock.pausesWithInput, 1);
-    EXPECT_FALSE(p.engine.handOver) << "the next hand is dealt";
-    EXPECT_EQ(p.Scene().credits, "100") << "95, 10 won, 5 bet";
+    EXPECT_FALSE(p.engine.handOver) << "the next press is one";
 }
 
-TEST_F(TablePlayTest, WhatIsPressedDuringTheDealIsDoneAfterItInOrder) {
+TEST_F(TablePlayTest, APressFromBeforeTheCountUpIsUsedUpByIt) {
+    Set("Speed", "2");
+    TestProgram& p = Start();
+    for (const bool byKey : {true, false}) {
+        p.Deal(kJacksAndTens);
+        p.HoldAll();
+        p.clock.pausesWithInput = 0;
+        p.clock.inPause = [&] { byKey ? p.Key(Qt::Key_D) : p.Press(p.Places().deal); };
+        p.Key(Qt::Key_D);
+        p.Release(p.Places().deal);
+        EXPECT_EQ(p.clock.pausesWithInput, 1) << "the first step is shown";
+        EXPECT_EQ(p.Message(), "WON 10");
+        EXPECT_TRUE(p.engine.doubleUpOffered) << "it was not seen when the press was made";
+        p.ExpectAtRest("counted up");
+    }
+}
+
+TEST_F(TablePlayTest, DuringTheDealAllHoldsAndOneDrawWaitAndNothingBehindIt) {
     Set("Speed", "2");
     TestProgram& p = Start();
     p.Stack(kJacks, 8);
     p.clock.inPause = [&] {
-        p.Keys({Qt::Key_1, Qt::Key_2});
+        p.Key(Qt::Key_1);
         p.Click(p.Places().holdButtons[4]);
         p.Click(p.Places().holdButtons[4]);
+        QTest::keyPress(p.view, Qt::Key_2);
+        p.Key(Qt::Key_C);
         p.Key(Qt::Key_D);
-        EXPECT_TRUE(p.document->actions.Busy());
+        QTest::keyRelease(p.view, Qt::Key_2);
+        for (int i = 0; i < 100; ++i) {
+            p.Keys({Qt::Key_D, Qt::Key_C, Qt::Key_3});
+            p.RightPress(p.Places().coin);
+            p.Click(p.Places().deal);
+        }
+        p.Press(p.Places().deal);
+        EXPECT_EQ(p.document->actions.WaitingPresses(), 8) << "releases counted";
         EXPECT_EQ(p.Held(), 0);
     };
     p.Key(Qt::Key_D);
+    p.Release(p.Places().deal);
     EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
-    EXPECT_EQ(p.Scene().credits, "110");
+    EXPECT_EQ(p.Meters(), "PAID $15.00, bet $5.00, credits $110.00");
+    p.ExpectAtRest("drawn");
+
+    p.Stack("JS JD TC 9H 2S JC 4C 5C 6C", 9);
+    p.clock.inPause = [&] {
+        p.Press(p.Places().cards[0]);
+        p.Release(p.Places().deal);
+        p.Keys({Qt::Key_2, Qt::Key_D});
+    };
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.HandText(), "JS JC 4C 5C 6C") << "let go on DEAL, a hold is a draw as well";
+    p.ExpectAtRest("drawn");
+
+    p.engine.fixedHand = true;
+    p.Key(Qt::Key_D);
+    p.clock.inPause = [&] { p.Keys({Qt::Key_4, Qt::Key_5}); };
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.Held(), 0b00011) << "of a fixed hand too";
+    p.engine.fixedHand = false;
+    p.Key(Qt::Key_D);
+}
+
+TEST_F(TablePlayTest, OtherwiseOnePressWaitsAndWhatIsRefusedIsNoneLaterEither) {
+    Set("Speed", "2");
+    TestProgram& p = Start();
+    const auto draw = [&](const std::function<void()>& during) {
+        p.Deal(kNothing);
+        p.clock.inPause = during;
+        p.Key(Qt::Key_D);
+    };
+    draw([&] {
+        p.Keys({Qt::Key_B, Qt::Key_B, Qt::Key_D});
+        p.Click(p.Places().betOne);
+        p.document->Run(kCashOut);
+        QTest::keyPress(p.view, Qt::Key_D);
+        p.Press(p.Places().deal);
+        EXPECT_EQ(p.document->actions.WaitingPresses(), 1);
+    });
+    p.Release(p.Places().deal);
+    QTest::keyRelease(p.view, Qt::Key_D);
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 1, credits 95");
+
+    p.Deal(kNothing);
+    p.Press(p.Places().deal);
+    p.clock.inPause = [&] {
+        p.Key(Qt::Key_B);
+        p.Release(p.Places().deal);
+        EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kReleased);
+    };
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 2, credits 94") << "pressed before, let go too late";
+
+    draw([&] {
+        p.Key(Qt::Key_Shift);
+        QTest::keyPress(p.view, Qt::Key_D);
+        QFocusEvent lost(QEvent::FocusOut);
+        QApplication::sendEvent(p.view, &lost);
+        p.Key(Qt::Key_B);
+    });
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 3, credits 92") << "the key will be let go elsewhere";
+    draw([&] {
+        p.Press(p.Places().namePanel);
+        QTest::keyPress(p.view, Qt::Key_D);
+        p.Release(p.Places().betOne);
+    });
+    EXPECT_EQ(p.Meters(), "GAME OVER, bet 4, credits 89") << "one press from down to up";
+    p.ExpectAtRest("at the end");
 }
 
 TEST_F(TablePlayTest, TheWindowsOwnPausesLastAndGoOnPainting) {

@@ -8,7 +8,6 @@
 #include <QTimerEvent>
 #include <utility>
 
-#include "ui/table/ActionQueue.h"
 #include "ui/table/SceneDescription.h"
 #include "ui/table/SceneDisplay.h"
 #include "ui/table/TableKeys.h"
@@ -99,55 +98,86 @@ void CMorvikView::AnnounceChange() {
 
 void CMorvikView::resizeEvent(QResizeEvent*) { LayOutTable(); }
 
-// Any input ends a count-up that is running, and is handled when the flow that runs has ended.
-void CMorvikView::Handle(std::function<void()> action) {
-    table.engine.stopCountUp = true;
-    actions.Run(std::move(action));
-}
-
 void CMorvikView::mousePressEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
-    if (event->button() == Qt::LeftButton) Handle([=, this] { input.Press(point); });
-    if (event->button() == Qt::RightButton) Handle([=, this] { input.RightPress(point); });
+    if (event->button() == Qt::LeftButton) {
+        leftDown = true;
+        actions.Begin(leftPress, input.KindAt(point), [=, this] { input.Press(point); });
+    } else if (event->button() == Qt::RightButton) {
+        actions.Begin(rightPress, PressKind::kDraw, [=, this] { input.RightPress(point); });
+    }
 }
 
+// A button that was down when a flow began goes up with the finger, whatever becomes of the press.
 void CMorvikView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
     const QPoint point = event->position().toPoint();
-    if (event->button() == Qt::LeftButton) Handle([=, this] { input.Release(point); });
+    if (actions.Busy()) input.ReleaseButtons();
+    if (!std::exchange(leftDown, false)) return;
+    const PressInHand press = leftPress;
+    const PressKind kind = places.deal.contains(point) ? PressKind::kDraw : press->kind;
+    const bool done = actions.Finish(press, kind, [=, this] { input.Release(point); });
+    if (!done && press->state == Press::State::kWaits) LetButtonsGo();
 }
 
-// A quick second press is a press as well, or fast players would lose every other one.
+// A quick second press is a press as well, or fast players would lose every other one; but not when
+// the first has only ended a count-up.
 void CMorvikView::mouseDoubleClickEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
-    if (event->button() != Qt::LeftButton) {
-        mousePressEvent(event);
-    } else if (places.PayTablePanel().contains(point)) {
-        Handle([=, this] { input.DoublePress(point); });
+    const bool left = event->button() == Qt::LeftButton;
+    const PressInHand& first = left ? leftPress : rightPress;
+    if (first && first->state == Press::State::kUsedUp) {
+        actions.StopCountUp();
+    } else if (left && places.PayTablePanel().contains(point)) {
+        leftDown = true;
+        actions.Begin(leftPress, PressKind::kOther, [=, this] { input.DoublePress(point); });
     } else {
-        Handle([=, this] { input.Press(point); });
+        mousePressEvent(event);
     }
 }
 
 void CMorvikView::keyPressEvent(QKeyEvent* event) {
-    table.engine.stopCountUp = true;
+    const int key = TableKeyOf(event->key(), PlaceOf(*event));
     if ((event->modifiers() & kShortcutModifiers) != 0) {
+        actions.StopCountUp();
         QWidget::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {
-        keysDown.insert(TableKeyOf(event->key(), PlaceOf(*event)));
+    } else if (event->isAutoRepeat() || !TableInput::IsTableKey(key)) {
+        if (actions.StopCountUp()) keysDown.remove(key);
+    } else {
+        BeginKey(key);
+    }
+}
+
+// A key acts when it is let go, but a hold of the hand that is being dealt as soon as that lies
+// there: the draw that was pressed after it may be let go before it.
+void CMorvikView::BeginKey(int key) {
+    const PressKind kind = TableInput::KindOf(key);
+    if (table.dealing && kind == PressKind::kHold) {
+        PressInHand hold;
+        actions.Begin(hold, kind, [=, this] { input.Key(key); });
+    } else {
+        actions.Begin(keysDown[key], kind, {});
     }
 }
 
 void CMorvikView::keyReleaseEvent(QKeyEvent* event) {
     const int key = TableKeyOf(event->key(), PlaceOf(*event));
-    if (event->isAutoRepeat() || !keysDown.remove(key)) return;
-    Handle([=, this] { input.Key(key); });
+    if (event->isAutoRepeat()) return;
+    const PressInHand press = keysDown.take(key);
+    if (press) actions.Finish(press, press->kind, [=, this] { input.Key(key); });
 }
 
 void CMorvikView::LetButtonsGo() {
     actions.Run([this] { input.ReleaseButtons(); });
 }
 
+void CMorvikView::ForgetPresses() {
+    leftDown = false;
+    LetButtonsGo();
+}
+
 void CMorvikView::focusOutEvent(QFocusEvent* event) {
+    for (const PressInHand& press : std::as_const(keysDown)) press->state = Press::State::kRefused;
     keysDown.clear();
     LetButtonsGo();
     QWidget::focusOutEvent(event);

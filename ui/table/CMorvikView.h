@@ -1,7 +1,7 @@
 // The machine's table in the window: paints the scene, and takes presses and keys.
 #pragma once
 #include <QBasicTimer>
-#include <QSet>
+#include <QHash>
 #include <QWidget>
 #include <functional>
 
@@ -9,7 +9,6 @@
 #include "ui/table/Layout.h"
 #include "ui/table/TableInput.h"
 
-class ActionQueue;
 class PictureStore;
 class SceneDisplay;
 struct TableScene;
@@ -29,7 +28,7 @@ class CMorvikView : public QWidget {
     QString Description() const;
 
     // No button stays down: what is let go over a dialog that came between is let go there.
-    void LetButtonsGo();
+    void ForgetPresses();
 
     TableLayout places;  // as of the last change of size or pay table
 
@@ -47,7 +46,8 @@ class CMorvikView : public QWidget {
   private:
     void LayOutTable();
     void AnnounceChange();
-    void Handle(std::function<void()> action);
+    void LetButtonsGo();
+    void BeginKey(int key);
 
     GameTable& table;
     const TableScene& scene;
@@ -57,5 +57,8 @@ class CMorvikView : public QWidget {
     TableInput input;
     QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
     QString announced;
-    QSet<int> keysDown;  // pressed here, so that a key let go after a dialog has closed is no input
+    PressInHand leftPress;  // the last one
+    PressInHand rightPress;
+    bool leftDown = false;
+    QHash<int, PressInHand> keysDown;  // pressed here: a key let go after a dialog is no input
 };

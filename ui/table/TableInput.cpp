@@ -1,6 +1,8 @@
 #include "ui/table/TableInput.h"
 
 #include <Qt>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "game/BonusFeatures.h"
@@ -101,6 +103,24 @@ void TableInput::Key(int key) {
     } else {
         TableKey(key);
     }
+}
+
+PressKind TableInput::KindAt(QPoint point) const {
+    if (PositionAt(point) >= 0) return PressKind::kHold;
+    return places.deal.contains(point) ? PressKind::kDraw : PressKind::kOther;
+}
+
+PressKind TableInput::KindOf(int key) {
+    if (IsDigit(key, 1, kHandSize)) return PressKind::kHold;
+    return key == Qt::Key_D || key == Qt::Key_Space ? PressKind::kDraw : PressKind::kOther;
+}
+
+bool TableInput::IsTableKey(int key) {
+    constexpr int kOthers[] = {Qt::Key_Space, Qt::Key_A,  Qt::Key_B,    Qt::Key_C,
+                               Qt::Key_D,     Qt::Key_E,  Qt::Key_H,    Qt::Key_M,
+                               Qt::Key_O,     Qt::Key_R,  Qt::Key_S,    Qt::Key_T,
+                               Qt::Key_U,     Qt::Key_F1, Qt::Key_Left, Qt::Key_Right};
+    return IsDigit(key, 0, kHandSize) || std::ranges::find(kOthers, key) != std::end(kOthers);
 }
 
 bool TableInput::HandIsDealt() const { return !engine.handOver; }

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "game/GameTable.h"
+#include "ui/table/ActionQueue.h"
 #include "ui/table/Layout.h"
 
 class SceneDisplay;
@@ -20,6 +21,12 @@ class TableInput {
     void Release(QPoint point);
     void RightPress(QPoint point);
     void DoublePress(QPoint point);
+
+    // What a press there, or of that key, asks for while a hand is being dealt.
+    PressKind KindAt(QPoint point) const;
+    static PressKind KindOf(int key);
+    // Keys that do nothing at any time are no press, Shift among them.
+    static bool IsTableKey(int key);
 
     // Wherever the finger is lifted, and when another window comes between, no button stays down.
     void ReleaseButtons();
