@@ -112,11 +112,12 @@ void CMorvikView::mousePressEvent(QMouseEvent* event) {
 void CMorvikView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     const QPoint point = event->position().toPoint();
-    if (actions.Busy()) input.ReleaseButtons();
+    input.ReleaseButtons();
     if (!std::exchange(leftDown, false)) return;
     const PressInHand press = leftPress;
     const PressKind kind = places.deal.contains(point) ? PressKind::kDraw : press->kind;
     const bool done = actions.Finish(press, kind, [=, this] { input.Release(point); });
+    // The press itself may still be waiting to show its button down.
     if (!done && press->state == Press::State::kWaits) LetButtonsGo();
 }
 
