@@ -48,31 +48,44 @@ TEST_F(HandFlowTest, ADealtWinThatIsKeptIsAnnouncedOnceAndTheDoubleUpOffered) {
     EXPECT_FALSE(engine.doubleUpOffered) << "a deal withdraws it";
 }
 
-TEST_F(HandFlowTest, FromAHundredCreditsOnAWinFlashesFiveTimes) {
-    engine.settings.bet = 5;
-    Deal("9S 9D 9C 2H 3S 9H 4D");
-    Draw(0b11100);
-    EXPECT_EQ(TakeSteps(), R"(
-pause 1, owns 220, card 3 9H, pause 1, card 4 4D, pause 1, line 6 plain 15, 5x [line 2 won 125,
-beep exclamation, pause 600, line 2 won, cell dark 125, pause 600], line 2 won 125,
-message WON 125, credits 220)");
-
+TEST_F(HandFlowTest, FromAHundredCreditsOnAWinFlashesFiveTimesIfItIsHeard) {
+    engine.handOver = false;  // as after a deal
+    const auto announced = [&](int pay) {
+        engine.payTable.lines[2].payout = pay;
+        AnnounceWin(table, 2);
+        return TakeSteps();
+    };
+    EXPECT_EQ(announced(99), "line 2 won 99, beep");
+    EXPECT_EQ(announced(100), R"(
+5x [line 2 won 100, beep exclamation, pause 600, line 2 won, cell dark 100, pause 600],
+line 2 won 100)");
     engine.settings.sounds = false;
-    Deal("9S 9D 9C 2H 3S 9H 4D");
-    Draw(0b11100);
-    EXPECT_EQ(TakeSteps(), R"(
-pause 1, owns 340, card 3 9H, pause 1, card 4 4D, pause 1, line 6 plain 15, line 2 won 125,
-message WON 125, credits 340)")
-        << "without sounds the line is marked and nothing flashes";
+    EXPECT_EQ(announced(100), "line 2 won 100");
+}
+
+TEST_F(HandFlowTest, ACountUpBeepsWheneverItHasPaidTheBet) {
+    for (engine.settings.bet = 2; engine.settings.bet <= 5; ++engine.settings.bet) {
+        engine.win = 2 * engine.settings.bet + 1;
+        TakeLog();
+        CountUp(table);
+        std::string heard;
+        std::istringstream steps(TakeLog());
+        for (std::string step; std::getline(steps, step);) {
+            heard += step == "beep" ? "!" : step.starts_with("message PAID") ? "." : "";
+        }
+        const std::string paid(static_cast<std::size_t>(engine.settings.bet), '.');
+        EXPECT_EQ(heard, "!" + paid + "!" + paid + "!.");
+    }
 }
 
 TEST_F(HandFlowTest, ACharlieDrawnIsPaidFiveTimesWithItsPicture) {
     machine.Play("5 Card Charlie", 353);
     Deal("2S 2D 3C 3H KS AC");
     Draw(0b11110);
-    EXPECT_EQ(TakeSteps(), R"(
-pause 1, owns 104, card 4 AC, pause 1, line 7 won 5, charlie shown, 5x [beep exclamation,
-pause 600, line 7 won, cell dark 5, pause 600, line 7 won 5], message WON 5, credits 104)");
+    const std::string steps = TakeSteps();
+    EXPECT_NE(steps.find("line 7 won 5, charlie shown, 5x [beep exclamation"), std::string::npos)
+        << steps;
+    EXPECT_EQ(engine.settings.credits, 104);
     EXPECT_EQ(engine.statistics.bonusCredits.total, 4 * engine.win / 5);
     Deal("2C 4D 5H 8S KC");
     EXPECT_NE(TakeLog().find("charlie gone"), std::string::npos);
@@ -86,10 +99,7 @@ TEST_F(HandFlowTest, AnErrorThatThePlayerBacksOutOfLeavesTheHandAndIsLoggedOnce)
     EXPECT_EQ(TakeSteps(), "ask JJ___ is the best play for this hand. Continue?");
     EXPECT_FALSE(engine.handOver);
     Draw(0);
-    EXPECT_EQ(TakeSteps(), R"(
-ask JJ___ is the best play for this hand. Continue?, pause 1, card 0 3C, pause 1, card 1 4D,
-pause 1, card 2 5H, pause 1, card 3 6S, pause 1, card 4 8C, pause 1, line 8 plain 1,
-message GAME OVER)")
+    EXPECT_TRUE(TakeLog().ends_with("line 8 plain 1\nmessage GAME OVER\n"))
         << "the mark of the deal is taken off";
     EXPECT_TRUE(engine.handOver);
     EXPECT_EQ(engine.statistics.playErrors.total, 1);
@@ -99,15 +109,11 @@ TEST_F(HandFlowTest, AutoHoldMarksTheBestHoldAndSneakPeakShowsTheFirstDraw) {
     machine.Play("Sneak Peak Poker", 351);
     engine.settings.mode = PlayMode::kAutoHold;
     Deal("JS JD TC 9H 2S JC 4D 5H");
-    EXPECT_EQ(TakeSteps(), R"(
-owns 99, double up button gone, message GOOD LUCK!, held 0 off, held 1 off, held 2 off,
-held 3 off, held 4 off, credits 99, pause 1, card 0 JS, pause 1, card 1 JD, pause 1, card 2 TC,
-pause 1, card 3 9H, pause 1, card 4 2S, pause 1, line 10 won 1, beep, message HOLD/DRAW,
-first draw JC, held 0 on, held 1 on, held 2 off, held 3 off, held 4 off)");
+    EXPECT_TRUE(TakeSteps().ends_with(R"(message HOLD/DRAW,
+first draw JC, held 0 on, held 1 on, held 2 off, held 3 off, held 4 off)"));
     DealDraw(table);
-    EXPECT_EQ(TakeSteps(), R"(
-first draw none, pause 1, owns 101, card 2 JC, pause 1, card 3 4D, pause 1, card 4 5H, pause 1,
-line 10 plain 1, line 8 won 2, beep, message WON 2, credits 101)");
+    EXPECT_TRUE(TakeSteps().starts_with("\nfirst draw none, pause 1"));
+    EXPECT_EQ(engine.finalLine, 8);
 }
 
 // Two aces of a double-draw game; the first draw leaves them a pair.
@@ -121,10 +127,9 @@ struct DoubleDrawTest : HandFlowTest {
 TEST_F(DoubleDrawTest, ASecondDrawTakesTheFirstOnesWinBack) {
     answers = {"yes"};
     Draw(0b11000);
-    const std::string steps = TakeSteps();
-    EXPECT_EQ(steps.substr(0, steps.find("owns 99", steps.find("ask"))), R"(
-pause 1, owns 100, card 2 3C, pause 1, card 3 4C, pause 1, card 4 5D, pause 1, message WON 1,
-pause 1000, ask Draw Again?: Do you wish to draw again?, line 10 plain 1, )");
+    EXPECT_NE(TakeLog().find("WON 1\npause 1000\nask Draw Again?: Do you wish to draw again?\n"
+                             "line 10 plain 1\n"),
+              std::string::npos);
     EXPECT_TRUE(engine.handOver);
     EXPECT_TRUE(answers.empty()) << "asked once";
     EXPECT_EQ(engine.settings.credits, 99 + engine.win);
@@ -134,10 +139,9 @@ pause 1000, ask Draw Again?: Do you wish to draw again?, line 10 plain 1, )");
 TEST_F(DoubleDrawTest, AFirstDrawStandsWhenThePlayerWantsItOrThinksBetterOfIt) {
     answers = {"no", "yes"};
     Draw(0b11000);
-    EXPECT_EQ(TakeSteps(), R"(
-pause 1, owns 100, card 2 3C, pause 1, card 3 4C, pause 1, card 4 5D, pause 1, message WON 1,
-pause 1000, ask Draw Again?: Do you wish to draw again?,
-ask The best play is to draw again. Do you still wish to hold?, message WON 1, credits 100)");
+    EXPECT_TRUE(TakeLog().ends_with(
+        "ask The best play is to draw again. Do you still wish to hold?\nmessage WON 1\n"
+        "credits 100\n"));
     EXPECT_EQ(engine.settings.credits, 100);
 
     Deal("AS AH TC 9H 2S AC AD 5D");
@@ -161,14 +165,19 @@ TEST_F(DoubleDrawTest, NobodyIsAskedToDrawAgainWithoutTwoAcesADrawAndAWin) {
 
 TEST_F(HandFlowTest, WithoutTheCreditsForTheBetDollarsAreAskedForAndNothingIsDealt) {
     engine.settings.coin = 0.25;
-    engine.settings.credits = 0;
+    engine.settings.bet = 5;
+    engine.settings.credits = 4;
     answers = {"cancel", "3"};
     DealDraw(table);
-    EXPECT_EQ(TakeSteps(), "owns 0, ask dollars 100");
+    EXPECT_EQ(TakeSteps(), "owns 4, ask dollars 100");
     DealDraw(table);
-    EXPECT_EQ(TakeSteps(), "ask dollars 100, owns 12, credits 12");
+    EXPECT_EQ(TakeSteps(), "ask dollars 100, owns 16, credits 16");
     EXPECT_TRUE(engine.handOver);
     EXPECT_EQ(engine.settings.dollarIn, 3);
+    engine.settings.credits = 5;
+    DealDraw(table);
+    EXPECT_FALSE(engine.handOver) << "the last coins can be bet";
+    EXPECT_EQ(engine.settings.credits, 0);
 }
 
 TEST_F(HandFlowTest, AGameWithoutPayLinesSaysSoInsteadOfDealing) {

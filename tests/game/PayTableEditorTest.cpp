@@ -166,6 +166,17 @@ TEST_F(PayTableEditorTest, OnlyAChangedTableLosesItsAnalysis) {
     EXPECT_EQ(Stored(paths.analysisCache, section, "ER"), "(none)");
 }
 
+TEST_F(PayTableEditorTest, ATableOfTheLastIndexCanBeGoneToAndNoneBehindIt) {
+    for (const int last : {254, 255}) {
+        machine.file.WriteString("Jacks or Better(0)", "NextIndex", std::to_string(last),
+                                 paths.mainProfile);
+        auto editor = Manager("Jacks or Better", 300);
+        EXPECT_EQ(editor.HasNextTable(), last == 254);
+        editor.GoToNextTable();
+        EXPECT_EQ(editor.TableIndex(), last == 254 ? 254 : 0);
+    }
+}
+
 TEST_F(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
     MakeMyGame();
     auto builtIn = Manager("Jacks or Better", 300);

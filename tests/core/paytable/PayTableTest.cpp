@@ -91,12 +91,13 @@ TEST_F(PayTableTest, TheDeckOfFiveAcesHasNoJokers) {
 }
 
 TEST_F(PayTableTest, FiveCoinsArePaidTheMaximumAndNoOtherBetIs) {
-    const PayTable table = Loaded("PayLines=1\nMaxBet=10\nPayout0=250\nMaxPayout0=4000\n");
+    const PayTable table =
+        Loaded("PayLines=2\nMaxBet=10\nPayout0=250\nMaxPayout0=4000\nPayout1=25\nMaxPayout1=25\n");
     EXPECT_EQ(LineUnitPay(table, 0, 4), 1000);
     EXPECT_EQ(LineUnitPay(table, 0, 5), 4000);
     EXPECT_EQ(LineUnitPay(table, 0, 10), 2500);
     EXPECT_EQ(LineUnitPay(table, 0, INT_MAX), INT_MAX) << "a pay never wraps";
-    EXPECT_EQ(LineUnitPay(table, 1, 5), 0);
+    EXPECT_EQ(LineUnitPay(table, 2, 5), 0);
     EXPECT_EQ(LineUnitPay(table, -1, 5), 0);
     const std::array<int, 3> coinPays[] = {{250, 4000, 800}, {7, 0, 7}, {25, 25, 25}};
     for (const auto& [payout, maxPayout, pay] : coinPays) {
