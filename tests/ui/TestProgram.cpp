@@ -17,14 +17,16 @@ void CallOnce(std::function<void()>& hook) {
 }  // namespace
 
 void TestClock::Pause(int /*milliseconds*/) {
-    if (paints) QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (paints) QApplication::processEvents();
     CallOnce(inPause);
+    if (inEveryPause) inEveryPause();
 }
 
 void TestClock::PauseWithInput(int /*milliseconds*/) {
     ++pausesWithInput;
     if (paints) QApplication::processEvents();
     CallOnce(inPauseWithInput);
+    if (inEveryPause) inEveryPause();
 }
 
 TestProgram::TestProgram(const TemporaryFolder& folder, bool realPauses)

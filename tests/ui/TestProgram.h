@@ -36,6 +36,7 @@ class TestClock : public Clock {
     void Pause(int milliseconds) override;
     void PauseWithInput(int milliseconds) override;
 
+    std::function<void()> inEveryPause;
     // Called once: in the next pause, or in the next that lets input through.
     std::function<void()> inPause;
     std::function<void()> inPauseWithInput;
