@@ -29,6 +29,7 @@ if(TOLVANE_GUI)
   # The face that stands for Arial, and that of menus and dialogs: where only the first one is installed, they
   # come out in its typewriter face.
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, fonts-dejavu-core")
-  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)  # no window on a desktop without X otherwise
+  # Without them there is no window on a desktop without X, and no sound.
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, pipewire-pulse | pulseaudio")
 endif()
 include(CPack)

@@ -7,7 +7,7 @@ set -euo pipefail
 build_packages=(
     cmake ninja-build g++
     libgtest-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
-    qt6-base-dev qt6-multimedia-dev qt6-svg-dev
+    qt6-base-dev qt6-svg-dev libpulse-dev
     fonts-liberation   # the face that stands for Arial; without any font the window shows no text
     fonts-dejavu-core  # that of menus and dialogs; without it they come out in Liberation's typewriter face
     qt6-wayland  # no other package asks for it, but a desktop without X shows no window without it
@@ -16,7 +16,8 @@ test_packages=(
     xvfb xauth  # xvfb-run calls xauth
     xdotool
     openbox  # keys reach only a window that a window manager has given the focus
-    python3  # the README's test
+    python3  # the README's test and that of the sounds
+    pulseaudio pulseaudio-utils  # a sound server that is listened to
 )
 # Screenshots of a virtual screen, and the judges of what is installed and packed. The tests pass without
 # them, so they are tried only along with the others and their absence never stops or slows a run.

@@ -45,17 +45,12 @@ class SoundsTest : public testing::TestWithParam<Sound> {};
 TEST_P(SoundsTest, IsAPlainWaveFileThatEveryPlayerKnows) {
     const std::string wave = ReadSound(GetParam().name);
     ASSERT_GT(wave.size(), 44U);
-    EXPECT_EQ(wave.substr(0, 4), "RIFF");
+    // 16 bytes of format: PCM, 1 channel, 44100 samples and 88200 bytes a second, 2 bytes, 16 bits.
+    const std::vector<std::uint32_t> format{16, 1 | 1 << 16, 44100, 88200, 2 | 16 << 16};
+    for (std::size_t i = 0; i < format.size(); ++i)
+        EXPECT_EQ(Number(wave, 16 + 4 * i, 4), format[i]);
+    EXPECT_EQ(wave.substr(0, 4) + wave.substr(8, 8) + wave.substr(36, 4), "RIFFWAVEfmt data");
     EXPECT_EQ(Number(wave, 4, 4), wave.size() - 8);
-    EXPECT_EQ(wave.substr(8, 8), "WAVEfmt ");
-    EXPECT_EQ(Number(wave, 16, 4), 16U) << "bytes of the format";
-    EXPECT_EQ(Number(wave, 20, 2), 1U) << "PCM";
-    EXPECT_EQ(Number(wave, 22, 2), 1U) << "channel";
-    EXPECT_EQ(Number(wave, 24, 4), 44100U) << "samples a second";
-    EXPECT_EQ(Number(wave, 28, 4), 88200U) << "bytes a second";
-    EXPECT_EQ(Number(wave, 32, 2), 2U) << "bytes a sample";
-    EXPECT_EQ(Number(wave, 34, 2), 16U) << "bits a sample";
-    EXPECT_EQ(wave.substr(36, 4), "data");
     EXPECT_EQ(Number(wave, 40, 4), wave.size() - 44);
 }
 
@@ -69,7 +64,7 @@ TEST_P(SoundsTest, IsHeardButNeverHurtsAndDoesNotCrackle) {
     int peak = 0;
     for (const int sample : samples) peak = std::max(peak, std::abs(sample));
     EXPECT_GT(peak, 32768 * 20 / 100);
-    EXPECT_LT(peak, 32768 * 95 / 100);
+    EXPECT_LT(peak, 32768 * 75 / 100) << "the mixer would change what is louder";
     EXPECT_LT(std::abs(samples.front()), 100);
     EXPECT_LT(std::abs(samples.back()), 100);
 }
