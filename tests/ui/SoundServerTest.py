@@ -36,7 +36,7 @@ class Place:
     def __init__(self, folder):
         self.folder = folder
         self.environment = {
-            "PATH": os.environ["PATH"], "HOME": folder, "XDG_RUNTIME_DIR": folder, "LC_ALL": "C",
+            "PATH": os.environ.get("PATH", os.defpath), "HOME": folder, "XDG_RUNTIME_DIR": folder, "LC_ALL": "C",
             "PULSE_SERVER": f"unix:{folder}/socket", "PULSE_RUNTIME_PATH": folder, "PULSE_STATE_PATH": folder,
         }
         for name in ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"):
