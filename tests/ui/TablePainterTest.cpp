@@ -245,7 +245,7 @@ TEST(TablePainterTest, AcesOfTheOrderedGameAndCardsThatNoDeckHoldsHaveTheirPictu
 TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
     SceneTable t;
     PictureStore pictures;
-    ActionQueue actions;
+    ActionQueue actions(t.table);
     CMorvikView view(t.table, t.scene, t.display, pictures, actions, [](int) {});
     const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
     ASSERT_NE(reader, nullptr);
