@@ -64,8 +64,11 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     EXPECT_EQ(Gains().back(), 20.0);
     Play("Jacks or Better", 300);  // a new session
     ChangeCoin(engine, 0.5, files);
+    Deal("2S 4S 6S 8S TH");
+    EnterGameOver(engine);
+    ChangeCoin(engine, 1, files);
     PlayFlush();
-    EXPECT_EQ(Gains(), (std::vector{12.5}));
+    EXPECT_EQ(Gains(), (std::vector{22.5}));
 }
 
 }  // namespace
