@@ -231,6 +231,11 @@ def is_heard_on(place, name, driver, waves):
         raise Failure(f"not heard on {name}")
 
 
+def a_rest_ends_with_a_whole_sound(place, name, driver, waves):
+    nothing_is_open_at_rest(place, driver)
+    is_heard_on(place, name, driver, waves)
+
+
 def listen(place, program, folder):
     """False when there is nothing to listen to."""
     driver = Driver(place, program, folder)
@@ -250,8 +255,7 @@ def listen(place, program, folder):
         place.control("load-module", *sink("second").split())
         place.control("set-default-sink", "second")
         several_times(is_heard_on, place, "second", driver, waves)
-        nothing_is_open_at_rest(place, driver)
-        driver.play("beep")
+        several_times(a_rest_ends_with_a_whole_sound, place, "second", driver, waves)
         end(server)
         server = place.start_server()
         if not server:

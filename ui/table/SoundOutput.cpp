@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <csignal>
 #include <memory>
+#include <span>
 #include <system_error>
 #include <utility>
 
@@ -16,12 +17,12 @@ using std::chrono::milliseconds;
 // that wake up and to those who listen in to the device.
 constexpr std::size_t kLeadIn = kSampleRate / 50;
 constexpr int kRequestTime = 20;  // milliseconds the server asks for at once
-constexpr std::size_t kRest =
-    std::size_t{5} * kSampleRate;        // samples of silence until the stream is closed
+// Samples of silence until the stream is closed.
+constexpr std::size_t kRest = std::size_t{5} * kSampleRate;
 constexpr milliseconds kPatience{3000};  // with a server that does not answer or play
 constexpr milliseconds kTooLate{1000};   // what was to be heard before the stream opened, is not
 constexpr milliseconds kDeaf{1000};      // until a server is looked for again
-constexpr int kLookTime = 500'000;       // microseconds
+constexpr int kLookTime = 1'000'000;     // microseconds
 
 constexpr std::uint32_t BytesIn(int milliseconds) {
     return static_cast<std::uint32_t>(kSampleRate * milliseconds / 1000) * sizeof(std::int16_t);
