@@ -53,7 +53,7 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     PlayFlush();
     EXPECT_EQ(Gains(), (std::vector{6.25, 11.25}));
     Deal("2S 4S 6S 8S TS");
-    ChangeCoin(engine, 1, files);  // the bet was of quarters, the win is of dollars
+    ChangeCoin(engine, 1);  // the bet was of quarters, the win is of dollars
     Draw(kStandPat);
     engine.statistics.doubleUpCreditsLost.Add(30);
     NoteCredits(engine);
@@ -63,10 +63,10 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     NoteCredits(engine);
     EXPECT_EQ(Gains().back(), 20.0);
     Play("Jacks or Better", 300);  // a new session
-    ChangeCoin(engine, 0.5, files);
+    ChangeCoin(engine, 0.5);
     Deal("2S 4S 6S 8S TH");
     EnterGameOver(engine);
-    ChangeCoin(engine, 1, files);
+    ChangeCoin(engine, 1);
     PlayFlush();
     EXPECT_EQ(Gains(), (std::vector{22.5}));
 }
