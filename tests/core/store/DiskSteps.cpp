@@ -19,39 +19,32 @@ int count = 0;
 int fatal = 0;  // the number of the step; 0 = none
 Fate fate = Fate::kKilled;
 
-enum class Next { kGoOn, kHalf, kNoRoom };
+enum class Next { kGoOn, kHalf, kRefused };
 
 // Every step begins here.
-Next Step(bool needsRoom) {
+Next Step(bool needsRoom, bool isWrite) {
+    if (fate == Fate::kCutInHalf && !isWrite) return Next::kGoOn;
     ++count;
     if (fatal == 0 || count < fatal) return Next::kGoOn;
-    if (fate == Fate::kFull) {
-        if (!needsRoom) return Next::kGoOn;
-        errno = ENOSPC;
-        return count == fatal ? Next::kHalf : Next::kNoRoom;
-    }
+    if (fate == Fate::kKilled) kill(getpid(), SIGKILL);
     if (fate == Fate::kCutInHalf) return Next::kHalf;
-    kill(getpid(), SIGKILL);
-    return Next::kNoRoom;
-}
-
-// Of a step that cannot be done by halves.
-bool IsRefused(bool needsRoom) {
-    if (Step(needsRoom) == Next::kGoOn) return false;
-    if (fate != Fate::kFull) kill(getpid(), SIGKILL);
-    return true;
+    if (!needsRoom) return Next::kGoOn;
+    errno = ENOSPC;
+    return isWrite && count == fatal ? Next::kHalf : Next::kRefused;
 }
 
 ssize_t Write(int file, const void* data, size_t size, off_t offset) {
     const bool isConsole = file <= STDERR_FILENO;
-    const Next next = isConsole ? Next::kGoOn : Step(size > 0);
-    if (next == Next::kNoRoom || (next == Next::kHalf && size < 2)) return -1;
-    if (next == Next::kHalf) size /= 2;
+    const Next next = isConsole ? Next::kGoOn : Step(size > 0, true);
+    if (next == Next::kRefused) return -1;
+    if (next == Next::kHalf) size = (size + 1) / 2;
     const ssize_t written = offset < 0 ? syscall(SYS_write, file, data, size)
                                        : syscall(SYS_pwrite64, file, data, size, offset);
-    if (next == Next::kHalf && fate != Fate::kFull) kill(getpid(), SIGKILL);
+    if (next == Next::kHalf && fate == Fate::kCutInHalf) kill(getpid(), SIGKILL);
     return written;
 }
+
+bool IsRefused(bool needsRoom) { return Step(needsRoom, false) == Next::kRefused; }
 
 template <class... Arguments>
 int Do(bool needsRoom, long call, Arguments... arguments) {

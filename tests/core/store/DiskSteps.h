@@ -8,7 +8,7 @@ namespace disk {
 
 enum class Fate {
     kKilled,     // before the step
-    kCutInHalf,  // as kKilled, but half of what is to be written gets there
+    kCutInHalf,  // in the middle of the step; only writes are counted then
     kFull,       // the process lives on, but from this step on no more room is given
 };
 
