@@ -27,18 +27,23 @@ constexpr int kTries = 10;
 
 // Never through a link, which may lead anywhere, and without waiting for a pipe. A file of another
 // user may often be read and not written, and can be locked all the same. Programs started by this
-// one must not inherit the lock and hold on to it.
+// one must not inherit the lock and hold on to it. -1 with errno when there is no such file.
 int Open(const std::string& path) {
     constexpr int kAlways = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
     int descriptor = open(path.c_str(), O_RDWR | O_CREAT | kAlways, kOrdinaryMode);
+    const int problem = errno;
     if (descriptor < 0) descriptor = open(path.c_str(), O_RDONLY | kAlways);
     struct stat opened = {};
-    if (descriptor < 0 || (fstat(descriptor, &opened) == 0 && S_ISREG(opened.st_mode))) {
-        return descriptor;
-    }
-    close(descriptor);
+    const bool plain =
+        descriptor >= 0 && fstat(descriptor, &opened) == 0 && S_ISREG(opened.st_mode);
+    if (plain) return descriptor;
+    if (descriptor >= 0) close(descriptor);
+    errno = problem;
     return -1;
 }
+
+// Whether a file that errno says could not be made lacks room, and not a place.
+bool IsFull() { return errno == ENOSPC || errno == EDQUOT; }
 
 bool CanWrite(const fs::path& folder) {
     return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
@@ -145,7 +150,9 @@ LockFile& LockFile::operator=(LockFile&& other) noexcept {
 void LockFile::Try() {
     descriptor = Open(path);
     if (descriptor < 0) {
-        state = CanWrite(fs::path(path).parent_path()) ? State::kNotKnown : State::kRefused;
+        const bool noRoom = IsFull();
+        const bool writable = CanWrite(fs::path(path).parent_path());
+        state = writable && !noRoom ? State::kNotKnown : State::kRefused;
     } else if (flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
         state = State::kHeld;
     } else if (errno == EWOULDBLOCK) {

@@ -8,7 +8,7 @@ class LockFile {
     enum class State {
         kHeld,      // by this object, until it goes
         kTaken,     // another program, or another object, holds it
-        kRefused,   // the folder is missing or cannot be written
+        kRefused,   // the folder is missing, cannot be written or is full
         kNotKnown,  // it can, but its disk knows no locks, or something odd is in the lock's place
     };
 
