@@ -48,11 +48,12 @@ CMainFrame::~CMainFrame() { hide(); }
 
 void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     document = &shown;
-    view = new CMorvikView(shown.table, shown.scene, shown.display, pictures, shown.actions,
+    view = new CMorvikView(shown.table, pictures, shown.actions,
                            [this](int command) { document->RunKey(command); });
     setCentralWidget(view);
     MakeMenus();
-    connect(document, &CMorvikDoc::SceneChanged, view, qOverload<>(&QWidget::update));
+    connect(document, &CMorvikDoc::SceneChanged, view, &CMorvikView::ShowScene);
+    connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutTable);
     connect(document, &CMorvikDoc::TitleChanged, this, &CMainFrame::UpdateTitle);
     connect(
         document, &CMorvikDoc::ExitChosen, this, [this] { close(); }, Qt::QueuedConnection);

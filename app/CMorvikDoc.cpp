@@ -6,15 +6,15 @@
 #include "app/MenuTable.h"
 #include "core/profile/ProfileFile.h"
 #include "game/AnalyzeGame.h"
+#include "game/DealSteps.h"
 #include "game/FileCommands.h"
 #include "game/FixedHand.h"
 #include "game/GameSelection.h"
-#include "game/HandFlow.h"
 #include "game/SaveGame.h"
+#include "game/ShowTable.h"
 #include "game/SpareEngine.h"
 #include "game/StartAndStop.h"
 #include "game/TableCommands.h"
-#include "game/WinDisplay.h"
 #include "ui/dialogs/AboutDialog.h"
 #include "ui/dialogs/CombinationsDialog.h"
 #include "ui/dialogs/ErrorLogDialog.h"
@@ -32,12 +32,6 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
                        DataFilePaths dataPaths, QWidget& parent, PictureStore& store, Clock& clock,
                        Sounds& sounds)
     : files{file, dataPaths.mainProfile, dataPaths.defaultGame},
-      display(scene,
-              [this] {
-                  const bool inHand = scene.message == kResetMessage && !table.engine.handOver;
-                  if (inHand && !resetRead.isActive()) resetRead.start();
-                  emit SceneChanged();
-              }),
       player(parent, store, clock),
       reports(parent),
       manager(parent),
@@ -45,7 +39,7 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
       table{.engine = engine,
             .files = files,
             .tables = lineTables,
-            .display = display,
+            .display = *this,
             .player = player,
             .sounds = sounds,
             .clock = clock},
@@ -53,7 +47,6 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
       spare(spareEngine),
       window(parent),
       pictures(store) {
-    display.Attach(table);
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);
     connect(&resetRead, &QTimer::timeout, this, &CMorvikDoc::AskForHoldsAgain);
@@ -65,7 +58,7 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
     player.showAnalysis = [this](QWidget& over) { AnalyzeHand(over); };
     player.beep = [this] { table.sounds.Sound(Beep::kExclamation); };
     StartGame(table, paths);
-    display.Relayout();
+    ShowAtRest(table);
 }
 
 CMorvikDoc::~CMorvikDoc() = default;
@@ -117,6 +110,12 @@ void CMorvikDoc::AnswerQuestions() {
     player.AnswerAgain();
 }
 
+void CMorvikDoc::Show(const TableScene& scene) {
+    const bool inHand = scene.message == kResetMessage && !table.engine.handOver;
+    if (inHand && !resetRead.isActive()) resetRead.start();
+    emit SceneChanged();
+}
+
 void CMorvikDoc::Dispatch(int command) {
     if (IsGame(command)) {
         ChooseGame(command);
@@ -136,7 +135,7 @@ void CMorvikDoc::ChooseGame(int id) {
 
 // Between hands the message of a reset stays, as others do; in a hand the meter is needed.
 void CMorvikDoc::AskForHoldsAgain() {
-    if (scene.message == kResetMessage && !table.engine.handOver) ShowMeters(table);
+    if (table.scene.message == kResetMessage && !table.engine.handOver) ShowMeters(table);
 }
 
 void CMorvikDoc::AnalyzeHand(QWidget& over) {
@@ -172,16 +171,16 @@ bool CMorvikDoc::DispatchFile(int command) {
 bool CMorvikDoc::DispatchOption(int command) {
     switch (command) {
         case kCashOut:
-            CashOutCommand(table);
+            CashOut(table);
             return true;
         case kEnterCredits:
             EnterCredits(table);
             return true;
         case kResetStatistics:
-            ResetStatisticsCommand(table);
+            ResetAllStatistics(table);
             return true;
         case kClearErrorLog:
-            ClearErrorLogCommand(table);
+            ForgetErrors(table);
             return true;
         case kAssignFixedHand:
             AssignFixedHand(table);

@@ -13,13 +13,12 @@
 #include "ui/dialogs/WindowPlayer.h"
 #include "ui/dialogs/WindowReports.h"
 #include "ui/table/ActionQueue.h"
-#include "ui/table/SceneDisplay.h"
 
 class HelpWindow;
 class PictureStore;
 class ProfileFile;
 
-class CMorvikDoc : public QObject {
+class CMorvikDoc : public QObject, private TableDisplay {
     Q_OBJECT
 
     GameFiles files;  // first, because the table refers to these two
@@ -57,8 +56,6 @@ class CMorvikDoc : public QObject {
     void RefuseQuestions();
     void AnswerQuestions();
 
-    TableScene scene;  // what the window shows
-    SceneDisplay display;
     WindowPlayer player;
     WindowReports reports;
     WindowPayTableManager manager;
@@ -67,11 +64,14 @@ class CMorvikDoc : public QObject {
 
   signals:
     void SceneChanged();
+    void PayTableChanged();
     void Settled();  // all that the player has begun is done
     void TitleChanged();
     void ExitChosen();
 
   private:
+    void Show(const TableScene& scene) override;
+    void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
     // Each of these is true when the command is one of its own.
     bool DispatchFile(int command);

@@ -11,7 +11,7 @@
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
-#include "game/HandFlow.h"
+#include "game/DealSteps.h"
 #include "game/SpareEngine.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include "game/BestPlay.h"
 #include "game/Dealing.h"
-#include "game/MachineCommands.h"
+#include "game/Money.h"
 
 namespace {
 

@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "game/DoubleUp.h"
-#include "game/WinDisplay.h"
+#include "game/ShowTable.h"
+#include "game/Wins.h"
 
 namespace {
 
@@ -63,38 +64,28 @@ void ShowBonus(GameTable& table, int bonus) {
 }
 
 void StartSpin(GameTable& table) {
-    table.display.ShowFeatureLabel("SPIN");
     Play(table, Wave::kCash);
     table.engine.spinPending = true;
-    table.display.ShowSpin(SpinButton::kReady);
-    table.display.ShowSpinValue("");
+    ShowAtRest(table);
 }
 
 void StartTarget(GameTable& table) {
-    table.display.ShowFeatureLabel("SHOOT");
     Play(table, Wave::kCash);
     table.engine.targetPending = true;
     table.target = {};
-    for (int i = 0; i < kTargets; ++i) {
-        table.display.ShowTarget(i, TargetFace::kHidden, 0);
-        table.target.values[static_cast<std::size_t>(i)] = DrawValue(table, TargetMultiplier);
-    }
+    for (int& value : table.target.values) value = DrawValue(table, TargetMultiplier);
+    ShowAtRest(table);
 }
 
 void StartRedBlack(GameTable& table) {
     Play(table, Wave::kCash);
     table.engine.redBlackPending = true;
     table.redBlack = {};
-    table.display.ShowRedBlack(true);
+    ShowAtRest(table);
 }
 
 // The wheel slows down: five steps for each pause.
 int SpinPause(int step) { return 150 + step / 5 * 50; }
-
-void HideTargets(GameTable& table) {
-    for (int i = 0; i < kTargets; ++i) table.display.ShowTarget(i, TargetFace::kGone, 0);
-    table.display.ShowFeatureLabel("");
-}
 
 // Nothing at a target that was shot already.
 void FireAt(GameTable& table, int target) {
@@ -109,15 +100,14 @@ void EndTarget(GameTable& table) {
     PayBonus(table.engine, table.target.stake);
     table.engine.targetPending = false;
     table.clock.Pause(kShotsPause);
-    for (int i = 0; i < kTargets; ++i) {
-        const auto target = static_cast<std::size_t>(i);
-        if (table.target.shot[target]) continue;
-        table.display.ShowTarget(i, TargetFace::kMissed, table.target.values[target]);
+    for (std::size_t i = 0; i < kTargets; ++i) {
+        if (table.target.shot[i]) continue;
+        table.scene.targets[i] = {TargetFace::kMissed, table.target.values[i]};
     }
+    Show(table);
     Play(table, Wave::kApplause);
     table.clock.Pause(kEndPause);
-    ShowCredits(table);
-    HideTargets(table);
+    ShowAtRest(table);
 }
 
 // The first guess is always right.
@@ -128,7 +118,8 @@ CardColour DrawColour(GameTable& table, CardColour guess) {
 
 void LightPanelWithClick(GameTable& table, CardColour colour) {
     Play(table, Wave::kClick);
-    table.display.LightPanel(colour);
+    table.scene.redBlack.lit = colour;
+    Show(table);
 }
 
 void ShowColourDrawn(GameTable& table) {
@@ -142,13 +133,10 @@ void ShowColourDrawn(GameTable& table) {
     table.clock.Pause(kColourPause);
 }
 
-void EndRedBlack(GameTable& table) {
-    const int bonus = table.redBlack.stake;
-    PayBonus(table.engine, bonus);
-    if (bonus > 0) ShowCredits(table);
+void PayRedBlack(GameTable& table) {
+    PayBonus(table.engine, table.redBlack.stake);
     table.engine.redBlackPending = false;
-    ShowBonus(table, bonus);
-    table.display.ShowRedBlack(false);
+    ShowBonus(table, table.redBlack.stake);
 }
 
 // Counted as it would have been played, so that the share of tries that pay stays true.
@@ -157,7 +145,7 @@ void SettleRedBlack(GameTable& table) {
         table.engine.statistics.bonusTries.Add(1);
         table.redBlack.stake = table.engine.settings.bet;
     }
-    EndRedBlack(table);
+    PayRedBlack(table);
 }
 
 void SettleTarget(GameTable& table) {
@@ -165,8 +153,6 @@ void SettleTarget(GameTable& table) {
     PayBonus(table.engine, table.target.stake);
     table.engine.targetPending = false;
     ShowBonus(table, table.target.stake);
-    ShowCredits(table);
-    HideTargets(table);
 }
 
 void SettleSpin(GameTable& table) {
@@ -175,8 +161,6 @@ void SettleSpin(GameTable& table) {
     PayBonus(table.engine, bonus);
     table.engine.spinPending = false;
     ShowBonus(table, bonus);
-    ShowCredits(table);
-    table.display.HideSpin();
 }
 
 }  // namespace
@@ -205,14 +189,17 @@ void MaybeStartRedBlack(GameTable& table) {
 void Spin(GameTable& table) {
     GameEngine& engine = table.engine;
     if (!engine.spinPending) return;
+    SpinLook& look = table.scene.spin;
     engine.statistics.bonusTries.Add(1);
-    table.display.ShowSpin(SpinButton::kLit);
+    look.button = SpinButton::kLit;
+    Show(table);
     PlayToEnd(table, Wave::kDrumroll);
-    table.display.ShowSpin(SpinButton::kHidden);
+    look.button = SpinButton::kHidden;
     int bonus = 0;
     for (int step = 0; step < kSpinSteps; ++step) {
         bonus = DrawValue(table, SpinMultiplier);
-        table.display.ShowSpinValue(std::to_string(bonus));
+        look.value = std::to_string(bonus);
+        Show(table);
         Play(table, Wave::kClick);
         table.clock.Pause(SpinPause(step));
     }
@@ -222,17 +209,16 @@ void Spin(GameTable& table) {
     engine.spinPending = false;
     Play(table, Wave::kApplause);
     table.clock.Pause(kEndPause);
-    table.display.HideSpin();
+    ShowAtRest(table);
 }
 
 void Shoot(GameTable& table, int target) {
     GameEngine& engine = table.engine;
     if (!engine.targetPending || target < 0 || target >= kTargets) return;
-    const auto index = static_cast<std::size_t>(target);
-    if (table.target.shot[index]) return;
+    if (table.target.shot[static_cast<std::size_t>(target)]) return;
     FireAt(table, target);
     Play(table, Wave::kArrow);
-    table.display.ShowTarget(target, TargetFace::kShot, table.target.values[index]);
+    ShowAtRest(table);
     ShowBonus(table, table.target.stake);
     if (table.target.shots == kShots) EndTarget(table);
 }
@@ -242,18 +228,19 @@ void GuessColour(GameTable& table, CardColour colour) {
     if (!engine.redBlackPending || colour == CardColour::kNone) return;
     RedBlackGame& game = table.redBlack;
     engine.statistics.bonusTries.Add(1);
-    table.display.ShowChoice(colour);
+    table.scene.redBlack.choice = colour;
+    Show(table);
     game.drawn = DrawColour(table, colour);
     ++game.guesses;
     ShowColourDrawn(table);
-    if (game.drawn != colour) {
-        EndRedBlack(table);
-        return;
+    if (game.drawn == colour) {
+        Play(table, Wave::kCash);
+        game.stake = AddCapped(game.stake, engine.settings.bet);
+        ShowBonus(table, game.stake);
+    } else {
+        PayRedBlack(table);
     }
-    Play(table, Wave::kCash);
-    game.stake = AddCapped(game.stake, engine.settings.bet);
-    ShowBonus(table, game.stake);
-    table.display.ShowChoice(CardColour::kNone);
+    ShowAtRest(table);
 }
 
 void SettleFeatures(GameTable& table) {
@@ -261,4 +248,5 @@ void SettleFeatures(GameTable& table) {
     if (table.engine.redBlackPending) SettleRedBlack(table);
     if (table.engine.targetPending) SettleTarget(table);
     if (table.engine.spinPending) SettleSpin(table);
+    ShowAtRest(table);
 }

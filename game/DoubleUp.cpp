@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <compare>
 
-#include "game/WinDisplay.h"
+#include "game/DealSteps.h"
+#include "game/Wins.h"
 
 namespace {
 
@@ -37,10 +38,8 @@ void SetUpPick(GameTable& table) {
     engine.deck.Shuffle(kShufflePasses);
     engine.held = {};
     std::ranges::copy(engine.deck.TakeTop(kHandSize), engine.hand.begin());
-    table.display.ShowDoubleUp(engine.bonusStake, engine.doubleUpTo);
-    table.display.ShowCard(0, CardAt(engine, 0));
-    for (int i = 1; i < kHandSize; ++i) table.display.ShowCard(i, kCardBack);
     engine.doubleUpClosed = false;
+    ShowAtRest(table);
 }
 
 void End(GameTable& table) {
@@ -51,8 +50,8 @@ void End(GameTable& table) {
     engine.hand = table.beforeDoubleUp.hand;
     engine.drawCards = table.beforeDoubleUp.drawCards;
     engine.held = table.beforeDoubleUp.held;
-    table.display.Repaint();
     engine.handInProgress = false;
+    ShowAtRest(table);
 }
 
 // The win itself was paid by the hand; what won picks have put on top of it is paid here.
@@ -69,22 +68,22 @@ void Collect(GameTable& table) {
 
 void Reveal(GameTable& table, int picked) {
     GameEngine& engine = table.engine;
-    table.display.ShowHoldButton(picked, false);
-    engine.held[static_cast<std::size_t>(picked)] = true;
-    table.display.ShowHeld(picked, true);
-    table.display.ShowCard(picked, CardAt(engine, picked));
+    PlaceLook& place = table.scene.places[static_cast<std::size_t>(picked)];
+    engine.held[static_cast<std::size_t>(picked)] = place.held = true;
+    ShowCard(table, picked, CardAt(engine, picked));
     table.clock.Pause(kRevealPause);
     for (int i = 1; i < kHandSize; ++i) {
         if (i == picked) continue;
-        table.display.ShowCard(i, CardAt(engine, i));
-        table.clock.Pause(DelaysOf(engine.settings.speed).card);
+        ShowCard(table, i, CardAt(engine, i));
+        PauseAfterCard(table);
     }
 }
 
 void Won(GameTable& table) {
     GameEngine& engine = table.engine;
     SetStake(engine, engine.doubleUpTo);
-    table.display.ShowDoubleUpAmounts(engine.bonusStake, engine.doubleUpTo);
+    table.scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo};
+    Show(table);
     Play(table, Wave::kCash);
     table.clock.Pause(kResultPause);
     engine.doubleUpClosed = true;
@@ -122,16 +121,11 @@ void Lost(GameTable& table) {
     engine.doubleUpPick = false;
     engine.doubleUpClosed = true;
     table.bonusShown = true;
-    table.display.ShowMessage("0 Bonus Credits");
+    ShowMessage(table, "0 Bonus Credits");
     End(table);
 }
 
 }  // namespace
-
-bool CanDoubleUp(const GameEngine& engine) {
-    return engine.settings.doubleUp && engine.doubleUpOffered && engine.handOver &&
-           !engine.doubleUpPick;
-}
 
 void StartDoubleUp(GameTable& table) {
     GameEngine& engine = table.engine;

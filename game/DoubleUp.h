@@ -3,9 +3,6 @@
 #pragma once
 #include "game/GameTable.h"
 
-// True while the DBL UP button is on the table: an offer stands, and the option is on.
-bool CanDoubleUp(const GameEngine& engine);
-
 // Takes the offer that stands after a won hand; nothing when there is none.
 void StartDoubleUp(GameTable& table);
 

@@ -9,7 +9,6 @@
 #include "core/store/Session.h"
 #include "game/BonusFeatures.h"
 #include "game/GameFile.h"
-#include "game/HandFlow.h"
 #include "game/SaveGame.h"
 #include "game/TableCommands.h"
 
@@ -179,9 +178,8 @@ void NewGameFile(GameTable& table) {
     engine.dealtLine = engine.finalLine = -1;
     GoOnIn(table, *path, std::move(*lock));
     NoteKept(table);
-    if (engine.doubleUpOffered) WithdrawDoubleUp(table);
+    engine.doubleUpOffered = false;
     ShowGameOver(table);
-    table.display.Repaint();
 }
 
 void OpenGameFile(GameTable& table) {

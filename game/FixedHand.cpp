@@ -2,9 +2,10 @@
 
 #include "core/analysis/ErrorLog.h"
 #include "game/BonusFeatures.h"
+#include "game/DealSteps.h"
 #include "game/Dealing.h"
-#include "game/HandFlow.h"
-#include "game/WinDisplay.h"
+#include "game/PickEmFlow.h"
+#include "game/Wins.h"
 
 namespace {
 
@@ -17,14 +18,6 @@ void ClearMarks(GameTable& table) {
     if (table.engine.dealtLine != table.engine.finalLine) ClearLine(table, table.engine.dealtLine);
 }
 
-// A hand that is dealt again turns its cards over at any speed, or nothing would be seen of it.
-void ShowBacksOfAll(GameTable& table) {
-    for (int i = 0; i < kHandSize; ++i) {
-        table.display.ShowHeld(i, false);
-        table.display.ShowCard(i, kCardBack);
-    }
-}
-
 // The dealt hand, if there is one, is given up for the next one.
 void DealAgain(GameTable& table) {
     GameEngine& engine = table.engine;
@@ -35,23 +28,21 @@ void DealAgain(GameTable& table) {
     engine.finalLine = -1;
     engine.held = {};
     table.bonusShown = false;
-    if (engine.doubleUpOffered) WithdrawDoubleUp(table);
+    WithdrawDoubleUp(table);
     ShowCredits(table);
-    table.display.ShowMessage("GOOD LUCK!");
+    ShowMessage(table, "GOOD LUCK!");
     table.logsErrors = true;
     const bool pickEm = IsPickEm(engine);
     table.dealing = !pickEm;
     if (pickEm) {
         ClearPickEmPlaces(table);
     } else {
-        if (first) {
-            ShowBacks(table);
-        } else {
-            ShowBacksOfAll(table);
-        }
-        if (IsSneakPeak(engine)) table.display.ShowFirstDraw(kNoCard);
+        // A hand that is dealt again turns its cards over at any speed, or nothing would be seen.
+        table.scene.firstDraw = kNoCard;
+        const bool turnsOver = !first || TurnsCardsOver(table);
+        ShowUnheld(table, turnsOver ? Faces::kTurnedOver : Faces::kStay);
     }
-    table.clock.Pause(DelaysOf(engine.settings.speed).deal);
+    PauseAfterDeal(table);
     DealOrDraw(engine, table.files);
     if (pickEm) {
         ShowPickEmDeal(table);
@@ -66,7 +57,7 @@ void AssignFixedHand(GameTable& table) {
     if (!table.player.AssignsFixedHand(table.engine)) return;
     SettleFeatures(table);
     table.engine.fixedHand = true;
-    DealDraw(table);
+    FixedDealDraw(table);
 }
 
 void FixedDealDraw(GameTable& table) {

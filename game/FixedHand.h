@@ -1,8 +1,7 @@
 // Practice: the fixed hand, or in Error Log mode one logged hand after the other, is dealt again
 // and again and its holds are judged. No draw is made, and no credits or counters change.
 #pragma once
-#include "game/GameTable.h"
-#include "game/PickEmFlow.h"
+#include "game/ShowTable.h"
 
 // Lets the player choose the fixed hand and deals it.
 void AssignFixedHand(GameTable& table);

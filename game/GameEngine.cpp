@@ -13,6 +13,15 @@ bool FeaturePending(const GameEngine& engine) {
            engine.targetPending;
 }
 
+bool CanDoubleUp(const GameEngine& engine) {
+    return engine.settings.doubleUp && engine.doubleUpOffered && engine.handOver &&
+           !engine.doubleUpPick;
+}
+
+bool CharlieApplies(const GameEngine& engine) {
+    return engine.payTable.charlieBonus && engine.charlieNow;
+}
+
 void NoteCredits(GameEngine& engine) {
     const std::int32_t hands = engine.statistics.handsPlayed.session;
     if (hands == 0) return;

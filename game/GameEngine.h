@@ -75,6 +75,12 @@ bool IsSneakPeak(const GameEngine& engine);
 // A feature or a double up waits for the player, who can do nothing else at the table.
 bool FeaturePending(const GameEngine& engine);
 
+// An offer stands to risk the last win, and the option is on.
+bool CanDoubleUp(const GameEngine& engine);
+
+// The hand last classified is a five-card charlie that its table pays for.
+bool CharlieApplies(const GameEngine& engine);
+
 // Credits have been won or lost in a hand of the session: its course is to show it.
 void NoteCredits(GameEngine& engine);
 

@@ -6,7 +6,7 @@
 #include "core/paytable/GameCatalogue.h"
 #include "core/store/Session.h"
 #include "game/BonusFeatures.h"
-#include "game/HandFlow.h"
+#include "game/DealSteps.h"
 #include "game/SaveGame.h"
 #include "game/TableCommands.h"
 

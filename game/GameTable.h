@@ -15,9 +15,9 @@
 #include "game/Player.h"
 #include "game/Sounds.h"
 #include "game/TableDisplay.h"
+#include "game/TableScene.h"
 
-inline constexpr int kTargets = 5;
-inline constexpr int kShots = 3;  // at them
+inline constexpr int kShots = 3;  // at the targets
 
 // Values and stakes are in credits. A game has a stake of its own beside that of the engine, since
 // another feature or a double up may be played before it has ended.
@@ -58,6 +58,7 @@ struct GameTable {
     Sounds& sounds;
     Clock& clock;
 
+    TableScene scene{};       // what is shown
     CombinedRandom random{};  // of the features, apart from the deck's
     bool logsErrors = true;   // a play error of this hand is counted and logged
     bool drawAgainAllowed = true;

@@ -3,7 +3,7 @@
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
 #include "game/Autoplay.h"
-#include "game/HandFlow.h"
+#include "game/DealSteps.h"
 #include "game/SaveGame.h"
 
 namespace {

@@ -1,52 +1,67 @@
 #include "game/TableCommands.h"
 
+#include <algorithm>
+
 #include "core/analysis/ErrorLog.h"
 #include "core/store/Session.h"
+#include "core/text/Amount.h"
 #include "game/Dealing.h"
 #include "game/DoubleUp.h"
 #include "game/FixedHand.h"
-#include "game/HandFlow.h"
-#include "game/MachineCommands.h"
+#include "game/Money.h"
 #include "game/SaveGame.h"
-#include "game/WinDisplay.h"
+#include "game/ShowTable.h"
 
 namespace {
 
+// The caller shows it.
 void EndDoubleUp(GameTable& table) {
     LeaveDoubleUp(table);
-    if (table.engine.doubleUpOffered) WithdrawDoubleUp(table);
+    table.engine.doubleUpOffered = false;
 }
 
-// A repaint must not mark the last win again, with what it would pay for another bet.
-void TakeMarkOff(GameTable& table) {
-    ClearLine(table, table.engine.finalLine);
-    table.engine.finalLine = table.engine.dealtLine = -1;
+void Bet(GameTable& table, int coins) {
+    GameEngine& engine = table.engine;
+    if (!engine.handOver || FeaturePending(engine)) return;
+    engine.settings.bet = coins;
+    // The last win must not be marked with what it would pay for another bet.
+    engine.finalLine = engine.dealtLine = -1;
+    ShowAtRest(table);
 }
 
-bool CanBet(const GameEngine& engine) { return engine.handOver && !FeaturePending(engine); }
+std::int32_t LessButNotBelowZero(std::int32_t value, std::int64_t amount) {
+    return std::max(0, AddCapped(value, -amount));
+}
 
 }  // namespace
 
-void CashOutCommand(GameTable& table) {
+void CashOut(GameTable& table) {
     EndDoubleUp(table);
-    const std::string paid = CashOut(table.engine);
+    MachineSettings& settings = table.engine.settings;
+    std::int32_t& dollarsIn = table.engine.statistics.sessionDollarsIn;
+    const double dollars = settings.credits * settings.coin;
+    const std::int32_t whole = WholeAmount(dollars);
+    settings.creditsEntered = LessButNotBelowZero(settings.creditsEntered, whole);
+    dollarsIn = LessButNotBelowZero(dollarsIn, whole);
+    settings.credits = 0;
     table.sounds.Sound(Beep::kDefault);  // even when the sounds are off
-    ShowCredits(table);
-    table.display.ShowMessage(paid);
+    ShowAtRest(table, "Paid " + FormatDollars("%14.2f", dollars));
 }
 
 void ChooseCoin(GameTable& table, double coin) {
-    if (coin == table.engine.settings.coin) return;
+    GameEngine& engine = table.engine;
+    MachineSettings& settings = engine.settings;
+    if (coin == settings.coin || !(coin > 0)) return;
     EndDoubleUp(table);
-    ChangeCoin(table.engine, coin);
-    if (!table.engine.handOver) AnalyzeDealtHand(table.engine);  // its returns are in dollars
-    table.display.ShowCoin(table.engine.settings.coin);
-    ShowBet(table);
-    ShowCredits(table);
+    engine.creditHistory.LeaveCoin(NetCredits(engine.statistics, &Counter::session), settings.coin);
+    settings.credits = WholeAmount(settings.credits * settings.coin / coin);
+    settings.coin = coin;
+    if (!engine.handOver) AnalyzeDealtHand(engine);  // its returns are in dollars
+    ShowAtRest(table);
     // The coin without the credits that are counted in it, or the other way round, would be
     // another amount of money.
     table.saveDue = true;
-    if (IsBetweenHands(table.engine)) SaveGame(table, false);
+    if (IsBetweenHands(engine)) SaveGame(table, false);
 }
 
 void ChooseSpeed(GameTable& table, Speed speed) { table.engine.settings.speed = speed; }
@@ -56,58 +71,47 @@ void ToggleSounds(GameTable& table) {
 }
 
 void ToggleDoubleUp(GameTable& table) {
-    const bool shown = CanDoubleUp(table.engine);
     table.engine.settings.doubleUp = !table.engine.settings.doubleUp;
-    if (CanDoubleUp(table.engine) != shown) table.display.ShowDoubleUpButton(!shown);
+    ShowAtRest(table);
 }
 
 // A message without an amount stays, since it may be one that is not the machine's own, such as
 // "PRESS DEAL".
 void ToggleShowDollar(GameTable& table) {
-    const std::string message = MeterText(table);
+    const std::string before = MeterText(table);
     table.engine.settings.showDollar = !table.engine.settings.showDollar;
-    ShowBet(table);
-    if (MeterText(table) != message) ShowMeters(table);
-    ShowCredits(table);
+    const std::string now = MeterText(table);
+    ShowAtRest(table, now == before ? table.scene.message : now);
 }
 
 void ChooseMode(GameTable& table, PlayMode mode) {
-    ChoosePlayMode(table.engine, mode);
-    if (mode != PlayMode::kErrorLog) {
+    GameEngine& engine = table.engine;
+    engine.settings.mode = mode;
+    engine.fixedHand = mode == PlayMode::kErrorLog;
+    if (engine.fixedHand) {
+        engine.replayIndex = 0;
+        ShowAtRest(table);
+    } else {
         ShowGameOver(table);
-    } else if (table.engine.handOver || !IsPickEm(table.engine)) {
-        return;  // all as it is until the next deal; but piles in play lose AutoHold's labels
     }
-    table.display.Repaint();
 }
 
 void ToggleFixedHand(GameTable& table) {
-    if (!table.engine.fixedHand) {
-        AssignFixedHand(table);
-        return;
-    }
+    if (!table.engine.fixedHand) return AssignFixedHand(table);
     table.engine.fixedHand = false;
     ShowGameOver(table);
-    table.display.Repaint();
 }
 
-void BetOneCommand(GameTable& table) {
-    if (!CanBet(table.engine)) return;
-    TakeMarkOff(table);
-    BetOne(table.engine);
-    ShowBet(table);
+void BetOne(GameTable& table) {
+    const int bet = table.engine.settings.bet;
+    Bet(table, bet < table.engine.payTable.maxBet ? bet + 1 : 1);
 }
 
-void BetMaxCommand(GameTable& table) {
-    if (!CanBet(table.engine)) return;
-    TakeMarkOff(table);
-    BetMax(table.engine);
-    ShowBet(table);
-}
+void BetMax(GameTable& table) { Bet(table, table.engine.payTable.maxBet); }
 
-void ResetStatisticsCommand(GameTable& table) {
+void ResetAllStatistics(GameTable& table) {
     ResetStatisticsOnly(table);
-    ClearErrorLogCommand(table);
+    ForgetErrors(table);
 }
 
 void ResetStatisticsOnly(GameTable& table) {
@@ -115,11 +119,11 @@ void ResetStatisticsOnly(GameTable& table) {
     ResetStatistics(table.files.file, table.files.gamePath,
                     {engine.settings, engine.statistics, engine.payTable}, table.clock.Now());
     engine.creditHistory.Begin();
-    table.display.ShowMessage(kResetMessage);
+    ShowAtRest(table, kResetMessage);
     SaveGame(table, true);
 }
 
-void ClearErrorLogCommand(GameTable& table) {
+void ForgetErrors(GameTable& table) {
     GameEngine& engine = table.engine;
     engine.replayIndex = 0;
     engine.statistics.nextError = 0;
@@ -135,10 +139,12 @@ bool TellIfErrorLogIsEmpty(GameTable& table) {
 }
 
 void ShowGameOver(GameTable& table) {
-    EnterGameOver(table.engine);
-    table.beforeDoubleUp.held = {};
-    if (table.engine.doubleUpPick) return;
-    table.engine.handInProgress = false;
+    GameEngine& engine = table.engine;
+    engine.held = table.beforeDoubleUp.held = {};
+    engine.readyToDeal = engine.handOver = true;
+    if (engine.dealtLine >= 0 && engine.finalLine < 0) engine.finalLine = engine.dealtLine;
+    if (engine.doubleUpPick) return ShowAtRest(table);
+    engine.handInProgress = false;
     table.bonusShown = false;
-    table.display.ShowMessage("GAME OVER");
+    ShowAtRest(table, "GAME OVER");
 }

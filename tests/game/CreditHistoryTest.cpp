@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/game/TestMachine.h"
+#include "game/TableCommands.h"
+#include "tests/game/FakePorts.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ TEST(CreditHistoryTest, ALongSessionKeepsItsPeaksInFewerStretches) {
     EXPECT_EQ(history.Hands(), 40 * kMost);
 }
 
-struct GainTest : testing::Test, TestMachine {
+struct GainTest : testing::Test, TestTable {
     // After each hand.
     std::vector<double> Gains() const {
         std::vector<double> gains;
@@ -36,8 +37,8 @@ struct GainTest : testing::Test, TestMachine {
         return gains;
     }
     void PlayFlush() {
-        Deal("2S 4S 6S 8S TS");
-        Draw(kStandPat);
+        machine.Deal("2S 4S 6S 8S TS");
+        machine.Draw(kStandPat);
     }
 };
 
@@ -46,15 +47,15 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     EnterDollars(engine, 100);
     PlayFlush();  // 30 credits for 5
     EXPECT_EQ(Gains(), (std::vector{6.25}));
-    CashOut(engine);
+    CashOut(table);
     EnterDollars(engine, 900);
-    Deal("2S 4S 6S 8S TH");  // given up with its bet
-    EnterGameOver(engine);
+    machine.Deal("2S 4S 6S 8S TH");  // given up with its bet
+    ShowGameOver(table);
     PlayFlush();
     EXPECT_EQ(Gains(), (std::vector{6.25, 11.25}));
-    Deal("2S 4S 6S 8S TS");
-    ChangeCoin(engine, 1);  // the bet was of quarters, the win is of dollars
-    Draw(kStandPat);
+    machine.Deal("2S 4S 6S 8S TS");
+    ChooseCoin(table, 1);  // the bet was of quarters, the win is of dollars
+    machine.Draw(kStandPat);
     engine.statistics.doubleUpCreditsLost.Add(30);
     NoteCredits(engine);
     EXPECT_EQ(Gains(), (std::vector{6.25, 11.25, 10.0})) << "the win was lost in a double up";
@@ -62,11 +63,11 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     engine.statistics.doubleUpCredits.Add(3);
     NoteCredits(engine);
     EXPECT_EQ(Gains().back(), 20.0);
-    Play("Jacks or Better", 300);  // a new session
-    ChangeCoin(engine, 0.5);
-    Deal("2S 4S 6S 8S TH");
-    EnterGameOver(engine);
-    ChangeCoin(engine, 1);
+    machine.Play("Jacks or Better", 300);  // a new session
+    ChooseCoin(table, 0.5);
+    machine.Deal("2S 4S 6S 8S TH");
+    ShowGameOver(table);
+    ChooseCoin(table, 1);
     PlayFlush();
     EXPECT_EQ(Gains(), (std::vector{22.5}));
 }

@@ -8,9 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "core/text/Numbers.h"
 #include "game/GameTable.h"
 #include "game/HandFlow.h"
+#include "game/ShowTable.h"
+#include "tests/game/SceneDifference.h"
 #include "tests/game/TestMachine.h"
 
 // One who is told and asked: the log has a line for each, and a question takes the next of the
@@ -48,47 +49,14 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     int progressSteps = -1;  // that may be shown before the work is cancelled; -1 any
     std::function<void()> duringInput;  // what the player does in a pause that lets input through
 
+    std::function<void(const TableScene& before, const TableScene& now)> looks;  // at each step
+
     // TableDisplay
-    void ShowMessage(const std::string& text) override { Add("message ", text); }
-    void ShowCredits(const std::string& text) override { Add("credits ", text); }
-    void ShowBet(const std::string& text) override { Add("bet ", text); }
-    void ShowCoin(double coin) override { Add("coin ", FormatDouble("%.2f", coin)); }
-    void ShowLine(int line, LineMark mark, int payout) override {
-        Add("line ", line, Name(mark, {" plain ", " won ", " won, cell dark "}), payout);
+    void Show(const TableScene& scene) override {
+        const TableScene before = std::exchange(shown, scene);
+        for (const auto& line : SceneDifference(before, scene, engine.deck.table).lines) Add(line);
+        if (looks) looks(before, scene);
     }
-    void ShowCharlie(bool shown) override { Add("charlie", Shown(shown)); }
-    void ShowCard(int at, CardCode card) override { Add("card ", at, " ", CardName(card)); }
-    void ShowHeld(int at, bool held) override { Add("held ", at, held ? " on" : " off"); }
-    void ShowHoldButton(int at, bool on) override {
-        Add("hold button ", at, on ? " pressed" : " released");
-    }
-    void ShowFirstDraw(CardCode card) override { Add("first draw ", CardName(card)); }
-    void ShowPile(int at, PileStage stage) override {
-        Add("pile ", at, Name(stage, {" one back", " stack"}));
-    }
-    void ShowPileTop(int at, CardCode card, std::string_view label) override {
-        Add("pile top ", at, " ", CardName(card), label.empty() ? "" : " ", label);
-    }
-    void ShowDoubleUpButton(bool shown) override { Add("double up button", Shown(shown)); }
-    void ShowDoubleUp(int stake, int to) override { Add("double up ", stake, " to ", to); }
-    void ShowDoubleUpAmounts(int stake, int to) override {
-        Add("double up amounts ", stake, " to ", to);
-    }
-    void ShowFeatureLabel(std::string_view text) override { Add("label ", text); }
-    void ShowSpin(SpinButton button) override {
-        Add("spin ", Name(button, {"hidden", "ready", "lit"}));
-    }
-    void ShowSpinValue(const std::string& value) override { Add("spin value ", value); }
-    void HideSpin() override { Add("hide spin"); }
-    void ShowTarget(int target, TargetFace face, int value) override {
-        const bool valueShown = face == TargetFace::kShot || face == TargetFace::kMissed;
-        Add("target ", target, Name(face, {" gone", " hidden", " shot ", " missed "}),
-            valueShown ? std::to_string(value) : "");
-    }
-    void ShowRedBlack(bool shown) override { Add("red or black", Shown(shown)); }
-    void LightPanel(CardColour colour) override { Add("panel ", ColourName(colour)); }
-    void ShowChoice(CardColour colour) override { Add("choice ", ColourName(colour)); }
-    void Repaint() override { Add("repaint"); }
     void Relayout() override { Add("relayout"); }
 
     // Player
@@ -182,19 +150,9 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     static std::string Name(Value value, std::initializer_list<const char*> names) {
         return names.begin()[static_cast<std::size_t>(value)];
     }
-    static std::string Shown(bool shown) { return shown ? " shown" : " gone"; }
-    static std::string ColourName(CardColour colour) {
-        return Name(colour, {"none", "red", "black"});
-    }
     static std::string WaveName(Wave wave) {
         return Name(wave, {"cash", "click", "arrow", "applause", "drumroll"});
     }
-    std::string CardName(CardCode card) const {
-        if (card == kCardBack) return "back";
-        if (card == kNoCard) return "none";
-        return CardText(engine.deck.table, card);
-    }
-
     std::optional<int> NextNumber() {
         const auto answer = NextUnlessCancelled();
         if (!answer) return std::nullopt;
@@ -202,6 +160,7 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     }
 
     const GameEngine& engine;
+    TableScene shown;
     int owned = engine.settings.credits;
 };
 
@@ -220,19 +179,27 @@ class TestTable {
     explicit TestTable(const std::string& game = "Jacks or Better", int gameId = 300)
         : machine(game, gameId) {
         table.random.RandomInit(42);
+        ShowAtRest(table);
+        log.clear();
     }
     operator GameTable&() { return table; }
 
     // Both forget what was logged before.
     void Deal(std::string_view cards) {
-        TakeLog();
         machine.Stack(cards);
+        Settle();
         DealDraw(table);
     }
     void Draw(HoldMask mask) {
-        TakeLog();
         machine.Hold(mask);
+        Settle();
         DealDraw(table);
+    }
+
+    // What a test has changed in the machine is shown, and all that was logged is forgotten.
+    void Settle() {
+        ShowAtRest(table);
+        TakeLog();
     }
 
     // The lines logged since the last time, each ended by '\n'.

@@ -68,7 +68,7 @@ void ExpectPlayable(TestMachine& machine) {
     EXPECT_GE(engine.statistics.nextError, 0);
     EnterDollars(engine, 100);
     EXPECT_GE(engine.settings.credits, 100);
-    BetMax(engine);
+    engine.settings.bet = engine.payTable.maxBet;
     for (const bool fixed : {false, true}) {
         engine.fixedHand = fixed;
         EXPECT_EQ(machine.DealOrDraw(), 0);

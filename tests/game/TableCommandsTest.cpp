@@ -6,8 +6,8 @@
 #include "game/DoubleUp.h"
 #include "game/GameSelection.h"
 #include "game/SaveGame.h"
+#include "game/ShowTable.h"
 #include "game/SpareEngine.h"
-#include "game/WinDisplay.h"
 #include "tests/game/FakePorts.h"
 
 namespace {
@@ -33,8 +33,8 @@ TEST_F(TableCommandsTest, CashOutPaysAndTheWinCannotBeRiskedAnyMore) {
     Win();
     ASSERT_TRUE(engine.doubleUpOffered);
     engine.settings.sounds = false;
-    CashOutCommand(table);
-    EXPECT_EQ(TakeLog(), "double up button gone\nbeep\ncredits $0.00\nmessage Paid $140.00\n");
+    CashOut(table);
+    EXPECT_EQ(TakeLog(), "beep\ndouble up button gone\nmessage Paid $140.00\ncredits $0.00\n");
     StartDoubleUp(table);
     EXPECT_FALSE(engine.doubleUpPick);
 }
@@ -47,8 +47,8 @@ TEST_F(TableCommandsTest, WhatIsAtStakeIsCollectedBeforeItIsPaidOrCountedInAnoth
         ASSERT_TRUE(engine.doubleUpPick);
         engine.bonusStake = 90;  // won once
         if (cashOut) {
-            CashOutCommand(table);
-            EXPECT_EQ(log.back(), "message Paid $185.00");
+            CashOut(table);
+            EXPECT_EQ(table.scene.message, "Paid $185.00");
         } else {
             ChooseCoin(table, 0.05);
             EXPECT_EQ(engine.settings.credits, 185 * 20);
@@ -62,7 +62,7 @@ TEST_F(TableCommandsTest, AnotherCoinChangesPictureAndMeters) {
     ChooseCoin(table, 1);
     EXPECT_EQ(TakeLog(), "") << "in use already";
     ChooseCoin(table, 0.25);
-    EXPECT_EQ(TakeLog(), "coin 0.25\nbet $1.25\ncredits $100.00\n");
+    EXPECT_EQ(TakeLog(), "coin 0.25\nbet $1.25\n");
     EXPECT_EQ(engine.settings.credits, 400);
     EXPECT_EQ(Stored("main", "Coin"), "0.25");
 }
@@ -84,11 +84,10 @@ TEST_F(TableCommandsTest, CreditsAsCashRewritesTheMessageOnlyForItsAmount) {
     ToggleShowDollar(table);
     EXPECT_EQ(TakeLog(), "bet 5\ncredits 100\n") << "PRESS DEAL stays";
     Win();
-    engine.settings.showDollar = true;
     ToggleShowDollar(table);
-    EXPECT_EQ(TakeLog(), "bet 5\nmessage WON 45\ncredits 140\n");
+    EXPECT_EQ(TakeLog(), "bet $5.00\nmessage WON $45.00\ncredits $140.00\n");
     machine.Deal("JS JH TC 4D 2S");
-    EnterGameOver(engine);
+    ShowGameOver(table);
     EXPECT_EQ(MeterText(table), "GAME OVER") << "the pair was never paid";
 }
 
@@ -99,7 +98,7 @@ TEST_F(TableCommandsTest, APlayModeEndsTheHandButErrorLogWaits) {
     EXPECT_EQ(TakeLog(), "");
     EXPECT_TRUE(engine.fixedHand && engine.handInProgress);
     ChooseMode(table, PlayMode::kCasino);
-    EXPECT_EQ(TakeLog(), "message GAME OVER\nrepaint\n");
+    EXPECT_EQ(TakeLog(), "message GAME OVER\n");
     EXPECT_FALSE(engine.fixedHand || engine.handInProgress);
 }
 
@@ -119,16 +118,19 @@ TEST_F(TableCommandsTest, FixedHandIsDealtAtOnceAndSwitchedOff) {
 
 TEST_F(TableCommandsTest, ABetTakesTheMarkOfTheLastLineAway) {
     Win();
-    BetOneCommand(table);
-    EXPECT_EQ(TakeLog(), "line 3 plain 45\nbet $1.00\n");
-    BetMaxCommand(table);
-    EXPECT_EQ(TakeLog(), "bet $5.00\n");
+    BetOne(table);
+    EXPECT_EQ(TakeLog(), "line 3 plain\nbet $1.00\n");
+    BetOne(table);
+    EXPECT_EQ(engine.settings.bet, 2);
+    BetMax(table);
+    EXPECT_EQ(TakeLog(), "bet $2.00\nbet $5.00\n");
+    engine.settings.bet = 10;  // of another game
+    BetOne(table);
+    EXPECT_EQ(engine.settings.bet, 1);
     DealDraw(table);
-    TakeLog();
-    BetOneCommand(table);
-    BetMaxCommand(table);
-    EXPECT_EQ(TakeLog(), "") << "not while a hand is in play";
-    EXPECT_EQ(engine.settings.bet, 5);
+    BetOne(table);
+    BetMax(table);
+    EXPECT_EQ(engine.settings.bet, 1) << "not while a hand is in play";
 }
 
 TEST_F(TableCommandsTest, TheLogIsClearedWithItsCounts) {
@@ -149,7 +151,7 @@ TEST_F(TableCommandsTest, TheLogIsClearedWithItsCounts) {
     EXPECT_NE(Stored(section, "Error0"), "") << "the entries stay";
     statistics.playErrors.Add(1);
     statistics.handsPlayed.Add(7);
-    ClearErrorLogCommand(table);
+    ForgetErrors(table);
     EXPECT_EQ(Stored(section, "Error0"), "");
     EXPECT_EQ(Stored(section, "ErrCost"), "0.00");
     EXPECT_EQ(statistics.playErrors, Counter{});
@@ -161,6 +163,7 @@ TEST_F(TableCommandsTest, TheLogIsClearedWithItsCounts) {
 TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
     engine.settings.coin = 0.25;
     engine.settings.bet = 3;
+    Settle();
     SaveGame(table, true);
     engine.statistics.handsPlayed.Add(7);
     engine.replayIndex = 4;

@@ -7,7 +7,7 @@
 #include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
 #include "game/Dealing.h"
-#include "game/MachineCommands.h"
+#include "game/Money.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
 

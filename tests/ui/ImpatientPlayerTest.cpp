@@ -119,7 +119,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
 
     // What the player is shown, step by step. A message is taken, so that each is seen once.
     void Look() {
-        std::string& shown = p().document->scene.message;
+        std::string& shown = p().document->table.scene.message;
         const std::string message = std::exchange(shown, "");
         if (message.starts_with("PAID ")) counting = true;
         if (message.starts_with("Paid ")) owned -= Credits(message.substr(5));

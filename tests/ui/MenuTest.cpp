@@ -3,6 +3,7 @@
 #include <QMenuBar>
 
 #include "core/paytable/GameCatalogue.h"
+#include "game/ShowTable.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/TestProgram.h"
 
@@ -250,7 +251,7 @@ TEST_F(MenuTest, AResetIsToldUntilSomethingElseIsButInAHandForAMomentOnly) {
     TestProgram& p = Start();
     const auto reset = [&] {
         p.Key(Qt::Key_0);
-        p.document->display.Repaint();
+        ShowAtRest(p.document->table);
         EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
     };
     reset();

@@ -8,8 +8,8 @@
 #include <cstdlib>
 
 #include "core/store/Settings.h"
-#include "game/MachineCommands.h"
-#include "game/WinDisplay.h"
+#include "game/Money.h"
+#include "game/ShowTable.h"
 #include "tests/ui/AnyInput.h"
 
 namespace {
@@ -81,7 +81,7 @@ class MonkeyTest : public ProgramTest, protected AnyInput {
         if (OneIn(3)) document.Run(kFixedHand);
         if (program->engine.settings.gameId == 300) program->Stack("JD JH TD TH 2H", 5);
         EnterDollars(program->engine, 100);
-        ShowCredits(document.table);
+        ShowAtRest(document.table);
     }
 };
 

@@ -7,20 +7,25 @@
 #include <QPainter>
 #include <climits>
 #include <functional>
+#include <memory>
 
 #include "game/BonusFeatures.h"
 #include "game/DoubleUp.h"
 #include "game/HandFlow.h"
-#include "tests/ui/SceneTable.h"
+#include "game/ShowTable.h"
+#include "tests/game/FakePorts.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/ActionQueue.h"
 #include "ui/table/CMorvikView.h"
+#include "ui/table/ChangedRegion.h"
 #include "ui/table/Layout.h"
+#include "ui/table/SceneDescription.h"
+#include "ui/table/TablePainter.h"
 
 constexpr QSize kClient{640, 480};
 constexpr QRgb kUntouched = 0xffff00ff;
 
-TableLayout LayoutOf(const SceneTable& t, QSize client = kClient) {
+TableLayout LayoutOf(const TestTable& t, QSize client = kClient) {
     return *LayOut(client, ShapeOf(t.engine.payTable), QtTextMeasure());
 }
 
@@ -32,7 +37,7 @@ struct Canvas {
         image.fill(kUntouched);
     }
 
-    void Paint(const SceneTable& t, const TableScene& scene, const QRect& clip,
+    void Paint(const TestTable& t, const TableScene& scene, const QRegion& clip,
                QSize client = kClient) {
         QPainter painter(&image);
         PaintTable(painter, clip, scene, LayoutOf(t, client), t.engine.payTable,
@@ -43,7 +48,7 @@ struct Canvas {
     QImage image;
 };
 
-QImage Painted(const SceneTable& t, const TableScene& scene, double ratio = 1,
+QImage Painted(const TestTable& t, const TableScene& scene, double ratio = 1,
                QSize client = kClient) {
     Canvas canvas(ratio, client);
     canvas.Paint(t, scene, QRect(QPoint(0, 0), client), client);
@@ -75,58 +80,69 @@ bool IsBlack(QColor c) { return c.red() < 60 && c.green() < 60 && c.blue() < 60;
 bool IsInk(QColor c) { return c.lightness() < 200; }
 bool IsOlive(QColor c) { return c == QColor(190, 190, 60); }
 
-TableScene WithCards(const SceneTable& t, CardFace first, CardFace second) {
-    TableScene scene = t.scene;
+TableScene WithCards(const TestTable& t, CardFace first, CardFace second) {
+    TableScene scene = t.table.scene;
     scene.places[0].card = FindCard(t.engine.deck.table, first.rank, first.suit);
     scene.places[1].card = FindCard(t.engine.deck.table, second.rank, second.suit);
     return scene;
 }
 
-void PlayToAWin(SceneTable& t) {
+void PlayToAWin(TestTable& t) {
     t.Deal("JS JD TC 9H 2S JC 4C 5C");
     t.Draw(0b11000);
 }
 
-// Every state that looks different by the features it shows, one after the other.
-void ForEachState(const std::function<void(const SceneTable&, const std::string&)>& look) {
-    SceneTable t;
+using Look = std::function<void(TestTable&, const std::string&)>;
+
+// Hands with all that a table can show, and every state between them that looks different.
+void ForEachState(const Look& look) {
+    TestTable t;
     look(t, "start");
     PlayToAWin(t);
     look(t, "won");
     StartDoubleUp(t.table);
     look(t, "double up");
+    t.answers = {"no"};
+    PickDoubleUpCard(t.table, 2);
 
-    SceneTable piles("Pick Em Poker", 350);
+    TestTable piles("Pick Em Poker", 350);
+    look(piles, "start of piles");
     piles.engine.settings.mode = PlayMode::kAutoHold;
     piles.Deal("KC KD 9D AH 2S TC JH 3C");
     look(piles, "piles");
+    ChoosePile(piles.table, Pile::kLeft);
 
-    SceneTable bonus("Super Bonus Poker", 356);
+    TestTable bonus("Super Bonus Poker", 356);
+    look(bonus, "start of features");
     PayTable& bonuses = bonus.engine.payTable;
     bonuses.charlieBonus = bonuses.redBlackBonus = true;
     bonuses.spinBonus = bonuses.targetBonus = true;
     bonus.Deal("2H 2D 3H 3D AH");
     bonus.engine.redBlackPending = bonus.engine.spinPending = true;
-    bonus.display.Repaint();
+    ShowAtRest(bonus.table);
     look(bonus, "charlie, Red or Black and Spin");
-    bonus.engine.spinPending = false;
+    GuessColour(bonus.table, CardColour::kRed);
+    Spin(bonus.table);
     bonus.engine.targetPending = true;
     bonus.table.target.values = {5, 100, 25, 10, 500};
     bonus.table.target.shot[4] = true;
-    bonus.display.Repaint();
+    ShowAtRest(bonus.table);
     look(bonus, "Target");
+    for (const int target : {0, 1}) Shoot(bonus.table, target);
 
-    SceneTable sneak("Sneak Peak Poker", 351);
+    TestTable sneak("Sneak Peak Poker", 351);
+    look(sneak, "start of first draw");
     sneak.Deal("AC KD 9D AH 2S TC JH 3C");
     look(sneak, "first draw card");
+    DealDraw(sneak.table);
 }
 
-QImage PaintedInPieces(const SceneTable& t, double ratio, QSize client) {
+QImage PaintedInPieces(const TestTable& t, double ratio, QSize client) {
     Canvas pieces(ratio, client);
     constexpr int kPiece = 97;  // cuts through cards, texts and boxes
     for (int y = 0; y < client.height(); y += kPiece) {
         for (int x = 0; x < client.width(); x += kPiece) {
-            pieces.Paint(t, t.scene, QRect(x, y, kPiece, kPiece), client);
+            pieces.Paint(t, t.table.scene, QRect(x, y, kPiece, kPiece), client);
         }
     }
     return pieces.image;
@@ -137,9 +153,10 @@ TEST(TablePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneIsP
     for (const auto& [client, ratio] :
          {std::pair(kClient, 1.0), std::pair(kClient, 2.0), std::pair(QSize(200, 150), 1.0),
           std::pair(QSize(1024, 700), 1.0), std::pair(QSize(1600, 800), 1.0)}) {
-        ForEachState([&, size = client, scale = ratio](const SceneTable& t,
+        ForEachState([&, size = client, scale = ratio](const TestTable& t,
                                                        const std::string& state) {
-            const QImage image = Painted(t, t.scene, scale, size);
+            if (state.starts_with("start of")) return;
+            const QImage image = Painted(t, t.table.scene, scale, size);
             if (size == kClient || state == "start") {
                 EXPECT_EQ(Difference(image, PaintedInPieces(t, scale, size)), QRect()) << state;
             }
@@ -152,15 +169,39 @@ TEST(TablePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneIsP
     }
 }
 
+// A window that paints only what a step has changed, in the games of ForEachState.
+TEST(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
+    std::vector<std::unique_ptr<Canvas>> windows;
+    int cards = 0;
+    ForEachState([&](TestTable& t, const std::string& state) {
+        if (!state.starts_with("start")) return;
+        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(1));
+        window.Paint(t, t.table.scene, QRect(QPoint(0, 0), kClient));
+        t.ports.looks = [&](const TableScene& before, const TableScene& now) {
+            const TableLayout layout = LayoutOf(t);
+            const QRegion changed = ChangedRegion(before, now, layout);
+            window.Paint(t, now, changed);
+            if (before == now) return;
+            EXPECT_EQ(Difference(window.image, Painted(t, now)), QRect()) << t.ports.log.back();
+            TableScene turned = before;
+            turned.places[2].card = now.places[2].card;
+            if (turned != now) return;
+            ++cards;
+            EXPECT_TRUE(layout.cards[2].adjusted(-1, 0, 3, 5).contains(changed.boundingRect()));
+        };
+    });
+    EXPECT_GE(cards, 5);
+}
+
 TEST(TablePainterTest, TextsOfAnyLengthStayInTheirPlaces) {
-    SceneTable t;
+    TestTable t;
     PlayToAWin(t);
     const TableLayout layout = LayoutOf(t);
-    const QImage usual = Painted(t, t.scene);
+    const QImage usual = Painted(t, t.table.scene);
     const std::string endless(300, 'W');
     const auto expectChangeOnlyIn = [&](const QRect& place,
                                         const std::function<void(TableScene&)>& change) {
-        TableScene scene = t.scene;
+        TableScene scene = t.table.scene;
         change(scene);
         const QRect changed = Difference(usual, Painted(t, scene));
         EXPECT_FALSE(changed.isNull());
@@ -175,11 +216,11 @@ TEST(TablePainterTest, TextsOfAnyLengthStayInTheirPlaces) {
 }
 
 TEST(TablePainterTest, AWonLineIsRedWithItsPayoutInTheColumnOfTheBet) {
-    SceneTable t;
+    TestTable t;
     t.engine.settings.bet = 3;
     PlayToAWin(t);
     const TableLayout layout = LayoutOf(t);
-    const QImage image = Painted(t, t.scene);
+    const QImage image = Painted(t, t.table.scene);
     const auto redShare = [&](const QRect& place) {
         return CountIn(image, place, IsRed) * 100 / (place.width() * place.height());
     };
@@ -187,13 +228,13 @@ TEST(TablePainterTest, AWonLineIsRedWithItsPayoutInTheColumnOfTheBet) {
     EXPECT_GT(redShare(layout.PayoutCell(6, 3)), 40);
     EXPECT_EQ(redShare(layout.PayoutCell(6, 5)), 0);
     EXPECT_EQ(redShare(layout.rows[5]), 0);
-    TableScene flash = t.scene;
+    TableScene flash = t.table.scene;
     flash.lines[6].mark = LineMark::kWonCellDark;
     EXPECT_TRUE(layout.PayoutCell(6, 3).contains(Difference(image, Painted(t, flash))));
 }
 
 TEST(TablePainterTest, ACardIsComposedOfRankPipsAndCourt) {
-    const SceneTable t;
+    const TestTable t;
     const TableLayout layout = LayoutOf(t);
     const QImage image = Painted(t, WithCards(t, {13, kClubs}, {9, kDiamonds}));
     // Small cards: the rank 10 pixels in, 36 high; the court 35 wide, 5 in from the corner.
@@ -211,7 +252,7 @@ TEST(TablePainterTest, ACardIsComposedOfRankPipsAndCourt) {
     EXPECT_GT(in(1, bigPip, IsRed), 300);
 }
 
-int InkOfSmallPip(const SceneTable& t, QSize client) {
+int InkOfSmallPip(const TestTable& t, QSize client) {
     const TableLayout layout = LayoutOf(t, client);
     const QRect underRank(layout.cards[0].topLeft() + QPoint(0, layout.cardFontHeight),
                           QSize(layout.cardSize.width() / 2, layout.smallPip));
@@ -220,8 +261,8 @@ int InkOfSmallPip(const SceneTable& t, QSize client) {
 }
 
 TEST(TablePainterTest, TheWordOnAWildCardLeavesThePipUnderTheRankInSight) {
-    const SceneTable tame;
-    const SceneTable wild("Deuces Wild", 330);
+    const TestTable tame;
+    const TestTable wild("Deuces Wild", 330);
     for (const QSize client : {kClient, QSize(800, 600), QSize(1024, 700)}) {
         const int whole = InkOfSmallPip(tame, client);
         EXPECT_GT(InkOfSmallPip(wild, client), whole * 3 / 4) << client.width();
@@ -230,28 +271,73 @@ TEST(TablePainterTest, TheWordOnAWildCardLeavesThePipUnderTheRankInSight) {
 }
 
 TEST(TablePainterTest, AcesOfTheOrderedGameAndCardsThatNoDeckHoldsHaveTheirPictures) {
-    const SceneTable aces("Aces Bonus Poker", 316);
+    const TestTable aces("Aces Bonus Poker", 316);
     const QImage image = Painted(aces, WithCards(aces, {1, kSpades}, {2, kSpades}));
     EXPECT_GT(CountIn(image, LayoutOf(aces).cards[0], IsOlive), 30);
     EXPECT_EQ(CountIn(image, LayoutOf(aces).cards[1], IsOlive), 0);
-    SceneTable t;
-    TableScene scene = t.scene;
+    TestTable t;
+    TableScene scene = t.table.scene;
     for (const CardCode card : {-7, 52, 56, 1000}) {
         scene.places[2].card = card;
-        EXPECT_EQ(Difference(Painted(t, t.scene), Painted(t, scene)), QRect()) << card;
+        EXPECT_EQ(Difference(Painted(t, t.table.scene), Painted(t, scene)), QRect()) << card;
     }
 }
 
+TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
+    TestTable t;
+    const auto words = [](const TestTable& shown) {
+        return Describe(shown.table.scene, shown.engine.payTable, shown.engine.deck.table);
+    };
+    t.engine.settings.speed = Speed::kFast;
+    EXPECT_EQ(words(t),
+              "PRESS DEAL. Cards: 1 face down; 2 face down; 3 face down; 4 face down; 5 face down. "
+              "Bet $5.00. Credits $100.00.");
+    t.Deal("JS JD TC 9H 2S 3C 4D 6H");
+    ToggleHold(t.table, 0);
+    ToggleHold(t.table, 1);
+    EXPECT_EQ(words(t),
+              "HOLD/DRAW. JACKS OR BETTER pays 5. Cards: 1 Jack of Spades, held; 2 Jack of "
+              "Diamonds, held; 3 10 of Clubs; 4 9 of Hearts; 5 2 of Spades. Bet $5.00. "
+              "Credits $95.00.");
+    DealDraw(t.table);
+    EXPECT_NE(words(t).find("Double up offered."), std::string::npos);
+    DecideDuel(t.engine.deck, 1);
+    StartDoubleUp(t.table);
+    EXPECT_EQ(words(t),
+              "Credits won 5. Double up to 10. Dealer " +
+                  t.engine.deck.table.cards[static_cast<std::size_t>(t.engine.hand[4])].name +
+                  ". Cards: 2 face down; 3 face down; 4 face down; 5 face down.");
+    TestTable wild("Deuces Wild", 330);
+    wild.table.scene.places[0].card = FindCard(wild.engine.deck.table, 2, kHearts);
+    EXPECT_NE(words(wild).find("1 2 of Hearts, wild; 2 face down"), std::string::npos);
+
+    TestTable piles("Pick Em Poker", 350);
+    piles.engine.settings.mode = PlayMode::kAutoHold;
+    piles.Deal("KC KD 9D AH 2S KS JH 3C");
+    EXPECT_NE(words(piles).find("2 King of Diamonds; 3 no card; left pile 9 of Diamonds; right "
+                                "pile King of Spades, PLAY."),
+              std::string::npos);
+    TableScene& features = piles.table.scene;
+    features.redBlack = {.shown = true, .lit = CardColour::kRed};
+    features.featureLabel = "SHOOT";
+    features.targets.fill({TargetFace::kHidden, 0});
+    features.targets[3] = {TargetFace::kShot, 25};
+    EXPECT_NE(words(piles).find("Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not "
+                                "shot; 3 not shot; 4 25; 5 not shot."),
+              std::string::npos)
+        << words(piles);
+}
+
 TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
-    SceneTable t;
+    TestTable t;
     PictureStore pictures;
     ActionQueue actions(t.table);
-    CMorvikView view(t.table, t.scene, t.display, pictures, actions, [](int) {});
+    CMorvikView view(t.table, pictures, actions, [](int) {});
     const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
     ASSERT_NE(reader, nullptr);
     EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");
     EXPECT_TRUE(
         reader->text(QAccessible::Description).startsWith("PRESS DEAL. Cards: 1 face down"));
-    t.display.ShowMessage("HOLD/DRAW");
+    ShowMessage(t.table, "HOLD/DRAW");
     EXPECT_TRUE(reader->text(QAccessible::Description).startsWith("HOLD/DRAW. "));
 }

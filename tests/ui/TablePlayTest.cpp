@@ -81,12 +81,12 @@ TEST_F(TablePlayTest, AHandIsPlayedByRightPressesOnTheClothWithKeysAndClicksForI
 TEST_F(TablePlayTest, AButtonIsDownWhileItIsPressedAndActsWhereItIsLetGo) {
     TestProgram& p = Start();
     p.Press(p.Places().deal);
-    EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kPressed);
+    EXPECT_EQ(p.Scene().buttons.deal, ButtonLook::kPressed);
     p.Release(p.Places().coin);
-    EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kReleased);
+    EXPECT_EQ(p.Scene().buttons.deal, ButtonLook::kReleased);
     EXPECT_TRUE(p.engine.handOver) << "not dealt";
     p.Press(p.Places().betOne);
-    EXPECT_EQ(p.Scene().Button(TableButton::kBetOne), ButtonLook::kPressed);
+    EXPECT_EQ(p.Scene().buttons.betOne, ButtonLook::kPressed);
     p.Release(p.Places().maxBet);
     p.ExpectAtRest("bet");
     p.Deal(kNothing);
@@ -186,10 +186,10 @@ TEST_F(TablePlayTest, AWarningGivesTheHandBackOrLetsItBePlayed) {
 TEST_F(TablePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
     TestProgram& p = Start();
     WinWithTwoPair();
-    EXPECT_EQ(p.Scene().Button(TableButton::kDoubleUp), ButtonLook::kReleased);
+    EXPECT_EQ(p.Scene().buttons.doubleUp, ButtonLook::kReleased);
     p.DecideNextDuel(1);
     p.Press(p.Places().doubleUp);
-    EXPECT_EQ(p.Scene().Button(TableButton::kDoubleUp), ButtonLook::kPressed);
+    EXPECT_EQ(p.Scene().buttons.doubleUp, ButtonLook::kPressed);
     p.Release(p.Places().doubleUp);
     EXPECT_TRUE(p.engine.doubleUpPick);
     p.ExpectAtRest("waits");
@@ -408,7 +408,7 @@ TEST_F(TablePlayTest, OtherwiseOnePressWaitsAndWhatIsRefusedIsNoneLaterEither) {
     p.clock.inPause = [&] {
         p.Key(Qt::Key_B);
         p.Release(p.Places().deal);
-        EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kReleased);
+        EXPECT_EQ(p.Scene().buttons.deal, ButtonLook::kReleased);
     };
     p.Key(Qt::Key_D);
     EXPECT_EQ(p.Meters(), "GAME OVER, bet 2, credits 94") << "pressed before, let go too late";
@@ -467,7 +467,7 @@ TEST_F(TablePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
 TEST_F(TablePlayTest, ADialogThatComesBetweenLiftsTheFingerAndGivesTheKeyboardBack) {
     TestProgram& p = Start();
     p.Press(p.Places().deal);
-    EXPECT_EQ(p.Scene().Button(TableButton::kDeal), ButtonLook::kPressed);
+    EXPECT_EQ(p.Scene().buttons.deal, ButtonLook::kPressed);
     EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis");
     EXPECT_EQ(p.frame->focusWidget(), p.view);
     p.ExpectAtRest("the button was let go over the dialog");

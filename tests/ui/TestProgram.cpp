@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <filesystem>
 
+#include "game/ShowTable.h"
 #include "ui/table/SceneDescription.h"
 
 namespace {
@@ -82,19 +83,15 @@ std::string TestProgram::HandText() const {
 
 void TestProgram::ExpectAtRest(const std::string& when) const {
     EXPECT_FALSE(document->actions.Busy()) << when;
-    const TableScene& scene = document->scene;
-    TableScene rest = SceneOf(document->table, scene.message);
-    // A bet that is changed takes the mark of the hand before off the table.
-    const bool unmarked =
-        std::ranges::all_of(scene.lines, [](const LineLook& line) { return line == LineLook{}; });
-    if (unmarked && engine.handOver && !engine.doubleUpPick) {
-        rest.lines = scene.lines;
-        rest.charlie = scene.charlie;
-    }
+    const TableScene rest = SceneOf(document->table);
     const auto inWords = [this](const TableScene& shown) {
         return "\n" + Describe(shown, engine.payTable, engine.deck.table);
     };
-    EXPECT_TRUE(scene == rest) << when << inWords(scene) << inWords(rest);
+    EXPECT_TRUE(Scene() == rest) << when << inWords(Scene()) << inWords(rest);
+    for (const PlaceLook& place : rest.places) {
+        EXPECT_NE(place.holdButton, ButtonLook::kPressed) << when;
+    }
+    EXPECT_NE(rest.buttons.deal, ButtonLook::kPressed) << when;
 }
 
 ProgramTest::ProgramTest() {

@@ -8,8 +8,8 @@
 #include <QTimerEvent>
 #include <utility>
 
+#include "ui/table/ChangedRegion.h"
 #include "ui/table/SceneDescription.h"
-#include "ui/table/SceneDisplay.h"
 #include "ui/table/TableKeys.h"
 #include "ui/table/TablePainter.h"
 
@@ -43,20 +43,19 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 
 }  // namespace
 
-CMorvikView::CMorvikView(GameTable& shownTable, const TableScene& shownScene, SceneDisplay& display,
-                         PictureStore& store, ActionQueue& queue, std::function<void(int)> command)
+CMorvikView::CMorvikView(GameTable& shownTable, PictureStore& store, ActionQueue& queue,
+                         std::function<void(int)> command)
     : table(shownTable),
-      scene(shownScene),
+      shown(shownTable.scene),
       actions(queue),
       pictures(store),
-      input(shownTable, display, places, std::move(command)) {
+      input(shownTable, places, std::move(command)) {
     setObjectName("table");
     QAccessible::installFactory(MakeInterface);  // before the name, which makes the interface
     setAccessibleName(tr("Video poker table"));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(kMinimumTableSize);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    display.relaidOut = [this] { LayOutTable(); };
 }
 
 QSize CMorvikView::sizeHint() const { return {1024, 700}; }
@@ -64,12 +63,19 @@ QSize CMorvikView::sizeHint() const { return {1024, 700}; }
 void CMorvikView::LayOutTable() {
     const auto laidOut = LayOut(size(), ShapeOf(table.engine.payTable), measure);
     if (laidOut) places = *laidOut;
+    shown = table.scene;
     update();
+}
+
+void CMorvikView::ShowScene() {
+    const QRegion changed = ChangedRegion(shown, table.scene, places);
+    shown = table.scene;
+    if (!changed.isEmpty()) update(changed);
 }
 
 void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    PaintTable(painter, event->rect(), scene, places, table.engine.payTable,
+    PaintTable(painter, event->region(), shown, places, table.engine.payTable,
                table.engine.deck.table, pictures);
     if (QAccessible::isActive()) announcementDue.start(kAnnouncementDelay, this);
 }
@@ -85,7 +91,8 @@ void CMorvikView::timerEvent(QTimerEvent* event) {
 }
 
 QString CMorvikView::Description() const {
-    return QString::fromStdString(Describe(scene, table.engine.payTable, table.engine.deck.table));
+    return QString::fromStdString(
+        Describe(table.scene, table.engine.payTable, table.engine.deck.table));
 }
 
 void CMorvikView::AnnounceChange() {

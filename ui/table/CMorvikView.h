@@ -10,8 +10,6 @@
 #include "ui/table/TableInput.h"
 
 class PictureStore;
-class SceneDisplay;
-struct TableScene;
 
 class CMorvikView : public QWidget {
     Q_OBJECT
@@ -19,8 +17,14 @@ class CMorvikView : public QWidget {
   public:
     // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
     // view.
-    CMorvikView(GameTable& table, const TableScene& scene, SceneDisplay& display,
-                PictureStore& pictures, ActionQueue& actions, std::function<void(int)> command);
+    CMorvikView(GameTable& table, PictureStore& pictures, ActionQueue& actions,
+                std::function<void(int)> command);
+
+    // Sees to it that what has changed since the last time is painted.
+    void ShowScene();
+
+    // Another pay table has other places; all is painted anew.
+    void LayOutTable();
 
     QSize sizeHint() const override;
 
@@ -44,13 +48,12 @@ class CMorvikView : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void LayOutTable();
     void AnnounceChange();
     void LetButtonsGo();
     void BeginKey(int key);
 
     GameTable& table;
-    const TableScene& scene;
+    TableScene shown;  // is painted, or will be when the window next is
     ActionQueue& actions;
     PictureStore& pictures;
     QtTextMeasure measure;

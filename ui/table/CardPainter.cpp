@@ -61,7 +61,7 @@ CardPainter::CardPainter(TableCanvas& onCanvas, const TableLayout& tableLayout,
     : canvas(onCanvas), layout(tableLayout), cards(cardTable), type(gameType) {}
 
 void CardPainter::DrawCard(CardCode card, const QRect& place, bool alternateFace) {
-    if (card == kNoCard) return;
+    if (card == kNoCard || !canvas.Sees(Covered(place, 0))) return;
     if (card < 0 || card >= cards.deckSize) {
         DrawPaper(CardBack(layout.sizeClass), place);
         return;
@@ -78,6 +78,12 @@ void CardPainter::DrawCard(CardCode card, const QRect& place, bool alternateFace
 void CardPainter::DrawPile(int depth, const QRect& place) {
     if (depth >= 1) DrawPaper(CardBack(layout.sizeClass), place.translated(kFirstUnder));
     if (depth >= 2) DrawPaper(CardStack(layout.sizeClass), place.translated(kSecondUnder));
+}
+
+QRect CardPainter::Covered(const QRect& place, int pileDepth) {
+    const auto withShadow = [](const QRect& paper) { return paper.adjusted(-1, 0, 3, 5); };
+    if (pileDepth == 0) return withShadow(place);
+    return withShadow(place) | withShadow(place.translated(kFirstUnder));
 }
 
 void CardPainter::DrawPaper(Picture picture, const QRect& place) {

@@ -19,6 +19,9 @@ class CardPainter {
     // What lies under the top of a pile: 1 a card back, 2 a stack, anything else nothing.
     void DrawPile(int depth, const QRect& place);
 
+    // All that a card in the place and the pile under it cover, with their shadows.
+    static QRect Covered(const QRect& place, int pileDepth);
+
   private:
     void DrawFace(const CardInfo& card, const QRect& place, bool alternateFace);
     void DrawRank(const CardInfo& card, const QRect& place);

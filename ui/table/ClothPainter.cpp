@@ -74,12 +74,15 @@ void PaintCloth(TableCanvas& canvas, const TableLayout& layout) {
     const int room = std::min(width - machineEnd, height);
     if (room >= kLeastRoom) {
         const int radius = std::min(room * 3 / 8, kLargestRadius);
-        PaintEmblem(canvas, {(machineEnd + width) / 2, height / 2}, radius);
+        const QPoint centre((machineEnd + width) / 2, height / 2);
+        const QPoint reach(radius + 2, radius + 2);
+        if (canvas.Sees({centre - reach, centre + reach})) PaintEmblem(canvas, centre, radius);
     }
     const int depth = std::min(width, height) / kShare;
     if (depth == 0) return;
     const QImage upper = ShadeOf(depth, canvas.PixelRatio());
     const auto shade = [&](const QRect& edge, int turn) {
+        if (!canvas.Sees(edge)) return;
         QPixmap tile = QPixmap::fromImage(upper.transformed(QTransform().rotate(turn)));
         tile.setDevicePixelRatio(canvas.PixelRatio());
         canvas.Painter().drawTiledPixmap(edge, tile);

@@ -6,7 +6,7 @@
 
 #include "core/cards/CardTable.h"
 #include "core/paytable/PayTable.h"
-#include "ui/table/TableScene.h"
+#include "game/TableScene.h"
 
 namespace {
 
@@ -106,7 +106,7 @@ void SceneTeller::TellFeatures() {
     }
     Say(scene.featureLabel);
     TellTargets();
-    if (scene.Button(TableButton::kDoubleUp) != ButtonLook::kHidden) Say("Double up offered");
+    if (scene.buttons.doubleUp != ButtonLook::kHidden) Say("Double up offered");
 }
 
 void SceneTeller::TellTargets() {

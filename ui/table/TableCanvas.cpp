@@ -10,13 +10,13 @@ constexpr QColor kShadow{0, 0, 0, 170};
 
 }  // namespace
 
-TableCanvas::TableCanvas(QPainter& onPainter, const QRect& clipRect, PictureStore& store)
+TableCanvas::TableCanvas(QPainter& onPainter, const QRegion& region, PictureStore& store)
     : painter(onPainter),
-      clip(clipRect),
+      clip(region),
       pictures(store),
       pixelRatio(onPainter.device()->devicePixelRatioF()) {
     painter.save();
-    painter.setClipRect(clip, Qt::IntersectClip);
+    painter.setClipRegion(clip, Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::TextAntialiasing);
 }
@@ -24,7 +24,7 @@ TableCanvas::TableCanvas(QPainter& onPainter, const QRect& clipRect, PictureStor
 TableCanvas::~TableCanvas() { painter.restore(); }
 
 void TableCanvas::DrawPicture(Picture picture, const QRect& place) {
-    if (!place.intersects(clip)) return;
+    if (!Sees(place)) return;
     painter.drawPixmap(place.topLeft(), pictures.Get(picture, place.size(), pixelRatio));
 }
 
@@ -35,7 +35,7 @@ void TableCanvas::Tile(Picture picture, int side, const QRect& area) {
 // Filled twice rather than stroked, with an outline of whole pixels of the screen: at any scale all
 // four edges are sharp and equally wide.
 void TableCanvas::DrawBox(const QRect& place, const QColor& outline, const QColor& fill) {
-    if (!place.intersects(clip)) return;
+    if (!Sees(place)) return;
     const qreal edge = std::max(1.0, std::round(pixelRatio)) / pixelRatio;
     painter.fillRect(QRectF(place), outline);
     painter.fillRect(QRectF(place).adjusted(edge, edge, -edge, -edge), fill);
@@ -65,7 +65,7 @@ TableCanvas::Line TableCanvas::Fitting(const TextPlace& place, std::string_view 
 
 void TableCanvas::Write(const TextPlace& place, std::string_view text, const QColor& colour,
                         Qt::Alignment alignment) {
-    if (text.empty() || !place.rect.intersects(clip)) return;
+    if (text.empty() || !Sees(place.rect)) return;
     const Line line = Fitting(place, text);
     painter.setFont(line.font);
     painter.setPen(colour);

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QPainter>
 #include <QRect>
+#include <QRegion>
 #include <QString>
 #include <map>
 #include <string_view>
@@ -23,13 +24,16 @@ inline constexpr QColor kCardPaper{255, 254, 248};
 class TableCanvas {
   public:
     // Both outlive the canvas. Nothing is painted outside clip.
-    TableCanvas(QPainter& painter, const QRect& clip, PictureStore& pictures);
+    TableCanvas(QPainter& painter, const QRegion& clip, PictureStore& pictures);
     ~TableCanvas();
     TableCanvas(const TableCanvas&) = delete;
     TableCanvas& operator=(const TableCanvas&) = delete;
 
     QPainter& Painter() { return painter; }
     qreal PixelRatio() const { return pixelRatio; }
+
+    // Whether anything of the place is to be painted.
+    bool Sees(const QRect& place) const { return clip.intersects(place); }
 
     void DrawPicture(Picture picture, const QRect& place);
 
@@ -67,7 +71,7 @@ class TableCanvas {
     Line Fitting(const TextPlace& place, std::string_view text);
 
     QPainter& painter;
-    QRect clip;
+    QRegion clip;
     PictureStore& pictures;
     qreal pixelRatio;
     std::map<int, QFont> fonts;  // by height; finding the pixel size of one takes a while

@@ -9,11 +9,9 @@
 #include "game/DoubleUp.h"
 #include "game/FixedHand.h"
 #include "game/HandFlow.h"
-#include "game/PickEmFlow.h"
+#include "game/ShowTable.h"
 #include "game/TableCommands.h"
-#include "ui/art/Pictures.h"
 #include "ui/table/Commands.h"
-#include "ui/table/SceneDisplay.h"
 
 namespace {
 
@@ -36,13 +34,9 @@ bool IsDigit(int key, int first, int last) {
 
 }  // namespace
 
-TableInput::TableInput(GameTable& table, SceneDisplay& display, const TableLayout& places,
+TableInput::TableInput(GameTable& table, const TableLayout& places,
                        std::function<void(int)> command)
-    : table(table),
-      engine(table.engine),
-      display(display),
-      places(places),
-      command(std::move(command)) {}
+    : table(table), engine(table.engine), places(places), command(std::move(command)) {}
 
 void TableInput::Press(QPoint point) {
     if (HandIsDealt()) {
@@ -53,14 +47,14 @@ void TableInput::Press(QPoint point) {
     } else if (engine.doubleUpPick && !engine.doubleUpClosed) {
         for (int i = kFirstPick; i < kHandSize; ++i) {
             if (places.holdButtons[static_cast<std::size_t>(i)].contains(point)) {
-                display.ShowHoldButton(i, true);
+                PressButton(table.scene.places[static_cast<std::size_t>(i)].holdButton);
             }
         }
         return;
     } else {
         PressGameOver(point);
     }
-    if (places.deal.contains(point)) display.PressButton(TableButton::kDeal, true);
+    if (places.deal.contains(point)) PressButton(table.scene.buttons.deal);
 }
 
 void TableInput::Release(QPoint point) {
@@ -139,17 +133,19 @@ void TableInput::PressDealt(QPoint point) {
     if (position < 0) return;
     const bool onButton = places.holdButtons[static_cast<std::size_t>(position)].contains(point);
     const bool hasButton = !IsPickEm(engine) || position >= kLeftPilePosition;
-    if (onButton && hasButton) display.ShowHoldButton(position, true);
+    if (onButton && hasButton) {
+        PressButton(table.scene.places[static_cast<std::size_t>(position)].holdButton);
+    }
     if (!IsPickEm(engine)) ToggleHold(table, position);
 }
 
 void TableInput::PressGameOver(QPoint point) {
     if (CanDoubleUp(engine) && places.doubleUp.contains(point)) {
-        display.PressButton(TableButton::kDoubleUp, true);
+        PressButton(table.scene.buttons.doubleUp);
     }
     if (FeaturePending(engine)) return;
-    if (places.betOne.contains(point)) display.PressButton(TableButton::kBetOne, true);
-    if (places.maxBet.contains(point)) display.PressButton(TableButton::kMaxBet, true);
+    if (places.betOne.contains(point)) PressButton(table.scene.buttons.betOne);
+    if (places.maxBet.contains(point)) PressButton(table.scene.buttons.maxBet);
     if (OnCredits(places, point)) ToggleShowDollar(table);
 }
 
@@ -169,8 +165,8 @@ bool TableInput::ReleaseGameOver(QPoint point) {
         return true;
     }
     if (FeaturePending(engine)) return true;
-    if (places.betOne.contains(point) || OnBet(places, point)) BetOneCommand(table);
-    if (places.maxBet.contains(point)) BetMaxCommand(table);
+    if (places.betOne.contains(point) || OnBet(places, point)) BetOne(table);
+    if (places.maxBet.contains(point)) BetMax(table);
     return false;
 }
 
@@ -200,9 +196,9 @@ bool TableInput::RightPressGameOver(QPoint point) {
     if (places.deal.contains(point)) {
         AssignFixedHand(table);
     } else if (OnBet(places, point)) {
-        BetMaxCommand(table);
+        BetMax(table);
     } else if (OnCredits(places, point)) {
-        CashOutCommand(table);
+        CashOut(table);
     } else {
         return false;
     }
@@ -280,10 +276,12 @@ void TableInput::PileKey(int key) {
     Release(InsideOf(places.cards[static_cast<std::size_t>(position)]));
 }
 
+void TableInput::PressButton(ButtonLook& button) {
+    ::PressButton(button);
+    Show(table);
+}
+
 void TableInput::ReleaseButtons() {
-    for (const TableButton button :
-         {TableButton::kDeal, TableButton::kBetOne, TableButton::kMaxBet, TableButton::kDoubleUp}) {
-        display.PressButton(button, false);
-    }
-    for (int i = 0; i < kHandSize; ++i) display.ShowHoldButton(i, false);
+    ReleaseAllButtons(table.scene);
+    Show(table);
 }

@@ -8,14 +8,11 @@
 #include "ui/table/ActionQueue.h"
 #include "ui/table/Layout.h"
 
-class SceneDisplay;
-
 class TableInput {
   public:
     // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
     // input.
-    TableInput(GameTable& table, SceneDisplay& display, const TableLayout& places,
-               std::function<void(int)> command);
+    TableInput(GameTable& table, const TableLayout& places, std::function<void(int)> command);
 
     void Press(QPoint point);
     void Release(QPoint point);
@@ -49,10 +46,10 @@ class TableInput {
     void TableKey(int key);
     void CommandKey(int key);
     void PileKey(int key);
+    void PressButton(ButtonLook& button);
 
     GameTable& table;
     GameEngine& engine;
-    SceneDisplay& display;
     const TableLayout& places;
     std::function<void(int)> command;
 };

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "game/TableScene.h"
 #include "ui/table/CardPainter.h"
 #include "ui/table/ClothPainter.h"
 #include "ui/table/PayTablePainter.h"
 #include "ui/table/TableCanvas.h"
-#include "ui/table/TableScene.h"
 
 namespace {
 
@@ -26,7 +26,9 @@ class TablePainter {
         if (scene.doubleUp.shown) {
             PaintDoubleUp();
         } else {
-            PaintPayTable(canvas, scene, layout, payTable);
+            if (canvas.Sees(layout.PayTablePanel())) {
+                PaintPayTable(canvas, scene, layout, payTable);
+            }
             canvas.DrawPicture(CoinPicture(scene.coin), layout.coin);
             PaintFeatures();
             PaintMeters();
@@ -179,10 +181,10 @@ void TablePainter::PaintButton(TableButton button, ButtonLook look, const QRect&
 }
 
 void TablePainter::PaintButtons() {
-    PaintButton(TableButton::kDeal, scene.Button(TableButton::kDeal), layout.deal);
-    PaintButton(TableButton::kBetOne, scene.Button(TableButton::kBetOne), layout.betOne);
-    PaintButton(TableButton::kMaxBet, scene.Button(TableButton::kMaxBet), layout.maxBet);
-    PaintButton(TableButton::kDoubleUp, scene.Button(TableButton::kDoubleUp), layout.doubleUp);
+    PaintButton(TableButton::kDeal, scene.buttons.deal, layout.deal);
+    PaintButton(TableButton::kBetOne, scene.buttons.betOne, layout.betOne);
+    PaintButton(TableButton::kMaxBet, scene.buttons.maxBet, layout.maxBet);
+    PaintButton(TableButton::kDoubleUp, scene.buttons.doubleUp, layout.doubleUp);
 }
 
 void TablePainter::PaintMeters() {
@@ -201,7 +203,7 @@ void TablePainter::PaintMeters() {
 
 }  // namespace
 
-void PaintTable(QPainter& painter, const QRect& clip, const TableScene& scene,
+void PaintTable(QPainter& painter, const QRegion& clip, const TableScene& scene,
                 const TableLayout& layout, const PayTable& payTable, const CardTable& cards,
                 PictureStore& pictures) {
     TableCanvas canvas(painter, clip & QRect(QPoint(0, 0), layout.client), pictures);

@@ -1,6 +1,6 @@
 // Paints the machine's table.
 #pragma once
-#include <QRect>
+#include <QRegion>
 
 class PictureStore;
 class QPainter;
@@ -11,6 +11,6 @@ struct TableScene;
 
 // The whole table, cloth first, as far as it lies in clip (client coordinates). The same arguments
 // always give the same pixels. The layout is one for the pay table, the cards those of its deck.
-void PaintTable(QPainter& painter, const QRect& clip, const TableScene& scene,
+void PaintTable(QPainter& painter, const QRegion& clip, const TableScene& scene,
                 const TableLayout& layout, const PayTable& payTable, const CardTable& cards,
                 PictureStore& pictures);

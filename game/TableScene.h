@@ -1,17 +1,34 @@
 // What the table shows at one moment, as plain data: all but the pay table, which does not change
 // while it is played on. Whatever is painted is painted from a scene, so a step of an animation and
-// a repaint of the whole window cannot come to look different.
+// the table at rest cannot come to look different. Positions are 0..4 from the left, pay lines
+// count from 0.
 #pragma once
 #include <array>
 #include <string>
 
-#include "game/GameTable.h"
-#include "ui/art/Pictures.h"
+#include "core/cards/CardTable.h"
+#include "core/eval/HandEvaluator.h"
+#include "core/paytable/PayTable.h"
 
 enum class ButtonLook { kHidden, kReleased, kPressed };
-inline constexpr int kTableButtons = 5;
+
+// The HOLD buttons belong to their places.
+struct TableButtons {
+    ButtonLook deal = ButtonLook::kReleased;
+    ButtonLook betOne = ButtonLook::kReleased;
+    ButtonLook maxBet = ButtonLook::kReleased;
+    ButtonLook doubleUp = ButtonLook::kHidden;
+
+    bool operator==(const TableButtons&) const = default;
+};
 
 inline constexpr int kCoinColumns = 5;
+
+enum class LineMark {
+    kPlain,
+    kWon,
+    kWonCellDark,  // as kWon, but the cell of the payout is black: the other half of a flash
+};
 
 // A plain line shows what it pays for each bet, and has neither payout nor column here.
 struct LineLook {
@@ -22,12 +39,16 @@ struct LineLook {
     bool operator==(const LineLook&) const = default;
 };
 
-// One of the five places from the left: a card, or a pile of Pick 'Em.
+// The piles of Pick 'Em lie in the places of positions 3 and 4.
+inline constexpr int kLeftPilePosition = 3;
+inline constexpr int kRightPilePosition = 4;
+
+// One of the five places: a card, or a pile of Pick 'Em.
 struct PlaceLook {
     CardCode card = kNoCard;  // kNoCard leaves what lies under it in sight
     bool pileTop = false;     // shows the second face
     int pileDepth = 0;        // of the stack under the card: 0 none, 1 a card back, 2 a stack
-    std::string label;        // across the top of a pile; may be empty
+    std::string label;        // across the top of a pile: "PLAY", "EITHER" or empty
     bool held = false;
     ButtonLook holdButton = ButtonLook::kReleased;
 
@@ -42,6 +63,8 @@ struct DoubleUpLook {
     bool operator==(const DoubleUpLook&) const = default;
 };
 
+enum class SpinButton { kHidden, kReady, kLit };
+
 struct SpinLook {
     SpinButton button = SpinButton::kHidden;
     bool window = false;  // of the value
@@ -50,12 +73,18 @@ struct SpinLook {
     bool operator==(const SpinLook&) const = default;
 };
 
+inline constexpr int kTargets = 5;
+
+enum class TargetFace { kGone, kHidden, kShot, kMissed };  // the last two show the value
+
 struct TargetLook {
     TargetFace face = TargetFace::kGone;
     int value = 0;  // credits; 0 while it is not seen
 
     bool operator==(const TargetLook&) const = default;
 };
+
+enum class CardColour { kNone, kRed, kBlack };
 
 struct RedBlackLook {
     bool shown = false;
@@ -75,10 +104,7 @@ struct TableScene {
     bool charlie = false;
     std::array<PlaceLook, kHandSize> places{};
     CardCode firstDraw = kNoCard;  // with its label; kNoCard shows neither
-    // By TableButton. The HOLD buttons look as their places say, and their entry stays hidden.
-    std::array<ButtonLook, kTableButtons> buttons{ButtonLook::kReleased, ButtonLook::kReleased,
-                                                  ButtonLook::kReleased, ButtonLook::kHidden,
-                                                  ButtonLook::kHidden};
+    TableButtons buttons;
 
     DoubleUpLook doubleUp;
     std::string featureLabel;  // across the fifth card
@@ -86,21 +112,5 @@ struct TableScene {
     std::array<TargetLook, kTargets> targets{};
     RedBlackLook redBlack;
 
-    ButtonLook& Button(TableButton button) { return buttons[static_cast<std::size_t>(button)]; }
-    ButtonLook Button(TableButton button) const {
-        return buttons[static_cast<std::size_t>(button)];
-    }
-
     bool operator==(const TableScene&) const = default;
 };
-
-// What the table shows while nothing moves, all of it found in the state of the machine but the
-// message. While a double up waits for a card, the lines, buttons and features are left out.
-TableScene SceneOf(const GameTable& table, const std::string& message);
-
-// The table as a double up clears it: its amounts and HOLD buttons, and no cards yet.
-TableScene DoubleUpScene(const GameTable& table, const std::string& message, int stake,
-                         int doubleUpTo);
-
-// The column of the current bet, 0..4.
-int BetColumn(const GameEngine& engine);

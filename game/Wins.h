@@ -1,23 +1,7 @@
-// What every flow shows of money and wins: the meters, the lines of the pay table, the count-up.
+// How a win is told and paid out: the line of the pay table, the count-up, the offer of a double
+// up, and what is heard.
 #pragma once
-#include <string>
-
 #include "game/GameTable.h"
-
-// Credits as the meters show them: "1,000", or "$250.00" when the machine shows dollars.
-std::string CreditText(const GameEngine& engine, int credits);
-std::string BetText(const GameEngine& engine);
-
-// What the machine has to say by itself: "HOLD/DRAW", "GAME OVER", "WON 250", "1,000 Bonus
-// Credits".
-std::string MeterText(const GameTable& table);
-
-void ShowMeters(GameTable& table);
-void ShowCredits(GameTable& table);
-void ShowBet(GameTable& table);
-
-// What a won line is marked with, in credits: five times its pay for a five-card charlie.
-int AnnouncedPay(const GameEngine& engine, int line);
 
 // Marks a line as won. It is heard unless the draw has only confirmed the line of the deal: a beep,
 // or from 100 credits on, and for every five-card charlie, five flashes.
@@ -33,6 +17,9 @@ void CountUp(GameTable& table);
 // double up while the option is on. Pick 'Em makes the offer last.
 void ShowWin(GameTable& table);
 void OfferDoubleUp(GameTable& table);
+
+// The offer made after the last hand ends.
+void WithdrawDoubleUp(GameTable& table);
 
 // Nothing when the sounds are switched off.
 void Play(GameTable& table, Wave wave);

@@ -1,0 +1,100 @@
+#include "ui/table/ChangedRegion.h"
+
+#include <algorithm>
+
+#include "game/TableScene.h"
+#include "ui/table/CardPainter.h"
+#include "ui/table/Layout.h"
+
+namespace {
+
+class ChangeFinder {
+  public:
+    ChangeFinder(const TableScene& earlier, const TableScene& later, const TableLayout& tableLayout)
+        : before(earlier), now(later), layout(tableLayout) {}
+
+    QRegion Find() {
+        // A double up takes all else off the table.
+        if (before.doubleUp.shown != now.doubleUp.shown) return QRect(QPoint(0, 0), layout.client);
+        FindMeters();
+        for (std::size_t i = 0; i < now.lines.size(); ++i) FindLine(i);
+        for (std::size_t i = 0; i < now.places.size(); ++i) FindPlace(i);
+        FindButtons();
+        FindFeatures();
+        return region;
+    }
+
+  private:
+    template <class Part>
+    void Compare(Part TableScene::*part, std::initializer_list<QRect> places) {
+        if (before.*part == now.*part) return;
+        for (const QRect& place : places) region += place;
+    }
+
+    void FindMeters() {
+        Compare(&TableScene::message, {layout.message.rect});
+        Compare(&TableScene::credits, {layout.creditValue.rect});
+        Compare(&TableScene::bet, {layout.betValue.rect});
+        Compare(&TableScene::coin, {layout.coin});
+        Compare(&TableScene::doubleUp, {layout.creditsWonValue.rect, layout.doubleUpToValue.rect});
+    }
+
+    void FindLine(std::size_t line) {
+        if (before.lines[line] == now.lines[line] || line >= layout.rows.size()) return;
+        region += layout.rows[line];
+        for (const LineLook& look : {before.lines[line], now.lines[line]}) {
+            region += layout.PayoutCell(static_cast<int>(line), look.column + 1);
+        }
+    }
+
+    void FindPlace(std::size_t position) {
+        const PlaceLook& old = before.places[position];
+        const PlaceLook& look = now.places[position];
+        const bool sameCard = old.card == look.card && old.pileTop == look.pileTop &&
+                              old.pileDepth == look.pileDepth && old.label == look.label;
+        if (!sameCard) {
+            const int depth = std::max(old.pileDepth, look.pileDepth);
+            region += CardPainter::Covered(layout.cards[position], depth);
+        }
+        if (old.held != look.held) region += layout.heldMarks[position].rect;
+        if (old.holdButton != look.holdButton) region += layout.holdButtons[position];
+    }
+
+    void FindButtons() {
+        const TableButtons& old = before.buttons;
+        const TableButtons& looks = now.buttons;
+        if (old.deal != looks.deal) region += layout.deal;
+        if (old.betOne != looks.betOne) region += layout.betOne;
+        if (old.maxBet != looks.maxBet) region += layout.maxBet;
+        if (old.doubleUp != looks.doubleUp) region += layout.doubleUp;
+    }
+
+    void FindFeatures() {
+        Compare(&TableScene::charlie, {layout.charlie});
+        Compare(&TableScene::firstDraw,
+                {CardPainter::Covered(layout.sneakPeakCard, 0), layout.sneakPeakLabel.rect});
+        Compare(&TableScene::featureLabel,
+                {WithEdge(layout.spinLabel.rect), WithEdge(layout.shootLabel.rect)});
+        Compare(&TableScene::spin, {layout.spinButton, layout.spinValue});
+        Compare(&TableScene::redBlack,
+                {layout.redPanel, layout.blackPanel, layout.choiceMark, layout.redBlackLabel.rect,
+                 WithEdge(layout.questionMark.rect)});
+        for (std::size_t i = 0; i < now.targets.size(); ++i) {
+            if (before.targets[i] != now.targets[i]) region += layout.targets[i];
+        }
+    }
+
+    // Letters that are written across something have an edge of one pixel around them.
+    static QRect WithEdge(const QRect& text) { return text.adjusted(-1, -1, 1, 1); }
+
+    const TableScene& before;
+    const TableScene& now;
+    const TableLayout& layout;
+    QRegion region;
+};
+
+}  // namespace
+
+QRegion ChangedRegion(const TableScene& before, const TableScene& now, const TableLayout& layout) {
+    return ChangeFinder(before, now, layout).Find();
+}
