@@ -98,25 +98,20 @@ class LineWriter {
     }
 
     void Card(CardFace face) {
-        if (face.rank < 0) {
-            Char('_');
-            return Char('_');
-        }
-        Char(RankChar(face.rank));
-        if (face.rank == 0) return;
-        Char(SuitChar(face.suit));
+        Char(face.IsEmpty() ? '_' : RankChar(face.rank));
+        if (!face.IsJoker()) Char(face.IsEmpty() ? '_' : SuitChar(face.suit));
     }
 
-    void Cards(const HandFaces& cards) {
+    void Cards(const Hand& cards) {
         for (std::size_t i = 0; i < kHandSize; ++i) {
             if (i > 0) Char(' ');
             Card(cards[i]);
         }
     }
 
-    void Hold(const HandFaces& cards, HoldMask mask) {
+    void Hold(const Hand& cards, HoldMask mask) {
         for (std::size_t i = 0; i < kHandSize; ++i) {
-            const bool held = (mask & (16 >> i)) != 0 && cards[i].rank >= 0;
+            const bool held = Holds(mask, i) && !cards[i].IsEmpty();
             Char(held ? RankChar(cards[i].rank) : '_');
         }
     }

@@ -181,7 +181,7 @@ BestHoldFinder::AceHold BestHoldFinder::CountAceHold(std::size_t held, const Lin
 // Without an ace in the hand the four may come from either of the two first positions on.
 void BestHoldFinder::CountAceHolds() {
     const std::size_t allAces = (std::size_t{1} << aces) - 1;
-    HandFaces faces;
+    Hand faces;
     for (std::size_t i = 0; i < kHandSize; ++i) faces[i] = tables.ToFace(sorted[i]);
     acesHeld = CountAceHold(allAces, UnseenBesideAces(tables, faces), aces == 0 ? 2 : 1);
     for (std::size_t place = aces; place < kHandSize; ++place) {
@@ -212,7 +212,7 @@ void BestHoldFinder::OfferAceHolds(const Placement& placement, Choice& choice) c
 HoldMask BestHoldFinder::MaskOf(std::size_t held, const Placement& placement) const {
     HoldMask mask = 0;
     for (std::size_t place = 0; place < kHandSize; ++place) {
-        if ((held >> place & 1) != 0) mask |= 16 >> placement[cardOfPlace[place]];
+        if ((held >> place & 1) != 0) mask |= PositionBit(placement[cardOfPlace[place]]);
     }
     return mask;
 }

@@ -38,8 +38,8 @@ HoldMask TakeMask(std::string_view& text) {
 }
 
 char RankOf(const CardTable& cards, CardCode card) {
-    if (card < 0 || card >= cards.deckSize) return '?';
-    return RankChar(cards.cards[static_cast<std::size_t>(card)].rank);
+    const CardFace face = FaceOf(cards, card);
+    return face.IsEmpty() ? '?' : RankChar(face.rank);
 }
 
 std::string AmountLine(std::string_view label, double amount) {
@@ -124,7 +124,7 @@ std::string HoldText(const ErrorLogEntry& entry, HoldMask mask, const CardTable&
         return text;
     }
     for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (Holds(mask, static_cast<int>(i))) text[i] = RankOf(cards, entry.hand[i]);
+        if (Holds(mask, i)) text[i] = RankOf(cards, entry.hand[i]);
     }
     return text;
 }

@@ -1,13 +1,11 @@
 // The play errors of a game and table: a log of at most 100 entries, the oldest first, in the
 // section that holds the statistics of the table (TableSection), and what is said of an error.
 #pragma once
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "core/cards/CardTable.h"
-#include "core/eval/HandEvaluator.h"
+#include "core/cards/Hand.h"
 
 class ProfileFile;
 
@@ -21,8 +19,8 @@ inline constexpr std::string_view kBetterToDrawAgain =
     "The best play is to draw again. Do you still wish to hold?";
 
 struct ErrorLogEntry {
-    std::array<CardCode, kHandSize> hand{kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
-    std::array<CardCode, kHandSize> draws = hand;  // in the order in which they replace discards
+    HandCards hand = kNoCards;
+    HandCards draws = kNoCards;  // in the order in which they replace discards
     HoldMask best = 0;
     HoldMask player = 0;
     double bestReturn = 0;    // dollars

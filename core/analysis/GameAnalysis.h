@@ -41,7 +41,7 @@ struct GameTotals {
 
 // A starting hand and its best play.
 struct PlayedHand {
-    HandFaces cards;    // in Pick 'Em position 2 is empty
+    Hand cards;         // in Pick 'Em position 2 is empty
     double weight = 0;  // starting hands that it stands for
     BestHold best;
 };

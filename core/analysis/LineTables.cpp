@@ -86,11 +86,8 @@ struct LineTables::Building {
     EvaluatedHand Deal(std::span<const SetCard> cards) const {
         EvaluatedHand dealt;
         for (std::size_t i = 0; i < cards.size(); ++i) {
-            const SetCard card = cards[i];
-            const bool extra = card.kind == kExtraKind;
-            dealt.hand.ranks[i] = extra ? tables.extraFace.rank : card.kind + 1;
-            dealt.hand.suits[i] = extra ? tables.extraFace.suit : card.suit + 1;
-            dealt.hand.wild[i] = tables.wild[card.kind][card.suit];
+            dealt.hand[i] = tables.ToFace(cards[i]);
+            dealt.wild[i] = tables.IsWild(cards[i]);
         }
         return dealt;
     }

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "core/analysis/CardSets.h"
-#include "core/cards/CardTable.h"
+#include "core/cards/Hand.h"
 #include "core/eval/HandEvaluator.h"
 #include "core/paytable/PayTable.h"
 
@@ -27,14 +27,6 @@ using LineCounts = std::array<std::uint32_t, kLanes>;
 inline std::size_t LaneOf(int line) {
     return line < 0 ? kNothingLane : static_cast<std::size_t>(line);
 }
-
-// A card by what is printed on it.
-struct CardFace {
-    int rank = -1;  // 1..13, 0 a joker, -1 no card
-    int suit = 0;   // Suit
-
-    bool operator==(const CardFace&) const = default;
-};
 
 // The renamings of the suits under which the deck and the lines of a pay table stay the same: all
 // 24, unless single jacks are wild or a line depends on colour.
@@ -55,10 +47,7 @@ class LineTables {
     SetCard ToSetCard(CardFace face) const;
     CardFace ToFace(SetCard card) const;
 
-    bool IsWild(CardFace face) const {
-        const SetCard card = ToSetCard(face);
-        return wild[card.kind][card.suit];
-    }
+    bool IsWild(SetCard card) const { return wild[card.kind][card.suit]; }
 
     // The hands that hold a set of Size cards (0..4), by the set's key.
     template <int Size>

@@ -110,9 +110,9 @@ ParsedCards ParseCards(std::string_view text, const CardTable& table, std::size_
 }
 
 std::string CardText(const CardTable& table, CardCode card) {
-    if (card < 0 || card >= table.deckSize) return "__";
-    const auto& info = table.cards[static_cast<std::size_t>(card)];
-    std::string text(1, RankChar(info.rank));
-    if (info.rank != 0) text += SuitChar(info.suit);
+    const CardFace face = FaceOf(table, card);
+    if (face.IsEmpty()) return "__";
+    std::string text(1, RankChar(face.rank));
+    if (!face.IsJoker()) text += SuitChar(face.suit);
     return text;
 }

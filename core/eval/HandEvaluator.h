@@ -4,33 +4,14 @@
 #pragma once
 #include <array>
 
-#include "core/cards/CardTable.h"
+#include "core/cards/Hand.h"
 
 struct PayTable;
-
-inline constexpr int kHandSize = 5;
-
-// Held positions as bits, 16 the leftmost card, 1 the rightmost: 0 discards all, 31 stands pat.
-using HoldMask = int;
-inline constexpr HoldMask kStandPat = 31;
-// How the two piles of Pick 'Em are written as holds: the player's two cards and the top of the
-// left pile, or of the right one.
-inline constexpr HoldMask kLeftPile = 28;
-inline constexpr HoldMask kRightPile = 25;
-// The player's two cards, which are all that stays when the right pile is drawn.
-inline constexpr HoldMask kPlayersTwo = 24;
-
-// True when the mask holds the position 0..4 from the left.
-constexpr bool Holds(HoldMask mask, int position) { return ((mask >> (4 - position)) & 1) != 0; }
 
 // Ascending; wild cards are 0, empty positions -1, an ace 1 or, playing high, 14.
 using SortedRanks = std::array<int, kHandSize>;
 
-struct Hand {
-    std::array<int, kHandSize> ranks{-1, -1, -1, -1, -1};  // 1..13, 0 a joker, -1 an empty position
-    std::array<int, kHandSize> suits{};                    // Suit
-    std::array<bool, kHandSize> wild{};
-};
+using WildFlags = std::array<bool, kHandSize>;  // by position
 
 struct HandFeatures {
     int pairs = 0;          // pairs of equal rank: 0, 1, 2, 3, 4, 6 or 10
@@ -57,12 +38,13 @@ struct HandFeatures {
 // aside.
 struct EvaluatedHand {
     Hand hand;
+    WildFlags wild{};
     HandFeatures features;
     SortedRanks sortedRanks{};
 
     HandFeatures savedFeatures;
     SortedRanks savedSortedRanks{};
-    std::array<bool, kHandSize> savedWild{};
+    WildFlags savedWild{};
 };
 
 struct Classification {
@@ -74,7 +56,10 @@ struct Classification {
     int Pay() const;
 };
 
-SortedRanks SortRanks(const Hand& hand);
+// The hand with its wild cards marked as the table has them, ready to be reduced.
+EvaluatedHand WithWildFlags(const Hand& hand, const PayTable& table);
+
+SortedRanks SortRanks(const Hand& hand, const WildFlags& wild);
 
 // Reduces all five cards, wild cards as wild when the table uses them.
 void ComputeFeatures(EvaluatedHand& evaluated, const PayTable& table);
@@ -102,4 +87,4 @@ Classification EvaluateHand(const Hand& hand, const PayTable& table, int bet);
 
 // The blackjack values of the five ranks add up to 21: ace 1, or one ace 11, face cards 10, joker
 // 0.
-bool IsCharlie(const std::array<int, kHandSize>& ranks);
+bool IsCharlie(const Hand& hand);

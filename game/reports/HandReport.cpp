@@ -170,15 +170,12 @@ std::string HoldPattern(const GameEngine& spare, HoldMask hold) {
     return text;
 }
 
-std::array<PlacedCard, kPlaces> PlacesOf(const GameEngine& engine, const HandCards& hand,
-                                         CardCode firstDraw) {
-    std::array<PlacedCard, kPlaces> places;
-    std::ranges::transform(hand, places.begin(),
-                           [&](CardCode code) { return CardAt(engine, code); });
+Hand PlacesOf(const GameEngine& engine, const HandCards& hand, CardCode firstDraw) {
+    Hand places = FacesOf(engine.deck.table, hand);
     if (!IsPickEm(engine)) return places;
     places[kThirdCardPlace] = places[kPickEmGap];
     places[kPickEmGap] = {};
-    places[kOtherPilePlace] = CardAt(engine, firstDraw);
+    places[kOtherPilePlace] = FaceOf(engine.deck.table, firstDraw);
     return places;
 }
 

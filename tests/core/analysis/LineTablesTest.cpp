@@ -22,9 +22,7 @@ std::int64_t Sum(const LineCounts& counts) {
 
 SortedCards SortedFaces(const LineTables& tables, const Hand& hand) {
     SortedCards cards;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        InsertCard(cards, i, tables.ToSetCard({hand.ranks[i], hand.suits[i]}));
-    }
+    for (std::size_t i = 0; i < kHandSize; ++i) InsertCard(cards, i, tables.ToSetCard(hand[i]));
     return cards;
 }
 
@@ -35,7 +33,7 @@ LineCounts DealtOneByOne(const PayTable& table) {
     LineCounts counts{};
     int unknown = 0;
     ForEachChoice(deck, kHandSize, [&](const std::vector<CardCode>& hand) {
-        const Hand dealt = DealtHand(deck, hand);
+        const Hand dealt = FacesOf(deck, hand);
         const int line = EvaluateHand(dealt, table, 1).line;
         if (tables.LineOfFive(SortedFaces(tables, dealt)) != line) ++unknown;
         ++counts[line < 0 ? kNothingLane : static_cast<std::size_t>(line)];
