@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "game/FixedHand.h"
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "game/BonusFeatures.h"
 #include "game/Dealing.h"
 #include "game/HandFlow.h"

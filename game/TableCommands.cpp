@@ -1,6 +1,6 @@
 #include "game/TableCommands.h"
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "core/store/Session.h"
 #include "game/Dealing.h"
 #include "game/DoubleUp.h"

@@ -5,9 +5,9 @@
 #include <span>
 #include <utility>
 
-#include "core/analysis/ErrorLog.h"
 #include "core/text/Amount.h"
 #include "game/Dealing.h"
+#include "game/reports/PlayErrorText.h"
 
 namespace {
 
@@ -161,10 +161,7 @@ std::vector<HoldMask> HoldsByReturn(const GameEngine& spare) {
 }
 
 std::string HoldPattern(const GameEngine& spare, HoldMask hold) {
-    ErrorLogEntry cards;
-    cards.hand = spare.dealtCopy;
-    cards.draws = spare.drawCards;
-    std::string text = HoldText(cards, hold, spare.deck.table, IsPickEm(spare));
+    std::string text = HoldText(spare, spare.dealtCopy, spare.drawCards[0], hold);
     const int known = ResultOf(spare, hold).knownCardPosition;
     if (known >= 0) text[static_cast<std::size_t>(known)] = 'D';
     return text;

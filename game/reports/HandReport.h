@@ -35,8 +35,8 @@ bool IsAnalyzed(const GameEngine& spare);
 // not be analysed.
 std::vector<HoldMask> HoldsByReturn(const GameEngine& spare);
 
-// The text of HoldText in core/analysis/ErrorLog.h, with a "D" where the known draw card of Sneak
-// Peak Poker comes to lie.
+// The text of HoldText in game/reports/PlayErrorText.h, with a "D" where the known draw card of
+// Sneak Peak Poker comes to lie.
 std::string HoldPattern(const GameEngine& spare, HoldMask hold);
 
 // The five places of the "Starting Hand". In Pick 'Em place 2 is empty, place 3 shows the third
