@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <utility>
 
 #include "core/analysis/Combinations.h"
 #include "core/analysis/LineTableCache.h"
@@ -86,19 +87,41 @@ TEST(CombinationsTest, DrawsAreCountedByTheBinomialCoefficients) {
     }
 }
 
-TEST(LineTableCacheTest, TablesAreKeptWhileTheHandsOfTheLinesStayTheSame) {
+TEST(LineTableCacheTest, EveryFieldOfAPayTableMakesOtherTablesUnlessNoHandIsClassifiedByIt) {
     LineTableCache cache;
     PayTable table = JacksOrBetter();
     const auto first = cache.For(table);
-    table.lines[3].maxPayout = 40;
-    table.lines[3].description = "FULL";
-    table.lines[3].totalWins = 7;
-    EXPECT_EQ(cache.For(table), first);
-    EXPECT_NE(cache.For(DeucesWild()), first);
-    EXPECT_EQ(cache.For(table), first) << "beside another game";
-    table.minPair = 13;
-    EXPECT_NE(cache.For(table), first);
-    EXPECT_EQ(cache.For(JacksOrBetter()), first);
+    const auto matters = [&](auto& field, const auto& other) {
+        const auto before = std::exchange(field, other);
+        const bool changed = cache.For(table) != first;
+        field = before;
+        EXPECT_EQ(cache.For(table), first) << "kept beside the other";
+        return changed;
+    };
+    // All fields are named: a new one does not compile until it is asked about here.
+    auto& [gameId, type, deckSize, jokers, wildRanks, wildCardCount, minPair, maxBet, usesWilds,
+           charlie, redBlack, spin, target, lines] = table;
+    EXPECT_TRUE(matters(type, GameType::kDoubleDraw));
+    EXPECT_TRUE(matters(deckSize, 53));
+    EXPECT_TRUE(matters(jokers, 1));
+    EXPECT_TRUE(matters(wildRanks, std::array{2, -1, -1, -1, -1}));
+    EXPECT_TRUE(matters(minPair, 13));
+    EXPECT_TRUE(matters(usesWilds, true));
+    EXPECT_TRUE(matters(lines, WithLine(table, Natural(kRoyalFlush, 1)).lines));
+    EXPECT_FALSE(matters(gameId, 9001));
+    EXPECT_FALSE(matters(wildCardCount, 4));
+    EXPECT_FALSE(matters(maxBet, 1));
+    for (bool* bonus : {&charlie, &redBlack, &spin, &target}) EXPECT_FALSE(matters(*bonus, true));
+
+    auto& [rank, description, shortDescription, payout, maxPayout, bonusQuads, trailers, wildsOK,
+           sessionWins, totalWins] = lines[3];
+    EXPECT_TRUE(matters(rank, kFlush));
+    EXPECT_TRUE(matters(bonusQuads, std::vector{1}));
+    EXPECT_TRUE(matters(trailers, std::vector{1}));
+    EXPECT_TRUE(matters(wildsOK, true));
+    for (std::string* text : {&description, &shortDescription}) EXPECT_FALSE(matters(*text, "X"));
+    for (int* number : {&payout, &maxPayout, &sessionWins, &totalWins})
+        EXPECT_FALSE(matters(*number, 77));
 }
 
 }  // namespace
