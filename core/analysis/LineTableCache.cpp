@@ -11,7 +11,6 @@ constexpr std::size_t kKept = 2;
 PayTable KeyOf(const PayTable& table) {
     PayTable key = table;
     key.gameId = 0;
-    key.wildCardCount = 0;  // follows from the jokers and the wild ranks
     key.maxBet = 0;
     key.charlieBonus = key.redBlackBonus = key.spinBonus = key.targetBonus = false;
     for (PayLine& line : key.lines) {

@@ -226,7 +226,6 @@ class TableBuilder {
         const auto [entry, isNew] = rowOf.try_emplace(RowKey(suits), rows.size());
         if (isNew) rows.emplace_back();
         SuitPattern& row = rows[entry->second];
-        ++row.multiplicity;
         const PositionSuits least = LeastOf(suits, interchangeable);
         const auto [variant, isNewVariant] =
             variantOf.try_emplace({entry->second, least}, row.variants.size());

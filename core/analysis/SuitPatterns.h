@@ -25,10 +25,7 @@ struct SuitVariant {
 // apart, by single wild jacks or a line of one colour, the row falls into several variants; the
 // rows stay the same.
 struct SuitPattern {
-    int multiplicity = 0;  // the sum of the counts
     std::vector<SuitVariant> variants;
-
-    const PositionSuits& Suits() const { return variants.front().suits; }
 };
 
 // What selects the table of a hand.

@@ -51,7 +51,9 @@ struct CardInfo : CardFace {
 struct CardTable {
     std::array<CardInfo, kCardSlots> cards;  // 0 .. deckSize-1 are dealt; kCardBack is the back
     int deckSize = 0;
-    CardCode spadesStart = 0;  // slots of the four aces, each followed by 2..king of its suit
+    // Slots of the four aces, each followed by 2..king of its suit. They belong to the card table's
+    // data for whoever walks a suit of it; the program itself finds its cards by FindCard.
+    CardCode spadesStart = 0;
     CardCode heartsStart = 0;
     CardCode clubsStart = 0;
     CardCode diamondsStart = 0;

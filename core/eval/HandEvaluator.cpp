@@ -23,10 +23,6 @@ constexpr int kWildTable[7][5] = {
 
 bool IsHigh(int rank, const PayTable& table) { return rank >= table.minPair || rank == 1; }
 
-void CountPairOf(int rank, const PayTable& table, HandFeatures& features) {
-    ++(IsHigh(rank, table) ? features.highPairs : features.lowPairs);
-}
-
 void CountNeighbours(const Hand& hand, const WildFlags& wild, std::size_t i, const PayTable& table,
                      HandFeatures& features) {
     for (std::size_t j = i + 1; j < kHandSize; ++j) {
@@ -34,24 +30,17 @@ void CountNeighbours(const Hand& hand, const WildFlags& wild, std::size_t i, con
         const bool bothNatural = !wild[i] && !wild[j];
         if (hand[i].rank == hand[j].rank) {
             if (bothNatural && !hand[i].IsJoker()) ++features.pairs;
-            CountPairOf(hand[i].rank, table, features);
+            if (IsHigh(hand[i].rank, table)) ++features.highPairs;
         }
-        if (!bothNatural) continue;
-        if (hand[i].suit == hand[j].suit) {
-            ++features.suitPairs;
-        } else {
-            features.flushFlag = false;
-            features.flushSuit = kNoSuit;
-        }
+        if (bothNatural && hand[i].suit == hand[j].suit) ++features.suitPairs;
     }
 }
 
 void CountCard(CardFace card, bool wild, const PayTable& table, HandFeatures& features) {
     const auto [rank, suit] = card;
     if (rank == 1) ++features.aces;
-    if (rank == 11) ++features.jacks;
     if (!wild && (rank > 9 || rank == 1)) ++features.royalCards;
-    ++(IsHigh(rank, table) ? features.highCards : features.lowCards);
+    if (IsHigh(rank, table)) ++features.highCards;
     if (wild) ++features.wilds;
     if (suit == kHearts || suit == kDiamonds) ++features.reds;
     if (suit == kSpades || suit == kClubs) ++features.blacks;
@@ -59,14 +48,11 @@ void CountCard(CardFace card, bool wild, const PayTable& table, HandFeatures& fe
 
 void CountCards(const Hand& hand, const WildFlags& wild, const PayTable& table,
                 HandFeatures& features) {
-    features.flushFlag = true;
     for (std::size_t i = 0; i < kHandSize; ++i) {
         if (hand[i].IsEmpty()) continue;
-        if (features.flushSuit == kNoSuit) features.flushSuit = hand[i].suit;
         CountNeighbours(hand, wild, i, table, features);
         CountCard(hand[i], wild[i], table, features);
     }
-    if (features.flushSuit == kNoSuit || features.heldCount == 0) features.flushFlag = true;
 }
 
 // Moves the ace at position first to the end, where it is 14.
@@ -244,6 +230,7 @@ void ComputePartialFeatures(EvaluatedHand& evaluated, const PayTable& table, Hol
     HandFeatures& features = evaluated.features;
     features = HandFeatures();
     Hand held = evaluated.hand;
+    int heldCards = 0;
     int heldWilds = 0;
     for (std::size_t i = 0; i < kHandSize; ++i) {
         if (!Holds(mask, i)) {
@@ -256,11 +243,11 @@ void ComputePartialFeatures(EvaluatedHand& evaluated, const PayTable& table, Hol
         } else {
             evaluated.wild[i] = false;
         }
-        ++features.heldCount;
+        ++heldCards;
     }
     CountCards(held, evaluated.wild, table, features);
     evaluated.sortedRanks = SortRanks(held, evaluated.wild);
-    if (features.heldCount == 1) {
+    if (heldCards == 1) {
         features.suitPairs = 1;
         features.straightSteps = 1;
     }
@@ -275,7 +262,7 @@ void ComputePickEmDealFeatures(EvaluatedHand& evaluated, const PayTable& table, 
     const Hand& hand = evaluated.hand;
     const auto addPair = [&](int rank) {
         ++features.pairs;
-        CountPairOf(rank, table, features);
+        if (IsHigh(rank, table)) ++features.highPairs;
     };
     const int first = hand[0].rank;
     const int second = hand[1].rank;

@@ -18,18 +18,12 @@ struct HandFeatures {
     int straightSteps = 0;  // sorted neighbours one rank apart; 4 = straight
     int suitPairs = 0;      // pairs of equal suit; 10 = flush
     int highPairs = 0;      // pairs of a rank from the table's minPair up, or of aces
-    int lowPairs = 0;
-    int highCards = 0;  // cards of a rank from the table's minPair up, and aces
-    int lowCards = 0;
-    int royalCards = 0;  // cards from ten to ace, and the wild cards
+    int highCards = 0;      // cards of a rank from the table's minPair up, and aces
+    int royalCards = 0;     // cards from ten to ace, and the wild cards
     int wilds = 0;
     int reds = 0;    // hearts and diamonds
     int blacks = 0;  // spades and clubs
     int aces = 0;
-    int jacks = 0;
-    int heldCount = 0;       // cards looked at in a partial evaluation, 0 in a full one
-    int flushSuit = 0;       // the suit that all natural cards share
-    bool flushFlag = false;  // they share one, or there are none to share it
 
     bool operator==(const HandFeatures&) const = default;
 };

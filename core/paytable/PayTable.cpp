@@ -126,14 +126,11 @@ void SetWildCards(PayTable& table, int jokers, std::span<const int> wildRanks) {
     const bool fifthAce = table.type == GameType::kFiveAces;
     table.jokers = fifthAce ? 0 : std::clamp(jokers, 0, kMaxJokers);
     table.deckSize = fifthAce ? 53 : 52 + table.jokers;
-    table.wildCardCount = table.jokers;
     table.wildRanks.fill(kNoWildRank);
     auto next = table.wildRanks.begin();
     for (const int rank : wildRanks) {
         const bool named = std::find(table.wildRanks.begin(), next, rank) != next;
-        if (named || next == table.wildRanks.end()) continue;
-        *next++ = rank;
-        table.wildCardCount += 4;
+        if (!named && next != table.wildRanks.end()) *next++ = rank;
     }
 }
 

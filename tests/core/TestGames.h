@@ -70,7 +70,6 @@ inline PayTable DeucesWild() {
     table.gameId = 330;
     table.usesWilds = true;
     table.wildRanks = {2, -1, -1, -1, -1};
-    table.wildCardCount = 4;
     table.lines = {Natural(kRoyalFlush, 250), Wild(kFourWilds, 200),   Wild(kWildRoyalFlush, 25),
                    Wild(kFiveOfAKind, 15),    Wild(kStraightFlush, 9), Wild(kFourOfAKind, 5),
                    Wild(kFullHouse, 3),       Wild(kFlush, 2),         Wild(kStraight, 2),
