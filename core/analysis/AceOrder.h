@@ -10,16 +10,16 @@
 // The first 4 ACE$ BONUS line of a table, -1 for none.
 int AceLine(const PayTable& table);
 
-// So many have to lie in order.
+// So many aces have to lie in order.
 inline constexpr int kAcesInOrder = 4;
 
-// The aces of the hand that have a place in the order; a fifth ace has none.
+// How many aces of the hand have a place in the order; a fifth ace has none.
 int AcesWithPlaces(const Hand& hand);
 
-// The held cards hold the four aces in order.
+// Whether the four aces are held and lie in order.
 bool AcesLieInOrder(const Hand& hand, HoldMask held);
 
-// Ordered draws for each distinct draw, by cards drawn.
+// How many ordered draws make each distinct draw, by cards drawn.
 inline constexpr std::array<std::uint32_t, kHandSize + 1> kDrawOrders = {1, 1, 2, 6, 24, 120};
 
 // How the aces of a hand can come to lie in order from one of the two first positions on: only when
@@ -29,7 +29,7 @@ struct AceChance {
     int besidePosition = 0;  // the fifth place
 };
 
-// Nothing when an ace of the hand lies elsewhere. first: 0 or 1.
+// The chance from the position first, 0 or 1; nothing when an ace of the hand lies elsewhere.
 std::optional<AceChance> AceChanceFrom(const Hand& hand, int first);
 
 // What four aces are paid in any order beside a fifth card; lane by lane beside all unseen cards.

@@ -76,7 +76,7 @@ class GameRun {
   private:
     bool IsPickEm() const { return table.type == GameType::kPickEm; }
 
-    // All multisets of ranks, in rising order from the first position on.
+    // Plays all multisets of ranks, in rising order from the first position on.
     void PlayRanks(std::size_t position, int lowest, Ranks ranks) {
         if (IsPickEm() && position == kEmptyPosition) return PlayRanks(position + 1, lowest, ranks);
         if (position == kHandSize) {
@@ -95,7 +95,7 @@ class GameRun {
         }
     }
 
-    // The same four cards six times, each pair of them once the player's.
+    // Visits the same four cards six times, each pair of them once the player's.
     template <typename Cards, typename Visitor>
     static void ForEachPickEmDeal(Cards cards, Visitor visit) {
         visit(cards);
@@ -137,7 +137,7 @@ class GameRun {
         Report();
     }
 
-    // A dealt hand whose order only standing pat on four aces asks for.
+    // Plays a dealt hand whose order only standing pat on four aces asks for.
     void PlayUnordered(const Hand& cards, double weight) {
         if (IsPickEm() || AceLine(table) < 0 || AcesWithPlaces(cards) < kAcesInOrder) {
             return AnalyzeStartingHand(cards, weight);

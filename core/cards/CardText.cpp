@@ -21,7 +21,7 @@ std::vector<std::string_view> Words(std::string_view text) {
     }
 }
 
-// 0 when the character names no suit.
+// The suit that a character names; kNoSuit when it names none.
 int SuitFromChar(char c) {
     const char upper = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     const auto suit = kSuitChars.find(upper);

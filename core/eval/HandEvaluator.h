@@ -8,7 +8,8 @@
 
 struct PayTable;
 
-// Ascending; wild cards are 0, empty positions -1, an ace 1 or, playing high, 14.
+// The ranks of a hand in rising order; wild cards are 0, empty positions -1, an ace 1 or, playing
+// high, 14.
 using SortedRanks = std::array<int, kHandSize>;
 
 using WildFlags = std::array<bool, kHandSize>;  // by position
@@ -64,21 +65,22 @@ void ComputeFeatures(EvaluatedHand& evaluated, const PayTable& table);
 void ComputePartialFeatures(EvaluatedHand& evaluated, const PayTable& table, HoldMask mask,
                             bool useWilds);
 
-// The dealt hand of a Pick 'Em game: pairs among the cards of positions 0..2 and the rank of the
-// other pile's top card. Two pairs lie in different piles and count as one; all other counts are 0.
+// Reduces the dealt hand of a Pick 'Em game: to the pairs among the cards of positions 0..2 and the
+// rank of the other pile's top card. Two pairs lie in different piles and count as one; all other
+// counts are 0.
 void ComputePickEmDealFeatures(EvaluatedHand& evaluated, const PayTable& table, int otherPileRank);
 
 // Put the features, the sorted ranks and the hand's wild flags aside, and back.
 void SaveFeatures(EvaluatedHand& evaluated);
 void RestoreFeatures(EvaluatedHand& evaluated);
 
-// The first matching line. Wants the features computed and saved: lines that wild cards may not
-// make are tested on the natural hand, and the saved features are back in place afterwards.
+// Finds the first matching line. Wants the features computed and saved: lines that wild cards may
+// not make are tested on the natural hand, and the saved features are back in place afterwards.
 Classification ClassifyHand(EvaluatedHand& evaluated, const PayTable& table, int bet);
 
 // Computes, saves and classifies five cards.
 Classification EvaluateHand(const Hand& hand, const PayTable& table, int bet);
 
-// The blackjack values of the five ranks add up to 21: ace 1, or one ace 11, face cards 10, joker
-// 0.
+// Whether the blackjack values of the five ranks add up to 21: ace 1, or one ace 11, face cards 10,
+// joker 0.
 bool IsCharlie(const Hand& hand);

@@ -97,7 +97,7 @@ PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName
     table.targetBonus = reader.Flag("TgtBonus");
     for (int i = 0; i < LineCount(reader); ++i) table.lines.push_back(ReadLine(reader, i));
 
-    // Last, because naming another file makes the engine read that one.
+    // The wins come last, because naming another file makes the engine read that one.
     for (std::size_t i = 0; !gamePath.empty() && i < table.lines.size(); ++i) {
         const std::string key = "Payline" + std::to_string(i) + "Won";
         table.lines[i].totalWins = std::max(0, file.GetInt(section, key, 0, gamePath));

@@ -32,7 +32,7 @@ std::string Hands(double hands) { return FormatDecimals("%19.0lf", hands); }
 
 std::string Money(double value) { return FormatDecimals("%19.4lf", value); }
 
-// Each followed by a semicolon.
+// The numbers of hands, each followed by a semicolon.
 std::string HandsByDraw(std::span<const double, kDraws> hands) {
     std::string text;
     for (const double number : hands) text += Hands(number) + ';';
@@ -82,12 +82,13 @@ class LineWriter {
         next = std::to_chars(next, end, number).ptr;
     }
 
-    // As a stream writes it: six significant digits, an exponent for the very large and small.
+    // Writes a number as a stream does: six significant digits, an exponent for the very large and
+    // small.
     void Double(double value) {
         next = std::to_chars(next, end, value, std::chars_format::general, 6).ptr;
     }
 
-    // A whole number, or up to six decimals.
+    // Writes a whole number, or up to six decimals.
     void Weight(double weight) {
         if (std::trunc(weight) == weight && std::abs(weight) < kWholeNumberLimit) {
             return Number(static_cast<std::int64_t>(weight));

@@ -65,7 +65,7 @@ struct Statistics {
 // of the total (&Counter::session, &Counter::total).
 std::int64_t CreditsReturned(const Statistics& statistics, std::int32_t Counter::*copy);
 
-// The same less the credits played.
+// CreditsReturned less the credits played.
 std::int64_t NetCredits(const Statistics& statistics, std::int32_t Counter::*copy);
 
 struct CounterKey {
