@@ -8,7 +8,7 @@
 #include "cli/ProgressBar.h"
 #include "cli/ResultFiles.h"
 #include "cli/Texts.h"
-#include "core/analysis/AnalysisFiles.h"
+#include "core/store/AnalysisFiles.h"
 
 namespace {
 

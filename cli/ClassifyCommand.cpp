@@ -9,17 +9,6 @@
 
 namespace {
 
-Hand HandOf(const CardTable& deck, const std::vector<CardCode>& cards) {
-    Hand hand;
-    for (std::size_t i = 0; i < cards.size(); ++i) {
-        const CardInfo& card = deck.cards[static_cast<std::size_t>(cards[i])];
-        hand.ranks[i] = card.rank;
-        hand.suits[i] = card.suit;
-        hand.wild[i] = card.wild;
-    }
-    return hand;
-}
-
 std::string DescriptionOf(const Classification& result, const PayTable& table) {
     if (result.line < 0) return "";
     return table.lines[static_cast<std::size_t>(result.line)].description;
@@ -59,7 +48,7 @@ std::optional<Failure> RunClassify(const Options& options, std::string& output) 
     if (auto failure = ChooseTable(options, chosen)) return failure;
     std::vector<CardCode> cards;
     if (auto failure = ReadCards(options.cards, chosen.deck, kHandSize, cards)) return failure;
-    const auto result = EvaluateHand(HandOf(chosen.deck, cards), chosen.payTable, chosen.bet);
+    const auto result = EvaluateHand(FacesOf(chosen.deck, cards), chosen.payTable, chosen.bet);
     const auto texts = CardTexts(chosen.deck, cards);
     output += options.json ? ResultAsJson(chosen, texts, result)
                            : ResultAsText(chosen, texts, result, options.coin);

@@ -1,5 +1,7 @@
 #include "cli/HandCommand.h"
 
+#include <span>
+
 #include "cli/HandReport.h"
 
 namespace {
@@ -9,19 +11,11 @@ std::size_t CardsWanted(const PayTable& table) {
     return table.gameId == kSneakPeakGameId ? 6 : kHandSize;
 }
 
-CardFace FaceOf(const CardTable& deck, CardCode card) {
-    const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];
-    return {info.rank, info.suit};
-}
-
 // The last card is the first one drawn where that is known.
 KnownCards KnownCardsOf(const ChosenTable& chosen, const std::vector<CardCode>& cards) {
-    KnownCards known;
-    const bool knowsDraw = cards.size() != kHandSize;
-    const std::size_t inHand = cards.size() - (knowsDraw ? 1 : 0);
-    for (std::size_t i = 0; i < inHand; ++i) known.hand[i] = FaceOf(chosen.deck, cards[i]);
-    if (knowsDraw) known.firstDraw = FaceOf(chosen.deck, cards.back());
-    return known;
+    if (cards.size() == kHandSize) return {FacesOf(chosen.deck, cards), {}};
+    return {FacesOf(chosen.deck, std::span(cards).first(cards.size() - 1)),
+            FaceOf(chosen.deck, cards.back())};
 }
 
 void AddArguments(CLI::App& parser, Options& options) {

@@ -6,9 +6,9 @@
 #include "cli/DataFolder.h"
 #include "cli/OwnFiles.h"
 #include "cli/Texts.h"
-#include "core/analysis/AnalysisFiles.h"
 #include "core/profile/AtomicFile.h"
 #include "core/profile/OutputFile.h"
+#include "core/store/AnalysisFiles.h"
 
 namespace fs = std::filesystem;
 

@@ -61,22 +61,8 @@ Deal DealFrom(const CardTable& deck, int start, int step) {
     return deal;
 }
 
-const CardInfo& InfoOf(const CardTable& deck, CardCode card) {
-    return deck.cards[static_cast<std::size_t>(card)];
-}
-
-CardFace FaceOf(const CardTable& deck, CardCode card) {
-    return {InfoOf(deck, card).rank, InfoOf(deck, card).suit};
-}
-
 int LineOf(const PayTable& table, const CardTable& deck, const Deal& deal, int bet) {
-    Hand hand;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        hand.ranks[i] = InfoOf(deck, deal[i]).rank;
-        hand.suits[i] = InfoOf(deck, deal[i]).suit;
-        hand.wild[i] = InfoOf(deck, deal[i]).wild;
-    }
-    const Classification result = EvaluateHand(hand, table, bet);
+    const Classification result = EvaluateHand(FacesOf(deck, deal), table, bet);
     Require(result.line >= -1 && result.line < static_cast<int>(table.lines.size()));
     Require(result.linePay == LineUnitPay(table, result.line, bet));
     Require(result.Pay() >= result.linePay);
@@ -117,9 +103,7 @@ void CheckSums(const HoldAnalysis& analysis) {
 
 void CheckAnalysis(const LineTables& tables, const PayTable& table, const CardTable& deck,
                    const Deal& deal) {
-    KnownCards cards;
-    for (std::size_t i = 0; i < kHandSize; ++i) cards.hand[i] = FaceOf(deck, deal[i]);
-    cards.firstDraw = FaceOf(deck, deal.back());
+    const KnownCards cards = {FacesOf(deck, deal), FaceOf(deck, deal.back())};
     HoldAnalysis analysis;
     for (const int bet : {kHugeBet, kFullBet}) {
         AnalyzeHand(tables, table, cards, bet, 0.25, analysis);
@@ -129,7 +113,8 @@ void CheckAnalysis(const LineTables& tables, const PayTable& table, const CardTa
     const int pat = LineOf(table, deck, deal, 1);
     if (pat >= 0) Require(analysis.holds[kStandPat].lineCounts[static_cast<std::size_t>(pat)] == 1);
     for (std::size_t position = 0; position < kHandSize; ++position) {
-        const auto& hold = analysis.holds[static_cast<std::size_t>(kStandPat) - (16U >> position)];
+        const auto& hold =
+            analysis.holds[static_cast<std::size_t>(kStandPat - PositionBit(position))];
         Require(hold.lineCounts == DealLastCard(table, deck, deal, position));
     }
 }

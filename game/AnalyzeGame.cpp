@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/analysis/AnalysisFiles.h"
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/paytable/GameCatalogue.h"
 #include "core/paytable/PayTableStore.h"
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
+#include "core/store/AnalysisFiles.h"
 #include "core/store/Session.h"
 #include "game/DealSteps.h"
 #include "game/SpareEngine.h"

@@ -1,7 +1,8 @@
 #include "game/BestPlay.h"
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "game/Dealing.h"
+#include "game/reports/PlayErrorText.h"
 
 namespace {
 
@@ -30,8 +31,7 @@ bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfter
     const ErrorLogEntry entry{
         engine.dealtCopy, engine.drawCards, engine.analysis.best, held, best, own};
     if (counts) LogError(engine, files, entry);
-    return goesOn(
-        BestPlayErrorText(entry, engine.deck.table, IsPickEm(engine), engine.settings.coin));
+    return goesOn(BestPlayErrorText(engine, entry));
 }
 
 bool CheckDrawAgain(const GameEngine& engine, const GoesOnAfterError& goesOn, bool drawsAgain) {

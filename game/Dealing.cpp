@@ -3,21 +3,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 
 namespace {
 
 bool IsInDeck(const GameEngine& engine, CardCode card) {
     return card >= 0 && card < engine.deck.table.deckSize;
-}
-
-const CardInfo& InfoOf(const GameEngine& engine, CardCode card) {
-    return engine.deck.table.cards[static_cast<std::size_t>(card)];
-}
-
-CardFace FaceOf(const GameEngine& engine, CardCode card) {
-    if (!IsInDeck(engine, card)) return {};
-    return {InfoOf(engine, card).rank, InfoOf(engine, card).suit};
 }
 
 void TakeNextLoggedHand(GameEngine& engine, const GameFiles& files) {
@@ -69,15 +60,7 @@ void DealFromTop(GameEngine& engine) {
 }
 
 EvaluatedHand OnTable(const GameEngine& engine) {
-    EvaluatedHand evaluated;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (!IsInDeck(engine, engine.hand[i])) continue;
-        const CardInfo& card = InfoOf(engine, engine.hand[i]);
-        evaluated.hand.ranks[i] = card.rank;
-        evaluated.hand.suits[i] = card.suit;
-        evaluated.hand.wild[i] = card.wild;
-    }
-    return evaluated;
+    return WithWildFlags(FacesOf(engine.deck.table, engine.hand), engine.payTable);
 }
 
 Classification Classify(GameEngine& engine, EvaluatedHand& evaluated) {
@@ -93,7 +76,7 @@ void ClassifyDeal(GameEngine& engine) {
     EvaluatedHand evaluated = OnTable(engine);
     if (IsPickEm(engine)) {
         ComputePickEmDealFeatures(evaluated, engine.payTable,
-                                  FaceOf(engine, engine.drawCards[0]).rank);
+                                  FaceOf(engine.deck.table, engine.drawCards[0]).rank);
     } else {
         ComputeFeatures(evaluated, engine.payTable);
     }
@@ -157,9 +140,8 @@ int Draw(GameEngine& engine) {
 }  // namespace
 
 void AnalyzeDealtHand(GameEngine& engine) {
-    KnownCards known;
-    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(engine, engine.dealtCopy[i]);
-    known.firstDraw = FaceOf(engine, engine.drawCards[0]);
+    const CardTable& table = engine.deck.table;
+    const KnownCards known = {FacesOf(table, engine.dealtCopy), FaceOf(table, engine.drawCards[0])};
     AnalyzeHand(LineTablesOf(engine), engine.payTable, known, engine.settings.bet,
                 engine.settings.coin, engine.analysis);
 }
@@ -167,13 +149,13 @@ void AnalyzeDealtHand(GameEngine& engine) {
 HoldMask HeldMask(const GameEngine& engine) {
     HoldMask mask = 0;
     for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (engine.held[i]) mask |= 16 >> i;
+        if (engine.held[i]) mask |= PositionBit(i);
     }
     return mask;
 }
 
 void HoldCards(GameEngine& engine, HoldMask mask) {
-    for (int i = 0; i < kHandSize; ++i) engine.held[static_cast<std::size_t>(i)] = Holds(mask, i);
+    for (std::size_t i = 0; i < kHandSize; ++i) engine.held[i] = Holds(mask, i);
 }
 
 int DealOrDraw(GameEngine& engine, const GameFiles& files) {

@@ -1,6 +1,6 @@
 #include "game/FixedHand.h"
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "game/BonusFeatures.h"
 #include "game/DealSteps.h"
 #include "game/Dealing.h"

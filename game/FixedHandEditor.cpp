@@ -18,13 +18,6 @@ CardCode FindJoker(const CardTable& table, std::ptrdiff_t number) {
 
 }  // namespace
 
-PlacedCard CardAt(const GameEngine& engine, CardCode code) {
-    const CardTable& table = engine.deck.table;
-    if (code < 0 || code >= table.deckSize) return {};
-    const CardInfo& card = table.cards[static_cast<std::size_t>(code)];
-    return {card.rank, card.suit};
-}
-
 FixedHandEditor::FixedHandEditor(GameEngine& engine) : engine(engine) { LastDealt(); }
 
 bool FixedHandEditor::HasStars() const { return engine.deck.table.starsSlot != kNoCard; }
@@ -37,12 +30,12 @@ bool FixedHandEditor::HasPlace(int place) const {
     return IsPlace(place) && !(IsPickEm() && place == kPickEmGap);
 }
 
-PlacedCard FixedHandEditor::At(int place) const {
-    return IsPlace(place) ? places[static_cast<std::size_t>(place)] : PlacedCard{};
+CardFace FixedHandEditor::At(int place) const {
+    return IsPlace(place) ? places[static_cast<std::size_t>(place)] : CardFace{};
 }
 
-PlacedCard FixedHandEditor::DrawCard(int position) const {
-    return IsPlace(position) ? draws[static_cast<std::size_t>(position)] : PlacedCard{};
+CardFace FixedHandEditor::DrawCard(int position) const {
+    return IsPlace(position) ? draws[static_cast<std::size_t>(position)] : CardFace{};
 }
 
 bool FixedHandEditor::IsFree(int suit, int rank) const {
@@ -97,8 +90,7 @@ void FixedHandEditor::LastDealt() {
             Put(place, hand[static_cast<std::size_t>(place)]);
         }
     }
-    std::ranges::transform(replacements, draws.begin(),
-                           [this](CardCode code) { return CardAt(engine, code); });
+    draws = FacesOf(engine.deck.table, replacements);
 }
 
 void FixedHandEditor::Apply() const {
@@ -115,18 +107,17 @@ void FixedHandEditor::Apply() const {
 }
 
 CardCode FixedHandEditor::CodeAt(std::size_t place) const {
-    const PlacedCard& card = places[place];
+    const CardFace& card = places[place];
     const CardTable& table = engine.deck.table;
     if (card.IsEmpty()) return kNoCard;
     if (!card.IsJoker()) return FindCard(table, card.rank, card.suit);
     const auto* end = places.begin() + place;
-    return FindJoker(table, std::count_if(places.begin(), end, [](const PlacedCard& before) {
-                         return before.IsJoker();
-                     }));
+    return FindJoker(table, std::count_if(places.begin(), end,
+                                          [](const CardFace& before) { return before.IsJoker(); }));
 }
 
 void FixedHandEditor::Put(int place, CardCode code) {
-    const PlacedCard card = CardAt(engine, code);
+    const CardFace card = FaceOf(engine.deck.table, code);
     if (card.IsEmpty()) return;
     current = place;
     if (card.IsJoker()) {
@@ -136,13 +127,13 @@ void FixedHandEditor::Put(int place, CardCode code) {
     }
 }
 
-void FixedHandEditor::Fill(PlacedCard card) {
+void FixedHandEditor::Fill(CardFace card) {
     places[static_cast<std::size_t>(current)] = card;
     Advance();
 }
 
 void FixedHandEditor::ReturnCurrent() {
-    PlacedCard& card = places[static_cast<std::size_t>(current)];
+    CardFace& card = places[static_cast<std::size_t>(current)];
     if (card.IsJoker()) {
         *std::ranges::find(jokersUsed, true) = false;
     } else if (!card.IsEmpty()) {

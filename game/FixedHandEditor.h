@@ -5,26 +5,13 @@
 #pragma once
 #include <array>
 
-#include "core/cards/CardTable.h"
+#include "core/cards/Hand.h"
 
 struct GameEngine;
 
 inline constexpr int kPlaces = 5;
 inline constexpr int kRanks = 13;
 inline constexpr int kPickEmGap = 2;  // the place without a card
-
-struct PlacedCard {
-    int rank = -1;  // 0 a joker; -1 none
-    int suit = kNoSuit;
-
-    bool IsEmpty() const { return rank < 0; }
-    bool IsJoker() const { return rank == 0; }
-
-    bool operator==(const PlacedCard&) const = default;
-};
-
-// No card for a code that is not in the deck.
-PlacedCard CardAt(const GameEngine& engine, CardCode code);
 
 class FixedHandEditor {
   public:
@@ -36,7 +23,7 @@ class FixedHandEditor {
     int JokerCount() const;
 
     // 0..4; a place outside is empty.
-    PlacedCard At(int place) const;
+    CardFace At(int place) const;
     int CurrentPlace() const { return current; }
 
     // Whether the card is in no place and may be clicked. False for what is not in the deck.
@@ -44,7 +31,7 @@ class FixedHandEditor {
     bool IsJokerFree(int joker) const;  // 0..JokerCount()-1
 
     // The replacement cards, which are only shown.
-    PlacedCard DrawCard(int position) const;
+    CardFace DrawCard(int position) const;
 
     // A card that is free goes to the current place, the card there back to the deck; the next
     // empty place becomes the current one, around the end, and when there is none the current one
@@ -68,14 +55,14 @@ class FixedHandEditor {
   private:
     CardCode CodeAt(std::size_t place) const;
     void Put(int place, CardCode code);
-    void Fill(PlacedCard card);
+    void Fill(CardFace card);
     void ReturnCurrent();
     void Advance();
     bool HasPlace(int place) const;
 
     GameEngine& engine;
-    std::array<PlacedCard, kPlaces> places{};
-    std::array<PlacedCard, kPlaces> draws{};
+    Hand places;
+    Hand draws;
     std::array<std::array<bool, kRanks>, kStars> used{};  // by suit - 1 and rank - 1
     std::array<bool, kMaxJokers> jokersUsed{};
     int current = 0;

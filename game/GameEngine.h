@@ -23,10 +23,6 @@ struct GameFiles {
     std::string gamePath;  // settings and statistics; may name another file from time to time
 };
 
-using HandCards = std::array<CardCode, kHandSize>;
-inline constexpr HandCards kNoCards = {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
-inline constexpr HandCards kCardBacks = {kCardBack, kCardBack, kCardBack, kCardBack, kCardBack};
-
 struct GameEngine {
     MachineSettings settings;
     Statistics statistics;

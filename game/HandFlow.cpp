@@ -1,6 +1,5 @@
 #include "game/HandFlow.h"
 
-#include "core/analysis/ErrorLog.h"
 #include "game/BestPlay.h"
 #include "game/BonusFeatures.h"
 #include "game/DealSteps.h"
@@ -8,6 +7,7 @@
 #include "game/FixedHand.h"
 #include "game/PickEmFlow.h"
 #include "game/Wins.h"
+#include "game/reports/PlayErrorText.h"
 
 namespace {
 

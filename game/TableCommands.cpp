@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "core/store/Session.h"
 #include "core/text/Amount.h"
 #include "game/Dealing.h"

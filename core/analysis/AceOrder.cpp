@@ -23,24 +23,23 @@ int AceLine(const PayTable& table) {
     return line == table.lines.end() ? -1 : static_cast<int>(line - table.lines.begin());
 }
 
-int AcesWithPlaces(const HandFaces& hand) {
+int AcesWithPlaces(const Hand& hand) {
     return static_cast<int>(std::ranges::count_if(hand, HasPlace));
 }
 
-std::optional<AceChance> AceChanceFrom(const HandFaces& hand, int first) {
+std::optional<AceChance> AceChanceFrom(const Hand& hand, int first) {
     AceChance chance;
     chance.besidePosition = first == 0 ? kHandSize - 1 : 0;
-    chance.besideBit = 16 >> chance.besidePosition;
     for (int position = 0; position < kHandSize; ++position) {
         const CardFace face = hand[static_cast<std::size_t>(position)];
         if (!HasPlace(face)) continue;
         if (position != face.suit - kSpades + first) return std::nullopt;
-        chance.aces |= 16 >> position;
+        chance.aces |= PositionBit(position);
     }
     return chance;
 }
 
-bool AcesLieInOrder(const HandFaces& hand, HoldMask held) {
+bool AcesLieInOrder(const Hand& hand, HoldMask held) {
     for (const int first : {0, 1}) {
         const auto chance = AceChanceFrom(hand, first);
         if (chance && std::popcount(static_cast<unsigned>(chance->aces & held)) == kAcesInOrder)
@@ -56,7 +55,7 @@ int LineBesideAces(const LineTables& tables, CardFace fifth) {
     return tables.LineOfFive(cards);
 }
 
-LineCounts UnseenBesideAces(const LineTables& tables, const HandFaces& hand) {
+LineCounts UnseenBesideAces(const LineTables& tables, const Hand& hand) {
     std::uint32_t key = 0;
     for (std::uint8_t suit = 0; suit < kAcesInOrder; ++suit) key += SetKey::Add(suit, {0, suit});
     LineCounts counts;
@@ -75,7 +74,7 @@ void MoveToAceLine(int aceLine, const LineCounts& draws, LineCounts& counts) {
     }
 }
 
-void OrderDraws(const LineTables& tables, const HandFaces& hand, int aceLine, HoldCounts& counts) {
+void OrderDraws(const LineTables& tables, const Hand& hand, int aceLine, HoldCounts& counts) {
     for (std::size_t mask = 0; mask < kHolds; ++mask) {
         const auto drawn = static_cast<std::size_t>(kHandSize - std::popcount(mask));
         for (auto& count : counts[mask]) count *= kDrawOrders[drawn];
@@ -84,7 +83,7 @@ void OrderDraws(const LineTables& tables, const HandFaces& hand, int aceLine, Ho
         const auto chance = AceChanceFrom(hand, first);
         if (!chance || aceLine < 0) continue;
         const CardFace beside = hand[static_cast<std::size_t>(chance->besidePosition)];
-        const HoldMask withBeside = chance->aces | chance->besideBit;
+        const HoldMask withBeside = chance->aces | PositionBit(chance->besidePosition);
         MoveToAceLine(aceLine, UnseenBesideAces(tables, hand),
                       counts[static_cast<std::size_t>(chance->aces)]);
         MoveToAceLine(aceLine, OneDraw(LineBesideAces(tables, beside)),
@@ -92,7 +91,7 @@ void OrderDraws(const LineTables& tables, const HandFaces& hand, int aceLine, Ho
     }
 }
 
-void PayAcesInOrder(const HandFaces& hand, int aceLine, LineCounts& standPat) {
+void PayAcesInOrder(const Hand& hand, int aceLine, LineCounts& standPat) {
     if (aceLine < 0 || !AcesLieInOrder(hand, kStandPat)) return;
     MoveToAceLine(aceLine, LineCounts(standPat), standPat);
 }

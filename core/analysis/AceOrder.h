@@ -10,32 +10,31 @@
 // The first 4 ACE$ BONUS line of a table, -1 for none.
 int AceLine(const PayTable& table);
 
-// So many have to lie in order.
+// So many aces have to lie in order.
 inline constexpr int kAcesInOrder = 4;
 
-// The aces of the hand that have a place in the order; a fifth ace has none.
-int AcesWithPlaces(const HandFaces& hand);
+// How many aces of the hand have a place in the order; a fifth ace has none.
+int AcesWithPlaces(const Hand& hand);
 
-// The held cards hold the four aces in order.
-bool AcesLieInOrder(const HandFaces& hand, HoldMask held);
+// Whether the four aces are held and lie in order.
+bool AcesLieInOrder(const Hand& hand, HoldMask held);
 
-// Ordered draws for each distinct draw, by cards drawn.
+// How many ordered draws make each distinct draw, by cards drawn.
 inline constexpr std::array<std::uint32_t, kHandSize + 1> kDrawOrders = {1, 1, 2, 6, 24, 120};
 
 // How the aces of a hand can come to lie in order from one of the two first positions on: only when
 // they are held and nothing else is in their places. The fifth place may be held or drawn to.
 struct AceChance {
-    HoldMask aces = 0;  // the positions of the aces in the hand
-    int besideBit = 0;  // the bit of the fifth place
-    int besidePosition = 0;
+    HoldMask aces = 0;       // the positions of the aces in the hand
+    int besidePosition = 0;  // the fifth place
 };
 
-// Nothing when an ace of the hand lies elsewhere. first: 0 or 1.
-std::optional<AceChance> AceChanceFrom(const HandFaces& hand, int first);
+// The chance from the position first, 0 or 1; nothing when an ace of the hand lies elsewhere.
+std::optional<AceChance> AceChanceFrom(const Hand& hand, int first);
 
 // What four aces are paid in any order beside a fifth card; lane by lane beside all unseen cards.
 int LineBesideAces(const LineTables& tables, CardFace fifth);
-LineCounts UnseenBesideAces(const LineTables& tables, const HandFaces& hand);
+LineCounts UnseenBesideAces(const LineTables& tables, const Hand& hand);
 
 // Moves the draws, all of which end in four aces in order, to the line, except those that a better
 // line takes: from the given lanes, as many as draws holds.
@@ -43,8 +42,8 @@ void MoveToAceLine(int aceLine, const LineCounts& draws, LineCounts& counts);
 
 // Turns the distinct draws of CountDraws into ordered ones, and gives those that lay four aces in
 // order to the line, -1 for none.
-void OrderDraws(const LineTables& tables, const HandFaces& hand, int aceLine, HoldCounts& counts);
+void OrderDraws(const LineTables& tables, const Hand& hand, int aceLine, HoldCounts& counts);
 
 // Gives standing pat to the line when the aces of the hand lie in order and no better line takes
 // it.
-void PayAcesInOrder(const HandFaces& hand, int aceLine, LineCounts& standPat);
+void PayAcesInOrder(const Hand& hand, int aceLine, LineCounts& standPat);

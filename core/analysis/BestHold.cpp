@@ -62,7 +62,8 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
         pays[i] = LineUnitPay(table, static_cast<int>(i), bet);
     }
     LineCounts counts;
-    for (std::size_t subset = 0; subset < kAllHeld; subset = subset * 2 + 1) {  // one of each size
+    // One subset of each size serves to go through the sizes 0 to 4.
+    for (std::size_t subset = 0; subset < kAllHeld; subset = subset * 2 + 1) {
         const int size = kSizeOf[subset];
         const std::uint32_t classes = size == 0 ? 1 : tables.Classes(size).Count();
         auto& worths = worth[static_cast<std::size_t>(size)];
@@ -86,9 +87,12 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
     }
 }
 
-// Distinct draws.
+// The distinct draws of a hold.
 std::int64_t BestHoldFinder::TotalFor(std::size_t held) const { return totalByDrawn[Drawn(held)]; }
 
+// Sorts the cards and looks up, for every subset, where the classes of its kinds stand: the suits,
+// which come with each hand, then choose among these. Equal kinds come with rising suits, so
+// sorting by kind alone sorts the cards.
 void BestHoldFinder::SetKinds(const std::array<SetCard, kHandSize>& cards) {
     bool same = knowsKinds;
     for (std::size_t i = 0; i < kHandSize; ++i) {
@@ -111,6 +115,9 @@ void BestHoldFinder::SetKinds(const std::array<SetCard, kHandSize>& cards) {
     aces = static_cast<std::size_t>(std::ranges::count(kinds, kAceKind));
 }
 
+// The subset's suits are those of the subset without its last card, and that card's behind them;
+// they give its class, and the class its worth. The subset without its last card has a smaller
+// number, so going through the numbers in order finds it done.
 template <std::size_t Subset>
 [[gnu::always_inline]] inline void BestHoldFinder::LookUpSubset() {
     constexpr std::size_t last = std::bit_width(Subset) - 1;
@@ -121,7 +128,8 @@ template <std::size_t Subset>
     coins[Subset] = worth[place + 1][classOf[Subset]];
 }
 
-// Every subset's worth by its class.
+// Looks up what every subset is worth; written out one by one, so that the sizes and places are
+// known to the compiler. All five cards are worth what their line pays.
 template <std::size_t... Others>
 void BestHoldFinder::LookUp(std::index_sequence<Others...>) {
     coins[0] = worth[0][0];
@@ -130,8 +138,12 @@ void BestHoldFinder::LookUp(std::index_sequence<Others...>) {
     coins[kAllHeld] = pays[LaneOf(line)];
 }
 
-// Inclusion and exclusion leaves what the draws of a hold are worth. Steps of one, two and four are
-// written as shuffles of eight numbers, because compilers do not find them.
+// Inclusion and exclusion: from what the hands that hold a hold's cards are worth, it takes those
+// that hold one of the discards besides, which leaves the worth of the hold's draws. For each of
+// the five cards in turn, every subset without it loses the number of the same subset with it. For
+// the first three cards these two lie one, two and four numbers apart, inside a vector of eight,
+// and are brought together by shuffles, because compilers do not find them; for the last two cards
+// they lie in different vectors.
 TOLVANE_WIDE_VECTORS
 void BestHoldFinder::ComputeReturns() {
     using Eight = std::int64_t __attribute__((vector_size(64)));
@@ -161,8 +173,9 @@ void BestHoldFinder::Look(const std::array<SetCard, kHandSize>& cards) {
     if (ordered && aceLine >= 0) CountAceHolds();
 }
 
-// The draws of a hold with those that lie in order, so many times as many, given to the line of
-// aces.
+// Counts the ordered draws of a hold, gives those that lie in order to the line of aces, and works
+// out the return. inOrder: the draws that lie in order from one of the two first positions on, by
+// the lane they are in; times: from how many of these positions on they may.
 BestHoldFinder::AceHold BestHoldFinder::CountAceHold(std::size_t held, const LineCounts& inOrder,
                                                      std::uint32_t times) const {
     AceHold hold;
@@ -181,7 +194,7 @@ BestHoldFinder::AceHold BestHoldFinder::CountAceHold(std::size_t held, const Lin
 // Without an ace in the hand the four may come from either of the two first positions on.
 void BestHoldFinder::CountAceHolds() {
     const std::size_t allAces = (std::size_t{1} << aces) - 1;
-    HandFaces faces;
+    Hand faces;
     for (std::size_t i = 0; i < kHandSize; ++i) faces[i] = tables.ToFace(sorted[i]);
     acesHeld = CountAceHold(allAces, UnseenBesideAces(tables, faces), aces == 0 ? 2 : 1);
     for (std::size_t place = aces; place < kHandSize; ++place) {
@@ -191,6 +204,9 @@ void BestHoldFinder::CountAceHolds() {
     }
 }
 
+// A hold can end in four aces in order only when the aces of the hand lie where the order wants
+// them, from the first or the second position on. The fifth place, behind or before the four, may
+// be held as well. Without aces both positions may do, and the hold of nothing is offered once.
 void BestHoldFinder::OfferAceHolds(const Placement& placement, Choice& choice) const {
     bool offered = false;
     for (const std::size_t first : {std::size_t{0}, std::size_t{1}}) {
@@ -212,12 +228,15 @@ void BestHoldFinder::OfferAceHolds(const Placement& placement, Choice& choice) c
 HoldMask BestHoldFinder::MaskOf(std::size_t held, const Placement& placement) const {
     HoldMask mask = 0;
     for (std::size_t place = 0; place < kHandSize; ++place) {
-        if ((held >> place & 1) != 0) mask |= 16 >> placement[cardOfPlace[place]];
+        if ((held >> place & 1) != 0) mask |= PositionBit(placement[cardOfPlace[place]]);
     }
     return mask;
 }
 
-// The draws of one hold, by inclusion and exclusion over its discards.
+// The draws of one hold by lane, by inclusion and exclusion over its discards: the hands that hold
+// the held cards and the discards in out are added when out has an even number of cards, otherwise
+// taken away (as a product with -1 modulo 2^32). out runs down through all subsets of the discards
+// and ends with the empty one.
 TOLVANE_WIDE_VECTORS
 void BestHoldFinder::CountLines(std::size_t held, LineCounts& counts) const {
     counts.fill(0);
@@ -239,6 +258,7 @@ void BestHoldFinder::CountLines(std::size_t held, LineCounts& counts) const {
     }
 }
 
+// The draws of a hold by lane, those with four aces in order and the ordered ones included.
 void BestHoldFinder::CountHold(std::size_t held, const Choice& choice, LineCounts& counts) const {
     if (const AceHold* hold = choice.Find(held)) {
         counts = hold->counts;
@@ -257,7 +277,8 @@ double BestHoldFinder::WinRate(std::size_t held, const Choice& choice) const {
     return static_cast<double>(total - counts[kNothingLane]) / static_cast<double>(total);
 }
 
-// Standing pat wins a tie, otherwise the larger share of winning draws, then the lower mask.
+// The subset of the greatest return. Standing pat wins a tie, otherwise the larger share of winning
+// draws, then the lower mask. Ties are rare, and the shares are counted only for them.
 std::size_t BestHoldFinder::Choose(const Choice& choice, const Placement& placement) const {
     const Returns& offered = choice.returns;
     double greatest = offered[0];

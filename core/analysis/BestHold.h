@@ -1,5 +1,18 @@
-// The best hold of many hands of the same ranks, for the analysis of whole games: only the worth of
-// the 32 holds is computed, and the draws of the best one are counted line by line.
+// This file only buys time: without it a whole game is analysed just the same, by AnalyzeHand. It
+// must always agree with AnalyzeHand, in the hold, the draws and the return to its last bit. It
+// makes a whole game 2.6 to 2.9 times as fast, where the order of the aces pays 5 times
+// (tolvane-bench, WholeGame: 41 ms instead of 119 ms for 52 cards).
+//
+// AnalyzeHand counts all draws of all 32 holds line by line. Choosing a hold needs less:
+// 1. For every set of at most four cards the hands that hold it are worth a number of coins, the
+//    sum over their lines. The constructor computes it once for each class of sets.
+// 2. Look adds these numbers up for all 32 holds of a hand by the inclusion and exclusion that
+//    AnalyzeHand does for each line: one number a hold instead of sixteen. Hands of the same kinds
+//    come one after the other, so what depends on the kinds alone is kept from hand to hand.
+// 3. Best compares the 32 returns, and settles ties by what AnalyzeHand settles them by. Only the
+//    draws of the hold that it chooses, and of those that tie, are counted line by line.
+// 4. Where four aces in order pay, at most three holds of a hand can end in them. Look counts the
+//    draws of each such hold ready, and Best offers those that the placement of the cards allows.
 #pragma once
 #include <array>
 #include <cstdint>
@@ -7,6 +20,7 @@
 
 #include "core/analysis/LineTables.h"
 
+// The fields are those that HoldResult and HoldAnalysis have of the best hold.
 struct BestHold {
     HoldMask mask = 0;
     int cardsDrawn = 0;
@@ -15,35 +29,38 @@ struct BestHold {
     LineCounts counts{};          // draws by lane
 };
 
-// Where each card of a hand lies, 0..4.
+// The position 0..4 of each card of a hand.
 using Placement = std::array<std::size_t, kHandSize>;
 inline constexpr Placement kAsGiven = {0, 1, 2, 3, 4};
 
-// Chooses by the same rule as AnalyzeHand, to the last bit. Not for games of piles, of a known draw
-// card or of a second draw.
+// Finds the best holds of one hand after the other.
 class BestHoldFinder {
   public:
+    // False for games of piles, of a known draw card or of a second draw, and for those where only
+    // standing pat is paid for four aces in order: AnalyzeHand serves them.
     static bool Serves(const PayTable& table);
 
-    // The tables, which are those of the pay table, must outlive the finder.
+    // The tables, which are those of the pay table, must outlive the finder. The bet is in coins,
+    // the coin in dollars.
     BestHoldFinder(const LineTables& tables, const PayTable& table, int bet, double coin);
 
     // The cards of the next hand, which come in any order but with rising suits among equal kinds.
     void Look(const std::array<SetCard, kHandSize>& cards);
 
-    // The best hold of these cards when they lie so. The order matters only to the mask, unless
-    // four aces in order pay.
+    // The best hold of the cards last looked at when they lie so. The placement matters only to the
+    // mask, unless four aces in order pay.
     void Best(const Placement& placement, BestHold& best) const;
 
   private:
-    // Subsets of the hand are numbered by the places of their cards in sorted order.
+    // A subset of the hand has a bit for each place of its cards in sorted order, 1 for the first.
+    // A hold is such a subset too until its mask is asked for.
     static constexpr std::size_t kSubsets = 32;
     using Returns = std::array<double, kSubsets>;
 
     // What a hold is worth when it can end in four aces in order.
     struct AceHold {
-        std::size_t held = 0;
-        LineCounts counts{};  // ordered draws
+        std::size_t held = 0;  // the subset
+        LineCounts counts{};   // ordered draws
         double expectedReturn = 0;
     };
     struct Choice;
@@ -66,28 +83,30 @@ class BestHoldFinder {
 
     const LineTables& tables;
     double coin;
-    bool ordered;
-    int aceLine;  // -1 where four aces in order do not pay
-    std::array<std::int64_t, kLanes> pays{};
-    std::array<std::int64_t, kHandSize + 1> totalByDrawn{};
-    std::array<double, kSubsets> totals{};  // by subset
-    std::array<std::vector<std::int64_t>, kHandSize>
-        worth;  // coins of a set's hands, by size and class
+    bool ordered;                             // draws are counted with their order
+    int aceLine;                              // -1 where four aces in order do not pay
+    std::array<std::int64_t, kLanes> pays{};  // coins, by lane
+    std::array<std::int64_t, kHandSize + 1> totalByDrawn{};  // distinct draws, by cards drawn
+    std::array<double, kSubsets> totals{};                   // the same by subset
+    // The coins that all hands of a set are worth together, by size and class of the set.
+    std::array<std::vector<std::int64_t>, kHandSize> worth;
 
-    // Of the kinds of the hand.
-    std::array<std::uint8_t, kHandSize> kinds{};
+    // These depend on the kinds of the hand alone, and are kept while they stay the same.
+    std::array<std::uint8_t, kHandSize> kinds{};  // by card, as given to Look
     bool knowsKinds = false;
-    std::array<std::size_t, kHandSize> cardOfPlace{};  // in sorted order
-    std::array<SetClasses::OfKinds, kSubsets> ofKinds{};
+    std::array<std::size_t, kHandSize> cardOfPlace{};     // by place in sorted order
+    std::array<SetClasses::OfKinds, kSubsets> ofKinds{};  // by subset
 
-    // Of the hand.
+    // These belong to the hand last looked at.
     SortedCards sorted{};
-    std::array<std::uint32_t, kSubsets> suits{};
-    std::array<std::uint32_t, kSubsets> classOf{};
+    std::array<std::uint32_t, kSubsets> suits{};    // the suits of SetKey, by subset
+    std::array<std::uint32_t, kSubsets> classOf{};  // by subset of one to four cards
+    // What the hands that hold the subset are worth, and from ComputeReturns on what the draws of
+    // the hold are: in coins.
     std::array<std::int64_t, kSubsets> coins{};
-    Returns returns{};
-    int line = -1;                              // of standing pat
-    std::size_t aces = 0;                       // the first cards in sorted order
-    AceHold acesHeld;                           // the aces alone
-    std::array<AceHold, kHandSize> acesAndOne;  // and the card at a place in sorted order
+    Returns returns{};                          // dollars, by subset
+    int line = -1;                              // the line of standing pat
+    std::size_t aces = 0;                       // so many aces come first in sorted order
+    AceHold acesHeld;                           // the hold of the aces alone
+    std::array<AceHold, kHandSize> acesAndOne;  // that of the aces and the card at a place
 };

@@ -39,7 +39,7 @@ inline void InsertCard(SortedCards& cards, std::size_t count, SetCard card) {
 using SuitRenaming = std::array<std::uint8_t, kSuits>;
 using SuitGroup = std::vector<SuitRenaming>;
 
-// Multisets of the given size out of so many kinds.
+// How many multisets of the given size so many kinds make.
 constexpr std::uint32_t MultisetCount(int size, int kinds) {
     std::uint64_t count = 1;  // C(kinds + size - 1, size)
     for (int i = 1; i <= size; ++i) {

@@ -84,12 +84,11 @@ void FillResult(const Draws& draws, const Candidate& best, double coin, HoldResu
 
 // A wild ace counts as a wild card, not as an ace.
 bool IsAce(const LineTables& tables, CardFace face) {
-    return face.rank == 1 && !tables.IsWild(face);
+    return face.rank == 1 && !tables.IsWild(tables.ToSetCard(face));
 }
 
 // The line that the held cards make by themselves, the other positions being empty.
-int LineOfHeld(const LineTables& tables, const PayTable& table, const HandFaces& hand,
-               HoldMask mask) {
+int LineOfHeld(const LineTables& tables, const PayTable& table, const Hand& hand, HoldMask mask) {
     SortedCards held;
     std::size_t count = 0;
     for (int position = 0; position < kHandSize; ++position) {
@@ -105,11 +104,11 @@ int LineOfHeld(const LineTables& tables, const PayTable& table, const HandFaces&
 
 }  // namespace
 
-void AnalyzeSecondDraw(const LineTables& tables, const PayTable& table, const HandFaces& hand,
-                       int bet, double coin, HoldAnalysis& analysis) {
+void AnalyzeSecondDraw(const LineTables& tables, const PayTable& table, const Hand& hand, int bet,
+                       double coin, HoldAnalysis& analysis) {
     HoldMask aces = 0;
     for (int position = 0; position < kHandSize; ++position) {
-        if (IsAce(tables, hand[static_cast<std::size_t>(position)])) aces |= 16 >> position;
+        if (IsAce(tables, hand[static_cast<std::size_t>(position)])) aces |= PositionBit(position);
     }
     analysis.drawAgain.fill({});
     for (HoldMask mask = 0; mask <= kStandPat; ++mask) {

@@ -8,5 +8,5 @@
 // are better drawn again are, the second draw being taken to end like the first. A draw is drawn
 // again only when its line is one of matching ranks that the held cards lead to: not better than
 // none, and not worse than the line that they make already.
-void AnalyzeSecondDraw(const LineTables& tables, const PayTable& table, const HandFaces& hand,
-                       int bet, double coin, HoldAnalysis& analysis);
+void AnalyzeSecondDraw(const LineTables& tables, const PayTable& table, const Hand& hand, int bet,
+                       double coin, HoldAnalysis& analysis);

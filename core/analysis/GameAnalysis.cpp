@@ -76,7 +76,7 @@ class GameRun {
   private:
     bool IsPickEm() const { return table.type == GameType::kPickEm; }
 
-    // All multisets of ranks, in rising order from the first position on.
+    // Plays all multisets of ranks, in rising order from the first position on.
     void PlayRanks(std::size_t position, int lowest, Ranks ranks) {
         if (IsPickEm() && position == kEmptyPosition) return PlayRanks(position + 1, lowest, ranks);
         if (position == kHandSize) {
@@ -95,7 +95,7 @@ class GameRun {
         }
     }
 
-    // The same four cards six times, each pair of them once the player's.
+    // Visits the same four cards six times, each pair of them once the player's.
     template <typename Cards, typename Visitor>
     static void ForEachPickEmDeal(Cards cards, Visitor visit) {
         visit(cards);
@@ -126,7 +126,7 @@ class GameRun {
 
     void PlayRow(const Ranks& ranks, const SuitPattern& row, double factor) {
         for (const SuitVariant& variant : row.variants) {
-            const HandFaces cards = Deal(ranks, variant.suits);
+            const Hand cards = Deal(ranks, variant.suits);
             const double weight = factor * variant.count;
             if (table.type == GameType::kAcesBonus) {
                 PlayAceOrders(cards, weight);
@@ -137,8 +137,8 @@ class GameRun {
         Report();
     }
 
-    // A dealt hand whose order only standing pat on four aces asks for.
-    void PlayUnordered(const HandFaces& cards, double weight) {
+    // Plays a dealt hand whose order only standing pat on four aces asks for.
+    void PlayUnordered(const Hand& cards, double weight) {
         if (IsPickEm() || AceLine(table) < 0 || AcesWithPlaces(cards) < kAcesInOrder) {
             return AnalyzeStartingHand(cards, weight);
         }
@@ -150,8 +150,8 @@ class GameRun {
         PlayOrders(cards, orders, weight);
     }
 
-    HandFaces Deal(const Ranks& ranks, const PositionSuits& suits) const {
-        HandFaces cards;
+    Hand Deal(const Ranks& ranks, const PositionSuits& suits) const {
+        Hand cards;
         for (std::size_t i = 0; i < kHandSize; ++i) {
             if (IsPickEm() && i == kEmptyPosition) continue;
             cards[i] = {ranks[i], suits[i]};
@@ -162,7 +162,7 @@ class GameRun {
     // Where the order of the aces pays, a hand is worth what the order of its cards is, and every
     // order has the same share of its weight. Only two things matter: where the aces lie, and, when
     // they lie as they have to, which card lies in the place beside them.
-    void PlayAceOrders(const HandFaces& cards, double weight) {
+    void PlayAceOrders(const Hand& cards, double weight) {
         Look(cards);
         std::vector<std::size_t> aces;
         std::vector<std::size_t> others;
@@ -188,9 +188,9 @@ class GameRun {
         } while (std::ranges::next_permutation(order).found);
     }
 
-    void PlayAcePlacement(const HandFaces& cards, const Placement& placement,
+    void PlayAcePlacement(const Hand& cards, const Placement& placement,
                           const std::vector<std::size_t>& others, double weight) {
-        const HandFaces placed = Placed(cards, placement);
+        const Hand placed = Placed(cards, placement);
         const auto fromFirst = AceChanceFrom(placed, 0);
         const auto chance = fromFirst ? fromFirst : AceChanceFrom(placed, 1);
         if (!chance) return PlayOrders(cards, {{placement}}, weight);
@@ -202,7 +202,7 @@ class GameRun {
     }
 
     // Without aces the four may come to either side of a card that lies first or last.
-    void PlayEndCards(const HandFaces& cards, double weight) {
+    void PlayEndCards(const Hand& cards, double weight) {
         std::vector<Placement> orders;
         for (std::size_t first = 0; first < kHandSize; ++first) {
             for (std::size_t last = 0; last < kHandSize; ++last) {
@@ -220,15 +220,15 @@ class GameRun {
         return placement;
     }
 
-    static HandFaces Placed(const HandFaces& cards, const Placement& placement) {
-        HandFaces placed;
+    static Hand Placed(const Hand& cards, const Placement& placement) {
+        Hand placed;
         for (std::size_t i = 0; i < kHandSize; ++i) placed[placement[i]] = cards[i];
         return placed;
     }
 
     // Orders of the same weight; those with the same cards held and the same draws are one
     // representative.
-    void PlayOrders(const HandFaces& cards, const std::vector<Placement>& orders, double weight) {
+    void PlayOrders(const Hand& cards, const std::vector<Placement>& orders, double weight) {
         const std::size_t before = played.size();
         std::vector<HoldMask> heldCards;
         for (const Placement& order : orders) {
@@ -236,7 +236,7 @@ class GameRun {
             FindBest(order, hand);
             HoldMask held = 0;
             for (std::size_t i = 0; i < kHandSize; ++i) {
-                if (Holds(hand.best.mask, static_cast<int>(order[i]))) held |= 1 << i;
+                if (Holds(hand.best.mask, order[i])) held |= 1 << i;
             }
             Add(hand);
             std::size_t alike = 0;
@@ -261,7 +261,7 @@ class GameRun {
         TakeBest(analysis, hand.best);
     }
 
-    void AnalyzeStartingHand(const HandFaces& cards, double weight) {
+    void AnalyzeStartingHand(const Hand& cards, double weight) {
         // Filled in place: there are hundreds of thousands of them.
         PlayedHand& hand = played.emplace_back();
         hand.cards = cards;
@@ -275,13 +275,13 @@ class GameRun {
         Add(hand);
     }
 
-    void Look(const HandFaces& cards) {
+    void Look(const Hand& cards) {
         std::array<SetCard, kHandSize> setCards;
         for (std::size_t i = 0; i < kHandSize; ++i) setCards[i] = tables.ToSetCard(cards[i]);
         finder->Look(setCards);
     }
 
-    void FindBestPile(const HandFaces& cards, BestHold& best) {
+    void FindBestPile(const Hand& cards, BestHold& best) {
         KnownCards known;
         known.hand = {cards[0], cards[1], cards[3], {}, {}};
         known.firstDraw = cards[4];
@@ -335,19 +335,17 @@ class GameRun {
         PlayCardsFrom(deck, 0, 0, {});
     }
 
-    void PlayCardsFrom(const CardTable& deck, std::size_t position, CardCode from,
-                       HandFaces cards) {
+    void PlayCardsFrom(const CardTable& deck, std::size_t position, CardCode from, Hand cards) {
         if (IsPickEm() && position == kEmptyPosition) return PlayCardsFrom(deck, 3, from, cards);
         if (position == kHandSize) {
-            const auto play = [this](const HandFaces& deal) {
+            const auto play = [this](const Hand& deal) {
                 PlayUnordered(deal, 1);
                 Report();
             };
             return IsPickEm() ? ForEachPickEmDeal(cards, play) : play(cards);
         }
         for (CardCode card = from; card < deck.deckSize && !totals.cancelled; ++card) {
-            const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];
-            cards[position] = {info.rank, info.suit};
+            cards[position] = FaceOf(deck, card);
             PlayCardsFrom(deck, position + 1, card + 1, cards);
         }
     }

@@ -26,7 +26,7 @@ struct GameTotals {
     double er = 0;  // dollars
     std::int64_t representatives = 0;
 
-    // Filled when the run has ended.
+    // These are filled when the run has ended.
     std::array<double, kMaxPayLines>
         summary{};  // summary / denominator: the probability of the line
     double summaryNothing = 0;
@@ -41,7 +41,7 @@ struct GameTotals {
 
 // A starting hand and its best play.
 struct PlayedHand {
-    HandFaces cards;    // in Pick 'Em position 2 is empty
+    Hand cards;         // in Pick 'Em position 2 is empty
     double weight = 0;  // starting hands that it stands for
     BestHold best;
 };

@@ -124,7 +124,7 @@ void ChooseStandPatOrGreatest(HoldAnalysis& analysis) {
     }
 }
 
-void AnalyzeOrdinary(const LineTables& tables, const PayTable& table, const HandFaces& hand,
+void AnalyzeOrdinary(const LineTables& tables, const PayTable& table, const Hand& hand,
                      const LinePays& pays, double coin, HoldAnalysis& analysis) {
     HoldCounts counts;
     CountDraws(tables, hand, counts);
@@ -182,7 +182,7 @@ void AnalyzePile(const LineTables& tables, const std::array<CardFace, 3>& held, 
 
 void AnalyzePickEm(const LineTables& tables, const KnownCards& cards, const LinePays& pays,
                    double coin, HoldAnalysis& analysis) {
-    const HandFaces& hand = cards.hand;
+    const Hand& hand = cards.hand;
     const CardFace otherPile = cards.firstDraw;
     HoldResult& firstHold = analysis.holds[kLeftPile];
     HoldResult& otherHold = analysis.holds[kRightPile];

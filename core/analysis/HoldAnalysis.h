@@ -10,7 +10,7 @@
 
 // The cards that an analysis knows.
 struct KnownCards {
-    HandFaces hand;  // Pick 'Em knows positions 0..2 only
+    Hand hand;  // Pick 'Em knows positions 0..2 only
     // The top card of the other pile in Pick 'Em, the first draw card in Sneak Peak Poker; no card
     // elsewhere, and where it is not known.
     CardFace firstDraw;

@@ -100,12 +100,10 @@ inline void TakeOutDiscards(HoldCounts& counts) {
     }
 }
 
-int BitOf(std::size_t position) { return 16 >> position; }
-
-std::array<PlacedCard, kHandSize> Place(const LineTables& tables, const HandFaces& hand) {
+std::array<PlacedCard, kHandSize> Place(const LineTables& tables, const Hand& hand) {
     std::array<PlacedCard, kHandSize> placed;
     for (std::size_t i = 0; i < kHandSize; ++i) {
-        placed[i] = PlacedCard(tables.ToSetCard(hand[i]), BitOf(i));
+        placed[i] = PlacedCard(tables.ToSetCard(hand[i]), PositionBit(i));
     }
     return placed;
 }
@@ -116,7 +114,7 @@ int LineOf(const LineTables& tables, const std::array<PlacedCard, kHandSize>& so
     return tables.LineOfFive(cards);
 }
 
-int LineOf(const LineTables& tables, const HandFaces& hand) {
+int LineOf(const LineTables& tables, const Hand& hand) {
     auto placed = Place(tables, hand);
     Sort(placed);
     return LineOf(tables, placed);
@@ -125,7 +123,7 @@ int LineOf(const LineTables& tables, const HandFaces& hand) {
 }  // namespace
 
 TOLVANE_WIDE_VECTORS
-void CountDraws(const LineTables& tables, const HandFaces& hand, HoldCounts& counts) {
+void CountDraws(const LineTables& tables, const Hand& hand, HoldCounts& counts) {
     auto placed = Place(tables, hand);
     const Subsets<kHandSize> subsets(placed);
     ReadSubsets(tables, subsets, counts, std::make_index_sequence<kStandPat>());
@@ -134,7 +132,7 @@ void CountDraws(const LineTables& tables, const HandFaces& hand, HoldCounts& cou
 }
 
 TOLVANE_WIDE_VECTORS
-void CountDrawsBehind(const LineTables& tables, const HandFaces& hand, CardFace firstDraw,
+void CountDrawsBehind(const LineTables& tables, const Hand& hand, CardFace firstDraw,
                       HoldCounts& counts) {
     std::array<PlacedCard, kHandSize + 1> placed;
     std::ranges::copy(Place(tables, hand), placed.begin());

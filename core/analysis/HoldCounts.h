@@ -6,18 +6,18 @@
 
 inline constexpr std::size_t kHolds = 32;
 using HoldCounts = std::array<LineCounts, kHolds>;  // by HoldMask
-using HandFaces = std::array<CardFace, kHandSize>;  // by position
 
 // All functions want distinct cards of the deck.
 
-// Five cards seen: the distinct draws of every hold. Standing pat counts one.
-void CountDraws(const LineTables& tables, const HandFaces& hand, HoldCounts& counts);
+// Counts the distinct draws of every hold, five cards having been seen. Standing pat counts one.
+void CountDraws(const LineTables& tables, const Hand& hand, HoldCounts& counts);
 
-// Six cards seen, and the first draw card known: whatever is discarded, it comes first. Standing
-// pat counts one.
-void CountDrawsBehind(const LineTables& tables, const HandFaces& hand, CardFace firstDraw,
+// Counts them with six cards seen and the first draw card known: whatever is discarded, it comes
+// first. Standing pat counts one.
+void CountDrawsBehind(const LineTables& tables, const Hand& hand, CardFace firstDraw,
                       HoldCounts& counts);
 
-// Four cards seen: three are held, two are drawn, and the fourth is out of the deck.
+// Counts the draws of a pile, four cards having been seen: three are held, two are drawn, and the
+// fourth is out of the deck.
 void CountPileDraws(const LineTables& tables, const std::array<CardFace, 3>& held, CardFace other,
                     LineCounts& counts);

@@ -6,21 +6,18 @@ namespace {
 
 constexpr std::size_t kKept = 2;
 
-// What the tables depend on: the deck, and which hands the lines take.
+// A copy without what no hand is classified by. A field that is new, and stands here only when it
+// does not matter, then costs a table built too often, never one that is wrong.
 PayTable KeyOf(const PayTable& table) {
-    PayTable key;
-    key.type = table.type;
-    key.deckSize = table.deckSize;
-    key.jokers = table.jokers;
-    key.wildRanks = table.wildRanks;
-    key.minPair = table.minPair;
-    key.usesWilds = table.usesWilds;
-    for (const PayLine& line : table.lines) {
-        PayLine& kept = key.lines.emplace_back();
-        kept.rank = line.rank;
-        kept.bonusQuads = line.bonusQuads;
-        kept.trailers = line.trailers;
-        kept.wildsOK = line.wildsOK;
+    PayTable key = table;
+    key.gameId = 0;
+    key.maxBet = 0;
+    key.charlieBonus = key.redBlackBonus = key.spinBonus = key.targetBonus = false;
+    for (PayLine& line : key.lines) {
+        line.description.clear();
+        line.shortDescription.clear();
+        line.payout = line.maxPayout = 0;
+        line.sessionWins = line.totalWins = 0;
     }
     return key;
 }

@@ -8,9 +8,9 @@
 
 class LineTableCache {
   public:
-    // The tables of a pay table. Pays, descriptions and win counts do not matter to them, so a
-    // table whose pays are being edited keeps its own. The last two asked for are kept: the
-    // player's game and the one that is looked at beside it.
+    // The tables of a pay table, never null. Pays, descriptions and win counts do not matter to
+    // them, so a table whose pays are being edited keeps its own. The last two asked for are kept:
+    // the player's game and the one that is looked at beside it.
     std::shared_ptr<const LineTables> For(const PayTable& table);
 
   private:

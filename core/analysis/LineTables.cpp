@@ -24,7 +24,7 @@ bool KeepsWildCards(const SuitRenaming& renaming, const DeckDescription& deck) {
     return true;
 }
 
-// Red and black may change places as a whole.
+// Whether cards of one colour stay so. Red and black may change places as a whole.
 bool KeepsColours(const SuitRenaming& renaming) {
     const auto stays = [&renaming](std::size_t suit) {
         return IsRed(suit) == IsRed(renaming[suit]);
@@ -86,11 +86,8 @@ struct LineTables::Building {
     EvaluatedHand Deal(std::span<const SetCard> cards) const {
         EvaluatedHand dealt;
         for (std::size_t i = 0; i < cards.size(); ++i) {
-            const SetCard card = cards[i];
-            const bool extra = card.kind == kExtraKind;
-            dealt.hand.ranks[i] = extra ? tables.extraFace.rank : card.kind + 1;
-            dealt.hand.suits[i] = extra ? tables.extraFace.suit : card.suit + 1;
-            dealt.hand.wild[i] = tables.wild[card.kind][card.suit];
+            dealt.hand[i] = tables.ToFace(cards[i]);
+            dealt.wild[i] = tables.IsWild(cards[i]);
         }
         return dealt;
     }
@@ -131,6 +128,9 @@ LineTables::LineTables(const PayTable& table) {
     if (table.type == GameType::kDoubleDraw) ClassifyHeld(building);
 }
 
+// Takes down what is known of each card before any hand is classified: whether it is wild, and what
+// it adds to the view of a hand. A rank that is wild in all suits, or in none, shows in the ranks
+// of a hand already; only wild cards of a rank that is partly wild are counted by themselves.
 void LineTables::DescribeDeck(const PayTable& table) {
     const DeckDescription deck = DeckOf(table);
     coloursCount = HasLine(table, HandRank::kAllRedOrBlack);
@@ -155,6 +155,9 @@ void LineTables::DescribeDeck(const PayTable& table) {
     }
 }
 
+// Numbers what a view tells: whether all cards have one suit, whether the natural ones have,
+// whether all have one colour where a line asks for that, and the wild cards of ranks that are
+// partly wild, of which there are at most two. Views of the same number are paid alike.
 std::size_t LineTables::ViewNumber(const SuitView& view) const {
     const auto atMostOne = [](unsigned bits) { return (bits & (bits - 1)) == 0; };
     const bool flush = atMostOne(view.suits);
@@ -165,7 +168,9 @@ std::size_t LineTables::ViewNumber(const SuitView& view) const {
            (flush ? 1 : 0);
 }
 
-// For each class of four cards: every fifth card there is, and the line that the five are paid on.
+// Counts, for each class of four cards, the lines of all fifth cards there are. Classes of the same
+// kinds come one after the other, so the number of the five kinds is worked out once for them, by
+// the kind of the fifth card. The evaluator is asked only the first time that a line is met.
 void LineTables::CountFours(const Building& building) {
     lineOfFive.assign(MultisetCount(kHandSize, kindCount) * kViews, kNotYet);
     fours.resize(classes[3].Count());
@@ -197,7 +202,8 @@ void LineTables::CountFours(const Building& building) {
     });
 }
 
-// A hand that holds the set is met once for every card of it outside the set.
+// Adds up the rows of the sets that are one card larger. A hand that holds the set is met once for
+// every card of it outside the set, so the sum is divided by their number.
 template <int Size, typename Count>
 void LineTables::CountFromLarger(Rows<Count>& rows) const {
     const auto countSet = [this](std::span<const SetCard> cards) {
@@ -244,6 +250,7 @@ void LineTables::ForEachFurtherCard(std::span<const SetCard> cards, Visitor visi
     if (left > 0) visit(SetCard{kExtraKind, 0}, left);
 }
 
+// Asks the evaluator for the lines that held cards make by themselves.
 void LineTables::ClassifyHeld(const Building& building) {
     for (const SetClasses& sets : classes) {
         auto& lines = heldLines.emplace_back(sets.Count());

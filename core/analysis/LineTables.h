@@ -3,10 +3,16 @@
 // exclusion over the discarded cards, so that no draw is ever dealt and no rule of the evaluator is
 // written twice.
 //
-// The evaluator classifies one hand of every multiset of ranks for each way in which its suits can
-// matter to it: it compares suits with each other (a flush of all cards, a flush of the natural
-// ones) and looks at the colours of the five, nothing else. So building takes milliseconds for any
-// deck.
+// The tables are built in three steps:
+// 1. The evaluator classifies one hand of every multiset of ranks for each way in which its suits
+//    can matter to it (its suit view): it compares suits with each other (a flush of all cards, a
+//    flush of the natural ones) and looks at the colours of the five, nothing else. These few
+//    thousand lines are lineOfFive, and building takes milliseconds for any deck.
+// 2. For each class of four cards every fifth card is added, and the line of the five is looked up
+//    and counted: that is the row of the four.
+// 3. The row of a smaller set is the sum of the rows of the sets that are one card larger. A hand
+//    is met there once for each of its cards outside the set, so the sum is divided by their
+//    number.
 #pragma once
 #include <array>
 #include <cstdint>
@@ -14,7 +20,7 @@
 #include <vector>
 
 #include "core/analysis/CardSets.h"
-#include "core/cards/CardTable.h"
+#include "core/cards/Hand.h"
 #include "core/eval/HandEvaluator.h"
 #include "core/paytable/PayTable.h"
 
@@ -27,14 +33,6 @@ using LineCounts = std::array<std::uint32_t, kLanes>;
 inline std::size_t LaneOf(int line) {
     return line < 0 ? kNothingLane : static_cast<std::size_t>(line);
 }
-
-// A card by what is printed on it.
-struct CardFace {
-    int rank = -1;  // 1..13, 0 a joker, -1 no card
-    int suit = 0;   // Suit
-
-    bool operator==(const CardFace&) const = default;
-};
 
 // The renamings of the suits under which the deck and the lines of a pay table stay the same: all
 // 24, unless single jacks are wild or a line depends on colour.
@@ -55,10 +53,7 @@ class LineTables {
     SetCard ToSetCard(CardFace face) const;
     CardFace ToFace(SetCard card) const;
 
-    bool IsWild(CardFace face) const {
-        const SetCard card = ToSetCard(face);
-        return wild[card.kind][card.suit];
-    }
+    bool IsWild(SetCard card) const { return wild[card.kind][card.suit]; }
 
     // The hands that hold a set of Size cards (0..4), by the set's key.
     template <int Size>
@@ -87,6 +82,7 @@ class LineTables {
     using Rows = std::vector<std::array<Count, kLanes>>;
 
     // What the evaluator can tell of the suits and the wild cards of a hand whose ranks are known.
+    // The view of a hand is the sum of the views of its cards.
     struct SuitView {
         unsigned suits = 0;         // bits: 0..3 the suits, 4 jokers, 5 the fifth suit
         unsigned naturalSuits = 0;  // the same of the cards that are not wild
@@ -99,7 +95,7 @@ class LineTables {
     };
     static constexpr std::size_t kViews = 24;  // numbers that ViewNumber gives
 
-    // What the constructor alone needs.
+    // The evaluator's side of the work, which the constructor alone needs.
     struct Building;
 
     std::size_t ViewNumber(const SuitView& view) const;
@@ -112,7 +108,7 @@ class LineTables {
     template <typename Visitor>
     void ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const;
 
-    int deckSize = 0;
+    int deckSize = 0;               // cards
     int kindCount = kMaxKinds - 1;  // kinds in the deck
     int extras = 0;                 // cards of the extra kind
     CardFace extraFace;

@@ -12,13 +12,13 @@ constexpr std::uint8_t kFifthSuit = 5;
 
 // What makes assignments rows of their own, beside a renaming of the suits.
 enum class Grouping {
-    kByRenaming,
-    kOneSuitInHalves,   // five cards of one suit are two rows
-    kAceOfSpadesApart,  // whether the hand holds the ace of spades, where the order of the aces
-                        // pays
+    kByRenaming,        // nothing does
+    kOneSuitInHalves,   // five cards of one suit are two rows, of suits 1 and 2, and of 3 and 4
+    kAceOfSpadesApart,  // where the order of the aces pays, hands with the ace of spades are rows
+                        // of their own
     kPairSuitsApart,    // the two suits of the first pair are told apart
-    kOneRow,            // no flush can come of the best hold: suits do not matter
-    kFifthSuitOneRow,   // the same for hands that hold the fifth ace
+    kOneRow,            // all are one row: no flush can come of the best hold
+    kFifthSuitOneRow,   // the hands that hold the fifth ace are one row for the same reason
 };
 
 // The cards of a table: positions with the same letter have the same rank. 'W' a joker, '_' empty,
@@ -28,9 +28,9 @@ struct TableRule {
     int pairs;
     int jokers;
     std::optional<int> aces;  // in the hand; any number without it
-    GameType type;            // kStandard: any
+    GameType type;            // the only one that the table is for; kStandard: all of them
     Grouping grouping = Grouping::kByRenaming;
-    std::array<bool, 6> pairedPositions{};  // Pick 'Em with a pair
+    std::array<bool, 6> pairedPositions{};  // those of HandShape, in Pick 'Em with a pair
 };
 
 constexpr GameType kAnyType = GameType::kStandard;
@@ -42,7 +42,8 @@ std::array<bool, 6> Paired(std::initializer_list<std::size_t> which) {
     return paired;
 }
 
-// The rules of one number of pairs are tried from the top, and the first that fits has the table.
+// The rules are tried from the top, and the first that fits a hand has its table: so those of a
+// single type stand before those for all.
 const std::array<TableRule, SuitPatternTables::kTables>& Rules() {
     using enum GameType;
     static const std::array<TableRule, SuitPatternTables::kTables> rules = {{
@@ -110,7 +111,7 @@ SuitGroup AllRenamings() {
 
 bool IsOrdinary(std::uint8_t suit) { return suit >= 1 && suit <= kSuits; }
 
-// A rule at work on the suit assignments of its cards.
+// Builds the table of a rule from all suit assignments of its cards.
 class TableBuilder {
   public:
     TableBuilder(const TableRule& rule, const SuitGroup& interchangeable)
@@ -124,7 +125,7 @@ class TableBuilder {
   private:
     char Letter(std::size_t position) const { return rule.cards[position]; }
 
-    // The position before of the same rank.
+    // The last position before this one that has the same rank.
     std::optional<std::size_t> SameRankBefore(std::size_t position) const {
         for (std::size_t before = position; before-- > 0;) {
             if (Letter(before) == Letter(position)) return before;
@@ -132,7 +133,8 @@ class TableBuilder {
         return std::nullopt;
     }
 
-    // Every assignment once: the suits of equal ranks rise.
+    // Goes through the suits of this position and of all behind it, and adds every assignment once:
+    // the suits of equal ranks rise.
     void Assign(std::size_t position, PositionSuits suits) {
         if (position == kHandSize) return Add(suits);
         if (Letter(position) == 'W' || Letter(position) == '_') return Assign(position + 1, suits);
@@ -145,12 +147,12 @@ class TableBuilder {
         }
     }
 
+    // The assignment with its suits renamed, those of equal ranks in rising order again.
     PositionSuits Renamed(const PositionSuits& suits, const SuitRenaming& renaming) const {
         PositionSuits renamed{};
         for (std::size_t i = 0; i < kHandSize; ++i) {
             std::uint8_t suit = suits[i];
             if (IsOrdinary(suit)) suit = static_cast<std::uint8_t>(renaming[suit - 1U] + 1);
-            // Equal ranks keep their suits rising.
             std::size_t at = i;
             if (suit != 0) {
                 for (auto before = SameRankBefore(at); before && renamed[*before] > suit;
@@ -164,6 +166,8 @@ class TableBuilder {
         return renamed;
     }
 
+    // The least of what the renamings make of an assignment: the same for all that they make into
+    // each other, so it stands for them.
     PositionSuits LeastOf(const PositionSuits& suits, const SuitGroup& group) const {
         PositionSuits least = suits;
         for (const auto& renaming : group) least = std::min(least, Renamed(suits, renaming));
@@ -177,8 +181,9 @@ class TableBuilder {
         return {suits[*SameRankBefore(second)], suits[second]};
     }
 
-    // The suits of the first pair become 1 and 2. Of two single cards in the two other suits, it
-    // counts which has the lower one, so the last number is 0 or 1.
+    // The key where the suits of the first pair are told apart: they become 1 and 2. Of two single
+    // cards in the two other suits it matters which has the lower one, and the number, 0 or 1, says
+    // so.
     std::pair<PositionSuits, int> PairApart(const PositionSuits& suits) const {
         const auto pair = PairSuits(suits);
         std::optional<PositionSuits> least;
@@ -222,11 +227,11 @@ class TableBuilder {
         return {};
     }
 
+    // Counts an assignment in its row and variant, either of which may be new.
     void Add(const PositionSuits& suits) {
         const auto [entry, isNew] = rowOf.try_emplace(RowKey(suits), rows.size());
         if (isNew) rows.emplace_back();
         SuitPattern& row = rows[entry->second];
-        ++row.multiplicity;
         const PositionSuits least = LeastOf(suits, interchangeable);
         const auto [variant, isNewVariant] =
             variantOf.try_emplace({entry->second, least}, row.variants.size());

@@ -16,7 +16,7 @@ class SlotFiller {
 
     CardCode Add(int rank, int suit, std::string name) {
         auto& card = table.cards[static_cast<std::size_t>(next)];
-        card = {rank, suit, false, std::move(name)};
+        card = {{rank, suit}, false, std::move(name)};
         return next++;
     }
 
@@ -59,7 +59,7 @@ CardTable BuildCardTable(const DeckDescription& deck) {
     if (jokers == 5 && slots.Count() < kCardBack) slots.AddJoker(5);
 
     table.deckSize = std::clamp(deck.deckSize, 0, slots.Count());
-    table.cards[kCardBack] = {0, kNoSuit, false, "Card Back"};
+    table.cards[kCardBack] = {{0, kNoSuit}, false, "Card Back"};
     for (int slot = 0; slot < table.deckSize; ++slot) {
         auto& card = table.cards[static_cast<std::size_t>(slot)];
         card.wild = IsWildCard(deck, card.rank, card.suit);
@@ -74,6 +74,11 @@ bool IsWildCard(const DeckDescription& deck, int rank, int suit) {
     if (deck.oneEyedJacksWild && oneEyed) return true;
     const auto end = std::ranges::find(deck.wildRanks, -1);
     return std::find(deck.wildRanks.begin(), end, rank) != end;
+}
+
+CardFace FaceOf(const CardTable& table, CardCode code) {
+    if (code < 0 || code >= table.deckSize) return {};
+    return table.cards[static_cast<std::size_t>(code)];
 }
 
 CardCode FindCard(const CardTable& table, int rank, int suit) {

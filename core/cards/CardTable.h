@@ -31,9 +31,19 @@ struct DeckDescription {
     bool operator==(const DeckDescription&) const = default;
 };
 
-struct CardInfo {
-    int rank = 0;  // 1 ace .. 13 king, 0 joker or back
+// What is printed on a card.
+struct CardFace {
+    int rank = -1;  // 1 ace .. 13 king, 0 a joker, -1 no card
     int suit = kNoSuit;
+
+    bool IsEmpty() const { return rank < 0; }
+    bool IsJoker() const { return rank == 0; }
+
+    bool operator==(const CardFace&) const = default;
+};
+
+// A slot of the card table; the card back has the face of a joker.
+struct CardInfo : CardFace {
     bool wild = false;
     std::string name;  // "Queen of Diamonds", "Joker 2", "Ace of Stars", "Card Back"
 };
@@ -41,7 +51,9 @@ struct CardInfo {
 struct CardTable {
     std::array<CardInfo, kCardSlots> cards;  // 0 .. deckSize-1 are dealt; kCardBack is the back
     int deckSize = 0;
-    CardCode spadesStart = 0;  // slots of the four aces, each followed by 2..king of its suit
+    // Slots of the four aces, each followed by 2..king of its suit. They belong to the card table's
+    // data for whoever walks a suit of it; the program itself finds its cards by FindCard.
+    CardCode spadesStart = 0;
     CardCode heartsStart = 0;
     CardCode clubsStart = 0;
     CardCode diamondsStart = 0;
@@ -57,6 +69,9 @@ CardTable BuildCardTable(const DeckDescription& deck);
 // Whether a card is wild in the deck's game, by what is printed on it: jokers, single jacks, wild
 // ranks.
 bool IsWildCard(const DeckDescription& deck, int rank, int suit);
+
+// The face of a card of the deck; no card for any other code.
+CardFace FaceOf(const CardTable& table, CardCode code);
 
 // The first dealt card of that rank and suit; kNoCard when there is none.
 CardCode FindCard(const CardTable& table, int rank, int suit);

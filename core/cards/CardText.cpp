@@ -21,7 +21,7 @@ std::vector<std::string_view> Words(std::string_view text) {
     }
 }
 
-// 0 when the character names no suit.
+// The suit that a character names; kNoSuit when it names none.
 int SuitFromChar(char c) {
     const char upper = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     const auto suit = kSuitChars.find(upper);
@@ -110,9 +110,9 @@ ParsedCards ParseCards(std::string_view text, const CardTable& table, std::size_
 }
 
 std::string CardText(const CardTable& table, CardCode card) {
-    if (card < 0 || card >= table.deckSize) return "__";
-    const auto& info = table.cards[static_cast<std::size_t>(card)];
-    std::string text(1, RankChar(info.rank));
-    if (info.rank != 0) text += SuitChar(info.suit);
+    const CardFace face = FaceOf(table, card);
+    if (face.IsEmpty()) return "__";
+    std::string text(1, RankChar(face.rank));
+    if (!face.IsJoker()) text += SuitChar(face.suit);
     return text;
 }

@@ -9,7 +9,7 @@
 #include "core/cards/CardTable.h"
 #include "core/cards/Random.h"
 
-// Whole seconds since 1970.
+// The time of the wall clock, in whole seconds since 1970.
 std::int64_t SystemSeconds();
 
 struct Deck {
@@ -20,7 +20,7 @@ struct Deck {
     bool dealtFrom = false;                   // since the top was last drawn or the deck built
     std::int64_t (*clock)() = SystemSeconds;  // what seeds the generator
 
-    // A fresh card table, seeded from the clock and shuffled ten passes.
+    // Makes a fresh card table, seeds the generator from the clock and shuffles ten passes.
     void Build(const DeckDescription& deck);
 
     void SeedFromClock();

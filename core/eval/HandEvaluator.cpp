@@ -23,50 +23,36 @@ constexpr int kWildTable[7][5] = {
 
 bool IsHigh(int rank, const PayTable& table) { return rank >= table.minPair || rank == 1; }
 
-void CountPairOf(int rank, const PayTable& table, HandFeatures& features) {
-    ++(IsHigh(rank, table) ? features.highPairs : features.lowPairs);
-}
-
-void CountNeighbours(const Hand& hand, std::size_t i, const PayTable& table,
+void CountNeighbours(const Hand& hand, const WildFlags& wild, std::size_t i, const PayTable& table,
                      HandFeatures& features) {
     for (std::size_t j = i + 1; j < kHandSize; ++j) {
-        if (hand.ranks[j] < 0) continue;
-        const bool bothNatural = !hand.wild[i] && !hand.wild[j];
-        if (hand.ranks[i] == hand.ranks[j]) {
-            if (bothNatural && hand.ranks[i] != 0) ++features.pairs;
-            CountPairOf(hand.ranks[i], table, features);
+        if (hand[j].IsEmpty()) continue;
+        const bool bothNatural = !wild[i] && !wild[j];
+        if (hand[i].rank == hand[j].rank) {
+            if (bothNatural && !hand[i].IsJoker()) ++features.pairs;
+            if (IsHigh(hand[i].rank, table)) ++features.highPairs;
         }
-        if (!bothNatural) continue;
-        if (hand.suits[i] == hand.suits[j]) {
-            ++features.suitPairs;
-        } else {
-            features.flushFlag = false;
-            features.flushSuit = kNoSuit;
-        }
+        if (bothNatural && hand[i].suit == hand[j].suit) ++features.suitPairs;
     }
 }
 
-void CountCard(const Hand& hand, std::size_t i, const PayTable& table, HandFeatures& features) {
-    const int rank = hand.ranks[i];
-    const int suit = hand.suits[i];
+void CountCard(CardFace card, bool wild, const PayTable& table, HandFeatures& features) {
+    const auto [rank, suit] = card;
     if (rank == 1) ++features.aces;
-    if (rank == 11) ++features.jacks;
-    if (!hand.wild[i] && (rank > 9 || rank == 1)) ++features.royalCards;
-    ++(IsHigh(rank, table) ? features.highCards : features.lowCards);
-    if (hand.wild[i]) ++features.wilds;
+    if (!wild && (rank > 9 || rank == 1)) ++features.royalCards;
+    if (IsHigh(rank, table)) ++features.highCards;
+    if (wild) ++features.wilds;
     if (suit == kHearts || suit == kDiamonds) ++features.reds;
     if (suit == kSpades || suit == kClubs) ++features.blacks;
 }
 
-void CountCards(const Hand& hand, const PayTable& table, HandFeatures& features) {
-    features.flushFlag = true;
+void CountCards(const Hand& hand, const WildFlags& wild, const PayTable& table,
+                HandFeatures& features) {
     for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (hand.ranks[i] < 0) continue;
-        if (features.flushSuit == kNoSuit) features.flushSuit = hand.suits[i];
-        CountNeighbours(hand, i, table, features);
-        CountCard(hand, i, table, features);
+        if (hand[i].IsEmpty()) continue;
+        CountNeighbours(hand, wild, i, table, features);
+        CountCard(hand[i], wild[i], table, features);
     }
-    if (features.flushSuit == kNoSuit || features.heldCount == 0) features.flushFlag = true;
 }
 
 // Moves the ace at position first to the end, where it is 14.
@@ -113,7 +99,7 @@ bool Contains(const std::vector<int>& ranks, int rank) {
 }
 
 int CountRank(const Hand& hand, int rank) {
-    return static_cast<int>(std::ranges::count(hand.ranks, rank));
+    return static_cast<int>(std::ranges::count(hand, rank, &CardFace::rank));
 }
 
 // A wild card of the listed rank counts twice, as a card of the rank and as a wild card: a table
@@ -131,8 +117,8 @@ bool KickerFits(const PayLine& line, int kicker, int quadRank) {
     return kicker != quadRank && Contains(line.trailers, kicker);
 }
 
-bool HasQuadKicker(const Hand& hand, const PayLine& line) {
-    const SortedRanks ranks = SortRanks(hand);
+bool HasQuadKicker(const EvaluatedHand& evaluated, const PayLine& line) {
+    const SortedRanks ranks = SortRanks(evaluated.hand, evaluated.wild);
     if (ranks[0] != ranks[1]) return KickerFits(line, ranks[0], ranks[1]);
     if (ranks[3] == ranks[4]) return true;  // five of a kind has no kicker to ask for
     return KickerFits(line, ranks[4], ranks[0]);
@@ -156,9 +142,7 @@ bool MatchesWildCount(const EvaluatedHand& evaluated, const PayLine& line, int w
 
 bool AcesInOrderFrom(const Hand& hand, std::size_t first) {
     for (std::size_t i = 0; i < 4; ++i) {
-        if (hand.ranks[first + i] != 1 || hand.suits[first + i] != static_cast<int>(i) + kSpades) {
-            return false;
-        }
+        if (hand[first + i] != CardFace{1, static_cast<int>(i) + kSpades}) return false;
     }
     return true;
 }
@@ -168,7 +152,7 @@ bool MatchesPairs(const EvaluatedHand& evaluated, const PayLine& line, int pairs
     if (pairs >= kQuadPairs && !line.bonusQuads.empty()) {
         const int need = pairs == kQuadPairs ? 4 : 5;
         if (!HasBonusQuads(evaluated, line, need)) return false;
-        return line.trailers.empty() || HasQuadKicker(evaluated.hand, line);
+        return line.trailers.empty() || HasQuadKicker(evaluated, line);
     }
     return line.rank != HandRank::kOnePair || evaluated.features.highPairs > 0;
 }
@@ -183,7 +167,7 @@ bool MatchesCounts(const EvaluatedHand& evaluated, const PayLine& line) {
     if (!Fits(info.straightSteps, features.straightSteps)) return false;
     if (!Fits(info.suitPairs, features.suitPairs)) return false;
     if (!Fits(info.royalCards, features.royalCards)) return false;
-    return line.rank != HandRank::kFiveCardCharlie || IsCharlie(evaluated.hand.ranks);
+    return line.rank != HandRank::kFiveCardCharlie || IsCharlie(evaluated.hand);
 }
 
 bool MatchesLine(const EvaluatedHand& evaluated, const PayLine& line) {
@@ -213,10 +197,20 @@ int Classification::Pay() const {
     return static_cast<int>(std::min(std::int64_t{linePay} * (charlie ? 5 : 1), largest));
 }
 
-SortedRanks SortRanks(const Hand& hand) {
+EvaluatedHand WithWildFlags(const Hand& hand, const PayTable& table) {
+    const DeckDescription deck = DeckOf(table);
+    EvaluatedHand evaluated;
+    evaluated.hand = hand;
+    std::ranges::transform(hand, evaluated.wild.begin(), [&deck](CardFace card) {
+        return IsWildCard(deck, card.rank, card.suit);
+    });
+    return evaluated;
+}
+
+SortedRanks SortRanks(const Hand& hand, const WildFlags& wild) {
     SortedRanks sorted{};
     for (std::size_t i = 0; i < kHandSize; ++i) {
-        sorted[i] = hand.ranks[i] == -1 ? -1 : hand.wild[i] ? 0 : hand.ranks[i];
+        sorted[i] = hand[i].IsEmpty() ? -1 : wild[i] ? 0 : hand[i].rank;
     }
     std::ranges::sort(sorted);
     return sorted;
@@ -225,8 +219,8 @@ SortedRanks SortRanks(const Hand& hand) {
 void ComputeFeatures(EvaluatedHand& evaluated, const PayTable& table) {
     HandFeatures& features = evaluated.features;
     features = HandFeatures();
-    CountCards(evaluated.hand, table, features);
-    evaluated.sortedRanks = SortRanks(evaluated.hand);
+    CountCards(evaluated.hand, evaluated.wild, table, features);
+    evaluated.sortedRanks = SortRanks(evaluated.hand, evaluated.wild);
     if (features.pairs == 0 && !CountStraightSteps(evaluated.sortedRanks, table, features)) return;
     if (table.usesWilds && features.wilds > 0) SpendWildCards(evaluated.sortedRanks, features);
 }
@@ -236,25 +230,24 @@ void ComputePartialFeatures(EvaluatedHand& evaluated, const PayTable& table, Hol
     HandFeatures& features = evaluated.features;
     features = HandFeatures();
     Hand held = evaluated.hand;
+    int heldCards = 0;
     int heldWilds = 0;
-    for (int i = 0; i < kHandSize; ++i) {
-        const auto at = static_cast<std::size_t>(i);
+    for (std::size_t i = 0; i < kHandSize; ++i) {
         if (!Holds(mask, i)) {
-            held.ranks[at] = -1;
+            held[i] = {};
             continue;
         }
-        if (held.wild[at] && useWilds) {
-            held.ranks[at] = -1;
+        if (evaluated.wild[i] && useWilds) {
+            held[i] = {};
             ++heldWilds;
-        } else if (held.wild[at]) {
-            held.wild[at] = false;
-            evaluated.hand.wild[at] = false;
+        } else {
+            evaluated.wild[i] = false;
         }
-        ++features.heldCount;
+        ++heldCards;
     }
-    CountCards(held, table, features);
-    evaluated.sortedRanks = SortRanks(held);
-    if (features.heldCount == 1) {
+    CountCards(held, evaluated.wild, table, features);
+    evaluated.sortedRanks = SortRanks(held, evaluated.wild);
+    if (heldCards == 1) {
         features.suitPairs = 1;
         features.straightSteps = 1;
     }
@@ -266,27 +259,30 @@ void ComputePickEmDealFeatures(EvaluatedHand& evaluated, const PayTable& table, 
     HandFeatures& features = evaluated.features;
     features = HandFeatures();
     evaluated.sortedRanks = {};
-    const auto& ranks = evaluated.hand.ranks;
+    const Hand& hand = evaluated.hand;
     const auto addPair = [&](int rank) {
         ++features.pairs;
-        CountPairOf(rank, table, features);
+        if (IsHigh(rank, table)) ++features.highPairs;
     };
-    if (ranks[0] == ranks[1]) addPair(ranks[0]);
-    if (ranks[0] == ranks[2] || ranks[0] == otherPileRank) addPair(ranks[0]);
-    if (ranks[1] == ranks[2] || ranks[1] == otherPileRank) addPair(ranks[1]);
+    const int first = hand[0].rank;
+    const int second = hand[1].rank;
+    const int third = hand[2].rank;
+    if (first == second) addPair(first);
+    if (first == third || first == otherPileRank) addPair(first);
+    if (second == third || second == otherPileRank) addPair(second);
     if (features.pairs == 2) features.pairs = 1;
 }
 
 void SaveFeatures(EvaluatedHand& evaluated) {
     evaluated.savedFeatures = evaluated.features;
     evaluated.savedSortedRanks = evaluated.sortedRanks;
-    evaluated.savedWild = evaluated.hand.wild;
+    evaluated.savedWild = evaluated.wild;
 }
 
 void RestoreFeatures(EvaluatedHand& evaluated) {
     evaluated.features = evaluated.savedFeatures;
     evaluated.sortedRanks = evaluated.savedSortedRanks;
-    evaluated.hand.wild = evaluated.savedWild;
+    evaluated.wild = evaluated.savedWild;
 }
 
 Classification ClassifyHand(EvaluatedHand& evaluated, const PayTable& table, int bet) {
@@ -304,7 +300,7 @@ Classification ClassifyHand(EvaluatedHand& evaluated, const PayTable& table, int
         if (MatchesLine(evaluated, line)) {
             result.line = static_cast<int>(i);
             result.linePay = LineUnitPay(table, result.line, bet);
-            result.charlie = table.charlieBonus && IsCharlie(evaluated.hand.ranks);
+            result.charlie = table.charlieBonus && IsCharlie(evaluated.hand);
             break;
         }
     }
@@ -313,15 +309,14 @@ Classification ClassifyHand(EvaluatedHand& evaluated, const PayTable& table, int
 }
 
 Classification EvaluateHand(const Hand& hand, const PayTable& table, int bet) {
-    EvaluatedHand evaluated;
-    evaluated.hand = hand;
+    EvaluatedHand evaluated = WithWildFlags(hand, table);
     ComputeFeatures(evaluated, table);
     SaveFeatures(evaluated);
     return ClassifyHand(evaluated, table, bet);
 }
 
-bool IsCharlie(const std::array<int, kHandSize>& ranks) {
+bool IsCharlie(const Hand& hand) {
     int sum = 0;
-    for (const int rank : ranks) sum += std::clamp(rank, 0, 10);
-    return sum == 21 || (sum + 10 == 21 && std::ranges::find(ranks, 1) != ranks.end());
+    for (const CardFace card : hand) sum += std::clamp(card.rank, 0, 10);
+    return sum == 21 || (sum + 10 == 21 && CountRank(hand, 1) > 0);
 }

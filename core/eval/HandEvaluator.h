@@ -4,51 +4,27 @@
 #pragma once
 #include <array>
 
-#include "core/cards/CardTable.h"
+#include "core/cards/Hand.h"
 
 struct PayTable;
 
-inline constexpr int kHandSize = 5;
-
-// Held positions as bits, 16 the leftmost card, 1 the rightmost: 0 discards all, 31 stands pat.
-using HoldMask = int;
-inline constexpr HoldMask kStandPat = 31;
-// How the two piles of Pick 'Em are written as holds: the player's two cards and the top of the
-// left pile, or of the right one.
-inline constexpr HoldMask kLeftPile = 28;
-inline constexpr HoldMask kRightPile = 25;
-// The player's two cards, which are all that stays when the right pile is drawn.
-inline constexpr HoldMask kPlayersTwo = 24;
-
-// True when the mask holds the position 0..4 from the left.
-constexpr bool Holds(HoldMask mask, int position) { return ((mask >> (4 - position)) & 1) != 0; }
-
-// Ascending; wild cards are 0, empty positions -1, an ace 1 or, playing high, 14.
+// The ranks of a hand in rising order; wild cards are 0, empty positions -1, an ace 1 or, playing
+// high, 14.
 using SortedRanks = std::array<int, kHandSize>;
 
-struct Hand {
-    std::array<int, kHandSize> ranks{-1, -1, -1, -1, -1};  // 1..13, 0 a joker, -1 an empty position
-    std::array<int, kHandSize> suits{};                    // Suit
-    std::array<bool, kHandSize> wild{};
-};
+using WildFlags = std::array<bool, kHandSize>;  // by position
 
 struct HandFeatures {
     int pairs = 0;          // pairs of equal rank: 0, 1, 2, 3, 4, 6 or 10
     int straightSteps = 0;  // sorted neighbours one rank apart; 4 = straight
     int suitPairs = 0;      // pairs of equal suit; 10 = flush
     int highPairs = 0;      // pairs of a rank from the table's minPair up, or of aces
-    int lowPairs = 0;
-    int highCards = 0;  // cards of a rank from the table's minPair up, and aces
-    int lowCards = 0;
-    int royalCards = 0;  // cards from ten to ace, and the wild cards
+    int highCards = 0;      // cards of a rank from the table's minPair up, and aces
+    int royalCards = 0;     // cards from ten to ace, and the wild cards
     int wilds = 0;
     int reds = 0;    // hearts and diamonds
     int blacks = 0;  // spades and clubs
     int aces = 0;
-    int jacks = 0;
-    int heldCount = 0;       // cards looked at in a partial evaluation, 0 in a full one
-    int flushSuit = 0;       // the suit that all natural cards share
-    bool flushFlag = false;  // they share one, or there are none to share it
 
     bool operator==(const HandFeatures&) const = default;
 };
@@ -57,12 +33,13 @@ struct HandFeatures {
 // aside.
 struct EvaluatedHand {
     Hand hand;
+    WildFlags wild{};
     HandFeatures features;
     SortedRanks sortedRanks{};
 
     HandFeatures savedFeatures;
     SortedRanks savedSortedRanks{};
-    std::array<bool, kHandSize> savedWild{};
+    WildFlags savedWild{};
 };
 
 struct Classification {
@@ -74,7 +51,10 @@ struct Classification {
     int Pay() const;
 };
 
-SortedRanks SortRanks(const Hand& hand);
+// The hand with its wild cards marked as the table has them, ready to be reduced.
+EvaluatedHand WithWildFlags(const Hand& hand, const PayTable& table);
+
+SortedRanks SortRanks(const Hand& hand, const WildFlags& wild);
 
 // Reduces all five cards, wild cards as wild when the table uses them.
 void ComputeFeatures(EvaluatedHand& evaluated, const PayTable& table);
@@ -85,21 +65,22 @@ void ComputeFeatures(EvaluatedHand& evaluated, const PayTable& table);
 void ComputePartialFeatures(EvaluatedHand& evaluated, const PayTable& table, HoldMask mask,
                             bool useWilds);
 
-// The dealt hand of a Pick 'Em game: pairs among the cards of positions 0..2 and the rank of the
-// other pile's top card. Two pairs lie in different piles and count as one; all other counts are 0.
+// Reduces the dealt hand of a Pick 'Em game: to the pairs among the cards of positions 0..2 and the
+// rank of the other pile's top card. Two pairs lie in different piles and count as one; all other
+// counts are 0.
 void ComputePickEmDealFeatures(EvaluatedHand& evaluated, const PayTable& table, int otherPileRank);
 
 // Put the features, the sorted ranks and the hand's wild flags aside, and back.
 void SaveFeatures(EvaluatedHand& evaluated);
 void RestoreFeatures(EvaluatedHand& evaluated);
 
-// The first matching line. Wants the features computed and saved: lines that wild cards may not
-// make are tested on the natural hand, and the saved features are back in place afterwards.
+// Finds the first matching line. Wants the features computed and saved: lines that wild cards may
+// not make are tested on the natural hand, and the saved features are back in place afterwards.
 Classification ClassifyHand(EvaluatedHand& evaluated, const PayTable& table, int bet);
 
 // Computes, saves and classifies five cards.
 Classification EvaluateHand(const Hand& hand, const PayTable& table, int bet);
 
-// The blackjack values of the five ranks add up to 21: ace 1, or one ace 11, face cards 10, joker
-// 0.
-bool IsCharlie(const std::array<int, kHandSize>& ranks);
+// Whether the blackjack values of the five ranks add up to 21: ace 1, or one ace 11, face cards 10,
+// joker 0.
+bool IsCharlie(const Hand& hand);

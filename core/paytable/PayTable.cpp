@@ -97,7 +97,7 @@ PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName
     table.targetBonus = reader.Flag("TgtBonus");
     for (int i = 0; i < LineCount(reader); ++i) table.lines.push_back(ReadLine(reader, i));
 
-    // Last, because naming another file makes the engine read that one.
+    // The wins come last, because naming another file makes the engine read that one.
     for (std::size_t i = 0; !gamePath.empty() && i < table.lines.size(); ++i) {
         const std::string key = "Payline" + std::to_string(i) + "Won";
         table.lines[i].totalWins = std::max(0, file.GetInt(section, key, 0, gamePath));
@@ -126,14 +126,11 @@ void SetWildCards(PayTable& table, int jokers, std::span<const int> wildRanks) {
     const bool fifthAce = table.type == GameType::kFiveAces;
     table.jokers = fifthAce ? 0 : std::clamp(jokers, 0, kMaxJokers);
     table.deckSize = fifthAce ? 53 : 52 + table.jokers;
-    table.wildCardCount = table.jokers;
     table.wildRanks.fill(kNoWildRank);
     auto next = table.wildRanks.begin();
     for (const int rank : wildRanks) {
         const bool named = std::find(table.wildRanks.begin(), next, rank) != next;
-        if (named || next == table.wildRanks.end()) continue;
-        *next++ = rank;
-        table.wildCardCount += 4;
+        if (!named && next != table.wildRanks.end()) *next++ = rank;
     }
 }
 

@@ -46,8 +46,6 @@ struct PayTable {
     int deckSize = 52;
     int jokers = 0;                                                // 0..5
     std::array<int, kMaxWildRanks> wildRanks{-1, -1, -1, -1, -1};  // 1..13, then kNoWildRank
-    int wildCardCount =
-        0;             // jokers and cards of wild ranks; wild jacks of kOneEyedJacks not counted
     int minPair = 15;  // lowest rank of a paying pair, aces are 14: 15 lets only aces pay
     int maxBet = 5;    // at least 1
     bool usesWilds = false;

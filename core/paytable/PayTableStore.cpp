@@ -49,7 +49,7 @@ class TableSectionAccess {
     void WriteRanks(const std::string& key, const std::string& typed) const {
         Write(key, ParseRankList(typed).value_or(""));
     }
-    // False when there was none.
+    // Removes a key; false when there was none.
     bool Remove(const std::string& key) const {
         constexpr std::string_view kNone = "\n";  // no value holds a line break
         if (file.GetString(section, key, kNone, ProfileFile::kWholeValue, path) == kNone) {
@@ -153,7 +153,7 @@ void RenameSections(ProfileFile& file, const std::string& oldName, const std::st
     }
 }
 
-// In the change that the note is about, which brings both to the disk at once.
+// Writes the note into the change that it is about, so that both reach the disk at once.
 void Note(const PayTableFiles& files, const TableEdit& edit) {
     if (files.gamePath.empty()) return;
     const auto write = [&](std::string_view key, const std::string& value) {

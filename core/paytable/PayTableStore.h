@@ -45,7 +45,7 @@ struct PayTableTexts {
     bool operator==(const PayTableTexts&) const = default;
 };
 
-// The lines before the first one without a rank.
+// The number of lines before the first one without a rank.
 int LineCount(const PayTableTexts& table);
 
 struct GameOfTables {
@@ -74,7 +74,7 @@ struct TableEdit {
     std::string gamePath{};  // in use at that time
 };
 
-// Nothing when none is unfinished.
+// The edit that a note in the file says was begun and not finished; nothing when there is none.
 std::optional<TableEdit> ReadUnfinishedEdit(ProfileFile& file, const std::string& mainPath);
 void FinishEdit(ProfileFile& file, const std::string& mainPath);
 

@@ -13,11 +13,12 @@ bool SamePath(const std::string& a, const std::string& b);
 // Whether two paths lead to one file that is there, by links or other spellings too, or name one.
 bool SameFile(const std::string& a, const std::string& b);
 
-// Nothing when the path names something else than a plain file, or when not all of it could be
-// read.
+// What is in a file. Nothing when the path names something else than a plain file, or when not all
+// of it could be read.
 std::optional<std::string> ReadWholeFile(const std::string& path);
 
-// Goes on where the system has taken only a part, or was interrupted.
+// Writes all contents, going on where the system has taken only a part or was interrupted. False
+// when the rest could not be written.
 bool WriteAll(int descriptor, std::string_view contents);
 
 // A file that is written anew while its old contents stay in their place. The new contents go to a
@@ -42,7 +43,8 @@ class FileReplacement {
     // False once a step has failed; nothing that follows helps then.
     bool Write(std::string_view piece);
 
-    // True when the file has the new contents; otherwise it is as it was. At most once.
+    // Puts the new contents into place. True when the file has them; otherwise it is as it was. To
+    // be called at most once.
     bool Commit();
 
   private:

@@ -14,6 +14,6 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
-// That of the file behind the links; nothing when there is none, or something else than a plain
-// file.
+// The stamp of the file behind the links; nothing when there is none, or something else than a
+// plain file.
 std::optional<FileStamp> StampOf(const std::string& path);

@@ -11,7 +11,7 @@
 // messages go to, behind what is there already: a file put in its place would not get the rest.
 class OutputFile {
   public:
-    // Waits for the reader of a named pipe.
+    // Opens the file; where that is a named pipe, waits for its reader.
     explicit OutputFile(const std::string& path);
     ~OutputFile();  // what was not closed leaves a plain file as it was
     OutputFile(const OutputFile&) = delete;
@@ -30,5 +30,5 @@ class OutputFile {
     bool closed = false;
 };
 
-// The same for contents that are at hand.
+// Writes a whole output file at once. True when all has reached it.
 bool WriteOutputFile(const std::string& path, std::string_view contents);

@@ -242,7 +242,7 @@ void ProfileFile::Close() {
     held.clear();
 }
 
-// Null when the file cannot be read.
+// The image of the file, which becomes the current one; null when the file cannot be read.
 ProfileFile::Image* ProfileFile::Load(const std::string& path) {
     if (current && SamePath(current->path, path)) {
         Refresh();
@@ -298,7 +298,7 @@ void ProfileFile::LeaveHeld() {
     std::erase_if(images, [](const auto& image) { return !image->dirty || !image->stamp; });
 }
 
-// Null when no image of the file is kept.
+// The image that is kept of the file; null when there is none.
 ProfileFile::Image* ProfileFile::Find(const std::string& path) {
     const auto found = std::ranges::find_if(
         images, [&](const auto& image) { return SamePath(image->path, path); });
@@ -319,7 +319,7 @@ bool ProfileFile::IsHeld(const std::string& path) const {
     return !held.empty() && SamePath(held, path);
 }
 
-// Valid until the image changes.
+// The value of a key, valid until the image changes; nothing when it is missing.
 std::optional<std::string_view> ProfileFile::FindValue(std::string_view section,
                                                        std::string_view key,
                                                        const std::string& path) {
@@ -357,7 +357,7 @@ std::string ProfileFile::Image::Contents() const {
     return contents;
 }
 
-// Null when it is missing.
+// The section of that name; null when it is missing.
 ProfileFile::Section* ProfileFile::Image::FindSection(std::string_view name) {
     if (name.empty()) return nullptr;
     const auto found = std::ranges::find_if(
@@ -365,7 +365,8 @@ ProfileFile::Section* ProfileFile::Image::FindSection(std::string_view name) {
     return found == sections.end() ? nullptr : &*found;
 }
 
-// Null when it is missing and could not be read back under this name.
+// The section of that name, added at the end when it is missing; null when it could then not be
+// read back under this name.
 ProfileFile::Section* ProfileFile::Image::FindOrAppendSection(std::string_view name) {
     if (Section* found = FindSection(name)) return found;
     if (!CanNameSection(name)) return nullptr;
@@ -411,7 +412,7 @@ void ProfileFile::Image::DeleteKey(std::string_view section, std::string_view ke
     dirty = true;
 }
 
-// False when it is missing.
+// Takes the section away; false when it is missing.
 bool ProfileFile::Image::DeleteSection(std::string_view name) {
     const Section* found = FindSection(name);
     if (!found) return false;
@@ -431,7 +432,7 @@ bool ProfileFile::Image::IsOnDisk() {
     return true;
 }
 
-// True when nothing waits to be written any more.
+// Writes what waits to be written; true when nothing does any more.
 bool ProfileFile::Image::Write() { return !dirty || (IsOnDisk() && Replace()); }
 
 bool ProfileFile::Image::Replace() {

@@ -29,7 +29,7 @@
 
 class ProfileFile {
   public:
-    // As the size of GetString: the value however long it is.
+    // Given to GetString for the size, it gets the value however long it is.
     static constexpr std::size_t kWholeValue = static_cast<std::size_t>(-1);
 
     ProfileFile() = default;
@@ -42,8 +42,8 @@ class ProfileFile {
     std::string GetString(std::string_view section, std::string_view key,
                           std::string_view otherwise, std::size_t size, const std::string& path);
 
-    // By the rules of ParseInt and ParseDouble: a key without a value reads as 0. otherwise when
-    // the file, the section or the key is missing.
+    // The value read by the rules of ParseInt and ParseDouble: a key without a value reads as 0.
+    // It is otherwise when the file, the section or the key is missing.
     std::int32_t GetInt(std::string_view section, std::string_view key, std::int32_t otherwise,
                         const std::string& path);
     std::int32_t GetLong(std::string_view section, std::string_view key, std::int32_t otherwise,

@@ -34,14 +34,14 @@ struct DataFilePaths {
     std::string analysisCache;
 };
 
-// That of the running program.
+// The environment of the running program.
 DataEnvironment ReadDataEnvironment();
 
 // The program's own folder when data may be kept there, otherwise the user's ("Tolvane" among the
 // data of all programs), which need not exist yet. Empty when there is neither.
 std::string FindDataFolder(const DataEnvironment& environment);
 
-// Nothing when there is no data folder.
+// The paths of all live data; nothing when there is no data folder.
 std::optional<DataFilePaths> FindDataFiles(const DataEnvironment& environment);
 
 // True when the folder is there afterwards; whether it can be written, the lock file tells.
@@ -58,6 +58,6 @@ void StoreCurrentGamePath(const std::string& gamePath, const DataFilePaths& path
 std::string DocumentTitle(const std::string& gameName, const std::string& gamePath,
                           const DataFilePaths& paths);
 
-// A copy in place of any file that is there, for one that no profile file holds. False when that
+// Copies a file that no profile file holds, in place of any file that is there. False when that
 // failed: a file that was there is then as it was.
 bool CopyWholeFile(const std::string& from, const std::string& to);

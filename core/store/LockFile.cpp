@@ -25,7 +25,8 @@ constexpr std::size_t kLongestHolder = 512;
 constexpr std::size_t kLongestName = 256;
 constexpr int kTries = 10;
 
-// Never through a link, which may lead anywhere, and without waiting for a pipe. A file of another
+// Opens a lock file, never through a link, which may lead anywhere, and without waiting for a pipe.
+// A file of another
 // user may often be read and not written, and can be locked all the same. Programs started by this
 // one must not inherit the lock and hold on to it. -1 with errno when there is no such file.
 int Open(const std::string& path) {
@@ -174,7 +175,7 @@ void LockFile::Release() {
     if (descriptor < 0) return;
     if (state == State::kHeld) {
         [[maybe_unused]] int ignored = ftruncate(descriptor, 0);
-        // While it is locked, so that nobody else can have begun to rely on it.
+        // It goes while it is locked, so that nobody else can have begun to rely on it.
         if (passing && IsInPlace()) ignored = unlink(path.c_str());
     }
     close(std::exchange(descriptor, -1));

@@ -23,9 +23,9 @@ class LockFile {
         std::string Text() const;
     };
 
-    // Each tries once and does not wait. That of a data folder is "Tolvane.lock" in it, which stays
-    // and says nothing by being there. That of a game file is a hidden file beside it, or beside
-    // the file behind a link, and goes with the lock.
+    // Each tries once to take a lock and does not wait. The lock of a data folder is "Tolvane.lock"
+    // in it, which stays and says nothing by being there. The lock of a game file is a hidden file
+    // beside it, or beside the file behind a link, and goes with the lock.
     static LockFile OfDataFolder(const std::string& folder);
     static LockFile OfGameFile(const std::string& gamePath);
 
@@ -37,7 +37,7 @@ class LockFile {
 
     State GetState() const { return state; }
 
-    // When taken.
+    // Who holds the lock when the state is kTaken.
     const Holder& HeldBy() const { return holder; }
 
   private:

@@ -45,7 +45,7 @@ struct OldAnalysis {
     std::string nothing;
 };
 
-// Also what the path of a broken link names.
+// Whether anything has this path, a broken link included.
 bool Exists(const std::string& path) {
     std::error_code error;
     return fs::symlink_status(path, error).type() != fs::file_type::not_found;

@@ -27,7 +27,7 @@ struct MachineSettings {
     bool operator==(const MachineSettings&) const = default;
 };
 
-// In milliseconds.
+// The pauses of the animation, in milliseconds.
 struct Delays {
     int deal = 0;  // after the backs are shown, before cards are turned
     int card = 0;  // after each card that is turned

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <limits>
 
-#include "core/analysis/ErrorLog.h"
 #include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
+#include "core/store/ErrorLog.h"
 
 namespace {
 

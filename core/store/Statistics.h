@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/cards/CardTable.h"
+#include "core/cards/Hand.h"
 
 class ProfileFile;
 struct PayTable;
@@ -48,15 +48,15 @@ struct Statistics {
     Counter doubleUpsTied;
     Counter bonusTries;
     Counter playErrors;
-    DollarSum bestReturns;                            // of the best holds of all checked hands
-    DollarSum errorCosts;                             // of all play errors
-    std::int32_t sessionDollarsIn = 0;                // dollars entered
-    std::int32_t nextError = 0;                       // entries in the error log, 0..kErrorLogSize
-    std::array<CardCode, 5> setCards{0, 1, 2, 3, 4};  // the fixed hand; kNoCard = dealt at random
-    std::array<CardCode, 5> setDraws{5, 6, 7, 8, 9};  // its replacement cards
-    double elapsedBase = 0;         // hours played before the session, as stored when it began
-    std::int64_t sessionStart = 0;  // seconds since the epoch
-    double sessionHours = 0;        // as of the last save
+    DollarSum bestReturns;              // of the best holds of all checked hands
+    DollarSum errorCosts;               // of all play errors
+    std::int32_t sessionDollarsIn = 0;  // dollars entered
+    std::int32_t nextError = 0;         // entries in the error log, 0..kErrorLogSize
+    HandCards setCards{0, 1, 2, 3, 4};  // the fixed hand; kNoCard = dealt at random
+    HandCards setDraws{5, 6, 7, 8, 9};  // its replacement cards
+    double elapsedBase = 0;             // hours played before the session, as stored when it began
+    std::int64_t sessionStart = 0;      // seconds since the epoch
+    double sessionHours = 0;            // as of the last save
 
     bool operator==(const Statistics&) const = default;
 };
@@ -65,7 +65,7 @@ struct Statistics {
 // of the total (&Counter::session, &Counter::total).
 std::int64_t CreditsReturned(const Statistics& statistics, std::int32_t Counter::*copy);
 
-// The same less the credits played.
+// CreditsReturned less the credits played.
 std::int64_t NetCredits(const Statistics& statistics, std::int32_t Counter::*copy);
 
 struct CounterKey {

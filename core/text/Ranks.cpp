@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t kMaxTokens = 13;
 constexpr std::string_view kRankChars = "WA23456789TJQKA";
 
-// At least one token, an empty one for an empty text.
+// The tokens of a list, at least one: an empty one for an empty text.
 std::vector<std::string_view> Tokens(std::string_view text) {
     std::vector<std::string_view> tokens;
     for (;;) {
@@ -39,7 +39,7 @@ std::vector<std::string_view> TypedTokens(std::string_view text) {
     }
 }
 
-// 0 when the token is no rank.
+// The rank that a token names; 0 when it is no rank.
 int TypedRank(std::string_view token) {
     if (token.empty()) return 0;
     const int letter = RankFromChar(token.front());

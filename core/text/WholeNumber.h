@@ -11,7 +11,7 @@ struct WholeNumber {
 
     bool IsZero() const { return digits.empty(); }
 
-    // The 64-bit number nearest to it.
+    // The 64-bit number nearest to this one.
     std::int64_t Nearest() const;
 
     bool operator==(const WholeNumber&) const = default;
@@ -26,5 +26,5 @@ WholeNumber ReadWholeNumber(std::string_view text);
 // at all. Nothing for any other text: "4000 coins" and "4,00" are no numbers, nor are two of them.
 std::optional<std::string> PlainWholeNumber(std::string_view typed);
 
-// Whether a is the smaller one.
+// Whether a is less than b.
 bool operator<(const WholeNumber& a, const WholeNumber& b);

@@ -5,6 +5,7 @@
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
 #include "game/GameEngine.h"
+#include "game/reports/PlayErrorText.h"
 #include "game/reports/Quotient.h"
 
 namespace {
@@ -39,9 +40,8 @@ ErrorLogEntry LoggedError(const GameEngine& engine, const GameFiles& files, int 
 std::string ErrorTitle(int index) { return "Error " + std::to_string(index + 1); }
 
 std::string ErrorText(const GameEngine& engine, const ErrorLogEntry& entry) {
-    const bool pickEm = IsPickEm(engine);
     const auto pattern = [&](HoldMask hold) {
-        return HoldText(entry, hold, engine.deck.table, pickEm);
+        return HoldText(engine, entry.hand, entry.draws[0], hold);
     };
     const double cost = entry.bestReturn - entry.playerReturn;
     return Line("Best Play", pattern(entry.best)) + Line("Your Play", pattern(entry.player)) +

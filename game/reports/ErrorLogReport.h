@@ -4,7 +4,7 @@
 #pragma once
 #include <string>
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 
 struct GameEngine;
 struct GameFiles;

@@ -5,9 +5,9 @@
 #include <span>
 #include <utility>
 
-#include "core/analysis/ErrorLog.h"
 #include "core/text/Amount.h"
 #include "game/Dealing.h"
+#include "game/reports/PlayErrorText.h"
 
 namespace {
 
@@ -161,24 +161,18 @@ std::vector<HoldMask> HoldsByReturn(const GameEngine& spare) {
 }
 
 std::string HoldPattern(const GameEngine& spare, HoldMask hold) {
-    ErrorLogEntry cards;
-    cards.hand = spare.dealtCopy;
-    cards.draws = spare.drawCards;
-    std::string text = HoldText(cards, hold, spare.deck.table, IsPickEm(spare));
+    std::string text = HoldText(spare, spare.dealtCopy, spare.drawCards[0], hold);
     const int known = ResultOf(spare, hold).knownCardPosition;
     if (known >= 0) text[static_cast<std::size_t>(known)] = 'D';
     return text;
 }
 
-std::array<PlacedCard, kPlaces> PlacesOf(const GameEngine& engine, const HandCards& hand,
-                                         CardCode firstDraw) {
-    std::array<PlacedCard, kPlaces> places;
-    std::ranges::transform(hand, places.begin(),
-                           [&](CardCode code) { return CardAt(engine, code); });
+Hand PlacesOf(const GameEngine& engine, const HandCards& hand, CardCode firstDraw) {
+    Hand places = FacesOf(engine.deck.table, hand);
     if (!IsPickEm(engine)) return places;
     places[kThirdCardPlace] = places[kPickEmGap];
     places[kPickEmGap] = {};
-    places[kOtherPilePlace] = CardAt(engine, firstDraw);
+    places[kOtherPilePlace] = FaceOf(engine.deck.table, firstDraw);
     return places;
 }
 

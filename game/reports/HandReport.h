@@ -35,15 +35,13 @@ bool IsAnalyzed(const GameEngine& spare);
 // not be analysed.
 std::vector<HoldMask> HoldsByReturn(const GameEngine& spare);
 
-// The text of HoldText in core/analysis/ErrorLog.h, with a "D" where the known draw card of Sneak
-// Peak Poker comes to lie.
+// The text of HoldText in game/reports/PlayErrorText.h, with a "D" where the known draw card of
+// Sneak Peak Poker comes to lie.
 std::string HoldPattern(const GameEngine& spare, HoldMask hold);
 
 // The five places of the "Starting Hand". In Pick 'Em place 2 is empty, place 3 shows the third
 // card of the hand and place 4 the first draw card. A code that is not in the deck shows no card.
-std::array<PlacedCard, kPlaces> PlacesOf(const GameEngine& engine,
-                                         const std::array<CardCode, kHandSize>& hand,
-                                         CardCode firstDraw);
+Hand PlacesOf(const GameEngine& engine, const HandCards& hand, CardCode firstDraw);
 
 // A heading, an empty line, and a line for each of HoldsByReturn, with tabs between the cells and
 // "\r\n" at the ends: the pattern, the return in dollars, the draws, winners, losers, and the pay

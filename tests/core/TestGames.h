@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,7 +70,6 @@ inline PayTable DeucesWild() {
     table.gameId = 330;
     table.usesWilds = true;
     table.wildRanks = {2, -1, -1, -1, -1};
-    table.wildCardCount = 4;
     table.lines = {Natural(kRoyalFlush, 250), Wild(kFourWilds, 200),   Wild(kWildRoyalFlush, 25),
                    Wild(kFiveOfAKind, 15),    Wild(kStraightFlush, 9), Wild(kFourOfAKind, 5),
                    Wild(kFullHouse, 3),       Wild(kFlush, 2),         Wild(kStraight, 2),
@@ -198,24 +198,8 @@ inline void DecideDuel(Deck& deck, int wanted) {
     }
 }
 
-inline CardFace FaceOf(const CardTable& deck, CardCode card) {
-    const CardInfo& info = deck.cards[static_cast<std::size_t>(card)];
-    return {info.rank, info.suit};
-}
-
-inline Hand DealtHand(const CardTable& deck, const std::vector<CardCode>& cards) {
-    Hand hand;
-    for (std::size_t i = 0; i < kHandSize && i < cards.size(); ++i) {
-        const CardInfo& card = deck.cards[static_cast<std::size_t>(cards[i])];
-        hand.ranks[i] = card.rank;
-        hand.suits[i] = card.suit;
-        hand.wild[i] = card.wild;
-    }
-    return hand;
-}
-
 inline Hand DealtHand(const PayTable& table, std::string_view text) {
-    return DealtHand(BuildCardTable(DeckOf(table)), Cards(table, text, kHandSize));
+    return FacesOf(BuildCardTable(DeckOf(table)), Cards(table, text, kHandSize));
 }
 
 // Every choice of so many cards of the deck, each in rising order.
@@ -241,11 +225,9 @@ inline KnownCards Known(const PayTable& table, std::string_view text) {
     const std::size_t count = pickEm ? 4 : sneakPeak ? 6 : kHandSize;
     const CardTable deck = BuildCardTable(DeckOf(table));
     const auto cards = Cards(table, text, count);
-    KnownCards known;
     const std::size_t inHand = pickEm ? 3 : kHandSize;
-    for (std::size_t i = 0; i < inHand; ++i) known.hand[i] = FaceOf(deck, cards.at(i));
-    if (count != kHandSize) known.firstDraw = FaceOf(deck, cards.at(inHand));
-    return known;
+    const CardFace next = count == kHandSize ? CardFace() : FaceOf(deck, cards.at(inHand));
+    return {FacesOf(deck, std::span(cards).first(inHand)), next};
 }
 
 // Five cards and a first draw card, which most games do not look at.
@@ -254,10 +236,7 @@ KnownCards RandomHand(const CardTable& deck, Random& random) {
     std::vector<CardCode> cards(static_cast<std::size_t>(deck.deckSize));
     std::iota(cards.begin(), cards.end(), 0);
     std::shuffle(cards.begin(), cards.end(), random);
-    KnownCards known;
-    for (std::size_t i = 0; i < kHandSize; ++i) known.hand[i] = FaceOf(deck, cards[i]);
-    known.firstDraw = FaceOf(deck, cards[kHandSize]);
-    return known;
+    return {FacesOf(deck, cards), FaceOf(deck, cards[kHandSize])};
 }
 
 inline HoldAnalysis Analyzed(const PayTable& table, std::string_view text, int bet = 5,

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "core/analysis/AnalysisFiles.h"
+#include "core/store/AnalysisFiles.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

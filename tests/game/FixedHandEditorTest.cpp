@@ -12,7 +12,7 @@ using Codes = std::array<CardCode, 5>;
 std::string Placed(const FixedHandEditor& editor) {
     std::string text;
     for (int place = 0; place < kPlaces; ++place) {
-        const PlacedCard card = editor.At(place);
+        const CardFace card = editor.At(place);
         if (place > 0) text += ' ';
         text += card.IsEmpty()   ? "__"
                 : card.IsJoker() ? "W"
@@ -29,8 +29,8 @@ TEST_F(FixedHandEditorTest, OpensWithTheHandLastDealtWhoseCurrentCardIsReplaced)
     Deal(kDealt);
     FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H 2S");
-    EXPECT_EQ(editor.DrawCard(0), (PlacedCard{3, kSpades}));
-    EXPECT_EQ(editor.DrawCard(4), (PlacedCard{7, kSpades}));
+    EXPECT_EQ(editor.DrawCard(0), (CardFace{3, kSpades}));
+    EXPECT_EQ(editor.DrawCard(4), (CardFace{7, kSpades}));
     EXPECT_FALSE(editor.IsFree(kDiamonds, 13)) << "in a place";
     EXPECT_TRUE(editor.IsFree(kSpades, 3)) << "replacements stay in the grid";
     EXPECT_FALSE(editor.IsFree(kStars, 1)) << "not in this deck";
@@ -131,7 +131,7 @@ TEST_F(FixedHandEditorTest, AHandThatNoDeckHasLeavesPlacesEmpty) {
     EXPECT_EQ(Placed(editor), "8S __ __ __ __");
     EXPECT_TRUE(editor.DrawCard(0).IsEmpty());
     EXPECT_TRUE(editor.DrawCard(1).IsEmpty());
-    EXPECT_EQ(editor.DrawCard(3), (PlacedCard{8, kSpades}));
+    EXPECT_EQ(editor.DrawCard(3), (CardFace{8, kSpades}));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "game/TableCommands.h"
 #include "tests/game/FakePorts.h"
 

@@ -166,14 +166,13 @@ TEST(PayTableFormTest, ARankTakesTheListsThatItsHandsAreTestedFor) {
     const auto paid = [](HandRank rank, const LineTraits& traits) {
         PayTable table;
         table.usesWilds = true;
+        table.wildRanks[0] = 2;
         table.lines = {Wild(rank, 1, traits)};
         std::string hands;
         for (int code = 0; code < 4 * 4 * 4 * 4 * 4; ++code) {
-            Hand hand;
-            for (std::size_t i = 0; i < kHandSize; ++i) {
-                hand.ranks[i] = 1 + ((code >> (2 * i)) & 3);  // aces to fours, deuces wild
-                hand.suits[i] = 1 + static_cast<int>(i % 4);
-                hand.wild[i] = hand.ranks[i] == 2;
+            Hand hand;  // of aces to fours
+            for (int i = 0; i < kHandSize; ++i) {
+                hand.at(static_cast<std::size_t>(i)) = {1 + ((code >> (2 * i)) & 3), 1 + i % 4};
             }
             hands += EvaluateHand(hand, table, 1).line == 0 ? '1' : '0';
         }

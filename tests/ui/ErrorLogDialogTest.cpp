@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 #include "game/GameTable.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"

@@ -112,7 +112,7 @@ void AssignFixedHandDialog::AddJokers(QGridLayout& layout) {
     }
 }
 
-void AssignFixedHandDialog::AddCard(QGridLayout& layout, int row, int column, PlacedCard card) {
+void AssignFixedHandDialog::AddCard(QGridLayout& layout, int row, int column, CardFace card) {
     auto* button = new PictureButton(store, kRankTile, this);
     button->setFocusPolicy(Qt::ClickFocus);
     if (card.IsJoker()) {
@@ -214,7 +214,7 @@ void AssignFixedHandDialog::ShowAll() {
     }
     for (const GridCard& card : grid) {
         const bool free = IsFree(card);
-        const PlacedCard shown = card.card.IsJoker() ? PlacedCard{0, kNoSuit} : card.card;
+        const CardFace shown = card.card.IsJoker() ? CardFace{0, kNoSuit} : card.card;
         card.button->SetPicture(free ? RankPictureOf(shown) : Picture::kEmptyPicture);
         if (!free) LeaveTaken(card);
         card.button->setEnabled(free);
@@ -226,7 +226,7 @@ void AssignFixedHandDialog::ShowAll() {
 }
 
 void AssignFixedHandDialog::ShowPlace(int place) {
-    const PlacedCard card = editor.At(place);
+    const CardFace card = editor.At(place);
     const Place& shown = places[static_cast<std::size_t>(place)];
     const QString name = tr("place %1, %2").arg(QString::number(place + 1), NameOf(card));
     const bool current = place == editor.CurrentPlace();

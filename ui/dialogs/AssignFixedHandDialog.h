@@ -31,7 +31,7 @@ class AssignFixedHandDialog : public QDialog {
         PictureButton* button;
         int row;
         int column;
-        PlacedCard card;  // a joker's suit is its number, 0..4
+        CardFace card;  // a joker's suit is its number, 0..4
     };
     struct Place {
         PlaceFrame* frame;
@@ -41,7 +41,7 @@ class AssignFixedHandDialog : public QDialog {
     QWidget* MakeGrid();
     void AddRow(QGridLayout& layout, int suit, int ranks);
     void AddJokers(QGridLayout& layout);
-    void AddCard(QGridLayout& layout, int row, int column, PlacedCard card);
+    void AddCard(QGridLayout& layout, int row, int column, CardFace card);
     QWidget* MakePlaces();
     QWidget* MakeDraws();
     QWidget* MakeButtons();

@@ -166,7 +166,7 @@ void ErrorLogDialog::ShowError(int shown) {
     text->ShowReport(ErrorText(engine, entry));
     const auto cards = PlacesOf(engine, entry.hand, entry.draws[0]);
     for (std::size_t i = 0; i < places.size(); ++i) places[i]->SetCard(cards[i]);
-    knownCard->SetCard(CardAt(engine, entry.draws[0]));
+    knownCard->SetCard(FaceOf(engine.deck.table, entry.draws[0]));
 
     const bool nextHadFocus = next->hasFocus();
     const bool previousHadFocus = previous->hasFocus();

@@ -14,4 +14,4 @@ FirstDrawCard::FirstDrawCard(const GameEngine& engine, PictureStore& store, QWid
     setVisible(IsSneakPeak(engine));
 }
 
-void FirstDrawCard::SetCard(const PlacedCard& shown) { card->SetCard(shown); }
+void FirstDrawCard::SetCard(const CardFace& shown) { card->SetCard(shown); }

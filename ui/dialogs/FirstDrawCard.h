@@ -5,7 +5,7 @@
 class PictureStore;
 class SmallCard;
 struct GameEngine;
-struct PlacedCard;
+struct CardFace;
 
 class FirstDrawCard : public QGroupBox {
     Q_OBJECT
@@ -14,7 +14,7 @@ class FirstDrawCard : public QGroupBox {
     // The store outlives the group.
     FirstDrawCard(const GameEngine& engine, PictureStore& store, QWidget* parent);
 
-    void SetCard(const PlacedCard& shown);
+    void SetCard(const CardFace& shown);
 
   private:
     SmallCard* card;

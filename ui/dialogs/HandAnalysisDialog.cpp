@@ -41,13 +41,13 @@ bool WantsHandAgain(QWidget* parent) {
 }
 
 // "A" and a spade; a joker is the letter that the report shows.
-QString ShortName(const PlacedCard& card) {
+QString ShortName(const CardFace& card) {
     static const QString kSuitSigns = QString::fromUtf8(" ♠♥♣♦★");
     const QString rank = QChar::fromLatin1(RankChar(card.rank));
     return card.IsJoker() ? rank : rank + kSuitSigns.at(card.suit);
 }
 
-std::array<PlacedCard, kPlaces> ShownPlaces(const GameEngine& engine) {
+Hand ShownPlaces(const GameEngine& engine) {
     return PlacesOf(engine, engine.hand, engine.drawCards[0]);
 }
 
@@ -55,9 +55,7 @@ std::array<PlacedCard, kPlaces> ShownPlaces(const GameEngine& engine) {
 std::array<bool, kPlaces> HeldPlaces(const GameEngine& engine, HoldMask hold) {
     if (IsPickEm(engine)) return {true, true, false, hold == kLeftPile, hold == kRightPile};
     std::array<bool, kPlaces> held{};
-    for (int place = 0; place < kPlaces; ++place) {
-        held[static_cast<std::size_t>(place)] = Holds(hold, place);
-    }
+    for (std::size_t place = 0; place < kPlaces; ++place) held[place] = Holds(hold, place);
     return held;
 }
 
@@ -164,7 +162,7 @@ void HandAnalysisDialog::ShowHand() {
         const QString name = tr("place %1, %2").arg(QString::number(i + 1), NameOf(cards[i]));
         places[i]->SetCard(cards[i], name);
     }
-    knownCard->SetCard(CardAt(spare, spare.drawCards[0]));
+    knownCard->SetCard(FaceOf(spare.deck.table, spare.drawCards[0]));
     ShowReport();
     ShowChart();
 }

@@ -23,7 +23,7 @@ PlaceButtons::PlaceButtons(PictureStore& store, int place, QWidget* parent,
     }
 }
 
-void PlaceButtons::SetCard(const PlacedCard& card, const QString& accessibleName) {
+void PlaceButtons::SetCard(const CardFace& card, const QString& accessibleName) {
     rank->SetPicture(RankPictureOf(card));
     suit->SetPicture(SuitPictureOf(card));
     for (auto* button : {rank, suit}) button->setAccessibleName(accessibleName);

@@ -6,7 +6,7 @@
 
 class PictureButton;
 class PictureStore;
-struct PlacedCard;
+struct CardFace;
 
 class PlaceButtons : public QWidget {
     Q_OBJECT
@@ -16,7 +16,7 @@ class PlaceButtons : public QWidget {
     PlaceButtons(PictureStore& store, int place, QWidget* parent,
                  const std::function<void()>& clicked);
 
-    void SetCard(const PlacedCard& card, const QString& accessibleName);
+    void SetCard(const CardFace& card, const QString& accessibleName);
 
   private:
     PictureButton* rank;

@@ -6,15 +6,15 @@
 #include "ui/art/PictureStore.h"
 #include "ui/dialogs/PictureButton.h"
 
-Picture RankPictureOf(const PlacedCard& card) {
+Picture RankPictureOf(const CardFace& card) {
     return card.IsJoker() ? Picture::kJokerPicture : RankPicture(card.rank, card.suit);
 }
 
-Picture SuitPictureOf(const PlacedCard& card) {
+Picture SuitPictureOf(const CardFace& card) {
     return card.IsEmpty() || card.IsJoker() ? Picture::kEmptyPicture : SuitPicture(card.suit);
 }
 
-QString NameOf(const PlacedCard& card) {
+QString NameOf(const CardFace& card) {
     static const std::array<QString, kRanks + 1> kRankNames = {
         "joker", "ace", "2", "3", "4", "5", "6", "7", "8", "9", "10", "jack", "queen", "king"};
     static const std::array<QString, kStars + 1> kSuitNames = {"",      "spades",   "hearts",
@@ -30,7 +30,7 @@ SmallCard::SmallCard(PictureStore& store, QWidget* parent) : QWidget(parent), st
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void SmallCard::SetCard(const PlacedCard& shown) {
+void SmallCard::SetCard(const CardFace& shown) {
     card = shown;
     setAccessibleName(NameOf(card));
     update();

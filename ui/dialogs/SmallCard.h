@@ -9,11 +9,11 @@
 class PictureStore;
 
 // A joker is a joker above an empty picture; no card is two empty ones.
-Picture RankPictureOf(const PlacedCard& card);
-Picture SuitPictureOf(const PlacedCard& card);
+Picture RankPictureOf(const CardFace& card);
+Picture SuitPictureOf(const CardFace& card);
 
 // "king of hearts", "joker", "no card".
-QString NameOf(const PlacedCard& card);
+QString NameOf(const CardFace& card);
 
 class SmallCard : public QWidget {
     Q_OBJECT
@@ -22,7 +22,7 @@ class SmallCard : public QWidget {
     // The store outlives the widget.
     SmallCard(PictureStore& store, QWidget* parent);
 
-    void SetCard(const PlacedCard& shown);
+    void SetCard(const CardFace& shown);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -32,5 +32,5 @@ class SmallCard : public QWidget {
 
   private:
     PictureStore& store;
-    PlacedCard card;
+    CardFace card;
 };

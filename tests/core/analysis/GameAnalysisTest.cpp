@@ -100,7 +100,7 @@ TEST(GameAnalysisTest, TheReturnIsThatOfEveryHandDealt) {
 }
 
 // The best returns of a hand in all orders of its cards.
-double SumOverOrders(const LineTables& tables, const PayTable& table, const HandFaces& hand) {
+double SumOverOrders(const LineTables& tables, const PayTable& table, const Hand& hand) {
     HoldAnalysis analysis;
     double sum = 0;
     Placement order = kAsGiven;
@@ -138,7 +138,7 @@ TEST(GameAnalysisTest, FourAcesInOrderPayForTheirOrdersOnlyInAnyGame) {
 using SortedFaces = std::vector<std::pair<int, int>>;
 
 // The cards of a hand under the renaming of suits that puts them lowest.
-SortedFaces ClassOf(const HandFaces& cards) {
+SortedFaces ClassOf(const Hand& cards) {
     std::array<int, 5> suits = {0, 1, 2, 3, 4};
     SortedFaces least;
     do {
@@ -189,7 +189,7 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
                                   [&, left = i % 2 + (i % 4 == 3 ? 1 : 0)](int card) mutable {
                                       return card % 13 == 0 && left-- > 0;
                                   });
-            HandFaces hand;
+            Hand hand;
             for (std::size_t at = 0; at < kHandSize; ++at)
                 hand[at] = {deck[at] % 13 + 1, deck[at] / 13 + 1};
             const double sum = SumOverOrders(tables, table, hand);

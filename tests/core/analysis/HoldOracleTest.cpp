@@ -46,7 +46,7 @@ class Dealer {
 
     void Draw(std::size_t gap, std::size_t from) {
         if (gap == gaps.size()) {
-            const int line = EvaluateHand(DealtHand(deck, final), analyzed, 5).line;
+            const int line = EvaluateHand(FacesOf(deck, final), analyzed, 5).line;
             ++counts[line < 0 ? kMaxPayLines : static_cast<std::size_t>(line)];
             return;
         }
@@ -182,7 +182,7 @@ TEST(HoldOracleTest, AKnownFirstDrawCardComesWithEveryDraw) {
             if (Holds(mask, position)) continue;
             gap = position;
             cards[static_cast<std::size_t>(gap)] = seen[5];
-            held |= 16 >> gap;
+            held |= PositionBit(gap);
         }
         EXPECT_EQ(analysis.holds[static_cast<std::size_t>(mask)].knownCardPosition, gap);
         ExpectHold(table, analysis, mask, Dealer(table, cards, held, seen).DealEveryDraw());

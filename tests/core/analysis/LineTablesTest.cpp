@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <utility>
 
 #include "core/analysis/Combinations.h"
 #include "core/analysis/LineTableCache.h"
@@ -22,9 +23,7 @@ std::int64_t Sum(const LineCounts& counts) {
 
 SortedCards SortedFaces(const LineTables& tables, const Hand& hand) {
     SortedCards cards;
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        InsertCard(cards, i, tables.ToSetCard({hand.ranks[i], hand.suits[i]}));
-    }
+    for (std::size_t i = 0; i < kHandSize; ++i) InsertCard(cards, i, tables.ToSetCard(hand[i]));
     return cards;
 }
 
@@ -35,7 +34,7 @@ LineCounts DealtOneByOne(const PayTable& table) {
     LineCounts counts{};
     int unknown = 0;
     ForEachChoice(deck, kHandSize, [&](const std::vector<CardCode>& hand) {
-        const Hand dealt = DealtHand(deck, hand);
+        const Hand dealt = FacesOf(deck, hand);
         const int line = EvaluateHand(dealt, table, 1).line;
         if (tables.LineOfFive(SortedFaces(tables, dealt)) != line) ++unknown;
         ++counts[line < 0 ? kNothingLane : static_cast<std::size_t>(line)];
@@ -88,19 +87,40 @@ TEST(CombinationsTest, DrawsAreCountedByTheBinomialCoefficients) {
     }
 }
 
-TEST(LineTableCacheTest, TablesAreKeptWhileTheHandsOfTheLinesStayTheSame) {
+TEST(LineTableCacheTest, EveryFieldOfAPayTableMakesOtherTablesUnlessNoHandIsClassifiedByIt) {
     LineTableCache cache;
     PayTable table = JacksOrBetter();
     const auto first = cache.For(table);
-    table.lines[3].maxPayout = 40;
-    table.lines[3].description = "FULL";
-    table.lines[3].totalWins = 7;
-    EXPECT_EQ(cache.For(table), first);
-    EXPECT_NE(cache.For(DeucesWild()), first);
-    EXPECT_EQ(cache.For(table), first) << "beside another game";
-    table.minPair = 13;
-    EXPECT_NE(cache.For(table), first);
-    EXPECT_EQ(cache.For(JacksOrBetter()), first);
+    const auto matters = [&](auto& field, const auto& other) {
+        const auto before = std::exchange(field, other);
+        const bool changed = cache.For(table) != first;
+        field = before;
+        EXPECT_EQ(cache.For(table), first) << "kept beside the other";
+        return changed;
+    };
+    // All fields are named: a new one does not compile until it is asked about here.
+    auto& [gameId, type, deckSize, jokers, wildRanks, minPair, maxBet, usesWilds, charlie, redBlack,
+           spin, target, lines] = table;
+    EXPECT_TRUE(matters(type, GameType::kDoubleDraw));
+    EXPECT_TRUE(matters(deckSize, 53));
+    EXPECT_TRUE(matters(jokers, 1));
+    EXPECT_TRUE(matters(wildRanks, std::array{2, -1, -1, -1, -1}));
+    EXPECT_TRUE(matters(minPair, 13));
+    EXPECT_TRUE(matters(usesWilds, true));
+    EXPECT_TRUE(matters(lines, WithLine(table, Natural(kRoyalFlush, 1)).lines));
+    EXPECT_FALSE(matters(gameId, 9001));
+    EXPECT_FALSE(matters(maxBet, 1));
+    for (bool* bonus : {&charlie, &redBlack, &spin, &target}) EXPECT_FALSE(matters(*bonus, true));
+
+    auto& [rank, description, shortDescription, payout, maxPayout, bonusQuads, trailers, wildsOK,
+           sessionWins, totalWins] = lines[3];
+    EXPECT_TRUE(matters(rank, kFlush));
+    EXPECT_TRUE(matters(bonusQuads, std::vector{1}));
+    EXPECT_TRUE(matters(trailers, std::vector{1}));
+    EXPECT_TRUE(matters(wildsOK, true));
+    for (std::string* text : {&description, &shortDescription}) EXPECT_FALSE(matters(*text, "X"));
+    for (int* number : {&payout, &maxPayout, &sessionWins, &totalWins})
+        EXPECT_FALSE(matters(*number, 77));
 }
 
 }  // namespace

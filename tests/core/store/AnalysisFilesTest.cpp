@@ -1,4 +1,4 @@
-#include "core/analysis/AnalysisFiles.h"
+#include "core/store/AnalysisFiles.h"
 
 #include <gtest/gtest.h>
 

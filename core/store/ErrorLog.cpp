@@ -1,10 +1,9 @@
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 
 #include <algorithm>
 
 #include "core/profile/ProfileFile.h"
 #include "core/text/Numbers.h"
-#include "core/text/Ranks.h"
 
 namespace {
 
@@ -35,15 +34,6 @@ CardCode TakeCard(std::string_view& text) {
 HoldMask TakeMask(std::string_view& text) {
     const HoldMask mask = ParseInt(TakeField(text));
     return mask >= 0 && mask <= kStandPat ? mask : 0;
-}
-
-char RankOf(const CardTable& cards, CardCode card) {
-    if (card < 0 || card >= cards.deckSize) return '?';
-    return RankChar(cards.cards[static_cast<std::size_t>(card)].rank);
-}
-
-std::string AmountLine(std::string_view label, double amount) {
-    return std::string(label) + FormatDouble("%-9.4f", amount) + "\r\n";
 }
 
 void WriteCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
@@ -111,31 +101,4 @@ bool ClearErrorLog(ProfileFile& file, const std::string& gamePath, const std::st
     }
     WriteCounts(file, gamePath, section, ErrorCounts(), "%3.2f");
     return file.Save(gamePath);
-}
-
-std::string HoldText(const ErrorLogEntry& entry, HoldMask mask, const CardTable& cards,
-                     bool pickEm) {
-    std::string text = "_____";
-    if (pickEm) {
-        text[0] = RankOf(cards, entry.hand[0]);
-        text[1] = RankOf(cards, entry.hand[1]);
-        const bool left = mask == kLeftPile;
-        text[left ? 3 : 4] = RankOf(cards, left ? entry.hand[2] : entry.draws[0]);
-        return text;
-    }
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (Holds(mask, static_cast<int>(i))) text[i] = RankOf(cards, entry.hand[i]);
-    }
-    return text;
-}
-
-std::string BestPlayErrorText(const ErrorLogEntry& entry, const CardTable& cards, bool pickEm,
-                              double coin) {
-    const double cost = entry.bestReturn - entry.playerReturn;
-    return HoldText(entry, entry.best, cards, pickEm) +
-           " is the best play for this hand. Continue?\r\n\r\n" +
-           AmountLine("Best Play Return ($): ", entry.bestReturn) +
-           AmountLine("Your Play Return ($): ", entry.playerReturn) +
-           AmountLine("Cost of error ($): ", cost) + AmountLine("Cost in Coin: ", cost / coin) +
-           "\r\n";
 }

@@ -1,28 +1,19 @@
 // The play errors of a game and table: a log of at most 100 entries, the oldest first, in the
-// section that holds the statistics of the table (TableSection), and what is said of an error.
+// section that holds the statistics of the table (TableSection).
 #pragma once
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "core/cards/CardTable.h"
-#include "core/eval/HandEvaluator.h"
+#include "core/cards/Hand.h"
 
 class ProfileFile;
 
 inline constexpr int kErrorLogSize = 100;
 
-inline constexpr std::string_view kDrawAgainCaption = "Draw Again?";
-inline constexpr std::string_view kDrawAgainQuestion = "Do you wish to draw again?";
-inline constexpr std::string_view kBetterToHold =
-    "The best play is to hold. Do you still wish to draw again?";
-inline constexpr std::string_view kBetterToDrawAgain =
-    "The best play is to draw again. Do you still wish to hold?";
-
 struct ErrorLogEntry {
-    std::array<CardCode, kHandSize> hand{kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
-    std::array<CardCode, kHandSize> draws = hand;  // in the order in which they replace discards
+    HandCards hand = kNoCards;
+    HandCards draws = kNoCards;  // in the order in which they replace discards
     HoldMask best = 0;
     HoldMask player = 0;
     double bestReturn = 0;    // dollars
@@ -63,14 +54,3 @@ bool SaveErrorCounts(ProfileFile& file, const std::string& gamePath, const std::
 
 // Empties all entries and zeroes the four keys; false when the file did not reach the disk.
 bool ClearErrorLog(ProfileFile& file, const std::string& gamePath, const std::string& section);
-
-// A hold of the entry's hand as five characters, "_" for a discard: "_A__K". Pick 'Em shows the two
-// cards of the hand, and the top card of the chosen pile: the left one in the fourth place for the
-// mask 28, otherwise the right one in the fifth. A place that should show a card but has none is
-// "?".
-std::string HoldText(const ErrorLogEntry& entry, HoldMask mask, const CardTable& cards,
-                     bool pickEm);
-
-// What the Best Play Error dialog says; coin is the dollars for a credit, not 0.
-std::string BestPlayErrorText(const ErrorLogEntry& entry, const CardTable& cards, bool pickEm,
-                              double coin);

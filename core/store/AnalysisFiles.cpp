@@ -1,4 +1,4 @@
-#include "core/analysis/AnalysisFiles.h"
+#include "core/store/AnalysisFiles.h"
 
 #include <algorithm>
 #include <charconv>
@@ -32,7 +32,7 @@ std::string Hands(double hands) { return FormatDecimals("%19.0lf", hands); }
 
 std::string Money(double value) { return FormatDecimals("%19.4lf", value); }
 
-// Each followed by a semicolon.
+// The numbers of hands, each followed by a semicolon.
 std::string HandsByDraw(std::span<const double, kDraws> hands) {
     std::string text;
     for (const double number : hands) text += Hands(number) + ';';
@@ -82,12 +82,13 @@ class LineWriter {
         next = std::to_chars(next, end, number).ptr;
     }
 
-    // As a stream writes it: six significant digits, an exponent for the very large and small.
+    // Writes a number as a stream does: six significant digits, an exponent for the very large and
+    // small.
     void Double(double value) {
         next = std::to_chars(next, end, value, std::chars_format::general, 6).ptr;
     }
 
-    // A whole number, or up to six decimals.
+    // Writes a whole number, or up to six decimals.
     void Weight(double weight) {
         if (std::trunc(weight) == weight && std::abs(weight) < kWholeNumberLimit) {
             return Number(static_cast<std::int64_t>(weight));
@@ -98,25 +99,20 @@ class LineWriter {
     }
 
     void Card(CardFace face) {
-        if (face.rank < 0) {
-            Char('_');
-            return Char('_');
-        }
-        Char(RankChar(face.rank));
-        if (face.rank == 0) return;
-        Char(SuitChar(face.suit));
+        Char(face.IsEmpty() ? '_' : RankChar(face.rank));
+        if (!face.IsJoker()) Char(face.IsEmpty() ? '_' : SuitChar(face.suit));
     }
 
-    void Cards(const HandFaces& cards) {
+    void Cards(const Hand& cards) {
         for (std::size_t i = 0; i < kHandSize; ++i) {
             if (i > 0) Char(' ');
             Card(cards[i]);
         }
     }
 
-    void Hold(const HandFaces& cards, HoldMask mask) {
+    void Hold(const Hand& cards, HoldMask mask) {
         for (std::size_t i = 0; i < kHandSize; ++i) {
-            const bool held = (mask & (16 >> i)) != 0 && cards[i].rank >= 0;
+            const bool held = Holds(mask, i) && !cards[i].IsEmpty();
             Char(held ? RankChar(cards[i].rank) : '_');
         }
     }

@@ -1,4 +1,4 @@
-#include "core/analysis/ErrorLog.h"
+#include "core/store/ErrorLog.h"
 
 #include <gtest/gtest.h>
 
@@ -61,7 +61,6 @@ TEST(ErrorLogEntryTest, NothingReadFromAnEntryLeadsPastTheCardsOrTheHolds) {
     mended.hand = {kNoCard, kNoCard, kNoCard, 0, 0};
     mended.draws = {56, 0, 0, 0, 0};
     EXPECT_EQ(ParseEntry("57,99999999999,-7,x,,56,,,,,32,-1,1e999,nan"), mended);
-    EXPECT_EQ(HoldText(mended, 31, BuildCardTable({}), false), "???AA");
 }
 
 TEST_F(ErrorLogTest, TheHundredAndFirstErrorPushesTheOldestOut) {
@@ -92,23 +91,6 @@ TEST_F(ErrorLogTest, TheCountsReachTheDiskAtOnceAndClearingEmptiesAll) {
         "Error1=\nError2=\n"));
     EXPECT_TRUE(cleared.ends_with("\nError99=\n\n"));
     EXPECT_FALSE(ClearErrorLog(file, folder.Path("missing.qdx"), "G(0)"));
-}
-
-TEST(ErrorLogTextTest, AHoldShowsTheRanksOfTheHeldPlaces) {
-    const PayTable joker = JokerPoker(1);
-    const auto entry = Played(joker, "KD AS TC W 9H 2S 3S 4S 5S 6S", 0b01011, 0);
-    const CardTable cards = BuildCardTable(DeckOf(joker));
-    EXPECT_EQ(HoldText(entry, entry.best, cards, false), "_A_W9");
-}
-
-TEST(ErrorLogTextTest, TheMessageSaysWhatTheErrorCost) {
-    auto entry = Played(JacksOrBetter(), "KD AS TC 9H 8H 2S 3S 4S 5S 6S", 0b11000, 0);
-    EXPECT_EQ(BestPlayErrorText(entry, BuildCardTable({}), false, 0.25),
-              "KA___ is the best play for this hand. Continue?\r\n\r\n"
-              "Best Play Return ($): 1.5365   \r\n"
-              "Your Play Return ($): 1.5000   \r\n"
-              "Cost of error ($): 0.0365   \r\n"
-              "Cost in Coin: 0.1460   \r\n\r\n");
 }
 
 }  // namespace
