@@ -1,14 +1,12 @@
-#include "cli/AutoplayCommand.h"
+#include "cli/Commands.h"
 
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
-#include "cli/Interrupt.h"
-#include "cli/JsonText.h"
-#include "cli/ProgressBar.h"
 #include "cli/TableChoice.h"
+#include "cli/Terminal.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/analysis/LineTableCache.h"
@@ -16,6 +14,7 @@
 #include "game/Autoplay.h"
 #include "game/reports/StatisticsReport.h"
 
+namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -149,3 +148,5 @@ Command AutoplayCommand() {
     return {"autoplay", "Plays hands with the best holds and prints the statistics", AddArguments,
             RunAutoplay};
 }
+
+}  // namespace cli

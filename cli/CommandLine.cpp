@@ -1,12 +1,12 @@
-#include "cli/CommandLine.h"
+#include "cli/Commands.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <vector>
 
-#include "cli/NearestNames.h"
 #include "cli/Texts.h"
 
+namespace cli {
 namespace {
 
 constexpr const char* kDescription =
@@ -192,3 +192,5 @@ Answer CommandParser::Run(int argc, const char* const* argv) {
 Answer AnswerCommandLine(std::span<const Command> commands, int argc, const char* const* argv) {
     return CommandParser(commands).Run(argc, argv);
 }
+
+}  // namespace cli

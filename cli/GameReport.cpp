@@ -5,12 +5,12 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "cli/JsonText.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
 
+namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -222,3 +222,5 @@ std::string GamesAsJson(std::span<const GameReport> reports) {
     for (const GameReport& report : reports) list.push_back(ReportAsJson(report));
     return JsonText(list);
 }
+
+}  // namespace cli

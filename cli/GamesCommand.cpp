@@ -1,15 +1,15 @@
-#include "cli/GamesCommand.h"
+#include "cli/Commands.h"
 
 #include <nlohmann/json.hpp>
 
-#include "cli/DataFolder.h"
-#include "cli/GameChoice.h"
-#include "cli/JsonText.h"
+#include "cli/TableChoice.h"
 #include "cli/TextTable.h"
+#include "cli/Texts.h"
 #include "core/paytable/GameCatalogue.h"
 #include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
 
+namespace cli {
 namespace {
 
 struct GameTables {
@@ -58,3 +58,5 @@ Command GamesCommand() {
     return {"games", "The catalogue: id, name, tables, whether the Games menu offers it",
             NoArguments, RunGames};
 }
+
+}  // namespace cli

@@ -5,6 +5,7 @@
 
 #include "cli/Texts.h"
 
+namespace cli {
 namespace {
 
 constexpr double kMaxCoin = 1'000'000;  // dollars; keeps every return far from overflow
@@ -127,3 +128,5 @@ void AddResultFiles(CLI::App& parser, Options& options) {
     parser.add_flag("--cache", options.cache,
                     "Keep the figures for the window program, in \"Game Analyses.ini\"");
 }
+
+}  // namespace cli

@@ -1,20 +1,90 @@
 #include "cli/ResultFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 
-#include "cli/DataFolder.h"
-#include "cli/OwnFiles.h"
+#include "cli/TableChoice.h"
 #include "cli/Texts.h"
 #include "core/analysis/AnalysisFiles.h"
 #include "core/profile/AtomicFile.h"
 #include "core/profile/OutputFile.h"
+#include "core/store/DataFiles.h"
 
 namespace fs = std::filesystem;
 
+namespace cli {
 namespace {
 
+constexpr std::string_view kGameFileEnding = ".qdx";
 constexpr const char* kCacheName = "Game Analyses.ini";
+
+// Empty when the system cannot follow the path.
+fs::path FullPath(const std::string& path) {
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(path, error), error);
+}
+
+std::string EndingOf(const fs::path& file) {
+    std::string ending = file.extension().string();
+    std::ranges::transform(ending, ending.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return ending;
+}
+
+bool HasOwnEnding(const fs::path& file) {
+    constexpr std::array endings = {kGameFileEnding, std::string_view(".ini"),
+                                    std::string_view(".114"), std::string_view(".wav"),
+                                    std::string_view(".lock")};
+    return std::ranges::find(endings, EndingOf(file)) != endings.end();
+}
+
+bool IsProgram(const fs::path& file) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    return fs::is_regular_file(status) &&
+           (status.permissions() & fs::perms::owner_exec) != fs::perms::none;
+}
+
+// The file may have another name here, as a hard link has.
+bool IsOwnFileOf(const fs::path& folder, const fs::path& file) {
+    std::error_code error;
+    if (HasOwnEnding(file) && fs::equivalent(file.parent_path(), folder, error)) return true;
+    if (!fs::exists(file, error)) return false;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code gone;
+        if ((HasOwnEnding(entry->path()) || IsProgram(entry->path())) &&
+            fs::equivalent(entry->path(), file, gone)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Also when there is no such file yet. Links and other spellings of a path are followed.
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    if (fs::equivalent(a, b, error)) return true;
+    const fs::path full = FullPath(a);
+    return !full.empty() && full == FullPath(b);
+}
+
+// True of the pay tables, game files, analyses, sounds and programs in the named data folder, in
+// the player's and beside the program, whether there already or not, and of every game file that is
+// there. What is compared are the files, as by IsSameFile.
+bool IsOwnFile(const std::string& path, const std::optional<std::string>& dataFolder) {
+    const fs::path file = FullPath(path);
+    std::error_code error;
+    if (EndingOf(file) == kGameFileEnding && fs::exists(file, error)) return true;
+    const DataEnvironment environment = ReadDataEnvironment();
+    const std::array<fs::path, 3> folders = {DataFolder(dataFolder), FindDataFolder(environment),
+                                             fs::path(environment.programFile).parent_path()};
+    return std::ranges::any_of(folders, [&file](const fs::path& folder) {
+        return !folder.empty() && IsOwnFileOf(folder, file);
+    });
+}
 
 bool IsFolder(const std::string& path) {
     std::error_code error;
@@ -104,3 +174,5 @@ void ResultFiles::Close(std::vector<std::string>& problems) {
     if (!options.cache || (cache.Flush() && !cacheMissed)) return;
     problems.push_back("the analysis could not be kept in " + QuotedPath(CachePath()));
 }
+
+}  // namespace cli

@@ -1,13 +1,63 @@
 #include "cli/TableChoice.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
-#include "cli/DataFolder.h"
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
+#include "core/paytable/GameCatalogue.h"
 #include "core/profile/ProfileFile.h"
+#include "core/store/DataFiles.h"
+#include "core/text/Numbers.h"
 
+namespace fs = std::filesystem;
+
+namespace cli {
 namespace {
+
+constexpr const char* kMainFileName = "Tolvane.ini";
+
+bool IsThere(const fs::path& file) {
+    std::error_code error;
+    return fs::status(file, error).type() != fs::file_type::not_found;
+}
+
+bool CanRead(const fs::path& file) {
+    std::error_code error;
+    return fs::is_regular_file(file, error) && std::ifstream(file).good();
+}
+
+bool IsNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+Failure UnknownGame(std::string_view text, const std::vector<CatalogueGame>& games) {
+    if (IsNumber(text)) {
+        return {kWrongUse, "no game has the id " + Quoted(text) +
+                               ": built-in games have 300 to 356, your own 9001 to 9010, and "
+                               "\"tolvane-cli games\" lists them"};
+    }
+    std::vector<std::string> names;
+    names.reserve(games.size());
+    for (const CatalogueGame& game : games) names.push_back(game.name);
+    return {kWrongUse, "unknown game " + Quoted(text) + DidYouMean(text, names)};
+}
+
+std::optional<Failure> ChooseGame(std::string_view text, const std::vector<CatalogueGame>& games,
+                                  CatalogueGame& chosen) {
+    auto found = games.end();
+    if (IsNumber(text)) {
+        found = std::ranges::find(games, ParseInt(text), &CatalogueGame::id);
+    }
+    if (found == games.end()) {
+        found = std::ranges::find_if(
+            games, [text](const CatalogueGame& game) { return SameText(game.name, text); });
+    }
+    if (found == games.end()) return UnknownGame(text, games);
+    chosen = *found;
+    return std::nullopt;
+}
 
 Failure NoSuchTable(ProfileFile& file, const std::string& mainPath, const ChosenTable& chosen) {
     std::vector<std::string> tables;
@@ -37,6 +87,41 @@ void LoadTable(ProfileFile& file, const std::string& mainPath, ChosenTable& chos
 }
 
 }  // namespace
+
+std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
+                                    std::string& path) {
+    const DataEnvironment environment = ReadDataEnvironment();
+    const fs::path folder = dataFolder ? *dataFolder : FindDataFolder(environment);
+    const fs::path shippedFolder =
+        dataFolder ? folder : fs::path(environment.programFile).parent_path();
+    for (const fs::path& file : {folder / kMainFileName, shippedFolder / kShippedMainProfile}) {
+        if (file.parent_path().empty() || !IsThere(file)) continue;
+        path = file;
+        if (CanRead(file)) return std::nullopt;
+        return Failure{kFailed, QuotedPath(path) +
+                                    " cannot be read: make it readable, or name another folder "
+                                    "with --data"};
+    }
+    const std::string shippedPlace = dataFolder ? "there" : "beside the program";
+    return Failure{kFailed, "neither Tolvane.ini in " + QuotedPath(folder.string()) +
+                                " nor Tolvane.114 " + shippedPlace +
+                                ": name the folder that holds one of them with --data"};
+}
+
+std::string DataFolder(const std::optional<std::string>& named) {
+    return named ? *named : FindDataFolder(ReadDataEnvironment());
+}
+
+std::vector<CatalogueGame> CatalogueGames(ProfileFile& file, const std::string& mainPath) {
+    std::vector<CatalogueGame> games;
+    for (const BuiltInGame& game : BuiltInGames()) {
+        games.push_back({game.id, std::string(game.name), game.offered});
+    }
+    for (const UserGame& game : UserGames(file, mainPath)) {
+        games.push_back({game.id, game.name, true});
+    }
+    return games;
+}
 
 std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen) {
     std::string mainPath;
@@ -84,3 +169,5 @@ std::vector<std::string> CardTexts(const CardTable& deck, const std::vector<Card
     for (const CardCode card : cards) texts.push_back(CardText(deck, card));
     return texts;
 }
+
+}  // namespace cli
