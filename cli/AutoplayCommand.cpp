@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <nlohmann/json.hpp>
+#include <numeric>
 #include <string_view>
 
 #include "cli/TableChoice.h"
@@ -43,6 +44,8 @@ void SetUp(const Options& options, LineTableCache& tables, Session& session) {
     engine.settings.coin = options.coin;
     UseTable(engine, session.chosen.payTable, tables);
     session.seed = options.seed.value_or(static_cast<std::uint32_t>(SystemSeconds()));
+    // A deck is built in an order of the clock's.
+    std::iota(engine.deck.order.begin(), engine.deck.order.end(), 0);
     engine.deck.random.RandomInit(session.seed);
 }
 
