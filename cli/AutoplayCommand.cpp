@@ -118,10 +118,8 @@ std::string AsText(const Session& session, double coin) {
     AddBox(StatisticsErrors(engine), table);
     AddBox(StatisticsLines(engine, StatisticsDisplay::kHands), table);
     const ChosenTable& chosen = session.chosen;
-    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
-           std::to_string(chosen.index) + ", bet " + std::to_string(chosen.bet) + " x " +
-           Dollars(coin) + ", seed " + std::to_string(session.seed) + "\n\n" + table.Text() +
-           WhatIsNotPlayed(chosen);
+    return Heading(chosen, chosen.bet, coin) + ", seed " + std::to_string(session.seed) + "\n\n" +
+           table.Text() + WhatIsNotPlayed(chosen);
 }
 
 void AddArguments(CLI::App& parser, Options& options) {

@@ -36,13 +36,6 @@ std::vector<std::string> Bar(double share, double longest) {
                         '#')};
 }
 
-std::string Heading(const GameReport& report) {
-    const ChosenTable& chosen = report.chosen;
-    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
-           std::to_string(chosen.index) + ", bet " + std::to_string(kFullBet) + " x " +
-           Dollars(report.coin) + "\n\n";
-}
-
 std::string KeyFigures(const GameReport& report) {
     const GameTotals& totals = report.totals;
     std::string text = "Return    " + Percent("%.6f", totals.payoutPercent) + ": $" +
@@ -189,7 +182,8 @@ Json ReportAsJson(const GameReport& report) {
 }  // namespace
 
 std::string GameAsText(const GameReport& report) {
-    return Heading(report) + KeyFigures(report) + LineTable(report) + DrawTable(report);
+    return Heading(report.chosen, kFullBet, report.coin) + "\n\n" + KeyFigures(report) +
+           LineTable(report) + DrawTable(report);
 }
 
 std::string GamesAsText(std::span<const GameReport> reports) {

@@ -115,13 +115,6 @@ std::string CardsText(const HandReport& report) {
     return text;
 }
 
-std::string Heading(const HandReport& report) {
-    const ChosenTable& chosen = report.chosen;
-    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
-           std::to_string(chosen.index) + ", bet " + std::to_string(chosen.bet) + " x " +
-           Dollars(report.coin) + "\n" + CardsText(report) + "\n\n";
-}
-
 std::string Legend(const HandReport& report) {
     if (KnowsFirstDraw(report)) return "\n** where " + report.cards.back() + " comes to lie\n";
     if (IsDoubleDraw(report)) {
@@ -165,7 +158,8 @@ std::string HandAsText(const HandReport& report) {
              FormatDouble("%.2f", hold.WinRate() * 100) + "%", std::to_string(hold.totalHands)},
             LinesToCome(report, mask));
     }
-    return Heading(report) + text.Text() + Legend(report);
+    return Heading(report.chosen, report.chosen.bet, report.coin) + "\n" + CardsText(report) +
+           "\n\n" + text.Text() + Legend(report);
 }
 
 // All 32 by mask.

@@ -10,13 +10,14 @@
 #include "core/profile/AtomicFile.h"
 #include "core/profile/OutputFile.h"
 #include "core/store/DataFiles.h"
+#include "core/text/Numbers.h"
 
 namespace fs = std::filesystem;
 
 namespace cli {
 namespace {
 
-constexpr std::string_view kGameFileEnding = ".qdx";
+constexpr const char* kGameFileEnding = ".qdx";
 constexpr const char* kCacheName = "Game Analyses.ini";
 
 // Empty when the system cannot follow the path.
@@ -25,19 +26,10 @@ fs::path FullPath(const std::string& path) {
     return fs::weakly_canonical(fs::absolute(path, error), error);
 }
 
-std::string EndingOf(const fs::path& file) {
-    std::string ending = file.extension().string();
-    std::ranges::transform(ending, ending.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return ending;
-}
-
 bool HasOwnEnding(const fs::path& file) {
-    constexpr std::array endings = {kGameFileEnding, std::string_view(".ini"),
-                                    std::string_view(".114"), std::string_view(".wav"),
-                                    std::string_view(".lock")};
-    return std::ranges::find(endings, EndingOf(file)) != endings.end();
+    constexpr std::array endings = {kGameFileEnding, ".ini", ".114", ".wav", ".lock"};
+    return std::ranges::any_of(
+        endings, [&](auto ending) { return SameText(file.extension().string(), ending); });
 }
 
 bool IsProgram(const fs::path& file) {
@@ -77,7 +69,8 @@ bool IsSameFile(const std::string& a, const std::string& b) {
 bool IsOwnFile(const std::string& path, const std::optional<std::string>& dataFolder) {
     const fs::path file = FullPath(path);
     std::error_code error;
-    if (EndingOf(file) == kGameFileEnding && fs::exists(file, error)) return true;
+    if (SameText(file.extension().string(), kGameFileEnding) && fs::exists(file, error))
+        return true;
     const DataEnvironment environment = ReadDataEnvironment();
     const std::array<fs::path, 3> folders = {DataFolder(dataFolder), FindDataFolder(environment),
                                              fs::path(environment.programFile).parent_path()};
@@ -91,10 +84,12 @@ bool IsFolder(const std::string& path) {
     return fs::is_directory(path, error);
 }
 
-// A slash in a game's name would lead into another folder.
-std::string InFolder(const std::string& folder, std::string name) {
+// The file itself, or the one of that name in a folder. A slash in a game's name would lead into
+// another folder.
+std::optional<std::string> FileOf(const std::optional<std::string>& path, std::string name) {
+    if (!path || !IsFolder(*path)) return path;
     std::ranges::replace(name, '/', '_');
-    return (fs::path(folder) / name).string();
+    return (fs::path(*path) / name).string();
 }
 
 // An empty file is what a profile file starts from; it creates none by itself.
@@ -136,15 +131,11 @@ std::optional<Failure> ResultFiles::CheckTargets(const ChosenTable& chosen) cons
 }
 
 std::optional<std::string> ResultFiles::SummaryPath(const ChosenTable& chosen) const {
-    const auto& path = options.summaryPath;
-    if (!path || !IsFolder(*path)) return path;
-    return InFolder(*path, SummaryFileName(chosen.game.name, chosen.index));
+    return FileOf(options.summaryPath, SummaryFileName(chosen.game.name, chosen.index));
 }
 
 std::optional<std::string> ResultFiles::DetailPath(const ChosenTable& chosen) const {
-    const auto& path = options.detailPath;
-    if (!path || !IsFolder(*path)) return path;
-    return InFolder(*path, DetailFileName(chosen.game.name, chosen.index));
+    return FileOf(options.detailPath, DetailFileName(chosen.game.name, chosen.index));
 }
 
 std::string ResultFiles::CachePath() const {

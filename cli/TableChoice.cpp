@@ -7,7 +7,6 @@
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
 #include "core/paytable/GameCatalogue.h"
-#include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
 #include "core/text/Numbers.h"
 
@@ -26,6 +25,26 @@ bool IsThere(const fs::path& file) {
 bool CanRead(const fs::path& file) {
     std::error_code error;
     return fs::is_regular_file(file, error) && std::ifstream(file).good();
+}
+
+std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
+                                    std::string& path) {
+    const DataEnvironment environment = ReadDataEnvironment();
+    const fs::path folder = dataFolder ? *dataFolder : FindDataFolder(environment);
+    const fs::path shippedFolder =
+        dataFolder ? folder : fs::path(environment.programFile).parent_path();
+    for (const fs::path& file : {folder / kMainFileName, shippedFolder / kShippedMainProfile}) {
+        if (file.parent_path().empty() || !IsThere(file)) continue;
+        path = file;
+        if (CanRead(file)) return std::nullopt;
+        return Failure{kFailed, QuotedPath(path) +
+                                    " cannot be read: make it readable, or name another folder "
+                                    "with --data"};
+    }
+    const std::string shippedPlace = dataFolder ? "there" : "beside the program";
+    return Failure{kFailed, "neither Tolvane.ini in " + QuotedPath(folder.string()) +
+                                " nor Tolvane.114 " + shippedPlace +
+                                ": name the folder that holds one of them with --data"};
 }
 
 bool IsNumber(std::string_view text) {
@@ -59,12 +78,13 @@ std::optional<Failure> ChooseGame(std::string_view text, const std::vector<Catal
     return std::nullopt;
 }
 
-Failure NoSuchTable(ProfileFile& file, const std::string& mainPath, const ChosenTable& chosen) {
+Failure NoSuchTable(Catalogue& catalogue, const ChosenTable& chosen) {
+    auto& [file, mainPath, games] = catalogue;
+    const std::string& name = chosen.game.name;
     std::vector<std::string> tables;
-    for (const int index : TableChain(file, chosen.game.name, mainPath)) {
+    for (const int index : TableChain(file, name, mainPath)) {
         tables.push_back(std::to_string(index));
     }
-    const std::string& name = chosen.game.name;
     if (tables.empty())
         return {kFailed, Quoted(name) + " has no pay table in " + QuotedPath(mainPath)};
     return {kFailed, Quoted(name) + " has no table " + std::to_string(chosen.index) + ": take " +
@@ -80,79 +100,63 @@ std::optional<Failure> ChooseBet(const Options& options, ChosenTable& chosen) {
                                   std::to_string(maxBet) + " coins"};
 }
 
-void LoadTable(ProfileFile& file, const std::string& mainPath, ChosenTable& chosen) {
+// False when the game has no table of that index.
+bool LoadTable(Catalogue& catalogue, ChosenTable& chosen) {
+    auto& [file, mainPath, games] = catalogue;
     const auto& [id, name, offered] = chosen.game;
+    if (!TableExists(file, name, chosen.index, mainPath)) return false;
     chosen.payTable = LoadPayTable(file, id, name, chosen.index, mainPath, "");
     chosen.deck = BuildCardTable(DeckOf(chosen.payTable));
+    return true;
 }
 
 }  // namespace
-
-std::optional<Failure> FindMainFile(const std::optional<std::string>& dataFolder,
-                                    std::string& path) {
-    const DataEnvironment environment = ReadDataEnvironment();
-    const fs::path folder = dataFolder ? *dataFolder : FindDataFolder(environment);
-    const fs::path shippedFolder =
-        dataFolder ? folder : fs::path(environment.programFile).parent_path();
-    for (const fs::path& file : {folder / kMainFileName, shippedFolder / kShippedMainProfile}) {
-        if (file.parent_path().empty() || !IsThere(file)) continue;
-        path = file;
-        if (CanRead(file)) return std::nullopt;
-        return Failure{kFailed, QuotedPath(path) +
-                                    " cannot be read: make it readable, or name another folder "
-                                    "with --data"};
-    }
-    const std::string shippedPlace = dataFolder ? "there" : "beside the program";
-    return Failure{kFailed, "neither Tolvane.ini in " + QuotedPath(folder.string()) +
-                                " nor Tolvane.114 " + shippedPlace +
-                                ": name the folder that holds one of them with --data"};
-}
 
 std::string DataFolder(const std::optional<std::string>& named) {
     return named ? *named : FindDataFolder(ReadDataEnvironment());
 }
 
-std::vector<CatalogueGame> CatalogueGames(ProfileFile& file, const std::string& mainPath) {
-    std::vector<CatalogueGame> games;
+std::optional<Failure> OpenCatalogue(const Options& options, Catalogue& catalogue) {
+    auto& [file, mainPath, games] = catalogue;
+    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
     for (const BuiltInGame& game : BuiltInGames()) {
         games.push_back({game.id, std::string(game.name), game.offered});
     }
     for (const UserGame& game : UserGames(file, mainPath)) {
         games.push_back({game.id, game.name, true});
     }
-    return games;
+    return std::nullopt;
 }
 
 std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen) {
-    std::string mainPath;
-    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
-    ProfileFile file;
-    const auto games = CatalogueGames(file, mainPath);
-    if (auto failure = ChooseGame(options.game, games, chosen.game)) return failure;
+    Catalogue catalogue;
+    if (auto failure = OpenCatalogue(options, catalogue)) return failure;
+    if (auto failure = ChooseGame(options.game, catalogue.games, chosen.game)) return failure;
     chosen.index = options.table;
-    if (!TableExists(file, chosen.game.name, chosen.index, mainPath)) {
-        return NoSuchTable(file, mainPath, chosen);
-    }
-    LoadTable(file, mainPath, chosen);
+    if (!LoadTable(catalogue, chosen)) return NoSuchTable(catalogue, chosen);
     return ChooseBet(options, chosen);
 }
 
 std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
                                               std::vector<ChosenTable>& chosen) {
-    std::string mainPath;
-    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
-    ProfileFile file;
-    for (const CatalogueGame& game : CatalogueGames(file, mainPath)) {
-        if (!TableExists(file, game.name, options.table, mainPath)) continue;
-        ChosenTable& table = chosen.emplace_back();
+    Catalogue catalogue;
+    if (auto failure = OpenCatalogue(options, catalogue)) return failure;
+    for (const CatalogueGame& game : catalogue.games) {
+        ChosenTable table;
         table.game = game;
         table.index = options.table;
-        LoadTable(file, mainPath, table);
+        if (!LoadTable(catalogue, table)) continue;
         if (auto failure = ChooseBet(options, table)) return failure;
+        chosen.push_back(std::move(table));
     }
     if (!chosen.empty()) return std::nullopt;
     return Failure{kFailed, "no game has a table " + std::to_string(options.table) + " in " +
-                                QuotedPath(mainPath)};
+                                QuotedPath(catalogue.mainPath)};
+}
+
+std::string Heading(const ChosenTable& chosen, int bet, double coin) {
+    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
+           std::to_string(chosen.index) + ", bet " + std::to_string(bet) + " x " + Dollars(coin);
 }
 
 std::optional<Failure> ReadCards(const std::string& text, const CardTable& deck, std::size_t count,
