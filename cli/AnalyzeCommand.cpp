@@ -1,15 +1,14 @@
-#include "cli/AnalyzeCommand.h"
+#include "cli/Commands.h"
 
 #include <chrono>
 
 #include "cli/GameReport.h"
-#include "cli/Interrupt.h"
-#include "cli/Notes.h"
-#include "cli/ProgressBar.h"
 #include "cli/ResultFiles.h"
+#include "cli/Terminal.h"
 #include "cli/Texts.h"
 #include "core/store/AnalysisFiles.h"
 
+namespace cli {
 namespace {
 
 // The analyses of one command, each with its files.
@@ -133,3 +132,5 @@ Command AnalyzeCommand() {
     return {"analyze", "The whole game: return, payout %, variance, every line", AddArguments,
             RunAnalyze};
 }
+
+}  // namespace cli

@@ -1,14 +1,13 @@
-#include "cli/AutoplayCommand.h"
+#include "cli/Commands.h"
 
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <nlohmann/json.hpp>
+#include <numeric>
 #include <string_view>
 
-#include "cli/Interrupt.h"
-#include "cli/JsonText.h"
-#include "cli/ProgressBar.h"
 #include "cli/TableChoice.h"
+#include "cli/Terminal.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/analysis/LineTableCache.h"
@@ -16,6 +15,7 @@
 #include "game/Autoplay.h"
 #include "game/reports/StatisticsReport.h"
 
+namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -44,6 +44,8 @@ void SetUp(const Options& options, LineTableCache& tables, Session& session) {
     engine.settings.coin = options.coin;
     UseTable(engine, session.chosen.payTable, tables);
     session.seed = options.seed.value_or(static_cast<std::uint32_t>(SystemSeconds()));
+    // A deck is built in an order of the clock's.
+    std::iota(engine.deck.order.begin(), engine.deck.order.end(), 0);
     engine.deck.random.RandomInit(session.seed);
 }
 
@@ -116,10 +118,8 @@ std::string AsText(const Session& session, double coin) {
     AddBox(StatisticsErrors(engine), table);
     AddBox(StatisticsLines(engine, StatisticsDisplay::kHands), table);
     const ChosenTable& chosen = session.chosen;
-    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
-           std::to_string(chosen.index) + ", bet " + std::to_string(chosen.bet) + " x " +
-           Dollars(coin) + ", seed " + std::to_string(session.seed) + "\n\n" + table.Text() +
-           WhatIsNotPlayed(chosen);
+    return Heading(chosen, chosen.bet, coin) + ", seed " + std::to_string(session.seed) + "\n\n" +
+           table.Text() + WhatIsNotPlayed(chosen);
 }
 
 void AddArguments(CLI::App& parser, Options& options) {
@@ -149,3 +149,5 @@ Command AutoplayCommand() {
     return {"autoplay", "Plays hands with the best holds and prints the statistics", AddArguments,
             RunAutoplay};
 }
+
+}  // namespace cli

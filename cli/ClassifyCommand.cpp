@@ -1,12 +1,12 @@
-#include "cli/ClassifyCommand.h"
+#include "cli/Commands.h"
 
 #include <nlohmann/json.hpp>
 
-#include "cli/JsonText.h"
 #include "cli/TableChoice.h"
 #include "cli/Texts.h"
 #include "core/eval/HandEvaluator.h"
 
+namespace cli {
 namespace {
 
 std::string DescriptionOf(const Classification& result, const PayTable& table) {
@@ -60,3 +60,5 @@ std::optional<Failure> RunClassify(const Options& options, std::string& output) 
 Command ClassifyCommand() {
     return {"classify", "The pay line that five cards are paid on", AddArguments, RunClassify};
 }
+
+}  // namespace cli

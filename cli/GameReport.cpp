@@ -5,12 +5,13 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "cli/JsonText.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
+#include "game/reports/Quotient.h"
 
+namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -25,22 +26,13 @@ std::string Percent(std::string_view format, double value) {
     return FormatDouble(format, value) + "%";
 }
 
-double Share(double part, double whole) { return whole == 0 ? 0 : part / whole; }
-
 std::string Odds(double probability) {
     return probability == 0 ? "never" : "1:" + FormatDecimals("%.2f", 1 / probability);
 }
 
 std::vector<std::string> Bar(double share, double longest) {
-    return {std::string(static_cast<std::size_t>(std::lround(Share(share, longest) * kLongestBar)),
-                        '#')};
-}
-
-std::string Heading(const GameReport& report) {
-    const ChosenTable& chosen = report.chosen;
-    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
-           std::to_string(chosen.index) + ", bet " + std::to_string(kFullBet) + " x " +
-           Dollars(report.coin) + "\n\n";
+    return {std::string(
+        static_cast<std::size_t>(std::lround(Quotient(share, longest) * kLongestBar)), '#')};
 }
 
 std::string KeyFigures(const GameReport& report) {
@@ -55,7 +47,7 @@ std::string KeyFigures(const GameReport& report) {
             Whole(static_cast<double>(totals.representatives)) + " representatives in " +
             FormatDouble("%.3f", report.seconds) + " s\n";
     if (totals.cancelled) {
-        const double share = Share(totals.initHandsTotal * kFullBet * report.coin, totals.cost);
+        const double share = Quotient(totals.initHandsTotal * kFullBet * report.coin, totals.cost);
         text += "Cancelled after " + Percent("%.2f", share * 100) +
                 " of the hands: all figures are theirs, but for the wager, that on all.\n";
     }
@@ -86,7 +78,7 @@ std::string LineTable(const GameReport& report) {
     }
     const auto add = [&](const std::string& name, int pay, double summary, double percent,
                          double variance) {
-        const double probability = Share(summary, totals.denominator);
+        const double probability = Quotient(summary, totals.denominator);
         text.AddRow({Shortened(name, kLongestDescription), Whole(pay), Odds(probability),
                      Percent("%.5f", probability * 100), Percent("%.3f", percent),
                      FormatDecimals("%.4f", variance)},
@@ -113,9 +105,9 @@ std::string DrawTable(const GameReport& report) {
                          const std::vector<std::string>& bar) {
         const std::string wins =
             final == 0 ? "-" : Percent("%.2f", (final - nothing) / final * 100);
-        text.AddRow(
-            {drawn, Whole(hands), Percent("%.3f", Share(hands, totals.initHandsTotal) * 100), wins},
-            bar);
+        text.AddRow({drawn, Whole(hands),
+                     Percent("%.3f", Quotient(hands, totals.initHandsTotal) * 100), wins},
+                    bar);
     };
     for (std::size_t drawn = 0; drawn < kDraws; ++drawn) {
         add(std::to_string(drawn), totals.initHands[drawn], totals.finalHands[drawn],
@@ -189,7 +181,8 @@ Json ReportAsJson(const GameReport& report) {
 }  // namespace
 
 std::string GameAsText(const GameReport& report) {
-    return Heading(report) + KeyFigures(report) + LineTable(report) + DrawTable(report);
+    return Heading(report.chosen, kFullBet, report.coin) + "\n\n" + KeyFigures(report) +
+           LineTable(report) + DrawTable(report);
 }
 
 std::string GamesAsText(std::span<const GameReport> reports) {
@@ -222,3 +215,5 @@ std::string GamesAsJson(std::span<const GameReport> reports) {
     for (const GameReport& report : reports) list.push_back(ReportAsJson(report));
     return JsonText(list);
 }
+
+}  // namespace cli

@@ -6,6 +6,8 @@
 #include "cli/TableChoice.h"
 #include "core/analysis/GameAnalysis.h"
 
+namespace cli {
+
 struct GameReport {
     ChosenTable chosen;
     double coin = 1;  // dollars
@@ -23,3 +25,5 @@ std::string GameAsJson(const GameReport& report);
 
 // A list of what GameAsJson gives.
 std::string GamesAsJson(std::span<const GameReport> reports);
+
+}  // namespace cli

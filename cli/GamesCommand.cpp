@@ -1,15 +1,15 @@
-#include "cli/GamesCommand.h"
+#include "cli/Commands.h"
 
 #include <nlohmann/json.hpp>
 
-#include "cli/DataFolder.h"
-#include "cli/GameChoice.h"
-#include "cli/JsonText.h"
+#include "cli/TableChoice.h"
 #include "cli/TextTable.h"
+#include "cli/Texts.h"
 #include "core/paytable/GameCatalogue.h"
 #include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
 
+namespace cli {
 namespace {
 
 struct GameTables {
@@ -38,12 +38,11 @@ std::string GamesAsText(const std::vector<GameTables>& games) {
 void NoArguments(CLI::App& /*parser*/, Options& /*options*/) {}
 
 std::optional<Failure> RunGames(const Options& options, std::string& output) {
-    std::string mainPath;
-    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
-    ProfileFile file;
+    Catalogue catalogue;
+    if (auto failure = OpenCatalogue(options, catalogue)) return failure;
     std::vector<GameTables> games;
-    for (auto& game : CatalogueGames(file, mainPath)) {
-        auto tables = TableChain(file, game.name, mainPath);
+    for (auto& game : catalogue.games) {
+        auto tables = TableChain(catalogue.file, game.name, catalogue.mainPath);
         // A slot that the player has made no game in yet.
         if (tables.empty() && game.id >= kFirstUserGameId) continue;
         games.push_back({std::move(game), std::move(tables)});
@@ -58,3 +57,5 @@ Command GamesCommand() {
     return {"games", "The catalogue: id, name, tables, whether the Games menu offers it",
             NoArguments, RunGames};
 }
+
+}  // namespace cli

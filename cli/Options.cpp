@@ -2,9 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <functional>
 
 #include "cli/Texts.h"
 
+namespace cli {
 namespace {
 
 constexpr double kMaxCoin = 1'000'000;  // dollars; keeps every return far from overflow
@@ -35,6 +37,17 @@ double CoinValue(const std::string& text) {
                                std::to_string(static_cast<int>(kMaxCoin)));
 }
 
+void AddNumber(CLI::App& parser, const std::string& name, std::function<void(int)> use,
+               const std::string& help) {
+    const auto read = [name, use](const std::string& text) { use(WholeNumber(name, text)); };
+    parser.add_option_function<std::string>(name, read, help)->type_name("N");
+}
+
+CLI::Option* AddOptionalGame(CLI::App& parser, Options& options) {
+    return parser.add_option("GAME", options.game, "A name in any letter case, or an id")
+        ->type_name("");
+}
+
 void AddResultFile(CLI::App& parser, const std::string& name, std::optional<std::string>& path,
                    const std::string& help) {
     const auto read = [name, &path](const std::string& text) {
@@ -55,12 +68,9 @@ void AddCommonOptions(CLI::App& parser, Options& options) {
                     "The folder that holds Tolvane.ini, or the shipped Tolvane.114; otherwise\n"
                     "where the window program looks")
         ->type_name("DIR");
-    parser
-        .add_option_function<std::string>(
-            "--table",
-            [&options](const std::string& text) { options.table = WholeNumber("--table", text); },
-            "The game's pay table (default 0)")
-        ->type_name("N");
+    AddNumber(
+        parser, "--table", [&options](int index) { options.table = index; },
+        "The game's pay table (default 0)");
     parser
         .add_option_function<std::string>(
             "--coin", [&options](const std::string& text) { options.coin = CoinValue(text); },
@@ -69,14 +79,10 @@ void AddCommonOptions(CLI::App& parser, Options& options) {
     parser.add_flag("--json", options.json, "Print JSON");
 }
 
-void AddGame(CLI::App& parser, Options& options) {
-    parser.add_option("GAME", options.game, "A name in any letter case, or an id")
-        ->type_name("")
-        ->required();
-}
+void AddGame(CLI::App& parser, Options& options) { AddOptionalGame(parser, options)->required(); }
 
 void AddGameOrAll(CLI::App& parser, Options& options) {
-    parser.add_option("GAME", options.game, "A name in any letter case, or an id")->type_name("");
+    AddOptionalGame(parser, options);
     parser.add_flag("--all", options.allGames, "Every game of the catalogue, instead of GAME");
 }
 
@@ -85,12 +91,9 @@ void AddCards(CLI::App& parser, Options& options, const std::string& help) {
 }
 
 void AddBet(CLI::App& parser, Options& options) {
-    parser
-        .add_option_function<std::string>(
-            "--bet",
-            [&options](const std::string& text) { options.bet = WholeNumber("--bet", text); },
-            "The coins bet (default 5)")
-        ->type_name("N");
+    AddNumber(
+        parser, "--bet", [&options](int coins) { options.bet = coins; },
+        "The coins bet (default 5)");
 }
 
 void AddHandsAndSeed(CLI::App& parser, Options& options) {
@@ -127,3 +130,5 @@ void AddResultFiles(CLI::App& parser, Options& options) {
     parser.add_flag("--cache", options.cache,
                     "Keep the figures for the window program, in \"Game Analyses.ini\"");
 }
+
+}  // namespace cli

@@ -8,6 +8,8 @@ namespace CLI {
 class App;
 }
 
+namespace cli {
+
 struct Options {
     std::optional<std::string> dataFolder;
     int table = 0;
@@ -33,3 +35,5 @@ void AddCards(CLI::App& parser, Options& options, const std::string& help);
 void AddBet(CLI::App& parser, Options& options);
 void AddHandsAndSeed(CLI::App& parser, Options& options);
 void AddResultFiles(CLI::App& parser, Options& options);
+
+}  // namespace cli

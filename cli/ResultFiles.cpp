@@ -1,30 +1,95 @@
 #include "cli/ResultFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 
-#include "cli/DataFolder.h"
-#include "cli/OwnFiles.h"
+#include "cli/TableChoice.h"
 #include "cli/Texts.h"
 #include "core/profile/AtomicFile.h"
 #include "core/profile/OutputFile.h"
 #include "core/store/AnalysisFiles.h"
+#include "core/store/DataFiles.h"
+#include "core/text/Numbers.h"
 
 namespace fs = std::filesystem;
 
+namespace cli {
 namespace {
 
+constexpr const char* kGameFileEnding = ".qdx";
 constexpr const char* kCacheName = "Game Analyses.ini";
+
+// Empty when the system cannot follow the path.
+fs::path FullPath(const std::string& path) {
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(path, error), error);
+}
+
+bool HasOwnEnding(const fs::path& file) {
+    constexpr std::array endings = {kGameFileEnding, ".ini", ".114", ".wav", ".lock"};
+    return std::ranges::any_of(
+        endings, [&](auto ending) { return SameText(file.extension().string(), ending); });
+}
+
+bool IsProgram(const fs::path& file) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    return fs::is_regular_file(status) &&
+           (status.permissions() & fs::perms::owner_exec) != fs::perms::none;
+}
+
+// The file may have another name here, as a hard link has.
+bool IsOwnFileOf(const fs::path& folder, const fs::path& file) {
+    std::error_code error;
+    if (HasOwnEnding(file) && fs::equivalent(file.parent_path(), folder, error)) return true;
+    if (!fs::exists(file, error)) return false;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code gone;
+        if ((HasOwnEnding(entry->path()) || IsProgram(entry->path())) &&
+            fs::equivalent(entry->path(), file, gone)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Also when there is no such file yet. Links and other spellings of a path are followed.
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    if (fs::equivalent(a, b, error)) return true;
+    const fs::path full = FullPath(a);
+    return !full.empty() && full == FullPath(b);
+}
+
+// True of the pay tables, game files, analyses, sounds and programs in the named data folder, in
+// the player's and beside the program, whether there already or not, and of every game file that is
+// there. What is compared are the files, as by IsSameFile.
+bool IsOwnFile(const std::string& path, const std::optional<std::string>& dataFolder) {
+    const fs::path file = FullPath(path);
+    std::error_code error;
+    if (SameText(file.extension().string(), kGameFileEnding) && fs::exists(file, error))
+        return true;
+    const DataEnvironment environment = ReadDataEnvironment();
+    const std::array<fs::path, 3> folders = {DataFolder(dataFolder), FindDataFolder(environment),
+                                             fs::path(environment.programFile).parent_path()};
+    return std::ranges::any_of(folders, [&file](const fs::path& folder) {
+        return !folder.empty() && IsOwnFileOf(folder, file);
+    });
+}
 
 bool IsFolder(const std::string& path) {
     std::error_code error;
     return fs::is_directory(path, error);
 }
 
-// A slash in a game's name would lead into another folder.
-std::string InFolder(const std::string& folder, std::string name) {
+// The file itself, or the one of that name in a folder. A slash in a game's name would lead into
+// another folder.
+std::optional<std::string> FileOf(const std::optional<std::string>& path, std::string name) {
+    if (!path || !IsFolder(*path)) return path;
     std::ranges::replace(name, '/', '_');
-    return (fs::path(folder) / name).string();
+    return (fs::path(*path) / name).string();
 }
 
 // An empty file is what a profile file starts from; it creates none by itself.
@@ -66,15 +131,11 @@ std::optional<Failure> ResultFiles::CheckTargets(const ChosenTable& chosen) cons
 }
 
 std::optional<std::string> ResultFiles::SummaryPath(const ChosenTable& chosen) const {
-    const auto& path = options.summaryPath;
-    if (!path || !IsFolder(*path)) return path;
-    return InFolder(*path, SummaryFileName(chosen.game.name, chosen.index));
+    return FileOf(options.summaryPath, SummaryFileName(chosen.game.name, chosen.index));
 }
 
 std::optional<std::string> ResultFiles::DetailPath(const ChosenTable& chosen) const {
-    const auto& path = options.detailPath;
-    if (!path || !IsFolder(*path)) return path;
-    return InFolder(*path, DetailFileName(chosen.game.name, chosen.index));
+    return FileOf(options.detailPath, DetailFileName(chosen.game.name, chosen.index));
 }
 
 std::string ResultFiles::CachePath() const {
@@ -104,3 +165,5 @@ void ResultFiles::Close(std::vector<std::string>& problems) {
     if (!options.cache || (cache.Flush() && !cacheMissed)) return;
     problems.push_back("the analysis could not be kept in " + QuotedPath(CachePath()));
 }
+
+}  // namespace cli

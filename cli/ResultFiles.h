@@ -7,6 +7,8 @@
 #include "cli/GameReport.h"
 #include "core/profile/ProfileFile.h"
 
+namespace cli {
+
 class ResultFiles {
   public:
     explicit ResultFiles(const Options& options) : options(options) {}
@@ -37,3 +39,5 @@ class ResultFiles {
     ProfileFile cache;
     bool cacheMissed = false;  // an analysis did not get into it
 };
+
+}  // namespace cli

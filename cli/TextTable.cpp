@@ -4,6 +4,7 @@
 
 #include "cli/Texts.h"
 
+namespace cli {
 namespace {
 
 constexpr std::size_t kLineWidth = 100;
@@ -72,3 +73,5 @@ std::string TextTable::Text() const {
     }
     return text;
 }
+
+}  // namespace cli

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace cli {
+
 struct TextColumn {
     std::string title;
     bool number = false;  // stands to the right
@@ -30,3 +32,5 @@ class TextTable {
     std::vector<TextColumn> columns;
     std::vector<Row> rows;
 };
+
+}  // namespace cli

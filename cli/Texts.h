@@ -1,8 +1,12 @@
-// Small texts for people.
+// Texts as they are printed.
 #pragma once
+#include <nlohmann/json_fwd.hpp>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
+
+namespace cli {
 
 // Control characters, which a terminal would obey, shown as '?'.
 std::string Printable(std::string_view text);
@@ -24,3 +28,14 @@ std::size_t DisplayWidth(std::string_view text);
 
 // A UTF-8 text of at most so many columns; the end of a longer one is replaced by "...".
 std::string Shortened(std::string_view text, std::size_t columns);
+
+// ": did you mean "A" or "B"?", with the nearest of the names, at most three, nearest first: those
+// that contain what was typed, otherwise those that the fewest changed characters turn it into,
+// letter case apart. Empty without names.
+std::string DidYouMean(std::string_view typed, const std::vector<std::string>& names);
+
+// JSON in one line with its end. Doubles read back exactly; bytes that are no UTF-8, as an old pay
+// table file may hold, become U+FFFD.
+std::string JsonText(const nlohmann::ordered_json& json);
+
+}  // namespace cli

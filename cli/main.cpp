@@ -3,23 +3,18 @@
 #include <array>
 #include <iostream>
 
-#include "cli/AnalyzeCommand.h"
-#include "cli/AutoplayCommand.h"
-#include "cli/ClassifyCommand.h"
-#include "cli/CommandLine.h"
-#include "cli/GamesCommand.h"
-#include "cli/HandCommand.h"
-#include "cli/Notes.h"
+#include "cli/Commands.h"
+#include "cli/Terminal.h"
 
 int main(int argc, char** argv) {
-    const std::array commands = {GamesCommand(), ClassifyCommand(), HandCommand(), AnalyzeCommand(),
-                                 AutoplayCommand()};
-    Answer answer = AnswerCommandLine(commands, argc, argv);
+    const std::array commands = {cli::GamesCommand(), cli::ClassifyCommand(), cli::HandCommand(),
+                                 cli::AnalyzeCommand(), cli::AutoplayCommand()};
+    cli::Answer answer = cli::AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {
-        answer.status = kFailed;
+        answer.status = cli::kFailed;
         answer.problem = "the answer could not be written: is the disk full, or the reader gone?";
     }
-    if (!answer.problem.empty()) Tell(answer.problem);
+    if (!answer.problem.empty()) cli::Tell(answer.problem);
     return answer.status;
 }

@@ -78,32 +78,24 @@ void FixedHandEditor::Clear() {
 
 void FixedHandEditor::LastDealt() {
     Clear();
-    const HandCards& hand = engine.statistics.setCards;
     const HandCards& replacements = engine.statistics.setDraws;
-    Put(0, hand[0]);
-    Put(1, hand[1]);
-    if (IsPickEm()) {
-        Put(3, hand[2]);
-        Put(4, replacements[0]);
-    } else {
-        for (int place = 2; place < kPlaces; ++place) {
-            Put(place, hand[static_cast<std::size_t>(place)]);
-        }
+    for (int place = 0; place < kPlaces; ++place) {
+        if (HasPlace(place)) Put(place, CodeInEngine(place));
     }
     draws = FacesOf(engine.deck.table, replacements);
 }
 
 void FixedHandEditor::Apply() const {
-    HandCards& hand = engine.statistics.setCards;
-    hand[0] = CodeAt(0);
-    hand[1] = CodeAt(1);
-    if (IsPickEm()) {
-        hand[2] = CodeAt(3);
-        engine.statistics.setDraws[0] = CodeAt(4);
-    } else {
-        for (std::size_t place = 2; place < kPlaces; ++place) hand[place] = CodeAt(place);
+    for (int place = 0; place < kPlaces; ++place) {
+        if (HasPlace(place)) CodeInEngine(place) = CodeAt(static_cast<std::size_t>(place));
     }
     engine.fixedHand = true;
+}
+
+CardCode& FixedHandEditor::CodeInEngine(int place) const {
+    if (IsPickEm() && place == kPlaces - 1) return engine.statistics.setDraws[0];
+    const int card = IsPickEm() && place > kPickEmGap ? place - 1 : place;
+    return engine.statistics.setCards[static_cast<std::size_t>(card)];
 }
 
 CardCode FixedHandEditor::CodeAt(std::size_t place) const {

@@ -53,6 +53,7 @@ class FixedHandEditor {
     void Apply() const;
 
   private:
+    CardCode& CodeInEngine(int place) const;
     CardCode CodeAt(std::size_t place) const;
     void Put(int place, CardCode code);
     void Fill(CardFace card);

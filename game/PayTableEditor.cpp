@@ -14,11 +14,15 @@ namespace {
 constexpr auto kInputError = "Input Error";
 constexpr auto kError = "Error";
 
-constexpr auto kSaveFailed =
-    "The pay table could not be saved, and everything is as it was.\n\nMake room on the disk, and "
-    "see to it that you may write the program's data folder.";
-
 constexpr auto kNoTable = "This pay table is deleted. Choose another one with Change Game.";
+
+bool SaveFails(PayTableQuestions& questions) {
+    questions.IsTold(
+        kError,
+        "The pay table could not be saved, and everything is as it was.\n\nMake room on "
+        "the disk, and see to it that you may write the program's data folder.");
+    return false;
+}
 
 std::string AlreadyExists(const std::string& name) { return "\"" + name + "\" already exists"; }
 
@@ -256,8 +260,7 @@ bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
     texts = WithPlainNumbers(texts);
     if (!WritePayTable(Files(), Game(), tableIndex, texts,
                        newGame ? kNoNeighbours : kStoredLinks)) {
-        questions.IsTold(kError, kSaveFailed);
-        return false;
+        return SaveFails(questions);
     }
     // A report must never show the return of the table as it was.
     if (OfFigures(StoredTable()) != OfFigures(before)) {
@@ -286,8 +289,7 @@ bool PayTableEditor::Append(PayTableQuestions& questions) {
     texts = WithPlainNumbers(texts);
     const auto index = AppendTable(Files(), Game(), texts);
     if (!index) {
-        questions.IsTold(kError, kSaveFailed);
-        return false;
+        return SaveFails(questions);
     }
     tableIndex = *index;
     return true;
@@ -310,7 +312,10 @@ void PayTableEditor::Delete(PayTableQuestions& questions) {
     UseSavedName();
     const bool deleted =
         wholeGame ? DeleteGameTables(Files(), Game()) : UnlinkTable(Files(), gameName, tableIndex);
-    if (!deleted) return questions.IsTold(kError, kSaveFailed);
+    if (!deleted) {
+        SaveFails(questions);
+        return;
+    }
     LeaveDeletedTable();
     const auto kind = wholeGame ? TableEdit::Kind::kGameDeleted : TableEdit::Kind::kTableDeleted;
     const auto unsaved = FinishInGameFiles({kind, gameName, tableIndex});
@@ -366,8 +371,7 @@ void PayTableEditor::Rename(PayTableQuestions& questions) {
 bool PayTableEditor::RenameTo(PayTableQuestions& questions, const std::string& newName) {
     GameEngine& engine = table.engine;
     if (!RenameGameTables(Files(), Game(), newName)) {
-        questions.IsTold(kError, kSaveFailed);
-        return false;
+        return SaveFails(questions);
     }
     const bool inPlay = SameText(engine.settings.gameName, gameName);
     if (inPlay) SaveGame(table, false);

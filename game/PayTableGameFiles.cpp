@@ -44,8 +44,7 @@ void RenameActiveTable(ProfileFile& file, const std::string& gamePath, const std
     file.WriteString(kActiveTables, newName, value, gamePath);
 }
 
-}  // namespace
-
+// All game files of the data folder, and the one in use wherever it is, as far as they exist.
 std::vector<std::string> GameFilesToKeep(const std::string& dataFolder,
                                          const std::string& gamePath) {
     std::vector<std::string> paths;
@@ -65,6 +64,7 @@ std::vector<std::string> GameFilesToKeep(const std::string& dataFolder,
     return paths;
 }
 
+// A file whose current game this is goes on with Jacks or Better.
 bool ForgetGame(ProfileFile& file, const std::string& gamePath, const std::string& gameName) {
     return file.Change(gamePath, [&] {
         if (IsCurrent(file, gamePath, gameName)) {
@@ -77,6 +77,7 @@ bool ForgetGame(ProfileFile& file, const std::string& gamePath, const std::strin
     });
 }
 
+// A file in which the table was active goes on with table 0. The index is 1 or more.
 bool ForgetTable(ProfileFile& file, const std::string& gamePath, const std::string& gameName,
                  int tableIndex) {
     return file.Change(gamePath, [&] {
@@ -87,6 +88,7 @@ bool ForgetTable(ProfileFile& file, const std::string& gamePath, const std::stri
     });
 }
 
+// No game has the new name; what a file has under it is left over, and goes where it is in the way.
 bool RenameGame(ProfileFile& file, const std::string& gamePath, const std::string& oldName,
                 const std::string& newName) {
     return file.Change(gamePath, [&] {
@@ -97,6 +99,8 @@ bool RenameGame(ProfileFile& file, const std::string& gamePath, const std::strin
         RenameStatistics(file, gamePath, oldName, newName);
     });
 }
+
+}  // namespace
 
 std::vector<std::string> FollowInGameFiles(ProfileFile& file, const TableEdit& edit,
                                            const std::string& dataFolder) {

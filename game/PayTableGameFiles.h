@@ -7,21 +7,6 @@
 
 #include "core/paytable/PayTableStore.h"
 
-// All game files of the data folder, and the one in use wherever it is, as far as they exist.
-std::vector<std::string> GameFilesToKeep(const std::string& dataFolder,
-                                         const std::string& gamePath);
-
-// A file whose current game this is goes on with Jacks or Better.
-bool ForgetGame(ProfileFile& file, const std::string& gamePath, const std::string& gameName);
-
-// A file in which the table was active goes on with table 0. The index is 1 or more.
-bool ForgetTable(ProfileFile& file, const std::string& gamePath, const std::string& gameName,
-                 int tableIndex);
-
-// No game has the new name; what a file has under it is left over, and goes where it is in the way.
-bool RenameGame(ProfileFile& file, const std::string& gamePath, const std::string& oldName,
-                const std::string& newName);
-
 // All game files follow a change of the pay tables: those of the data folder, and the one that was
 // in use. The paths of those that could not be saved.
 std::vector<std::string> FollowInGameFiles(ProfileFile& file, const TableEdit& edit,

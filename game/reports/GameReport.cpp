@@ -61,6 +61,8 @@ std::string AnalysisText(const GameEngine& engine, const Figures& figures) {
            "** Click \"Run Analysis\" button to re-run analysis or create summary/detail files. **";
 }
 
+// Not LineCoinPay, which goes by the full bet even where that pays less for a coin: these pays
+// stand beside no figures of the full bet.
 int PayPerCoin(const PayLine& line) {
     const bool paysMore = std::int64_t{line.payout} * kFullBet < line.maxPayout;
     return paysMore ? line.maxPayout / kFullBet : line.payout;

@@ -4,12 +4,14 @@
 set -euo pipefail
 program_folder=$1
 
-if [[ -z ${TOLVANE_ON_SCREEN:-} ]]; then
-    TOLVANE_ON_SCREEN=1 exec xvfb-run -a -s "-screen 0 1024x768x24" "$0" "$@"
+if [[ -z ${TOLVANE_SCREEN:-} ]]; then
+    TOLVANE_SCREEN=$(mktemp -d)  # the picture is a file in it
+    export TOLVANE_SCREEN
+    exec xvfb-run -a -s "-screen 0 1024x768x24 -fbdir $TOLVANE_SCREEN" "$0" "$@"
 fi
 
 home=$(mktemp -d)
-trap 'jobs -p | xargs -r kill 2>/dev/null || true; wait; rm -rf "$home"' EXIT
+trap 'jobs -p | xargs -r kill 2>/dev/null || true; wait; rm -rf "$home" "$TOLVANE_SCREEN"' EXIT
 cp "$program_folder"/{Tolvane,*.114,*.wav} "$home"
 export HOME=$home XDG_CONFIG_HOME=$home/config XDG_RUNTIME_DIR=$home QT_QPA_PLATFORM=xcb
 export PULSE_SERVER=unix:/nowhere  # what is tested, nobody wants to hear
@@ -36,11 +38,29 @@ start() {
     wait_until xdotool search --onlyvisible --name "$title - Tolvane"
     window=$(xdotool search --onlyvisible --name "$title - Tolvane" | tail -1)
     wait_until focused "$window"
+    wait_until still
 }
 
 focused() { [[ $(xdotool getwindowfocus) == "$1" ]] || { xdotool windowfocus "$1"; return 1; }; }
 no_dialog() { ! xdotool search --onlyvisible --name '^Dialog$'; }
-key() { xdotool key "$@"; sleep 0.15; }
+picture() { md5sum "$TOLVANE_SCREEN"/*_screen0; }
+changed() { [[ $(picture) != "$1" ]]; }
+still() {
+    local seen
+    seen=$(picture)
+    sleep 0.1
+    [[ $(picture) == "$seen" ]]
+}
+
+# Every key changes the picture, and the next one is pressed when that is done.
+key() {
+    local before
+    before=$(picture)
+    xdotool key "$@"
+    wait_until changed "$before"
+    wait_until still
+}
+
 stored() { grep -qx "$1" "$home/Default.qdx"; }
 ended() { ! kill -0 "$program" 2>/dev/null; }
 
@@ -65,7 +85,6 @@ for _ in {1..10}; do
     key d
     key 1  # any card: what is held does not matter
     key d
-    sleep 0.3
 done
 quit
 
@@ -80,7 +99,6 @@ stored "Credits=$credits" || fail "100 dollars less 50 coins and $won won are no
 start "Jacks or Better"
 key d
 key d
-sleep 0.5
 quit
 stored "HandsPlayed=11" || fail "the eleventh hand was not counted"
 won_then=$(sed -n 's/^CreditsWon=//p' "$home/Default.qdx")

@@ -1,6 +1,8 @@
 // What the program does when nothing else happens.
 #include "app/IdleWork.h"
 
+#include <QAbstractEventDispatcher>
+
 #include "tests/core/profile/FullDisk.h"
 #include "tests/ui/TestProgram.h"
 
@@ -16,15 +18,12 @@ class IdleWorkTest : public ProgramTest {
         return p;
     }
 
-    // Passes made since the last look, once the program has come to rest.
+    // Passes made since the last look, once nothing is left to do.
     int PassesUntilAsleep() {
-        const auto passes = [this] { return program->engine.deck.shufflePasses; };
-        int before = 0;
-        do {
-            before = passes();
-            QTest::qWait(50);
-        } while (passes() != before);
-        return before - std::exchange(seen, before);
+        while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+        }
+        const int passes = program->engine.deck.shufflePasses;
+        return passes - std::exchange(seen, passes);
     }
 
     std::unique_ptr<IdleWork> idle;

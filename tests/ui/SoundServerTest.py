@@ -100,6 +100,12 @@ class Recording:
             self.samples += chunk
             self.arrivals.append((len(self.samples), time.monotonic()))
 
+    def go_on(self, seconds):
+        """Until so much more has been recorded, however late it comes."""
+        wanted = len(self.samples) + seconds * RATE * SAMPLE
+        if not wait_until(lambda: len(self.samples) >= wanted):
+            raise Failure("the recording stops")
+
     def stop(self):
         end(self.process)
         self.listener.join()
@@ -174,7 +180,7 @@ def every_sound_is_heard_whole(place, driver, waves):
     recording = Recording(place, "first")
     try:
         calls = play_all(driver, ALONE + TOGETHER + TO_END)
-        time.sleep(0.5)
+        recording.go_on(0.5)
     finally:
         samples = recording.stop()
     begin = 0
@@ -224,7 +230,7 @@ def is_heard_on(place, name, driver, waves):
     recording = Recording(place, name)
     try:
         driver.play("beep")
-        time.sleep(0.6)
+        recording.go_on(0.6)
     finally:
         samples = recording.stop()
     if take_out(samples, waves["beep"], 0) is None:

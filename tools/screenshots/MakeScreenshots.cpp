@@ -2,6 +2,7 @@
 // folder that TOLVANE_SCREENSHOTS names. Every table is dealt and played by real input.
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QTabWidget>
 #include <cstdlib>
 
@@ -13,7 +14,6 @@ namespace {
 constexpr QSize kSmallWindow{640, 480};
 constexpr QSize kWindow{1024, 700};
 constexpr QSize kLargeWindow{1920, 1080};
-constexpr int kLiveAnalysis = 700;  // milliseconds, until the pay table manager shows its return
 
 class Studio {
   public:
@@ -133,7 +133,9 @@ void ShootFeatures(Studio& studio) {
 // Opens a dialog by its command, and takes a picture of it and of its second tab.
 void ShootDialog(Studio& studio, int command, const QString& name, const QString& second = {}) {
     DialogRobot robot({[&](QDialog& dialog) {
-        QTest::qWait(kLiveAnalysis);
+        // The pay table manager shows its return when that is reckoned.
+        const auto* live = dialog.findChild<QLabel*>("live");
+        EXPECT_TRUE(QTest::qWaitFor([live] { return !live || live->isEnabled(); }, 60'000));
         studio.Save(dialog, name);
         if (auto* tabs = dialog.findChild<QTabWidget*>(); tabs && !second.isEmpty()) {
             tabs->setCurrentIndex(1);

@@ -1,9 +1,29 @@
-// How far long work has come, in one line of the terminal. Nothing is drawn when standard
-// error is none.
+// What passes between a command and the terminal besides its answer.
 #pragma once
 #include <chrono>
 #include <string>
+#include <string_view>
 
+namespace cli {
+
+// A line on standard error, in the program's name.
+void Tell(std::string_view message);
+
+// Ctrl+C as a wish to stop and still have what is done so far. As long as this lives, the first
+// Ctrl+C only sets a flag; a second one ends the program. Where the shell has told the program to
+// take no notice of Ctrl+C, it takes none. At most one at a time.
+class Interrupt {
+  public:
+    Interrupt();
+    ~Interrupt();
+    Interrupt(const Interrupt&) = delete;
+    Interrupt& operator=(const Interrupt&) = delete;
+
+    bool Wanted() const;
+};
+
+// How far long work has come, in one line of the terminal. Nothing is drawn when standard
+// error is none.
 class ProgressBar {
   public:
     // "Analyzing game..." and the like stands before the percentage, the note behind the bar.
@@ -28,3 +48,5 @@ class ProgressBar {
     std::size_t width = 0;  // of the line as it stands there
     Clock::time_point lastDrawn;
 };
+
+}  // namespace cli

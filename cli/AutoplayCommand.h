@@ -1,4 +1,0 @@
-#pragma once
-#include "cli/Command.h"
-
-Command AutoplayCommand();

@@ -1,5 +1,0 @@
-// tolvane-cli games: the catalogue.
-#pragma once
-#include "cli/Command.h"
-
-Command GamesCommand();
