@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "app/CommandTable.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
 #include "game/GameTable.h"
@@ -15,7 +16,6 @@
 #include "ui/table/ActionQueue.h"
 #include "ui/table/SceneDisplay.h"
 
-class HelpWindow;
 class PictureStore;
 class ProfileFile;
 
@@ -45,9 +45,8 @@ class CMorvikDoc : public QObject {
     // waits like any press; the exit never does.
     void Run(int command);
 
-    // Runs a command that a key or a press at the table stands for, whose turn has come. These work
-    // while the menus are greyed; only the pay table that a bet has been placed on cannot be
-    // changed.
+    // Runs a command that a key or a press at the table stands for, whose turn has come, unless it
+    // may not be given so.
     void RunKey(int command);
 
     QString Title() const;
@@ -69,24 +68,12 @@ class CMorvikDoc : public QObject {
     void SceneChanged();
     void Settled();  // all that the player has begun is done
     void TitleChanged();
-    void ExitChosen();
 
   private:
     void Dispatch(int command);
-    // Each of these is true when the command is one of its own.
-    bool DispatchFile(int command);
-    bool DispatchOption(int command);
-    bool DispatchCoin(int command);
-    void DispatchDialog(int command);
-    void ChooseGame(int id);
     void AskForHoldsAgain();
-    void AnalyzeHand(QWidget& over);
-    void ViewErrorLog();
 
     DataFilePaths paths;
-    GameEngine& spare;
-    QWidget& window;
-    PictureStore& pictures;
-    QTimer resetRead;            // the player has seen that the statistics are reset
-    HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
+    CommandDesk desk;
+    QTimer resetRead;  // the player has seen that the statistics are reset
 };

@@ -44,12 +44,12 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 }  // namespace
 
 CMorvikView::CMorvikView(GameTable& shownTable, const TableScene& shownScene, SceneDisplay& display,
-                         PictureStore& store, ActionQueue& queue, std::function<void(int)> command)
+                         PictureStore& store, ActionQueue& queue, KeyCommands commands)
     : table(shownTable),
       scene(shownScene),
       actions(queue),
       pictures(store),
-      input(shownTable, display, places, std::move(command)) {
+      input(shownTable, display, places, std::move(commands)) {
     setObjectName("table");
     QAccessible::installFactory(MakeInterface);  // before the name, which makes the interface
     setAccessibleName(tr("Video poker table"));
@@ -142,7 +142,7 @@ void CMorvikView::keyPressEvent(QKeyEvent* event) {
     if ((event->modifiers() & kShortcutModifiers) != 0) {
         actions.StopCountUp();
         QWidget::keyPressEvent(event);
-    } else if (event->isAutoRepeat() || !TableInput::IsTableKey(key)) {
+    } else if (event->isAutoRepeat() || !input.IsTableKey(key)) {
         if (actions.StopCountUp()) keysDown.remove(key);
     } else {
         BeginKey(key);

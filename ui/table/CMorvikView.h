@@ -3,7 +3,6 @@
 #include <QBasicTimer>
 #include <QHash>
 #include <QWidget>
-#include <functional>
 
 #include "game/GameTable.h"
 #include "ui/table/Layout.h"
@@ -17,10 +16,9 @@ class CMorvikView : public QWidget {
     Q_OBJECT
 
   public:
-    // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
-    // view.
+    // All outlive the view.
     CMorvikView(GameTable& table, const TableScene& scene, SceneDisplay& display,
-                PictureStore& pictures, ActionQueue& actions, std::function<void(int)> command);
+                PictureStore& pictures, ActionQueue& actions, KeyCommands commands);
 
     QSize sizeHint() const override;
 

@@ -37,12 +37,12 @@ bool IsDigit(int key, int first, int last) {
 }  // namespace
 
 TableInput::TableInput(GameTable& table, SceneDisplay& display, const TableLayout& places,
-                       std::function<void(int)> command)
+                       KeyCommands commands)
     : table(table),
       engine(table.engine),
       display(display),
       places(places),
-      command(std::move(command)) {}
+      commands(std::move(commands)) {}
 
 void TableInput::Press(QPoint point) {
     if (HandIsDealt()) {
@@ -91,7 +91,7 @@ void TableInput::RightPress(QPoint point) {
 
 void TableInput::DoublePress(QPoint point) {
     if (FeaturePending(engine)) return;
-    if (places.PayTablePanel().contains(point)) command(kEditCurrentPayTable);
+    if (places.PayTablePanel().contains(point)) commands.run(kEditCurrentPayTable);
 }
 
 void TableInput::Key(int key) {
@@ -115,12 +115,11 @@ PressKind TableInput::KindOf(int key) {
     return key == Qt::Key_D || key == Qt::Key_Space ? PressKind::kDraw : PressKind::kOther;
 }
 
-bool TableInput::IsTableKey(int key) {
-    constexpr int kOthers[] = {Qt::Key_Space, Qt::Key_A,  Qt::Key_B,    Qt::Key_C,
-                               Qt::Key_D,     Qt::Key_E,  Qt::Key_H,    Qt::Key_M,
-                               Qt::Key_O,     Qt::Key_R,  Qt::Key_S,    Qt::Key_T,
-                               Qt::Key_U,     Qt::Key_F1, Qt::Key_Left, Qt::Key_Right};
-    return IsDigit(key, 0, kHandSize) || std::ranges::find(kOthers, key) != std::end(kOthers);
+bool TableInput::IsTableKey(int key) const {
+    constexpr int kOwn[] = {Qt::Key_Space, Qt::Key_B, Qt::Key_D,    Qt::Key_M,    Qt::Key_R,
+                            Qt::Key_S,     Qt::Key_U, Qt::Key_Left, Qt::Key_Right};
+    return IsDigit(key, 1, kHandSize) || std::ranges::find(kOwn, key) != std::end(kOwn) ||
+           commands.ofKey(key) != kNoCommand;
 }
 
 bool TableInput::HandIsDealt() const { return !engine.handOver; }
@@ -245,32 +244,7 @@ void TableInput::TableKey(int key) {
             PileKey(key);
             break;
         default:
-            CommandKey(key);
-    }
-}
-
-void TableInput::CommandKey(int key) {
-    switch (key) {
-        case Qt::Key_A:
-            return command(kAssignFixedHand);
-        case Qt::Key_C:
-            return command(kToggleShowDollar);
-        case Qt::Key_0:
-            return ResetStatisticsOnly(table);
-        case Qt::Key_E:
-            return command(kEditPayTable);
-        case Qt::Key_H:
-            return command(kAnalyzeHand);
-        case Qt::Key_O:
-            return command(kCashOut);
-        case Qt::Key_S:
-            return command(kPlayStatistics);
-        case Qt::Key_T:
-            return command(kEditCurrentPayTable);
-        case Qt::Key_F1:
-            return command(kHelpIndex);
-        default:
-            return;
+            if (const int command = commands.ofKey(key)) commands.run(command);
     }
 }
 

@@ -10,12 +10,17 @@
 
 class SceneDisplay;
 
+// The commands (ui/table/Commands.h) that keys and presses at the table may stand for.
+struct KeyCommands {
+    std::function<int(int key)> ofKey;  // kNoCommand for a Qt::Key that stands for none
+    std::function<void(int command)> run;
+};
+
 class TableInput {
   public:
-    // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
-    // input.
+    // All outlive the input.
     TableInput(GameTable& table, SceneDisplay& display, const TableLayout& places,
-               std::function<void(int)> command);
+               KeyCommands commands);
 
     void Press(QPoint point);
     void Release(QPoint point);
@@ -26,7 +31,7 @@ class TableInput {
     PressKind KindAt(QPoint point) const;
     static PressKind KindOf(int key);
     // Keys that do nothing at any time are no press, Shift among them.
-    static bool IsTableKey(int key);
+    bool IsTableKey(int key) const;
 
     // Wherever the finger is lifted, and when another window comes between, no button stays down.
     void ReleaseButtons();
@@ -47,12 +52,11 @@ class TableInput {
     bool RightPressGameOver(QPoint point);
     void FeatureKey(int key);
     void TableKey(int key);
-    void CommandKey(int key);
     void PileKey(int key);
 
     GameTable& table;
     GameEngine& engine;
     SceneDisplay& display;
     const TableLayout& places;
-    std::function<void(int)> command;
+    KeyCommands commands;
 };
