@@ -3,6 +3,7 @@
 #pragma once
 #include <QPoint>
 #include <functional>
+#include <span>
 
 #include "game/GameTable.h"
 #include "ui/table/ActionQueue.h"
@@ -41,18 +42,37 @@ class TableInput {
     void Key(int key);
 
   private:
-    bool HandIsDealt() const;
-    int PositionAt(QPoint point) const;  // by card place or HOLD button, -1 none
+    // A key of the table's own, and what it does at rest or in a hand, and while a feature waits
+    // for the player; nullptr for nothing of its own. The digits, which name a place or a target,
+    // are apart.
+    struct OwnKey {
+        int key;
+        PressKind kind;
+        void (*act)(TableInput& input);
+        void (*inFeature)(TableInput& input);
+    };
+    static std::span<const OwnKey> OwnKeys();
+    static const OwnKey* FindOwnKey(int key);  // nullptr when it is none
 
-    void PressDealt(QPoint point);
+    bool HandIsDealt() const { return !engine.handOver; }
+    int PlaceAt(QPoint point) const;   // 0..4 by card place or HOLD button, -1 none
+    int TargetAt(QPoint point) const;  // 0..4, -1 none
+
+    // What fingers and keys do alike. All do nothing where the machine asks for something else.
+    void PressPlace(int place);
+    void ReleasePlace(int place);
+    void ReleaseTarget(int target);
+    void ReleasePanel(CardColour colour);
+    void ReleaseSpin();
+    void ReleaseBet();
+
+    void PressDealt(QPoint point, int place);
     void PressGameOver(QPoint point);
-    bool ReleaseDealt(QPoint point);
     bool ReleaseGameOver(QPoint point);
     bool ReleaseFeature(QPoint point);
     bool RightPressGameOver(QPoint point);
-    void FeatureKey(int key);
-    void TableKey(int key);
-    void PileKey(int key);
+    void DigitKey(int number);
+    void DealKey();
 
     GameTable& table;
     GameEngine& engine;
