@@ -54,9 +54,7 @@ void RunAt(CommandDesk& desk, int) {
 }
 
 void PlayByItself(CommandDesk& desk, int) { RunAutoplay(desk.table, desk.spare); }
-void ReadStatistics(CommandDesk& desk, int) {
-    desk.table.player.ReadsStatistics(desk.table.engine);
-}
+void ReadStatistics(CommandDesk& desk, int) { desk.table.player.ShowStatistics(desk.table.engine); }
 void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.table, desk.paths, desk.manager); }
 void EditTable(CommandDesk& desk, int) {
     EditCurrentPayTable(desk.table, desk.paths, desk.manager);

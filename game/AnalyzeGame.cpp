@@ -27,7 +27,7 @@ std::string ProgressText(int percent) {
 // Shows a run's progress, seldom enough to cost nothing.
 class RunProgress {
   public:
-    explicit RunProgress(Player& player) : progress(player.SeesProgress(ProgressText(0))) {}
+    explicit RunProgress(Player& player) : progress(player.ShowProgress(ProgressText(0))) {}
 
     bool Show(double done, double all) {
         const int percent = static_cast<int>(done / all * 100);
@@ -168,8 +168,8 @@ void GameReportPages::Show(const std::string& gameName, int tableIndex) {
 bool GameReportPages::Choose(const std::string& gameName) {
     const GameFiles& files = table.files;
     if (GameIdFromName(files.file, gameName, files.mainPath) == kSneakPeakGameId) {
-        table.player.IsTold("Game Analysis Not Available", "Analysis not available for this game",
-                            MessageIcon::kError);
+        table.player.Tell("Game Analysis Not Available", "Analysis not available for this game",
+                          MessageIcon::kError);
         return false;
     }
     Show(gameName, ActiveTable(files.file, files.gamePath, files.mainPath, gameName));
@@ -215,10 +215,9 @@ AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
 void AnalyzeGameCommand(GameTable& table, GameEngine& spare, GameReports& reports,
                         const DataFilePaths& paths) {
     if (IsSneakPeak(table.engine)) {
-        table.player.IsTold(
-            "Game Analysis Not Available",
-            "Game analysis not available for " + table.engine.settings.gameName + ".",
-            MessageIcon::kError);
+        table.player.Tell("Game Analysis Not Available",
+                          "Game analysis not available for " + table.engine.settings.gameName + ".",
+                          MessageIcon::kError);
         return;
     }
     ReportLoop(table, spare, reports, paths).Run();

@@ -29,22 +29,22 @@ class Player {
 
     // Yes or No, which is what closing the question means.
     virtual bool SaysYes(const std::string& caption, const std::string& question) = 0;
-    virtual void IsTold(const std::string& caption, const std::string& text, MessageIcon icon) = 0;
+    virtual void Tell(const std::string& caption, const std::string& text, MessageIcon icon) = 0;
 
     // Nothing when cancelled; otherwise 1..kMostDollars, beginning with the one proposed.
-    virtual std::optional<int> EntersDollars(int proposed) = 0;
-    virtual std::optional<std::int64_t> EntersHandCount() = 0;
+    virtual std::optional<int> AskDollars(int proposed) = 0;
+    virtual std::optional<std::int64_t> AskHandCount() = 0;
 
     // Lets the player choose the fixed hand of an engine; false when cancelled, and nothing
     // changed.
-    virtual bool AssignsFixedHand(GameEngine& engine) = 0;
+    virtual bool AskFixedHand(GameEngine& engine) = 0;
 
     // Full paths; nothing when cancelled. A file to be saved, or to begin a new game in, may exist:
     // its loss is agreed to.
-    virtual std::optional<std::string> ChoosesFileToOpen(const std::string& folder) = 0;
-    virtual std::optional<std::string> ChoosesFileToSave(const std::string& proposed) = 0;
-    virtual std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) = 0;
+    virtual std::optional<std::string> AskFileToOpen(const std::string& folder) = 0;
+    virtual std::optional<std::string> AskFileToSave(const std::string& proposed) = 0;
+    virtual std::optional<std::string> AskNewGameFile(const std::string& proposed) = 0;
 
-    virtual std::unique_ptr<Progress> SeesProgress(const std::string& text) = 0;
-    virtual void ReadsStatistics(const GameEngine& engine) = 0;
+    virtual std::unique_ptr<Progress> ShowProgress(const std::string& text) = 0;
+    virtual void ShowStatistics(const GameEngine& engine) = 0;
 };

@@ -100,18 +100,18 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
         Add("ask ", caption, ": ", question);
         return NextAnswer() == "yes";
     }
-    void IsTold(const std::string& caption, const std::string& text, MessageIcon) override {
+    void Tell(const std::string& caption, const std::string& text, MessageIcon) override {
         Add("told ", caption, ": ", text);
     }
-    std::optional<int> EntersDollars(int proposed) override {
+    std::optional<int> AskDollars(int proposed) override {
         Add("ask dollars ", proposed);
         return NextNumber();
     }
-    std::optional<std::int64_t> EntersHandCount() override {
+    std::optional<std::int64_t> AskHandCount() override {
         Add("ask hands");
         return NextNumber();
     }
-    bool AssignsFixedHand(GameEngine& fixed) override {
+    bool AskFixedHand(GameEngine& fixed) override {
         Add("ask fixed hand");
         const std::string answer = NextAnswer();
         if (answer == "cancel") return false;
@@ -120,23 +120,23 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
         std::ranges::copy(cards, fixed.statistics.setCards.begin());
         return true;
     }
-    std::optional<std::string> ChoosesFileToOpen(const std::string& folder) override {
+    std::optional<std::string> AskFileToOpen(const std::string& folder) override {
         Add("ask file to open in ", folder);
         return NextUnlessCancelled();
     }
-    std::optional<std::string> ChoosesFileToSave(const std::string& proposed) override {
+    std::optional<std::string> AskFileToSave(const std::string& proposed) override {
         Add("ask file to save ", proposed);
         return NextUnlessCancelled();
     }
-    std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) override {
+    std::optional<std::string> AskNewGameFile(const std::string& proposed) override {
         Add("ask new game file ", proposed);
         return NextUnlessCancelled();
     }
-    std::unique_ptr<Progress> SeesProgress(const std::string& text) override {
+    std::unique_ptr<Progress> ShowProgress(const std::string& text) override {
         Add("progress ", text);
         return std::make_unique<Steps>(*this);
     }
-    void ReadsStatistics(const GameEngine& shown) override {
+    void ShowStatistics(const GameEngine& shown) override {
         Add("statistics ", shown.settings.gameName, ", ", shown.statistics.handsPlayed.session,
             " hands");
     }
