@@ -28,8 +28,6 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
                   emit SceneChanged();
               }),
       player(parent, store, clock),
-      reports(parent),
-      manager(parent),
       actions(table),
       table{.engine = engine,
             .files = files,
@@ -42,8 +40,6 @@ CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile&
       desk{.table = table,
            .spare = spareEngine,
            .paths = paths,
-           .reports = reports,
-           .manager = manager,
            .pictures = store,
            .window = parent} {
     display.Attach(table);
@@ -95,15 +91,9 @@ QString CMorvikDoc::Title() const {
     return QString::fromStdString(::Title(table, paths)) + tr(" - Tolvane");
 }
 
-void CMorvikDoc::RefuseQuestions() {
-    reports.RefuseAll();
-    player.RefuseAll();
-}
+void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
 
-void CMorvikDoc::AnswerQuestions() {
-    reports.AnswerAgain();
-    player.AnswerAgain();
-}
+void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 
 void CMorvikDoc::Dispatch(int command) {
     RunCommand(command, desk);

@@ -10,9 +10,7 @@
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
 #include "game/GameTable.h"
-#include "ui/dialogs/WindowPayTableManager.h"
 #include "ui/dialogs/WindowPlayer.h"
-#include "ui/dialogs/WindowReports.h"
 #include "ui/table/ActionQueue.h"
 #include "ui/table/SceneDisplay.h"
 
@@ -59,8 +57,6 @@ class CMorvikDoc : public QObject {
     TableScene scene;  // what the window shows
     SceneDisplay display;
     WindowPlayer player;
-    WindowReports reports;
-    WindowPayTableManager manager;
     ActionQueue actions;
     GameTable table;
 

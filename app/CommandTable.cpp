@@ -35,7 +35,7 @@ void AtTable(CommandDesk& desk, int) {
 
 void PlayGame(CommandDesk& desk, int id) {
     if (id >= kFirstUserGame) {
-        ChooseUserGame(desk.table, id, desk.paths, desk.manager);
+        ChooseUserGame(desk.table, id, desk.paths);
     } else {
         ChooseGame(desk.table, id);
     }
@@ -55,13 +55,9 @@ void RunAt(CommandDesk& desk, int) {
 
 void PlayByItself(CommandDesk& desk, int) { RunAutoplay(desk.table, desk.spare); }
 void ReadStatistics(CommandDesk& desk, int) { desk.table.player.ShowStatistics(desk.table.engine); }
-void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.table, desk.paths, desk.manager); }
-void EditTable(CommandDesk& desk, int) {
-    EditCurrentPayTable(desk.table, desk.paths, desk.manager);
-}
-void ReadGame(CommandDesk& desk, int) {
-    AnalyzeGameCommand(desk.table, desk.spare, desk.reports, desk.paths);
-}
+void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.table, desk.paths); }
+void EditTable(CommandDesk& desk, int) { EditCurrentPayTable(desk.table, desk.paths); }
+void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.table, desk.spare, desk.paths); }
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
 void ReadErrorLog(CommandDesk& desk, int) {
     if (TellIfErrorLogIsEmpty(desk.table)) return;

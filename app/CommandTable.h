@@ -6,9 +6,7 @@
 
 #include "ui/table/Commands.h"
 
-class GameReports;
 class HelpWindow;
-class PayTableManager;
 class PictureStore;
 class QWidget;
 struct DataFilePaths;
@@ -20,8 +18,6 @@ struct CommandDesk {
     GameTable& table;
     GameEngine& spare;
     const DataFilePaths& paths;
-    GameReports& reports;
-    PayTableManager& manager;
     PictureStore& pictures;
     QWidget& window;             // the program's; dialogs are over it
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window

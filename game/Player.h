@@ -5,10 +5,28 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+class GameReportPages;
+class PayTableEditor;
 struct GameEngine;
 
 enum class MessageIcon { kNone, kExclamation, kError };
+
+// How a report on a game is left: for good, or for a run of the analysis on the table that it
+// shows.
+enum class ReportAnswer { kDone, kRunAnalysis };
+
+// What a run may leave beside the analysis cache.
+struct AnalysisFilesChoice {
+    bool summary = false;
+    bool detail = false;
+};
+
+struct AnalysisFilePaths {
+    std::string summary;
+    std::string detail;
+};
 
 // Shown while long work goes on, with which the player cannot do anything but cancel it; gone with
 // the object.
@@ -44,6 +62,20 @@ class Player {
     virtual std::optional<std::string> AskFileToOpen(const std::string& folder) = 0;
     virtual std::optional<std::string> AskFileToSave(const std::string& proposed) = 0;
     virtual std::optional<std::string> AskNewGameFile(const std::string& proposed) = 0;
+
+    // A game of the list; nothing when cancelled. The list begins at the current one.
+    virtual std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                               const std::string& current) = 0;
+
+    // Lets the player work at the pay table manager until he is done: true. False when he cancels,
+    // which takes nothing back that he has saved.
+    virtual bool ShowPayTableManager(PayTableEditor& editor) = 0;
+
+    // Lets the player read the report and browse its pages.
+    virtual ReportAnswer ShowGameReport(GameReportPages& pages) = 0;
+
+    // Nothing when cancelled.
+    virtual std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) = 0;
 
     virtual std::unique_ptr<Progress> ShowProgress(const std::string& text) = 0;
     virtual void ShowStatistics(const GameEngine& engine) = 0;

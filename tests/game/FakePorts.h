@@ -46,6 +46,10 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     std::int64_t now = 1'790'000'000;
     bool logsOwned = false;  // a line "owns 95" before the first call after a change of the credits
     int progressSteps = -1;  // that may be shown before the work is cancelled; -1 any
+    // What the player does at the dialogs; without them he leaves at once.
+    std::function<bool(PayTableEditor&)> atManager;
+    std::function<ReportAnswer(GameReportPages&)> atReport;
+    std::optional<AnalysisFilesChoice> analysisFiles = AnalysisFilesChoice{};
     std::function<void()> duringInput;  // what the player does in a pause that lets input through
 
     // TableDisplay
@@ -131,6 +135,22 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     std::optional<std::string> AskNewGameFile(const std::string& proposed) override {
         Add("ask new game file ", proposed);
         return NextUnlessCancelled();
+    }
+    std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                       const std::string& current) override {
+        EXPECT_EQ(std::ranges::count(games, current), 1) << current;
+        Add("ask game");
+        return NextUnlessCancelled();
+    }
+    bool ShowPayTableManager(PayTableEditor& editor) override {
+        return atManager && atManager(editor);
+    }
+    ReportAnswer ShowGameReport(GameReportPages& pages) override {
+        return atReport ? atReport(pages) : ReportAnswer::kDone;
+    }
+    std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override {
+        Add("ask files ", files.summary);
+        return analysisFiles;
     }
     std::unique_ptr<Progress> ShowProgress(const std::string& text) override {
         Add("progress ", text);

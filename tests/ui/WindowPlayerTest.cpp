@@ -7,8 +7,10 @@
 #include <QMessageBox>
 #include <QWidget>
 
+#include "game/AnalyzeGame.h"
 #include "game/Clock.h"
-#include "tests/game/TestMachine.h"
+#include "game/PayTableEditor.h"
+#include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 
@@ -162,7 +164,16 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     EXPECT_EQ(player.AskFileToOpen("/tmp"), std::nullopt);
     EXPECT_EQ(player.AskFileToSave("/tmp/a.qdx"), std::nullopt);
     EXPECT_EQ(player.AskNewGameFile("/tmp/a.qdx"), std::nullopt);
+    EXPECT_EQ(player.AskGame({"A"}, "A"), std::nullopt);
+    EXPECT_EQ(player.AskAnalysisFiles({}).has_value(), false);
     player.ShowStatistics(machine.engine);
+    Recorder ports(machine.engine);
+    GameTable table = TableOf(machine, ports, player);
+    PayTableEditor editor(table, machine.paths, {300, "Jacks or Better", 0});
+    EXPECT_FALSE(player.ShowPayTableManager(editor));
+    GameEngine spare;
+    GameReportPages pages(table, spare, machine.paths);
+    EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 
 TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {

@@ -10,10 +10,14 @@
 #include "ui/dialogs/AssignFixedHandDialog.h"
 #include "ui/dialogs/AutoplayHandsDialog.h"
 #include "ui/dialogs/BestPlayErrorDialog.h"
+#include "ui/dialogs/CreateAnalysisFilesDialog.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/EnterDollarsDialog.h"
 #include "ui/dialogs/FileQuestions.h"
+#include "ui/dialogs/GameAnalysisDialog.h"
+#include "ui/dialogs/PayTableManagerDialog.h"
 #include "ui/dialogs/ProgressDialog.h"
+#include "ui/dialogs/SelectGameDialog.h"
 #include "ui/dialogs/StatisticsDialog.h"
 
 namespace {
@@ -128,6 +132,32 @@ std::optional<std::string> WindowPlayer::AskFileToSave(const std::string& propos
 std::optional<std::string> WindowPlayer::AskNewGameFile(const std::string& proposed) {
     if (refusing) return std::nullopt;
     return ::AskFileToSave(QObject::tr("New Game File"), GameFileKind(), proposed, &window);
+}
+
+std::optional<std::string> WindowPlayer::AskGame(const std::vector<std::string>& games,
+                                                 const std::string& current) {
+    if (refusing) return std::nullopt;
+    return ::AskGame(games, current, &window);
+}
+
+bool WindowPlayer::ShowPayTableManager(PayTableEditor& editor) {
+    if (refusing) return false;
+    PayTableManagerDialog dialog(editor, &window);
+    return IsAccepted(dialog);
+}
+
+ReportAnswer WindowPlayer::ShowGameReport(GameReportPages& pages) {
+    if (refusing) return ReportAnswer::kDone;
+    GameAnalysisDialog dialog(pages, &window);
+    dialog.exec();
+    return dialog.Answer();
+}
+
+std::optional<AnalysisFilesChoice> WindowPlayer::AskAnalysisFiles(const AnalysisFilePaths& files) {
+    if (refusing) return std::nullopt;
+    CreateAnalysisFilesDialog dialog(files, &window);
+    if (!IsAccepted(dialog)) return std::nullopt;
+    return dialog.Choice();
 }
 
 std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {

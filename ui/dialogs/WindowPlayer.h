@@ -35,6 +35,11 @@ class WindowPlayer : public Player {
     std::optional<std::string> AskFileToOpen(const std::string& folder) override;
     std::optional<std::string> AskFileToSave(const std::string& proposed) override;
     std::optional<std::string> AskNewGameFile(const std::string& proposed) override;
+    std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                       const std::string& current) override;
+    bool ShowPayTableManager(PayTableEditor& editor) override;
+    ReportAnswer ShowGameReport(GameReportPages& pages) override;
+    std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override;
     std::unique_ptr<Progress> ShowProgress(const std::string& text) override;
     void ShowStatistics(const GameEngine& engine) override;
 
