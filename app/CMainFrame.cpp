@@ -42,7 +42,7 @@ CMainFrame::~CMainFrame() { hide(); }
 
 void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     document = &shown;
-    view = new CMorvikView(shown.table, shown.scene, shown.display, pictures, shown.actions,
+    view = new CMorvikView(shown.Table(), shown.Scene(), shown.Display(), pictures, shown.Actions(),
                            {CommandOfKey, [this](int command) { document->RunKey(command); }});
     setCentralWidget(view);
     MakeMenus();
@@ -117,7 +117,7 @@ void CMainFrame::AddUserGames(QMenu& menu, const QString& caption, const char* n
 
 // An opening menu ends a count-up, and shows the machine as it stands.
 void CMainFrame::PrepareMenu() {
-    document->actions.StopCountUp();
+    document->Actions().StopCountUp();
     UpdateActions();
 }
 
@@ -129,9 +129,9 @@ void CMainFrame::LeaveMenus() {
 
 void CMainFrame::ListUserGames() {
     userGames->clear();
-    const GameEngine& engine = document->table.engine;
+    const GameEngine& engine = document->Table().engine;
     for (const UserGame& game :
-         UserGames(document->table.files.file, document->table.files.mainPath)) {
+         UserGames(document->Table().files.file, document->Table().files.mainPath)) {
         if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
         ShowState(*AddCommand(*userGames, game.id, MenuText(game.name)), engine);
     }
@@ -139,7 +139,7 @@ void CMainFrame::ListUserGames() {
 }
 
 void CMainFrame::UpdateActions() {
-    const GameEngine& engine = document->table.engine;
+    const GameEngine& engine = document->Table().engine;
     for (QAction* action : commands) ShowState(*action, engine);
 }
 
@@ -147,7 +147,7 @@ void CMainFrame::UpdateActions() {
 // half of a double click must not pick a card of the next double up.
 bool CMainFrame::event(QEvent* event) {
     if (event->type() == QEvent::WindowUnblocked && document) {
-        document->actions.DropPresses();
+        document->Actions().DropPresses();
         view->ForgetPresses();
     }
     return QMainWindow::event(event);
@@ -163,12 +163,12 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 void CMainFrame::FinishAndClose() {
     document->RefuseQuestions();
     if (hurryClock) hurryClock(true);
-    document->actions.DropWaiting();
-    document->actions.Run([this] {
+    document->Actions().DropWaiting();
+    document->Actions().Run([this] {
         document->AnswerQuestions();
         if (hurryClock) hurryClock(false);
         if (!SaveToClose()) return;
-        document->actions.DropWaiting();
+        document->Actions().DropWaiting();
         close();
     });
 }
@@ -176,7 +176,7 @@ void CMainFrame::FinishAndClose() {
 // False when the player would rather stay than lose what could not be saved.
 bool CMainFrame::SaveToClose() {
     const bool saved = document->OnCloseDocument();
-    closed = saved || document->player.SaysYes(
+    closed = saved || document->Table().player.SaysYes(
                           tr("Save Error").toStdString(),
                           tr("The game could not be saved. Close all the same, and lose what was "
                              "played since the last time it was?")

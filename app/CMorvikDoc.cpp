@@ -1,7 +1,6 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
-#include <utility>
 
 #include "core/profile/ProfileFile.h"
 #include "game/FileCommands.h"
@@ -17,31 +16,29 @@ constexpr int kResetShown = 1500;  // milliseconds, during a hand
 
 }  // namespace
 
-CMorvikDoc::CMorvikDoc(GameEngine& engine, GameEngine& spareEngine, ProfileFile& file,
-                       DataFilePaths dataPaths, QWidget& parent, PictureStore& store, Clock& clock,
-                       Sounds& sounds)
-    : files{file, dataPaths.mainProfile, dataPaths.defaultGame},
+CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
+    : paths(parts.paths),
+      files{parts.file, paths.mainProfile, paths.defaultGame},
       display(scene,
               [this] {
                   const bool inHand = scene.message == kResetMessage && !table.engine.handOver;
                   if (inHand && !resetRead.isActive()) resetRead.start();
                   emit SceneChanged();
               }),
-      player(parent, store, clock),
+      player(window, parts.pictures, parts.clock),
       actions(table),
-      table{.engine = engine,
+      table{.engine = parts.engine,
             .files = files,
             .tables = lineTables,
             .display = display,
             .player = player,
-            .sounds = sounds,
-            .clock = clock},
-      paths(std::move(dataPaths)),
+            .sounds = parts.sounds,
+            .clock = parts.clock},
       desk{.table = table,
-           .spare = spareEngine,
+           .spare = parts.spare,
            .paths = paths,
-           .pictures = store,
-           .window = parent} {
+           .pictures = parts.pictures,
+           .window = window} {
     display.Attach(table);
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);

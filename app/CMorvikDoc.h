@@ -17,17 +17,23 @@
 class PictureStore;
 class ProfileFile;
 
+// What the application owns for its whole run, and the document works with.
+struct ProgramParts {
+    GameEngine& engine;  // the player's
+    GameEngine& spare;   // of autoplay and the reports
+    ProfileFile& file;
+    DataFilePaths paths;
+    PictureStore& pictures;
+    Clock& clock;
+    Sounds& sounds;
+};
+
 class CMorvikDoc : public QObject {
     Q_OBJECT
 
-    GameFiles files;  // first, because the table refers to these two
-    LineTableCache lineTables;
-
   public:
-    // The player's engine and the spare one. All arguments outlive the document; questions are
-    // asked over the window.
-    CMorvikDoc(GameEngine& engine, GameEngine& spare, ProfileFile& file, DataFilePaths paths,
-               QWidget& window, PictureStore& pictures, Clock& clock, Sounds& sounds);
+    // Questions are asked over the window, which outlives the document as the parts do.
+    CMorvikDoc(const ProgramParts& parts, QWidget& window);
     ~CMorvikDoc() override;
 
     // Once the window is shown: goes on in the game file, unless it is empty or in use already.
@@ -54,11 +60,10 @@ class CMorvikDoc : public QObject {
     void RefuseQuestions();
     void AnswerQuestions();
 
-    TableScene scene;  // what the window shows
-    SceneDisplay display;
-    WindowPlayer player;
-    ActionQueue actions;
-    GameTable table;
+    GameTable& Table() { return table; }
+    TableScene& Scene() { return scene; }  // what the window shows
+    SceneDisplay& Display() { return display; }
+    ActionQueue& Actions() { return actions; }  // all that acts on the table goes through it
 
   signals:
     void SceneChanged();
@@ -70,6 +75,13 @@ class CMorvikDoc : public QObject {
     void AskForHoldsAgain();
 
     DataFilePaths paths;
+    GameFiles files;
+    LineTableCache lineTables;
+    TableScene scene;
+    SceneDisplay display;
+    WindowPlayer player;
+    ActionQueue actions;
+    GameTable table;
     CommandDesk desk;
     QTimer resetRead;  // the player has seen that the statistics are reset
 };

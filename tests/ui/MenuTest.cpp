@@ -250,7 +250,7 @@ TEST_F(MenuTest, AResetIsToldUntilSomethingElseIsButInAHandForAMomentOnly) {
     TestProgram& p = Start();
     const auto reset = [&] {
         p.Key(Qt::Key_0);
-        p.document->display.Repaint();
+        p.document->Display().Repaint();
         EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
     };
     reset();

@@ -39,8 +39,8 @@ TestProgram::TestProgram(const TemporaryFolder& folder, bool realPauses)
     frame = std::make_unique<CMainFrame>();
     frame->hurryClock = [this](bool on) { windowClock.Hurry(on); };
     Clock& used = realPauses ? static_cast<Clock&>(windowClock) : clock;
-    document =
-        std::make_unique<CMorvikDoc>(engine, spare, file, paths, *frame, pictures, used, sounds);
+    document = std::make_unique<CMorvikDoc>(
+        ProgramParts{engine, spare, file, paths, pictures, used, sounds}, *frame);
     frame->Show(*document, pictures);
     EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
     view = frame->View();
@@ -54,8 +54,8 @@ TestProgram::~TestProgram() {
 
 void TestProgram::DecideFeatures(const std::function<bool(CombinedRandom)>& wanted) {
     for (std::uint32_t seed = 1;; ++seed) {
-        document->table.random.RandomInit(seed);
-        if (wanted(document->table.random)) return;
+        document->Table().random.RandomInit(seed);
+        if (wanted(document->Table().random)) return;
     }
 }
 
@@ -81,9 +81,9 @@ std::string TestProgram::HandText() const {
 }
 
 void TestProgram::ExpectAtRest(const std::string& when) const {
-    EXPECT_FALSE(document->actions.Busy()) << when;
-    const TableScene& scene = document->scene;
-    TableScene rest = SceneOf(document->table, scene.message);
+    EXPECT_FALSE(document->Actions().Busy()) << when;
+    const TableScene& scene = document->Scene();
+    TableScene rest = SceneOf(document->Table(), scene.message);
     // A bet that is changed takes the mark of the hand before off the table.
     const bool unmarked =
         std::ranges::all_of(scene.lines, [](const LineLook& line) { return line == LineLook{}; });
