@@ -6,14 +6,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
-#include <algorithm>
 
 #include "app/CMorvikDoc.h"
-#include "app/MenuTable.h"
+#include "app/CommandTable.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/CMorvikView.h"
-#include "ui/table/Commands.h"
 
 namespace {
 
@@ -23,17 +21,13 @@ constexpr const char* kMaximizedKey = "window/maximized";
 // A name may hold a '&', which would mark a letter in a menu.
 QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
 
-QString CaptionOf(const MenuEntry& entry) {
-    for (const BuiltInGame& game : BuiltInGames()) {
-        if (game.id == entry.id) return MenuText(game.name);
-    }
-    return QObject::tr(entry.caption);
-}
-
 // An entry that can be checked and is not would show an empty box.
-void ShowChecked(QAction& action, bool checked) {
+void ShowState(QAction& action, const GameEngine& engine) {
+    const int id = action.data().toInt();
+    const bool checked = IsChecked(id, engine);
     action.setCheckable(checked);
     action.setChecked(checked);
+    action.setEnabled(IsEnabled(id, engine));
 }
 
 }  // namespace
@@ -48,15 +42,13 @@ CMainFrame::~CMainFrame() { hide(); }
 
 void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     document = &shown;
-    view = new CMorvikView(shown.table, pictures, shown.actions,
-                           [this](int command) { document->RunKey(command); });
+    view = new CMorvikView(shown.Table(), pictures, shown.Actions(),
+                           {CommandOfKey, [this](int command) { document->RunKey(command); }});
     setCentralWidget(view);
     MakeMenus();
     connect(document, &CMorvikDoc::SceneChanged, view, &CMorvikView::ShowScene);
     connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutTable);
     connect(document, &CMorvikDoc::TitleChanged, this, &CMainFrame::UpdateTitle);
-    connect(
-        document, &CMorvikDoc::ExitChosen, this, [this] { close(); }, Qt::QueuedConnection);
     connect(document, &CMorvikDoc::Settled, this, &CMainFrame::UpdateActions);
     UpdateTitle();
 
@@ -74,48 +66,59 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
 void CMainFrame::UpdateTitle() { setWindowTitle(document->Title()); }
 
 void CMainFrame::MakeMenus() {
-    const auto popups = MenuBar();
-    for (std::size_t i = 0; i < popups.size(); ++i) {
-        QMenu& menu = *menuBar()->addMenu(tr(popups[i].caption));
-        menu.setObjectName(popups[i].name);
-        AddEntries(menu, static_cast<int>(i));
-        connect(&menu, &QMenu::aboutToShow, this, [this, i] { PrepareMenu(static_cast<int>(i)); });
-        connect(&menu, &QMenu::aboutToHide, this, &CMainFrame::LeaveMenus, Qt::QueuedConnection);
+    QMenu* menu = nullptr;
+    for (const MenuRow& row : MenuRows()) {
+        if (std::holds_alternative<NoMenuRow>(row)) break;
+        if (const auto* popup = std::get_if<PopupRow>(&row)) {
+            menu = AddPopup(tr(popup->caption), popup->name);
+        } else if (const auto* games = std::get_if<GameRows>(&row)) {
+            AddGames(*menu, games->firstId, games->lastId);
+        } else if (const auto* own = std::get_if<UserGamesRow>(&row)) {
+            AddUserGames(*menu, tr(own->caption), own->name);
+        } else if (const auto* command = std::get_if<CommandRow>(&row)) {
+            commands.push_back(
+                AddCommand(*menu, command->id, tr(command->caption), command->shortcut));
+        } else {
+            menu->addSeparator();
+        }
     }
     UpdateActions();
 }
 
-void CMainFrame::AddEntries(QMenu& menu, int popup) {
-    for (const MenuEntry& entry : MenuBar()[static_cast<std::size_t>(popup)].entries) {
-        if (entry.id == kSeparator) {
-            menu.addSeparator();
-        } else if (entry.id == kUserGamesMenu) {
-            userGames = menu.addMenu(tr(entry.caption));
-            userGames->setObjectName("userGamesMenu");
-        } else {
-            QAction* action = AddAction(menu, entry.id, CaptionOf(entry));
-            action->setShortcut(QKeySequence(entry.shortcut));
-            commands.push_back(action);
-        }
-    }
+QMenu* CMainFrame::AddPopup(const QString& caption, const char* name) {
+    QMenu* menu = menuBar()->addMenu(caption);
+    menu->setObjectName(name);
+    connect(menu, &QMenu::aboutToShow, this, &CMainFrame::PrepareMenu);
+    connect(menu, &QMenu::aboutToHide, this, &CMainFrame::LeaveMenus, Qt::QueuedConnection);
+    return menu;
 }
 
-QAction* CMainFrame::AddAction(QMenu& menu, int id, const QString& caption) {
+QAction* CMainFrame::AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut) {
     QAction* action = menu.addAction(caption);
     action->setObjectName("command" + QString::number(id));
     action->setData(id);
+    action->setShortcut(QKeySequence(shortcut));
     action->setMenuRole(QAction::NoRole);
     connect(action, &QAction::triggered, this, [this, id] { document->Run(id); });
     return action;
 }
 
+void CMainFrame::AddGames(QMenu& menu, int firstId, int lastId) {
+    for (const BuiltInGame& game : BuiltInGames()) {
+        if (!game.offered || game.id < firstId || game.id > lastId) continue;
+        commands.push_back(AddCommand(menu, game.id, MenuText(game.name)));
+    }
+}
+
+void CMainFrame::AddUserGames(QMenu& menu, const QString& caption, const char* name) {
+    userGames = menu.addMenu(caption);
+    userGames->setObjectName(name);
+    connect(&menu, &QMenu::aboutToShow, this, &CMainFrame::ListUserGames);
+}
+
 // An opening menu ends a count-up, and shows the machine as it stands.
-void CMainFrame::PrepareMenu(int popup) {
-    document->actions.StopCountUp();
-    const auto entries = MenuBar()[static_cast<std::size_t>(popup)].entries;
-    const bool hasUserGames = std::ranges::any_of(
-        entries, [](const MenuEntry& entry) { return entry.id == kUserGamesMenu; });
-    if (hasUserGames) ListUserGames();
+void CMainFrame::PrepareMenu() {
+    document->Actions().StopCountUp();
     UpdateActions();
 }
 
@@ -127,31 +130,25 @@ void CMainFrame::LeaveMenus() {
 
 void CMainFrame::ListUserGames() {
     userGames->clear();
-    const GameEngine& engine = document->table.engine;
+    const GameEngine& engine = document->Table().engine;
     for (const UserGame& game :
-         UserGames(document->table.files.file, document->table.files.mainPath)) {
+         UserGames(document->Table().files.file, document->Table().files.mainPath)) {
         if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
-        QAction* action = AddAction(*userGames, game.id, MenuText(game.name));
-        ShowChecked(*action, IsChecked(game.id, engine));
-        action->setEnabled(IsEnabled(Grey::kDuringHand, engine));
+        ShowState(*AddCommand(*userGames, game.id, MenuText(game.name)), engine);
     }
     userGames->setEnabled(!userGames->isEmpty());
 }
 
 void CMainFrame::UpdateActions() {
-    const GameEngine& engine = document->table.engine;
-    for (QAction* action : commands) {
-        const int id = action->data().toInt();
-        ShowChecked(*action, IsChecked(id, engine));
-        action->setEnabled(IsEnabled(GreyOf(id), engine));
-    }
+    const GameEngine& engine = document->Table().engine;
+    for (QAction* action : commands) ShowState(*action, engine);
 }
 
 // What was pressed before a question came up was not meant for what follows its answer: the second
 // half of a double click must not pick a card of the next double up.
 bool CMainFrame::event(QEvent* event) {
     if (event->type() == QEvent::WindowUnblocked && document) {
-        document->actions.DropPresses();
+        document->Actions().DropPresses();
         view->ForgetPresses();
     }
     return QMainWindow::event(event);
@@ -167,12 +164,12 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 void CMainFrame::FinishAndClose() {
     document->RefuseQuestions();
     if (hurryClock) hurryClock(true);
-    document->actions.DropWaiting();
-    document->actions.Run([this] {
+    document->Actions().DropWaiting();
+    document->Actions().Run([this] {
         document->AnswerQuestions();
         if (hurryClock) hurryClock(false);
         if (!SaveToClose()) return;
-        document->actions.DropWaiting();
+        document->Actions().DropWaiting();
         close();
     });
 }
@@ -180,7 +177,7 @@ void CMainFrame::FinishAndClose() {
 // False when the player would rather stay than lose what could not be saved.
 bool CMainFrame::SaveToClose() {
     const bool saved = document->OnCloseDocument();
-    closed = saved || document->player.SaysYes(
+    closed = saved || document->Table().player.SaysYes(
                           tr("Save Error").toStdString(),
                           tr("The game could not be saved. Close all the same, and lose what was "
                              "played since the last time it was?")

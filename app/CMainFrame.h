@@ -32,9 +32,11 @@ class CMainFrame : public QMainWindow {
   private:
     void UpdateTitle();
     void MakeMenus();
-    void AddEntries(QMenu& menu, int popup);
-    QAction* AddAction(QMenu& menu, int id, const QString& caption);
-    void PrepareMenu(int popup);
+    QMenu* AddPopup(const QString& caption, const char* name);
+    QAction* AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut = "");
+    void AddGames(QMenu& menu, int firstId, int lastId);
+    void AddUserGames(QMenu& menu, const QString& caption, const char* name);
+    void PrepareMenu();
     void LeaveMenus();
     void ListUserGames();
     void UpdateActions();
@@ -44,6 +46,6 @@ class CMainFrame : public QMainWindow {
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
     QMenu* userGames = nullptr;
-    std::vector<QAction*> commands;  // all with a command, which is their data
+    std::vector<QAction*> commands;  // but for the user games; their data are their commands
     bool closed = false;
 };

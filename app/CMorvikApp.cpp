@@ -48,8 +48,8 @@ int CMorvikApp::Run() {
     sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });
     frame = std::make_unique<CMainFrame>();
     frame->hurryClock = [this](bool on) { clock.Hurry(on); };
-    document =
-        std::make_unique<CMorvikDoc>(engine, spare, file, paths, *frame, pictures, clock, *sounds);
+    document = std::make_unique<CMorvikDoc>(
+        ProgramParts{engine, spare, file, paths, pictures, clock, *sounds}, *frame);
     frame->Show(*document, pictures);
     idle = std::make_unique<IdleWork>(*document);
     installEventFilter(idle.get());

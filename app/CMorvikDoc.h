@@ -6,29 +6,33 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "app/CommandTable.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
 #include "game/GameTable.h"
-#include "ui/dialogs/WindowPayTableManager.h"
 #include "ui/dialogs/WindowPlayer.h"
-#include "ui/dialogs/WindowReports.h"
 #include "ui/table/ActionQueue.h"
 
-class HelpWindow;
 class PictureStore;
 class ProfileFile;
+
+// What the application owns for its whole run, and the document works with.
+struct ProgramParts {
+    GameEngine& engine;  // the player's
+    GameEngine& spare;   // of autoplay and the reports
+    ProfileFile& file;
+    DataFilePaths paths;
+    PictureStore& pictures;
+    Clock& clock;
+    Sounds& sounds;
+};
 
 class CMorvikDoc : public QObject, private TableDisplay {
     Q_OBJECT
 
-    GameFiles files;  // first, because the table refers to these two
-    LineTableCache lineTables;
-
   public:
-    // The player's engine and the spare one. All arguments outlive the document; questions are
-    // asked over the window.
-    CMorvikDoc(GameEngine& engine, GameEngine& spare, ProfileFile& file, DataFilePaths paths,
-               QWidget& window, PictureStore& pictures, Clock& clock, Sounds& sounds);
+    // Questions are asked over the window, which outlives the document as the parts do.
+    CMorvikDoc(const ProgramParts& parts, QWidget& window);
     ~CMorvikDoc() override;
 
     // Once the window is shown: goes on in the game file, unless it is empty or in use already.
@@ -44,9 +48,8 @@ class CMorvikDoc : public QObject, private TableDisplay {
     // waits like any press; the exit never does.
     void Run(int command);
 
-    // Runs a command that a key or a press at the table stands for, whose turn has come. These work
-    // while the menus are greyed; only the pay table that a bet has been placed on cannot be
-    // changed.
+    // Runs a command that a key or a press at the table stands for, whose turn has come, unless it
+    // may not be given so.
     void RunKey(int command);
 
     QString Title() const;
@@ -56,37 +59,27 @@ class CMorvikDoc : public QObject, private TableDisplay {
     void RefuseQuestions();
     void AnswerQuestions();
 
-    WindowPlayer player;
-    WindowReports reports;
-    WindowPayTableManager manager;
-    ActionQueue actions;
-    GameTable table;
+    GameTable& Table() { return table; }
+    ActionQueue& Actions() { return actions; }  // all that acts on the table goes through it
 
   signals:
     void SceneChanged();
     void PayTableChanged();
     void Settled();  // all that the player has begun is done
     void TitleChanged();
-    void ExitChosen();
 
   private:
     void Show(const TableScene& scene) override;
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
-    // Each of these is true when the command is one of its own.
-    bool DispatchFile(int command);
-    bool DispatchOption(int command);
-    bool DispatchCoin(int command);
-    void DispatchDialog(int command);
-    void ChooseGame(int id);
     void AskForHoldsAgain();
-    void AnalyzeHand(QWidget& over);
-    void ViewErrorLog();
 
     DataFilePaths paths;
-    GameEngine& spare;
-    QWidget& window;
-    PictureStore& pictures;
-    QTimer resetRead;            // the player has seen that the statistics are reset
-    HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
+    GameFiles files;
+    LineTableCache lineTables;
+    WindowPlayer player;
+    ActionQueue actions;
+    GameTable table;
+    CommandDesk desk;
+    QTimer resetRead;  // the player has seen that the statistics are reset
 };

@@ -46,21 +46,21 @@ void IdleWork::Begin() {
 }
 
 void IdleWork::Call() {
-    if (document.actions.Busy()) return timer.stop();  // the end of it begins anew
+    if (document.Actions().Busy()) return timer.stop();  // the end of it begins anew
     if (!OnIdle(calls++)) timer.stop();
 }
 
 // Telling of a failure is an action like those of the player. While one runs, its end comes here
 // again.
 void IdleWork::Keep(bool rested) {
-    if (document.actions.Busy()) return;
-    const GameTable& table = document.table;
+    if (document.Actions().Busy()) return;
+    const GameTable& table = document.Table();
     if (!SaveIsDue(table, rested) && !table.files.file.IsDirty()) return;
-    document.actions.Run([this, rested] { KeepPlay(document.table, rested); });
+    document.Actions().Run([this, rested] { KeepPlay(document.Table(), rested); });
 }
 
 void IdleWork::Settle() {
-    const GameTable& table = document.table;
+    const GameTable& table = document.Table();
     const bool waits = table.files.file.IsDirty() || SaveIsDue(table, true);
     rest.stop();
     if (waits) rest.start(table.saveTold.empty() ? kRest : kRetry);
@@ -69,10 +69,10 @@ void IdleWork::Settle() {
 }
 
 bool IdleWork::OnIdle(int count) {
-    const GameTable& table = document.table;
+    const GameTable& table = document.Table();
     // Once in a row of calls: a disk that is full need not be asked a hundred times.
     if (count == 0 && table.files.file.IsDirty()) Keep(false);
-    GameEngine& engine = document.table.engine;
+    GameEngine& engine = document.Table().engine;
     if (!engine.handInProgress && !engine.fixedHand) engine.deck.Shuffle(1);
     return count < kMaxCalls - 1;
 }

@@ -16,9 +16,7 @@
 
 namespace {
 
-constexpr int kCodesPerKind = 100;
-constexpr int kHighestIndex = 1'000'000;  // more than any file of pay tables can hold
-constexpr int kCallsBetweenLooks = 64;    // at the window: some hundred microseconds
+constexpr int kCallsBetweenLooks = 64;  // at the window: some hundred microseconds
 
 std::string ProgressText(int percent) {
     return "Analyzing game..." + std::to_string(percent) + "%";
@@ -27,7 +25,7 @@ std::string ProgressText(int percent) {
 // Shows a run's progress, seldom enough to cost nothing.
 class RunProgress {
   public:
-    explicit RunProgress(Player& player) : progress(player.SeesProgress(ProgressText(0))) {}
+    explicit RunProgress(Player& player) : progress(player.ShowProgress(ProgressText(0))) {}
 
     bool Show(double done, double all) {
         const int percent = static_cast<int>(done / all * 100);
@@ -85,68 +83,34 @@ class AnalysisRun {
     GameTotals totals;
 };
 
-// The command from the first report on.
-class ReportLoop {
-  public:
-    ReportLoop(GameTable& table, GameEngine& spare, GameReports& reports,
-               const DataFilePaths& paths)
-        : table(table), spare(spare), reports(reports), paths(paths), pages(table, spare, paths) {}
+// Before a run on a table behind the first hundred of its game the player is asked.
+constexpr int kTablesRunUnasked = 100;
 
-    void Run() {
-        while (CurrentHasTable()) {
-            pages.ShowCurrent();
-            if (ReadAndRun() != kReportCurrent) return;
-        }
+bool WantsRun(Player& player, int tableIndex) {
+    return tableIndex < kTablesRunUnasked ||
+           player.SaysYes("Run Analysis",
+                          "Tolvane has not analyzed this game and/or pay table. Would you like to "
+                          "run analysis now?");
+}
+
+// A run on the table that is shown, and the page on what it found. False when the player does not
+// go on.
+bool RunShownTable(GameTable& table, GameEngine& spare, const DataFilePaths& paths,
+                   GameReportPages& pages) {
+    const std::string game = pages.GameName();
+    const int index = pages.TableIndex();
+    if (!WantsRun(table.player, index)) return false;
+    if (!TableExists(table.files.file, game, index, table.files.mainPath)) {
         TellOfMissingPayTable(table.player);
-    }
-
-  private:
-    bool CurrentHasTable() const {
-        return TableExists(table.files.file, table.engine.settings.gameName, 0,
-                           table.files.mainPath);
-    }
-
-    // Until the report is left by a code that asks for no run, or a run is declined.
-    int ReadAndRun() {
-        for (;;) {
-            const int code = reports.ReadsGameReport(pages);
-            const auto index = TableToRun(code);
-            if (!index || !RunTable(*index)) return code;
-        }
-    }
-
-    std::optional<int> TableToRun(int code) {
-        if (code >= kRunTable && code < kRunTable + kCodesPerKind) return code - kRunTable;
-        if (code < kOfferRun) return std::nullopt;
-        const bool wanted =
-            table.player.SaysYes("Run Analysis",
-                                 "Tolvane has not analyzed this game and/or pay table. Would you "
-                                 "like to run analysis now?");
-        if (!wanted) return std::nullopt;
-        return code - kOfferRun;
-    }
-
-    // False when the player does not go on.
-    bool RunTable(int index) {
-        const std::string game = pages.GameName();
-        if (!TableExists(table.files.file, game, index, table.files.mainPath)) {
-            TellOfMissingPayTable(table.player);
-            return true;
-        }
-        const auto choice = reports.ChoosesFiles(AnalysisFilesOf(game, index, paths));
-        if (!choice) return false;
-        pages.Show(game, index);
-        AnalysisRun(spare, paths).Play(table, *choice);
-        pages.Show(game, index);
         return true;
     }
-
-    GameTable& table;
-    GameEngine& spare;
-    GameReports& reports;
-    const DataFilePaths& paths;
-    GameReportPages pages;
-};
+    const auto choice = table.player.AskAnalysisFiles(AnalysisFilesOf(game, index, paths));
+    if (!choice) return false;
+    pages.Show(game, index);
+    AnalysisRun(spare, paths).Play(table, *choice);
+    pages.Show(game, index);
+    return true;
+}
 
 }  // namespace
 
@@ -168,8 +132,8 @@ void GameReportPages::Show(const std::string& gameName, int tableIndex) {
 bool GameReportPages::Choose(const std::string& gameName) {
     const GameFiles& files = table.files;
     if (GameIdFromName(files.file, gameName, files.mainPath) == kSneakPeakGameId) {
-        table.player.IsTold("Game Analysis Not Available", "Analysis not available for this game",
-                            MessageIcon::kError);
+        table.player.Tell("Game Analysis Not Available", "Analysis not available for this game",
+                          MessageIcon::kError);
         return false;
     }
     Show(gameName, ActiveTable(files.file, files.gamePath, files.mainPath, gameName));
@@ -199,11 +163,6 @@ PayTableFiles GameReportPages::Files() const {
     return {table.files.file, table.files.mainPath, cache.path};
 }
 
-int RunCode(int tableIndex) {
-    if (tableIndex < 0 || tableIndex > kHighestIndex) return 0;
-    return tableIndex < kCodesPerKind ? kRunTable + tableIndex : kOfferRun + tableIndex;
-}
-
 AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
                                   const DataFilePaths& paths) {
     std::string name = gameName;
@@ -212,14 +171,21 @@ AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
             paths.folder + DetailFileName(name, tableIndex)};
 }
 
-void AnalyzeGameCommand(GameTable& table, GameEngine& spare, GameReports& reports,
-                        const DataFilePaths& paths) {
+void AnalyzeGameCommand(GameTable& table, GameEngine& spare, const DataFilePaths& paths) {
     if (IsSneakPeak(table.engine)) {
-        table.player.IsTold(
-            "Game Analysis Not Available",
-            "Game analysis not available for " + table.engine.settings.gameName + ".",
-            MessageIcon::kError);
+        table.player.Tell("Game Analysis Not Available",
+                          "Game analysis not available for " + table.engine.settings.gameName + ".",
+                          MessageIcon::kError);
         return;
     }
-    ReportLoop(table, spare, reports, paths).Run();
+    const MachineSettings& settings = table.engine.settings;
+    if (!TableExists(table.files.file, settings.gameName, 0, table.files.mainPath)) {
+        TellOfMissingPayTable(table.player);
+        return;
+    }
+    GameReportPages pages(table, spare, paths);
+    pages.ShowCurrent();
+    while (table.player.ShowGameReport(pages) == ReportAnswer::kRunAnalysis &&
+           RunShownTable(table, spare, paths, pages)) {
+    }
 }

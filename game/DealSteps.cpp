@@ -12,17 +12,17 @@ constexpr int kAcesToDrawAgain = 2;
 }  // namespace
 
 void EnterCredits(GameTable& table) {
-    const auto dollars = table.player.EntersDollars(table.engine.settings.dollarIn);
+    const auto dollars = table.player.AskDollars(table.engine.settings.dollarIn);
     if (!dollars) return;
     EnterDollars(table.engine, *dollars);
     ShowAtRest(table);
 }
 
 void TellOfMissingPayTable(Player& player) {
-    player.IsTold("Missing pay table",
-                  "Pay table does not exist for this game. Select Options->Edit Pay Table to "
-                  "create pay table.",
-                  MessageIcon::kError);
+    player.Tell("Missing pay table",
+                "Pay table does not exist for this game. Select Options->Edit Pay Table to "
+                "create pay table.",
+                MessageIcon::kError);
 }
 
 bool CanBeginHand(GameTable& table) {

@@ -3,25 +3,12 @@
 #pragma once
 #include "game/PayTableEditor.h"
 
-class PayTableManager {
-  public:
-    virtual ~PayTableManager() = default;
-
-    // Nothing when cancelled.
-    virtual std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
-                                                   const std::string& current) = 0;
-
-    // Lets the player work with the editor until he is done: true. False when he cancels, which
-    // takes nothing back that he has saved.
-    virtual bool Edits(PayTableEditor& editor) = 0;
-};
-
 // For a game that the player selects.
-void EditPayTable(GameTable& table, const DataFilePaths& paths, PayTableManager& manager);
+void EditPayTable(GameTable& table, const DataFilePaths& paths);
 
 // For the game and table that are played.
-void EditCurrentPayTable(GameTable& table, const DataFilePaths& paths, PayTableManager& manager);
+void EditCurrentPayTable(GameTable& table, const DataFilePaths& paths);
 
 // A game of the player's own, by its id kFirstUserGameId..; one that has no pay table yet is made
 // first. Cancelled, the current game goes on.
-void ChooseUserGame(GameTable& table, int id, const DataFilePaths& paths, PayTableManager& manager);
+void ChooseUserGame(GameTable& table, int id, const DataFilePaths& paths);

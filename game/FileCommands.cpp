@@ -22,7 +22,7 @@ constexpr std::int32_t kNewGameBet = 5;
 constexpr std::int32_t kNewGameDollars = 100;
 
 void TellProblem(GameTable& table, const std::string& path, const std::string& problem) {
-    table.player.IsTold(
+    table.player.Tell(
         "File Error",
         path + " " + problem + "\n\nThe game file in use is still " + table.files.gamePath + ".",
         MessageIcon::kError);
@@ -138,19 +138,19 @@ void Open(GameTable& table, const std::string& path) {
 
 void TellIfNotLocked(GameTable& table) {
     if (!table.gameLock || table.gameLock->GetState() != LockFile::State::kNotKnown) return;
-    table.player.IsTold("Game File",
-                        "Nothing keeps a second copy of Tolvane out of the game file " +
-                            table.files.gamePath +
-                            ": its disk knows no locks, or something else is in the place of its "
-                            "lock file. All you play is saved, but do not open it twice.",
-                        MessageIcon::kExclamation);
+    table.player.Tell("Game File",
+                      "Nothing keeps a second copy of Tolvane out of the game file " +
+                          table.files.gamePath +
+                          ": its disk knows no locks, or something else is in the place of its "
+                          "lock file. All you play is saved, but do not open it twice.",
+                      MessageIcon::kExclamation);
 }
 
 // The machine takes the new state only when the file holds it.
 void NewGameFile(GameTable& table) {
     GameEngine& engine = table.engine;
     SaveGame(table, false);
-    const auto path = table.player.ChoosesNewGameFile(ProposedPath(table));
+    const auto path = table.player.AskNewGameFile(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
     if (!IsInUse(table, *path) && !IsSavedToLeave(table)) return;
     auto lock = TakeLock(table, *path);
@@ -184,7 +184,7 @@ void NewGameFile(GameTable& table) {
 
 void OpenGameFile(GameTable& table) {
     const std::string folder = fs::path(table.files.gamePath).parent_path().string();
-    if (const auto path = table.player.ChoosesFileToOpen(folder)) Open(table, *path);
+    if (const auto path = table.player.AskFileToOpen(folder)) Open(table, *path);
 }
 
 void OpenNamedGameFile(GameTable& table, const std::string& path) {
@@ -197,7 +197,7 @@ void SaveGameFile(GameTable& table) {
 }
 
 void SaveGameFileAs(GameTable& table) {
-    const auto path = table.player.ChoosesFileToSave(ProposedPath(table));
+    const auto path = table.player.AskFileToSave(ProposedPath(table));
     if (!path || IsMainProfile(table, *path)) return;
     if (IsInUse(table, *path) && StandingOf(table) == Standing::kOurs) {
         return SaveGameFile(table);

@@ -54,7 +54,7 @@ void DealAgain(GameTable& table) {
 }  // namespace
 
 void AssignFixedHand(GameTable& table) {
-    if (!table.player.AssignsFixedHand(table.engine)) return;
+    if (!table.player.AskFixedHand(table.engine)) return;
     SettleFeatures(table);
     table.engine.fixedHand = true;
     FixedDealDraw(table);
@@ -79,7 +79,7 @@ bool NextLoggedHandAvailable(GameTable& table) {
     };
     if (!entry(engine.replayIndex).empty()) return true;
     if (entry(0).empty()) {
-        table.player.IsTold("Play Error Log", "No errors in log", MessageIcon::kExclamation);
+        table.player.Tell("Play Error Log", "No errors in log", MessageIcon::kExclamation);
         return false;
     }
     engine.replayIndex = 0;

@@ -123,7 +123,7 @@ void DealDraw(GameTable& table) {
 
 void ChoosePile(GameTable& table, Pile pile) {
     if (table.engine.handOver || !IsPickEm(table.engine)) return;
-    ButtonLook& button = table.scene.places[static_cast<std::size_t>(PositionOf(pile))].holdButton;
+    ButtonLook& button = HoldButtonAt(table.scene, PositionOf(pile));
     PressButton(button);
     Show(table);
     if (table.engine.fixedHand) {

@@ -5,10 +5,28 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+class GameReportPages;
+class PayTableEditor;
 struct GameEngine;
 
 enum class MessageIcon { kNone, kExclamation, kError };
+
+// How a report on a game is left: for good, or for a run of the analysis on the table that it
+// shows.
+enum class ReportAnswer { kDone, kRunAnalysis };
+
+// What a run may leave beside the analysis cache.
+struct AnalysisFilesChoice {
+    bool summary = false;
+    bool detail = false;
+};
+
+struct AnalysisFilePaths {
+    std::string summary;
+    std::string detail;
+};
 
 // Shown while long work goes on, with which the player cannot do anything but cancel it; gone with
 // the object.
@@ -29,22 +47,36 @@ class Player {
 
     // Yes or No, which is what closing the question means.
     virtual bool SaysYes(const std::string& caption, const std::string& question) = 0;
-    virtual void IsTold(const std::string& caption, const std::string& text, MessageIcon icon) = 0;
+    virtual void Tell(const std::string& caption, const std::string& text, MessageIcon icon) = 0;
 
     // Nothing when cancelled; otherwise 1..kMostDollars, beginning with the one proposed.
-    virtual std::optional<int> EntersDollars(int proposed) = 0;
-    virtual std::optional<std::int64_t> EntersHandCount() = 0;
+    virtual std::optional<int> AskDollars(int proposed) = 0;
+    virtual std::optional<std::int64_t> AskHandCount() = 0;
 
     // Lets the player choose the fixed hand of an engine; false when cancelled, and nothing
     // changed.
-    virtual bool AssignsFixedHand(GameEngine& engine) = 0;
+    virtual bool AskFixedHand(GameEngine& engine) = 0;
 
     // Full paths; nothing when cancelled. A file to be saved, or to begin a new game in, may exist:
     // its loss is agreed to.
-    virtual std::optional<std::string> ChoosesFileToOpen(const std::string& folder) = 0;
-    virtual std::optional<std::string> ChoosesFileToSave(const std::string& proposed) = 0;
-    virtual std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) = 0;
+    virtual std::optional<std::string> AskFileToOpen(const std::string& folder) = 0;
+    virtual std::optional<std::string> AskFileToSave(const std::string& proposed) = 0;
+    virtual std::optional<std::string> AskNewGameFile(const std::string& proposed) = 0;
 
-    virtual std::unique_ptr<Progress> SeesProgress(const std::string& text) = 0;
-    virtual void ReadsStatistics(const GameEngine& engine) = 0;
+    // A game of the list; nothing when cancelled. The list begins at the current one.
+    virtual std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                               const std::string& current) = 0;
+
+    // Lets the player work at the pay table manager until he is done: true. False when he cancels,
+    // which takes nothing back that he has saved.
+    virtual bool ShowPayTableManager(PayTableEditor& editor) = 0;
+
+    // Lets the player read the report and browse its pages.
+    virtual ReportAnswer ShowGameReport(GameReportPages& pages) = 0;
+
+    // Nothing when cancelled.
+    virtual std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) = 0;
+
+    virtual std::unique_ptr<Progress> ShowProgress(const std::string& text) = 0;
+    virtual void ShowStatistics(const GameEngine& engine) = 0;
 };

@@ -74,7 +74,7 @@ bool IsNews(GameTable& table, const std::string& text) {
 }
 
 void Tell(GameTable& table, const std::string& text) {
-    if (IsNews(table, text)) table.player.IsTold("Save Error", text, MessageIcon::kError);
+    if (IsNews(table, text)) table.player.Tell("Save Error", text, MessageIcon::kError);
 }
 
 // Whether the player has to choose between the table and what is in its file now.
@@ -87,8 +87,8 @@ bool Decides(GameTable& table, const std::string& happened) {
     const std::string text = InUse(table.files.gamePath, happened);
     if (StateOf(table.engine) == table.kept) {
         ReloadGameFile(table);
-        table.player.IsTold(kGameFile, text + " The game goes on as it is there.",
-                            MessageIcon::kNone);
+        table.player.Tell(kGameFile, text + " The game goes on as it is there.",
+                          MessageIcon::kNone);
         return true;
     }
     if (!IsNews(table, text)) return false;

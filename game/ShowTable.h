@@ -38,6 +38,10 @@ void ShowPileTop(GameTable& table, Pile pile);
 // Nothing when there is no such line.
 void ShowLine(GameTable& table, int line, LineMark mark, int payout = 0);
 
+inline ButtonLook& HoldButtonAt(TableScene& scene, int position) {
+    return scene.places[static_cast<std::size_t>(position)].holdButton;
+}
+
 // A button under the player's finger; nothing where the button is not on the table.
 void PressButton(ButtonLook& button);
 void ReleaseButton(ButtonLook& button);

@@ -16,7 +16,7 @@ std::string ProgressText(int percent) { return "Hands played..." + std::to_strin
 
 void PlayWithProgress(GameTable& table, GameEngine& spare, const GameFiles& files,
                       std::int64_t count) {
-    const auto progress = table.player.SeesProgress(ProgressText(0));
+    const auto progress = table.player.ShowProgress(ProgressText(0));
     int shown = 0;
     PlayHands(spare, files, count, [&](std::int64_t played) {
         // Of the hands before this one, so that 100 % is never reached.
@@ -48,7 +48,7 @@ void RunAutoplay(GameTable& table, GameEngine& spare) {
         TellOfMissingPayTable(table.player);
         return;
     }
-    const auto count = table.player.EntersHandCount();
+    const auto count = table.player.AskHandCount();
     if (!count) return;
     SaveGame(table, false);  // the settings that are played with are those of the game file
     LoadSpare(table, spare);
@@ -59,5 +59,5 @@ void RunAutoplay(GameTable& table, GameEngine& spare) {
     spare.settings.credits = 0;
     spare.settings.mode = PlayMode::kAutoHold;
     if (*count > 0) PlayWithProgress(table, spare, files, *count);
-    table.player.ReadsStatistics(spare);
+    table.player.ShowStatistics(spare);
 }

@@ -134,7 +134,7 @@ void ForgetErrors(GameTable& table) {
 
 bool TellIfErrorLogIsEmpty(GameTable& table) {
     if (table.engine.statistics.playErrors.total != 0) return false;
-    table.player.IsTold("Empty Error Log", "No errors in log", MessageIcon::kNone);
+    table.player.Tell("Empty Error Log", "No errors in log", MessageIcon::kNone);
     return true;
 }
 

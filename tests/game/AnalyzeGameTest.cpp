@@ -9,42 +9,25 @@
 
 namespace {
 
-// Leaves each report by the next of the codes, after a look at it, and the last one for good.
-class ScriptedReports : public GameReports {
-  public:
-    std::deque<int> codes;
-    std::optional<AnalysisFilesChoice> choice = AnalysisFilesChoice{};
-    std::function<void(GameReportPages&)> look;
-    std::vector<std::string> shown;  // "Jacks or Better(0)" for each report
-    std::vector<std::string> asked;  // paths of Summary files
-    std::string lastReport;
-
-    int ReadsGameReport(GameReportPages& pages) override {
-        shown.push_back(TableSection(pages.GameName(), pages.TableIndex()));
-        lastReport = pages.Report();
-        if (look) look(pages);
-        if (codes.empty()) return 1;
-        const int code = codes.front();
-        codes.pop_front();
-        return code;
-    }
-    std::optional<AnalysisFilesChoice> ChoosesFiles(const AnalysisFilePaths& files) override {
-        asked.push_back(files.summary);
-        return choice;
-    }
-};
-
 struct AnalyzeGameTest : testing::Test, TestTable {
-    void Command(std::deque<int> codes) {
-        reports.codes = std::move(codes);
-        AnalyzeGameCommand(table, spare, reports, paths);
+    // The player asks for so many runs, and then leaves.
+    void Command(int runs) {
+        ports.atReport = [this, runs](GameReportPages& pages) mutable {
+            shown.push_back(TableSection(pages.GameName(), pages.TableIndex()));
+            lastReport = pages.Report();
+            if (look) look(pages);
+            return runs-- > 0 ? ReportAnswer::kRunAnalysis : ReportAnswer::kDone;
+        };
+        AnalyzeGameCommand(table, spare, paths);
     }
     std::string Cached(const std::string& section, const std::string& key) {
         return machine.file.GetString(section, key, "(none)", 300, paths.analysisCache);
     }
 
     GameEngine spare;
-    ScriptedReports reports;
+    std::function<void(GameReportPages&)> look;  // what the player does in each report
+    std::vector<std::string> shown;              // "Jacks or Better(0)" for each report
+    std::string lastReport;
     const DataFilePaths& paths = machine.paths;
 };
 
@@ -75,38 +58,38 @@ TEST_F(AnalyzeGameTest, TheReportOnARunIsRightToTheLastTab) {
     };
     for (const auto& [game, id, golden] : games) {
         machine.Play(game, id);
-        Command({kRunTable});
-        EXPECT_EQ(reports.lastReport, Golden(golden));
+        Command(1);
+        EXPECT_EQ(lastReport, Golden(golden));
         EXPECT_EQ(machine.folder.FileCount(), 2) << "the cache, and the game file";
     }
 }
 
 TEST_F(AnalyzeGameTest, ATableNotAnalyzedShowsItsPays) {
-    Command({});
-    EXPECT_EQ(reports.lastReport, Golden("not_analyzed"));
+    Command(0);
+    EXPECT_EQ(lastReport, Golden("not_analyzed"));
     EXPECT_EQ(TakeLog(), "");
 }
 
 TEST_F(AnalyzeGameTest, GamesThatCannotBeAnalyzedAreRefused) {
     machine.Play("Sneak Peak Poker", 351);
-    Command({});
+    Command(0);
     EXPECT_EQ(
         TakeSteps(),
         "told Game Analysis Not Available: Game analysis not available for Sneak Peak Poker.");
     machine.Play("Empty", 9008);
-    Command({});
+    Command(0);
     EXPECT_EQ(TakeSteps(),
               "told Missing pay table: Pay table does not exist for this game. Select "
               "Options->Edit Pay Table to create pay table.");
-    EXPECT_TRUE(reports.shown.empty());
+    EXPECT_TRUE(shown.empty());
 }
 
 TEST_F(AnalyzeGameTest, ARunShowsItsProgressAndLeavesThePlayersMachineAlone) {
     engine.settings.credits = 99;
     const Statistics statistics = engine.statistics;
-    Command({kRunTable});
+    Command(1);
     const std::string log = TakeLog();
-    EXPECT_TRUE(log.starts_with("progress Analyzing game...0%\n"));
+    EXPECT_NE(log.find("\nprogress Analyzing game...0%\n"), std::string::npos);
     EXPECT_NE(log.find("progress Analyzing game...1% (1)\n"), std::string::npos);
     EXPECT_NE(log.find("progress Analyzing game...99% (99)\n"), std::string::npos);
     EXPECT_EQ(engine.settings.credits, 99);
@@ -116,9 +99,10 @@ TEST_F(AnalyzeGameTest, ARunShowsItsProgressAndLeavesThePlayersMachineAlone) {
 TEST_F(AnalyzeGameTest, FilesAreMadeWhereTheDialogSays) {
     const TemporaryFolder& folder = machine.folder;
     folder.Write("Jacks or Better(0) Summary.txt", "old");
-    reports.choice = AnalysisFilesChoice{.summary = true, .detail = true};
-    Command({kRunTable});
-    EXPECT_EQ(reports.asked, std::vector{folder.Path("Jacks or Better(0) Summary.txt")});
+    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
+    Command(1);
+    EXPECT_TRUE(
+        TakeLog().starts_with("ask files " + folder.Path("Jacks or Better(0) Summary.txt\n")));
     const std::string summary = folder.Read("Jacks or Better(0) Summary.txt");
     EXPECT_NE(summary.find("Payout%;99.5439\n"), std::string::npos);
     const std::string detail = folder.Read("Jacks or Better(0) Detail.txt");
@@ -126,44 +110,18 @@ TEST_F(AnalyzeGameTest, FilesAreMadeWhereTheDialogSays) {
     EXPECT_EQ(folder.FileCount(), 4);
 }
 
-TEST_F(AnalyzeGameTest, CodesAskForRunsForTheCurrentGameOrForNothing) {
-    const std::string question =
-        "ask Run Analysis: Tolvane has not analyzed this game and/or pay table. Would you like to "
-        "run analysis now?\n";
-    for (const int code : {0, 1, 2, 99, 201, 299, -100}) {
-        Command({code, kRunTable});
-        EXPECT_EQ(TakeLog(), "") << code;
-    }
-    answers = {"no", "yes"};
-    Command({kOfferRun, kRunTable});
-    EXPECT_EQ(TakeLog(), question);
-    reports.shown.clear();
-    Command({kOfferRun});
-    EXPECT_TRUE(TakeLog().starts_with(question + "progress "));
-    EXPECT_EQ(reports.shown.size(), 2U) << "the report follows";
-
-    reports.shown.clear();
-    reports.look = [](GameReportPages& pages) { pages.Show("Deuces Wild", 0); };
-    Command({kReportCurrent, kRunTable});
-    EXPECT_EQ(reports.shown, (std::vector<std::string>{"Jacks or Better(0)", "Jacks or Better(0)",
-                                                       "Deuces Wild(0)"}))
-        << "after a run, what was run";
-    const std::pair<int, int> runCodes[] = {{7, 107}, {100, 400}, {-1, 0}, {2147483647, 0}};
-    for (const auto& [index, code] : runCodes) EXPECT_EQ(RunCode(index), code) << "200 is taken";
-}
-
 TEST_F(AnalyzeGameTest, ARunThatIsCancelledInTimeLeavesNothing) {
-    reports.choice = std::nullopt;
-    Command({kRunTable, kRunTable});
-    EXPECT_EQ(reports.shown.size(), 1U);
-    EXPECT_EQ(TakeLog(), "");
+    ports.analysisFiles = std::nullopt;
+    Command(2);
+    EXPECT_EQ(shown.size(), 1U);
+    EXPECT_EQ(log.size(), 1U);
     EXPECT_EQ(machine.folder.FileCount(), 1);
 }
 
 TEST_F(AnalyzeGameTest, ACancelledRunEndsSoonWithWholeFilesOfItsHands) {
-    reports.choice = AnalysisFilesChoice{.summary = true, .detail = true};
+    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
     ports.progressSteps = 1;
-    Command({kRunTable});
+    Command(1);
     const std::string detail = machine.folder.Read("Jacks or Better(0) Detail.txt");
     EXPECT_EQ(std::ranges::count(detail, '\n'), 128 + 1) << "two looks at the player";
     EXPECT_EQ(detail.back(), '\n');
@@ -174,10 +132,10 @@ TEST_F(AnalyzeGameTest, ACancelledRunEndsSoonWithWholeFilesOfItsHands) {
 TEST_F(AnalyzeGameTest, FilesThatCannotBeWrittenStayAsTheyAre) {
     const std::string detail = machine.folder.Path("Jacks or Better(0) Detail.txt");
     std::filesystem::create_directories(detail + "/inside");
-    reports.choice = AnalysisFilesChoice{.summary = false, .detail = true};
-    Command({kRunTable});
+    ports.analysisFiles = AnalysisFilesChoice{.summary = false, .detail = true};
+    Command(1);
     EXPECT_TRUE(std::filesystem::is_directory(detail + "/inside"));
-    EXPECT_EQ(reports.lastReport, Golden("jacks_or_better"));
+    EXPECT_EQ(lastReport, Golden("jacks_or_better"));
     EXPECT_EQ(machine.folder.FileCount(), 3) << "nothing beside it";
 }
 
@@ -219,13 +177,37 @@ TEST_F(OwnGameTest, AGameIsChosenAtTheTableItWasLastPlayedOn) {
     EXPECT_EQ(pages.GameName(), "Practice");
 }
 
-TEST_F(OwnGameTest, ATableIsRunByItsCodeAndOneThatIsMissingIsNot) {
-    Command({kRunTable + 3, kRunTable + 2});
+TEST_F(OwnGameTest, TheTableShownIsRunAndOneThatIsMissingIsNot) {
+    look = [&](GameReportPages& pages) {
+        const bool again = shown.size() > 1;
+        pages.Show("Practice", again ? 2 : 3);
+    };
+    Command(2);
     EXPECT_NE(Cached("Practice(3)", "ER"), "(none)");
     EXPECT_EQ(Cached("Practice(0)", "ER"), "(none)");
     EXPECT_TRUE(log.back().starts_with("told Missing pay table: "));
-    EXPECT_EQ(reports.shown,
-              (std::vector<std::string>{"Practice(0)", "Practice(3)", "Practice(3)"}));
+    EXPECT_EQ(shown, (std::vector<std::string>{"Practice(0)", "Practice(3)", "Practice(2)"}));
+}
+
+TEST_F(OwnGameTest, BehindTheFirstHundredTablesARunIsAskedAbout) {
+    for (const int index : {99, 100}) {
+        machine.file.WriteString(TableSection("Practice", index), "PayLines", "1",
+                                 machine.files.mainPath);
+    }
+    ports.analysisFiles = std::nullopt;
+    const auto logged = [&](int index) {
+        look = [index](GameReportPages& pages) { pages.Show("Practice", index); };
+        Command(1);
+        return TakeLog();
+    };
+    const std::string files = "ask files " + machine.folder.Path("Practice(");
+    const std::string question =
+        "ask Run Analysis: Tolvane has not analyzed this game and/or pay table. Would you like to "
+        "run analysis now?\n";
+    EXPECT_EQ(logged(99), files + "99) Summary.txt\n");
+    answers = {"no", "yes"};
+    EXPECT_EQ(logged(100), question);
+    EXPECT_EQ(logged(100), question + files + "100) Summary.txt\n");
 }
 
 }  // namespace

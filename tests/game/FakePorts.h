@@ -47,6 +47,10 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     std::int64_t now = 1'790'000'000;
     bool logsOwned = false;  // a line "owns 95" before the first call after a change of the credits
     int progressSteps = -1;  // that may be shown before the work is cancelled; -1 any
+    // What the player does at the dialogs; without them he leaves at once.
+    std::function<bool(PayTableEditor&)> atManager;
+    std::function<ReportAnswer(GameReportPages&)> atReport;
+    std::optional<AnalysisFilesChoice> analysisFiles = AnalysisFilesChoice{};
     std::function<void()> duringInput;  // what the player does in a pause that lets input through
 
     std::function<void(const TableScene& before, const TableScene& now)> looks;  // at each step
@@ -68,18 +72,18 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
         Add("ask ", caption, ": ", question);
         return NextAnswer() == "yes";
     }
-    void IsTold(const std::string& caption, const std::string& text, MessageIcon) override {
+    void Tell(const std::string& caption, const std::string& text, MessageIcon) override {
         Add("told ", caption, ": ", text);
     }
-    std::optional<int> EntersDollars(int proposed) override {
+    std::optional<int> AskDollars(int proposed) override {
         Add("ask dollars ", proposed);
         return NextNumber();
     }
-    std::optional<std::int64_t> EntersHandCount() override {
+    std::optional<std::int64_t> AskHandCount() override {
         Add("ask hands");
         return NextNumber();
     }
-    bool AssignsFixedHand(GameEngine& fixed) override {
+    bool AskFixedHand(GameEngine& fixed) override {
         Add("ask fixed hand");
         const std::string answer = NextAnswer();
         if (answer == "cancel") return false;
@@ -88,23 +92,39 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
         std::ranges::copy(cards, fixed.statistics.setCards.begin());
         return true;
     }
-    std::optional<std::string> ChoosesFileToOpen(const std::string& folder) override {
+    std::optional<std::string> AskFileToOpen(const std::string& folder) override {
         Add("ask file to open in ", folder);
         return NextUnlessCancelled();
     }
-    std::optional<std::string> ChoosesFileToSave(const std::string& proposed) override {
+    std::optional<std::string> AskFileToSave(const std::string& proposed) override {
         Add("ask file to save ", proposed);
         return NextUnlessCancelled();
     }
-    std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) override {
+    std::optional<std::string> AskNewGameFile(const std::string& proposed) override {
         Add("ask new game file ", proposed);
         return NextUnlessCancelled();
     }
-    std::unique_ptr<Progress> SeesProgress(const std::string& text) override {
+    std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                       const std::string& current) override {
+        EXPECT_EQ(std::ranges::count(games, current), 1) << current;
+        Add("ask game");
+        return NextUnlessCancelled();
+    }
+    bool ShowPayTableManager(PayTableEditor& editor) override {
+        return atManager && atManager(editor);
+    }
+    ReportAnswer ShowGameReport(GameReportPages& pages) override {
+        return atReport ? atReport(pages) : ReportAnswer::kDone;
+    }
+    std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override {
+        Add("ask files ", files.summary);
+        return analysisFiles;
+    }
+    std::unique_ptr<Progress> ShowProgress(const std::string& text) override {
         Add("progress ", text);
         return std::make_unique<Steps>(*this);
     }
-    void ReadsStatistics(const GameEngine& shown) override {
+    void ShowStatistics(const GameEngine& shown) override {
         Add("statistics ", shown.settings.gameName, ", ", shown.statistics.handsPlayed.session,
             " hands");
     }

@@ -28,7 +28,7 @@ class CloseTest : public ProgramTest {
 
     void ExpectClosed() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !program->frame->isVisible(); }));
-        EXPECT_FALSE(program->document->actions.Busy());
+        EXPECT_FALSE(program->document->Actions().Busy());
     }
 
     QTimer soon;

@@ -66,12 +66,12 @@ TEST_F(FeaturePlayTest, ThreeTargetsAreShotByMouseAndKeys) {
     TestProgram& p = StartFeature("TgtBonus", kNothing, kTargetDraw);
     ASSERT_TRUE(p.engine.targetPending);
     ExpectTableKeepsStill();
-    const auto& values = p.document->table.target.values;
+    const auto& values = p.document->Table().target.values;
     p.Click(p.Places().targets[1]);
     EXPECT_EQ(p.Scene().targets[1].value, values[1]);
     p.Click(p.Places().targets[1]);
     p.Key(Qt::Key_2);
-    EXPECT_EQ(p.document->table.target.shots, 1) << "one shot a target";
+    EXPECT_EQ(p.document->Table().target.shots, 1) << "one shot a target";
     p.Key(Qt::Key_5);
     p.ExpectAtRest("two shots");
     p.Key(Qt::Key_1, Qt::KeypadModifier);

@@ -10,6 +10,7 @@
 #include <QTextOption>
 #include <map>
 
+#include "game/AnalyzeGame.h"
 #include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
@@ -17,7 +18,6 @@
 #include "ui/dialogs/HoldChart.h"
 #include "ui/dialogs/ShareChart.h"
 #include "ui/dialogs/WindowPlayer.h"
-#include "ui/dialogs/WindowReports.h"
 
 namespace {
 
@@ -39,7 +39,7 @@ class GameAnalysisDialogTest : public testing::Test {
 
     void Command(std::initializer_list<DialogRobot::Step> steps) {
         const DialogRobot robot(steps);
-        AnalyzeGameCommand(table, spare, reports, paths);
+        AnalyzeGameCommand(table, spare, paths);
     }
 
     // Notes what the dialog shows.
@@ -61,7 +61,6 @@ class GameAnalysisDialogTest : public testing::Test {
     TestMachine machine;
     Recorder ports{machine.engine};
     WindowPlayer player{window, store, ports};
-    WindowReports reports{window};
     GameEngine spare;
     GameTable table = TableOf(machine, ports, player);
     const DataFilePaths& paths = machine.paths;
@@ -141,12 +140,6 @@ TEST_F(GameAnalysisDialogTest, ColumnsHaveRoomForTheirWidestNumbers) {
                  }
                  dialog.reject();
              }});
-}
-
-TEST_F(GameAnalysisDialogTest, AWindowThatClosesShowsNoMoreReports) {
-    reports.RefuseAll();
-    Command({});
-    EXPECT_EQ(reports.ChoosesFiles({}).has_value(), false);
 }
 
 TEST_F(GameAnalysisDialogTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {

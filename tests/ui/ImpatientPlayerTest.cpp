@@ -119,7 +119,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
 
     // What the player is shown, step by step. A message is taken, so that each is seen once.
     void Look() {
-        std::string& shown = p().document->table.scene.message;
+        std::string& shown = p().document->Table().scene.message;
         const std::string message = std::exchange(shown, "");
         if (message.starts_with("PAID ")) counting = true;
         if (message.starts_with("Paid ")) owned -= Credits(message.substr(5));
@@ -245,10 +245,10 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
 
     // In a pause of a flow.
     void Hurry() {
-        if (!p().document->table.dealing) holds = 0;
+        if (!p().document->Table().dealing) holds = 0;
         for (int presses = OneIn(6) ? Any(1, 4) : 0; presses > 0; --presses) AnyPress();
-        EXPECT_LE(p().document->actions.WaitingPresses(),
-                  p().document->table.dealing ? 2 * holds + 4 : 2);
+        EXPECT_LE(p().document->Actions().WaitingPresses(),
+                  p().document->Table().dealing ? 2 * holds + 4 : 2);
     }
 
     void AnyPress() {
@@ -308,7 +308,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
         if (OneIn(2)) {
             for (int i = AnyOf(std::array{1, 1, 1, 1, 2, 102}); i > 0; --i) idle->OnIdle(i);
         }
-        ASSERT_FALSE(p().document->actions.Busy());
+        ASSERT_FALSE(p().document->Actions().Busy());
         ASSERT_EQ(E().settings.credits, owned);
         ASSERT_EQ(counted.handsPlayed.session, books.hands);
         ASSERT_EQ(counted.creditsPlayed.session, books.bets);

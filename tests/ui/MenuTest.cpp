@@ -251,7 +251,7 @@ TEST_F(MenuTest, AResetIsToldUntilSomethingElseIsButInAHandForAMomentOnly) {
     TestProgram& p = Start();
     const auto reset = [&] {
         p.Key(Qt::Key_0);
-        ShowAtRest(p.document->table);
+        ShowAtRest(p.document->Table());
         EXPECT_EQ(p.Scene().message, "STATISTICS RESET");
     };
     reset();

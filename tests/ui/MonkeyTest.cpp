@@ -81,7 +81,7 @@ class MonkeyTest : public ProgramTest, protected AnyInput {
         if (OneIn(3)) document.Run(kFixedHand);
         if (program->engine.settings.gameId == 300) program->Stack("JD JH TD TH 2H", 5);
         EnterDollars(program->engine, 100);
-        ShowAtRest(document.table);
+        ShowAtRest(document.Table());
     }
 };
 
@@ -108,7 +108,7 @@ TEST_F(MonkeyTest, WhateverIsPressedTheTableTellsTheTruthAndNothingIsOwed) {
     }
     p.clock.inEveryPause = nullptr;
     p.Release({0, 0, 2, 2});
-    const std::string game = p.document->table.files.gamePath;
+    const std::string game = p.document->Table().files.gamePath;
     EXPECT_TRUE(p.document->OnCloseDocument());
     MachineSettings stored;
     ProfileFile file;

@@ -9,8 +9,9 @@
 
 #include "tests/game/ManagerTable.h"
 #include "tests/ui/DialogRobot.h"
+#include "ui/art/PictureStore.h"
 #include "ui/dialogs/PayTableManagerDialog.h"
-#include "ui/dialogs/WindowPayTableManager.h"
+#include "ui/dialogs/WindowPlayer.h"
 
 namespace {
 
@@ -63,7 +64,9 @@ bool IsOn(const QDialog& dialog, const char* name) {
 
 struct Machine : ManagerTable {
     QWidget window;
-    WindowPayTableManager manager{window};
+    PictureStore pictures;
+    WindowPlayer player{window, pictures, ports};
+    GameTable table = TableOf(machine, ports, player);
 
     Machine() { window.show(); }
 };
@@ -100,7 +103,7 @@ TEST(PayTableManagerTest, AGameMadeFromATemplateIsPaidAsTyped) {
         ClickOn("makeActive"),
         ClickOn("done"),
     };
-    ChooseUserGame(m, 9001, m.paths, m.manager);
+    ChooseUserGame(m.table, 9001, m.paths);
     EXPECT_EQ(StatsSection(m.engine), "Nine Six(0)");
     EXPECT_EQ(LineUnitPay(m.engine.payTable, 3, 5), 50);
     EXPECT_EQ(LineUnitPay(m.engine.payTable, 4, 1), 7);
@@ -138,7 +141,7 @@ TEST(PayTableManagerTest, ASecondTableIsAddedToABuiltInGameAndSteppedTo) {
         ClickOn("makeActive"),
         Press(Qt::Key_Escape),
     };
-    EditCurrentPayTable(m, m.paths, m.manager);
+    EditCurrentPayTable(m.table, m.paths);
     EXPECT_EQ(caption + ": " + text,
               "Error: You can not overwrite the default pay table for a pre-defined game");
     EXPECT_EQ(m.InMain("Jacks or Better(0)", "Payout3"), "9");
@@ -175,7 +178,7 @@ TEST(PayTableManagerTest, ARefusalPutsTheCursorWhereItBelongs) {
         ClickOn("done"),
     };
     auto editor = m.Manager("My Game", 9001);
-    EXPECT_TRUE(m.manager.Edits(editor));
+    EXPECT_TRUE(m.player.ShowPayTableManager(editor));
     EXPECT_EQ(caption + ": " + text, "Input Error: Description can not be blank");
     EXPECT_EQ(m.InMain("Better Jacks(0)", "Descr8"), "JACKS");
 }
@@ -231,7 +234,7 @@ TEST(PayTableManagerTest, AfterADeletionNothingIsOfferedButAnotherGame) {
         ClickOn("done"),
     };
     auto editor = m.Manager("My Game", 9001, 1);
-    EXPECT_TRUE(m.manager.Edits(editor));
+    EXPECT_TRUE(m.player.ShowPayTableManager(editor));
 }
 
 TEST(PayTableManagerTest, KeysAreTakenWhileTheReturnIsReckoned) {
@@ -328,7 +331,7 @@ TEST(PayTableManagerTest, ItClosesFromWithinAQuestionThatWouldBeAskedAgain) {
         },
     };
     auto editor = m.Manager("My Game", 9001);
-    EXPECT_FALSE(m.manager.Edits(editor));
+    EXPECT_FALSE(m.player.ShowPayTableManager(editor));
     EXPECT_EQ(editor.gameName, "My Game");
 }
 

@@ -18,6 +18,7 @@
 #include "ui/table/ActionQueue.h"
 #include "ui/table/CMorvikView.h"
 #include "ui/table/ChangedRegion.h"
+#include "ui/table/Commands.h"
 #include "ui/table/Layout.h"
 #include "ui/table/SceneDescription.h"
 #include "ui/table/TablePainter.h"
@@ -332,7 +333,7 @@ TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
     TestTable t;
     PictureStore pictures;
     ActionQueue actions(t.table);
-    CMorvikView view(t.table, pictures, actions, [](int) {});
+    CMorvikView view(t.table, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
     const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
     ASSERT_NE(reader, nullptr);
     EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");

@@ -355,7 +355,7 @@ TEST_F(TablePlayTest, DuringTheDealAllHoldsAndOneDrawWaitAndNothingBehindIt) {
             p.Click(p.Places().deal);
         }
         p.Press(p.Places().deal);
-        EXPECT_EQ(p.document->actions.WaitingPresses(), 8) << "releases counted";
+        EXPECT_EQ(p.document->Actions().WaitingPresses(), 8) << "releases counted";
         EXPECT_EQ(p.Held(), 0);
     };
     p.Key(Qt::Key_D);
@@ -397,7 +397,7 @@ TEST_F(TablePlayTest, OtherwiseOnePressWaitsAndWhatIsRefusedIsNoneLaterEither) {
         p.document->Run(kCashOut);
         QTest::keyPress(p.view, Qt::Key_D);
         p.Press(p.Places().deal);
-        EXPECT_EQ(p.document->actions.WaitingPresses(), 1);
+        EXPECT_EQ(p.document->Actions().WaitingPresses(), 1);
     });
     p.Release(p.Places().deal);
     QTest::keyRelease(p.view, Qt::Key_D);

@@ -40,8 +40,8 @@ TestProgram::TestProgram(const TemporaryFolder& folder, bool realPauses)
     frame = std::make_unique<CMainFrame>();
     frame->hurryClock = [this](bool on) { windowClock.Hurry(on); };
     Clock& used = realPauses ? static_cast<Clock&>(windowClock) : clock;
-    document =
-        std::make_unique<CMorvikDoc>(engine, spare, file, paths, *frame, pictures, used, sounds);
+    document = std::make_unique<CMorvikDoc>(
+        ProgramParts{engine, spare, file, paths, pictures, used, sounds}, *frame);
     frame->Show(*document, pictures);
     EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
     view = frame->View();
@@ -55,8 +55,8 @@ TestProgram::~TestProgram() {
 
 void TestProgram::DecideFeatures(const std::function<bool(CombinedRandom)>& wanted) {
     for (std::uint32_t seed = 1;; ++seed) {
-        document->table.random.RandomInit(seed);
-        if (wanted(document->table.random)) return;
+        document->Table().random.RandomInit(seed);
+        if (wanted(document->Table().random)) return;
     }
 }
 
@@ -82,8 +82,8 @@ std::string TestProgram::HandText() const {
 }
 
 void TestProgram::ExpectAtRest(const std::string& when) const {
-    EXPECT_FALSE(document->actions.Busy()) << when;
-    const TableScene rest = SceneOf(document->table);
+    EXPECT_FALSE(document->Actions().Busy()) << when;
+    const TableScene rest = SceneOf(document->Table());
     const auto inWords = [this](const TableScene& shown) {
         return "\n" + Describe(shown, engine.payTable, engine.deck.table);
     };

@@ -107,7 +107,7 @@ class TestProgram {
 
     std::string HandText() const;
     HoldMask Held() const { return HeldMask(engine); }
-    std::string Message() const { return document->table.scene.message; }
+    std::string Message() const { return document->Table().scene.message; }
     // "WON 10, bet 5, credits 105"
     std::string Meters() const {
         return Message() + ", bet " + Scene().bet + ", credits " + Scene().credits;
@@ -129,7 +129,7 @@ class TestProgram {
     std::unique_ptr<CMorvikDoc> document;
     CMorvikView* view = nullptr;
     const TableLayout& Places() const { return view->places; }
-    const TableScene& Scene() const { return document->table.scene; }
+    const TableScene& Scene() const { return document->Table().scene; }
 };
 
 // The player takes all of these steps at the dialogs that the action opens.

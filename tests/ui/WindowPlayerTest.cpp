@@ -7,8 +7,10 @@
 #include <QMessageBox>
 #include <QWidget>
 
+#include "game/AnalyzeGame.h"
 #include "game/Clock.h"
-#include "tests/game/TestMachine.h"
+#include "game/PayTableEditor.h"
+#include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 
@@ -79,7 +81,7 @@ TEST_F(WindowPlayerTest, WhatIsAskedLeavesTheCardsToBeSeen) {
     };
     DialogRobot robot{look, look, look};
     player.SaysYes("Double Up Tie", "Do you wish to play again?");
-    player.IsTold("Caption", "Text", MessageIcon::kNone);
+    player.Tell("Caption", "Text", MessageIcon::kNone);
     player.GoesOnAfterError("A____ is the best play for this hand. Continue?");
 }
 
@@ -95,19 +97,19 @@ TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIcon) {
             EXPECT_EQ(box.icon(), icon);
             dialog.reject();
         }};
-        player.IsTold("Caption", "Text", told);
+        player.Tell("Caption", "Text", told);
     }
 }
 
 TEST_F(WindowPlayerTest, NumbersAreEnteredOrCancelled) {
     {
         DialogRobot robot{Press(Qt::Key_Return), Type("77"), Press(Qt::Key_Return)};
-        EXPECT_EQ(player.EntersDollars(250), 250);
-        EXPECT_EQ(player.EntersHandCount(), 77);
+        EXPECT_EQ(player.AskDollars(250), 250);
+        EXPECT_EQ(player.AskHandCount(), 77);
     }
     DialogRobot robot{Press(Qt::Key_Escape), Press(Qt::Key_Escape)};
-    EXPECT_EQ(player.EntersDollars(250), std::nullopt);
-    EXPECT_EQ(player.EntersHandCount(), std::nullopt) << "cancelled is not 0 hands";
+    EXPECT_EQ(player.AskDollars(250), std::nullopt);
+    EXPECT_EQ(player.AskHandCount(), std::nullopt) << "cancelled is not 0 hands";
 }
 
 TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
@@ -123,13 +125,13 @@ TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
                           TypeFile("Save As", folder.Path("taken")),
                           AnswerReplace("Save As", QMessageBox::No),
                           Press(Qt::Key_Escape)};
-        EXPECT_EQ(player.ChoosesFileToSave(proposed), folder.Path("new.qdx"));
-        EXPECT_EQ(player.ChoosesNewGameFile(proposed), taken);
-        EXPECT_EQ(player.ChoosesFileToSave(proposed), std::nullopt);
+        EXPECT_EQ(player.AskFileToSave(proposed), folder.Path("new.qdx"));
+        EXPECT_EQ(player.AskNewGameFile(proposed), taken);
+        EXPECT_EQ(player.AskFileToSave(proposed), std::nullopt);
     }
     DialogRobot robot{TypeFile("Open", folder.Path("missing.qdx")), Press(Qt::Key_Return),
                       TypeFile("Open", taken)};
-    EXPECT_EQ(player.ChoosesFileToOpen(folder.Path()), taken) << "only a file that is there";
+    EXPECT_EQ(player.AskFileToOpen(folder.Path()), taken) << "only a file that is there";
 }
 
 TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpen) {
@@ -137,32 +139,41 @@ TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpen) {
     folder.Write("taken.qdx", "[main]\n");
     {
         DialogRobot robot{Type("0"), Press(Qt::Key_Return), RefuseAll()};
-        EXPECT_EQ(player.EntersDollars(100), std::nullopt) << "with a message over it";
+        EXPECT_EQ(player.AskDollars(100), std::nullopt) << "with a message over it";
     }
     player.AnswerAgain();
     DialogRobot robot{TypeFile("Save As", folder.Path("taken")), RefuseAll()};
-    EXPECT_EQ(player.ChoosesFileToSave(folder.Path("proposed.qdx")), std::nullopt);
+    EXPECT_EQ(player.AskFileToSave(folder.Path("proposed.qdx")), std::nullopt);
 }
 
 TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     TestMachine machine;
-    auto running = player.SeesProgress("Hands played...0%");
+    auto running = player.ShowProgress("Hands played...0%");
     const QWidget* modal = QApplication::activeModalWidget();
     EXPECT_TRUE(modal && modal->objectName() == "progress") << "nothing else is let through";
     EXPECT_TRUE(running->Show("Hands played...1%", 1));
     player.RefuseAll();
     EXPECT_FALSE(running->Show("Hands played...2%", 2));
-    EXPECT_FALSE(player.SeesProgress("Hands played...0%")->Show("", 0));
+    EXPECT_FALSE(player.ShowProgress("Hands played...0%")->Show("", 0));
     EXPECT_FALSE(player.GoesOnAfterError("Continue?"));
     EXPECT_FALSE(player.SaysYes("Caption", "Question?"));
-    player.IsTold("Caption", "Text", MessageIcon::kError);
-    EXPECT_EQ(player.EntersDollars(100), std::nullopt);
-    EXPECT_EQ(player.EntersHandCount(), std::nullopt);
-    EXPECT_FALSE(player.AssignsFixedHand(machine.engine));
-    EXPECT_EQ(player.ChoosesFileToOpen("/tmp"), std::nullopt);
-    EXPECT_EQ(player.ChoosesFileToSave("/tmp/a.qdx"), std::nullopt);
-    EXPECT_EQ(player.ChoosesNewGameFile("/tmp/a.qdx"), std::nullopt);
-    player.ReadsStatistics(machine.engine);
+    player.Tell("Caption", "Text", MessageIcon::kError);
+    EXPECT_EQ(player.AskDollars(100), std::nullopt);
+    EXPECT_EQ(player.AskHandCount(), std::nullopt);
+    EXPECT_FALSE(player.AskFixedHand(machine.engine));
+    EXPECT_EQ(player.AskFileToOpen("/tmp"), std::nullopt);
+    EXPECT_EQ(player.AskFileToSave("/tmp/a.qdx"), std::nullopt);
+    EXPECT_EQ(player.AskNewGameFile("/tmp/a.qdx"), std::nullopt);
+    EXPECT_EQ(player.AskGame({"A"}, "A"), std::nullopt);
+    EXPECT_EQ(player.AskAnalysisFiles({}).has_value(), false);
+    player.ShowStatistics(machine.engine);
+    Recorder ports(machine.engine);
+    GameTable table = TableOf(machine, ports, player);
+    PayTableEditor editor(table, machine.paths, {300, "Jacks or Better", 0});
+    EXPECT_FALSE(player.ShowPayTableManager(editor));
+    GameEngine spare;
+    GameReportPages pages(table, spare, machine.paths);
+    EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 
 TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
@@ -177,9 +188,9 @@ TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
         QTest::keyClick(&dialog, Qt::Key_Return);
     };
     DialogRobot robot{note, note, ClickOn("analysis"), ClickOn("yes")};
-    EXPECT_TRUE(player.AssignsFixedHand(machine.engine));
+    EXPECT_TRUE(player.AskFixedHand(machine.engine));
     EXPECT_TRUE(machine.engine.fixedHand);
-    player.ReadsStatistics(machine.engine);
+    player.ShowStatistics(machine.engine);
     EXPECT_EQ(shown, "Assign Fixed Hand;Game Play Analysis;");
     EXPECT_TRUE(player.GoesOnAfterError("Continue?"));
     EXPECT_EQ(beeps, 1);

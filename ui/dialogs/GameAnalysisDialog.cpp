@@ -89,7 +89,10 @@ QLayout* GameAnalysisDialog::MakeBottom() {
     auto* run = new QPushButton(tr("&Run Analysis"), this);
     run->setObjectName("run");
     run->setAutoDefault(false);
-    connect(run, &QPushButton::clicked, this, [this] { done(RunCode(pages.TableIndex())); });
+    connect(run, &QPushButton::clicked, this, [this] {
+        answer = ReportAnswer::kRunAnalysis;
+        accept();
+    });
     auto* layout = new QHBoxLayout;
     layout->addWidget(run);
     layout->addWidget(OkAlone(*this));

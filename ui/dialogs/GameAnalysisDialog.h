@@ -1,8 +1,9 @@
 // The report on the whole-game analysis of one game's table: browses games and tables, shows what
-// the analysis cache has of them, and asks for runs. It ends with RunCode of the table shown, or as
-// any dialog does.
+// the analysis cache has of them, and asks for runs.
 #pragma once
 #include <QDialog>
+
+#include "game/Player.h"
 
 class GameReportPages;
 class QComboBox;
@@ -20,6 +21,9 @@ class GameAnalysisDialog : public QDialog {
     // The pages outlive the dialog.
     GameAnalysisDialog(GameReportPages& pages, QWidget* parent);
 
+    // Once it is closed, how the player left it.
+    ReportAnswer Answer() const { return answer; }
+
   private:
     QLayout* MakeTop();
     QWidget* MakeTabs();
@@ -33,6 +37,7 @@ class GameAnalysisDialog : public QDialog {
     void Save();
 
     GameReportPages& pages;
+    ReportAnswer answer = ReportAnswer::kDone;
     QComboBox* games = nullptr;
     QLineEdit* index = nullptr;
     QPushButton* previous = nullptr;

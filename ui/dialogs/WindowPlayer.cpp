@@ -10,10 +10,14 @@
 #include "ui/dialogs/AssignFixedHandDialog.h"
 #include "ui/dialogs/AutoplayHandsDialog.h"
 #include "ui/dialogs/BestPlayErrorDialog.h"
+#include "ui/dialogs/CreateAnalysisFilesDialog.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/EnterDollarsDialog.h"
 #include "ui/dialogs/FileQuestions.h"
+#include "ui/dialogs/GameAnalysisDialog.h"
+#include "ui/dialogs/PayTableManagerDialog.h"
 #include "ui/dialogs/ProgressDialog.h"
+#include "ui/dialogs/SelectGameDialog.h"
 #include "ui/dialogs/StatisticsDialog.h"
 
 namespace {
@@ -88,49 +92,75 @@ bool WindowPlayer::SaysYes(const std::string& caption, const std::string& questi
     return box.exec() == QMessageBox::Yes;
 }
 
-void WindowPlayer::IsTold(const std::string& caption, const std::string& text, MessageIcon icon) {
+void WindowPlayer::Tell(const std::string& caption, const std::string& text, MessageIcon icon) {
     if (refusing) return;
     FlowBox box(IconOf(icon), caption, text, QMessageBox::Ok, window);
     box.setObjectName("message");
     box.exec();
 }
 
-std::optional<int> WindowPlayer::EntersDollars(int proposed) {
+std::optional<int> WindowPlayer::AskDollars(int proposed) {
     if (refusing) return std::nullopt;
     EnterDollarsDialog dialog(proposed, &window);
     if (!IsAccepted(dialog)) return std::nullopt;
     return dialog.Dollars();
 }
 
-std::optional<std::int64_t> WindowPlayer::EntersHandCount() {
+std::optional<std::int64_t> WindowPlayer::AskHandCount() {
     if (refusing) return std::nullopt;
     AutoplayHandsDialog dialog(&window);
     if (!IsAccepted(dialog)) return std::nullopt;
     return dialog.Hands();
 }
 
-bool WindowPlayer::AssignsFixedHand(GameEngine& engine) {
+bool WindowPlayer::AskFixedHand(GameEngine& engine) {
     if (refusing) return false;
     AssignFixedHandDialog dialog(engine, store, &window);
     return IsAccepted(dialog);
 }
 
-std::optional<std::string> WindowPlayer::ChoosesFileToOpen(const std::string& folder) {
+std::optional<std::string> WindowPlayer::AskFileToOpen(const std::string& folder) {
     if (refusing) return std::nullopt;
-    return AskFileToOpen(GameFileKind(), folder, &window);
+    return ::AskFileToOpen(GameFileKind(), folder, &window);
 }
 
-std::optional<std::string> WindowPlayer::ChoosesFileToSave(const std::string& proposed) {
+std::optional<std::string> WindowPlayer::AskFileToSave(const std::string& proposed) {
     if (refusing) return std::nullopt;
-    return AskFileToSave(QObject::tr("Save As"), GameFileKind(), proposed, &window);
+    return ::AskFileToSave(QObject::tr("Save As"), GameFileKind(), proposed, &window);
 }
 
-std::optional<std::string> WindowPlayer::ChoosesNewGameFile(const std::string& proposed) {
+std::optional<std::string> WindowPlayer::AskNewGameFile(const std::string& proposed) {
     if (refusing) return std::nullopt;
-    return AskFileToSave(QObject::tr("New Game File"), GameFileKind(), proposed, &window);
+    return ::AskFileToSave(QObject::tr("New Game File"), GameFileKind(), proposed, &window);
 }
 
-std::unique_ptr<Progress> WindowPlayer::SeesProgress(const std::string& text) {
+std::optional<std::string> WindowPlayer::AskGame(const std::vector<std::string>& games,
+                                                 const std::string& current) {
+    if (refusing) return std::nullopt;
+    return ::AskGame(games, current, &window);
+}
+
+bool WindowPlayer::ShowPayTableManager(PayTableEditor& editor) {
+    if (refusing) return false;
+    PayTableManagerDialog dialog(editor, &window);
+    return IsAccepted(dialog);
+}
+
+ReportAnswer WindowPlayer::ShowGameReport(GameReportPages& pages) {
+    if (refusing) return ReportAnswer::kDone;
+    GameAnalysisDialog dialog(pages, &window);
+    dialog.exec();
+    return dialog.Answer();
+}
+
+std::optional<AnalysisFilesChoice> WindowPlayer::AskAnalysisFiles(const AnalysisFilePaths& files) {
+    if (refusing) return std::nullopt;
+    CreateAnalysisFilesDialog dialog(files, &window);
+    if (!IsAccepted(dialog)) return std::nullopt;
+    return dialog.Choice();
+}
+
+std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
     if (refusing) return std::make_unique<NoProgress>();
     auto progress = std::make_unique<ProgressDialog>(text, &window);
     progress->show();
@@ -138,7 +168,7 @@ std::unique_ptr<Progress> WindowPlayer::SeesProgress(const std::string& text) {
     return progress;
 }
 
-void WindowPlayer::ReadsStatistics(const GameEngine& engine) {
+void WindowPlayer::ShowStatistics(const GameEngine& engine) {
     if (refusing) return;
     StatisticsDialog dialog(engine, clock.Now(), &window);
     dialog.exec();

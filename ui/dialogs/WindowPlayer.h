@@ -28,15 +28,20 @@ class WindowPlayer : public Player {
 
     bool GoesOnAfterError(const std::string& message) override;
     bool SaysYes(const std::string& caption, const std::string& question) override;
-    void IsTold(const std::string& caption, const std::string& text, MessageIcon icon) override;
-    std::optional<int> EntersDollars(int proposed) override;
-    std::optional<std::int64_t> EntersHandCount() override;
-    bool AssignsFixedHand(GameEngine& engine) override;
-    std::optional<std::string> ChoosesFileToOpen(const std::string& folder) override;
-    std::optional<std::string> ChoosesFileToSave(const std::string& proposed) override;
-    std::optional<std::string> ChoosesNewGameFile(const std::string& proposed) override;
-    std::unique_ptr<Progress> SeesProgress(const std::string& text) override;
-    void ReadsStatistics(const GameEngine& engine) override;
+    void Tell(const std::string& caption, const std::string& text, MessageIcon icon) override;
+    std::optional<int> AskDollars(int proposed) override;
+    std::optional<std::int64_t> AskHandCount() override;
+    bool AskFixedHand(GameEngine& engine) override;
+    std::optional<std::string> AskFileToOpen(const std::string& folder) override;
+    std::optional<std::string> AskFileToSave(const std::string& proposed) override;
+    std::optional<std::string> AskNewGameFile(const std::string& proposed) override;
+    std::optional<std::string> AskGame(const std::vector<std::string>& games,
+                                       const std::string& current) override;
+    bool ShowPayTableManager(PayTableEditor& editor) override;
+    ReportAnswer ShowGameReport(GameReportPages& pages) override;
+    std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override;
+    std::unique_ptr<Progress> ShowProgress(const std::string& text) override;
+    void ShowStatistics(const GameEngine& engine) override;
 
   private:
     QWidget& window;

@@ -44,12 +44,12 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 }  // namespace
 
 CMorvikView::CMorvikView(GameTable& shownTable, PictureStore& store, ActionQueue& queue,
-                         std::function<void(int)> command)
+                         KeyCommands commands)
     : table(shownTable),
       shown(shownTable.scene),
       actions(queue),
       pictures(store),
-      input(shownTable, places, std::move(command)) {
+      input(shownTable, places, std::move(commands)) {
     setObjectName("table");
     QAccessible::installFactory(MakeInterface);  // before the name, which makes the interface
     setAccessibleName(tr("Video poker table"));
@@ -149,7 +149,7 @@ void CMorvikView::keyPressEvent(QKeyEvent* event) {
     if ((event->modifiers() & kShortcutModifiers) != 0) {
         actions.StopCountUp();
         QWidget::keyPressEvent(event);
-    } else if (event->isAutoRepeat() || !TableInput::IsTableKey(key)) {
+    } else if (event->isAutoRepeat() || !input.IsTableKey(key)) {
         if (actions.StopCountUp()) keysDown.remove(key);
     } else {
         BeginKey(key);

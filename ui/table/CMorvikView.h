@@ -3,7 +3,6 @@
 #include <QBasicTimer>
 #include <QHash>
 #include <QWidget>
-#include <functional>
 
 #include "game/GameTable.h"
 #include "ui/table/Layout.h"
@@ -15,10 +14,9 @@ class CMorvikView : public QWidget {
     Q_OBJECT
 
   public:
-    // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
-    // view.
+    // All outlive the view.
     CMorvikView(GameTable& table, PictureStore& pictures, ActionQueue& actions,
-                std::function<void(int)> command);
+                KeyCommands commands);
 
     // Sees to it that what has changed since the last time is painted.
     void ShowScene();

@@ -40,7 +40,9 @@ enum Command : int {
     kAbout = 57664,
     kExit = 57665,
     kHelpIndex = 57666,
-    kEditCurrentPayTable = 1,  // in no menu
+    kNoCommand = 0,
+    kEditCurrentPayTable = 1,   // in no menu, nor is the next
+    kResetStatisticsAlone = 2,  // leaves the error log
 };
 
 inline constexpr int kFirstGame = 300;

@@ -2,7 +2,7 @@
 
 #include <Qt>
 #include <algorithm>
-#include <iterator>
+#include <array>
 #include <utility>
 
 #include "game/BonusFeatures.h"
@@ -17,9 +17,6 @@ namespace {
 
 constexpr int kFirstPick = 1;  // position of the first card that a double up lets be picked
 
-// Where a key presses a place.
-QPoint InsideOf(const QRect& place) { return place.topLeft() + QPoint(1, 1); }
-
 bool OnBet(const TableLayout& places, QPoint point) {
     return places.betLabel.rect.contains(point) || places.betValue.rect.contains(point);
 }
@@ -28,28 +25,29 @@ bool OnCredits(const TableLayout& places, QPoint point) {
     return places.creditLabel.rect.contains(point) || places.creditValue.rect.contains(point);
 }
 
-bool IsDigit(int key, int first, int last) {
-    return key >= Qt::Key_0 + first && key <= Qt::Key_0 + last;
+static_assert(kTargets == kHandSize, "the digits name either");
+bool IsDigit(int key) { return key > Qt::Key_0 && key <= Qt::Key_0 + kHandSize; }
+
+// Of the place that holds the point; -1 when none does.
+int IndexAt(const std::array<QRect, 5>& rects, QPoint point) {
+    const auto found =
+        std::ranges::find_if(rects, [&](const QRect& rect) { return rect.contains(point); });
+    return found == rects.end() ? -1 : static_cast<int>(found - rects.begin());
 }
 
 }  // namespace
 
-TableInput::TableInput(GameTable& table, const TableLayout& places,
-                       std::function<void(int)> command)
-    : table(table), engine(table.engine), places(places), command(std::move(command)) {}
+TableInput::TableInput(GameTable& table, const TableLayout& places, KeyCommands commands)
+    : table(table), engine(table.engine), places(places), commands(std::move(commands)) {}
 
 void TableInput::Press(QPoint point) {
     if (HandIsDealt()) {
-        if (IsPickEm(engine) || PositionAt(point) >= 0) {
-            PressDealt(point);
-            return;
-        }
+        const int place = PlaceAt(point);
+        if (place >= 0) PressDealt(point, place);
+        if (place >= 0 || IsPickEm(engine)) return;
     } else if (engine.doubleUpPick && !engine.doubleUpClosed) {
-        for (int i = kFirstPick; i < kHandSize; ++i) {
-            if (places.holdButtons[static_cast<std::size_t>(i)].contains(point)) {
-                PressButton(table.scene.places[static_cast<std::size_t>(i)].holdButton);
-            }
-        }
+        const int place = IndexAt(places.holdButtons, point);
+        if (place >= kFirstPick) PressButton(HoldButtonAt(table.scene, place));
         return;
     } else {
         PressGameOver(point);
@@ -59,12 +57,13 @@ void TableInput::Press(QPoint point) {
 
 void TableInput::Release(QPoint point) {
     ReleaseButtons();
-    if (engine.doubleUpPick) {
-        const int position = PositionAt(point);
-        if (position >= kFirstPick) PickDoubleUpCard(table, position);
+    const int place = PlaceAt(point);
+    if (engine.doubleUpPick || HandIsDealt()) {
+        ReleasePlace(place);
+        if (engine.doubleUpPick || IsPickEm(engine) || place >= 0) return;
+    } else if (ReleaseGameOver(point)) {
         return;
     }
-    if (HandIsDealt() ? ReleaseDealt(point) : ReleaseGameOver(point)) return;
     if (places.deal.contains(point)) DealDraw(table);
 }
 
@@ -85,58 +84,128 @@ void TableInput::RightPress(QPoint point) {
 
 void TableInput::DoublePress(QPoint point) {
     if (FeaturePending(engine)) return;
-    if (places.PayTablePanel().contains(point)) command(kEditCurrentPayTable);
+    if (places.PayTablePanel().contains(point)) commands.run(kEditCurrentPayTable);
 }
 
 void TableInput::Key(int key) {
-    if (engine.doubleUpPick) {
-        if (!IsDigit(key, 2, 5)) return;
-        Release(InsideOf(places.cards[static_cast<std::size_t>(key - Qt::Key_1)]));
-    } else if (FeaturePending(engine)) {
-        FeatureKey(key);
-    } else {
-        TableKey(key);
+    if (IsDigit(key)) return DigitKey(key - Qt::Key_1);
+    if (engine.doubleUpPick) return;
+    const bool waits = FeaturePending(engine);
+    const OwnKey* own = FindOwnKey(key);
+    const auto act = !own ? nullptr : waits ? own->inFeature : own->act;
+    if (act) {
+        act(*this);
+    } else if (const int command = commands.ofKey(key); command != kNoCommand && !waits) {
+        commands.run(command);
     }
 }
 
 PressKind TableInput::KindAt(QPoint point) const {
-    if (PositionAt(point) >= 0) return PressKind::kHold;
+    if (PlaceAt(point) >= 0) return PressKind::kHold;
     return places.deal.contains(point) ? PressKind::kDraw : PressKind::kOther;
 }
 
 PressKind TableInput::KindOf(int key) {
-    if (IsDigit(key, 1, kHandSize)) return PressKind::kHold;
-    return key == Qt::Key_D || key == Qt::Key_Space ? PressKind::kDraw : PressKind::kOther;
+    if (IsDigit(key)) return PressKind::kHold;
+    const OwnKey* own = FindOwnKey(key);
+    return own ? own->kind : PressKind::kOther;
 }
 
-bool TableInput::IsTableKey(int key) {
-    constexpr int kOthers[] = {Qt::Key_Space, Qt::Key_A,  Qt::Key_B,    Qt::Key_C,
-                               Qt::Key_D,     Qt::Key_E,  Qt::Key_H,    Qt::Key_M,
-                               Qt::Key_O,     Qt::Key_R,  Qt::Key_S,    Qt::Key_T,
-                               Qt::Key_U,     Qt::Key_F1, Qt::Key_Left, Qt::Key_Right};
-    return IsDigit(key, 0, kHandSize) || std::ranges::find(kOthers, key) != std::end(kOthers);
+bool TableInput::IsTableKey(int key) const {
+    return IsDigit(key) || FindOwnKey(key) || commands.ofKey(key) != kNoCommand;
 }
 
-bool TableInput::HandIsDealt() const { return !engine.handOver; }
+std::span<const TableInput::OwnKey> TableInput::OwnKeys() {
+    using enum PressKind;
+    using In = TableInput;
+    constexpr auto kDeal = [](In& in) { in.DealKey(); };
+    constexpr auto kDoubleUp = [](In& in) { StartDoubleUp(in.table); };
+    static constexpr OwnKey kKeys[] = {
+        {Qt::Key_Space, kDraw, kDeal, nullptr},
+        {Qt::Key_D, kDraw, kDeal, nullptr},
+        {Qt::Key_B, kOther, [](In& in) { in.ReleaseBet(); },
+         [](In& in) { in.ReleasePanel(CardColour::kBlack); }},
+        {Qt::Key_R, kOther, nullptr, [](In& in) { in.ReleasePanel(CardColour::kRed); }},
+        {Qt::Key_M, kOther, [](In& in) { BetMax(in.table); }, nullptr},
+        {Qt::Key_S, kOther, nullptr, [](In& in) { in.ReleaseSpin(); }},
+        {Qt::Key_U, kOther, kDoubleUp, kDoubleUp},
+        {Qt::Key_Left, kOther, [](In& in) { in.ReleasePlace(kLeftPilePosition); }, nullptr},
+        {Qt::Key_Right, kOther, [](In& in) { in.ReleasePlace(kRightPilePosition); }, nullptr},
+    };
+    return kKeys;
+}
 
-int TableInput::PositionAt(QPoint point) const {
-    for (std::size_t i = 0; i < kHandSize; ++i) {
-        if (places.holdButtons[i].contains(point) || places.cards[i].contains(point)) {
-            return static_cast<int>(i);
-        }
+const TableInput::OwnKey* TableInput::FindOwnKey(int key) {
+    const auto keys = OwnKeys();
+    const auto found = std::ranges::find(keys, key, &OwnKey::key);
+    return found == keys.end() ? nullptr : &*found;
+}
+
+void TableInput::DigitKey(int number) {
+    if (engine.doubleUpPick) {
+        ReleasePlace(number);
+    } else if (FeaturePending(engine)) {
+        ReleaseTarget(number);
+    } else {
+        PressPlace(number);
     }
-    return -1;
 }
 
-void TableInput::PressDealt(QPoint point) {
-    const int position = PositionAt(point);
-    if (position < 0) return;
-    const bool onButton = places.holdButtons[static_cast<std::size_t>(position)].contains(point);
-    const bool hasButton = !IsPickEm(engine) || position >= kLeftPilePosition;
-    if (onButton && hasButton) {
-        PressButton(table.scene.places[static_cast<std::size_t>(position)].holdButton);
+void TableInput::DealKey() {
+    if (!HandIsDealt() || !IsPickEm(engine)) DealDraw(table);
+}
+
+int TableInput::PlaceAt(QPoint point) const {
+    const int button = IndexAt(places.holdButtons, point);
+    return button >= 0 ? button : IndexAt(places.cards, point);
+}
+
+int TableInput::TargetAt(QPoint point) const { return IndexAt(places.targets, point); }
+
+void TableInput::PressPlace(int place) {
+    if (HandIsDealt() && !IsPickEm(engine)) ToggleHold(table, place);
+}
+
+void TableInput::ReleasePlace(int place) {
+    const bool picks = engine.doubleUpPick && place >= kFirstPick;
+    const bool choosesPile = HandIsDealt() && IsPickEm(engine) && place >= kLeftPilePosition;
+    if (!picks && !choosesPile) return;
+    ReleaseButtons();
+    if (picks) {
+        PickDoubleUpCard(table, place);
+    } else {
+        ChoosePile(table, place == kLeftPilePosition ? Pile::kLeft : Pile::kRight);
     }
-    if (!IsPickEm(engine)) ToggleHold(table, position);
+}
+
+void TableInput::ReleaseTarget(int target) {
+    if (!engine.targetPending) return;
+    ReleaseButtons();
+    Shoot(table, target);
+}
+
+void TableInput::ReleasePanel(CardColour colour) {
+    if (!engine.redBlackPending) return;
+    ReleaseButtons();
+    GuessColour(table, colour);
+}
+
+void TableInput::ReleaseSpin() {
+    if (!engine.spinPending) return;
+    ReleaseButtons();
+    Spin(table);
+}
+
+void TableInput::ReleaseBet() {
+    ReleaseButtons();
+    BetOne(table);
+}
+
+void TableInput::PressDealt(QPoint point, int place) {
+    const bool onButton = places.holdButtons[static_cast<std::size_t>(place)].contains(point);
+    const bool hasButton = !IsPickEm(engine) || place >= kLeftPilePosition;
+    if (onButton && hasButton) PressButton(HoldButtonAt(table.scene, place));
+    PressPlace(place);
 }
 
 void TableInput::PressGameOver(QPoint point) {
@@ -150,14 +219,6 @@ void TableInput::PressGameOver(QPoint point) {
 }
 
 // True when the release needs no further look.
-bool TableInput::ReleaseDealt(QPoint point) {
-    const int position = PositionAt(point);
-    if (!IsPickEm(engine)) return position >= 0;
-    if (position == kLeftPilePosition) ChoosePile(table, Pile::kLeft);
-    if (position == kRightPilePosition) ChoosePile(table, Pile::kRight);
-    return true;
-}
-
 bool TableInput::ReleaseGameOver(QPoint point) {
     if (ReleaseFeature(point)) return true;
     if (CanDoubleUp(engine) && places.doubleUp.contains(point)) {
@@ -165,31 +226,24 @@ bool TableInput::ReleaseGameOver(QPoint point) {
         return true;
     }
     if (FeaturePending(engine)) return true;
-    if (places.betOne.contains(point) || OnBet(places, point)) BetOne(table);
+    if (places.betOne.contains(point) || OnBet(places, point)) ReleaseBet();
     if (places.maxBet.contains(point)) BetMax(table);
     return false;
 }
 
 bool TableInput::ReleaseFeature(QPoint point) {
-    if (engine.redBlackPending) {
-        const bool red = places.redPanel.contains(point);
-        if (red || places.blackPanel.contains(point)) {
-            GuessColour(table, red ? CardColour::kRed : CardColour::kBlack);
-            return true;
-        }
+    if (engine.redBlackPending && places.redPanel.contains(point)) {
+        ReleasePanel(CardColour::kRed);
+    } else if (engine.redBlackPending && places.blackPanel.contains(point)) {
+        ReleasePanel(CardColour::kBlack);
+    } else if (engine.spinPending && places.spinButton.contains(point)) {
+        ReleaseSpin();
+    } else if (engine.targetPending && TargetAt(point) >= 0) {
+        ReleaseTarget(TargetAt(point));
+    } else {
+        return false;
     }
-    if (engine.spinPending && places.spinButton.contains(point)) {
-        Spin(table);
-        return true;
-    }
-    if (!engine.targetPending) return false;
-    for (int i = 0; i < kTargets; ++i) {
-        const auto target = static_cast<std::size_t>(i);
-        if (table.target.shot[target] || !places.targets[target].contains(point)) continue;
-        Shoot(table, i);
-        return true;
-    }
-    return false;
+    return true;
 }
 
 bool TableInput::RightPressGameOver(QPoint point) {
@@ -203,77 +257,6 @@ bool TableInput::RightPressGameOver(QPoint point) {
         return false;
     }
     return true;
-}
-
-void TableInput::FeatureKey(int key) {
-    if (key == Qt::Key_U) {
-        StartDoubleUp(table);
-    } else if (engine.redBlackPending && (key == Qt::Key_R || key == Qt::Key_B)) {
-        Release(InsideOf(key == Qt::Key_R ? places.redPanel : places.blackPanel));
-    } else if (engine.spinPending && key == Qt::Key_S) {
-        Release(InsideOf(places.spinButton));
-    } else if (engine.targetPending && IsDigit(key, 1, kTargets)) {
-        Release(InsideOf(places.targets[static_cast<std::size_t>(key - Qt::Key_1)]));
-    }
-}
-
-void TableInput::TableKey(int key) {
-    if (IsDigit(key, 1, kHandSize)) {
-        Press(InsideOf(places.cards[static_cast<std::size_t>(key - Qt::Key_1)]));
-        return;
-    }
-    switch (key) {
-        case Qt::Key_Space:
-        case Qt::Key_D:
-            if (!(HandIsDealt() && IsPickEm(engine))) DealDraw(table);
-            break;
-        case Qt::Key_B:
-            Release(InsideOf(places.betValue.rect));
-            break;
-        case Qt::Key_M:
-            if (!HandIsDealt()) RightPress(InsideOf(places.betValue.rect));
-            break;
-        case Qt::Key_U:
-            StartDoubleUp(table);
-            break;
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-            PileKey(key);
-            break;
-        default:
-            CommandKey(key);
-    }
-}
-
-void TableInput::CommandKey(int key) {
-    switch (key) {
-        case Qt::Key_A:
-            return command(kAssignFixedHand);
-        case Qt::Key_C:
-            return command(kToggleShowDollar);
-        case Qt::Key_0:
-            return ResetStatisticsOnly(table);
-        case Qt::Key_E:
-            return command(kEditPayTable);
-        case Qt::Key_H:
-            return command(kAnalyzeHand);
-        case Qt::Key_O:
-            return command(kCashOut);
-        case Qt::Key_S:
-            return command(kPlayStatistics);
-        case Qt::Key_T:
-            return command(kEditCurrentPayTable);
-        case Qt::Key_F1:
-            return command(kHelpIndex);
-        default:
-            return;
-    }
-}
-
-void TableInput::PileKey(int key) {
-    if (!HandIsDealt() || !IsPickEm(engine)) return;
-    const int position = key == Qt::Key_Left ? kLeftPilePosition : kRightPilePosition;
-    Release(InsideOf(places.cards[static_cast<std::size_t>(position)]));
 }
 
 void TableInput::PressButton(ButtonLook& button) {

@@ -3,16 +3,22 @@
 #pragma once
 #include <QPoint>
 #include <functional>
+#include <span>
 
 #include "game/GameTable.h"
 #include "ui/table/ActionQueue.h"
 #include "ui/table/Layout.h"
 
+// The commands (ui/table/Commands.h) that keys and presses at the table may stand for.
+struct KeyCommands {
+    std::function<int(int key)> ofKey;  // kNoCommand for a Qt::Key that stands for none
+    std::function<void(int command)> run;
+};
+
 class TableInput {
   public:
-    // command runs a command of the menus (ui/table/Commands.h), greyed or not. All outlive the
-    // input.
-    TableInput(GameTable& table, const TableLayout& places, std::function<void(int)> command);
+    // All outlive the input.
+    TableInput(GameTable& table, const TableLayout& places, KeyCommands commands);
 
     void Press(QPoint point);
     void Release(QPoint point);
@@ -23,7 +29,7 @@ class TableInput {
     PressKind KindAt(QPoint point) const;
     static PressKind KindOf(int key);
     // Keys that do nothing at any time are no press, Shift among them.
-    static bool IsTableKey(int key);
+    bool IsTableKey(int key) const;
 
     // Wherever the finger is lifted, and when another window comes between, no button stays down.
     void ReleaseButtons();
@@ -33,23 +39,41 @@ class TableInput {
     void Key(int key);
 
   private:
-    bool HandIsDealt() const;
-    int PositionAt(QPoint point) const;  // by card place or HOLD button, -1 none
+    // A key of the table's own, and what it does at rest or in a hand, and while a feature waits
+    // for the player; nullptr for nothing of its own. The digits, which name a place or a target,
+    // are apart.
+    struct OwnKey {
+        int key;
+        PressKind kind;
+        void (*act)(TableInput& input);
+        void (*inFeature)(TableInput& input);
+    };
+    static std::span<const OwnKey> OwnKeys();
+    static const OwnKey* FindOwnKey(int key);  // nullptr when it is none
 
-    void PressDealt(QPoint point);
+    bool HandIsDealt() const { return !engine.handOver; }
+    int PlaceAt(QPoint point) const;   // 0..4 by card place or HOLD button, -1 none
+    int TargetAt(QPoint point) const;  // 0..4, -1 none
+
+    // What fingers and keys do alike. All do nothing where the machine asks for something else.
+    void PressPlace(int place);
+    void ReleasePlace(int place);
+    void ReleaseTarget(int target);
+    void ReleasePanel(CardColour colour);
+    void ReleaseSpin();
+    void ReleaseBet();
+
+    void PressDealt(QPoint point, int place);
     void PressGameOver(QPoint point);
-    bool ReleaseDealt(QPoint point);
     bool ReleaseGameOver(QPoint point);
     bool ReleaseFeature(QPoint point);
     bool RightPressGameOver(QPoint point);
-    void FeatureKey(int key);
-    void TableKey(int key);
-    void CommandKey(int key);
-    void PileKey(int key);
+    void DigitKey(int number);
+    void DealKey();
     void PressButton(ButtonLook& button);
 
     GameTable& table;
     GameEngine& engine;
     const TableLayout& places;
-    std::function<void(int)> command;
+    KeyCommands commands;
 };

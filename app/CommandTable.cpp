@@ -1,0 +1,233 @@
+#include "app/CommandTable.h"
+
+#include <QMetaObject>
+#include <QWidget>
+#include <Qt>
+#include <array>
+
+#include "game/AnalyzeGame.h"
+#include "game/Autoplay.h"
+#include "game/DealSteps.h"
+#include "game/EditPayTable.h"
+#include "game/FileCommands.h"
+#include "game/FixedHand.h"
+#include "game/GameSelection.h"
+#include "game/SpareEngine.h"
+#include "game/TableCommands.h"
+#include "ui/dialogs/AboutDialog.h"
+#include "ui/dialogs/CombinationsDialog.h"
+#include "ui/dialogs/ErrorLogDialog.h"
+#include "ui/dialogs/HandAnalysisDialog.h"
+#include "ui/dialogs/HelpWindow.h"
+
+namespace {
+
+// What the rows do. The window is closed from the event loop, so that no command is left behind it.
+void Exit(CommandDesk& desk, int) {
+    QMetaObject::invokeMethod(&desk.window, &QWidget::close, Qt::QueuedConnection);
+}
+void DoNothing(CommandDesk&, int) {}
+
+template <void (*kCommand)(GameTable&)>
+void AtTable(CommandDesk& desk, int) {
+    kCommand(desk.table);
+}
+
+void PlayGame(CommandDesk& desk, int id) {
+    if (id >= kFirstUserGame) {
+        ChooseUserGame(desk.table, id, desk.paths);
+    } else {
+        ChooseGame(desk.table, id);
+    }
+}
+template <PlayMode kMode>
+void PlayIn(CommandDesk& desk, int) {
+    ChooseMode(desk.table, kMode);
+}
+template <int kCents>
+void PayWith(CommandDesk& desk, int) {
+    ChooseCoin(desk.table, kCents / 100.0);
+}
+template <Speed kSpeed>
+void RunAt(CommandDesk& desk, int) {
+    ChooseSpeed(desk.table, kSpeed);
+}
+
+void PlayByItself(CommandDesk& desk, int) { RunAutoplay(desk.table, desk.spare); }
+void ReadStatistics(CommandDesk& desk, int) { desk.table.player.ShowStatistics(desk.table.engine); }
+void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.table, desk.paths); }
+void EditTable(CommandDesk& desk, int) { EditCurrentPayTable(desk.table, desk.paths); }
+void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.table, desk.spare, desk.paths); }
+void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
+void ReadErrorLog(CommandDesk& desk, int) {
+    if (TellIfErrorLogIsEmpty(desk.table)) return;
+    ErrorLogDialog(desk.table.engine, desk.table.files, desk.pictures, &desk.window).exec();
+}
+void CountCombinations(CommandDesk& desk, int) { CombinationsDialog(&desk.window).exec(); }
+void OpenHelp(CommandDesk& desk, int) {
+    if (!desk.help) desk.help = new HelpWindow(&desk.window);
+    desk.help->Open();
+}
+void ShowAbout(CommandDesk& desk, int) { AboutDialog(&desk.window).exec(); }
+
+// When they have a check mark.
+bool IsPlayed(const GameEngine& engine, int id) { return id == engine.settings.gameId; }
+bool IsPractice(const GameEngine& engine, int) { return engine.fixedHand; }
+template <bool MachineSettings::*kFlag>
+bool Has(const GameEngine& engine, int) {
+    return engine.settings.*kFlag;
+}
+template <PlayMode kMode>
+bool PlaysIn(const GameEngine& engine, int) {
+    return engine.settings.mode == kMode;
+}
+template <int kCents>
+bool PaysWith(const GameEngine& engine, int) {
+    return engine.settings.coin == kCents / 100.0;
+}
+template <Speed kSpeed>
+bool RunsAt(const GameEngine& engine, int) {
+    return engine.settings.speed == kSpeed;
+}
+
+using enum Grey;
+using enum PlayMode;
+using enum Speed;
+using Row = CommandRow;
+using Set = MachineSettings;
+
+// A letter or digit is its own Qt::Key. The table has nothing to edit; the entries are where
+// players look for them.
+// clang-format off
+constexpr auto kRows = std::to_array<MenuRow>({
+    // command              caption                   key  shortcut  greyed           does                             checked
+    PopupRow{"fileMenu", "&File"},
+    Row{kFileNew,           "&New",                   0,   "Ctrl+N", kDuringHand,     AtTable<NewGameFile>},
+    Row{kFileOpen,          "&Open...",               0,   "Ctrl+O", kDuringHand,     AtTable<OpenGameFile>},
+    Row{kFileSave,          "&Save",                  0,   "Ctrl+S", kDuringHand,     AtTable<SaveGameFile>},
+    Row{kFileSaveAs,        "Save &As...",            0,   "",       kDuringHand,     AtTable<SaveGameFileAs>},
+    SeparatorRow{},
+    Row{kExit,              "E&xit",                  0,   "",       kNever,          Exit},
+
+    PopupRow{"editMenu", "&Edit"},
+    Row{kEditUndo,          "&Undo",                  0,   "Ctrl+Z", kAlways,         DoNothing},
+    Row{kEditCut,           "Cu&t",                   0,   "Ctrl+X", kAlways,         DoNothing},
+    Row{kEditCopy,          "&Copy",                  0,   "Ctrl+C", kAlways,         DoNothing},
+    Row{kEditPaste,         "&Paste",                 0,   "Ctrl+V", kAlways,         DoNothing},
+
+    PopupRow{"gamesMenu", "&Games"},
+    GameRows{300, 329},
+    SeparatorRow{},
+    GameRows{330, 339},
+    SeparatorRow{},
+    GameRows{340, 349},
+    SeparatorRow{},
+    UserGamesRow{"userGamesMenu", "User Games"},
+    SeparatorRow{},
+    GameRows{350, kLastGame},
+
+    PopupRow{"optionsMenu", "&Options"},
+    Row{kCashOut,           "Cash Out",               'O', "",       kNever,          AtTable<CashOut>},
+    Row{kEnterCredits,      "Enter Credits",          0,   "",       kNever,          AtTable<EnterCredits>},
+    Row{kResetStatistics,   "Reset Statistics to 0",  0,   "",       kNever,          AtTable<ResetAllStatistics>},
+    Row{kViewErrorLog,      "View Error Log",         0,   "",       kNever,          ReadErrorLog},
+    Row{kClearErrorLog,     "Clear Error Log",        0,   "",       kDuringHand,     AtTable<ForgetErrors>},
+    Row{kEditPayTable,      "Edit Pay Table",         'E', "",       kDuringHand,     EditAnyTable},
+    Row{kAssignFixedHand,   "Assign Fixed Hand",      'A', "",       kNever,          AtTable<AssignFixedHand>},
+    SeparatorRow{},
+    Row{kToggleSounds,      "Sound Effects",          0,   "",       kDuringHand,     AtTable<ToggleSounds>,           Has<&Set::sounds>},
+    Row{kToggleDoubleUp,    "Double Up",              0,   "",       kDuringHand,     AtTable<ToggleDoubleUp>,         Has<&Set::doubleUp>},
+    Row{kToggleShowDollar,  "Show Credits as Cash",   'C', "",       kMenuDuringHand, AtTable<ToggleShowDollar>,       Has<&Set::showDollar>},
+    SeparatorRow{},
+    Row{kCombinations,      "Calculate Combinations", 0,   "",       kNever,          CountCombinations},
+
+    PopupRow{"playModeMenu", "&Play Mode"},
+    Row{kModeCasino,        "Casino",                 0,   "",       kDuringHand,     PlayIn<kCasino>,                 PlaysIn<kCasino>},
+    Row{kModeWarning,       "Warning",                0,   "",       kDuringHand,     PlayIn<kWarning>,                PlaysIn<kWarning>},
+    Row{kModeAutoHold,      "AutoHold",               0,   "",       kDuringHand,     PlayIn<kAutoHold>,               PlaysIn<kAutoHold>},
+    Row{kModeErrorLog,      "Error Log",              0,   "",       kDuringHand,     PlayIn<kErrorLog>,               PlaysIn<kErrorLog>},
+    Row{kAutoplay,          "Autoplay",               0,   "",       kNever,          PlayByItself},
+    SeparatorRow{},
+    Row{kFixedHand,         "Fixed Hand",             0,   "",       kDuringHand,     AtTable<ToggleFixedHand>,        IsPractice},
+
+    PopupRow{"coinMenu", "&Coin"},
+    Row{kCoinNickel,        "Nickel",                 0,   "",       kNever,          PayWith<5>,                      PaysWith<5>},
+    Row{kCoinQuarter,       "Quarter",                0,   "",       kNever,          PayWith<25>,                     PaysWith<25>},
+    Row{kCoinHalf,          "50 Cents",               0,   "",       kNever,          PayWith<50>,                     PaysWith<50>},
+    Row{kCoinDollar,        "Dollar",                 0,   "",       kNever,          PayWith<100>,                    PaysWith<100>},
+
+    PopupRow{"speedMenu", "&Speed"},
+    Row{kSpeedFast,         "Fast",                   0,   "",       kNever,          RunAt<kFast>,                    RunsAt<kFast>},
+    Row{kSpeedNormal,       "Normal",                 0,   "",       kNever,          RunAt<kNormal>,                  RunsAt<kNormal>},
+    Row{kSpeedSlow,         "Slow",                   0,   "",       kNever,          RunAt<kSlow>,                    RunsAt<kSlow>},
+
+    PopupRow{"analyzeMenu", "&Analyze"},
+    Row{kPlayStatistics,    "Game Play",              'S', "",       kNever,          ReadStatistics},
+    Row{kAnalyzeHand,       "Hand",                   'H', "",       kNever,          ReadHand},
+    Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
+
+    PopupRow{"helpMenu", "&Help"},
+    Row{kHelpIndex,         "Help Index",     Qt::Key_F1,  "F1",     kNever,          OpenHelp},
+    Row{kAbout,             "&About Tolvane...",      0,   "",       kNever,          ShowAbout},
+
+    NoMenuRow{},
+    Row{kEditCurrentPayTable,   "",                   'T', "",       kDuringHand,     EditTable},
+    Row{kResetStatisticsAlone,  "",                   '0', "",       kNever,          AtTable<ResetStatisticsOnly>},
+});
+// clang-format on
+
+// The row of all games, those of the player's own too.
+constexpr Row kAnyGame{.grey = kDuringHand, .run = PlayGame, .isChecked = IsPlayed};
+
+template <typename Is>
+const CommandRow* FindRow(Is isWanted) {
+    for (const MenuRow& row : kRows) {
+        const auto* command = std::get_if<CommandRow>(&row);
+        if (command && isWanted(*command)) return command;
+    }
+    return nullptr;
+}
+
+// nullptr when there is none.
+const CommandRow* RowOf(int id) {
+    if (IsGame(id)) return &kAnyGame;
+    return FindRow([id](const CommandRow& row) { return row.id == id; });
+}
+
+bool HandIsOpen(const GameEngine& engine) { return !engine.handOver && !engine.fixedHand; }
+
+}  // namespace
+
+std::span<const MenuRow> MenuRows() { return kRows; }
+
+int CommandOfKey(int key) {
+    const CommandRow* row =
+        FindRow([key](const CommandRow& command) { return command.key == key && key != 0; });
+    return row ? row->id : kNoCommand;
+}
+
+bool IsChecked(int id, const GameEngine& engine) {
+    const CommandRow* row = RowOf(id);
+    return row && row->isChecked && row->isChecked(engine, id);
+}
+
+bool IsEnabled(int id, const GameEngine& engine) {
+    const CommandRow* row = RowOf(id);
+    if (!row || row->grey == kAlways) return false;
+    return row->grey == kNever || !HandIsOpen(engine);
+}
+
+bool IsEnabledByKey(int id, const GameEngine& engine) {
+    const CommandRow* row = RowOf(id);
+    return IsEnabled(id, engine) || (row && row->grey == kMenuDuringHand);
+}
+
+void RunCommand(int id, CommandDesk& desk) {
+    if (const CommandRow* row = RowOf(id)) row->run(desk, id);
+}
+
+void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
+    LoadSpare(desk.table, desk.spare);
+    LendHand(desk.table.engine, desk.spare);
+    HandAnalysisDialog(desk.spare, desk.pictures, &over).exec();
+}

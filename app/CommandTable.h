@@ -1,0 +1,80 @@
+// The one table of the commands: what each is called, by which keys and when it may be given, when
+// it has a check mark, and what it does. Its rows stand as the menus show them.
+#pragma once
+#include <span>
+#include <variant>
+
+#include "ui/table/Commands.h"
+
+class HelpWindow;
+class PictureStore;
+class QWidget;
+struct DataFilePaths;
+struct GameEngine;
+struct GameTable;
+
+// What the commands work on. All but the help outlives the desk.
+struct CommandDesk {
+    GameTable& table;
+    GameEngine& spare;
+    const DataFilePaths& paths;
+    PictureStore& pictures;
+    QWidget& window;             // the program's; dialogs are over it
+    HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
+};
+
+// When a command may not be given. Practice with fixed hands does not count as a hand.
+enum class Grey {
+    kNever,
+    kDuringHand,
+    kMenuDuringHand,  // while its key may be used
+    kAlways,
+};
+
+struct CommandRow {
+    int id = 0;                 // of Commands.h
+    const char* caption = "";   // with the letter that chooses it after a '&'
+    int key = 0;                // at the table, a Qt::Key; 0 = none
+    const char* shortcut = "";  // of the menu; empty = none
+    Grey grey = Grey::kNever;
+    void (*run)(CommandDesk& desk, int id) = nullptr;
+    bool (*isChecked)(const GameEngine& engine, int id) = nullptr;  // nullptr: never
+};
+
+// The rows behind a popup, up to the next, are its entries.
+struct PopupRow {
+    const char* name;  // of the menu object
+    const char* caption;
+};
+struct SeparatorRow {};
+
+// Entries for the games of the catalogue that are offered, from one id to another; their captions
+// are their names.
+struct GameRows {
+    int firstId;
+    int lastId;
+};
+struct UserGamesRow {  // the submenu of the player's own games
+    const char* name;  // of its object
+    const char* caption;
+};
+struct NoMenuRow {};  // the commands behind it have a key alone
+
+using MenuRow = std::variant<PopupRow, CommandRow, SeparatorRow, GameRows, UserGamesRow, NoMenuRow>;
+
+std::span<const MenuRow> MenuRows();
+
+// The command that a key of the table stands for; kNoCommand when it stands for none.
+int CommandOfKey(int key);
+
+// By the id of a command or a game, as the machine stands. Of an id that is no command's, none is
+// true.
+bool IsChecked(int id, const GameEngine& engine);
+bool IsEnabled(int id, const GameEngine& engine);       // in the menus
+bool IsEnabledByKey(int id, const GameEngine& engine);  // or by a press at the table
+
+// Whether it may be given is the caller's to look at.
+void RunCommand(int id, CommandDesk& desk);
+
+// Shows the report on the dealt hand over a window.
+void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
