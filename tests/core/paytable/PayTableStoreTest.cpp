@@ -151,29 +151,24 @@ TEST_F(PayTableStoreTest, EveryTableOfAChainButTheFirstCanBeTakenOut) {
     EXPECT_TRUE(HasAnalysis("My Game", 0));
 }
 
-TEST_F(PayTableStoreTest, DeletingAGameTakesTablesBehindAGapAndEmptiesTheSlot) {
+TEST_F(PayTableStoreTest, RenamingAndDeletingAGameReachItsTablesBehindAGapAndNoOthers) {
     WriteChain(4);
     ASSERT_TRUE(AppendTable(files, {9004, "My Game 2"}, Table(1)));
-    ASSERT_TRUE(UnlinkTable(files, "My Game", 2));
-    ASSERT_TRUE(DeleteGameTables(files, kMine));
-    const std::string main = Main();
-    EXPECT_EQ(main.find("[My Game("), std::string::npos) << main;
-    EXPECT_NE(main.find("[My Game 2(0)]"), std::string::npos);
-    EXPECT_NE(main.find("\n3=9003,User Game 3\n"), std::string::npos);
-    for (int i = 0; i < 4; ++i) EXPECT_FALSE(HasAnalysis("My Game", i));
-}
-
-TEST_F(PayTableStoreTest, RenamingAGameTakesItsTablesAndAnalysesAlong) {
-    WriteChain(4);
-    ASSERT_TRUE(UnlinkTable(files, "My Game", 1));
+    file.WriteInt("My Game(0)", "NextIndex", 2, files.mainPath);
+    file.WriteInt("My Game(2)", "PrevIndex", 0, files.mainPath);
     file.WriteString("Other(3)", "PayLines", "7", files.mainPath);  // left over
     ASSERT_TRUE(RenameGameTables(files, kMine, "Other"));
     EXPECT_EQ(Chain("Other"), "0>2>3");
+    EXPECT_EQ(ReadPayTableTexts(files, "Other", 1), Table(2));
     EXPECT_EQ(ReadPayTableTexts(files, "Other", 3), Table(4));
-    EXPECT_TRUE(HasAnalysis("Other", 3));
-    EXPECT_FALSE(HasAnalysis("My Game", 3));
-    EXPECT_EQ(Main().find("My Game"), std::string::npos);
+    EXPECT_TRUE(HasAnalysis("Other", 1));
+    EXPECT_EQ(Main().find("My Game("), std::string::npos);
     EXPECT_EQ(GameIdFromName(file, "other", files.mainPath), 9003);
+    ASSERT_TRUE(DeleteGameTables(files, {9003, "Other"}));
+    EXPECT_EQ(Main().find("[Other("), std::string::npos);
+    EXPECT_NE(Main().find("[My Game 2(0)]"), std::string::npos);
+    EXPECT_NE(Main().find("\n3=9003,User Game 3\n"), std::string::npos);
+    EXPECT_FALSE(HasAnalysis("Other", 1));
 }
 
 TEST_F(PayTableStoreTest, NamesThatTheFilesWouldLoseAreTold) {
