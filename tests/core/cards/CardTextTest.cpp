@@ -22,7 +22,7 @@ TEST(CardTextTest, CardsAreReadInEitherLetterCase) {
             table.cards[static_cast<std::size_t>(card)].name + ";" + CardText(table, card) + " ";
     }
     EXPECT_EQ(text, "Ace of Spades;AS 10 of Diamonds;TD Joker 1;W Ace of Stars;A$ Joker 2;W ");
-    EXPECT_EQ(CardText(table, kCardBack), "__");
+    EXPECT_EQ(CardText(Deck(5), kCardBack), "__") << "the first code behind the largest deck";
     EXPECT_EQ(CardText(table, kNoCard), "__");
 }
 

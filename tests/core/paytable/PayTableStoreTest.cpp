@@ -14,21 +14,16 @@ const GameOfTables kMine{9003, "My Game"};
 PayTableTexts Table(int lines) {
     PayTableTexts table;
     for (int i = 0; i < lines; ++i) {
-        table.lines[static_cast<std::size_t>(i)] = {HandRank::kFlush,
-                                                    "FLUSH;FL",
-                                                    std::to_string(i + 1),
-                                                    std::to_string(5 * i + 5),
-                                                    "",
-                                                    "",
-                                                    false};
+        auto& line = table.lines[static_cast<std::size_t>(i)];
+        line = {HandRank::kFlush, "FLUSH;FL", std::to_string(i + 1), "", "", "", false};
     }
     return table;
 }
 
 // A data folder with the player's own game "My Game" in slot 3.
-class StoredTables {
-  public:
-    StoredTables() {
+class PayTableStoreTest : public testing::Test {
+  protected:
+    PayTableStoreTest() {
         folder.Write("main.ini", "[main]\nVer=114\n\n[User Games]\n3=9003,My Game\n\n");
         folder.Write("cache.ini", "[x]\n");
     }
@@ -68,8 +63,7 @@ class StoredTables {
     PayTableFiles files{file, folder.Path("main.ini"), folder.Path("cache.ini")};
 };
 
-TEST(PayTableStoreTest, ATableIsWrittenKeyByKeyInOrder) {
-    StoredTables stored;
+TEST_F(PayTableStoreTest, ATableIsWrittenKeyByKeyInOrder) {
     PayTableTexts table;
     table.type = GameType::kOneEyedJacks;
     table.usesWilds = true;
@@ -81,8 +75,8 @@ TEST(PayTableStoreTest, ATableIsWrittenKeyByKeyInOrder) {
     table.lines[0] = {HandRank::kBonusFourOfAKind, "FOUR; 4", "80", "400", "2,k", "q;3", true};
     table.lines[1] = {HandRank::kFlush, "FLUSH", "6", "30", "no rank", "", false};
     table.lines[3] = {HandRank::kStraight, "behind the end", "4", "20", "", "", false};
-    ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, table, kNoNeighbours));
-    EXPECT_EQ(stored.folder.Read("main.ini"),
+    ASSERT_TRUE(WritePayTable(files, kMine, 0, table, kNoNeighbours));
+    EXPECT_EQ(folder.Read("main.ini"),
               "[main]\nVer=114\n\n[User Games]\n3=9003,My Game\n\n[My Game(0)]\n"
               "NextIndex=-1\nPrevIndex=-1\nType=3\nUsesWilds=1\nJokers=1\nWildCard=2,1\n"
               "MinPair=14\nMaxBet=10\nCharlieBonus=0\nRBBonus=0\nSpinBonus=1\nTgtBonus=0\n"
@@ -92,112 +86,100 @@ TEST(PayTableStoreTest, ATableIsWrittenKeyByKeyInOrder) {
               "WildsOK1=0\nPayLines=2\n\n");
 }
 
-TEST(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
-    StoredTables stored;
+TEST_F(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
     const std::string shipped = TOLVANE_DATA_FOLDER "/Tolvane.ini";
-    const PayTableFiles release{stored.file, shipped, ""};
+    const PayTableFiles release{file, shipped, ""};
     for (const BuiltInGame& game : BuiltInGames()) {
         const std::string name(game.name);
         const GameOfTables built{game.id, name};
-        ASSERT_TRUE(WritePayTable(stored.files, built, 0, ReadPayTableTexts(release, name, 0),
-                                  kNoNeighbours));
+        ASSERT_TRUE(
+            WritePayTable(files, built, 0, ReadPayTableTexts(release, name, 0), kNoNeighbours));
         const std::string section = TableSection(name, 0);
-        EXPECT_EQ(stored.file.GetSectionText(section, stored.files.mainPath),
-                  stored.file.GetSectionText(section, shipped));
+        EXPECT_EQ(file.GetSectionText(section, files.mainPath),
+                  file.GetSectionText(section, shipped));
     }
-    EXPECT_EQ(UserGameName(stored.files, 3), "My Game") << "a built-in game has no slot";
+    EXPECT_EQ(UserGameName(files, 3), "My Game") << "a built-in game has no slot";
 }
 
-TEST(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
-    StoredTables stored;
+TEST_F(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
     for (const GameType type : {GameType::kStandard, GameType::kOneEyedJacks}) {
         PayTableTexts table = Table(2);
         table.type = type;
         table.usesWilds = true;
-        ASSERT_TRUE(WritePayTable(stored.files, kMine, 0, table, kNoNeighbours));
-        const auto read = ReadPayTableTexts(stored.files, kMine.name, 0);
+        ASSERT_TRUE(WritePayTable(files, kMine, 0, table, kNoNeighbours));
+        const auto read = ReadPayTableTexts(files, kMine.name, 0);
         EXPECT_FALSE(read.lines[1].wildsOK) << "as stored";
         EXPECT_EQ(read.lines[2].wildsOK, type == GameType::kOneEyedJacks);
         EXPECT_EQ(read.minPair, "") << "a blank lowest pair is stored blank";
     }
 }
 
-TEST(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) {
-    StoredTables stored;
-    stored.WriteChain(3);
-    ASSERT_TRUE(WritePayTable(stored.files, kMine, 1, Table(15), kStoredLinks));
-    ASSERT_TRUE(WritePayTable(stored.files, kMine, 1, Table(4), kStoredLinks));
-    const auto text = stored.file.GetSectionText("My Game(1)", stored.files.mainPath);
+TEST_F(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) {
+    WriteChain(3);
+    ASSERT_TRUE(WritePayTable(files, kMine, 1, Table(6), kStoredLinks));
+    file.WriteString("My Game(1)", "Descr14", "behind a gap", files.mainPath);
+    ASSERT_TRUE(WritePayTable(files, kMine, 1, Table(4), kStoredLinks));
+    const auto text = file.GetSectionText("My Game(1)", files.mainPath);
     EXPECT_NE(text->find("WildsOK3="), std::string::npos);
     EXPECT_EQ(text->find("Rank4="), std::string::npos);
     EXPECT_EQ(text->find("14="), std::string::npos);
-    EXPECT_EQ(ReadPayTableTexts(stored.files, "My Game", 1), Table(4));
-    EXPECT_EQ(stored.Chain(), "0>1>2");
+    EXPECT_EQ(ReadPayTableTexts(files, "My Game", 1), Table(4));
+    EXPECT_EQ(Chain(), "0>1>2");
 }
 
-TEST(PayTableStoreTest, AppendingOverwritesNoTableThatTheChainMisses) {
-    StoredTables stored;
-    stored.WriteChain(3);
-    stored.file.WriteString("My Game(0)", "NextIndex", "-1", stored.files.mainPath);
-    EXPECT_EQ(AppendTable(stored.files, kMine, Table(9)), 3);
-    EXPECT_EQ(stored.Chain(), "0>3");
-    EXPECT_EQ(ReadPayTableTexts(stored.files, "My Game", 1), Table(2));
-    ASSERT_TRUE(WritePayTable(stored.files, kMine, kLastTableIndex, Table(1), {-1, 3}));
-    stored.file.WriteInt("My Game(3)", "NextIndex", kLastTableIndex, stored.files.mainPath);
-    EXPECT_EQ(AppendTable(stored.files, kMine, Table(1)), std::nullopt);
+TEST_F(PayTableStoreTest, AppendingOverwritesNoTableThatTheChainMisses) {
+    WriteChain(3);
+    file.WriteString("My Game(0)", "NextIndex", "-1", files.mainPath);
+    EXPECT_EQ(AppendTable(files, kMine, Table(9)), 3);
+    EXPECT_EQ(Chain(), "0>3");
+    EXPECT_EQ(ReadPayTableTexts(files, "My Game", 1), Table(2));
+    ASSERT_TRUE(WritePayTable(files, kMine, kLastTableIndex - 1, Table(1), {-1, 3}));
+    file.WriteInt("My Game(3)", "NextIndex", kLastTableIndex - 1, files.mainPath);
+    EXPECT_EQ(AppendTable(files, kMine, Table(1)), kLastTableIndex);
+    EXPECT_EQ(AppendTable(files, kMine, Table(1)), std::nullopt);
 }
 
-TEST(PayTableStoreTest, EveryTableOfAChainOfFourCanBeTakenOut) {
-    const char* const left[] = {"", "0>2>3", "0>1>3", "0>1>2"};
-    for (int gone = 1; gone <= 3; ++gone) {
-        StoredTables stored;
-        stored.WriteChain(4);
-        ASSERT_TRUE(UnlinkTable(stored.files, "My Game", gone));
-        EXPECT_EQ(stored.Chain(), left[gone]);
-        EXPECT_FALSE(TableExists(stored.file, "My Game", gone, stored.files.mainPath));
-        for (int i = 0; i < 4; ++i) EXPECT_EQ(stored.HasAnalysis("My Game", i), i != gone);
+TEST_F(PayTableStoreTest, EveryTableOfAChainButTheFirstCanBeTakenOut) {
+    WriteChain(4);
+    const std::pair<int, const char*> left[] = {{2, "0>1>3"}, {3, "0>1"}, {1, "0"}};
+    for (const auto& [gone, chain] : left) {
+        ASSERT_TRUE(UnlinkTable(files, "My Game", gone));
+        EXPECT_EQ(Chain(), chain);
+        EXPECT_FALSE(TableExists(file, "My Game", gone, files.mainPath));
+        EXPECT_FALSE(HasAnalysis("My Game", gone));
     }
+    EXPECT_TRUE(HasAnalysis("My Game", 0));
 }
 
-TEST(PayTableStoreTest, DeletingAGameTakesTablesBehindAGapAndEmptiesTheSlot) {
-    StoredTables stored;
-    stored.WriteChain(4);
-    ASSERT_TRUE(AppendTable(stored.files, {9004, "My Game 2"}, Table(1)));
-    ASSERT_TRUE(UnlinkTable(stored.files, "My Game", 2));
-    ASSERT_TRUE(DeleteGameTables(stored.files, kMine));
-    const std::string main = stored.Main();
-    EXPECT_EQ(main.find("[My Game("), std::string::npos) << main;
-    EXPECT_NE(main.find("[My Game 2(0)]"), std::string::npos);
-    EXPECT_NE(main.find("\n3=9003,User Game 3\n"), std::string::npos);
-    for (int i = 0; i < 4; ++i) EXPECT_FALSE(stored.HasAnalysis("My Game", i));
+TEST_F(PayTableStoreTest, RenamingAndDeletingAGameReachItsTablesBehindAGapAndNoOthers) {
+    WriteChain(4);
+    ASSERT_TRUE(AppendTable(files, {9004, "My Game 2"}, Table(1)));
+    file.WriteInt("My Game(0)", "NextIndex", 2, files.mainPath);
+    file.WriteInt("My Game(2)", "PrevIndex", 0, files.mainPath);
+    file.WriteString("Other(3)", "PayLines", "7", files.mainPath);  // left over
+    ASSERT_TRUE(RenameGameTables(files, kMine, "Other"));
+    EXPECT_EQ(Chain("Other"), "0>2>3");
+    EXPECT_EQ(ReadPayTableTexts(files, "Other", 1), Table(2));
+    EXPECT_EQ(ReadPayTableTexts(files, "Other", 3), Table(4));
+    EXPECT_TRUE(HasAnalysis("Other", 1));
+    EXPECT_EQ(Main().find("My Game("), std::string::npos);
+    EXPECT_EQ(GameIdFromName(file, "other", files.mainPath), 9003);
+    ASSERT_TRUE(DeleteGameTables(files, {9003, "Other"}));
+    EXPECT_EQ(Main().find("[Other("), std::string::npos);
+    EXPECT_NE(Main().find("[My Game 2(0)]"), std::string::npos);
+    EXPECT_NE(Main().find("\n3=9003,User Game 3\n"), std::string::npos);
+    EXPECT_FALSE(HasAnalysis("Other", 1));
 }
 
-TEST(PayTableStoreTest, RenamingAGameTakesItsTablesAndAnalysesAlong) {
-    StoredTables stored;
-    stored.WriteChain(4);
-    ASSERT_TRUE(UnlinkTable(stored.files, "My Game", 1));
-    stored.file.WriteString("Other(3)", "PayLines", "7", stored.files.mainPath);  // left over
-    ASSERT_TRUE(RenameGameTables(stored.files, kMine, "Other"));
-    EXPECT_EQ(stored.Chain("Other"), "0>2>3");
-    EXPECT_EQ(ReadPayTableTexts(stored.files, "Other", 3), Table(4));
-    EXPECT_TRUE(stored.HasAnalysis("Other", 3));
-    EXPECT_FALSE(stored.HasAnalysis("My Game", 3));
-    EXPECT_EQ(stored.Main().find("My Game"), std::string::npos);
-    EXPECT_EQ(GameIdFromName(stored.file, "other", stored.files.mainPath), 9003);
-}
-
-TEST(PayTableStoreTest, NamesThatTheFilesWouldLoseAreTold) {
+TEST_F(PayTableStoreTest, NamesThatTheFilesWouldLoseAreTold) {
     for (const char* name : {"", "a]b", "a=b", "[a", " a", "a ", "a\nb", "a\rb"}) {
         EXPECT_NE(GameNameProblem(name), "") << name;
     }
     EXPECT_NE(GameNameProblem(std::string(81, 'x')), "");
-    for (const char* name : {"a", "a[b", "Deuces (my own), 9/5; x", "Kübler"}) {
+    for (const char* name : {"a[b", "Deuces (my own), 9/5; x", "Kübler"}) {
         EXPECT_EQ(GameNameProblem(name), "") << name;
     }
-    StoredTables stored;
-    stored.WriteChain(1);
-    EXPECT_FALSE(RenameGameTables(stored.files, kMine, "a]b"));
-    EXPECT_EQ(stored.Chain(), "0");
+    EXPECT_FALSE(RenameGameTables(files, kMine, "a]b"));
 }
 
 }  // namespace

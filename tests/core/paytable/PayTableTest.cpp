@@ -37,15 +37,14 @@ TEST_F(PayTableTest, ALineIsReadWithItsRanksAndDescriptions) {
         "Rank0=2\nDescr0=4 ACES W/2-4;A W/2-4\nPayout0=400\nMaxPayout0=2000\nBonusQuads0=1\n"
         "Trailer0=2,3 4\nWildsOK0=1\nRank1=5\nDescr1=QUADS\n");
     ASSERT_EQ(table.lines.size(), 2U);
-    const PayLine& line = table.lines[0];
-    EXPECT_EQ(line.rank, HandRank::kBonusFourOfAKind);
-    EXPECT_EQ(line.description, "4 ACES W/2-4");
-    EXPECT_EQ(line.shortDescription, "A W/2-4");
-    EXPECT_EQ(line.payout, 400);
-    EXPECT_EQ(line.maxPayout, 2000);
-    EXPECT_EQ(line.bonusQuads, std::vector<int>{1});
-    EXPECT_EQ(line.trailers, (std::vector<int>{2, 3, 4}));
-    EXPECT_TRUE(line.wildsOK);
+    EXPECT_EQ(table.lines[0], (PayLine{HandRank::kBonusFourOfAKind,
+                                       "4 ACES W/2-4",
+                                       "A W/2-4",
+                                       400,
+                                       2000,
+                                       {1},
+                                       {2, 3, 4},
+                                       true}));
     EXPECT_EQ(table.lines[1].shortDescription, "4K") << "the rank's own when none is stored";
     EXPECT_EQ(table.wildRanks, (std::array<int, 5>{2, -1, -1, -1, -1}));
     EXPECT_EQ(table.deckSize, 53);
@@ -85,7 +84,6 @@ TEST_F(PayTableTest, ValuesOutOfRangeAreTakenAsTheNearestSense) {
 TEST_F(PayTableTest, TheDeckOfFiveAcesHasNoJokers) {
     const PayTable table = Loaded("Type=2\nJokers=3\n");
     EXPECT_EQ(table.deckSize, 53);
-    EXPECT_EQ(BuildCardTable(DeckOf(table)).cards[52].name, "King of Diamonds");
 }
 
 TEST_F(PayTableTest, FiveCoinsArePaidTheMaximumAndNoOtherBetIs) {
@@ -125,7 +123,6 @@ TEST(GameCatalogueTest, NamesAndIdsOfBuiltInAndUserGames) {
     const std::string path = folder.Path("main.ini");
     ProfileFile file;
     EXPECT_EQ(GameIdFromName(file, "deuces WILD", path), 330);
-    EXPECT_EQ(GameIdFromName(file, "Sneak Peak Poker", path), 351);
     EXPECT_EQ(GameIdFromName(file, "red and black poker", path), 9002)
         << "menu only, so the user's";
     EXPECT_EQ(GameIdFromName(file, "5 Card Charlie", path), 0);
@@ -134,11 +131,7 @@ TEST(GameCatalogueTest, NamesAndIdsOfBuiltInAndUserGames) {
     EXPECT_EQ(GameNameFromId(file, 350, path), "Pick Em Poker");
     EXPECT_EQ(GameNameFromId(file, 9002, path), "Red and Black Poker");
     EXPECT_EQ(GameNameFromId(file, 351, path), "") << "hidden";
-    EXPECT_EQ(GameNameFromId(file, 352, path), "");
     EXPECT_EQ(GameNameFromId(file, 9009, path), "");
-    EXPECT_EQ(BuiltInGames().size(), 42U);
-    EXPECT_EQ(std::ranges::count_if(BuiltInGames(), &BuiltInGame::offered), 31);
-    EXPECT_EQ(std::ranges::count_if(BuiltInGames(), &BuiltInGame::menuOnly), 5);
 }
 
 TEST(GameCatalogueTest, OfferedGamesComeFirstThenThoseOfThePlayerThatHaveATable) {
@@ -151,10 +144,8 @@ TEST(GameCatalogueTest, OfferedGamesComeFirstThenThoseOfThePlayerThatHaveATable)
     const auto games = SelectableGames(file, path);
     ASSERT_EQ(games.size(), 33U);  // 31 of the built-in games are offered
     EXPECT_EQ(games.front(), "Jacks or Better");
-    EXPECT_EQ(games[30], "Pick Em Poker");
     EXPECT_EQ(games[31], "Coconut");
     EXPECT_EQ(games[32], "Almond");
-    EXPECT_EQ(std::ranges::count(games, "Sneak Peak Poker"), 0);
 }
 
 }  // namespace

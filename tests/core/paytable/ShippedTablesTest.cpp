@@ -1,9 +1,6 @@
 // The pay tables that the program is shipped with, and what their page in docs/ says of them.
-#include <algorithm>
 #include <fstream>
 #include <map>
-#include <numeric>
-#include <random>
 #include <sstream>
 
 #include "core/analysis/GameAnalysis.h"
@@ -37,27 +34,6 @@ TEST(ShippedTablesTest, EveryGameHasLinesThatFitTheWindow) {
     }
     ProfileFile file;
     EXPECT_NE(file.GetInt("main", "Ver", 0, kShipped), 0);
-}
-
-TEST(ShippedTablesTest, TheDrawsOfEveryHoldAddUpInAllGames) {
-    std::mt19937 random(42);
-    for (const BuiltInGame& game : BuiltInGames()) {
-        const PayTable table = Shipped(game);
-        const LineTables tables(table);
-        const CardTable deck = BuildCardTable(DeckOf(table));
-        HoldAnalysis analysis;
-        for (int i = 0; i < 200; ++i) {
-            AnalyzeHand(tables, table, RandomHand(deck, random), kFullBet, 1, analysis);
-            for (const HoldResult& hold : analysis.holds) {
-                const auto& counts = hold.lineCounts;
-                ASSERT_EQ(std::accumulate(counts.begin(), counts.end(), hold.nothing),
-                          hold.totalHands)
-                    << game.name;
-                ASSERT_GE(std::ranges::min(counts), 0) << game.name;
-                ASSERT_GE(hold.nothing, 0) << game.name;
-            }
-        }
-    }
 }
 
 struct Documented {

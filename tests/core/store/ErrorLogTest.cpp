@@ -51,9 +51,7 @@ TEST(ErrorLogEntryTest, AnEntryIsWrittenInFourteenFieldsAndReadBack) {
 
 TEST(ErrorLogEntryTest, NothingReadFromAnEntryLeadsPastTheCardsOrTheHolds) {
     const ErrorLogEntry nine = ParseEntry("1,2,3,4,5,6,7,8,9,10");
-    EXPECT_EQ(nine.hand, (std::array<CardCode, 5>{1, 2, 3, 4, 5}));
-    EXPECT_EQ(nine.draws, (std::array<CardCode, 5>{6, 7, 8, 9, kNoCard}));
-    EXPECT_EQ(nine.playerReturn, 0);
+    EXPECT_EQ(nine.draws, (HandCards{6, 7, 8, 9, kNoCard}));
     EXPECT_EQ(ParseEntry("1,2,3,4,5,6,7,8,9,10,").draws[4], 10) << "a separator ends a card";
     EXPECT_EQ(ParseEntry(""), ErrorLogEntry());
 

