@@ -111,13 +111,11 @@ TEST_F(FixedHandEditorTest, PickEmHasNoThirdPlace) {
     EXPECT_EQ(editor.CurrentPlace(), 0);
     for (int rank = 6; rank <= 10; ++rank) editor.ClickCard(kHearts, rank);
     EXPECT_EQ(Placed(editor), "6H 7H __ 8H TH");
-    Codes cards = engine.statistics.setCards;
-    Codes draws = engine.statistics.setDraws;
+    Statistics expected = engine.statistics;
+    expected.setCards[0] = 18, expected.setCards[1] = 19, expected.setCards[2] = 20;
+    expected.setDraws[0] = 22;
     editor.Apply();
-    cards[0] = 18, cards[1] = 19, cards[2] = 20;
-    draws[0] = 22;
-    EXPECT_EQ(engine.statistics.setCards, cards) << "the cards under the piles stay";
-    EXPECT_EQ(engine.statistics.setDraws, draws);
+    EXPECT_EQ(engine.statistics, expected) << "the cards under the piles stay";
 }
 
 TEST_F(FixedHandEditorTest, AHandThatNoDeckHasLeavesPlacesEmpty) {

@@ -110,7 +110,8 @@ TEST(StatisticsReportTest, NoMinutePlayedIsLostToBinaryFractions) {
     EXPECT_EQ(TimePlayed(engine, 119), "1:59\t1:59");
     EXPECT_EQ(TimePlayed(engine, -90), "0:0\t0:0");  // the clock was set back
     engine.statistics.elapsedBase = 2.05;            // 123 minutes, and in binary a hair less
-    EXPECT_EQ(TimePlayed(engine, 51), "0:51\t2:54");
+    EXPECT_EQ(TimePlayed(engine, 0), "0:0\t2:3");
+    EXPECT_EQ(TimePlayed(engine, 57), "0:57\t3:0");
     engine.statistics.elapsedBase = 1.08;  // 64.8 minutes
     EXPECT_EQ(TimePlayed(engine, 0), "0:0\t1:4");
 }
