@@ -87,6 +87,7 @@ TEST_F(CommandLineTest, ClassifyNamesTheLineAndItsPay) {
               std::string::npos);
     EXPECT_EQ(AskForJson("classify 'joker poker - 2 pair' 'W 7S 7H 7D 7C' --bet 1")["pay"], 100);
     EXPECT_EQ(AskForJson("classify 313 'A$ AS AH AD AC'")["cards"][0], "A$");
+    EXPECT_EQ(AskForJson("classify 350 'KS KH KD 9C 9S'")["line"], 3);
     EXPECT_EQ(AskForJson("classify 353 '5S 5H 5D 3C 3S'")["pay"], 5 * 45);  // adds up to 21
     EXPECT_EQ(Ask("classify 300 'KS KH KD 9C 9S' --coin .25").output,
               "KS KH KD 9C 9S   FULL HOUSE pays 45 coins for a bet of 5: $11.25\n");
@@ -217,9 +218,9 @@ TEST_F(CommandLineTest, NoAnswerTakesThePlaceOfAFileOfTheProgram) {
     std::filesystem::create_symlink(main, folder.Path("results/Jacks or Better(0) Detail.txt"));
     std::filesystem::create_hard_link(main, folder.Path("twin.txt"));
     for (const char* place :
-         {"data/../data/Tolvane.ini", "link.txt", "twin.txt", "results", "data/Game Analyses.ini",
-          "elsewhere/Mine.QDX", "programs/tolvane-cli", "programs/Tolvane.114",
-          "player/Tolvane/Tolvane.ini"}) {
+         {"data/../data/Tolvane.ini", "link.txt", "twin.txt", "results", "data/Default.qdx",
+          "data/Game Analyses.ini", "elsewhere/Mine.QDX", "programs/tolvane-cli",
+          "programs/Tolvane.114", "player/Tolvane/Tolvane.ini"}) {
         const Printed run = Shell("analyze 300 --data " + InQuotes(DataFolder()) + " --detail " +
                                       InQuotes(folder.Path(place)),
                                   program);
