@@ -123,7 +123,8 @@ TEST_F(FixedHandEditorTest, AHandThatNoDeckHasLeavesPlacesEmpty) {
     engine.statistics.setDraws = {52, kCardBack, -9, 7, kNoCard};
     const FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "8S __ __ __ __");
-    EXPECT_TRUE(editor.DrawCard(0).IsEmpty() && editor.DrawCard(1).IsEmpty());
+    EXPECT_TRUE(editor.DrawCard(0).IsEmpty());
+    EXPECT_TRUE(editor.DrawCard(1).IsEmpty());
     EXPECT_EQ(editor.DrawCard(3), (PlacedCard{8, kSpades}));
 }
 
