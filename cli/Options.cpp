@@ -37,7 +37,7 @@ double CoinValue(const std::string& text) {
                                std::to_string(static_cast<int>(kMaxCoin)));
 }
 
-void AddNumber(CLI::App& parser, const std::string& name, std::function<void(int)> use,
+void AddNumber(CLI::App& parser, const std::string& name, const std::function<void(int)>& use,
                const std::string& help) {
     const auto read = [name, use](const std::string& text) { use(WholeNumber(name, text)); };
     parser.add_option_function<std::string>(name, read, help)->type_name("N");

@@ -4,9 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 #include <string>
-#include <vector>
 
 #include "tests/cli/ProgramTest.h"
 
@@ -25,10 +23,6 @@ class AnalyzeCommandTest : public ProgramTest {
         const std::string text = folder.Read(file);
         return text.substr(0, text.find('\n'));
     }
-
-    std::ptrdiff_t LineCount(const std::string& file) const {
-        return std::ranges::count(folder.Read(file), '\n');
-    }
 };
 
 TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder) {
@@ -39,11 +33,9 @@ TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder)
     EXPECT_EQ(KeysOf(run.output),
               "game gameId table bet coin er cost payoutPercent variance initHands initHandsTotal "
               "representatives denominator lines nothing seconds");
-    EXPECT_EQ(json["bet"], 5);
     EXPECT_EQ(json["cost"], 5.0 * 2'598'960);
     EXPECT_NEAR(json["payoutPercent"].get<double>(), 99.543904, 5e-7);
     EXPECT_NEAR(json["variance"].get<double>(), 19.5147, 5e-5);
-    EXPECT_EQ(json["initHands"].size(), 6U);
 
     // Whole numbers without a point or an exponent.
     for (const char* text :
@@ -51,9 +43,6 @@ TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder)
           R"({"description":"ROYAL FLUSH","payout":800,"final":[4,)", R"("summary":493512264,)"}) {
         EXPECT_NE(run.output.find(text), std::string::npos) << text;
     }
-    ASSERT_EQ(json["lines"].size(), 9U);
-    EXPECT_EQ(json["lines"][8]["summary"], 4'277'372'890'968);
-    EXPECT_EQ(json["lines"][8]["payout"], 1);
     auto all = json["nothing"]["summary"].get<std::int64_t>();
     for (const auto& line : json["lines"]) all += line["summary"].get<std::int64_t>();
     EXPECT_EQ(all, 19'933'230'517'200);
@@ -61,8 +50,6 @@ TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder)
 
 TEST_F(AnalyzeCommandTest, FiveCoinsAreAnalysedWhateverTheTableTakes) {
     const Json json = AskForJson("analyze 300 --table 3 --coin 0.25");  // 8/5, of three coins
-    EXPECT_EQ(json["table"], 3);
-    EXPECT_EQ(json["coin"], 0.25);
     EXPECT_EQ(json["cost"], 1.25 * 2'598'960);
     EXPECT_NEAR(json["payoutPercent"].get<double>(), 97.2984, 5e-5);
 }
@@ -78,7 +65,6 @@ TEST_F(AnalyzeCommandTest, TextShowsTheReturnTheLinesAndTheDraws) {
     EXPECT_EQ(Squeezed(lines[16]), "NOTHING 0 1:1.83 54.54347% 0.000% 0.5405");
     EXPECT_EQ(Squeezed(lines[17]), "total 99.544% 19.5147");
     EXPECT_EQ(Squeezed(lines[20]), "0 19,488 0.750% 100.00%");
-    for (const auto& line : lines) EXPECT_LE(line.size(), 100U) << line;
 }
 
 TEST_F(AnalyzeCommandTest, OnlyTheNamedFilesAreWritten) {
@@ -86,7 +72,9 @@ TEST_F(AnalyzeCommandTest, OnlyTheNamedFilesAreWritten) {
     EXPECT_EQ(AskWithFile("analyze 300 --summary " + summary + " --detail", "detail").status, 0);
     EXPECT_EQ(FirstLine("summary"), "Coin;1.00");
     EXPECT_TRUE(FirstLine("detail").starts_with("Hand;BestPlay;CardsDrawn;ER;"));
-    EXPECT_EQ(LineCount("detail"), 1 + 135'746);
+    EXPECT_EQ(std::ranges::count(folder.Read("detail"), '\n'), 1 + 135'746);
+    ExpectRefused("analyze 300 --summary " + InQuotes(folder.Path("data/Tolvane.ini")), 2,
+                  {"program's data"});
     ExpectDataUntouched();
 
     // A folder takes a file of the game's name.
@@ -126,8 +114,7 @@ TEST_F(AnalyzeCommandTest, TheOwnOutputTakesASummaryBeforeTheReport) {
 }
 
 TEST_F(AnalyzeCommandTest, AFileThatCannotBeWrittenIsAFailureBesideTheAnswer) {
-    for (const char* option : {"--summary /dev/full", "--detail /dev/full", "--summary no/such",
-                               "--detail no/such", "--summary ''", "--detail /dev/null/x"}) {
+    for (const char* option : {"--summary /dev/full", "--detail /dev/full", "--summary ''"}) {
         const Printed run = Ask(std::string("analyze 9002 --json ") + option);
         EXPECT_EQ(run.status, 1) << option;
         EXPECT_NE(run.problem.find("could not be written"), std::string::npos) << run.problem;
@@ -141,11 +128,10 @@ TEST_F(AnalyzeCommandTest, TheCacheIsCreatedAndKeepsWhatElseItHolds) {
     EXPECT_EQ(Ask("analyze 9002 --cache").status, 0);
     EXPECT_TRUE(folder.Read(kCache).starts_with("[My Caf\xE9(0)]\nCoin=1.00\nER="))
         << folder.Read(kCache);
-    const std::string other = "[Other(1)]\nER=7\n";
-    folder.Write(kCache, other);
+    folder.Write(kCache, "[Other(1)]\nER=7\n");
     EXPECT_EQ(Ask("analyze 9002 --cache --coin 2").status, 0);
-    EXPECT_TRUE(folder.Read(kCache).starts_with(other));
-    EXPECT_NE(folder.Read(kCache).find("Coin=2.00"), std::string::npos);
+    EXPECT_TRUE(folder.Read(kCache).starts_with("[Other(1)]\nER=7\n\n[My Caf\xE9(0)]\nCoin=2.00"))
+        << folder.Read(kCache);
 
     std::filesystem::remove(folder.Path(kCache));
     std::filesystem::create_directory(folder.Path(kCache));
@@ -159,18 +145,16 @@ TEST_F(AnalyzeCommandTest, AllGamesAreAnalysedButThoseThatCannotBe) {
     // One to analyse, one that cannot be, and one of the player's with a single line.
     folder.Write("data/Tolvane.ini",
                  "[User Games]\n1=9001,High Aces\n" +
-                     TableText("Jacks or Better(0)", "MinPair=11\n", kNineSix) +
-                     TableText("Sneak Peak Poker(0)", "MinPair=11\n", kNineSix) +
-                     TableText("High Aces(0)", "MinPair=14\n", {{11, "ACES", 1, 5}}));
+                     TableText("Jacks or Better(0)", "MinPair=11\n") +
+                     TableText("Sneak Peak Poker(0)", "MinPair=11\n") +
+                     TableText("High Aces(0)", "MinPair=14\n", OneLine("ACES")));
     const Printed run = AskWithFile("analyze --all --cache --json --summary", "");
     EXPECT_EQ(run.status, 0);
     EXPECT_NE(run.problem.find("\"Sneak Peak Poker\" is passed over"), std::string::npos);
     const Json json = Json::parse(run.output, nullptr, false);
     ASSERT_EQ(json.size(), 2U);
-    EXPECT_EQ(json[0]["gameId"], 300);
     EXPECT_EQ(json[1]["gameId"], 9001);
     EXPECT_EQ(FirstLine("High Aces(0) Summary.txt"), "Coin;1.00");
-    EXPECT_NE(folder.Read(kCache).find("[Jacks or Better(0)]"), std::string::npos);
     EXPECT_NE(folder.Read(kCache).find("[High Aces(0)]"), std::string::npos);
 
     const auto lines = LinesOf("analyze --all");
@@ -192,34 +176,6 @@ TEST_F(AnalyzeCommandTest, CtrlCLeavesWhatIsDoneSoFar) {
     EXPECT_LT(json["initHandsTotal"], 2'598'960);
     EXPECT_NE(folder.Read("problem").find("only a part of the hands"), std::string::npos);
     EXPECT_NE(folder.Read(kCache).find("[Jacks or Better(0)]\nCoin=1.00\n"), std::string::npos);
-}
-
-TEST_F(AnalyzeCommandTest, BadInputIsNamedInOneLineAndNothingIsWritten) {
-    const std::string main = InQuotes(folder.Path("data/Tolvane.ini"));
-    const std::string cache = InQuotes(folder.Path(kCache));
-    const struct {
-        std::string arguments;
-        int status;
-        std::string mention;
-    } bad[] = {
-        {"analyze", 2, "GAME is required"},
-        {"analyze 300 --all", 2, "\"300\" beside --all"},
-        {"analyze jacks", 2, "\"Jacks or Better\"?"},
-        {"analyze 351", 1, "not available for \"Sneak Peak Poker\""},
-        {"analyze 300 --table 1", 1, "no table 1"},
-        {"analyze --all --table 9", 1, "no game has a table 9"},
-        {"analyze 300 --bet 5", 2, "unknown option \"--bet\""},
-        {"analyze 300 --summary --json", 2, "\"--json\" is no file"},
-        {"analyze 300 --summary x --detail ./x", 2, "the same file"},
-        {"analyze 300 --summary " + main, 2, "program's data"},
-        {"analyze 300 --detail " + main, 2, "program's data"},
-        {"analyze 300 --detail " + cache, 2, "program's data"},
-        {"analyze --all --summary nowhere", 2, "name a folder"},
-    };
-    for (const auto& [arguments, status, mention] : bad) {
-        ExpectRefused(arguments, status, {mention});
-    }
-    ExpectDataUntouched();
 }
 
 }  // namespace

@@ -48,12 +48,14 @@ TEST_F(AutoplayCommandTest, TextIsTheStatisticsReport) {
     EXPECT_NE(Ask("autoplay 318 --hands 5").output.find("no second draw"), std::string::npos);
 }
 
-TEST_F(AutoplayCommandTest, BadNumbersAreNamedWithTheirMend) {
-    for (const std::string arguments :
-         {"300", "300 --hands 0", "300 --hands -5", "300 --hands many", "300 --hands 5 --seed x",
-          "300 --hands 5 --seed -1", "300 --hands 5 --bet 9"}) {
-        ExpectRefused("autoplay " + arguments, 2, {});
-    }
+TEST_F(AutoplayCommandTest, CtrlCEndsTheRunWithWhatIsPlayedSoFar) {
+    // As soon as the program catches the signal.
+    const std::string line =
+        "(until grep -q 'SigCgt.*[2367abef]$' /proc/$$/status; do :; done; kill -INT $$) & exec " +
+        CommandLine("autoplay 300 --hands 5000000 --json --data " + InQuotes(DataFolder()));
+    EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1);
+    EXPECT_GT(Json::parse(folder.Read("output"), nullptr, false)["hands"], 0);
+    EXPECT_NE(folder.Read("problem").find(" of 5000000 hands were played"), std::string::npos);
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
@@ -15,61 +17,36 @@
 
 using Json = nlohmann::json;
 
-struct LineOfTable {
-    int rank;
-    std::string description;
-    int payout;
-    int maxPayout;
-    bool wildsOK = false;
-};
+// The pay lines of a shipped game, as its file has them.
+inline std::string ShippedLines(const std::string& game) {
+    std::ifstream file(TOLVANE_DATA_FOLDER "/Tolvane.ini");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const auto begin = text.find("Rank0=", text.find("\n[" + game + "(0)]"));
+    return text.substr(begin, text.find("\n\n", begin) + 1 - begin);
+}
 
-inline const std::vector<LineOfTable> kNineSix = {{0, "ROYAL FLUSH", 250, 4000},
-                                                  {4, "STRAIGHT FLUSH", 50, 250},
-                                                  {5, "4 OF A KIND", 25, 125},
-                                                  {6, "FULL HOUSE", 9, 45},
-                                                  {7, "FLUSH", 6, 30},
-                                                  {8, "STRAIGHT", 4, 20},
-                                                  {9, "3 OF A KIND", 3, 15},
-                                                  {10, "2 PAIR", 2, 10},
-                                                  {11, "JACKS OR BETTER;JACKS", 1, 5}};
-inline const std::vector<LineOfTable> kJokerLines = {
-    {0, "ROYAL FLUSH", 250, 5000},     {1, "5 OF A KIND", 100, 500, true},
-    {3, "WILD ROYAL", 50, 250, true},  {4, "STRAIGHT FLUSH", 50, 250, true},
-    {5, "4 OF A KIND", 20, 100, true}, {6, "FULL HOUSE", 10, 50, true},
-    {7, "FLUSH", 6, 30, true},         {8, "STRAIGHT", 5, 25, true},
-    {9, "3 OF A KIND", 2, 10, true},   {10, "2 PAIR", 1, 5, true}};
-
+// Of a key that stands twice, the first one counts. 9/6 are the pays of the usual lines.
 inline std::string TableText(const std::string& section, const std::string& settings,
-                             const std::vector<LineOfTable>& lines) {
-    std::string text = "\n[" + section + "]\n" + settings;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const auto& [rank, description, payout, maxPayout, wildsOK] = lines[i];
-        const auto add = [&](const char* key, const std::string& value) {
-            text += key + std::to_string(i) + "=" + value + "\n";
-        };
-        add("Rank", std::to_string(rank));
-        add("Descr", description);
-        add("Payout", std::to_string(payout));
-        add("MaxPayout", std::to_string(maxPayout));
-        add("WildsOK", wildsOK ? "1" : "0");
-    }
-    return text + "PayLines=" + std::to_string(lines.size()) + "\n";
+                             const std::string& lines = ShippedLines("Jacks or Better")) {
+    return "\n[" + section + "]\n" + settings + lines;
+}
+
+inline std::string OneLine(const std::string& description) {
+    return "Rank0=11\nDescr0=" + description + "\nPayout0=1\nMaxPayout0=5\nPayLines=1\n";
 }
 
 inline std::string PayTablesText() {
-    std::vector<LineOfTable> eightFive = kNineSix;
-    eightFive[3].maxPayout = 40;
-    eightFive[4].maxPayout = 25;
     return "[main]\nVer=114\n\n[User Games]\n2=9002,My Caf\xE9\n3=9003,Empty Slot\n" +
-           TableText("Jacks or Better(0)", "NextIndex=3\nMinPair=11\n", kNineSix) +
-           TableText("Jacks or Better(3)", "MinPair=11\nMaxBet=3\n", eightFive) +
-           TableText("Joker Poker - 2 Pair(0)", "UsesWilds=1\nJokers=1\n", kJokerLines) +
-           TableText("Pick Em Poker(0)", "Type=4\nMinPair=9\n", kNineSix) +
-           TableText("Sneak Peak Poker(0)", "MinPair=11\n", kNineSix) +
-           TableText("Dbl Draw Bonus(0)", "Type=6\nMinPair=11\n", kNineSix) +
-           TableText("5 Aces Bonus Poker(0)", "Type=2\n", kNineSix) +
-           TableText("5 Card Charlie(0)", "MinPair=11\nCharlieBonus=1\n", kNineSix) +
-           TableText("My Caf\xE9(0)", "MinPair=11\n", {{11, "R\xC9MI", 1, 5}});
+           TableText("Jacks or Better(0)", "NextIndex=3\nMinPair=11\n") +
+           TableText("Jacks or Better(3)", "MinPair=11\nMaxBet=3\nMaxPayout3=40\nMaxPayout4=25\n") +
+           TableText("Joker Poker - 2 Pair(0)", "UsesWilds=1\nJokers=1\n",
+                     ShippedLines("Joker Poker - 2 Pair")) +
+           TableText("Pick Em Poker(0)", "Type=4\nMinPair=9\n") +
+           TableText("Sneak Peak Poker(0)", "MinPair=11\n") +
+           TableText("Dbl Draw Bonus(0)", "Type=6\nMinPair=11\n") +
+           TableText("5 Aces Bonus Poker(0)", "Type=2\n") +
+           TableText("5 Card Charlie(0)", "MinPair=11\nCharlieBonus=1\n") +
+           TableText("My Caf\xE9(0)", "MinPair=11\nMaxBet=10\n", OneLine("R\xC9MI"));
 }
 
 struct Printed {

@@ -58,10 +58,11 @@ TEST_F(ErrorLogReportTest, EntriesAreReadFromTheFileAsTheyStandThere) {
     EXPECT_EQ(LoggedError(engine, files, 0), entry);
     EXPECT_EQ(ErrorTitle(0), "Error 1");
     EXPECT_EQ(LoggedError(engine, files, 1), ErrorLogEntry());
-    file.WriteString(section, "Error100", FormatEntry(entry), files.gamePath);
-    file.WriteString(section, "Error-1", FormatEntry(entry), files.gamePath);
-    EXPECT_FALSE(HasLoggedError(engine, files, kErrorLogSize));
-    EXPECT_FALSE(HasLoggedError(engine, files, -1));
+    for (const int index : {-1, kErrorLogSize}) {
+        const std::string key = "Error" + std::to_string(index);
+        file.WriteString(section, key, FormatEntry(entry), files.gamePath);
+        EXPECT_FALSE(HasLoggedError(engine, files, index));
+    }
 }
 
 }  // namespace

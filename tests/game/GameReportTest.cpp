@@ -80,9 +80,12 @@ TEST_F(GameReportTest, RowsOfAnEditedCacheGiveNoShareWhereTheyHaveNone) {
     file.WriteString(section, "Payline1", ";;;;;;;;;;-5;x", cache.path);
     file.WriteString(section, "Nothing", "", cache.path);
     for (const LineShare& share : LineShares(engine, cache)) {
+        EXPECT_EQ(share.percentReturn, 0);
         EXPECT_EQ(share.returnShare, 0);
         EXPECT_EQ(share.varianceShare, 0);
     }
+    file.WriteString(section, "Payline0", ";;;;;;;;;;1.5;1,234.5", cache.path);
+    EXPECT_EQ(LineShares(engine, cache)[0].variance, 1234.5);
     cache.path += ".missing";
     EXPECT_TRUE(LineShares(engine, cache).empty());
 }

@@ -71,7 +71,6 @@ TEST_F(LiveAnalysisTest, CancellingAndEndingTakeNoTime) {
 TEST_F(LiveAnalysisTest, WhatIsMissingIsToldWithItsLine) {
     PayTableTexts texts;
     const auto told = [&texts] { return LiveText(*FindProblem(texts)); };
-    EXPECT_EQ(told(), "The pay table is blank. You must enter at least one pay line.");
     ChooseRank(texts.lines[0], kOnePair);
     texts.lines[0].payout = texts.lines[0].maxPayout = "1";
     EXPECT_EQ(told(), "Minimum pair can not be blank if 1 Pair rank is selected");

@@ -35,7 +35,6 @@ TEST_F(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
     auto editor = Manager("Bonus Poker", 301);
     EXPECT_EQ(EnabledFields(editor, 2), (Fields{kMaxBet, kPayout, kMaxPayout}));
     EXPECT_EQ(EnabledFields(editor, 11), (Fields{kMaxBet})) << "no such line";
-    EXPECT_FALSE(editor.HasOwnTable());
     editor.texts.lines[0].kickers = "x";  // from a file edited by hand, which could not be saved
     EXPECT_EQ(EnabledFields(editor, 0), (Fields{kMaxBet, kPayout, kMaxPayout, kKickers}));
     AppendTable(Files(), {301, "Bonus Poker"}, ReadPayTableTexts(Files(), "Jacks or Better", 0));
@@ -63,22 +62,15 @@ TEST_F(PayTableEditorTest, OfAUserGameEverythingCanBeEditedThatItsLineTakes) {
     CheckWilds(editor.texts, true);
     line.insert({kJokers, kWildRanks, kWildsOK});
     EXPECT_EQ(EnabledFields(editor, 14), line);
-    EXPECT_TRUE(editor.HasOwnTable());
-}
-
-TEST_F(PayTableEditorTest, ACheckedTypeLeavesOnlyItsOwnBox) {
-    auto editor = MyGame();
-    const Fields line{kMinPair, kMaxBet, kRank, kDescription, kPayout, kMaxPayout};
-    const auto enabledFor = [&](GameType type) {
+    const std::pair<GameType, Fields> types[] = {
+        {GameType::kOneEyedJacks, {kOneEyedJacks, kWildsOK}},
+        {GameType::kPickEm, {kPickEm}},
+        {GameType::kDoubleDraw, {}}};  // it has no box
+    for (auto [type, boxes] : types) {
         CheckType(editor.texts, type, true);
-        Fields boxes;
-        std::ranges::set_difference(EnabledFields(editor, 3), line,
-                                    std::inserter(boxes, boxes.end()));
-        return boxes;
-    };
-    EXPECT_EQ(enabledFor(GameType::kOneEyedJacks), (Fields{kOneEyedJacks, kWildsOK}));
-    EXPECT_EQ(enabledFor(GameType::kPickEm), Fields{kPickEm});
-    EXPECT_EQ(enabledFor(GameType::kDoubleDraw), Fields{}) << "it has no box";
+        boxes.insert({kMinPair, kMaxBet, kRank, kDescription, kPayout, kMaxPayout});
+        EXPECT_EQ(EnabledFields(editor, 3), boxes) << "only its own box is left";
+    }
 }
 
 TEST_F(PayTableEditorTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
@@ -91,7 +83,6 @@ TEST_F(PayTableEditorTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
     EXPECT_EQ(editor.gameName, "User Game 1");
     editor.gameName = "First";
     editor.Save(player);
-    EXPECT_TRUE(Exists("First", 0));
     EXPECT_EQ(InMain("First(0)", "NextIndex"), "-1");
     EXPECT_EQ(InMain("User Games", "1"), "9001,First");
     editor.gameName = "Second";
@@ -139,9 +130,7 @@ TEST_F(PayTableEditorTest, SavingOverwritesAppendsOrDoesNothing) {
     EXPECT_EQ(InMain("My Game(1)", "Payout0"), "250");
     editor.Save(player);
     EXPECT_EQ(editor.TableIndex(), 2);
-    EXPECT_TRUE(editor.HasPreviousTable());
-    EXPECT_FALSE(editor.HasNextTable());
-    EXPECT_EQ(InMain("My Game(2)", "Payout0"), "7000");
+    EXPECT_TRUE(editor.HasPreviousTable() && !editor.HasNextTable());
     EXPECT_EQ(InMain("My Game(2)", "Trailer3"), "2,13");
     EXPECT_EQ(editor.texts.lines[0].payout, "7000");
     editor.texts.maxBet = "1,000";
@@ -185,7 +174,6 @@ TEST_F(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
     EXPECT_EQ(builtIn.texts.lines[8].payout + builtIn.texts.lines[8].maxPayout, "");
     EXPECT_EQ(builtIn.texts.lines[8].description, before.lines[8].description);
     EXPECT_EQ(builtIn.texts.minPair, "J");
-    EXPECT_TRUE(On(builtIn, kPayout, 8));
     auto mine = Manager("My Game", 9001);
     mine.texts.maxBet = "10";
     mine.texts.spinBonus = true;
@@ -194,34 +182,25 @@ TEST_F(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
     PayTableTexts cleared;
     cleared.spinBonus = true;
     EXPECT_EQ(mine.texts, cleared);
-    EXPECT_EQ(mine.gameName, "My Game");
 }
 
 TEST_F(PayTableEditorTest, AnotherGameIsShownAtItsActiveTable) {
     MakeMyGame(3);
     WriteActiveTable(machine.file, machine.files.gamePath, "My Game", 2);
     auto editor = Manager("User Game 2", 9002, 0, true);
-    editor.ChangeGame(player.Saying({"cancel", "My Game", "Deuces Wild"}));
+    editor.ChangeGame(player.Saying({"cancel", "My Game", "Bonus Poker", "yes", "Deuces Wild"}));
     EXPECT_TRUE(On(editor, kName)) << "still the new game";
     editor.ChangeGame(player);
     EXPECT_EQ(editor.TableIndex(), 2);
-    EXPECT_EQ(editor.GameId(), 9001);
-    EXPECT_FALSE(On(editor, kName));
+    EXPECT_TRUE(editor.HasOwnTable() && !On(editor, kName));
+    editor.LoadTemplate(player);  // into the first table, under the game's own name
+    editor.Save(player);
+    EXPECT_EQ(InMain("My Game(0)", "Payout2"), "80");
+    EXPECT_EQ(InMain("My Game(0)", "NextIndex"), "1");
     editor.ChangeGame(player);
     EXPECT_EQ(editor.GameId(), 330);
-    EXPECT_FALSE(editor.HasOwnTable());
     EXPECT_EQ(editor.texts.wildRanks, "2");
-    EXPECT_FALSE(On(editor, kWildRanks));
-}
-
-TEST_F(PayTableEditorTest, ATemplateIsStoredUnderTheGamesOwnName) {
-    auto editor = MyGame(2, 1);
-    editor.LoadTemplate(player.Saying({"Deuces Wild", "yes"}));
-    EXPECT_EQ(editor.TableIndex(), 0);
-    EXPECT_TRUE(On(editor, kWildRanks) && editor.HasNextTable());
-    editor.Save(player);
-    EXPECT_EQ(InMain("My Game(0)", "WildCard"), "2");
-    EXPECT_EQ(InMain("My Game(0)", "NextIndex"), "1");
+    EXPECT_FALSE(editor.HasOwnTable() || On(editor, kWildRanks));
 }
 
 // Three game files that use "My Game", one of them in use and on table 2.
@@ -268,9 +247,8 @@ TEST_F(ThreeGameFilesTest, ADeletedTableLeavesNoTraceInTheGameFiles) {
     EXPECT_EQ(In("b.QDX", "ActiveTbl", "My Game"), "0");
     EXPECT_EQ(In("b.QDX", "My Game(3)", "CreditsPlayed"), "13");
     EXPECT_EQ(editor.gameName, "");
-    EXPECT_EQ(editor.TableIndex(), -1);
     EXPECT_EQ(editor.texts, PayTableTexts());
-    EXPECT_FALSE(editor.Save(player) || editor.HasOwnTable());
+    EXPECT_FALSE(editor.Save(player) || editor.HasTable());
 }
 
 TEST_F(ThreeGameFilesTest, ADeletedGameLeavesNoTraceAndJacksOrBetterIsPlayed) {
@@ -283,7 +261,6 @@ TEST_F(ThreeGameFilesTest, ADeletedGameLeavesNoTraceAndJacksOrBetterIsPlayed) {
     EXPECT_FALSE(editor.MadeActive());
     EXPECT_EQ(InMain("User Games", "1"), "9001,User Game 1");
     EXPECT_EQ(engine.settings.gameName, "Jacks or Better");
-    EXPECT_EQ(engine.payTable.lines.size(), 9U);
     ExpectMyGameIsGone();
     EXPECT_EQ(In("a.qdx", "main", "GameName"), "Jacks or Better");
     EXPECT_EQ(In("b.QDX", "main", "GameName"), "Bonus Poker");
@@ -294,26 +271,19 @@ TEST_F(ThreeGameFilesTest, ADeletedGameLeavesNoTraceAndJacksOrBetterIsPlayed) {
 TEST_F(ThreeGameFilesTest, ARenamedGameKeepsItsStatisticsInAllGameFiles) {
     auto editor = Manager("My Game", 9001, 1);
     editor.Rename(player.Saying({"", "Deuces Wild", "my game", "a]b", "Your Game"}));
-    EXPECT_EQ(player.Take(),
-              "rename My Game\nInput Error: Game name can not be blank\n"
-              "rename My Game\nInput Error: \"Deuces Wild\" already exists\n"
-              "rename My Game\nInput Error: \"my game\" already exists\n"
-              "rename My Game\nInput Error: Game name can not contain ] or = or line breaks, and "
-              "can not begin with [\nrename My Game");
+    EXPECT_EQ(std::ranges::count(player.log, "rename My Game"), 5) << "the last name is a good one";
+    EXPECT_EQ(player.log[3], "Input Error: \"Deuces Wild\" already exists");
     EXPECT_EQ(editor.gameName, "Your Game");
     EXPECT_EQ(InMain("User Games", "1"), "9001,Your Game");
     EXPECT_EQ(TableChain(machine.file, "Your Game", paths.mainProfile).size(), 4U);
     EXPECT_EQ(engine.settings.gameName, "Your Game");
     EXPECT_EQ(engine.settings.activeTable, 2);
-    EXPECT_EQ(engine.statistics.handsPlayed.total, 77);
     ExpectMyGameIsGone();
     EXPECT_EQ(In("game.qdx", "Your Game(2)", "HandsPlayed"), "77");
     EXPECT_EQ(In("a.qdx", "main", "GameName"), "Your Game");
     EXPECT_EQ(In("a.qdx", "Your Game(3)", "Err0"), "x");
     EXPECT_EQ(In("b.QDX", "main", "GameName"), "Bonus Poker");
     EXPECT_EQ(In("b.QDX", "ActiveTbl", "Your Game"), "2");
-    editor.Rename(player.Saying({"cancel"}));
-    EXPECT_EQ(editor.gameName, "Your Game");
 }
 
 TEST_F(ThreeGameFilesTest, AGameFileElsewhereIsKeptWhileItIsInUse) {
@@ -333,7 +303,6 @@ TEST_F(PayTableEditorTest, MadeActiveFollowsRenamingAndDeleting) {
     editor.Delete(player);
     editor.Rename(player);
     EXPECT_FALSE(editor.MadeActive()) << "not a valid table";
-    EXPECT_EQ(player.where, (FieldPlace{kPayout, 0}));
     EXPECT_TRUE(Exists("My Game", 1));
     editor.texts.lines[0].payout = "99";
     editor.MakeActive(player);
@@ -343,7 +312,6 @@ TEST_F(PayTableEditorTest, MadeActiveFollowsRenamingAndDeleting) {
     EXPECT_EQ(editor.MadeActive()->tableIndex, 1);
     editor.Delete(player);
     EXPECT_EQ(editor.MadeActive()->tableIndex, 0);
-    EXPECT_EQ(engine.settings.gameName, "Jacks or Better");
 }
 
 TEST_F(ThreeGameFilesTest, OnAFullDiskThePlayerIsToldAndNothingIsLost) {

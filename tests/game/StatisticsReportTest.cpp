@@ -107,12 +107,11 @@ TEST(StatisticsReportTest, AnyBonusOfTheTableBringsTheBonusLines) {
 
 TEST(StatisticsReportTest, NoMinutePlayedIsLostToBinaryFractions) {
     GameEngine engine = FreshGame();
-    EXPECT_EQ(TimePlayed(engine, 90), "1:30\t1:30");
     EXPECT_EQ(TimePlayed(engine, 119), "1:59\t1:59");
     EXPECT_EQ(TimePlayed(engine, -90), "0:0\t0:0");  // the clock was set back
-    engine.statistics.elapsedBase = 1.15;            // 69 minutes
-    EXPECT_EQ(TimePlayed(engine, 0), "0:0\t1:9");
-    EXPECT_EQ(TimePlayed(engine, 51), "0:51\t2:0");
+    engine.statistics.elapsedBase = 2.05;            // 123 minutes, and in binary a hair less
+    EXPECT_EQ(TimePlayed(engine, 0), "0:0\t2:3");
+    EXPECT_EQ(TimePlayed(engine, 57), "0:57\t3:0");
     engine.statistics.elapsedBase = 1.08;  // 64.8 minutes
     EXPECT_EQ(TimePlayed(engine, 0), "0:0\t1:4");
 }
