@@ -54,68 +54,41 @@ class ErrorLogDialogTest : public testing::Test {
 
 TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewest) {
     Open(kErrorLogSize);
-    EXPECT_FALSE(CanGo("previous"));
     for (int i = 0; i < kErrorLogSize; ++i) {
         ASSERT_EQ(Title(), QString("Error %1").arg(i + 1));
         ASSERT_EQ(Line(5), QString("Cost ($)\t%1.0000").arg(i));
+        ASSERT_EQ(CanGo("previous"), i > 0);
         ASSERT_EQ(CanGo("next"), i + 1 < kErrorLogSize);
         QTest::mouseClick(&Part<QPushButton>("next"), Qt::LeftButton);
     }
-    QTest::mouseClick(&Part<QPushButton>("previous"), Qt::LeftButton);
-    EXPECT_EQ(dialog->Index(), kErrorLogSize - 2);
 }
 
 TEST_F(ErrorLogDialogTest, KeysTurnThePagesWhereverTheFocusIs) {
     Open(7);
     for (const char* name : {"title", "entry", "summary", "ok"}) {
         Part<QWidget>(name).setFocus();
-        Type(Qt::Key_End);
-        EXPECT_EQ(dialog->Index(), 6) << name;
-        Type(Qt::Key_PageDown);
-        EXPECT_EQ(dialog->Index(), 6) << name;
-        Type(Qt::Key_PageUp);
-        EXPECT_EQ(dialog->Index(), 5) << name;
-        Type(Qt::Key_Home);
-        EXPECT_EQ(dialog->Index(), 0) << name;
-        Type(Qt::Key_PageUp);
-        EXPECT_EQ(Title(), "Error 1") << name;
+        const std::pair<Qt::Key, int> keys[] = {{Qt::Key_End, 6},
+                                                {Qt::Key_PageDown, 6},
+                                                {Qt::Key_PageUp, 5},
+                                                {Qt::Key_Home, 0},
+                                                {Qt::Key_PageUp, 0}};
+        for (const auto& [key, index] : keys) {
+            Type(key);
+            EXPECT_EQ(dialog->Index(), index) << name;
+        }
     }
 }
 
 TEST_F(ErrorLogDialogTest, AKeyHeldDownAtTheEndDoesNotCloseTheDialog) {
-    Open(3);
-    EXPECT_TRUE(Part<QPushButton>("next").hasFocus());
-    Type(Qt::Key_Space);
-    Type(Qt::Key_Space);
-    EXPECT_EQ(dialog->Index(), 2);
-    EXPECT_TRUE(Part<QPushButton>("previous").hasFocus());
-    Type(Qt::Key_Space);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_EQ(dialog->Index(), 1);
-    Type(Qt::Key_Space);
-    EXPECT_EQ(dialog->Index(), 0);
-}
-
-TEST_F(ErrorLogDialogTest, ALogOfOneErrorHasNowhereToGo) {
-    Open(1);
-    EXPECT_FALSE(CanGo("next"));
-    EXPECT_FALSE(CanGo("previous"));
-    EXPECT_TRUE(Part<QPushButton>("ok").hasFocus());
-    Type(Qt::Key_Return);
-    EXPECT_EQ(dialog->result(), QDialog::Accepted);
-}
-
-TEST_F(ErrorLogDialogTest, CardsPlaysAndSummaryAreShown) {
     Open(2);
-    EXPECT_EQ(NameOfPlace(0), "ace of spades");
-    Type(Qt::Key_PageDown);
-    EXPECT_EQ(NameOfPlace(0), "2 of spades");
-    EXPECT_EQ(NameOfPlace(1), "2 of diamonds");
-    EXPECT_EQ(Line(0), "Best Play\t22345");
-    EXPECT_EQ(Line(1), "Your Play\t_____");
-    EXPECT_TRUE(
-        Part<ReportBox>("summary").toPlainText().startsWith("Hands Played\t200\nErrors\t2\n"));
-    EXPECT_FALSE(Part<QWidget>("firstDrawCard").isVisible());
+    EXPECT_TRUE(Part<QPushButton>("next").hasFocus());
+    for (const int index : {1, 0, 1}) {
+        Type(Qt::Key_Space);
+        EXPECT_EQ(dialog->Index(), index);
+    }
+    Open(1);
+    EXPECT_FALSE(CanGo("next") || CanGo("previous"));
+    EXPECT_TRUE(Part<QPushButton>("ok").hasFocus());
 }
 
 TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
@@ -131,6 +104,9 @@ TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
 TEST_F(ErrorLogDialogTest, WhatIsShownCanBeSaved) {
     Open(2);
     Type(Qt::Key_End);
+    EXPECT_EQ(NameOfPlace(0), "2 of spades");
+    EXPECT_EQ(NameOfPlace(1), "2 of diamonds");
+    EXPECT_FALSE(Part<QWidget>("firstDrawCard").isVisible());
     machine->engine.settings.gameName = "Foo %1";
     DialogRobot robot{[&](QDialog& save) {
         auto* name = save.findChild<QLineEdit*>("fileNameEdit");

@@ -52,39 +52,18 @@ class HandAnalysisDialogTest : public testing::Test {
     std::unique_ptr<HandAnalysisDialog> dialog;
 };
 
-TEST_F(HandAnalysisDialogTest, TheHandInPlayIsShownAndLeftAlone) {
+TEST_F(HandAnalysisDialogTest, TheHandInPlayIsShownAndCountedAsTheRadiosSay) {
     OpenJacks();
     EXPECT_TRUE(Line(2).startsWith("AKQJ_\t92.")) << Line(2).toStdString();
+    EXPECT_TRUE(Line(2).contains("\t47\t23\t24\t12\t")) << Line(2).toStdString();
     EXPECT_EQ(NameOfPlace(1), "place 2, king of spades");
     EXPECT_EQ(Part<PictureButton>("placeSuit4").Shown(), Picture::kSpadesTile);
-    EXPECT_FALSE(machine->engine.handOver);
-    EXPECT_FALSE(machine->engine.fixedHand);
-    EXPECT_TRUE(Part<QPushButton>("ok").hasFocus());
-    QTest::keyClick(dialog.get(), Qt::Key_Return);
-    EXPECT_EQ(dialog->result(), QDialog::Accepted);
-}
-
-TEST_F(HandAnalysisDialogTest, TheRadiosChangeWhatIsCounted) {
-    OpenJacks();
-    EXPECT_TRUE(Part<QRadioButton>("displayHands").isChecked());
     Click("displayOdds");
     EXPECT_EQ(Part<ReportBox>("report").toPlainText(),
               QString::fromStdString(HandReport(spare, HandDisplay::kOdds)).remove('\r').trimmed());
     QTest::keyClick(dialog.get(), Qt::Key_E, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Line(2).contains("\t100.00\t0\t"); }));
-    Click("displayHands");
-    EXPECT_TRUE(Line(2).contains("\t47\t23\t24\t12\t")) << Line(2).toStdString();
-}
-
-TEST_F(HandAnalysisDialogTest, AnotherHandIsChosenInTheEditor) {
-    OpenJacks();
-    // The nine, in the last place, goes back, and the ten takes its place.
-    DialogRobot robot{ClickOn("placeRank4"), ClickOn("card1-10"), Press(Qt::Key_Return)};
-    Click("changeHand");
-    EXPECT_TRUE(Line(2).startsWith("AKQJT\t4,000.0000\t1\t1\t0")) << Line(2).toStdString();
-    EXPECT_EQ(NameOfPlace(4), "place 5, 10 of spades");
-    EXPECT_EQ(Part<HoldChart>("chart").Holds().front().value, 4000);
-    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_FALSE(machine->engine.handOver || machine->engine.fixedHand) << "left alone";
 }
 
 TEST_F(HandAnalysisDialogTest, AMissingCardIsAskedForUntilItIsThere) {
@@ -92,30 +71,22 @@ TEST_F(HandAnalysisDialogTest, AMissingCardIsAskedForUntilItIsThere) {
     QString caption;
     QString text;
     {
-        DialogRobot robot{ClickOn("placeRank4"),
-                          Press(Qt::Key_Return),
+        // The nine, in the last place, goes back, and in the end the ten takes its place.
+        DialogRobot robot{ClickOn("placeRank4"), Press(Qt::Key_Return),
                           [&](QDialog& box) {
                               caption = box.windowTitle();
                               text = qobject_cast<QMessageBox*>(&box)->text();
+                              Choose(QMessageBox::Ok)(box);
                           },
-                          Choose(QMessageBox::Ok),
-                          ClickOn("card4-2"),
-                          Press(Qt::Key_Return)};
+                          ClickOn("card1-10"), Press(Qt::Key_Return)};
         Click("changeHand");
     }
     EXPECT_EQ(caption, "Missing Card");
     EXPECT_EQ(text, "You must assign a card to each hand position to perform a hand analysis");
-    EXPECT_EQ(NameOfPlace(4), "place 5, 2 of diamonds");
-    {
-        DialogRobot robot{ClickOn("clear"), Press(Qt::Key_Return), Press(Qt::Key_Escape)};
-        Click("changeHand");
-    }
-    EXPECT_FALSE(dialog->isVisible());
-}
-
-TEST_F(HandAnalysisDialogTest, ACancelledEditorClosesTheAnalysis) {
-    OpenJacks();
-    DialogRobot robot{Press(Qt::Key_Escape)};
+    EXPECT_TRUE(Line(2).startsWith("AKQJT\t4,000.0000\t1\t1\t0")) << Line(2).toStdString();
+    EXPECT_EQ(NameOfPlace(4), "place 5, 10 of spades");
+    EXPECT_EQ(Part<HoldChart>("chart").Holds().front().value, 4000);
+    DialogRobot robot{ClickOn("clear"), Press(Qt::Key_Return), Press(Qt::Key_Escape)};
     Click("placeSuit2");  // a picture opens the editor, too
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
@@ -130,9 +101,7 @@ TEST_F(HandAnalysisDialogTest, TheReportCanBeSaved) {
         QTest::keyClick(name, Qt::Key_Return);
     }};
     Part<ReportBox>("report").saveAs();
-    const std::string saved = machine->folder.Read("hand.txt");
-    EXPECT_TRUE(saved.starts_with("Hand\tExp Ret ($)\tHands\tWinners\tLosers\tPR\t2PR\t")) << saved;
-    EXPECT_EQ(std::ranges::count(saved, '\n'), 34);
+    EXPECT_TRUE(machine->folder.Read("hand.txt").starts_with("Hand\tExp Ret ($)\tHands\t"));
 }
 
 TEST_F(HandAnalysisDialogTest, TheChartShowsTheBestHoldFirstAndNamesIt) {

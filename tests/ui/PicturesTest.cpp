@@ -86,28 +86,14 @@ TEST(PicturesTest, CardsShowTheTableThroughTheirRoundCornersAndTheFeltHasNoHoles
 TEST(PicturesTest, NumbersFollowRankSuitAndWorth) {
     EXPECT_EQ(static_cast<int>(RankPicture(13, 3)), 1134);  // black king, the last of its row
     EXPECT_EQ(static_cast<int>(RankPicture(1, 4)), 1135);
-    EXPECT_EQ(RankPicture(1, 5), RankPicture(1, 1));
     EXPECT_EQ(static_cast<int>(SuitPicture(2)), 1039);
     EXPECT_EQ(CourtPicture(12, 1), CourtPicture(12, 3));
-    EXPECT_NE(CourtPicture(12, 1), CourtPicture(12, 2));
     EXPECT_EQ(CoinPicture(0.1 + 0.15), Picture::kQuarter);
     EXPECT_EQ(CoinPicture(std::nan("")), Picture::kDollar);
-    for (const Picture none :
-         {RankPicture(0, 1), RankPicture(14, 1), RankPicture(1, 6), PipPicture(0), SuitPicture(-1),
-          CourtPicture(10, 2), CourtPicture(1, 0)}) {
+    for (const Picture none : {RankPicture(14, 1), RankPicture(1, 6), PipPicture(0),
+                               SuitPicture(-1), CourtPicture(10, 2)}) {
         EXPECT_EQ(none, Picture::kEmptyPicture);
     }
-}
-
-TEST(PictureStoreTest, ASecondAskingGetsTheSamePixmapAndEveryScreenItsOwn) {
-    PictureStore store;
-    const QSize size(90, 120);
-    const auto first = store.Get(Picture::kCharlie, size, 1).cacheKey();
-    EXPECT_EQ(store.Get(Picture::kCharlie, size, 1).cacheKey(), first);
-    const QPixmap& fine = store.Get(Picture::kCharlie, size, 1.5);
-    EXPECT_NE(fine.cacheKey(), first);
-    EXPECT_EQ(fine.size(), QSize(135, 180));
-    EXPECT_EQ(fine.devicePixelRatio(), 1.5);
 }
 
 TEST(PictureStoreTest, TheProgramsIconIsDrawnOnceForAllWindows) {
@@ -127,10 +113,12 @@ TEST(PictureStoreTest, OddWishesGetAnEmptyOrAMarkedPixmapAndMemoryStaysBounded) 
     EXPECT_EQ(store.Get(Picture::kFelt, QSize(20, 20), std::nan("")).devicePixelRatio(), 1);
     const auto missing = static_cast<Picture>(7);
     EXPECT_EQ(OpaquePixels(store.Get(missing, QSize(20, 20), 1).toImage()), 400);
-    const auto first = store.Get(Picture::kFelt, QSize(96, 96), 1).cacheKey();
+    const QSize size(96, 96);
+    const auto first = store.Get(Picture::kFelt, size, 1).cacheKey();
+    EXPECT_EQ(store.Get(Picture::kFelt, size, 1.5).size(), QSize(144, 144)) << "of another screen";
+    EXPECT_EQ(store.Get(Picture::kFelt, size, 1).cacheKey(), first);
     for (int side = 1900; side < 1906; ++side) store.Get(missing, QSize(side, side), 1);
-    EXPECT_NE(store.Get(Picture::kFelt, QSize(96, 96), 1).cacheKey(),
-              first);  // forgotten on the way
+    EXPECT_NE(store.Get(Picture::kFelt, size, 1).cacheKey(), first) << "forgotten on the way";
 }
 
 int main(int argc, char** argv) {

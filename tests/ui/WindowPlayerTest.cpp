@@ -70,7 +70,7 @@ TEST_F(WindowPlayerTest, AQuestionIsYesOnlyWhenYesIsChosen) {
     EXPECT_TRUE(answered(Press(Qt::Key_Y, Qt::AltModifier)));
 }
 
-TEST_F(WindowPlayerTest, WhatIsAskedLeavesTheCardsToBeSeen) {
+TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIconAndLeavesTheCardsToBeSeen) {
     window.resize(800, 600);
     window.move(100, 50);
     const int middle = window.mapToGlobal(window.rect().center()).y();
@@ -79,13 +79,6 @@ TEST_F(WindowPlayerTest, WhatIsAskedLeavesTheCardsToBeSeen) {
         EXPECT_LT(dialog.frameGeometry().bottom(), middle) << dialog.objectName().toStdString();
         dialog.reject();
     };
-    DialogRobot robot{look, look, look};
-    player.SaysYes("Double Up Tie", "Do you wish to play again?");
-    player.Tell("Caption", "Text", MessageIcon::kNone);
-    player.GoesOnAfterError("A____ is the best play for this hand. Continue?");
-}
-
-TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIcon) {
     const std::pair<MessageIcon, QMessageBox::Icon> icons[] = {
         {MessageIcon::kNone, QMessageBox::NoIcon},
         {MessageIcon::kExclamation, QMessageBox::Warning},
@@ -95,55 +88,38 @@ TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIcon) {
             const auto& box = dynamic_cast<QMessageBox&>(dialog);
             EXPECT_EQ(box.windowTitle() + ": " + box.text(), "Caption: Text");
             EXPECT_EQ(box.icon(), icon);
-            dialog.reject();
+            look(dialog);
         }};
         player.Tell("Caption", "Text", told);
     }
-}
-
-TEST_F(WindowPlayerTest, NumbersAreEnteredOrCancelled) {
-    {
-        DialogRobot robot{Press(Qt::Key_Return), Type("77"), Press(Qt::Key_Return)};
-        EXPECT_EQ(player.AskDollars(250), 250);
-        EXPECT_EQ(player.AskHandCount(), 77);
-    }
-    DialogRobot robot{Press(Qt::Key_Escape), Press(Qt::Key_Escape)};
-    EXPECT_EQ(player.AskDollars(250), std::nullopt);
-    EXPECT_EQ(player.AskHandCount(), std::nullopt) << "cancelled is not 0 hands";
+    DialogRobot robot{look, look};
+    player.SaysYes("Double Up Tie", "Do you wish to play again?");
+    player.GoesOnAfterError("A____ is the best play for this hand. Continue?");
 }
 
 TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
     const TemporaryFolder folder;
     const std::string taken = folder.Write("taken.qdx", "[main]\n");
     const std::string proposed = folder.Path("proposed.qdx");
-    {
-        DialogRobot robot{TypeFile("Save As", folder.Path("new")),
-                          TypeFile("New Game File", folder.Path("taken")),
-                          AnswerReplace("New Game File", QMessageBox::No),
-                          TypeFile("New Game File", folder.Path("taken")),
-                          AnswerReplace("New Game File", QMessageBox::Yes),
-                          TypeFile("Save As", folder.Path("taken")),
-                          AnswerReplace("Save As", QMessageBox::No),
-                          Press(Qt::Key_Escape)};
-        EXPECT_EQ(player.AskFileToSave(proposed), folder.Path("new.qdx"));
-        EXPECT_EQ(player.AskNewGameFile(proposed), taken);
-        EXPECT_EQ(player.AskFileToSave(proposed), std::nullopt);
-    }
-    DialogRobot robot{TypeFile("Open", folder.Path("missing.qdx")), Press(Qt::Key_Return),
+    DialogRobot robot{TypeFile("Save As", folder.Path("new")),
+                      TypeFile("New Game File", folder.Path("taken")),
+                      AnswerReplace("New Game File", QMessageBox::No),
+                      TypeFile("New Game File", folder.Path("taken")),
+                      AnswerReplace("New Game File", QMessageBox::Yes),
+                      TypeFile("Open", folder.Path("missing.qdx")),
+                      Press(Qt::Key_Return),
                       TypeFile("Open", taken)};
+    EXPECT_EQ(player.AskFileToSave(proposed), folder.Path("new.qdx"));
+    EXPECT_EQ(player.AskNewGameFile(proposed), taken);
     EXPECT_EQ(player.AskFileToOpen(folder.Path()), taken) << "only a file that is there";
 }
 
 TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpen) {
-    const TemporaryFolder folder;
-    folder.Write("taken.qdx", "[main]\n");
-    {
-        DialogRobot robot{Type("0"), Press(Qt::Key_Return), RefuseAll()};
-        EXPECT_EQ(player.AskDollars(100), std::nullopt) << "with a message over it";
-    }
+    DialogRobot robot{Type("0"), Press(Qt::Key_Return), RefuseAll(), Type("77"),
+                      Press(Qt::Key_Return)};
+    EXPECT_EQ(player.AskDollars(100), std::nullopt) << "with a message over it";
     player.AnswerAgain();
-    DialogRobot robot{TypeFile("Save As", folder.Path("taken")), RefuseAll()};
-    EXPECT_EQ(player.AskFileToSave(folder.Path("proposed.qdx")), std::nullopt);
+    EXPECT_EQ(player.AskHandCount(), 77);
 }
 
 TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
