@@ -143,6 +143,8 @@ TEST(HandEvaluatorTest, HeldCardsAloneLeaveTheirWildCardsOut) {
 
     ComputePartialFeatures(evaluated, table, 0b10000, false);
     EXPECT_EQ(evaluated.features.wilds, 0);
+    EXPECT_EQ(evaluated.features.suitPairs, 1);
+    EXPECT_EQ(evaluated.features.straightSteps, 1);
     EXPECT_FALSE(evaluated.wild[0]) << "a natural look clears the flag";
 }
 

@@ -87,7 +87,7 @@ TEST(DataFilesTest, TheCurrentGameFileMovesWithItsFolder) {
     };
     EXPECT_EQ(current("CurrGame=/old/Holiday.qdx\nDataFolder=/old/\n"), here);
     EXPECT_EQ(current("CurrGame=/old/Gone.qdx\nDataFolder=/old/\n"), "/old/Gone.qdx");
-    EXPECT_EQ(current("CurrGame=/usb/Holiday.qdx\n"), "/usb/Holiday.qdx")
+    EXPECT_EQ(current("CurrGame=/usb/Holiday.qdx\nDataFolder=/old/\n"), "/usb/Holiday.qdx")
         << "another player's, on a disk that is away";
 }
 

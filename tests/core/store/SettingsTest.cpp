@@ -38,6 +38,7 @@ TEST_F(SettingsTest, ValuesByHandAreMendedSoThatTheMachineCanBePlayed) {
         "Mode=9\nCoin=-0.25\nCredits=-99999999999\nBet=-3\nSpeed=7\nSounds=7\nDoubleUp=\n"
         "DollarIn=99999999999\n");
     EXPECT_EQ(settings.mode, PlayMode::kCasino);
+    EXPECT_EQ(Loaded("Mode=4\n").mode, PlayMode::kErrorLog) << "the last there is";
     EXPECT_EQ(settings.credits, 0);
     EXPECT_EQ(settings.bet, 1);
     EXPECT_EQ(DelaysOf(settings.speed).deal, DelaysOf(Speed::kSlow).deal);
