@@ -49,9 +49,10 @@ TEST_F(AutoplayCommandTest, TextIsTheStatisticsReport) {
 }
 
 TEST_F(AutoplayCommandTest, CtrlCEndsTheRunWithWhatIsPlayedSoFar) {
-    // As soon as the program catches the signal.
+    // As soon as the program catches the signal; the shell that becomes the program does so too.
     const std::string line =
-        "(until grep -q 'SigCgt.*[2367abef]$' /proc/$$/status; do :; done; kill -INT $$) & exec " +
+        "(until readlink /proc/$$/exe | grep -q tolvane-cli &&"
+        " grep -q 'SigCgt.*[2367abef]$' /proc/$$/status; do :; done; kill -INT $$) & exec " +
         CommandLine("autoplay 300 --hands 5000000 --json --data " + InQuotes(DataFolder()));
     EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1);
     EXPECT_GT(Json::parse(folder.Read("output"), nullptr, false)["hands"], 0);
