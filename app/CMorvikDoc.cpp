@@ -3,11 +3,11 @@
 #include <QApplication>
 
 #include "core/profile/ProfileFile.h"
-#include "game/FileCommands.h"
-#include "game/SaveGame.h"
-#include "game/ShowTable.h"
-#include "game/StartAndStop.h"
-#include "game/TableCommands.h"
+#include "game/commands/FileCommands.h"
+#include "game/commands/TableCommands.h"
+#include "game/saving/SaveGame.h"
+#include "game/session/StartAndStop.h"
+#include "game/table/ShowTable.h"
 #include "ui/table/Commands.h"
 
 namespace {

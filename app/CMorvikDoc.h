@@ -9,7 +9,7 @@
 #include "app/CommandTable.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
-#include "game/GameTable.h"
+#include "game/table/GameTable.h"
 #include "ui/dialogs/WindowPlayer.h"
 #include "ui/table/ActionQueue.h"
 

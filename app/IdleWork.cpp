@@ -4,7 +4,7 @@
 
 #include "app/CMorvikDoc.h"
 #include "core/profile/ProfileFile.h"
-#include "game/SaveGame.h"
+#include "game/saving/SaveGame.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "core/cards/Deck.h"
 #include "core/profile/ProfileFile.h"
-#include "game/TableScene.h"
+#include "game/table/TableScene.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/ChangedRegion.h"
 #include "ui/table/Layout.h"

@@ -12,7 +12,7 @@
 #include "cli/Texts.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/profile/ProfileFile.h"
-#include "game/Autoplay.h"
+#include "game/engine/Autoplay.h"
 #include "game/reports/StatisticsReport.h"
 
 namespace cli {

@@ -4,8 +4,8 @@
 
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
-#include "game/GameEngine.h"
-#include "game/reports/PlayErrorText.h"
+#include "game/engine/GameEngine.h"
+#include "game/engine/PlayErrorText.h"
 #include "game/reports/Quotient.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include "core/profile/ProfileFile.h"
 #include "core/text/Numbers.h"
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 
 namespace {
 

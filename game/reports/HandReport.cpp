@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "core/text/Amount.h"
-#include "game/Dealing.h"
-#include "game/reports/PlayErrorText.h"
+#include "game/engine/Dealing.h"
+#include "game/engine/PlayErrorText.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/eval/HandEvaluator.h"
-#include "game/FixedHandEditor.h"
+#include "game/engine/FixedHandEditor.h"
 
 struct GameEngine;
 

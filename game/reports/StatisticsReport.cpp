@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "core/text/Amount.h"
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 #include "game/reports/Quotient.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "game/AnalyzeGame.h"
+#include "game/session/AnalyzeGame.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "game/Autoplay.h"
+#include "game/engine/Autoplay.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "game/BestPlay.h"
+#include "game/engine/BestPlay.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "game/BonusFeatures.h"
+#include "game/flows/BonusFeatures.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <functional>
 #include <map>
 
-#include "game/DoubleUp.h"
+#include "game/flows/DoubleUp.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "game/CreditHistory.h"
+#include "game/engine/CreditHistory.h"
 
 #include <gtest/gtest.h>
 
-#include "game/TableCommands.h"
+#include "game/commands/TableCommands.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "game/Dealing.h"
+#include "game/engine/Dealing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "game/DoubleUp.h"
+#include "game/flows/DoubleUp.h"
 
 #include <gtest/gtest.h>
 
-#include "game/BonusFeatures.h"
+#include "game/flows/BonusFeatures.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "game/EditPayTable.h"
+#include "game/paytables/EditPayTable.h"
 
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "game/GameTable.h"
-#include "game/HandFlow.h"
-#include "game/ShowTable.h"
+#include "game/flows/HandFlow.h"
+#include "game/table/GameTable.h"
+#include "game/table/ShowTable.h"
 #include "tests/game/SceneDifference.h"
 #include "tests/game/TestMachine.h"
 

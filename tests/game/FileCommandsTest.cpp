@@ -1,13 +1,13 @@
-#include "game/FileCommands.h"
+#include "game/commands/FileCommands.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "game/GameSelection.h"
-#include "game/SaveGame.h"
-#include "game/StartAndStop.h"
-#include "game/TableCommands.h"
+#include "game/commands/GameSelection.h"
+#include "game/commands/TableCommands.h"
+#include "game/saving/SaveGame.h"
+#include "game/session/StartAndStop.h"
 #include "tests/core/profile/FullDisk.h"
 #include "tests/game/FakePorts.h"
 
@@ -18,7 +18,7 @@ namespace {
 constexpr rlim_t kRoom = 100;
 
 struct FileCommandsTest : testing::Test, TestTable {
-    void SetUp() override { ASSERT_TRUE(SaveGame(table, false)); }
+    void SetUp() override { ASSERT_TRUE(SaveGame(table)); }
 
     std::string Path(const std::string& name) const { return machine.folder.Path(name); }
     // As the next program finds it.
@@ -45,19 +45,19 @@ TEST_F(FileCommandsTest, AFailedSaveIsToldOnceUntilOneSucceeds) {
     engine.settings.credits = 250;
     {
         const FullDisk disk(kRoom);
-        EXPECT_FALSE(SaveGame(table, false));
+        EXPECT_FALSE(SaveGame(table));
         EXPECT_NE(log.back().find(game), std::string::npos);
-        EXPECT_FALSE(SaveGame(table, false));
+        EXPECT_FALSE(SaveGame(table));
         EXPECT_EQ(TimesTold(), 1);
         SaveGameFile(table);
         EXPECT_EQ(TimesTold(), 1) << "the player has asked";
     }
-    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_TRUE(SaveGame(table));
     EXPECT_EQ(Credits(game), 250);
     {
         const FullDisk disk(kRoom);
         engine.settings.credits = 260;
-        EXPECT_FALSE(SaveGame(table, false));
+        EXPECT_FALSE(SaveGame(table));
         EXPECT_EQ(TimesTold(), 1);
         KeepPlay(table, true);
         KeepPlay(table, false);
@@ -69,7 +69,7 @@ TEST_F(FileCommandsTest, AFailedSaveIsToldOnceUntilOneSucceeds) {
 
 TEST_F(FileCommandsTest, AMissingGameFileIsNotMadeBySavingButBySaveAs) {
     files.gamePath = Path("gone.qdx");
-    EXPECT_FALSE(SaveGame(table, false));
+    EXPECT_FALSE(SaveGame(table));
     EXPECT_NE(log.back().find("File Save As"), std::string::npos);
     EXPECT_FALSE(fs::exists(files.gamePath));
     engine.settings.credits = 77;
@@ -77,7 +77,7 @@ TEST_F(FileCommandsTest, AMissingGameFileIsNotMadeBySavingButBySaveAs) {
     SaveGameFileAs(table);
     EXPECT_EQ(files.gamePath, Path("again.qdx"));
     EXPECT_EQ(Credits(Path("again.qdx")), 77);
-    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_TRUE(SaveGame(table));
 }
 
 TEST_F(FileCommandsTest, ANewGameStartsFromNothingAndTheOldOneKeepsAll) {
@@ -168,7 +168,7 @@ TEST_F(FileCommandsTest, OnAFullDiskTheGameStaysInItsFile) {
     EXPECT_EQ(files.gamePath, game);
     EXPECT_EQ(engine.settings.credits, 100);
     EXPECT_EQ(engine.statistics.handsPlayed.session, 7);
-    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_TRUE(SaveGame(table));
     EXPECT_EQ(Stored(game, "Jacks or Better(0)", "HandsPlayed"), "7");
     EXPECT_EQ(machine.folder.Read("copy.qdx"), "(missing)");
     EXPECT_EQ(machine.folder.Read("new.qdx"), "[main]\nCredits=9\n") << "is to be replaced whole";
@@ -203,7 +203,7 @@ struct ChangedFileTest : FileCommandsTest {
 
 TEST_F(ChangedFileTest, AnUntouchedTableGoesOnInTheFileAsItIsNow) {
     Restore();
-    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_TRUE(SaveGame(table));
     EXPECT_EQ(log.back(), "told Game File: The game file " + game +
                               " was changed by another program since it was read or saved here. "
                               "The game goes on as it is there.");
@@ -220,9 +220,9 @@ TEST_F(ChangedFileTest, APlayedTableIsLoadedOverOrKeptElsewhereAsThePlayerSays) 
     engine.settings.credits = 777;
     Restore();
     answers = {"no", "cancel"};
-    EXPECT_FALSE(SaveGame(table, false));
+    EXPECT_FALSE(SaveGame(table));
     EXPECT_TRUE(log[log.size() - 2].starts_with("ask Game File: "));
-    EXPECT_FALSE(SaveGame(table, false));
+    EXPECT_FALSE(SaveGame(table));
     KeepPlay(table, true);
     EXPECT_EQ(OnDisk(), kOther) << "and nothing more is asked";
     EXPECT_EQ(engine.settings.credits, 777);
@@ -258,7 +258,7 @@ TEST_F(ChangedFileTest, APlayedTableIsLoadedOverOrKeptElsewhereAsThePlayerSays) 
 
 TEST_F(ChangedFileTest, AFileThatCouldNotBeReadAtTheStartIsNeverWrittenOver) {
     files.mainPath = machine.folder.Write("Tolvane.ini", "[main]\nVer=1\nCurrGame=" + game + "\n");
-    SaveGame(table, false);
+    SaveGame(table);
     machine.file.Close();
     fs::create_directory(Path("away"));
     for (const bool played : {false, true}) {
@@ -293,7 +293,7 @@ TEST_F(ChangedFileTest, SaveAsAwayFromAFullDiskTakesAllAlongAndIsDone) {
     {
         const FullDisk disk(kRoom);
         machine.file.WriteString("Jacks or Better(0)", "Error0", "a play error", game);
-        EXPECT_FALSE(SaveGame(table, false));
+        EXPECT_FALSE(SaveGame(table));
         // The new file is on another disk.
         std::optional<FullDisk> room(100'000);
         answers = {Path("copy.qdx")};
@@ -303,7 +303,7 @@ TEST_F(ChangedFileTest, SaveAsAwayFromAFullDiskTakesAllAlongAndIsDone) {
     EXPECT_EQ(Stored(Path("copy.qdx"), "Jacks or Better(0)", "Error0"), "a play error");
     EXPECT_EQ(Credits(Path("copy.qdx")), 250);
     EXPECT_FALSE(machine.file.IsDirty()) << "nothing of the old file waits";
-    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_TRUE(SaveGame(table));
     EXPECT_EQ(TimesTold(), 0);
 }
 
@@ -344,7 +344,7 @@ TEST_F(ChangedFileTest, WhatWasPlayedIsKeptBetweenHandsWhenTheMachineRests) {
     machine.Stack("AS KD TC 9H 2S");
     DealDraw(table);
     EXPECT_FALSE(SaveIsDue(table, true)) << "the hand is open";
-    SaveGame(table, false);
+    SaveGame(table);
     EXPECT_EQ(Credits(game), 100) << "its bet comes back after a crash";
     EXPECT_EQ(engine.settings.credits, 95);
     machine.Hold(0);

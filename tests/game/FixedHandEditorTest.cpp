@@ -1,4 +1,4 @@
-#include "game/FixedHandEditor.h"
+#include "game/engine/FixedHandEditor.h"
 
 #include <gtest/gtest.h>
 

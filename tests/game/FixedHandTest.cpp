@@ -1,9 +1,9 @@
-#include "game/FixedHand.h"
+#include "game/flows/FixedHand.h"
 
 #include <gtest/gtest.h>
 
 #include "core/store/ErrorLog.h"
-#include "game/TableCommands.h"
+#include "game/commands/TableCommands.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

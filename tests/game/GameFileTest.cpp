@@ -1,8 +1,8 @@
 // Game files that no machine has written: whatever they hold, the machine starts and can be played.
 #include <gtest/gtest.h>
 
-#include "game/GameSelection.h"
-#include "game/SaveGame.h"
+#include "game/saving/GameFile.h"
+#include "game/saving/SaveGame.h"
 #include "tests/game/FakePorts.h"
 
 namespace {
@@ -90,11 +90,11 @@ TEST(GameFileTest, NoFileKeepsTheMachineFromBeingPlayed) {
         LoadGameFile(t);
         ExpectPlayable(t.machine);
 
-        EXPECT_TRUE(SaveGame(t, false));
+        EXPECT_TRUE(SaveGame(t));
         const std::string saved = t.machine.folder.Read("game.qdx");
         t.machine.file.Close();
         LoadGameFile(t);
-        EXPECT_TRUE(SaveGame(t, false));
+        EXPECT_TRUE(SaveGame(t));
         EXPECT_EQ(t.machine.folder.Read("game.qdx"), saved) << "what was mended stays so";
     }
 }

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/profile/ProfileFile.h"
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 #include "tests/core/profile/TemporaryFolder.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "game/HandFlow.h"
+#include "game/flows/HandFlow.h"
 
 #include <gtest/gtest.h>
 
-#include "game/Wins.h"
+#include "game/table/Wins.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

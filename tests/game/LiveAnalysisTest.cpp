@@ -1,4 +1,4 @@
-#include "game/LiveAnalysis.h"
+#include "game/paytables/LiveAnalysis.h"
 
 #include <gtest/gtest.h>
 

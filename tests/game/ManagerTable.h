@@ -3,7 +3,7 @@
 #pragma once
 #include <filesystem>
 
-#include "game/EditPayTable.h"
+#include "game/paytables/EditPayTable.h"
 #include "tests/game/FakePorts.h"
 
 // Answers are "yes", "no", "ok", "cancel" or a name.

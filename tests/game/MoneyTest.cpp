@@ -1,10 +1,10 @@
-#include "game/Money.h"
+#include "game/engine/Money.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 
-#include "game/TableCommands.h"
+#include "game/commands/TableCommands.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "game/PayTableEditor.h"
+#include "game/paytables/PayTableEditor.h"
 
 #include <gtest/gtest.h>
 

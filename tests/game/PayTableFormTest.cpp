@@ -1,4 +1,4 @@
-#include "game/PayTableForm.h"
+#include "game/paytables/PayTableForm.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "game/PickEmFlow.h"
+#include "game/flows/PickEmFlow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "game/reports/PlayErrorText.h"
+#include "game/engine/PlayErrorText.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/text/Numbers.h"
-#include "game/TableScene.h"
+#include "game/table/TableScene.h"
 #include "tests/core/TestGames.h"
 
 class SceneDifference {

@@ -1,9 +1,9 @@
-#include "game/ShowTable.h"
+#include "game/table/ShowTable.h"
 
 #include <gtest/gtest.h>
 
-#include "game/DoubleUp.h"
-#include "game/HandFlow.h"
+#include "game/flows/DoubleUp.h"
+#include "game/flows/HandFlow.h"
 #include "tests/game/FakePorts.h"
 
 namespace {

@@ -1,13 +1,13 @@
-#include "game/TableCommands.h"
+#include "game/commands/TableCommands.h"
 
 #include <gtest/gtest.h>
 
 #include "core/store/ErrorLog.h"
-#include "game/DoubleUp.h"
-#include "game/GameSelection.h"
-#include "game/SaveGame.h"
-#include "game/ShowTable.h"
-#include "game/SpareEngine.h"
+#include "game/commands/GameSelection.h"
+#include "game/flows/DoubleUp.h"
+#include "game/saving/SaveGame.h"
+#include "game/session/SpareEngine.h"
+#include "game/table/ShowTable.h"
 #include "tests/game/FakePorts.h"
 
 namespace {
@@ -164,7 +164,7 @@ TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
     engine.settings.coin = 0.25;
     engine.settings.bet = 3;
     Settle();
-    SaveGame(table, true);
+    SaveNewSession(table);
     engine.statistics.handsPlayed.Add(7);
     engine.replayIndex = 4;
     ports.now += 3600;
@@ -227,7 +227,7 @@ TEST_F(GameSelectionTest, AChangedPayTableIsPlayedOnWithTheSameCounts) {
 }
 
 TEST_F(SpareEngineTest, AutoplayLeavesThePlayersMachineAndFileAlone) {
-    SaveGame(table, false);
+    SaveGame(table);
     engine.settings.bet = 2;
     const MachineSettings settings = engine.settings;
     const Statistics statistics = engine.statistics;
@@ -248,7 +248,7 @@ TEST_F(SpareEngineTest, AutoplayLeavesThePlayersMachineAndFileAlone) {
     EXPECT_NE(spare.deck.order, order);
 
     const std::string before = machine.folder.Read("game.qdx");
-    EXPECT_TRUE(SaveGame(table, false));
+    EXPECT_TRUE(SaveGame(table));
     EXPECT_EQ(machine.folder.Read("game.qdx"), before);
     EXPECT_EQ(engine.settings, settings);
     EXPECT_EQ(engine.statistics, statistics);
@@ -266,7 +266,7 @@ TEST_F(SpareEngineTest, AReportSeesTheSettingsAndStatisticsLastSaved) {
     machine.Play("Deuces Wild", 330);
     engine.settings.bet = 3;
     engine.statistics.handsPlayed.Add(7);
-    SaveGame(table, false);
+    SaveGame(table);
     LoadSpare(table, spare);
     EXPECT_EQ(spare.settings.gameName, "Deuces Wild");
     EXPECT_EQ(spare.settings.bet, 3);

@@ -6,8 +6,8 @@
 #include "core/analysis/LineTableCache.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
-#include "game/Dealing.h"
-#include "game/Money.h"
+#include "game/engine/Dealing.h"
+#include "game/engine/Money.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
 

@@ -9,7 +9,7 @@
 #include <QTabWidget>
 #include <map>
 
-#include "game/SpareEngine.h"
+#include "game/session/SpareEngine.h"
 #include "tests/game/ManagerTable.h"
 #include "ui/art/PictureStore.h"
 #include "ui/dialogs/AboutDialog.h"

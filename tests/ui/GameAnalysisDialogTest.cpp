@@ -10,7 +10,7 @@
 #include <QTextOption>
 #include <map>
 
-#include "game/AnalyzeGame.h"
+#include "game/session/AnalyzeGame.h"
 #include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"

@@ -12,7 +12,7 @@
 
 #include "app/IdleWork.h"
 #include "core/paytable/GameCatalogue.h"
-#include "game/BonusFeatures.h"
+#include "game/flows/BonusFeatures.h"
 #include "tests/ui/AnyInput.h"
 
 namespace {

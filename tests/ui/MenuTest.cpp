@@ -3,7 +3,7 @@
 #include <QMenuBar>
 
 #include "core/paytable/GameCatalogue.h"
-#include "game/ShowTable.h"
+#include "game/table/ShowTable.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/TestProgram.h"
 

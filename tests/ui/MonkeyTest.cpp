@@ -8,8 +8,8 @@
 #include <cstdlib>
 
 #include "core/store/Settings.h"
-#include "game/Money.h"
-#include "game/ShowTable.h"
+#include "game/engine/Money.h"
+#include "game/table/ShowTable.h"
 #include "tests/ui/AnyInput.h"
 
 namespace {

@@ -9,10 +9,10 @@
 #include <functional>
 #include <memory>
 
-#include "game/BonusFeatures.h"
-#include "game/DoubleUp.h"
-#include "game/HandFlow.h"
-#include "game/ShowTable.h"
+#include "game/flows/BonusFeatures.h"
+#include "game/flows/DoubleUp.h"
+#include "game/flows/HandFlow.h"
+#include "game/table/ShowTable.h"
 #include "tests/game/FakePorts.h"
 #include "ui/art/PictureStore.h"
 #include "ui/table/ActionQueue.h"

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <filesystem>
 
-#include "game/ShowTable.h"
+#include "game/table/ShowTable.h"
 #include "ui/table/SceneDescription.h"
 
 namespace {

@@ -14,7 +14,7 @@
 #include "app/CMainFrame.h"
 #include "app/CMorvikDoc.h"
 #include "core/profile/ProfileFile.h"
-#include "game/Dealing.h"
+#include "game/engine/Dealing.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
 #include "tests/ui/DialogRobot.h"

@@ -7,9 +7,9 @@
 #include <QMessageBox>
 #include <QWidget>
 
-#include "game/AnalyzeGame.h"
-#include "game/Clock.h"
-#include "game/PayTableEditor.h"
+#include "game/paytables/PayTableEditor.h"
+#include "game/session/AnalyzeGame.h"
+#include "game/table/Clock.h"
 #include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"

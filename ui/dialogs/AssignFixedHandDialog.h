@@ -5,7 +5,7 @@
 #include <array>
 #include <vector>
 
-#include "game/FixedHandEditor.h"
+#include "game/engine/FixedHandEditor.h"
 
 class PictureButton;
 class PictureStore;

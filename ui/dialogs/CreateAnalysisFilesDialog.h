@@ -2,7 +2,7 @@
 #pragma once
 #include <QDialog>
 
-#include "game/AnalyzeGame.h"
+#include "game/session/AnalyzeGame.h"
 
 class QCheckBox;
 

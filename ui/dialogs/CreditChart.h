@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "game/CreditHistory.h"
+#include "game/engine/CreditHistory.h"
 
 class CreditChart : public QWidget {
     Q_OBJECT

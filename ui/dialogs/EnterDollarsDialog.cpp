@@ -7,7 +7,7 @@
 
 #include "core/text/Numbers.h"
 #include "core/text/WholeNumber.h"
-#include "game/Money.h"
+#include "game/engine/Money.h"
 #include "ui/dialogs/DialogParts.h"
 
 EnterDollarsDialog::EnterDollarsDialog(int proposed, QWidget* parent) : QDialog(parent) {

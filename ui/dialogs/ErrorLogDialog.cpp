@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 #include "game/reports/ErrorLogReport.h"
 #include "game/reports/HandReport.h"
 #include "ui/dialogs/DialogParts.h"

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <array>
 
-#include "game/FixedHandEditor.h"
+#include "game/engine/FixedHandEditor.h"
 
 class FirstDrawCard;
 class PictureStore;

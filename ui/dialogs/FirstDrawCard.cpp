@@ -2,7 +2,7 @@
 
 #include <QHBoxLayout>
 
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 #include "ui/dialogs/SmallCard.h"
 
 FirstDrawCard::FirstDrawCard(const GameEngine& engine, PictureStore& store, QWidget* parent)

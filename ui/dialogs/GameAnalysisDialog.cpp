@@ -15,7 +15,7 @@
 #include <algorithm>
 
 #include "core/text/Numbers.h"
-#include "game/AnalyzeGame.h"
+#include "game/session/AnalyzeGame.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/FileQuestions.h"
 #include "ui/dialogs/ReportBox.h"

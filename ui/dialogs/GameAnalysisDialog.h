@@ -3,7 +3,7 @@
 #pragma once
 #include <QDialog>
 
-#include "game/Player.h"
+#include "game/table/Player.h"
 
 class GameReportPages;
 class QComboBox;

@@ -13,7 +13,7 @@
 #include <algorithm>
 
 #include "core/text/Ranks.h"
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 #include "ui/dialogs/AssignFixedHandDialog.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/FileQuestions.h"

@@ -6,8 +6,8 @@
 #include <QTimer>
 #include <optional>
 
-#include "game/LiveAnalysis.h"
-#include "game/PayTableEditor.h"
+#include "game/paytables/LiveAnalysis.h"
+#include "game/paytables/PayTableEditor.h"
 
 class LiveReturn : public QLabel {
     Q_OBJECT

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "game/PayTableEditor.h"
+#include "game/paytables/PayTableEditor.h"
 
 class LiveReturn;
 class QBoxLayout;

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-#include "game/Player.h"
+#include "game/table/Player.h"
 
 class QLineEdit;
 class QProgressBar;

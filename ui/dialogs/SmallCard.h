@@ -3,7 +3,7 @@
 #pragma once
 #include <QWidget>
 
-#include "game/FixedHandEditor.h"
+#include "game/engine/FixedHandEditor.h"
 #include "ui/art/Pictures.h"
 
 class PictureStore;

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "game/GameEngine.h"
+#include "game/engine/GameEngine.h"
 #include "ui/dialogs/CreditChart.h"
 #include "ui/dialogs/DialogParts.h"
 #include "ui/dialogs/FileQuestions.h"

@@ -6,7 +6,7 @@
 #include <QShowEvent>
 #include <algorithm>
 
-#include "game/Clock.h"
+#include "game/table/Clock.h"
 #include "ui/dialogs/AssignFixedHandDialog.h"
 #include "ui/dialogs/AutoplayHandsDialog.h"
 #include "ui/dialogs/BestPlayErrorDialog.h"

@@ -2,7 +2,7 @@
 #pragma once
 #include <functional>
 
-#include "game/Player.h"
+#include "game/table/Player.h"
 
 class Clock;
 class PictureStore;

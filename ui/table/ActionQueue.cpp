@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "game/GameTable.h"
+#include "game/table/GameTable.h"
 
 namespace {
 

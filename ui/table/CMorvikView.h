@@ -4,7 +4,7 @@
 #include <QHash>
 #include <QWidget>
 
-#include "game/GameTable.h"
+#include "game/table/GameTable.h"
 #include "ui/table/Layout.h"
 #include "ui/table/TableInput.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "game/TableScene.h"
+#include "game/table/TableScene.h"
 #include "ui/table/CardPainter.h"
 #include "ui/table/Layout.h"
 

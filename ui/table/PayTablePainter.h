@@ -1,7 +1,7 @@
 // Paints the pay table: what each line is called and pays for each bet, and which of them is won.
 #pragma once
 #include "core/paytable/PayTable.h"
-#include "game/TableScene.h"
+#include "game/table/TableScene.h"
 #include "ui/table/Layout.h"
 #include "ui/table/TableCanvas.h"
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <optional>
 
-#include "game/Sounds.h"
+#include "game/table/Sounds.h"
 #include "ui/table/SoundOutput.h"
 
 // Needs the QCoreApplication. Without a sound server, and for a file that is missing or no wave, it

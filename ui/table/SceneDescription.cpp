@@ -6,7 +6,7 @@
 
 #include "core/cards/CardTable.h"
 #include "core/paytable/PayTable.h"
-#include "game/TableScene.h"
+#include "game/table/TableScene.h"
 
 namespace {
 

@@ -5,12 +5,12 @@
 #include <array>
 #include <utility>
 
-#include "game/BonusFeatures.h"
-#include "game/DoubleUp.h"
-#include "game/FixedHand.h"
-#include "game/HandFlow.h"
-#include "game/ShowTable.h"
-#include "game/TableCommands.h"
+#include "game/commands/TableCommands.h"
+#include "game/flows/BonusFeatures.h"
+#include "game/flows/DoubleUp.h"
+#include "game/flows/FixedHand.h"
+#include "game/flows/HandFlow.h"
+#include "game/table/ShowTable.h"
 #include "ui/table/Commands.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <span>
 
-#include "game/GameTable.h"
+#include "game/table/GameTable.h"
 #include "ui/table/ActionQueue.h"
 #include "ui/table/Layout.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "game/TableScene.h"
+#include "game/table/TableScene.h"
 #include "ui/table/CardPainter.h"
 #include "ui/table/ClothPainter.h"
 #include "ui/table/PayTablePainter.h"

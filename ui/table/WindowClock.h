@@ -2,7 +2,7 @@
 #pragma once
 #include <QObject>
 
-#include "game/Clock.h"
+#include "game/table/Clock.h"
 
 class WindowClock : public QObject, public Clock {
     Q_OBJECT

@@ -13,12 +13,12 @@
 
 #include "core/store/LockFile.h"
 #include "core/store/Migration.h"
-#include "game/FileCommands.h"
-#include "game/GameSelection.h"
-#include "game/PayTableEditor.h"
-#include "game/SaveGame.h"
-#include "game/StartAndStop.h"
-#include "game/TableCommands.h"
+#include "game/commands/FileCommands.h"
+#include "game/commands/GameSelection.h"
+#include "game/commands/TableCommands.h"
+#include "game/paytables/PayTableEditor.h"
+#include "game/saving/SaveGame.h"
+#include "game/session/StartAndStop.h"
 #include "tests/core/store/DiskSteps.h"
 #include "tests/game/ManagerTable.h"
 
@@ -156,7 +156,7 @@ FileMap WithOwnGame(const std::string& current) {
     return files;
 }
 
-void Save(Program& program) { SaveGame(program.table, false); }
+void Save(Program& program) { SaveGame(program.table); }
 
 void PlayTenHands(Program& program) {
     for (int press = 0; press < 20; ++press) DealDraw(program.table);

@@ -1,0 +1,88 @@
+#include "game/commands/GameSelection.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/paytable/GameCatalogue.h"
+#include "core/store/Session.h"
+#include "game/commands/TableCommands.h"
+#include "game/flows/BonusFeatures.h"
+#include "game/flows/DealSteps.h"
+#include "game/saving/SaveGame.h"
+
+namespace {
+
+// Empty when there is none. The games that the menu alone knows are found too: unlike
+// GameNameFromId.
+std::string NameOf(const GameFiles& files, int id) {
+    for (const auto& game : BuiltInGames()) {
+        if (game.id == id) return std::string(game.name);
+    }
+    for (const auto& game : UserGames(files.file, files.mainPath)) {
+        if (game.id == id) return game.name;
+    }
+    return "";
+}
+
+bool LacksPayTable(const GameFiles& files, int id, const std::string& name) {
+    const auto games = BuiltInGames();
+    const bool builtIn = std::ranges::find(games, id, &BuiltInGame::id) != games.end();
+    return !builtIn && !TableExists(files.file, name, 0, files.mainPath);
+}
+
+void Select(GameTable& table, int id, const std::string& name, std::optional<int> tableIndex) {
+    GameFiles& files = table.files;
+    SettleFeatures(table);
+    table.engine.handWins = false;
+    SaveGame(table);
+    MachineSettings& settings = table.engine.settings;
+    settings.gameId = id;
+    settings.gameName = name;
+    settings.activeTable =
+        tableIndex ? *tableIndex : ActiveTable(files.file, files.gamePath, files.mainPath, name);
+    LoadGame(table.engine, files, table.tables);
+    table.engine.replayIndex = 0;  // of another log
+    SaveNewSession(table);
+    ShowGameOver(table);
+    table.display.Relayout();
+}
+
+GameChoice Choose(GameTable& table, int id, std::optional<int> tableIndex) {
+    const std::string name = NameOf(table.files, id);
+    if (name.empty()) return GameChoice::kUnknown;
+    if (LacksPayTable(table.files, id, name)) {
+        TellOfMissingPayTable(table.player);
+        return GameChoice::kNoPayTable;
+    }
+    Select(table, id, name, tableIndex);
+    return GameChoice::kChosen;
+}
+
+}  // namespace
+
+GameChoice ChooseGame(GameTable& table, int id) { return Choose(table, id, std::nullopt); }
+
+GameChoice ChooseGameTable(GameTable& table, int id, int tableIndex) {
+    return Choose(table, id, tableIndex);
+}
+
+// The wins of the lines are kept by their numbers in the game file, and so they are here.
+void ReloadPayTable(GameTable& table) {
+    GameEngine& engine = table.engine;
+    GameFiles& files = table.files;
+    const MachineSettings& settings = engine.settings;
+    PayTable changed = LoadPayTable(files.file, settings.gameId, settings.gameName,
+                                    settings.activeTable, files.mainPath, files.gamePath);
+    const auto& lines = engine.payTable.lines;
+    for (std::size_t i = 0; i < std::min(lines.size(), changed.lines.size()); ++i) {
+        changed.lines[i].sessionWins = lines[i].sessionWins;
+        changed.lines[i].totalWins = lines[i].totalWins;
+    }
+    if (changed == engine.payTable) return;  // what lies on the table may go on lying there
+    SettleFeatures(table);
+    SaveGame(table);
+    UseTable(engine, std::move(changed), table.tables);
+    engine.dealtCopy = engine.statistics.setCards;
+    ShowGameOver(table);
+    table.display.Relayout();
+}

@@ -1,0 +1,22 @@
+// Which game is played on which pay table. A change of either is a new session; what has been
+// played is saved before. Credits, coin, bet and options stay.
+#pragma once
+#include "game/table/GameTable.h"
+
+enum class GameChoice {
+    kChosen,
+    kUnknown,     // no game has that id; nothing changes
+    kNoPayTable,  // a game of the player's own without a pay table; nothing changes but that he is
+                  // told
+};
+
+// A built-in game, or one of the player's own by the id that stands in its slot; on the table that
+// it was last played on.
+GameChoice ChooseGame(GameTable& table, int id);
+
+// As ChooseGame, but on the table of that index.
+GameChoice ChooseGameTable(GameTable& table, int id, int tableIndex);
+
+// Takes the current pay table anew from the main profile file, where it may have been changed. The
+// session and its counters go on.
+void ReloadPayTable(GameTable& table);

@@ -1,0 +1,59 @@
+// The analysis of whole games at the table: the report on one, and the runs that it asks for. All
+// of it works on the spare engine; the player's machine is left alone.
+#pragma once
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/store/DataFiles.h"
+#include "game/reports/GameReport.h"
+#include "game/table/GameTable.h"
+
+struct PayTableFiles;
+
+// The report on one table after another. The one shown is the game and the active table of the
+// spare engine; nothing is stored of it. The objects referred to outlive the pages.
+class GameReportPages {
+  public:
+    GameReportPages(GameTable& table, GameEngine& spare, const DataFilePaths& paths);
+
+    // The current game at its active table.
+    void ShowCurrent();
+    void Show(const std::string& gameName, int tableIndex);
+
+    // A game at the table it was last played on. False for one that cannot be analysed: the player
+    // is told, and the page stays.
+    bool Choose(const std::string& gameName);
+
+    // Another table of the same game; nothing when there is none.
+    void ShowNext();
+    void ShowPrevious();
+    bool HasNext() const { return NextIndex() != kNoTable; }
+    bool HasPrevious() const { return PreviousIndex() != kNoTable; }
+
+    std::vector<std::string> Games() const;
+    const std::string& GameName() const { return spare.settings.gameName; }
+    int TableIndex() const { return spare.settings.activeTable; }
+    std::string Report() const { return GameReport(spare, cache); }
+    std::vector<LineShare> Shares() const { return LineShares(spare, cache); }
+
+  private:
+    static constexpr int kNoTable = -1;
+
+    int NextIndex() const;
+    int PreviousIndex() const;
+    PayTableFiles Files() const;
+
+    GameTable& table;
+    GameEngine& spare;
+    AnalysisCache cache;
+};
+
+// In the data folder; a '/' in the name of the game is a '_' here.
+AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
+                                  const DataFilePaths& paths);
+
+// Shows the report on the current game and runs what it asks for, until it is left for good. A run
+// that the player cancels leaves all entries and files, with the figures of the hands played until
+// then.
+void AnalyzeGameCommand(GameTable& table, GameEngine& spare, const DataFilePaths& paths);
