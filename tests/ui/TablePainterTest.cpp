@@ -246,7 +246,7 @@ TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
     SceneTable t;
     PictureStore pictures;
     ActionQueue actions(t.table);
-    CMorvikView view(t.table, t.scene, t.display, pictures, actions, [](int) {});
+    CMorvikView view(t.table, t.scene, t.display, pictures, actions, {});
     const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
     ASSERT_NE(reader, nullptr);
     EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");
