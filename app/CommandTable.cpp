@@ -25,7 +25,7 @@ namespace {
 
 // What the rows do. The window is closed from the event loop, so that no command is left behind it.
 void Exit(CommandDesk& desk, int) {
-    QMetaObject::invokeMethod(&desk.window, &QWidget::close, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&desk.window, "close", Qt::QueuedConnection);
 }
 void DoNothing(CommandDesk&, int) {}
 
