@@ -7,10 +7,10 @@
 #include <QWidget>
 
 #include "app/CommandTable.h"
+#include "app/WindowPlayer.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
 #include "game/table/GameTable.h"
-#include "ui/dialogs/WindowPlayer.h"
 #include "ui/table/ActionQueue.h"
 
 class PictureStore;

@@ -15,11 +15,11 @@
 #include "game/saving/SaveGame.h"
 #include "game/session/AnalyzeGame.h"
 #include "game/session/SpareEngine.h"
-#include "ui/dialogs/AboutDialog.h"
-#include "ui/dialogs/CombinationsDialog.h"
-#include "ui/dialogs/ErrorLogDialog.h"
-#include "ui/dialogs/HandAnalysisDialog.h"
-#include "ui/dialogs/HelpWindow.h"
+#include "ui/help/AboutDialog.h"
+#include "ui/help/HelpWindow.h"
+#include "ui/questions/CombinationsDialog.h"
+#include "ui/reports/ErrorLogDialog.h"
+#include "ui/reports/HandAnalysisDialog.h"
 
 namespace {
 

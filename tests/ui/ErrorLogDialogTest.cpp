@@ -1,5 +1,5 @@
 // The error log viewer with the keys and clicks of a person.
-#include "ui/dialogs/ErrorLogDialog.h"
+#include "ui/reports/ErrorLogDialog.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -9,7 +9,7 @@
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
-#include "ui/dialogs/ReportBox.h"
+#include "ui/parts/ReportBox.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The game analysis at the window: report, tables, runs and the pictures of what they found.
-#include "ui/dialogs/GameAnalysisDialog.h"
+#include "ui/reports/GameAnalysisDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -10,14 +10,14 @@
 #include <QTextOption>
 #include <map>
 
+#include "app/WindowPlayer.h"
 #include "game/session/AnalyzeGame.h"
 #include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
-#include "ui/dialogs/CreditChart.h"
-#include "ui/dialogs/HoldChart.h"
-#include "ui/dialogs/ShareChart.h"
-#include "ui/dialogs/WindowPlayer.h"
+#include "ui/charts/CreditChart.h"
+#include "ui/charts/HoldChart.h"
+#include "ui/charts/ShareChart.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The hand analysis with the keys and clicks of a person.
-#include "ui/dialogs/HandAnalysisDialog.h"
+#include "ui/reports/HandAnalysisDialog.h"
 
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -11,9 +11,9 @@
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
-#include "ui/dialogs/HoldChart.h"
-#include "ui/dialogs/PictureButton.h"
-#include "ui/dialogs/ReportBox.h"
+#include "ui/charts/HoldChart.h"
+#include "ui/parts/PictureButton.h"
+#include "ui/parts/ReportBox.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "ui/dialogs/HelpWindow.h"
+#include "ui/help/HelpWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@
 #include <QTreeWidget>
 #include <set>
 
-#include "ui/dialogs/HelpIndex.h"
+#include "ui/help/HelpIndex.h"
 
 namespace {
 

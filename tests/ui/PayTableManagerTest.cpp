@@ -7,11 +7,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "app/WindowPlayer.h"
 #include "tests/game/ManagerTable.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
-#include "ui/dialogs/PayTableManagerDialog.h"
-#include "ui/dialogs/WindowPlayer.h"
+#include "ui/paytables/PayTableManagerDialog.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The questions of a flow as the window asks them.
-#include "ui/dialogs/WindowPlayer.h"
+#include "app/WindowPlayer.h"
 
 #include <gtest/gtest.h>
 

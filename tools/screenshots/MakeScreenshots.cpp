@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "tests/ui/TestProgram.h"
-#include "ui/dialogs/HelpWindow.h"
+#include "ui/help/HelpWindow.h"
 
 namespace {
 

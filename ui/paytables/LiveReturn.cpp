@@ -1,0 +1,86 @@
+#include "ui/paytables/LiveReturn.h"
+
+#include "core/analysis/GameAnalysis.h"
+
+namespace {
+
+constexpr int kPauseMs = 200;
+
+}  // namespace
+
+LiveReturn::LiveReturn(const PayTableEditor& editor, QWidget* parent)
+    : QLabel(parent), editor(editor), analysis([this](const LiveResult& result) {
+          emit Reckoned(result.run, result.returnPercent, result.variance);
+      }) {
+    connect(
+        this, &LiveReturn::Reckoned, this,
+        [this](quint64 run, double returnPercent, double variance) {
+            const LiveResult result{run, returnPercent, variance};
+            if (analysis.IsLatest(result)) Tell(QString::fromStdString(LiveText(result)));
+        },
+        Qt::QueuedConnection);
+    setObjectName("live");
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    QFont strong = font();
+    strong.setBold(true);
+    setFont(strong);
+    pause.setSingleShot(true);
+    pause.setInterval(kPauseMs);
+    connect(&pause, &QTimer::timeout, this, &LiveReturn::Begin);
+}
+
+void LiveReturn::Typed() {
+    Wait();
+    pause.start();
+}
+
+void LiveReturn::Changed() {
+    if (!pause.isActive() && reckoned == Shown()) return ShowLine();
+    Wait();
+    Begin();
+}
+
+void LiveReturn::Note(const QString& text) {
+    note = text;
+    noted = Shown();
+}
+
+LiveReturn::Subject LiveReturn::Shown() const {
+    return {editor.gameName, editor.GameId(), editor.TableIndex(), editor.texts};
+}
+
+// The last line stays to be read, but it does not hold any more.
+void LiveReturn::Wait() {
+    analysis.Cancel();
+    pause.stop();
+    waiting = true;
+    ShowLine();
+}
+
+void LiveReturn::Begin() {
+    reckoned = Shown();
+    if (const auto problem = editor.Problem()) {
+        return Tell(QString::fromStdString(LiveText(*problem)));
+    }
+    PayTable table = TableOf(editor.texts, editor.GameId());
+    if (!CanAnalyzeGame(table)) {
+        return Tell(
+            tr("Game analysis not available for %1.").arg(QString::fromStdString(editor.gameName)));
+    }
+    analysis.Start(std::move(table));
+}
+
+void LiveReturn::Tell(const QString& text) {
+    told = text;
+    waiting = false;
+    ShowLine();
+}
+
+void LiveReturn::ShowLine() {
+    if (noted && noted != Shown()) noted.reset();
+    QString line = told;
+    if (waiting) line = told.isEmpty() ? tr("…") : tr("%1 …").arg(told);
+    setText(noted ? note + "  " + line : line);
+    setEnabled(!waiting);
+}

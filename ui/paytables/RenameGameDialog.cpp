@@ -1,0 +1,46 @@
+#include "ui/paytables/RenameGameDialog.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+
+#include "core/paytable/PayTableStore.h"
+#include "ui/parts/DialogParts.h"
+
+namespace {
+
+constexpr int kLongestName = static_cast<int>(kLongestGameName);
+
+}  // namespace
+
+RenameGameDialog::RenameGameDialog(const std::string& name, QWidget* parent) : QDialog(parent) {
+    setObjectName("renameGame");
+    setWindowTitle(tr("Rename Game"));
+    const QString current = QString::fromStdString(name);
+    auto* oldName = TypingBox(*this, "oldName", 44, kLongestName);
+    oldName->setText(current);
+    oldName->setReadOnly(true);
+    newName = TypingBox(*this, "newName", 44, kLongestName);
+    LimitToBytes(*newName, kLongestName);
+    newName->setText(current);
+    newName->selectAll();
+
+    auto* layout = new QFormLayout(this);
+    layout->addRow(tr("O&ld Name"), oldName);
+    layout->addRow(tr("&New Name"), newName);
+    layout->addRow(OkAndCancel(*this));
+    MakeRoomForCaption(*this);
+    newName->setFocus();
+}
+
+std::string RenameGameDialog::NewName() const { return newName->text().trimmed().toStdString(); }
+
+void RenameGameDialog::accept() {
+    const std::string problem = GameNameProblem(NewName());
+    if (problem.empty()) {
+        QDialog::accept();
+    } else {
+        RefuseInput(*newName, QMessageBox::Critical, tr("Input Error"),
+                    QString::fromStdString(problem));
+    }
+}

@@ -1,0 +1,55 @@
+#include "ui/questions/BestPlayErrorDialog.h"
+
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+#include "ui/parts/DialogParts.h"
+#include "ui/parts/ReportBox.h"
+
+BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
+                                         std::function<void(QWidget& over)> analysis,
+                                         std::function<void()> beep, QWidget* parent)
+    : QDialog(parent), analysis(std::move(analysis)), beep(std::move(beep)) {
+    setObjectName("bestPlayError");
+    setWindowTitle(tr("Best Play Error"));
+    auto* text = new ReportBox("message", tr("Play error"), this);
+    text->ShowReport(message);
+    text->FitToText();
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Yes | QDialogButtonBox::No, this);
+    buttons->button(QDialogButtonBox::Yes)->setObjectName("yes");
+    auto* no = buttons->button(QDialogButtonBox::No);
+    no->setObjectName("no");
+    no->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    if (this->analysis) {
+        auto* analyse = buttons->addButton(tr("&Analysis"), QDialogButtonBox::ActionRole);
+        analyse->setObjectName("analysis");
+        connect(analyse, &QPushButton::clicked, this, [this] { this->analysis(*this); });
+    }
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(text);
+    layout->addWidget(buttons);
+    MakeRoomForCaption(*this);
+    no->setFocus();
+}
+
+// The letters answer without Alt too: nothing is typed here.
+void BestPlayErrorDialog::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (plain && event->key() == Qt::Key_Y) return accept();
+    if (plain && event->key() == Qt::Key_N) return reject();
+    QDialog::keyPressEvent(event);
+}
+
+void BestPlayErrorDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous()) return;
+    PlaceNearTop(*this);
+    if (beep) beep();
+}
