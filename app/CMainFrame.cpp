@@ -118,7 +118,7 @@ void CMainFrame::AddUserGames(QMenu& menu, const QString& caption, const char* n
 
 // An opening menu ends a count-up, and shows the machine as it stands.
 void CMainFrame::PrepareMenu() {
-    document->Actions().StopCountUp();
+    document->Actions().EndCountUp();
     UpdateActions();
 }
 

@@ -8,10 +8,7 @@ class Clock {
 
     virtual std::int64_t Now() = 0;  // whole seconds since 1970
 
-    // What the player does meanwhile waits until the flow has ended.
+    // What the player does meanwhile is seen, and may stop a count-up; else it waits until the flow
+    // has ended.
     virtual void Pause(int milliseconds) = 0;
-
-    // What the player does meanwhile is seen, and may ask the flow to stop; it takes effect as
-    // after Pause.
-    virtual void PauseWithInput(int milliseconds) = 0;
 };

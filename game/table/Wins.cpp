@@ -63,7 +63,7 @@ void CountUp(GameTable& table) {
             SoundBeep(table, Beep::kDefault);
             steps = 1;
         }
-        table.clock.PauseWithInput(kCountPause);
+        table.clock.Pause(kCountPause);
         if (engine.stopCountUp) break;
     }
     engine.countingUp = false;

@@ -51,7 +51,7 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     std::function<bool(PayTableEditor&)> atManager;
     std::function<ReportAnswer(GameReportPages&)> atReport;
     std::optional<AnalysisFilesChoice> analysisFiles = AnalysisFilesChoice{};
-    std::function<void()> duringInput;  // what the player does in a pause that lets input through
+    std::function<void()> duringInput;  // what the player does while a win is counted up
 
     std::function<void(const TableScene& before, const TableScene& now)> looks;  // at each step
 
@@ -136,10 +136,9 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
 
     // Clock
     std::int64_t Now() override { return now; }
-    void Pause(int milliseconds) override { Add("pause ", milliseconds); }
-    void PauseWithInput(int milliseconds) override {
-        Add("pause with input ", milliseconds);
-        if (duringInput) duringInput();
+    void Pause(int milliseconds) override {
+        Add("pause ", milliseconds);
+        if (engine.countingUp && duringInput) duringInput();
     }
 
   private:

@@ -22,8 +22,8 @@ card 2 TC, pause 100, card 3 9H, pause 100, card 4 2S, pause 100, message HOLD/D
     EXPECT_EQ(TakeSteps(), R"(
 held 0 on, held 1 on, held 4 on, held 4 off, card 2 back, card 3 back, card 4 back, pause 250,
 owns 101, card 2 JC, pause 100, card 3 7H, pause 100, card 4 4D, pause 100, line 7 won 2, beep,
-message WON 2, beep, message PAID 1, credits 100, beep, pause with input 80, message PAID 2,
-credits 101, beep, pause with input 80)");
+message WON 2, beep, message PAID 1, credits 100, beep, pause 80, message PAID 2, credits 101,
+beep, pause 80)");
     EXPECT_FALSE(engine.handInProgress);
     EXPECT_EQ(engine.statistics.creditsWon.total, 2);
 

@@ -18,15 +18,9 @@ void CallOnce(std::function<void()>& hook) {
 }  // namespace
 
 void TestClock::Pause(int /*milliseconds*/) {
+    if (countingUp) ++pausesWithInput;
     if (paints) QApplication::processEvents();
-    CallOnce(inPause);
-    if (inEveryPause) inEveryPause();
-}
-
-void TestClock::PauseWithInput(int /*milliseconds*/) {
-    ++pausesWithInput;
-    if (paints) QApplication::processEvents();
-    CallOnce(inPauseWithInput);
+    CallOnce(countingUp ? inPauseWithInput : inPause);
     if (inEveryPause) inEveryPause();
 }
 

@@ -30,14 +30,16 @@ inline constexpr std::string_view kJacksAndTens = "JS JD TC TH 2S";  // 10 credi
 // Pauses end at once, but what waits is painted in them, and the player may do something.
 class TestClock : public Clock {
   public:
+    explicit TestClock(const bool& countingUp) : countingUp(countingUp) {}
+
+    const bool& countingUp;
     std::int64_t now = 1'790'000'000;
 
     std::int64_t Now() override { return now; }
     void Pause(int milliseconds) override;
-    void PauseWithInput(int milliseconds) override;
 
     std::function<void()> inEveryPause;
-    // Called once: in the next pause, or in the next that lets input through.
+    // Called once: in the next pause of a count-up, or of anything else.
     std::function<void()> inPause;
     std::function<void()> inPauseWithInput;
     int pausesWithInput = 0;
@@ -122,7 +124,7 @@ class TestProgram {
     ProfileFile file;
     DataFilePaths paths;
     PictureStore pictures;
-    TestClock clock;
+    TestClock clock{engine.countingUp};
     WindowClock windowClock;
     NotedSounds sounds;
     std::unique_ptr<CMainFrame> frame;

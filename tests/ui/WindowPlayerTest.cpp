@@ -20,7 +20,6 @@ class StandingClock : public Clock {
   public:
     std::int64_t Now() override { return 1'790'000'000; }
     void Pause(int /*milliseconds*/) override {}
-    void PauseWithInput(int /*milliseconds*/) override {}
 };
 
 class WindowPlayerTest : public testing::Test {

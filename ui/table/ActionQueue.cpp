@@ -29,7 +29,7 @@ void ActionQueue::Run(std::function<void()> action) {
 
 void ActionQueue::Begin(PressInHand& press, PressKind kind, std::function<void()> action) {
     using enum Press::State;
-    const bool stops = StopCountUp();
+    const bool stops = EndCountUp();
     press = std::make_shared<Press>(Press{stops ? kUsedUp : kBegun, kind});
     if (stops) return;
     if (!busy) {
@@ -41,7 +41,7 @@ void ActionQueue::Begin(PressInHand& press, PressKind kind, std::function<void()
 }
 
 bool ActionQueue::Finish(const PressInHand& press, PressKind kind, std::function<void()> action) {
-    if (StopCountUp()) press->state = Press::State::kUsedUp;
+    if (EndCountUp()) press->state = Press::State::kUsedUp;
     const bool waits = Waits(press);
     if (!waits && press->state != Press::State::kBegun) return false;
     if (!busy) {
@@ -78,7 +78,7 @@ bool ActionQueue::Admit(PressKind kind, const Press* own) {
     return !refusing;
 }
 
-bool ActionQueue::StopCountUp() {
+bool ActionQueue::EndCountUp() {
     table.engine.stopCountUp = true;
     return table.engine.countingUp;
 }

@@ -45,7 +45,7 @@ class ActionQueue {
     bool Finish(const PressInHand& press, PressKind kind, std::function<void()> action);
 
     // A count-up that runs stops; false when there is none.
-    bool StopCountUp();
+    bool EndCountUp();
 
     bool Busy() const { return busy; }
     int WaitingPresses() const;

@@ -105,6 +105,20 @@ void CMorvikView::AnnounceChange() {
 
 void CMorvikView::resizeEvent(QResizeEvent*) { LayOutTable(); }
 
+// Whatever is pressed ends a count-up.
+bool CMorvikView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            actions.EndCountUp();
+            break;
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
 void CMorvikView::mousePressEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
     if (event->button() == Qt::LeftButton) {
@@ -134,9 +148,8 @@ void CMorvikView::mouseDoubleClickEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
     const bool left = event->button() == Qt::LeftButton;
     const PressInHand& first = left ? leftPress : rightPress;
-    if (first && first->state == Press::State::kUsedUp) {
-        actions.StopCountUp();
-    } else if (left && places.PayTablePanel().contains(point)) {
+    if (first && first->state == Press::State::kUsedUp) return;
+    if (left && places.PayTablePanel().contains(point)) {
         leftDown = true;
         actions.Begin(leftPress, PressKind::kOther, [=, this] { input.DoublePress(point); });
     } else {
@@ -147,10 +160,9 @@ void CMorvikView::mouseDoubleClickEvent(QMouseEvent* event) {
 void CMorvikView::keyPressEvent(QKeyEvent* event) {
     const int key = TableKeyOf(event->key(), PlaceOf(*event));
     if ((event->modifiers() & kShortcutModifiers) != 0) {
-        actions.StopCountUp();
         QWidget::keyPressEvent(event);
     } else if (event->isAutoRepeat() || !input.IsTableKey(key)) {
-        if (actions.StopCountUp()) keysDown.remove(key);
+        if (table.engine.countingUp) keysDown.remove(key);
     } else {
         BeginKey(key);
     }

@@ -35,6 +35,7 @@ class CMorvikView : public QWidget {
     TableLayout places;  // as of the last change of size or pay table
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void timerEvent(QTimerEvent* event) override;

@@ -9,16 +9,7 @@ std::int64_t WindowClock::Now() { return SystemSeconds(); }
 
 // What the player does in a pause reaches the window, which keeps it for later (ActionQueue.h).
 // Holding it back here would hold back the closing of the window as well.
-void WindowClock::Pause(int milliseconds) { Wait(milliseconds); }
-
-void WindowClock::PauseWithInput(int milliseconds) { Wait(milliseconds); }
-
-void WindowClock::Hurry(bool on) {
-    hurrying = on;
-    if (on) emit Hurried();
-}
-
-void WindowClock::Wait(int milliseconds) {
+void WindowClock::Pause(int milliseconds) {
     if (hurrying) return;
     QEventLoop loop;
     QTimer end;
@@ -28,4 +19,9 @@ void WindowClock::Wait(int milliseconds) {
     end.start(milliseconds);
     connect(this, &WindowClock::Hurried, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+void WindowClock::Hurry(bool on) {
+    hurrying = on;
+    if (on) emit Hurried();
 }

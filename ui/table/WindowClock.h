@@ -10,7 +10,6 @@ class WindowClock : public QObject, public Clock {
   public:
     std::int64_t Now() override;
     void Pause(int milliseconds) override;
-    void PauseWithInput(int milliseconds) override;
 
     // While hurrying, for a window that closes, the pause that is on and all that follow end at
     // once.
@@ -22,7 +21,5 @@ class WindowClock : public QObject, public Clock {
     void Hurried();
 
   private:
-    void Wait(int milliseconds);
-
     bool hurrying = false;
 };
