@@ -9,59 +9,9 @@
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-// Takes the first line off the text, without its line break. All carriage returns before the line
-// feed belong to the break: dropping only the last would shorten the line again at every reading.
-std::string_view TakeLine(std::string_view& text) {
-    const auto end = text.find('\n');
-    const auto line = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    return line.substr(0, line.find_last_not_of('\r') + 1);
-}
-
-void AppendLine(std::string& text, std::string_view line) {
-    text += line;
-    text += '\n';
-}
-
-std::string_view WithoutTrailingBlankLines(std::string_view text) {
-    return text.substr(0, text.find_last_not_of('\n') + 1);
-}
-
-bool CanNameSection(std::string_view name) {
-    return !name.empty() && name.find_first_of("]\n") == std::string_view::npos;
-}
-
-bool CanNameKey(std::string_view key) {
-    return !key.starts_with('[') && key.find_first_of("=\n") == std::string_view::npos;
-}
-
 std::string_view Cut(std::string_view value, std::size_t size) {
     if (value.size() < size) return value;
     return CutText(value, size < 2 ? 0 : size - 2);
-}
-
-std::size_t HashOf(std::string_view contents) { return std::hash<std::string_view>()(contents); }
-
-// Where a key's line stands in the text of its section.
-struct KeyLine {
-    std::size_t start = 0;
-    std::size_t value = 0;
-    std::size_t end = 0;  // its line feed
-};
-
-std::optional<KeyLine> FindKey(std::string_view text, std::string_view key) {
-    for (std::size_t start = 0; start < text.size();) {
-        const auto end = text.find('\n', start);
-        const auto line = text.substr(start, end - start);
-        const auto equals = line.find('=');
-        if (equals != std::string_view::npos && SameText(line.substr(0, equals), key)) {
-            return KeyLine{start, start + equals + 1, end};
-        }
-        start = end + 1;
-    }
-    return std::nullopt;
 }
 
 }  // namespace
@@ -94,7 +44,7 @@ double ProfileFile::GetDouble(std::string_view section, std::string_view key, do
 std::optional<std::string> ProfileFile::GetSectionText(std::string_view section,
                                                        const std::string& path) {
     Image* image = Load(path);
-    const Section* found = image ? image->FindSection(section) : nullptr;
+    const ProfileSection* found = image ? image->FindSection(section) : nullptr;
     if (!found) return std::nullopt;
     return found->text;
 }
@@ -135,22 +85,13 @@ void ProfileFile::WriteDouble(std::string_view section, std::string_view key, do
 void ProfileFile::SetSectionText(std::string_view section, std::string_view text,
                                  const std::string& path) {
     Image* image = Load(path);
-    Section* target = image ? image->FindOrAppendSection(section) : nullptr;
-    if (!target) return;
-    target->text.clear();
-    while (!text.empty()) AppendLine(target->text, TakeLine(text));
-    image->dirty = true;
+    if (image) image->SetSectionText(section, text);
 }
 
 bool ProfileFile::RenameSection(std::string_view section, std::string_view newName,
                                 const std::string& path) {
     Image* image = Load(path);
-    if (!image || !CanNameSection(newName)) return false;
-    Section* found = image->FindSection(section);
-    if (!found) return false;
-    found->name = newName;
-    image->dirty = true;
-    return true;
+    return image && image->RenameSection(section, newName);
 }
 
 bool ProfileFile::DeleteSection(std::string_view section, const std::string& path) {
@@ -258,9 +199,8 @@ ProfileFile::Image* ProfileFile::Read(const std::string& path) {
     const auto stamp = StampOf(path);
     const auto contents = ReadWholeFile(path);
     if (!contents) return nullptr;
-    current = Add(path, *contents);
-    current->stamp = stamp;
-    current->hash = HashOf(*contents);
+    current = Add(path, "");
+    current->TakeFile(*contents, stamp);
     return current;
 }
 
@@ -279,9 +219,7 @@ void ProfileFile::Refresh() {
     if (!now || now == current->stamp) return;
     const auto contents = ReadWholeFile(current->path);
     if (!contents) return;
-    current->Parse(*contents);
-    current->stamp = now;
-    current->hash = HashOf(*contents);
+    current->TakeFile(*contents, now);
 }
 
 void ProfileFile::LeaveCurrent() {
@@ -325,121 +263,4 @@ std::optional<std::string_view> ProfileFile::FindValue(std::string_view section,
                                                        const std::string& path) {
     Image* image = Load(path);
     return image ? image->FindValue(section, key) : std::nullopt;
-}
-
-void ProfileFile::Image::Parse(std::string_view contents) {
-    sections.clear();
-    preamble.clear();
-    if (contents.starts_with(kByteOrderMark)) {
-        preamble = kByteOrderMark;
-        contents.remove_prefix(kByteOrderMark.size());
-    }
-    while (!contents.empty()) {
-        const auto line = TakeLine(contents);
-        if (line.starts_with('[')) {
-            const auto name = line.substr(1);
-            sections.push_back({std::string(name.substr(0, name.find(']'))), {}});
-        } else {
-            AppendLine(sections.empty() ? preamble : sections.back().text, line);
-        }
-    }
-}
-
-std::string ProfileFile::Image::Contents() const {
-    std::string contents = preamble;
-    for (const auto& section : sections) {
-        contents += '[';
-        contents += section.name;
-        contents += "]\n";
-        contents += WithoutTrailingBlankLines(section.text);
-        contents += "\n\n";
-    }
-    return contents;
-}
-
-// The section of that name; null when it is missing.
-ProfileFile::Section* ProfileFile::Image::FindSection(std::string_view name) {
-    if (name.empty()) return nullptr;
-    const auto found = std::ranges::find_if(
-        sections, [&](const Section& section) { return SameText(section.name, name); });
-    return found == sections.end() ? nullptr : &*found;
-}
-
-// The section of that name, added at the end when it is missing; null when it could then not be
-// read back under this name.
-ProfileFile::Section* ProfileFile::Image::FindOrAppendSection(std::string_view name) {
-    if (Section* found = FindSection(name)) return found;
-    if (!CanNameSection(name)) return nullptr;
-    return &sections.emplace_back(Section{std::string(name), {}});
-}
-
-std::optional<std::string_view> ProfileFile::Image::FindValue(std::string_view section,
-                                                              std::string_view key) {
-    const Section* found = FindSection(section);
-    if (!found) return std::nullopt;
-    const auto line = FindKey(found->text, key);
-    if (!line) return std::nullopt;
-    return std::string_view(found->text).substr(line->value, line->end - line->value);
-}
-
-void ProfileFile::Image::SetKey(std::string_view section, std::string_view key,
-                                std::string_view value) {
-    if (!CanNameKey(key)) return;
-    Section* target = FindOrAppendSection(section);
-    if (!target) return;
-    auto& text = target->text;
-    const auto firstLine = TakeLine(value);
-    if (const auto line = FindKey(text, key)) {
-        const std::size_t length = line->end - line->value;
-        if (std::string_view(text).substr(line->value, length) == firstLine) return;
-        text.replace(line->value, length, firstLine);
-    } else {
-        text.resize(WithoutTrailingBlankLines(text).size());
-        if (!text.empty()) text += '\n';
-        text += key;
-        text += '=';
-        AppendLine(text, firstLine);
-    }
-    dirty = true;
-}
-
-void ProfileFile::Image::DeleteKey(std::string_view section, std::string_view key) {
-    Section* found = FindSection(section);
-    if (!found) return;
-    const auto line = FindKey(found->text, key);
-    if (!line) return;
-    found->text.erase(line->start, line->end + 1 - line->start);
-    dirty = true;
-}
-
-// Takes the section away; false when it is missing.
-bool ProfileFile::Image::DeleteSection(std::string_view name) {
-    const Section* found = FindSection(name);
-    if (!found) return false;
-    sections.erase(sections.begin() + (found - sections.data()));
-    dirty = true;
-    return true;
-}
-
-// A file that was copied, or taken away and brought back, is still the same by what is in it.
-bool ProfileFile::Image::IsOnDisk() {
-    const auto now = StampOf(path);
-    if (!now || !stamp) return false;
-    if (now == stamp) return true;
-    const auto contents = ReadWholeFile(path);
-    if (!contents || HashOf(*contents) != hash) return false;
-    stamp = now;
-    return true;
-}
-
-// Writes what waits to be written; true when nothing does any more.
-bool ProfileFile::Image::Write() { return !dirty || (IsOnDisk() && Replace()); }
-
-bool ProfileFile::Image::Replace() {
-    const std::string contents = Contents();
-    if (!ReplaceFile(path, contents)) return false;
-    stamp = StampOf(path);
-    hash = HashOf(contents);
-    dirty = false;
-    return true;
 }

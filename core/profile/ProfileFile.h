@@ -25,7 +25,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/profile/FileStamp.h"
+#include "core/profile/ProfileImage.h"
 
 class ProfileFile {
   public:
@@ -133,31 +133,7 @@ class ProfileFile {
     void Close();
 
   private:
-    struct Section {
-        std::string name;  // empty only for a header "[]", which no search finds
-        std::string text;  // lines, each ended by '\n'
-    };
-
-    struct Image {
-        std::string path;
-        std::vector<Section> sections;
-        std::string preamble;  // what stands before the first header, a byte order mark too
-        bool dirty = false;
-        std::optional<FileStamp> stamp;  // of the file as read or written last; none = blocked
-        std::size_t hash = 0;            // of its contents then
-
-        void Parse(std::string_view contents);
-        std::string Contents() const;
-        Section* FindSection(std::string_view name);
-        Section* FindOrAppendSection(std::string_view name);
-        std::optional<std::string_view> FindValue(std::string_view section, std::string_view key);
-        void SetKey(std::string_view section, std::string_view key, std::string_view value);
-        void DeleteKey(std::string_view section, std::string_view key);
-        bool DeleteSection(std::string_view name);
-        bool IsOnDisk();
-        bool Write();
-        bool Replace();
-    };
+    using Image = ProfileImage;
 
     Image* Load(const std::string& path);
     Image* Read(const std::string& path);
