@@ -248,7 +248,6 @@ TEST_F(TablePlayTest, DuringTheDealAllHoldsAndOneDrawWaitAndNothingBehindIt) {
         QTest::keyPress(p.view, Qt::Key_2);
         p.Key(Qt::Key_C);
         p.Key(Qt::Key_D);
-        QTest::keyRelease(p.view, Qt::Key_2);
         for (int i = 0; i < 100; ++i) {
             p.Keys({Qt::Key_D, Qt::Key_C, Qt::Key_3});
             p.RightPress(p.Places().coin);
@@ -259,6 +258,7 @@ TEST_F(TablePlayTest, DuringTheDealAllHoldsAndOneDrawWaitAndNothingBehindIt) {
         EXPECT_EQ(p.Held(), 0);
     };
     p.Key(Qt::Key_D);
+    QTest::keyRelease(p.view, Qt::Key_2);
     p.Release(p.Places().deal);
     EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
     EXPECT_EQ(p.Meters(), "PAID $15.00, bet $5.00, credits $110.00");
@@ -372,9 +372,10 @@ TEST_F(TablePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
 TEST_F(TablePlayTest, ADialogThatComesBetweenLiftsTheFingerAndGivesTheKeyboardBack) {
     TestProgram& p = Start();
     p.Press(p.Places().deal);
-    EXPECT_EQ(p.Scene().buttons.deal, ButtonLook::kPressed);
     EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis");
     EXPECT_EQ(p.frame->focusWidget(), p.view);
+    p.Release(p.Places().deal);
+    EXPECT_TRUE(p.engine.handOver) << "pressed before the dialog";
 }
 
 TEST_F(TablePlayTest, DigitsArePlacesOfTheMainRowAndLettersAreFoundWithoutLatinOnes) {
