@@ -1,5 +1,4 @@
 // The menu bar: what stands in it, when it may be chosen, and what it does.
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -210,23 +209,17 @@ TEST_F(MenuTest, EachFileCommandTakesTheFileThatIsTyped) {
                  "GameName=Deuces Wild\nShowDollar=0\nSpeed=3\n");
     folder.Write("copy.qdx", "[main]\nCredits=1\n");
     TestProgram& p = Start();
-    const auto typeFile = [this](const char* name) {
-        return [path = folder.Path(name)](QDialog& dialog) {
-            auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
-            edit->setText(QString::fromStdString(path));  // typed, a list of files would open
-            QTest::keyClick(edit, Qt::Key_Return);
-        };
-    };
     p.Keys({Qt::Key_B, Qt::Key_B});
     p.Key(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(Stored("Bet"), "2");
-    Answer({typeFile("copy.qdx"), Choose(QMessageBox::Yes)}, [&] { p.Choose(kFileSaveAs); });
+    Answer({TypeFile("Save As", folder.Path("copy.qdx")), Choose(QMessageBox::Yes)},
+           [&] { p.Choose(kFileSaveAs); });
     EXPECT_EQ(p.Title(), "Jacks or Better (copy.qdx) - Tolvane");
     EXPECT_EQ(Stored("Credits", "main", "copy.qdx"), "100");
-    Answer({typeFile("other.qdx")}, [&] { p.Choose(kFileOpen); });
+    Answer({TypeFile("Open", folder.Path("other.qdx"))}, [&] { p.Choose(kFileOpen); });
     EXPECT_EQ(p.Title(), "Deuces Wild (other.qdx) - Tolvane");
     EXPECT_EQ(p.Meters(), "GAME OVER, bet 2, credits 77");
-    Answer({typeFile("holiday")}, [&] { p.Choose(kFileNew); });
+    Answer({TypeFile("New Game File", folder.Path("holiday"))}, [&] { p.Choose(kFileNew); });
     EXPECT_EQ(p.Title(), "Deuces Wild (holiday.qdx) - Tolvane");
 }
 
