@@ -33,8 +33,7 @@ class IdleWorkTest : public ProgramTest {
 TEST_F(IdleWorkTest, TheDeckIsShuffledAHundredAndTwoTimesAndThenTheProgramSleeps) {
     TestProgram& p = StartIdle();
     PassesUntilAsleep();
-    QTest::mouseMove(p.view, p.Places().coin.center());
-    QTest::keyClick(p.view, Qt::Key_X);
+    p.Key(Qt::Key_X);
     EXPECT_EQ(PassesUntilAsleep(), IdleWork::kMaxCalls);
     EXPECT_EQ(PassesUntilAsleep(), 0);
 }
@@ -49,10 +48,6 @@ TEST_F(IdleWorkTest, NoCardMovesDuringAHandOrPractice) {
     EXPECT_EQ(p.engine.deck.order, order);
     p.Key(Qt::Key_D);
     EXPECT_EQ(PassesUntilAsleep(), IdleWork::kMaxCalls);
-    DialogRobot robot{ClickOn("ok")};
-    p.Key(Qt::Key_A);
-    p.Choose(kFixedHand);
-    PassesUntilAsleep();
     p.engine.fixedHand = true;
     p.Key(Qt::Key_X);
     EXPECT_EQ(PassesUntilAsleep(), 0);
