@@ -115,3 +115,13 @@ std::string Told(Action action) {
     Answer({Note(told)}, action);
     return told;
 }
+
+template <typename Widget>
+Widget& PartOf(const QWidget& dialog, const QString& name) {
+    return *dialog.findChild<Widget*>(name);
+}
+
+inline void ShowDialog(QDialog& dialog) {
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+}

@@ -35,16 +35,6 @@ namespace {
 
 using Codes = std::array<CardCode, 5>;
 
-template <typename Widget>
-Widget& Part(QWidget& dialog, const char* name) {
-    return *dialog.findChild<Widget*>(name);
-}
-
-void Show(QDialog& dialog) {
-    dialog.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
-}
-
 // Pastes a text and presses Enter in the dialog; what is refused is told, and then another typed.
 template <typename Dialog>
 std::string RefusalOf(Dialog& dialog, const char* pasted, const char* then) {
@@ -73,16 +63,15 @@ TEST(AutoplayHandsDialogTest, OnlyAWholeNumberIsAccepted) {
         {"1,00", "-3", -3}};
     for (const auto& [refused, typed, hands] : cases) {
         AutoplayHandsDialog dialog(nullptr);
-        EXPECT_EQ(RefusalOf(dialog, refused, typed), "Tolvane: Enter a whole number.")
-            << refused;
+        EXPECT_EQ(RefusalOf(dialog, refused, typed), "Tolvane: Enter a whole number.") << refused;
         EXPECT_EQ(dialog.Hands(), hands);
     }
 }
 
 TEST(RenameGameDialogTest, ANameHasEightyBytesAtMostAndCanBeKeptInAFile) {
     RenameGameDialog dialog("Deuces", nullptr);
-    Show(dialog);
-    auto& box = Part<QLineEdit>(dialog, "newName");
+    ShowDialog(dialog);
+    auto& box = PartOf<QLineEdit>(dialog, "newName");
     const auto refusal = Told([&] {
         QTest::keyClicks(&box, "A=B");
         QTest::keyClick(&box, Qt::Key_Return);
@@ -109,17 +98,17 @@ TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
 
 TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
     CombinationsDialog dialog(nullptr);
-    Show(dialog);
+    ShowDialog(dialog);
     const auto calculated = [&](const char* cards, const char* drawn) {
         for (const auto& [name, text] : {std::pair("cards", cards), std::pair("drawn", drawn)}) {
-            auto& box = Part<QLineEdit>(dialog, name);
+            auto& box = PartOf<QLineEdit>(dialog, name);
             EXPECT_EQ(dialog.focusWidget(), &box) << name;
             box.clear();
             QTest::keyClicks(&box, text);
             QTest::keyClick(&box, Qt::Key_Tab);
         }
-        QTest::keyClick(&Part<QLineEdit>(dialog, "drawn"), Qt::Key_Return);
-        return Part<QLineEdit>(dialog, "result").text();
+        QTest::keyClick(&PartOf<QLineEdit>(dialog, "drawn"), Qt::Key_Return);
+        return PartOf<QLineEdit>(dialog, "result").text();
     };
     EXPECT_EQ(calculated("1,000", " 2"), "499,500");
     QString result;
@@ -130,7 +119,7 @@ TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
 
 TEST(BestPlayErrorDialogTest, OnlyYesGoesOn) {
     const auto inText = [](QDialog& dialog) {
-        QTest::keyClick(&Part<QWidget>(dialog, "message"), Qt::Key_Y);
+        QTest::keyClick(&PartOf<QWidget>(dialog, "message"), Qt::Key_Y);
     };
     const std::pair<DialogRobot::Step, bool> answers[] = {{Press(Qt::Key_Return), false},
                                                           {Press(Qt::Key_Y), true},
@@ -147,9 +136,9 @@ TEST(BestPlayErrorDialogTest, OnlyYesGoesOn) {
 TEST(ProgressDialogTest, TheMeterStopsTheWorkWhenItIsCancelled) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
         ProgressDialog meter("Hands played...0%", nullptr);
-        Show(meter);
+        ShowDialog(meter);
         EXPECT_TRUE(meter.Show("Hands played...37%", 37));
-        EXPECT_EQ(Part<QLineEdit>(meter, "text").text(), "Hands played...37%");
+        EXPECT_EQ(PartOf<QLineEdit>(meter, "text").text(), "Hands played...37%");
         QTest::keyClick(meter.focusWidget(), key);
         EXPECT_FALSE(meter.Show("Hands played...38%", 38) || meter.isVisible());
     }
@@ -157,9 +146,9 @@ TEST(ProgressDialogTest, TheMeterStopsTheWorkWhenItIsCancelled) {
 
 TEST(ProgressDialogTest, FrequentCallsAreShownThirtyTimesASecondAtMost) {
     ProgressDialog meter("Hands played...0%", nullptr);
-    Show(meter);
+    ShowDialog(meter);
     int changes = 0;
-    QObject::connect(&Part<QProgressBar>(meter, "bar"), &QProgressBar::valueChanged,
+    QObject::connect(&PartOf<QProgressBar>(meter, "bar"), &QProgressBar::valueChanged,
                      [&changes] { ++changes; });
     QElapsedTimer time;
     time.start();
@@ -167,7 +156,7 @@ TEST(ProgressDialogTest, FrequentCallsAreShownThirtyTimesASecondAtMost) {
     EXPECT_LE(changes, time.elapsed() / 33 + 1);
     const auto isSeen = [&meter] {
         for (int i = 0; i < 64; ++i) meter.Show("Hands played", 100);
-        return Part<QProgressBar>(meter, "bar").value() == 100;
+        return PartOf<QProgressBar>(meter, "bar").value() == 100;
     };
     EXPECT_TRUE(QTest::qWaitFor(isSeen)) << "a slower caller is seen again";
 }
@@ -182,7 +171,7 @@ class AssignFixedHandDialogTest : public testing::Test {
         machine = std::make_unique<TestMachine>(game, id);
         machine->engine.statistics.setCards = hand;
         dialog = std::make_unique<AssignFixedHandDialog>(machine->engine, store, nullptr);
-        Show(*dialog);
+        ShowDialog(*dialog);
     }
 
     PictureButton& Button(const QString& name) { return *dialog->findChild<PictureButton*>(name); }
@@ -259,16 +248,16 @@ class StatisticsDialogTest : public testing::Test {
     void Open() {
         dialog = std::make_unique<StatisticsDialog>(
             machine.engine, machine.engine.statistics.sessionStart, nullptr);
-        Show(*dialog);
+        ShowDialog(*dialog);
     }
     std::string Text(const char* name) {
-        return Part<QPlainTextEdit>(*dialog, name).toPlainText().toStdString();
+        return PartOf<QPlainTextEdit>(*dialog, name).toPlainText().toStdString();
     }
     static std::string Shown(const std::string& report) {
         return QString::fromStdString(report).replace("\r\n", "\n").chopped(1).toStdString();
     }
     std::string Saved() {
-        auto& box = Part<QPlainTextEdit>(*dialog, "credits");
+        auto& box = PartOf<QPlainTextEdit>(*dialog, "credits");
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, box.mapToGlobal(QPoint(5, 5)));
         QApplication::sendEvent(&box, &event);
         const DialogRobot robot{TypeFile("Save As", machine.folder.Path("report"))};
@@ -284,10 +273,10 @@ TEST_F(StatisticsDialogTest, TheDisplayChangesThePayTableAlone) {
     const GameEngine& engine = machine.engine;
     Open();
     EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kHands)));
-    Part<QRadioButton>(*dialog, "displayHands").setFocus();
+    PartOf<QRadioButton>(*dialog, "displayHands").setFocus();
     QTest::keyClick(dialog->focusWidget(), Qt::Key_Right);
     EXPECT_NE(Text("lines").find("1:333.33"), std::string::npos);
-    QTest::mouseClick(&Part<QRadioButton>(*dialog, "displayShare"), Qt::LeftButton);
+    QTest::mouseClick(&PartOf<QRadioButton>(*dialog, "displayShare"), Qt::LeftButton);
     EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kShareOfReturn)));
     EXPECT_EQ(Text("hands"), Shown(StatisticsHands(engine, engine.statistics.sessionStart)));
     EXPECT_EQ(Text("credits"), Shown(StatisticsCredits(engine)));
@@ -295,22 +284,18 @@ TEST_F(StatisticsDialogTest, TheDisplayChangesThePayTableAlone) {
     const std::string saved = Saved();
     EXPECT_TRUE(saved.starts_with("Hands\n\tSession\tGame\n\nHands Won:\t0\t0\n")) << saved;
     EXPECT_TRUE(saved.ends_with("\n\nPay Table\n" + Text("lines") + "\n")) << saved;
-    QTest::keyClick(&Part<QPlainTextEdit>(*dialog, "errors"), Qt::Key_Return);
+    QTest::keyClick(&PartOf<QPlainTextEdit>(*dialog, "errors"), Qt::Key_Return);
     EXPECT_FALSE(dialog->isVisible()) << "Enter is OK in a report too";
 }
 
 TEST_F(StatisticsDialogTest, ALongNameLeavesTheFiguresAsTheyAre) {
-    Open();
-    const auto fontSize = [this] {
-        return Part<QPlainTextEdit>(*dialog, "lines").font().pointSizeF();
-    };
-    const qreal plain = fontSize();
     const std::string name = "<b>" + std::string(77, 'W');
     machine.engine.settings.gameName = name;
     machine.engine.payTable.lines[1].description = std::string(80, 'M');
     Open();
-    EXPECT_EQ(fontSize(), plain);
-    auto& box = Part<QPlainTextEdit>(*dialog, "lines");
+    auto& box = PartOf<QPlainTextEdit>(*dialog, "lines");
+    EXPECT_EQ(box.font().pointSizeF(),
+              PartOf<QPlainTextEdit>(*dialog, "hands").font().pointSizeF());
     EXPECT_EQ(box.horizontalScrollBar()->maximum(), 0) << "no column is cut off";
     EXPECT_EQ(Text("lines").find("WWWW\tSession"), std::string::npos) << "cut short";
     QHelpEvent rests(QEvent::ToolTip, {5, 5}, box.viewport()->mapToGlobal(QPoint(5, 5)));

@@ -29,17 +29,12 @@ class ErrorLogDialogTest : public testing::Test {
         engine.statistics.playErrors = {errors, errors};
         engine.statistics.handsPlayed = {200, 200};
         dialog = std::make_unique<ErrorLogDialog>(engine, machine->files, store, nullptr);
-        dialog->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        ShowDialog(*dialog);
     }
 
     template <typename Widget>
     Widget& Part(const char* name) {
         return *dialog->findChild<Widget*>(name);
-    }
-    QString Title() { return Part<QLineEdit>("title").text(); }
-    QString Line(int number) {
-        return Part<ReportBox>("entry").toPlainText().split(u'\n').value(number);
     }
     QString NameOfPlace(int place) {
         return Part<QWidget>(qPrintable(QString("place%1").arg(place))).accessibleName();
@@ -55,8 +50,9 @@ class ErrorLogDialogTest : public testing::Test {
 TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewest) {
     Open(kErrorLogSize);
     for (int i = 0; i < kErrorLogSize; ++i) {
-        ASSERT_EQ(Title(), QString("Error %1").arg(i + 1));
-        ASSERT_EQ(Line(5), QString("Cost ($)\t%1.0000").arg(i));
+        ASSERT_EQ(Part<QLineEdit>("title").text(), QString("Error %1").arg(i + 1));
+        ASSERT_TRUE(
+            Part<ReportBox>("entry").toPlainText().contains(QString("\nCost ($)\t%1.0000").arg(i)));
         ASSERT_EQ(CanGo("previous"), i > 0);
         ASSERT_EQ(CanGo("next"), i + 1 < kErrorLogSize);
         QTest::mouseClick(&Part<QPushButton>("next"), Qt::LeftButton);

@@ -26,8 +26,7 @@ class HandAnalysisDialogTest : public testing::Test {
         machine->DealOrDraw();
         LendHand(machine->engine, spare);
         dialog = std::make_unique<HandAnalysisDialog>(spare, store, nullptr);
-        dialog->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        ShowDialog(*dialog);
         EXPECT_EQ(dialog->findChild<QWidget*>("firstDrawCard")->isVisible(),
                   gameId == kSneakPeakGameId);
     }

@@ -79,14 +79,16 @@ struct Machine : ManagerTable {
 struct OpenManager : ManagerTable {
     explicit OpenManager(const std::string& game, int id, bool newGame = false)
         : editor(Manager(game, id, 0, newGame)), dialog(editor, nullptr) {
-        dialog.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        ShowDialog(dialog);
     }
     QString Live() const { return dialog.findChild<QLabel*>("live")->text(); }
     bool IsLiveWaiting() const { return !dialog.findChild<QLabel*>("live")->isEnabled(); }
     template <typename Widget>
     Widget& Part(const QString& name) const {
-        return *dialog.findChild<Widget*>(name);
+        return PartOf<Widget>(dialog, name);
+    }
+    void Click(const QString& name) const {
+        QTest::mouseClick(&Part<QWidget>(name), Qt::LeftButton, {}, QPoint(5, 8));
     }
 
     PayTableEditor editor;
@@ -164,7 +166,7 @@ TEST(PayTableManagerTest, TheLineUnderTheTableFollowsTyping) {
     fullHouse.selectAll();
     QTest::keyClicks(&fullHouse, "45");
     // What was done is said until the next change.
-    QTest::mouseClick(&m.Part<QPushButton>("makeActive"), Qt::LeftButton);
+    m.Click("makeActive");
     EXPECT_TRUE(m.Live().startsWith("Table 0 is saved and active.")) << m.Live().toStdString();
     QTRY_COMPARE_WITH_TIMEOUT(
         m.Live(), QString("Table 0 is saved and active.  Return 99.5439%  Variance 19.51"), 20000);
@@ -211,10 +213,9 @@ TEST(PayTableManagerTest, KeysAreTakenWhileTheReturnIsReckoned) {
 TEST(PayTableManagerTest, BoxesAndRanksChangeWhatTheyDecideAbout) {
     OpenManager m("User Game 1", 9001, true);
     EXPECT_FALSE(IsOn(m.dialog, "wildsOK0") || IsOn(m.dialog, "jokers"));
-    QTest::mouseClick(&m.Part<QCheckBox>("wilds"), Qt::LeftButton, {}, QPoint(5, 8));
+    m.Click("wilds");
     EXPECT_TRUE(IsOn(m.dialog, "jokers") && m.Part<QCheckBox>("wildsOK14").isChecked());
-    m.Part<QCheckBox>("fiveAces").setFocus();
-    QTest::keyClick(&m.Part<QCheckBox>("fiveAces"), Qt::Key_Space);
+    m.Click("fiveAces");
     EXPECT_FALSE(IsOn(m.dialog, "jokers") || IsOn(m.dialog, "wilds") || IsOn(m.dialog, "oej"));
     auto& rank = m.Part<QComboBox>("rank0");
     rank.setFocus();

@@ -339,10 +339,7 @@ TEST_F(TablePlayTest, TheWindowsOwnPausesLastAndGoOnPainting) {
     Set("Speed", "2");
     TestProgram& p = Start(true);
     p.Stack(kNothing, 5);
-    QTimer later;
-    later.setSingleShot(true);
-    QObject::connect(&later, &QTimer::timeout, [&] { p.Key(Qt::Key_2); });
-    later.start(300);
+    QTimer::singleShot(300, [&] { p.Key(Qt::Key_2); });
     QElapsedTimer time;
     time.start();
     p.Key(Qt::Key_D);

@@ -44,14 +44,11 @@ class TestClock : public Clock {
     bool paints = true;
 };
 
-class NotedSounds : public Sounds {
+class NoSounds : public Sounds {
   public:
-    void Play(Wave wave) override { played.push_back(wave); }
-    void PlayToEnd(Wave wave) override { played.push_back(wave); }
-    void Sound(Beep /*beep*/) override { ++beeps; }
-
-    std::vector<Wave> played;
-    int beeps = 0;
+    void Play(Wave /*wave*/) override {}
+    void PlayToEnd(Wave /*wave*/) override {}
+    void Sound(Beep /*beep*/) override {}
 };
 
 class TestProgram {
@@ -124,7 +121,7 @@ class TestProgram {
     PictureStore pictures;
     TestClock clock;
     WindowClock windowClock;
-    NotedSounds sounds;
+    NoSounds sounds;
     std::unique_ptr<CMainFrame> frame;
     std::unique_ptr<CMorvikDoc> document;
     CMorvikView* view = nullptr;
