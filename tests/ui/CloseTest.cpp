@@ -9,29 +9,10 @@ namespace {
 
 class CloseTest : public ProgramTest {
   protected:
-    void DealAndHoldAll() {
-        program->Deal(kJacksAndTens);
-        program->HoldAll();
-    }
-
-    // A step at a dialog.
-    DialogRobot::Step CloseTheWindow() {
-        return [this](QDialog& /*dialog*/) { program->frame->close(); };
-    }
-
-    // The window asks to be closed as the desktop would ask it, while something else goes on.
-    void CloseSoon(int milliseconds) {
-        soon.setSingleShot(true);
-        QObject::connect(&soon, &QTimer::timeout, [this] { program->frame->close(); });
-        soon.start(milliseconds);
-    }
-
     void ExpectClosed() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !program->frame->isVisible(); }));
         EXPECT_FALSE(program->document->Actions().Busy());
     }
-
-    QTimer soon;
 };
 
 TEST_F(CloseTest, AWindowClosedDuringAnAnimationEndsItAtOnce) {
@@ -54,7 +35,7 @@ TEST_F(CloseTest, AWindowClosedOverAQuestionTakesItBack) {
     Set("Mode", "2");
     TestProgram& p = Start();
     p.Deal("AS AD KC 9H 2S");
-    Answer({CloseTheWindow()}, [&] { p.Key(Qt::Key_D); });
+    Answer({[&](QDialog&) { p.frame->close(); }}, [&] { p.Key(Qt::Key_D); });
     ExpectClosed();
     EXPECT_EQ(Stored("Credits"), "95");
     EXPECT_EQ(Stored("PlayErrors", "Jacks or Better(0)"), "1");
@@ -77,12 +58,12 @@ TEST_F(CloseTest, WhatWaitsItsTurnIsNotBegunAnyMoreAndASecondCloseAsksNothing) {
 
 TEST_F(CloseTest, LongWorkEndsWithTheWindow) {
     TestProgram& p = Start();
-    CloseSoon(200);
+    QTimer::singleShot(200, [&] { p.frame->close(); });  // as the desktop would ask it
     DialogRobot robot{Type("999999999"), Press(Qt::Key_Return)};
     p.Choose(kAutoplay);
     ExpectClosed();
-    EXPECT_GT(p.spare.statistics.handsPlayed.session, 0);
-    EXPECT_LT(p.spare.statistics.handsPlayed.session, 999999999);
+    const auto played = p.spare.statistics.handsPlayed.session;
+    EXPECT_TRUE(played > 0 && played < 999999999);
 }
 
 TEST_F(CloseTest, ASessionThatMayEndIsSavedWithoutEndingTheHandOrAQuestion) {

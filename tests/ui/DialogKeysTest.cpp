@@ -34,14 +34,10 @@ QString CaptionOf(const QAbstractButton& button) {
     const auto* box = qobject_cast<QDialogButtonBox*>(button.parentWidget());
     if (!box) return button.text();
     auto& inBox = const_cast<QAbstractButton&>(button);
-    switch (box->standardButton(&inBox)) {
-        case QDialogButtonBox::Ok:
-            return "&OK";
-        case QDialogButtonBox::Cancel:
-            return "&Cancel";
-        default:
-            return button.text();
-    }
+    const auto standard = box->standardButton(&inBox);
+    return standard == QDialogButtonBox::Ok       ? "&OK"
+           : standard == QDialogButtonBox::Cancel ? "&Cancel"
+                                                  : button.text();
 }
 
 QStringList ShownCaptions(const QDialog& dialog) {

@@ -7,11 +7,13 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <deque>
 #include <functional>
+#include <string>
 
 class DialogRobot : public QObject {
   public:
@@ -75,12 +77,51 @@ inline DialogRobot::Step Choose(QMessageBox::StandardButton button) {
     };
 }
 
-inline DialogRobot::Step ReadMessage(QString& caption, QString& text) {
-    return [&](QDialog& dialog) {
-        auto* box = qobject_cast<QMessageBox*>(&dialog);
-        ASSERT_NE(box, nullptr) << dialog.objectName().toStdString();
-        caption = box->windowTitle();
-        text = box->text();
-        QTest::keyClick(box, Qt::Key_Escape);
+// Notes the caption, with a message box's text as "caption: text", and closes it.
+inline DialogRobot::Step Note(std::string& told) {
+    return [&told](QDialog& dialog) {
+        told = dialog.windowTitle().toStdString();
+        const auto* box = qobject_cast<QMessageBox*>(&dialog);
+        if (!box) return dialog.reject();
+        told += ": " + box->text().toStdString();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
     };
+}
+
+// In a file dialog; typed, a list of files would open.
+inline DialogRobot::Step TypeFile(const char* caption, const std::string& path,
+                                  const char* proposed = nullptr) {
+    return [=](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), caption);
+        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        ASSERT_NE(name, nullptr) << dialog.objectName().toStdString();
+        EXPECT_TRUE(!proposed || name->text() == proposed) << name->text().toStdString();
+        name->setText(QString::fromStdString(path));
+        QTest::keyClick(name, Qt::Key_Return);
+    };
+}
+
+// The player takes all of these steps at the dialogs that the action opens.
+template <class Action>
+void Answer(std::initializer_list<DialogRobot::Step> steps, Action action) {
+    const DialogRobot robot(steps);
+    action();
+}
+
+// What the one dialog that the action opens says.
+template <class Action>
+std::string Told(Action action) {
+    std::string told;
+    Answer({Note(told)}, action);
+    return told;
+}
+
+template <typename Widget>
+Widget& PartOf(const QWidget& dialog, const QString& name) {
+    return *dialog.findChild<Widget*>(name);
+}
+
+inline void ShowDialog(QDialog& dialog) {
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
 }

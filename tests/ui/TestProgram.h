@@ -46,14 +46,11 @@ class TestClock : public Clock {
     bool paints = true;
 };
 
-class NotedSounds : public Sounds {
+class NoSounds : public Sounds {
   public:
-    void Play(Wave wave) override { played.push_back(wave); }
-    void PlayToEnd(Wave wave) override { played.push_back(wave); }
-    void Sound(Beep /*beep*/) override { ++beeps; }
-
-    std::vector<Wave> played;
-    int beeps = 0;
+    void Play(Wave /*wave*/) override {}
+    void PlayToEnd(Wave /*wave*/) override {}
+    void Sound(Beep /*beep*/) override {}
 };
 
 class TestProgram {
@@ -126,39 +123,13 @@ class TestProgram {
     PictureStore pictures;
     TestClock clock{engine.countingUp};
     WindowClock windowClock;
-    NotedSounds sounds;
+    NoSounds sounds;
     std::unique_ptr<CMainFrame> frame;
     std::unique_ptr<CMorvikDoc> document;
     CMorvikView* view = nullptr;
     const TableLayout& Places() const { return view->places; }
     const TableScene& Scene() const { return document->Table().scene; }
 };
-
-// The player takes all of these steps at the dialogs that the action opens.
-template <class Action>
-void Answer(std::initializer_list<DialogRobot::Step> steps, Action action) {
-    const DialogRobot robot(steps);
-    action();
-}
-
-// A step: notes the caption, with a message box's text as "caption: text", and closes it.
-inline DialogRobot::Step Note(std::string& told) {
-    return [&told](QDialog& dialog) {
-        told = dialog.windowTitle().toStdString();
-        const auto* box = qobject_cast<QMessageBox*>(&dialog);
-        if (!box) return dialog.reject();
-        told += ": " + box->text().toStdString();
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    };
-}
-
-// What the one dialog that the action opens says.
-template <class Action>
-std::string Told(Action action) {
-    std::string told;
-    Answer({Note(told)}, action);
-    return told;
-}
 
 // A game file with 100 credits shown as such, at full speed, in Casino mode.
 class ProgramTest : public testing::Test {

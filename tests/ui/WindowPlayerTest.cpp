@@ -3,24 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QWidget>
 
 #include "game/paytables/PayTableEditor.h"
 #include "game/session/AnalyzeGame.h"
-#include "game/table/Clock.h"
 #include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 
 namespace {
-
-class StandingClock : public Clock {
-  public:
-    std::int64_t Now() override { return 1'790'000'000; }
-    void Pause(int /*milliseconds*/) override {}
-};
 
 class WindowPlayerTest : public testing::Test {
   protected:
@@ -29,20 +21,6 @@ class WindowPlayerTest : public testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    DialogRobot::Step RefuseAll() {
-        return [this](QDialog& /*dialog*/) { player.RefuseAll(); };
-    }
-
-    // In a file dialog.
-    static DialogRobot::Step TypeFile(const char* caption, const std::string& path) {
-        return [=](QDialog& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), caption);
-            auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            ASSERT_NE(name, nullptr) << dialog.objectName().toStdString();
-            name->setText(QString::fromStdString(path));
-            QTest::keyClick(name, Qt::Key_Return);
-        };
-    }
     static DialogRobot::Step AnswerReplace(const char* caption,
                                            QMessageBox::StandardButton button) {
         return [=](QDialog& dialog) {
@@ -54,8 +32,9 @@ class WindowPlayerTest : public testing::Test {
 
     QWidget window;
     PictureStore store;
-    StandingClock clock;
-    WindowPlayer player{window, store, clock};
+    TestMachine machine;
+    Recorder ports{machine.engine};
+    WindowPlayer player{window, store, ports};
 };
 
 TEST_F(WindowPlayerTest, AQuestionIsYesOnlyWhenYesIsChosen) {
@@ -114,15 +93,14 @@ TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
 }
 
 TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpen) {
-    DialogRobot robot{Type("0"), Press(Qt::Key_Return), RefuseAll(), Type("77"),
-                      Press(Qt::Key_Return)};
+    DialogRobot robot{Type("0"), Press(Qt::Key_Return), [this](QDialog&) { player.RefuseAll(); },
+                      Type("77"), Press(Qt::Key_Return)};
     EXPECT_EQ(player.AskDollars(100), std::nullopt) << "with a message over it";
     player.AnswerAgain();
     EXPECT_EQ(player.AskHandCount(), 77);
 }
 
 TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
-    TestMachine machine;
     auto running = player.ShowProgress("Hands played...0%");
     const QWidget* modal = QApplication::activeModalWidget();
     EXPECT_TRUE(modal && modal->objectName() == "progress") << "nothing else is let through";
@@ -130,46 +108,37 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     player.RefuseAll();
     EXPECT_FALSE(running->Show("Hands played...2%", 2));
     EXPECT_FALSE(player.ShowProgress("Hands played...0%")->Show("", 0));
-    EXPECT_FALSE(player.GoesOnAfterError("Continue?"));
-    EXPECT_FALSE(player.SaysYes("Caption", "Question?"));
     player.Tell("Caption", "Text", MessageIcon::kError);
-    EXPECT_EQ(player.AskDollars(100), std::nullopt);
-    EXPECT_EQ(player.AskHandCount(), std::nullopt);
-    EXPECT_FALSE(player.AskFixedHand(machine.engine));
-    EXPECT_EQ(player.AskFileToOpen("/tmp"), std::nullopt);
-    EXPECT_EQ(player.AskFileToSave("/tmp/a.qdx"), std::nullopt);
-    EXPECT_EQ(player.AskNewGameFile("/tmp/a.qdx"), std::nullopt);
-    EXPECT_EQ(player.AskGame({"A"}, "A"), std::nullopt);
-    EXPECT_EQ(player.AskAnalysisFiles({}).has_value(), false);
     player.ShowStatistics(machine.engine);
-    Recorder ports(machine.engine);
     GameTable table = TableOf(machine, ports, player);
     PayTableEditor editor(table, machine.paths, {300, "Jacks or Better", 0});
-    EXPECT_FALSE(player.ShowPayTableManager(editor));
+    EXPECT_FALSE(player.GoesOnAfterError("Continue?") || player.SaysYes("Caption", "Question?") ||
+                 player.AskFixedHand(machine.engine) || player.ShowPayTableManager(editor));
+    EXPECT_FALSE(player.AskDollars(100) || player.AskHandCount() || player.AskAnalysisFiles({}));
+    EXPECT_FALSE(player.AskFileToOpen("/tmp") || player.AskFileToSave("/tmp/a.qdx") ||
+                 player.AskNewGameFile("/tmp/a.qdx") || player.AskGame({"A"}, "A"));
     GameEngine spare;
     GameReportPages pages(table, spare, machine.paths);
     EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 
 TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
-    TestMachine machine;
     int beeps = 0;
     int analyses = 0;
     player.beep = [&] { ++beeps; };
     player.showAnalysis = [&](QWidget& over) { analyses += over.objectName() == "bestPlayError"; };
-    QString shown;
-    const auto note = [&](QDialog& dialog) {
-        shown += dialog.windowTitle() + ';';
-        QTest::keyClick(&dialog, Qt::Key_Return);
+    const auto accept = [](const char* caption) {
+        return [=](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), caption);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        };
     };
-    DialogRobot robot{note, note, ClickOn("analysis"), ClickOn("yes")};
-    EXPECT_TRUE(player.AskFixedHand(machine.engine));
-    EXPECT_TRUE(machine.engine.fixedHand);
+    DialogRobot robot{accept("Assign Fixed Hand"), accept("Game Play Analysis"),
+                      ClickOn("analysis"), ClickOn("yes")};
+    EXPECT_TRUE(player.AskFixedHand(machine.engine) && machine.engine.fixedHand);
     player.ShowStatistics(machine.engine);
-    EXPECT_EQ(shown, "Assign Fixed Hand;Game Play Analysis;");
     EXPECT_TRUE(player.GoesOnAfterError("Continue?"));
-    EXPECT_EQ(beeps, 1);
-    EXPECT_EQ(analyses, 1);
+    EXPECT_TRUE(beeps == 1 && analyses == 1);
 }
 
 }  // namespace
