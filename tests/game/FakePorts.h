@@ -3,7 +3,6 @@
 #pragma once
 #include <deque>
 #include <functional>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -229,19 +228,11 @@ class TestTable {
         return text;
     }
 
-    // The same, running on, with "3x [a, b]" for steps that are logged three times in a row (not
-    // two). Text that is longer than a line begins on one of its own.
+    // The same in one line, with commas between the steps.
     std::string TakeSteps() {
         std::string text;
-        for (auto steps = std::span<const std::string>(log).subspan(taken); !steps.empty();) {
-            const auto [size, times] = Repeated(steps);
-            AddStep(text, (times > 1 ? std::to_string(times) + "x [" : "") + steps[0]);
-            for (std::size_t i = 1; i < size; ++i) AddStep(text, steps[i]);
-            if (times > 1) text += "]";
-            steps = steps.subspan(size * times);
-        }
-        taken = log.size();
-        return text.find('\n') == std::string::npos ? text : "\n" + text;
+        for (; taken < log.size(); ++taken) text += (text.empty() ? "" : ", ") + log[taken];
+        return text;
     }
 
     TestMachine machine;
@@ -252,26 +243,6 @@ class TestTable {
     GameTable table = TableOf(machine, ports, ports);
 
   private:
-    static void AddStep(std::string& text, const std::string& step) {
-        constexpr std::size_t kWidth = 96;
-        const std::size_t column = text.size() - (text.rfind('\n') + 1);
-        if (column > 0) text += column + step.size() + 3 > kWidth ? ",\n" : ", ";
-        text += step;
-    }
-
-    // How many of the first steps repeat themselves at once, and how often: those that are the most
-    // together.
-    static std::pair<std::size_t, std::size_t> Repeated(std::span<const std::string> steps) {
-        std::pair<std::size_t, std::size_t> best = {1, 1};
-        for (std::size_t size = 1; 3 * size <= steps.size(); ++size) {
-            const auto later = steps.subspan(size);
-            const auto same = std::ranges::mismatch(later, steps).in1 - later.begin();
-            const std::size_t times = static_cast<std::size_t>(same) / size + 1;
-            if (times > 2 && size * times > best.first * best.second) best = {size, times};
-        }
-        return best;
-    }
-
     std::size_t taken = 0;
 };
 
