@@ -58,15 +58,6 @@ TEST_F(DealingTest, AnOrderThatWasDealtFromForetellsNothingWhateverPassesFollow)
     }
 }
 
-TEST_F(DealingTest, AWinIsPaidAndCounted) {
-    Deal("JS JD TC 9H 2S JC 4C 5C");
-    EXPECT_EQ(engine.dealtLine, 8);
-    EXPECT_EQ(Draw(0b11000), 15) << "three jacks at five coins";
-    EXPECT_EQ(engine.settings.credits, 115);
-    EXPECT_EQ(engine.payTable.lines[6].sessionWins, 1);
-    EXPECT_EQ(Counted(), "CreditsPlayed 5, CreditsWon 15, HandsPlayed 1, HandsWon 1");
-}
-
 TEST_F(DealingTest, CreditsStopAtTheLargestNumber) {
     engine.settings.credits = INT_MAX - 7;
     Deal("AS KS QS JS TS");
@@ -87,14 +78,17 @@ TEST_F(DealingTest, ASecondDrawTakesTheFirstOneBack) {
     Play("Dbl Draw Bonus", 318);
     Deal("AS AH TC 9H 2S AC 4C 5C");
     EXPECT_GT(Draw(0b11000), 0);
-    const HandCards first = engine.hand;
     PrepareSecondDraw(engine);
     EXPECT_EQ(engine.settings.credits, 100);
     EXPECT_EQ(Counted(), "CreditsPlayed 5");
     EXPECT_EQ(engine.payTable.lines[static_cast<std::size_t>(engine.finalLine)].totalWins, 0);
-    std::set<CardCode> seen(first.begin(), first.end());
-    seen.insert(engine.drawCards.begin(), engine.drawCards.end());
-    EXPECT_EQ(seen.size(), 10U) << "five new cards, though only three would be drawn now";
+    // Three would be drawn now, but all five are new.
+    for (int again = 0; again < 20; ++again) {
+        std::set<CardCode> seen(engine.hand.begin(), engine.hand.end());
+        seen.insert(engine.drawCards.begin(), engine.drawCards.end());
+        EXPECT_EQ(seen.size(), 10U);
+        PrepareSecondDraw(engine);
+    }
 }
 
 TEST_F(DealingTest, AFixedHandFillsWhatItLeavesOpenAndCountsNothing) {

@@ -65,7 +65,7 @@ TEST_F(DoubleUpTest, AWonPickThatIsEnoughIsPaidAndTheHandComesBack) {
         "back, "
         "held 4 off, card 4 back, held 1 on, card 1 QS, pause 1000, card 2 TS, pause 1, card 3 TD, "
         "pause 1, card 4 6S, pause 1, double up 20 to 40, play cash, pause 4000, "
-        "ask Double Up Winner: You doubled up to 20. Double up again to 40?, owns 115, "
+        "ask Double Up Winner: You doubled up to 20. Double up again to 40?, "
         "message 10 Bonus Credits, play applause, double up gone, line 7 won 10, held 0 on, card 0 "
         "JS, "
         "hold button 0 shown, card 1 JD, held 2 on, card 2 TC, held 3 on, card 3 TH, held 4 on, "

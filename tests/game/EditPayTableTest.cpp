@@ -35,6 +35,7 @@ TEST_F(EditPayTableTest, TheChosenGameIsOpenedAtItsActiveTable) {
 
 TEST_F(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
     engine.statistics.handsPlayed.session = 5;
+    engine.payTable.lines[3].totalWins = engine.payTable.lines[3].sessionWins = 2;
     script = [&](PayTableEditor& editor) {
         editor.texts.lines[3].payout = "8";
         editor.MakeActive(player);
@@ -42,6 +43,8 @@ TEST_F(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
     done = false;
     EditCurrentPayTable(table, paths);
     EXPECT_EQ(engine.payTable.lines[3].payout, 8);
+    EXPECT_EQ(engine.payTable.lines[3].sessionWins, 2);
+    EXPECT_EQ(engine.payTable.lines[3].totalWins, 2);
     EXPECT_EQ(engine.statistics.handsPlayed.session, 5);
     EXPECT_EQ(log.back(), "relayout");
 }
@@ -56,6 +59,12 @@ TEST_F(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
     };
     EditPayTable(table, paths);
     EXPECT_EQ(StatsSection(engine), "Your Game(1)");
+    script = [&](PayTableEditor& editor) {
+        editor.GoToPreviousTable();
+        editor.MakeActive(player);
+    };
+    EditCurrentPayTable(table, paths);
+    EXPECT_EQ(StatsSection(engine), "Your Game(0)");
 }
 
 TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
@@ -66,6 +75,7 @@ TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
         if (done) editor.Save(player);
     };
     ChooseUserGame(table, 9004, paths);
+    EXPECT_TRUE(log.empty()) << "not asked for";
     EXPECT_EQ(opened, "new User Game 4(0)");
     EXPECT_EQ(StatsSection(engine), "Jacks or Better(0)");
     done = true;

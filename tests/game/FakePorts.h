@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/text/Numbers.h"
 #include "game/GameTable.h"
 #include "game/HandFlow.h"
 #include "game/ShowTable.h"
@@ -44,7 +45,6 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     explicit Recorder(const GameEngine& engine) : engine(engine) {}
 
     std::int64_t now = 1'790'000'000;
-    bool logsOwned = false;  // a line "owns 95" before the first call after a change of the credits
     int progressSteps = -1;  // that may be shown before the work is cancelled; -1 any
     // What the player does at the dialogs; without them he leaves at once.
     std::function<bool(PayTableEditor&)> atManager;
@@ -158,19 +158,12 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     void Add(const Words&... words) {
         std::ostringstream line;
         (line << ... << words);
-        if (logsOwned && owned != engine.settings.credits) {
-            owned = engine.settings.credits;
-            log.push_back("owns " + std::to_string(owned));
-        }
         log.push_back(line.str());
     }
 
-    template <class Value>
-    static std::string Name(Value value, std::initializer_list<const char*> names) {
-        return names.begin()[static_cast<std::size_t>(value)];
-    }
     static std::string WaveName(Wave wave) {
-        return Name(wave, {"cash", "click", "arrow", "applause", "drumroll"});
+        constexpr const char* kNames[] = {"cash", "click", "arrow", "applause", "drumroll"};
+        return kNames[static_cast<std::size_t>(wave)];
     }
     std::optional<int> NextNumber() {
         const auto answer = NextUnlessCancelled();
@@ -180,7 +173,6 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
 
     const GameEngine& engine;
     TableScene shown;
-    int owned = engine.settings.credits;
 };
 
 inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) {
@@ -246,11 +238,10 @@ class TestTable {
     std::size_t taken = 0;
 };
 
-// Shows credits and takes no time; the log tells what is owned.
+// Shows credits and takes no time.
 struct CreditTable : TestTable {
     explicit CreditTable(const std::string& game = "Jacks or Better", int gameId = 300)
         : TestTable(game, gameId) {
-        ports.logsOwned = true;
         engine.settings.showDollar = false;
         engine.settings.speed = Speed::kFast;
     }

@@ -46,9 +46,8 @@ TEST_F(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
 
 TEST_F(PayTableEditorTest, OfAUserGameEverythingCanBeEditedThatItsLineTakes) {
     auto editor = MyGame();
-    const Fields settings{kOneEyedJacks, kFiveAces, kPickEm, kWilds, kMinPair, kMaxBet};
-    Fields line = settings;
-    line.insert({kRank, kDescription, kPayout, kMaxPayout});
+    Fields line{kOneEyedJacks, kFiveAces, kPickEm,      kWilds,  kMinPair,
+                kMaxBet,       kRank,     kDescription, kPayout, kMaxPayout};
     EXPECT_EQ(EnabledFields(editor, 14), line) << "the name by a command alone";
     editor.texts.lines[14].bonusQuads = "A, 2 ";
     editor.texts.lines[14].kickers = "2,x";

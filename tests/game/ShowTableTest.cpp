@@ -39,21 +39,6 @@ TEST_F(ShowTableTest, ADecidedPickIsShownFaceUpWithItsMark) {
     EXPECT_FALSE(scene.places[2].held);
 }
 
-TEST_F(ShowTableTest, ACharlieAndAFirstDrawCardAreShown) {
-    machine.Play("Super Bonus Poker", 356);
-    engine.payTable.charlieBonus = true;
-    Deal("2S 2H 3C 3D AS");
-    EXPECT_TRUE(scene.charlie);
-    EXPECT_EQ(scene.lines[static_cast<std::size_t>(engine.dealtLine)].payout,
-              5 * LineUnitPay(engine.payTable, engine.dealtLine, 5));
-
-    machine.Play("Sneak Peak Poker", 351);
-    Deal("AC AD 9D 4H 2S TC JH 3C");
-    EXPECT_EQ(scene.firstDraw, engine.drawCards[0]);
-    DealDraw(table);
-    EXPECT_EQ(scene.firstDraw, kNoCard);
-}
-
 TEST_F(ShowTableTest, AButtonStaysDownUntilItIsReleasedAndOneThatIsNotThereDoesNotGoDown) {
     PressButton(scene.buttons.deal);
     PressButton(scene.buttons.doubleUp);
@@ -62,8 +47,6 @@ TEST_F(ShowTableTest, AButtonStaysDownUntilItIsReleasedAndOneThatIsNotThereDoesN
     EXPECT_EQ(scene.buttons.deal, ButtonLook::kPressed);
     engine.doubleUpPick = true;  // takes it off the table
     ShowAtRest(table);
-    EXPECT_EQ(scene.buttons.deal, ButtonLook::kHidden);
-    EXPECT_EQ(scene.places[0].holdButton, ButtonLook::kHidden);
     PressButton(scene.places[1].holdButton);
     ReleaseAllButtons(scene);
     EXPECT_EQ(scene.places[1].holdButton, ButtonLook::kReleased);

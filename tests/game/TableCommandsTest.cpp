@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "core/store/ErrorLog.h"
 #include "game/DoubleUp.h"
 #include "game/GameSelection.h"
+#include "game/Money.h"
 #include "game/SaveGame.h"
 #include "game/ShowTable.h"
 #include "game/SpareEngine.h"
@@ -24,6 +27,7 @@ struct TableCommandsTest : testing::Test, TestTable {
         return machine.file.GetString(section, key, "(none)", 80, machine.files.gamePath);
     }
 };
+struct MoneyTest : TableCommandsTest {};
 struct GameSelectionTest : TableCommandsTest {};
 struct SpareEngineTest : TableCommandsTest {
     GameEngine spare;
@@ -39,29 +43,33 @@ TEST_F(TableCommandsTest, CashOutPaysAndTheWinCannotBeRiskedAnyMore) {
     EXPECT_FALSE(engine.doubleUpPick);
 }
 
-TEST_F(TableCommandsTest, WhatIsAtStakeIsCollectedBeforeItIsPaidOrCountedInAnotherCoin) {
-    for (const bool cashOut : {true, false}) {
+TEST_F(TableCommandsTest, WhatIsAtStakeIsCollectedBeforeTheMoneyOrTheGameChanges) {
+    const std::pair<std::function<void()>, int> commands[] = {
+        {[&] { CashOut(table); }, 0},
+        {[&] { ChooseCoin(table, 0.05); }, 185 * 20},
+        {[&] { ChooseGame(table, 350); }, 185}};
+    for (const auto& [command, owned] : commands) {
+        machine.Play("Jacks or Better", 300);
+        engine.settings.coin = 1;
         engine.settings.credits = 100;
         Win();
         StartDoubleUp(table);
-        ASSERT_TRUE(engine.doubleUpPick);
         engine.bonusStake = 90;  // won once
-        if (cashOut) {
-            CashOut(table);
-            EXPECT_EQ(table.scene.message, "Paid $185.00");
-        } else {
-            ChooseCoin(table, 0.05);
-            EXPECT_EQ(engine.settings.credits, 185 * 20);
-        }
+        command();
+        EXPECT_EQ(engine.settings.credits, owned);
         EXPECT_FALSE(engine.doubleUpPick || engine.doubleUpOffered);
-        EXPECT_EQ(machine.HandText(), "JS JH JC 9H 9S ");
     }
+    EXPECT_EQ(Stored("Jacks or Better(0)", "DblUpCredits"), "90") << "of the last two";
 }
 
 TEST_F(TableCommandsTest, AnotherCoinChangesPictureAndMeters) {
     ChooseCoin(table, 0.25);
-    EXPECT_EQ(TakeLog(), "coin 0.25\nbet $1.25\n");
+    EXPECT_EQ(table.scene.coin, 0.25);
+    EXPECT_EQ(table.scene.bet, "$1.25");
     EXPECT_EQ(engine.settings.credits, 400);
+    engine.settings.credits = 403;
+    ChooseCoin(table, 1);
+    EXPECT_EQ(engine.settings.credits, 100) << "whole ones";
 }
 
 TEST_F(TableCommandsTest, AnotherCoinDuringAHandIsThatOfItsAnalysisToo) {
@@ -147,6 +155,38 @@ TEST_F(TableCommandsTest, TheLogIsClearedWithItsCounts) {
     EXPECT_EQ(engine.replayIndex, 0);
 }
 
+TEST_F(MoneyTest, DollarsBecomeCreditsAndBack) {
+    engine.settings.credits = 0;
+    engine.settings.coin = 0.05;
+    EnterDollars(engine, 100);
+    EXPECT_EQ(engine.settings.credits, 2000);
+    EXPECT_EQ(engine.statistics.sessionDollarsIn, 100);
+    for (const int refused : {0, -5, 1'000'000}) EnterDollars(engine, refused);
+    EXPECT_EQ(engine.settings.credits, 2000);
+
+    ChooseCoin(table, 0.25);
+    engine.settings.credits = 37;
+    CashOut(table);
+    EXPECT_EQ(table.scene.message, "Paid $9.25");
+    EXPECT_EQ(engine.settings.creditsEntered, 91) << "whole dollars";
+    engine.settings.credits = 4'940'000;
+    CashOut(table);
+    EXPECT_EQ(table.scene.message, "Paid $1,235,000.00");
+    EXPECT_EQ(engine.settings.creditsEntered, 0) << "never below 0";
+}
+
+TEST_F(MoneyTest, CreditsNeverWrap) {
+    engine.settings.coin = 0.05;
+    engine.settings.credits = INT_MAX - 5;
+    engine.settings.creditsEntered = INT_MAX;
+    EnterDollars(engine, kMostDollars);
+    EXPECT_EQ(engine.settings.credits, INT_MAX);
+    EXPECT_EQ(engine.settings.creditsEntered, INT_MAX);
+    engine.settings.coin = 1;
+    ChooseCoin(table, 0.05);
+    EXPECT_EQ(engine.settings.credits, INT_MAX);
+}
+
 TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
     SaveGame(table, true);
     engine.statistics.handsPlayed.Add(7);
@@ -164,17 +204,6 @@ TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
     EXPECT_EQ(engine.statistics.elapsedBase, 1);
 }
 
-TEST_F(GameSelectionTest, AFeatureIsSettledBeforeItsGameIsLeft) {
-    Win();
-    StartDoubleUp(table);
-    engine.bonusStake = 90;
-    ChooseGame(table, 350);
-    EXPECT_EQ(engine.settings.credits, 185);
-    EXPECT_FALSE(FeaturePending(engine));
-    EXPECT_EQ(Stored("Jacks or Better(0)", "DblUpCredits"), "45");
-    EXPECT_EQ(engine.statistics.doubleUpCredits.total, 0);
-}
-
 TEST_F(GameSelectionTest, GamesThatAreNotThereChangeNothing) {
     machine.files.mainPath =
         machine.folder.Write("own.ini",
@@ -190,16 +219,6 @@ TEST_F(GameSelectionTest, GamesThatAreNotThereChangeNothing) {
     EXPECT_EQ(engine.payTable.lines.size(), 1U);
 }
 
-TEST_F(GameSelectionTest, AChangedPayTableIsPlayedOnWithTheSameCounts) {
-    Win();
-    machine.files.mainPath =
-        machine.folder.Write("own.ini", "[Jacks or Better(0)]\nPayLines=9\nRank3=6\nPayout3=11\n");
-    ReloadPayTable(table);
-    EXPECT_EQ(engine.payTable.lines[3].payout, 11);
-    EXPECT_EQ(engine.payTable.lines[3].sessionWins, 1);
-    EXPECT_EQ(engine.payTable.lines[3].totalWins, 1);
-}
-
 TEST_F(SpareEngineTest, AutoplayLeavesThePlayersMachineAndFileAlone) {
     SaveGame(table, false);
     engine.settings.bet = 2;
@@ -213,7 +232,10 @@ TEST_F(SpareEngineTest, AutoplayLeavesThePlayersMachineAndFileAlone) {
     const std::string log = TakeLog();
     EXPECT_NE(log.find("99% (99)\nstatistics Jacks or Better, 200 hands\n"), std::string::npos);
     EXPECT_EQ(spare.statistics.creditsPlayed.session, 400) << "the bet on the meter";
-    EXPECT_NE(spare.deck.order, order);
+    LoadSpare(table, spare);
+    Deck deck = engine.deck;
+    deck.Shuffle(10);
+    EXPECT_NE(spare.deck.order, deck.order) << "or it would foretell the player's cards";
 
     const std::string before = machine.folder.Read("game.qdx");
     EXPECT_TRUE(SaveGame(table, false));
@@ -228,17 +250,6 @@ TEST_F(SpareEngineTest, AutoplayIsCancelledEvenWhereThePercentStandStill) {
     ports.progressSteps = 1;
     RunAutoplay(table, spare);
     EXPECT_EQ(log.back(), "statistics Jacks or Better, 512 hands");
-}
-
-TEST_F(SpareEngineTest, AReportSeesTheSettingsAndStatisticsLastSaved) {
-    machine.Play("Deuces Wild", 330);
-    engine.settings.bet = 3;
-    engine.statistics.handsPlayed.Add(7);
-    SaveGame(table, false);
-    LoadSpare(table, spare);
-    EXPECT_EQ(spare.settings.bet, 3);
-    EXPECT_EQ(spare.statistics.handsPlayed.total, 7);
-    EXPECT_EQ(spare.payTable, engine.payTable);
 }
 
 }  // namespace
