@@ -58,18 +58,16 @@ TEST_F(DoubleUpTest, AWonPickThatIsEnoughIsPaidAndTheHandComesBack) {
     StartDeciding(1);
     EXPECT_TRUE(engine.handInProgress);
     Pick("no");
-    EXPECT_EQ(
-        TakeSteps(),
-        "double up 10 to 20, double up button gone, line 7 plain, held 0 off, card 0 6C, "
-        "hold button 0 gone, held 1 off, card 1 back, held 2 off, card 2 back, held 3 off, card 3 "
-        "back, "
-        "held 4 off, card 4 back, held 1 on, card 1 QS, pause 1000, card 2 TS, pause 1, card 3 TD, "
-        "pause 1, card 4 6S, pause 1, double up 20 to 40, play cash, pause 4000, "
-        "ask Double Up Winner: You doubled up to 20. Double up again to 40?, "
-        "message 10 Bonus Credits, play applause, double up gone, line 7 won 10, held 0 on, card 0 "
-        "JS, "
-        "hold button 0 shown, card 1 JD, held 2 on, card 2 TC, held 3 on, card 3 TH, held 4 on, "
-        "card 4 2S, credits 115");
+    EXPECT_EQ(TakeSteps(),
+              "double up 10 to 20, double up button gone, line 7 plain, held 0 off, card 0 6C, "
+              "hold button 0 gone, held 1 off, card 1 back, held 2 off, card 2 back, held 3 off, "
+              "card 3 back, held 4 off, card 4 back, held 1 on, card 1 QS, pause 1000, "
+              "card 2 TS, pause 1, card 3 TD, pause 1, card 4 6S, pause 1, double up 20 to 40, "
+              "play cash, pause 4000, "
+              "ask Double Up Winner: You doubled up to 20. Double up again to 40?, "
+              "message 10 Bonus Credits, play applause, double up gone, line 7 won 10, "
+              "held 0 on, card 0 JS, hold button 0 shown, card 1 JD, held 2 on, card 2 TC, "
+              "held 3 on, card 3 TH, held 4 on, card 4 2S, credits 115");
     EXPECT_EQ(
         machine.Counted(),
         "CreditsPlayed 5, CreditsWon 10, HandsPlayed 1, HandsWon 1, DblUpCredits 10, DblUpTrys 1");

@@ -187,8 +187,7 @@ inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) 
 
 class TestTable {
   public:
-    explicit TestTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : machine(game, gameId) {
+    TestTable() {
         table.random.RandomInit(42);
         ShowAtRest(table);
         log.clear();
@@ -240,8 +239,7 @@ class TestTable {
 
 // Shows credits and takes no time.
 struct CreditTable : TestTable {
-    explicit CreditTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : TestTable(game, gameId) {
+    CreditTable() {
         engine.settings.showDollar = false;
         engine.settings.speed = Speed::kFast;
     }
@@ -249,8 +247,7 @@ struct CreditTable : TestTable {
 
 // Bets one coin of them and offers no double up.
 struct OneCoinTable : CreditTable {
-    explicit OneCoinTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : CreditTable(game, gameId) {
+    OneCoinTable() {
         engine.settings.doubleUp = false;
         engine.settings.bet = 1;
     }

@@ -7,7 +7,7 @@
 namespace {
 
 struct PickEmFlowTest : testing::Test, OneCoinTable {
-    PickEmFlowTest() : OneCoinTable("Pick Em Poker", 350) {}
+    PickEmFlowTest() { machine.Play("Pick Em Poker", 350); }
 
     // Forgets what was logged before.
     void Choose(Pile pile) {
@@ -24,12 +24,10 @@ TEST_F(PickEmFlowTest, TheHandIsLaidOutWithTwoPiles) {
     Deal(kKings);
     EXPECT_EQ(TakeSteps(),
               "credits 99, message GOOD LUCK!, card 0 none, card 1 none, card 2 none, "
-              "card 3 none, "
-              "card 4 none, pause 250, pile 3 1, pause 100, pile 4 1, pause 100, pile 3 2, pause "
-              "100, pile 4 2, "
-              "pause 100, card 0 KS, pause 100, card 1 KD, pause 100, pile top 3 KC, pause 100, "
-              "pile top 4 3C, "
-              "pause 100, line 6 won 5, beep, message HOLD/DRAW");
+              "card 3 none, card 4 none, pause 250, pile 3 1, pause 100, pile 4 1, pause 100, "
+              "pile 3 2, pause 100, pile 4 2, pause 100, card 0 KS, pause 100, card 1 KD, "
+              "pause 100, pile top 3 KC, pause 100, pile top 4 3C, pause 100, line 6 won 5, "
+              "beep, message HOLD/DRAW");
     DealDraw(table);
     EXPECT_EQ(TakeSteps(), "") << "the deal button does nothing until a pile is chosen";
 }
@@ -40,9 +38,9 @@ TEST_F(PickEmFlowTest, TheLeftPileIsPlayedAsItLies) {
     Deal(kKings);
     Choose(Pile::kLeft);
     EXPECT_TRUE(TakeSteps().starts_with(
-        "hold button 3 pressed, card 3 none, card 4 none, card 2 KC, pause 100, card 3 "
-        "back, "
-        "pause 100, card 4 back, pause 250, card 3 9H, pause 100, card 4 2S, message WON 5"));
+        "hold button 3 pressed, card 3 none, card 4 none, card 2 KC, pause 100, "
+        "card 3 back, pause 100, card 4 back, pause 250, card 3 9H, pause 100, card 4 2S, "
+        "message WON 5"));
     Choose(Pile::kLeft);
     EXPECT_EQ(TakeSteps(), "") << "the hand is over";
 }
