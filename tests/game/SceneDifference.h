@@ -22,9 +22,6 @@ class SceneDifference {
         for (std::size_t i = 0; i < now.places.size(); ++i)
             Place(i, before.places[i], now.places[i]);
         if (differs(&TableScene::firstDraw)) Add("first draw ", CardName(now.firstDraw));
-        for (std::size_t i = 0; i < now.targets.size(); ++i) {
-            if (before.targets[i] != now.targets[i]) Target(i, now.targets[i]);
-        }
         if (differs(&TableScene::bet)) Add("bet ", now.bet);
         if (differs(&TableScene::message)) Add("message ", now.message);
         if (differs(&TableScene::credits)) Add("credits ", now.credits);
@@ -56,12 +53,6 @@ class SceneDifference {
         }
         if (before.holdButton != now.holdButton) Add("hold button ", at, " ", Look(now.holdButton));
     }
-    void Target(std::size_t at, const TargetLook& look) {
-        const bool valueShown = look.face == TargetFace::kShot || look.face == TargetFace::kMissed;
-        Add("target ", at, Name(look.face, {" gone", " hidden", " shot ", " missed "}),
-            valueShown ? std::to_string(look.value) : "");
-    }
-
     template <class Value>
     static std::string Name(Value value, std::initializer_list<const char*> names) {
         return names.begin()[static_cast<std::size_t>(value)];
