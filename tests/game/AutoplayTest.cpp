@@ -5,8 +5,6 @@
 #include <cmath>
 
 #include "core/analysis/GameAnalysis.h"
-#include "core/text/Amount.h"
-#include "game/reports/StatisticsReport.h"
 #include "tests/game/TestMachine.h"
 
 namespace {
@@ -41,7 +39,6 @@ TEST_F(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
         const GameTotals exact = AnalyzeGame(LineTablesOf(engine), table, 1, {});
         const Statistics& counted = engine.statistics;
         EXPECT_EQ(counted.creditsPlayed.total, 5 * kHands);
-        EXPECT_EQ(counted.handsPlayed.total, kHands);
         EXPECT_LT(Deviations(counted.creditsWon.total / 5.0, hands * exact.payoutPercent / 100,
                              hands * exact.variance),
                   4)
@@ -71,15 +68,6 @@ TEST_F(AutoplayTest, DollarsAreEnteredExactlyWhenTheCreditsDoNotCoverTheBet) {
                   credits + entered - 5 + engine.statistics.creditsWon.total);
         EXPECT_EQ(engine.settings.creditsEntered, entered / 4) << "dollars";
     }
-}
-
-TEST_F(AutoplayTest, WhatIsEnteredIsNoGain) {
-    engine.settings.coin = 0.25;
-    PlayHands(engine, files, 20'000, {});
-    EXPECT_GT(engine.statistics.sessionDollarsIn, 300);
-    const double gain = engine.creditHistory.Stretches().back().last / 0.25;
-    EXPECT_NE(StatisticsCredits(engine).find("Net Gain:\t" + FormatCount(std::lround(gain)) + "\t"),
-              std::string::npos);
 }
 
 TEST_F(AutoplayTest, ARunEndsWhenItIsTold) {

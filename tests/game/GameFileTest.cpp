@@ -15,24 +15,17 @@ std::string Garbage(std::size_t size) {
     return bytes;
 }
 
-// Every key of a game file with the same value.
-std::string AllKeys(std::string_view value) {
-    std::string text = "[main]\n";
-    const auto add = [&](const std::string& key) { text += key + "=" + std::string(value) + "\n"; };
-    for (const char* key : {"Mode", "Coin", "Credits", "Bet", "GameID", "CreditsEntered",
-                            "DollarIn", "DoubleUp", "ShowDollar", "Sounds", "Speed"}) {
-        add(key);
-    }
-    text += "[ActiveTbl]\n";
-    add("Jacks or Better");
-    text += "[Jacks or Better(0)]\n";
-    for (const auto& [key, counter] : CounterKeys()) add(std::string(key));
-    for (const char* key : {"BestER", "ErrCost", "NextError", "ElapsedTime"}) add(key);
-    for (int i = 0; i < kMaxPayLines; ++i) add("PayLine" + std::to_string(i) + "Won");
-    for (int i = 0; i < 5; ++i) {
-        add("SetCard" + std::to_string(i));
-        add("SetDraw" + std::to_string(i));
-        add("Error" + std::to_string(i));
+// Every key of a saved game but its name, and of its log, with the same value.
+std::string AllKeys(const std::string& value) {
+    TestTable t;
+    SaveGame(t);
+    std::istringstream saved(t.machine.folder.Read("game.qdx") +
+                             "Error0=\n[ActiveTbl]\nJacks or Better=\n");
+    std::string text;
+    for (std::string line; std::getline(saved, line); text += line + "\n") {
+        const auto equals = line.find('=');
+        if (equals != std::string::npos && !line.starts_with("GameName"))
+            line.replace(equals + 1, std::string::npos, value);
     }
     return text;
 }

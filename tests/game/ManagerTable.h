@@ -61,8 +61,7 @@ class ManagerRecorder : public Answering, public PayTableQuestions {
 
 class ManagerTable : public TestTable {
   public:
-    explicit ManagerTable(const std::string& game = "Jacks or Better", int gameId = 300)
-        : TestTable(game, gameId) {
+    ManagerTable() {
         std::filesystem::copy_file(TOLVANE_DATA_FOLDER "/Tolvane.ini", paths.mainProfile);
         machine.folder.Write("Game Analyses.ini", "[x]\n");
         machine.files.mainPath = paths.mainProfile;

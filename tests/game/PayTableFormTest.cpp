@@ -34,7 +34,6 @@ PayTableTexts ValidWild() {
     return table;
 }
 
-using Texts = PayTableTexts;
 using enum FormField;
 
 // The line of the stored texts that begins so; empty for an empty beginning.
@@ -44,13 +43,13 @@ std::string TextThatBegins(const std::string& begin) {
     return begin.empty() ? "" : texts.substr(at, texts.find('\n', at) - at);
 }
 
-void ExpectProblem(const Texts& table, const char* begin, FieldPlace where) {
+void ExpectProblem(const PayTableTexts& table, const char* begin, FieldPlace where) {
     const auto problem = FindProblem(table);
     EXPECT_EQ(problem ? problem->text : "", TextThatBegins(begin));
     EXPECT_EQ(problem ? problem->where : FieldPlace(), where);
 }
 
-std::string& TextIn(Texts& table, FieldPlace place) {
+std::string& TextIn(PayTableTexts& table, FieldPlace place) {
     PayLineTexts& line = table.lines[static_cast<std::size_t>(place.line)];
     const std::map<FormField, std::string*> boxes = {
         {kJokers, &table.jokers},          {kWildRanks, &table.wildRanks},
@@ -115,8 +114,6 @@ TEST(PayTableFormTest, LinesAskForWhatTheirRankNeeds) {
         table.lines[1].bonusQuads = " ";
         ExpectProblem(table, "Bonus quad", {kBonusQuads, 1});
     }
-    table.lines[1] = Line(kFourOfAKind);
-    ExpectProblem(table, "", {});
     table.lines[1] = Line(kOnePair);
     ExpectProblem(table, "Minimum pair", {kMinPair});
 }
@@ -138,10 +135,9 @@ TEST(PayTableFormTest, WildLinesAskForWildCards) {
     for (const HandRank rank : {kFiveOfAKind, kWildRoyalFlush, kFiveWilds, kFourWilds}) {
         PayTableTexts table = ValidWild();
         table.lines[1] = Line(rank);
-        EXPECT_FALSE(FindProblem(table));
         CheckWilds(table, false);
         ExpectProblem(table, "A hand rank", {kRank, 1});
-        CheckType(table, GameType::kOneEyedJacks, true);
+        table.type = GameType::kOneEyedJacks;
         EXPECT_FALSE(FindProblem(table)) << "two jacks are wild";
     }
 }
@@ -181,8 +177,6 @@ TEST(PayTableFormTest, TypesDecideAboutWildCards) {
         EXPECT_EQ(table.type, type);
         EXPECT_EQ(table.wildRanks + table.jokers, "") << "no joker is dealt that nobody sees";
         EXPECT_FALSE(table.usesWilds || table.lines[14].wildsOK);
-        CheckType(table, type, false);
-        EXPECT_EQ(table.type, GameType::kStandard);
     }
     PayTableTexts table = Valid();
     CheckType(table, GameType::kOneEyedJacks, true);
@@ -218,7 +212,6 @@ TEST(PayTableFormTest, TypedTextsBecomeTheTableThatIsLoaded) {
     texts.type = GameType::kFiveAces;
     texts.jokers = " 5 ";
     texts.wildRanks = "a, 2, 14, k";
-    texts.lines[1].payout = "4,000";
     texts.lines[1].maxPayout = "+20,000";
     texts.lines[1].bonusQuads = "A;k 9";
     texts.lines[1].kickers = "2,x";

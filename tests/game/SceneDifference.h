@@ -1,10 +1,9 @@
-// What has changed between two scenes, a line for each part of the table.
+// What has changed between two scenes, a line for each part of the table that a hand moves.
 #pragma once
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "core/text/Numbers.h"
 #include "game/table/TableScene.h"
 #include "tests/core/TestGames.h"
 
@@ -20,26 +19,9 @@ class SceneDifference {
         for (std::size_t i = 0; i < now.lines.size(); ++i) {
             if (before.lines[i] != now.lines[i]) Line(i, now.lines[i]);
         }
-        if (differs(&TableScene::charlie)) Add("charlie", Shown(now.charlie));
         for (std::size_t i = 0; i < now.places.size(); ++i)
             Place(i, before.places[i], now.places[i]);
         if (differs(&TableScene::firstDraw)) Add("first draw ", CardName(now.firstDraw));
-        if (differs(&TableScene::featureLabel)) Add("label ", now.featureLabel);
-        if (before.spin.button != now.spin.button) {
-            Add("spin ", Name(now.spin.button, {"hidden", "ready", "lit"}));
-        }
-        if (before.spin.value != now.spin.value) Add("spin value ", now.spin.value);
-        for (std::size_t i = 0; i < now.targets.size(); ++i) {
-            if (before.targets[i] != now.targets[i]) Target(i, now.targets[i]);
-        }
-        if (before.redBlack.shown != now.redBlack.shown) {
-            Add("red or black", Shown(now.redBlack.shown));
-        }
-        if (before.redBlack.lit != now.redBlack.lit) Add("panel ", Colour(now.redBlack.lit));
-        if (before.redBlack.choice != now.redBlack.choice) {
-            Add("choice ", Colour(now.redBlack.choice));
-        }
-        if (differs(&TableScene::coin)) Add("coin ", FormatDouble("%.2f", now.coin));
         if (differs(&TableScene::bet)) Add("bet ", now.bet);
         if (differs(&TableScene::message)) Add("message ", now.message);
         if (differs(&TableScene::credits)) Add("credits ", now.credits);
@@ -66,25 +48,16 @@ class SceneDifference {
     void Place(std::size_t at, const PlaceLook& before, const PlaceLook& now) {
         if (before.held != now.held) Add("held ", at, now.held ? " on" : " off");
         if (before.pileDepth < now.pileDepth) Add("pile ", at, " ", now.pileDepth);
-        if (before.card != now.card || before.pileTop != now.pileTop || before.label != now.label) {
-            Add(now.pileTop ? "pile top " : "card ", at, " ", CardName(now.card),
-                now.label.empty() ? "" : " ", now.label);
+        if (before.card != now.card || before.pileTop != now.pileTop) {
+            Add(now.pileTop ? "pile top " : "card ", at, " ", CardName(now.card));
         }
         if (before.holdButton != now.holdButton) Add("hold button ", at, " ", Look(now.holdButton));
     }
-    void Target(std::size_t at, const TargetLook& look) {
-        const bool valueShown = look.face == TargetFace::kShot || look.face == TargetFace::kMissed;
-        Add("target ", at, Name(look.face, {" gone", " hidden", " shot ", " missed "}),
-            valueShown ? std::to_string(look.value) : "");
-    }
-
     template <class Value>
     static std::string Name(Value value, std::initializer_list<const char*> names) {
         return names.begin()[static_cast<std::size_t>(value)];
     }
-    static std::string Shown(bool shown) { return shown ? " shown" : " gone"; }
     static std::string Look(ButtonLook look) { return Name(look, {"gone", "shown", "pressed"}); }
-    static std::string Colour(CardColour colour) { return Name(colour, {"none", "red", "black"}); }
     std::string CardName(CardCode card) const {
         if (card == kCardBack) return "back";
         return card == kNoCard ? "none" : CardText(deck, card);
