@@ -109,12 +109,13 @@ TEST_F(AnalyzeGameTest, ARunThatIsCancelledInTimeLeavesNothing) {
 }
 
 TEST_F(AnalyzeGameTest, ACancelledRunEndsSoonWithWholeFilesOfItsHands) {
-    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
+    ports.analysisFiles = AnalysisFilesChoice{.summary = false, .detail = true};
     ports.progressSteps = 1;
     Command(1);
     const std::string detail = machine.folder.Read("Jacks or Better(0) Detail.txt");
     EXPECT_EQ(std::ranges::count(detail, '\n'), 128 + 1) << "two looks at the player";
     EXPECT_EQ(detail.back(), '\n');
+    EXPECT_EQ(machine.folder.FileCount(), 3) << "with the cache and the game file";
     EXPECT_EQ(Cached("Jacks or Better(0)", "Cost"), "12,994,800.0000");
 }
 

@@ -98,12 +98,13 @@ TEST_F(BonusFeaturesTest, ThreeShotsPayWhatTheyHit) {
     for (const int target : {0, 0, 7, 1}) Shoot(table, target);
     EXPECT_EQ(std::ranges::count(log, "play arrow"), 2);
     EXPECT_EQ(table.scene.targets[1], (TargetLook{TargetFace::kShot, 100}));
-    TargetLook missed;
+    std::array<TargetLook, kTargets> end;
     ports.looks = [&](const TableScene& before, const TableScene&) {
-        if (before.targets[4].face == TargetFace::kMissed) missed = before.targets[4];
+        if (before.targets[4].face == TargetFace::kMissed) end = before.targets;
     };
     Shoot(table, 2);
-    EXPECT_EQ(missed, (TargetLook{TargetFace::kMissed, 50}));
+    EXPECT_EQ(end[2], (TargetLook{TargetFace::kShot, 10}));
+    EXPECT_EQ(end[4], (TargetLook{TargetFace::kMissed, 50}));
     EXPECT_EQ(table.scene.message, "115 Bonus Credits");
     EXPECT_EQ(table.scene.credits, "210");
     EXPECT_EQ(table.scene, SceneOf(table));

@@ -186,7 +186,8 @@ inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) 
 
 class TestTable {
   public:
-    TestTable() {
+    explicit TestTable(const std::string& game = "Jacks or Better", int gameId = 300)
+        : machine(game, gameId) {
         table.random.RandomInit(42);
         ShowAtRest(table);
         log.clear();

@@ -20,12 +20,12 @@ inline std::string TestData(const std::string& name) {
 
 class TestMachine {
   public:
-    TestMachine()
+    explicit TestMachine(const std::string& game = "Jacks or Better", int gameId = 300)
         : files{file, TOLVANE_DATA_FOLDER "/Tolvane.ini", folder.Write("game.qdx", "[main]\n")} {
         engine.deck.clock = [] { return std::int64_t{1'790'000'000}; };
         engine.settings.credits = 100;
         file.Hold(files.gamePath);
-        Play("Jacks or Better", 300);
+        Play(game, gameId);
     }
 
     void Play(const std::string& game, int gameId) {
