@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 
 #include "tests/game/ManagerTable.h"
 #include "tests/ui/DialogRobot.h"
@@ -129,6 +130,10 @@ TEST(PayTableManagerTest, ARefusalPutsTheCursorWhereItBelongs) {
     DialogRobot robot{
         Enter("description8", " "),
         Press(Qt::Key_Backspace),
+        [](QDialog& dialog) {
+            dialog.resize(dialog.minimumSizeHint());
+            PartOf<QScrollArea>(dialog, "lines").ensureVisible(0, 0);
+        },
         ClickOn("makeActive"),
         Note(told),
         [](QDialog& dialog) {

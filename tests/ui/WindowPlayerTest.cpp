@@ -111,21 +111,12 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 
-TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
+TEST_F(WindowPlayerTest, APlayErrorIsHeardAndTheHandAnalysedOverIt) {
     int beeps = 0;
     int analyses = 0;
     player.beep = [&] { ++beeps; };
     player.showAnalysis = [&](QWidget& over) { analyses += over.objectName() == "bestPlayError"; };
-    const auto accept = [](const char* caption) {
-        return [=](QDialog& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), caption);
-            QTest::keyClick(&dialog, Qt::Key_Return);
-        };
-    };
-    DialogRobot robot{accept("Assign Fixed Hand"), accept("Game Play Analysis"),
-                      ClickOn("analysis"), ClickOn("yes")};
-    EXPECT_TRUE(player.AskFixedHand(machine.engine) && machine.engine.fixedHand);
-    player.ShowStatistics(machine.engine);
+    DialogRobot robot{ClickOn("analysis"), ClickOn("yes")};
     EXPECT_TRUE(player.GoesOnAfterError("Continue?"));
     EXPECT_TRUE(beeps == 1 && analyses == 1);
 }
