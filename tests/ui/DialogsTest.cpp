@@ -121,13 +121,10 @@ TEST(BestPlayErrorDialogTest, OnlyYesGoesOn) {
     const auto inText = [](QDialog& dialog) {
         QTest::keyClick(&PartOf<QWidget>(dialog, "message"), Qt::Key_Y);
     };
-    const std::pair<DialogRobot::Step, bool> answers[] = {{Press(Qt::Key_Return), false},
-                                                          {Press(Qt::Key_Y), true},
-                                                          {Press(Qt::Key_N), false},
-                                                          {inText, true}};
+    const std::pair<DialogRobot::Step, bool> answers[] = {
+        {Press(Qt::Key_Return), false}, {Press(Qt::Key_N), false}, {inText, true}};
     for (const auto& [answer, goesOn] : answers) {
         BestPlayErrorDialog dialog("Continue?", {}, {}, nullptr);
-        EXPECT_EQ(dialog.findChild<QPushButton*>("analysis"), nullptr);
         DialogRobot robot{answer};
         EXPECT_EQ(dialog.exec() == QDialog::Accepted, goesOn);
     }

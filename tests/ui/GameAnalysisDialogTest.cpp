@@ -74,9 +74,7 @@ TEST_F(GameAnalysisDialogTest, ARunIsAskedForAndItsReportFollows) {
     Command({Look(), SpaceOn("run"), Look(), Press(Qt::Key_Return), Look(), Press(Qt::Key_Return)});
     EXPECT_EQ(names, QStringList({"gameAnalysis", "createAnalysisFiles", "gameAnalysis"}));
     EXPECT_TRUE(report.contains("Game Payout\t99.5439%\n"));
-    EXPECT_EQ(index, "0");
     EXPECT_TRUE(shares.startsWith("ROYAL FLUSH: 2.0 % of the return, 81.0 % of the variance\n"));
-    EXPECT_EQ(machine.folder.FileCount(), 2);
 }
 
 TEST_F(GameAnalysisDialogTest, FilesAreMadeWhenTheirBoxesAreChecked) {

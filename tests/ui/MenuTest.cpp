@@ -216,13 +216,4 @@ TEST_F(MenuTest, FileCommandsTakeTheFileThatIsTyped) {
     EXPECT_EQ(p.Title(), "Deuces Wild (new.qdx) - Tolvane");
 }
 
-TEST_F(MenuTest, AutoplayPlaysAsManyHandsAsAreEnteredApartFromTheMachine) {
-    TestProgram& p = Start();
-    std::string told;
-    Answer({Type("25"), Press(Qt::Key_Return), Note(told)}, [&] { p.Choose(kAutoplay); });
-    EXPECT_EQ(told, "Game Play Analysis");
-    EXPECT_EQ(p.spare.statistics.handsPlayed.session, 25);
-    EXPECT_EQ(p.engine.statistics.handsPlayed.total, 0);
-}
-
 }  // namespace

@@ -18,9 +18,9 @@ void KeepWarning(QtMsgType, const QMessageLogContext&, const QString& text) { wa
 
 // What the table and the dialogs can ask for, through the functions and by name.
 std::set<Picture> AllPictures() {
-    std::set<Picture> all{Picture::kFelt,    Picture::kEmptyPicture, Picture::kJokerPicture,
-                          Picture::kIcon,    Picture::kSmallIcon,    Picture::kTarget,
-                          Picture::kCharlie, Picture::kWheel};
+    using enum Picture;
+    std::set<Picture> all{kFelt,      kEmptyPicture, kJokerPicture, kIcon,
+                          kSmallIcon, kTarget,       kCharlie,      kWheel};
     for (const auto size : {SizeClass::kSmall, SizeClass::kMedium, SizeClass::kLarge}) {
         all.insert({FaceOfCard(size), AlternateFace(size), JokerFace(size), CardBack(size),
                     CardStack(size), SpinWindow(size)});

