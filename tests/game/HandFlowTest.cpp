@@ -92,9 +92,13 @@ TEST_F(HandFlowTest, AStoppedCountLeavesTheMetersComplete) {
 TEST_F(HandFlowTest, ACharlieDrawnIsPaidFiveTimesWithItsPicture) {
     machine.Play("5 Card Charlie", 353);
     Deal("2S 2D 3C 3H KS AC");
+    bool pictured = false;  // while its line flashes
+    ports.looks = [&](const TableScene&, const TableScene& now) {
+        if (now.lines[7].mark == LineMark::kWonCellDark) pictured = now.charlie;
+    };
     Draw(0b11110);
     EXPECT_NE(TakeSteps().find("line 7 won 5, beep exclamation"), std::string::npos);
-    EXPECT_TRUE(table.scene.charlie);
+    EXPECT_TRUE(pictured);
     EXPECT_EQ(engine.settings.credits, 104);
     Deal("2C 4D 5H 8S KC");
     EXPECT_FALSE(table.scene.charlie);
