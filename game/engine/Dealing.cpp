@@ -170,7 +170,7 @@ void PrepareSecondDraw(GameEngine& engine) {
         card = engine.deck.DrawRandomCard(seen);
         seen.push_back(card);
     }
-    engine.readyToDeal = engine.handOver = false;
+    engine.readyToDeal = engine.handOver = engine.handWins = false;
     if (!engine.fixedHand) CountFinalHand(engine, engine.finalLine, engine.win, -1);
     engine.win = 0;
 }

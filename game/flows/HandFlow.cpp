@@ -88,7 +88,7 @@ void PlayOrdinaryHand(GameTable& table) {
         return;
     }
     table.bonusShown = false;
-    if (!DrawToTheEnd(table)) return;
+    if (!DrawToTheEnd(table)) return ShowAtRest(table);
     if (table.engine.handWins) {
         OfferDoubleUp(table);
         ShowWin(table);

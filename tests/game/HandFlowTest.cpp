@@ -92,16 +92,17 @@ TEST_F(HandFlowTest, AStoppedCountLeavesTheMetersComplete) {
 TEST_F(HandFlowTest, ACharlieDrawnIsPaidFiveTimesWithItsPicture) {
     machine.Play("5 Card Charlie", 353);
     Deal("2S 2D 3C 3H KS AC");
-    bool pictured = false;  // while its line flashes
+    bool pictured = false;  // while its line flashes, and when the next hand begins
     ports.looks = [&](const TableScene&, const TableScene& now) {
         if (now.lines[7].mark == LineMark::kWonCellDark) pictured = now.charlie;
+        if (now.message == "GOOD LUCK!") pictured = now.charlie;
     };
     Draw(0b11110);
     EXPECT_NE(TakeSteps().find("line 7 won 5, beep exclamation"), std::string::npos);
     EXPECT_TRUE(pictured);
     EXPECT_EQ(engine.settings.credits, 104);
     Deal("2C 4D 5H 8S KC");
-    EXPECT_FALSE(table.scene.charlie);
+    EXPECT_FALSE(pictured) << "from the bet on";
 }
 
 TEST_F(HandFlowTest, AnErrorThatThePlayerBacksOutOfLeavesTheHandAndIsLoggedOnce) {
@@ -142,6 +143,20 @@ TEST_F(DoubleDrawTest, ASecondDrawTakesTheFirstOnesWinBack) {
     EXPECT_NE(steps.find("line 10 won 1\nmessage WON 1\n", steps.find("ask")), std::string::npos);
     EXPECT_EQ(engine.settings.credits, 99 + engine.win);
     EXPECT_EQ(machine.Counted(), "CreditsPlayed 1, CreditsWon 1, HandsPlayed 1, HandsWon 1");
+}
+
+TEST_F(DoubleDrawTest, AfterABackedOutSecondDrawNoLineIsMarked) {
+    Draw(kStandPat);
+    engine.settings.mode = PlayMode::kWarning;
+    Deal("AS AH TC 9H 2S AC AD 5D 6D");
+    answers = {"yes", "yes", "no"};  // an error; a second draw; the error again
+    Draw(0b10000);
+    EXPECT_TRUE(answers.empty()) << TakeLog();
+    EXPECT_FALSE(engine.handOver);
+    EXPECT_TRUE(std::ranges::all_of(table.scene.lines, [](const LineLook& line) {
+        return line == LineLook{};
+    })) << "the first draw's win is taken back";
+    EXPECT_EQ(table.scene.message, "GOOD LUCK!");
 }
 
 TEST_F(DoubleDrawTest, AFirstDrawStandsWhenThePlayerWantsIt) {
