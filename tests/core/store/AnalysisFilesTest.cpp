@@ -13,17 +13,6 @@ namespace {
 
 constexpr const char* kSection = "Jacks or Better(0)";
 
-PayTable DescribedJacksOrBetter() {
-    PayTable table = JacksOrBetter();
-    auto line = table.lines.begin();
-    for (const char* description :
-         {"ROYAL FLUSH", "STRAIGHT FLUSH", "4 OF A KIND", "FULL HOUSE", "FLUSH", "STRAIGHT",
-          "3 OF A KIND", "TWO PAIR", "JACKS OR BETTER"}) {
-        (line++)->description = description;
-    }
-    return table;
-}
-
 std::vector<AnalysisEntry> EntriesOf(const PayTable& table, double coin) {
     return AnalysisEntries(AnalyzeGame(LineTables(table), table, coin, {}), table, coin);
 }
@@ -92,12 +81,12 @@ TEST(AnalysisFilesTest, SummaryAndCacheSectionAreTheGoldenOnes) {
     const std::string others = "[Deuces Wild(0)]\nER=1.0000\n\n";
     const std::string path = folder.Write("cache.ini", others);
     ProfileFile file;
-    const auto quarter = EntriesOf(DescribedJacksOrBetter(), 0.25);
+    const auto quarter = EntriesOf(JacksOrBetter(), 0.25);
     EXPECT_EQ(ValueOf(quarter, "Coin"), "0.25");
     EXPECT_EQ(ValueOf(quarter, "Cost"), "3,248,700.0000");  // a quarter of 12,994,800
     EXPECT_EQ(ValueOf(quarter, "Payout%"), "99.5439");
     WriteToCache(quarter, kSection, path, file);
-    const auto entries = EntriesOf(DescribedJacksOrBetter(), 1);
+    const auto entries = EntriesOf(JacksOrBetter(), 1);
     EXPECT_EQ(SummaryText(entries), Golden("jacks-or-better-summary.txt"));
     WriteToCache(entries, kSection, path, file);
     ASSERT_TRUE(file.Flush());
@@ -106,14 +95,14 @@ TEST(AnalysisFilesTest, SummaryAndCacheSectionAreTheGoldenOnes) {
 }
 
 TEST(AnalysisFilesTest, ARunWithoutAnyHandHasAllEntriesAndNoOdds) {
-    const auto entries = AnalysisEntries({}, DescribedJacksOrBetter(), 0.05);
+    const auto entries = AnalysisEntries({}, JacksOrBetter(), 0.05);
     EXPECT_EQ(ValueOf(entries, "Final"), "0;0;0;0;0;0;0;0");
     EXPECT_EQ(ValueOf(entries, "Payline8"), "1;0;0;0;0;0;0;0;0;1:0.00;0.00;0.0000");
 }
 
 TEST(AnalysisFilesTest, DetailHeadingsNameTheLinesFromTheLastOn) {
     const TemporaryFolder folder;
-    PayTable table = DescribedJacksOrBetter();
+    PayTable table = JacksOrBetter();
     table.lines.resize(3);
     table.lines[1].description = "\x01\xFF\"4 ACE$\"";
     EXPECT_TRUE(DetailFile(folder.Path("detail.txt"), table).Close());
