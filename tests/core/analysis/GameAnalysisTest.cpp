@@ -22,17 +22,6 @@ GameTotals Analyze(const PayTable& table, double coin = 1,
     return AnalyzeGame(LineTables(table), table, coin, watcher);
 }
 
-// The suit patterns were counted by hand: so many sets of ranks, times the patterns of each.
-TEST(GameAnalysisTest, TheWeightsOfTheSuitPatternsAreAllTheHandsThereAre) {
-    for (const auto& [table, hands, patterns] :
-         {std::tuple(JokerPoker(5), 4187106, 158328), std::tuple(FiveAces(), 2869685, 151527),
-          std::tuple(PickEm(), 1624350, 123864)}) {
-        const GameTotals totals = Analyze(table);
-        EXPECT_EQ(totals.initHandsTotal, hands) << table.gameId;
-        EXPECT_EQ(totals.representatives, patterns) << table.gameId;
-    }
-}
-
 // The ways to deal so many cards: of four, two in the hand and one on top of each pile.
 std::vector<KnownCards> DealsOf(const CardTable& deck, const std::vector<CardCode>& cards) {
     const auto at = [&](std::size_t i) { return FaceOf(deck, cards[i]); };

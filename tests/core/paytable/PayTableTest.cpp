@@ -81,11 +81,6 @@ TEST_F(PayTableTest, ValuesOutOfRangeAreTakenAsTheNearestSense) {
     EXPECT_EQ(table.lines[14].rank, HandRank::kRoyalFlush) << "the default of a missing key";
 }
 
-TEST_F(PayTableTest, TheDeckOfFiveAcesHasNoJokers) {
-    const PayTable table = Loaded("Type=2\nJokers=3\n");
-    EXPECT_EQ(table.deckSize, 53);
-}
-
 TEST_F(PayTableTest, FiveCoinsArePaidTheMaximumAndNoOtherBetIs) {
     const PayTable table =
         Loaded("PayLines=2\nMaxBet=10\nPayout0=250\nMaxPayout0=4000\nPayout1=25\nMaxPayout1=25\n");

@@ -288,6 +288,8 @@ TEST_F(ProfileFileTest, AHeldFileIsReadAsItWasWhenItWasHeld) {
     EXPECT_EQ(file.StandingOf(folder.Path("none.ini")), ProfileFile::Standing::kNotRead);
     EXPECT_FALSE(file.Flush());
     EXPECT_EQ(folder.Read("none.ini"), "[s]\nk=6\n\n");
+    EXPECT_TRUE(file.Hold(b));
+    EXPECT_TRUE(file.Flush()) << "nothing of it is left";
 }
 
 TEST_F(ProfileFileTest, AFileIsMadeAtOnceOrNotAtAll) {

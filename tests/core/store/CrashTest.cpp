@@ -92,18 +92,16 @@ constexpr const char* kDefault = "data/Default.qdx";
 constexpr const char* kOther = "data/Other.qdx";
 constexpr const char* kCache = "data/Game Analyses.ini";
 
-std::string Shipped(std::initializer_list<std::string> games, const std::string& named = "") {
+// A shipped table under a name.
+std::string TableText(const std::string& shipped, const std::string& name) {
     ProfileFile file;
-    std::string text;
-    for (const std::string& game : games) {
-        const auto section = file.GetSectionText(game, TOLVANE_DATA_FOLDER "/Tolvane.ini");
-        text += "[" + (named.empty() ? game : named) + "]\n" + section.value_or("");
-    }
-    return text;
+    return "[" + name + "]\n" + *file.GetSectionText(shipped, TOLVANE_DATA_FOLDER "/Tolvane.ini");
 }
 
 std::string NewMain() {
-    return "[main]\nVer=114\n\n" + Shipped({"Jacks or Better(0)", "Deuces Wild(0)"});
+    std::string text = "[main]\nVer=114\n\n";
+    for (const auto* name : {"Jacks or Better(0)", "Deuces Wild(0)"}) text += TableText(name, name);
+    return text;
 }
 
 FileMap NewFiles(const std::string& folder) {
@@ -142,14 +140,11 @@ FileMap Played() {
 // The player has a game of two tables, and both are analysed.
 FileMap WithOwnGame() {
     FileMap files = Played();
-    const std::string lines = Shipped({"Jacks or Better(0)"}).substr(20);
-    const auto table = [&](int index, int next, int previous) {
-        const std::string links =
-            "NextIndex=" + std::to_string(next) + "\nPrevIndex=" + std::to_string(previous) + "\n";
-        return "[Mine(" + std::to_string(index) + ")]\n" + links +
-               lines.substr(lines.find("Type="));
-    };
-    files[kMain] += "[User Games]\n1=9001,Mine\n\n" + table(0, 1, -1) + table(1, -1, 0);
+    std::string first = TableText("Jacks or Better(0)", "Mine(0)");
+    std::string second = TableText("Jacks or Better(0)", "Mine(1)");
+    first.replace(first.find("Index=-1") + 6, 2, "1");
+    second.replace(second.find("PrevIndex=-1") + 10, 2, "0");
+    files[kMain] += "[User Games]\n1=9001,Mine\n\n" + first + second;
     files[kOther] = SavedGame();
     files[kCache] = "[Mine(0)]\nER=99.54\n\n[Mine(1)]\nER=98.00\n\n";
     return files;
@@ -323,6 +318,7 @@ class CrashTest : public testing::TestWithParam<Scenario> {
     void StartAgain() const {
         const Program program(folder, scenario.installed);
         EXPECT_EQ(testing::PrintToString(program.problems), "{}");
+        EXPECT_EQ(program.lock->GetState(), LockFile::State::kHeld) << "it ends with who held it";
         if (scenario.holds) scenario.holds(program);
     }
 
