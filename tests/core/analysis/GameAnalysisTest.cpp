@@ -79,28 +79,6 @@ double SumOverOrders(const LineTables& tables, const PayTable& table, const Hand
     return sum;
 }
 
-double SumOverFourAces(const PayTable& table) {
-    const LineTables tables(table);
-    const CardTable deck = BuildCardTable(DeckOf(table));
-    double sum = 0;
-    for (CardCode card = 0; card < deck.deckSize; ++card) {
-        const CardFace fifth = FaceOf(deck, card);
-        if (fifth.rank == 1 && fifth.suit <= kDiamonds) continue;
-        sum += SumOverOrders(tables, table, {{{1, 1}, {1, 2}, {1, 3}, {1, 4}, fifth}});
-    }
-    return sum;
-}
-
-// Where the line stands in a table of another type, standing pat on two of the 120 orders makes it.
-TEST(GameAnalysisTest, FourAcesInOrderPayForTheirOrdersOnlyInAnyGame) {
-    for (const PayTable& without : {JacksOrBetter(), JokerPoker(1), FiveAces(), OneEyedJacks()}) {
-        const PayTable with = WithLine(without, Natural(kFourAcesInOrder, 4000));
-        const double worth = (SumOverFourAces(with) - SumOverFourAces(without)) / 120;
-        EXPECT_GT(worth, 48 * 2 / 120.0 * 3000) << without.gameId;
-        EXPECT_NEAR(Analyze(with).er - Analyze(without).er, worth, 1e-6) << without.gameId;
-    }
-}
-
 using SortedFaces = std::vector<std::pair<int, int>>;
 
 // The cards of a hand under the renaming of suits that puts them lowest.
@@ -125,7 +103,10 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
     plain.type = GameType::kAcesBonus;
     plain = WithLine(plain, Natural(kFourAcesInOrder, 800), 1);
     std::mt19937 random(5);
-    for (const PayTable& table : {plain, AcesBonus()}) {
+    // In a table of another type, standing pat on two of the 120 orders makes the line.
+    for (const PayTable& table :
+         {plain, AcesBonus(), WithLine(JacksOrBetter(), Natural(kFourAcesInOrder, 4000)),
+          WithLine(JokerPoker(1), Natural(kFourAcesInOrder, 4000))}) {
         std::map<SortedFaces, std::pair<double, double>> classes;  // weight x return, weight
         GameAnalysisWatcher watcher;
         watcher.hand = [&classes](const PlayedHand& hand) {
@@ -133,18 +114,16 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
             worth += hand.weight * hand.best.expectedReturn;
             weight += hand.weight;
         };
-        const GameTotals totals = Analyze(table, 1, watcher);
-        EXPECT_NEAR(totals.initHandsTotal, 12994800, 1e-3);
+        Analyze(table, 1, watcher);
         const LineTables tables(table);
-        for (int i = 0; i < (kSlow ? 200 : 6000); ++i) {
-            // Every second hand has at least one ace, every fourth two.
+        for (int i = 0; i < (kSlow ? 200 : 3000); ++i) {
+            // Of every five hands, one has at least four aces, one three, and so on.
             std::array<int, 52> deck;
             std::iota(deck.begin(), deck.end(), 0);
             std::shuffle(deck.begin(), deck.end(), random);
-            std::stable_partition(deck.begin(), deck.end(),
-                                  [&, left = i % 2 + (i % 4 == 3 ? 1 : 0)](int card) mutable {
-                                      return card % 13 == 0 && left-- > 0;
-                                  });
+            std::stable_partition(deck.begin(), deck.end(), [left = i % 5](int card) mutable {
+                return card % 13 == 0 && left-- > 0;
+            });
             Hand hand;
             for (std::size_t at = 0; at < kHandSize; ++at)
                 hand[at] = {deck[at] % 13 + 1, deck[at] / 13 + 1};

@@ -120,6 +120,15 @@ TEST(HandEvaluatorTest, ATwentyOneIsACharlie) {
               "CHARLIE 2");
 }
 
+TEST(HandEvaluatorTest, HeldCardsAloneLeaveTheirWildCardsOut) {
+    const PayTable table = DeucesWild();
+    EvaluatedHand evaluated = WithWildFlags(DealtHand(table, "2S AH AC KD 9S"), table);
+    ComputePartialFeatures(evaluated, table, 0b11100, true);
+    EXPECT_EQ(evaluated.features.wilds, 1);
+    EXPECT_EQ(evaluated.features.pairs, 1);
+    EXPECT_EQ(evaluated.sortedRanks, (SortedRanks{-1, -1, -1, 1, 1}));
+}
+
 TEST(HandEvaluatorTest, APickEmDealSeesTheOtherPileAsOnePair) {
     const PayTable table = PickEm();
     EvaluatedHand evaluated;

@@ -299,7 +299,7 @@ TEST_F(ProfileFileTest, AFileIsMadeAtOnceOrNotAtAll) {
     };
     Set("s", "k", "2");
     {
-        const FullDisk disk(9);
+        const FullDisk disk(8);
         EXPECT_FALSE(make(path));
         EXPECT_FALSE(make(folder.Path("new.ini")));
         EXPECT_FALSE(make(folder.Path("missing/new.ini")));

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
@@ -25,10 +26,7 @@ std::string ValueOf(const std::vector<AnalysisEntry>& entries, std::string_view 
 }
 
 std::string Golden(const std::string& name) {
-    const std::ifstream file(std::string(TOLVANE_TEST_DATA) + "/" + name, std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
+    return ReadWholeFile(std::string(TOLVANE_TEST_DATA) + "/" + name).value_or("(missing)");
 }
 
 std::vector<std::string> Split(const std::string& text, char end) {
@@ -121,15 +119,12 @@ TEST(AnalysisFilesTest, DetailLinesShowCardsHoldAndCounts) {
                                   "QC 2D JS KH W;Q__K_;3;1.25;12;17296;9000;8;7;6;5;4;3;2;1;0"}));
     EXPECT_EQ(Detailed(FiveAces(), {HandOf(FiveAces(), "A$ AS AH AC 5D")}).at(0),
               "A$ AS AH AC 5D;A__A_;3;1.25;12;17296;9000;9;8;7;6;5;4;3;2;1;0");
-}
 
-TEST(AnalysisFilesTest, PickEmHandsHaveAnEmptyPlace) {
-    PayTable table = PickEm();
-    table.lines.resize(1);
-    PlayedHand hand = HandOf(JacksOrBetter(), "AS 9H 2S TC KD");
-    hand.cards[2] = {};
-    hand.best.mask = 0b11111;
-    EXPECT_EQ(Detailed(table, {hand}).at(0), "AS 9H __ TC KD;A9_TK;3;1.25;12;17296;9000;0");
+    PlayedHand pickEm = HandOf(JacksOrBetter(), "AS 9H 2S TC KD");
+    pickEm.cards[2] = {};
+    pickEm.best.mask = 0b11111;
+    EXPECT_EQ(Detailed(PickEm(), {pickEm}).at(0),
+              "AS 9H __ TC KD;A9_TK;3;1.25;12;17296;9000;8;7;6;5;4;3;2;1;0");
 }
 
 TEST(AnalysisFilesTest, ReturnsAreWrittenAsAStreamWritesThemAndWeightsWithoutTrailingZeros) {
