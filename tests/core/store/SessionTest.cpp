@@ -87,8 +87,7 @@ TEST_F(SessionTest, ASaveWritesEverySettingInOrderAndAMissingFileGivesTheDefault
             .starts_with(
                 "[main]\nMode=1\nCoin=1.00\nCredits=0\nBet=5\nGameID=300\nGameName=Jacks or "
                 "Better\n"
-                "CreditsEntered=0\nDollarIn=100\nDoubleUp=1\nShowDollar=1\nSounds=1\nSpeed=2\n\n"
-                "[ActiveTbl]\nDeuces Wild=2\nJacks or Better=0\n"));
+                "CreditsEntered=0\nDollarIn=100\nDoubleUp=1\nShowDollar=1\nSounds=1\nSpeed=2\n\n"));
 }
 
 TEST_F(SessionTest, ASaveLeavesTheRestOfTheFileAsItWas) {
