@@ -33,7 +33,6 @@ TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder)
     EXPECT_EQ(KeysOf(run.output),
               "game gameId table bet coin er cost payoutPercent variance initHands initHandsTotal "
               "representatives denominator lines nothing seconds");
-    EXPECT_EQ(json["cost"], 5.0 * 2'598'960);
     EXPECT_NEAR(json["payoutPercent"].get<double>(), 99.543904, 5e-7);
     EXPECT_NEAR(json["variance"].get<double>(), 19.5147, 5e-5);
 
@@ -43,9 +42,7 @@ TEST_F(AnalyzeCommandTest, JsonHasTheKnownFiguresOfJacksOrBetterInTheFixedOrder)
           R"({"description":"ROYAL FLUSH","payout":800,"final":[4,)", R"("summary":493512264,)"}) {
         EXPECT_NE(run.output.find(text), std::string::npos) << text;
     }
-    auto all = json["nothing"]["summary"].get<std::int64_t>();
-    for (const auto& line : json["lines"]) all += line["summary"].get<std::int64_t>();
-    EXPECT_EQ(all, 19'933'230'517'200);
+    EXPECT_EQ(json["nothing"]["summary"], 10'872'274'993'896);
 }
 
 TEST_F(AnalyzeCommandTest, FiveCoinsAreAnalysedWhateverTheTableTakes) {

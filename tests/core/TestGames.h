@@ -15,6 +15,7 @@
 #include "core/cards/Deck.h"
 #include "core/eval/HandEvaluator.h"
 #include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
 
 using enum HandRank;
 
@@ -39,41 +40,20 @@ inline PayLine Wild(HandRank rank, int payout, const LineTraits& traits = {}) {
     return line;
 }
 
-inline PayTable JacksOrBetter() {
-    PayTable table;
-    table.gameId = 300;
-    table.minPair = 11;
-    table.lines = {
-        Natural(kRoyalFlush, 250), Natural(kStraightFlush, 50), Natural(kFourOfAKind, 25),
-        Natural(kFullHouse, 9),    Natural(kFlush, 6),          Natural(kStraight, 4),
-        Natural(kThreeOfAKind, 3), Natural(kTwoPair, 2),        Natural(kOnePair, 1)};
-    return table;
+// As the program is shipped with it.
+inline PayTable Shipped(int gameId, std::string_view name) {
+    ProfileFile file;
+    return LoadPayTable(file, gameId, std::string(name), 0, TOLVANE_DATA_FOLDER "/Tolvane.ini", "");
 }
+
+inline PayTable JacksOrBetter() { return Shipped(300, "Jacks or Better"); }
+// Kickers above the plain lines of the same quads.
+inline PayTable DoubleDoubleBonus() { return Shipped(303, "Double Double Bonus Poker"); }
+inline PayTable DeucesWild() { return Shipped(330, "Deuces Wild"); }
+inline PayTable DeucesAndJoker() { return Shipped(331, "Deuces and Joker Wild"); }
 
 inline PayTable WithLine(PayTable table, PayLine line, std::size_t at = 0) {
     table.lines.insert(table.lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
-    return table;
-}
-
-// Kickers above the plain lines of the same quads.
-inline PayTable DoubleDoubleBonus() {
-    PayTable table = JacksOrBetter();
-    table.lines[2] = Natural(kFourOfAKind, 50);
-    table = WithLine(table, Natural(kBonusFourOfAKind, 80, {{2, 3, 4}, {}}), 2);
-    table = WithLine(table, Natural(kBonusFourOfAKind, 160, {{1}, {}}), 2);
-    table = WithLine(table, Natural(kBonusFourOfAKind, 160, {{2, 3, 4}, {1, 2, 3, 4}}), 2);
-    return WithLine(table, Natural(kBonusFourOfAKind, 400, {{1}, {2, 3, 4}}), 2);
-}
-
-inline PayTable DeucesWild() {
-    PayTable table;
-    table.gameId = 330;
-    table.usesWilds = true;
-    table.wildRanks = {2, -1, -1, -1, -1};
-    table.lines = {Natural(kRoyalFlush, 250), Wild(kFourWilds, 200),   Wild(kWildRoyalFlush, 25),
-                   Wild(kFiveOfAKind, 15),    Wild(kStraightFlush, 9), Wild(kFourOfAKind, 5),
-                   Wild(kFullHouse, 3),       Wild(kFlush, 2),         Wild(kStraight, 2),
-                   Wild(kThreeOfAKind, 1)};
     return table;
 }
 
@@ -104,27 +84,14 @@ inline PayTable JokerPoker(int jokers) {
     return table;
 }
 
-inline PayTable DeucesAndJoker() {
-    PayTable table = JokerPoker(1);
-    table.gameId = 331;
-    table.wildRanks = {2, -1, -1, -1, -1};
-    return WithLine(table, Wild(kFourWilds, 25, {{2}, {}}), 2);
-}
-
+// Natural lines beside wild ones of the same rank.
 inline PayTable OneEyedJacks() {
-    PayTable table = DeucesWild();
-    table.gameId = 317;
-    table.type = GameType::kOneEyedJacks;
-    table.wildRanks = {-1, -1, -1, -1, -1};
+    PayTable table = Shipped(317, "One-Eyed Jacks");
     table.minPair = 11;
-    table.lines = {Natural(kRoyalFlush, 250), Wild(kWildRoyalFlush, 180),
-                   Wild(kFiveOfAKind, 80),    Natural(kStraightFlush, 60),
-                   Wild(kStraightFlush, 50),  Natural(kFourOfAKind, 20),
-                   Wild(kFourOfAKind, 15),    Wild(kFullHouse, 5),
-                   Natural(kFlush, 4),        Wild(kFlush, 3),
-                   Wild(kStraight, 2),        Wild(kThreeOfAKind, 1),
-                   Wild(kOnePair, 1)};
-    return table;
+    table.lines.back() = Wild(kOnePair, 1);
+    table = WithLine(table, Natural(kFlush, 4), 6);
+    table = WithLine(table, Natural(kFourOfAKind, 20), 4);
+    return WithLine(table, Natural(kStraightFlush, 60), 3);
 }
 
 inline PayTable FiveAces() {

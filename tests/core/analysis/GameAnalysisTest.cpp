@@ -22,33 +22,6 @@ GameTotals Analyze(const PayTable& table, double coin = 1,
     return AnalyzeGame(LineTables(table), table, coin, watcher);
 }
 
-// The published counts of the best play, of 19,933,230,517,200.
-TEST(GameAnalysisTest, JacksOrBetterComesOutToTheLastHand) {
-    const GameTotals totals = Analyze(JacksOrBetter());
-    const std::array<double, 9> published = {493512264,     2178883296,    47093167764,
-                                             229475482596,  219554786160,  223837565784,
-                                             1484003070324, 2576946164148, 4277372890968};
-    for (std::size_t line = 0; line < published.size(); ++line) {
-        EXPECT_NEAR(totals.summary[line], published[line], 0.4) << line;
-    }
-    EXPECT_NEAR(totals.denominator, 19933230517200, 0.4);
-    EXPECT_NEAR(totals.payoutPercent, 99.543904, 5e-7);
-    EXPECT_NEAR(totals.variance, 19.5147, 1e-4);
-    EXPECT_EQ(totals.initHandsTotal, 2598960);
-    EXPECT_EQ(totals.representatives, 135746);
-}
-
-// The suit patterns were counted by hand: so many sets of ranks, times the patterns of each.
-TEST(GameAnalysisTest, TheWeightsOfTheSuitPatternsAreAllTheHandsThereAre) {
-    for (const auto& [table, hands, patterns] :
-         {std::tuple(JokerPoker(5), 4187106, 158328), std::tuple(FiveAces(), 2869685, 151527),
-          std::tuple(PickEm(), 1624350, 123864)}) {
-        const GameTotals totals = Analyze(table);
-        EXPECT_EQ(totals.initHandsTotal, hands) << table.gameId;
-        EXPECT_EQ(totals.representatives, patterns) << table.gameId;
-    }
-}
-
 // The ways to deal so many cards: of four, two in the hand and one on top of each pile.
 std::vector<KnownCards> DealsOf(const CardTable& deck, const std::vector<CardCode>& cards) {
     const auto at = [&](std::size_t i) { return FaceOf(deck, cards[i]); };
@@ -106,28 +79,6 @@ double SumOverOrders(const LineTables& tables, const PayTable& table, const Hand
     return sum;
 }
 
-double SumOverFourAces(const PayTable& table) {
-    const LineTables tables(table);
-    const CardTable deck = BuildCardTable(DeckOf(table));
-    double sum = 0;
-    for (CardCode card = 0; card < deck.deckSize; ++card) {
-        const CardFace fifth = FaceOf(deck, card);
-        if (fifth.rank == 1 && fifth.suit <= kDiamonds) continue;
-        sum += SumOverOrders(tables, table, {{{1, 1}, {1, 2}, {1, 3}, {1, 4}, fifth}});
-    }
-    return sum;
-}
-
-// Where the line stands in a table of another type, standing pat on two of the 120 orders makes it.
-TEST(GameAnalysisTest, FourAcesInOrderPayForTheirOrdersOnlyInAnyGame) {
-    for (const PayTable& without : {JacksOrBetter(), JokerPoker(1), FiveAces(), OneEyedJacks()}) {
-        const PayTable with = WithLine(without, Natural(kFourAcesInOrder, 4000));
-        const double worth = (SumOverFourAces(with) - SumOverFourAces(without)) / 120;
-        EXPECT_GT(worth, 48 * 2 / 120.0 * 3000) << without.gameId;
-        EXPECT_NEAR(Analyze(with).er - Analyze(without).er, worth, 1e-6) << without.gameId;
-    }
-}
-
 using SortedFaces = std::vector<std::pair<int, int>>;
 
 // The cards of a hand under the renaming of suits that puts them lowest.
@@ -152,7 +103,10 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
     plain.type = GameType::kAcesBonus;
     plain = WithLine(plain, Natural(kFourAcesInOrder, 800), 1);
     std::mt19937 random(5);
-    for (const PayTable& table : {plain, AcesBonus()}) {
+    // In a table of another type, standing pat on two of the 120 orders makes the line.
+    for (const PayTable& table :
+         {plain, AcesBonus(), WithLine(JacksOrBetter(), Natural(kFourAcesInOrder, 4000)),
+          WithLine(JokerPoker(1), Natural(kFourAcesInOrder, 4000))}) {
         std::map<SortedFaces, std::pair<double, double>> classes;  // weight x return, weight
         GameAnalysisWatcher watcher;
         watcher.hand = [&classes](const PlayedHand& hand) {
@@ -160,18 +114,16 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
             worth += hand.weight * hand.best.expectedReturn;
             weight += hand.weight;
         };
-        const GameTotals totals = Analyze(table, 1, watcher);
-        EXPECT_NEAR(totals.initHandsTotal, 12994800, 1e-3);
+        Analyze(table, 1, watcher);
         const LineTables tables(table);
-        for (int i = 0; i < (kSlow ? 200 : 6000); ++i) {
-            // Every second hand has at least one ace, every fourth two.
+        for (int i = 0; i < (kSlow ? 200 : 3000); ++i) {
+            // Of every five hands, one has at least four aces, one three, and so on.
             std::array<int, 52> deck;
             std::iota(deck.begin(), deck.end(), 0);
             std::shuffle(deck.begin(), deck.end(), random);
-            std::stable_partition(deck.begin(), deck.end(),
-                                  [&, left = i % 2 + (i % 4 == 3 ? 1 : 0)](int card) mutable {
-                                      return card % 13 == 0 && left-- > 0;
-                                  });
+            std::stable_partition(deck.begin(), deck.end(), [left = i % 5](int card) mutable {
+                return card % 13 == 0 && left-- > 0;
+            });
             Hand hand;
             for (std::size_t at = 0; at < kHandSize; ++at)
                 hand[at] = {deck[at] % 13 + 1, deck[at] / 13 + 1};

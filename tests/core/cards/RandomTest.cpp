@@ -6,51 +6,34 @@
 #include <bit>
 #include <cmath>
 #include <map>
+#include <random>
 #include <string>
 #include <vector>
 
 namespace {
 
-// The twister by its definition: a recurrence of words whose product with the matrix A is written
-// out bit by bit, never overwriting what it has produced.
-class TwisterByDefinition {
-  public:
-    explicit TwisterByDefinition(std::uint32_t seed) {
-        for (int i = 0; i < 351; ++i) x.push_back(seed = seed * 29943829 - 1);
-    }
+// The standard library's twister with the parameters of ours; only the first words are made in a
+// way of our own.
+using Reference = std::mersenne_twister_engine<std::uint32_t, 32, 351, 175, 19, 0xE4BD75F5U, 11,
+                                               0xFFFFFFFFU, 7, 0x655E5280U, 15, 0xFFD58000U, 17, 1>;
 
-    std::uint32_t Next() {
-        const std::size_t k = x.size() - 351;
-        const std::uint32_t joined = (x[k] >> 19 << 19) | (x[k + 1] & ((1U << 19) - 1));
-        x.push_back(x[k + 175] ^ TimesA(joined));
-        std::uint32_t z = x.back();
-        z = z ^ (z >> 11);
-        z = z ^ ((z << 7) & 0x655E5280U);
-        z = z ^ ((z << 15) & 0xFFD58000U);
-        return z ^ (z >> 17);
-    }
+struct FirstWords {
+    using result_type = std::uint32_t;
+    std::uint32_t seed;
 
-  private:
-    // Rows of A: ones above the diagonal, and the parameter in the last row.
-    static std::uint32_t TimesA(std::uint32_t vector) {
-        std::uint32_t product = 0;
-        for (int bit = 31; bit >= 0; --bit) {
-            if ((vector >> bit & 1) == 0) continue;
-            product ^= bit == 0 ? 0xE4BD75F5U : 1U << (bit - 1);
-        }
-        return product;
+    void generate(std::uint32_t* begin, const std::uint32_t* end) {
+        while (begin != end) *begin++ = seed = seed * 29943829 - 1;
     }
-
-    std::vector<std::uint32_t> x;
 };
 
 TEST(RandomTest, TheTwisterFollowsItsDefinition) {
     for (const std::uint32_t seed : {0U, 1U, 4711U, 0xFFFFFFFFU, 1790000000U}) {
         MersenneTwister twister;
         twister.Init(seed);
-        TwisterByDefinition defined(seed);
+        FirstWords words{seed};
+        Reference reference(words);
         for (int i = 0; i < 2000; ++i)
-            ASSERT_EQ(twister.NextBits(), defined.Next()) << seed << " " << i;
+            ASSERT_EQ(twister.NextBits(), reference()) << seed << " " << i;
     }
 }
 

@@ -51,16 +51,6 @@ TEST_F(PayTableTest, ALineIsReadWithItsRanksAndDescriptions) {
     EXPECT_EQ(table.minPair, 0) << "an empty value reads as 0: every pair pays";
 }
 
-TEST_F(PayTableTest, WinsComeFromTheGameFile) {
-    folder.Write("main.ini", "[G(3)]\nPayLines=2\n");
-    folder.Write("game.qdx", "[G(3)]\nPayLine1Won=17\n");
-    ProfileFile file;
-    const PayTable table =
-        LoadPayTable(file, 300, "G", 3, folder.Path("main.ini"), folder.Path("game.qdx"));
-    EXPECT_EQ(table.lines[0].totalWins, 0);
-    EXPECT_EQ(table.lines[1].totalWins, 17);
-}
-
 TEST_F(PayTableTest, ValuesOutOfRangeAreTakenAsTheNearestSense) {
     const PayTable table = Loaded(
         "Type=0\nJokers=9\nWildCard=2,2,99,-1,14;3:4 5 6 7\nMaxBet=-3\nPayLines=1000\n"
@@ -79,11 +69,6 @@ TEST_F(PayTableTest, ValuesOutOfRangeAreTakenAsTheNearestSense) {
     EXPECT_EQ(table.lines[0].trailers, std::vector<int>{5});
     EXPECT_EQ(table.lines[1].shortDescription, "123456789") << "no half character";
     EXPECT_EQ(table.lines[14].rank, HandRank::kRoyalFlush) << "the default of a missing key";
-}
-
-TEST_F(PayTableTest, TheDeckOfFiveAcesHasNoJokers) {
-    const PayTable table = Loaded("Type=2\nJokers=3\n");
-    EXPECT_EQ(table.deckSize, 53);
 }
 
 TEST_F(PayTableTest, FiveCoinsArePaidTheMaximumAndNoOtherBetIs) {
@@ -126,7 +111,6 @@ TEST(GameCatalogueTest, NamesAndIdsOfBuiltInAndUserGames) {
     EXPECT_EQ(GameIdFromName(file, "red and black poker", path), 9002)
         << "menu only, so the user's";
     EXPECT_EQ(GameIdFromName(file, "5 Card Charlie", path), 0);
-    EXPECT_EQ(GameIdFromName(file, "", path), 0);
     EXPECT_EQ(GameIdFromName(file, "Spare", path), 9003) << "the slot decides, not the stored id";
     EXPECT_EQ(GameNameFromId(file, 350, path), "Pick Em Poker");
     EXPECT_EQ(GameNameFromId(file, 9002, path), "Red and Black Poker");

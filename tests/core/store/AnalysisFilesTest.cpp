@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
@@ -12,17 +13,6 @@
 namespace {
 
 constexpr const char* kSection = "Jacks or Better(0)";
-
-PayTable DescribedJacksOrBetter() {
-    PayTable table = JacksOrBetter();
-    auto line = table.lines.begin();
-    for (const char* description :
-         {"ROYAL FLUSH", "STRAIGHT FLUSH", "4 OF A KIND", "FULL HOUSE", "FLUSH", "STRAIGHT",
-          "3 OF A KIND", "TWO PAIR", "JACKS OR BETTER"}) {
-        (line++)->description = description;
-    }
-    return table;
-}
 
 std::vector<AnalysisEntry> EntriesOf(const PayTable& table, double coin) {
     return AnalysisEntries(AnalyzeGame(LineTables(table), table, coin, {}), table, coin);
@@ -36,10 +26,7 @@ std::string ValueOf(const std::vector<AnalysisEntry>& entries, std::string_view 
 }
 
 std::string Golden(const std::string& name) {
-    const std::ifstream file(std::string(TOLVANE_TEST_DATA) + "/" + name, std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
+    return ReadWholeFile(std::string(TOLVANE_TEST_DATA) + "/" + name).value_or("(missing)");
 }
 
 std::vector<std::string> Split(const std::string& text, char end) {
@@ -92,12 +79,12 @@ TEST(AnalysisFilesTest, SummaryAndCacheSectionAreTheGoldenOnes) {
     const std::string others = "[Deuces Wild(0)]\nER=1.0000\n\n";
     const std::string path = folder.Write("cache.ini", others);
     ProfileFile file;
-    const auto quarter = EntriesOf(DescribedJacksOrBetter(), 0.25);
+    const auto quarter = EntriesOf(JacksOrBetter(), 0.25);
     EXPECT_EQ(ValueOf(quarter, "Coin"), "0.25");
     EXPECT_EQ(ValueOf(quarter, "Cost"), "3,248,700.0000");  // a quarter of 12,994,800
     EXPECT_EQ(ValueOf(quarter, "Payout%"), "99.5439");
     WriteToCache(quarter, kSection, path, file);
-    const auto entries = EntriesOf(DescribedJacksOrBetter(), 1);
+    const auto entries = EntriesOf(JacksOrBetter(), 1);
     EXPECT_EQ(SummaryText(entries), Golden("jacks-or-better-summary.txt"));
     WriteToCache(entries, kSection, path, file);
     ASSERT_TRUE(file.Flush());
@@ -106,14 +93,14 @@ TEST(AnalysisFilesTest, SummaryAndCacheSectionAreTheGoldenOnes) {
 }
 
 TEST(AnalysisFilesTest, ARunWithoutAnyHandHasAllEntriesAndNoOdds) {
-    const auto entries = AnalysisEntries({}, DescribedJacksOrBetter(), 0.05);
+    const auto entries = AnalysisEntries({}, JacksOrBetter(), 0.05);
     EXPECT_EQ(ValueOf(entries, "Final"), "0;0;0;0;0;0;0;0");
     EXPECT_EQ(ValueOf(entries, "Payline8"), "1;0;0;0;0;0;0;0;0;1:0.00;0.00;0.0000");
 }
 
 TEST(AnalysisFilesTest, DetailHeadingsNameTheLinesFromTheLastOn) {
     const TemporaryFolder folder;
-    PayTable table = DescribedJacksOrBetter();
+    PayTable table = JacksOrBetter();
     table.lines.resize(3);
     table.lines[1].description = "\x01\xFF\"4 ACE$\"";
     EXPECT_TRUE(DetailFile(folder.Path("detail.txt"), table).Close());
@@ -132,15 +119,12 @@ TEST(AnalysisFilesTest, DetailLinesShowCardsHoldAndCounts) {
                                   "QC 2D JS KH W;Q__K_;3;1.25;12;17296;9000;8;7;6;5;4;3;2;1;0"}));
     EXPECT_EQ(Detailed(FiveAces(), {HandOf(FiveAces(), "A$ AS AH AC 5D")}).at(0),
               "A$ AS AH AC 5D;A__A_;3;1.25;12;17296;9000;9;8;7;6;5;4;3;2;1;0");
-}
 
-TEST(AnalysisFilesTest, PickEmHandsHaveAnEmptyPlace) {
-    PayTable table = PickEm();
-    table.lines.resize(1);
-    PlayedHand hand = HandOf(JacksOrBetter(), "AS 9H 2S TC KD");
-    hand.cards[2] = {};
-    hand.best.mask = 0b11111;
-    EXPECT_EQ(Detailed(table, {hand}).at(0), "AS 9H __ TC KD;A9_TK;3;1.25;12;17296;9000;0");
+    PlayedHand pickEm = HandOf(JacksOrBetter(), "AS 9H 2S TC KD");
+    pickEm.cards[2] = {};
+    pickEm.best.mask = 0b11111;
+    EXPECT_EQ(Detailed(PickEm(), {pickEm}).at(0),
+              "AS 9H __ TC KD;A9_TK;3;1.25;12;17296;9000;8;7;6;5;4;3;2;1;0");
 }
 
 TEST(AnalysisFilesTest, ReturnsAreWrittenAsAStreamWritesThemAndWeightsWithoutTrailingZeros) {

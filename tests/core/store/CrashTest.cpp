@@ -92,18 +92,16 @@ constexpr const char* kDefault = "data/Default.qdx";
 constexpr const char* kOther = "data/Other.qdx";
 constexpr const char* kCache = "data/Game Analyses.ini";
 
-std::string Shipped(std::initializer_list<std::string> games, const std::string& named = "") {
+// A shipped table under a name.
+std::string TableText(const std::string& shipped, const std::string& name) {
     ProfileFile file;
-    std::string text;
-    for (const std::string& game : games) {
-        const auto section = file.GetSectionText(game, TOLVANE_DATA_FOLDER "/Tolvane.ini");
-        text += "[" + (named.empty() ? game : named) + "]\n" + section.value_or("");
-    }
-    return text;
+    return "[" + name + "]\n" + *file.GetSectionText(shipped, TOLVANE_DATA_FOLDER "/Tolvane.ini");
 }
 
 std::string NewMain() {
-    return "[main]\nVer=114\n\n" + Shipped({"Jacks or Better(0)", "Deuces Wild(0)"});
+    std::string text = "[main]\nVer=114\n\n";
+    for (const auto* name : {"Jacks or Better(0)", "Deuces Wild(0)"}) text += TableText(name, name);
+    return text;
 }
 
 FileMap NewFiles(const std::string& folder) {
@@ -140,27 +138,46 @@ FileMap Played() {
 }
 
 // The player has a game of two tables, and both are analysed.
-FileMap WithOwnGame(const std::string& current) {
+FileMap WithOwnGame() {
     FileMap files = Played();
-    const std::string lines = Shipped({"Jacks or Better(0)"}).substr(20);
-    const auto table = [&](int index, int next, int previous) {
-        const std::string links =
-            "NextIndex=" + std::to_string(next) + "\nPrevIndex=" + std::to_string(previous) + "\n";
-        return "[Mine(" + std::to_string(index) + ")]\n" + links +
-               lines.substr(lines.find("Type="));
-    };
-    files[kMain] += "[User Games]\n1=9001,Mine\n\n" + table(0, 1, -1) + table(1, -1, 0);
-    files[kDefault] = SavedGame(current);
+    std::string first = TableText("Jacks or Better(0)", "Mine(0)");
+    std::string second = TableText("Jacks or Better(0)", "Mine(1)");
+    first.replace(first.find("Index=-1") + 6, 2, "1");
+    second.replace(second.find("PrevIndex=-1") + 10, 2, "0");
+    files[kMain] += "[User Games]\n1=9001,Mine\n\n" + first + second;
     files[kOther] = SavedGame();
     files[kCache] = "[Mine(0)]\nER=99.54\n\n[Mine(1)]\nER=98.00\n\n";
     return files;
 }
 
+FileMap WithOwnGamePlayed() {
+    FileMap files = WithOwnGame();
+    files[kDefault] = SavedGame("Mine");
+    return files;
+}
+
 void Save(Program& program) { SaveGame(program.table); }
+
+// A command on the table, the player choosing another file or having won some money.
+template <void (*command)(GameTable&)>
+void InOther(Program& program) {
+    program.ports.answers = {program.paths.folder + "Other.qdx"};
+    command(program.table);
+}
+
+template <void (*command)(GameTable&)>
+void WithMoney(Program& program) {
+    program.engine.settings.credits += 123;
+    InOther<command>(program);
+}
 
 void PlayTenHands(Program& program) {
     for (int press = 0; press < 20; ++press) DealDraw(program.table);
     SaveGameFile(program.table);
+}
+
+void StorePath(Program& program) {
+    StoreCurrentGamePath(program.files.gamePath, program.paths, program.file);
 }
 
 void HasAllOrNoneOfTheHands(const Program& program) {
@@ -178,8 +195,6 @@ void HasUpgraded(const Program& program) {
     EXPECT_EQ(program.engine.statistics.creditsPlayed.total, 5);
 }
 
-void EnterMoney(Program& program) { program.engine.settings.credits += 123; }
-
 void EditTable(Program& program) {
     auto editor = program.Editor(1);
     editor.texts.lines[4].payout = "5";
@@ -192,7 +207,8 @@ void AddTable(Program& program) {
     editor.Add(program.manager);
 }
 
-void Delete(Program& program, int index) {
+template <int index>
+void Delete(Program& program) {
     auto editor = program.Editor(index);
     program.manager.answers = {"ok"};
     editor.Delete(program.manager);
@@ -225,47 +241,22 @@ std::vector<Scenario> Scenarios() {
          Played,
          {[](Program& program) { ChooseCoin(program.table, 1.00); }},
          HasItsMoney},
-        {"FileNew",
-         Played,
-         {Save,
-          [](Program& program) {
-              program.ports.answers = {program.paths.folder + "Other.qdx"};
-              NewGameFile(program.table);
-          }},
-         HasItsMoney},
+        {"FileNew", Played, {Save, InOther<NewGameFile>}, HasItsMoney},
         {"FileOpenAndClose",
          Played,
-         {Save,
-          [](Program& program) {
-              program.ports.answers = {program.paths.folder + "Other.qdx"};
-              OpenGameFile(program.table);
-          },
-          [](Program& program) {
-              StoreCurrentGamePath(program.files.gamePath, program.paths, program.file);
-          },
+         {Save, InOther<OpenGameFile>, StorePath,
           [](Program& program) { StopGame(program.table, program.paths); }}},
-        {"FileSave", Played, {[](Program& program) {
-             EnterMoney(program);
-             SaveGameFile(program.table);
-         }}},
-        {"FileSaveAs", Played, {[](Program& program) {
-             EnterMoney(program);
-             program.ports.answers = {program.paths.folder + "Other.qdx"};
-             SaveGameFileAs(program.table);
-         }}},
+        {"FileSave", Played, {WithMoney<SaveGameFile>}},
+        {"FileSaveAs", Played, {WithMoney<SaveGameFileAs>}},
         {"GameSwitch",
          Played,
          {Save, [](Program& program) { ChooseGame(program.table, 330); }},
          HasItsMoney},
-        {"EditTable", [] { return WithOwnGame("Jacks or Better"); }, {EditTable}},
-        {"AddTable", [] { return WithOwnGame("Jacks or Better"); }, {AddTable}},
-        {"DeleteTable", [] { return WithOwnGame("Jacks or Better"); }, {[](Program& program) {
-             Delete(program, 1);
-         }}},
-        {"DeleteGame", [] { return WithOwnGame("Jacks or Better"); }, {[](Program& program) {
-             Delete(program, 0);
-         }}},
-        {"RenameGame", [] { return WithOwnGame("Mine"); }, {Save, RenameOwnGame}, HasItsStatistics},
+        {"EditTable", WithOwnGame, {EditTable}},
+        {"AddTable", WithOwnGame, {AddTable}},
+        {"DeleteTable", WithOwnGame, {Delete<1>}},
+        {"DeleteGame", WithOwnGame, {Delete<0>}},
+        {"RenameGame", WithOwnGamePlayed, {Save, RenameOwnGame}, HasItsStatistics},
     };
 }
 
@@ -327,6 +318,7 @@ class CrashTest : public testing::TestWithParam<Scenario> {
     void StartAgain() const {
         const Program program(folder, scenario.installed);
         EXPECT_EQ(testing::PrintToString(program.problems), "{}");
+        EXPECT_EQ(program.lock->GetState(), LockFile::State::kHeld) << "it ends with who held it";
         if (scenario.holds) scenario.holds(program);
     }
 
@@ -344,24 +336,18 @@ class CrashTest : public testing::TestWithParam<Scenario> {
         return killed;
     }
 
-    // The names of the files in which they differ.
-    static std::string Difference(const FileMap& a, const FileMap& b) {
-        std::string names;
-        for (const auto& [name, text] : a) {
-            if (!b.contains(name) || b.at(name) != text) names += " " + name;
-        }
-        for (const auto& [name, text] : b) {
-            if (!a.contains(name)) names += " " + name;
-        }
-        return names;
-    }
-
     void ExpectAllowed(const std::vector<FileMap>& allowed) const {
         const FileMap files = Files();
         if (std::ranges::count(allowed, files) > 0) return;
-        std::string names;
-        for (const FileMap& other : allowed) names += "\n  or" + Difference(files, other);
-        ADD_FAILURE() << "other than they may be:" << names;
+        std::string names;  // of the files in which they differ
+        for (const FileMap& other : allowed) {
+            FileMap different;
+            std::ranges::set_symmetric_difference(files, other,
+                                                  std::inserter(different, different.end()));
+            for (const auto& [name, text] : different) names += " " + name;
+            names += "\n";
+        }
+        ADD_FAILURE() << "other than they may be:\n" << names;
     }
 
     const Scenario& scenario = GetParam();

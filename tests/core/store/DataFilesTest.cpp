@@ -34,9 +34,8 @@ TEST(DataFilesTest, DataLieBesideAProgramWhoseFolderCanBeWrittenAndAreNamedAfter
 
 TEST(DataFilesTest, DataOfAnInstalledProgramLieAmongTheUsers) {
     DataEnvironment environment = InstalledProgram();
-    EXPECT_EQ(FindDataFolder(environment), "/home/zoë/.local/share/Tolvane");
     environment.xdgDataHome = "relative";
-    EXPECT_EQ(FindDataFolder(environment), "/home/zoë/.local/share/Tolvane");
+    EXPECT_EQ(FindDataFolder(environment), "/home/zoë/.local/share/Tolvane") << "as without one";
     environment.xdgDataHome = "/srv/my data";
     EXPECT_EQ(FindDataFolder(environment), "/srv/my data/Tolvane");
     EXPECT_EQ(FindDataFiles(environment)->releaseFolder, "/opt/games/");

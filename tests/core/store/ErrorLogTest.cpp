@@ -2,26 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/profile/ProfileFile.h"
-#include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
 
 namespace {
-
-ErrorLogEntry Played(const PayTable& table, std::string_view tenCards, HoldMask best,
-                     HoldMask player) {
-    ErrorLogEntry entry;
-    const auto cards = Cards(table, tenCards, 10);
-    std::copy_n(cards.begin(), 5, entry.hand.begin());
-    std::copy_n(cards.begin() + 5, 5, entry.draws.begin());
-    entry.best = best;
-    entry.player = player;
-    entry.bestReturn = 1.53649;
-    entry.playerReturn = 1.5;
-    return entry;
-}
 
 class ErrorLogTest : public testing::Test {
   protected:
@@ -41,7 +25,7 @@ class ErrorLogTest : public testing::Test {
 };
 
 TEST(ErrorLogEntryTest, AnEntryIsWrittenInFourteenFieldsAndReadBack) {
-    ErrorLogEntry entry = Played(JacksOrBetter(), "AS 2S 3S 4S 5S 6S 7S 8S 9S AH", 30, 16);
+    ErrorLogEntry entry{{0, 1, 2, 3, 4}, {5, 6, 7, 8, 13}, 30, 16, 1.53649, 1.5};
     const std::string text = FormatEntry(entry);
     EXPECT_EQ(text, "0,1,2,3,4,5,6,7,8,13,30,16,1.5365,1.5000");
     entry.bestReturn = 1.5365;

@@ -19,29 +19,6 @@ namespace {
 
 using State = LockFile::State;
 
-// Starts a process that takes the lock and keeps it until it is killed.
-pid_t StartHolder(const std::string& folder) {
-    std::array<int, 2> ready{};
-    EXPECT_EQ(pipe(ready.data()), 0);
-    const pid_t id = fork();
-    if (id == 0) {
-        const LockFile lock = LockFile::OfDataFolder(folder);
-        if (write(ready[1], lock.GetState() == State::kHeld ? "h" : "x", 1) == 1) pause();
-        _exit(1);
-    }
-    char state = 0;
-    EXPECT_EQ(read(ready[0], &state, 1), 1);
-    EXPECT_EQ(state, 'h');
-    close(ready[0]);
-    close(ready[1]);
-    return id;
-}
-
-void Kill(pid_t id) {
-    kill(id, SIGKILL);
-    waitpid(id, nullptr, 0);
-}
-
 LockFile Lock(const TemporaryFolder& folder) { return LockFile::OfDataFolder(folder.Path()); }
 
 TEST(LockFileTest, ASecondHolderIsToldWhoTheFirstIs) {
@@ -61,15 +38,6 @@ TEST(LockFileTest, ASecondHolderIsToldWhoTheFirstIs) {
     EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
 }
 
-TEST(LockFileTest, TheLockEndsWithAKilledProcess) {
-    const TemporaryFolder folder;
-    const pid_t other = StartHolder(folder.Path());
-    EXPECT_EQ(Lock(folder).GetState(), State::kTaken);
-    EXPECT_EQ(Lock(folder).HeldBy().process, other);
-    Kill(other);
-    EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
-}
-
 TEST(LockFileTest, AStartedProgramDoesNotInheritTheLock) {
     const TemporaryFolder folder;
     std::array<int, 2> closedByExec{};
@@ -86,7 +54,8 @@ TEST(LockFileTest, AStartedProgramDoesNotInheritTheLock) {
     close(closedByExec[0]);
     lock.reset();
     EXPECT_EQ(Lock(folder).GetState(), State::kHeld);
-    Kill(sleeper);
+    kill(sleeper, SIGKILL);
+    waitpid(sleeper, nullptr, 0);
 }
 
 TEST(LockFileTest, AFolderThatCannotBeWrittenIsNotTheSameAsALockThatCannotBeMade) {

@@ -21,8 +21,7 @@ class SessionTest : public testing::Test {
     }
     void LoadGame() {
         LoadStatistics(file, path, Section(), 52, statistics);
-        table.lines.assign(1, PayLine());
-        table.lines[0].totalWins = file.GetInt(Section(), "PayLine0Won", 0, path);
+        table = LoadPayTable(file, 300, settings.gameName, settings.activeTable, mainPath, path);
     }
     void SwitchTo(const std::string& game, int tableIndex, std::int64_t now) {
         EXPECT_TRUE(Save(false, now));
@@ -43,6 +42,10 @@ class SessionTest : public testing::Test {
     std::string HoursStored() const { return Stored(Section(), "ElapsedTime"); }
 
     TemporaryFolder folder;
+    const std::string mainPath =
+        folder.Write("main.ini",
+                     "[Jacks or Better(0)]\nPayLines=2\n[Jacks or Better(2)]\nPayLines=1\n"
+                     "[Deuces Wild(0)]\nPayLines=1\n");
     std::string path;
     ProfileFile file;
     MachineSettings settings;
@@ -84,8 +87,7 @@ TEST_F(SessionTest, ASaveWritesEverySettingInOrderAndAMissingFileGivesTheDefault
             .starts_with(
                 "[main]\nMode=1\nCoin=1.00\nCredits=0\nBet=5\nGameID=300\nGameName=Jacks or "
                 "Better\n"
-                "CreditsEntered=0\nDollarIn=100\nDoubleUp=1\nShowDollar=1\nSounds=1\nSpeed=2\n\n"
-                "[ActiveTbl]\nDeuces Wild=2\nJacks or Better=0\n"));
+                "CreditsEntered=0\nDollarIn=100\nDoubleUp=1\nShowDollar=1\nSounds=1\nSpeed=2\n\n"));
 }
 
 TEST_F(SessionTest, ASaveLeavesTheRestOfTheFileAsItWas) {
@@ -108,10 +110,10 @@ TEST_F(SessionTest, ASaveLeavesTheRestOfTheFileAsItWas) {
 }
 
 TEST_F(SessionTest, SwitchingGamesAndTablesKeepsTheTotalsOfEach) {
-    Open("[Jacks or Better(0)]\nHandsPlayed=100\nPayLine0Won=4\nElapsedTime=1.00\n");
+    Open("[Jacks or Better(0)]\nHandsPlayed=100\nPayLine1Won=4\nElapsedTime=1.00\n");
     statistics.handsPlayed.Add(3);
-    table.lines[0].sessionWins++;
-    table.lines[0].totalWins++;
+    table.lines[1].sessionWins++;
+    table.lines[1].totalWins++;
     statistics.sessionDollarsIn = 20;
     SwitchTo("Deuces Wild", 0, kNoon + 30 * kMinute);
     EXPECT_EQ(statistics.elapsedBase, 0) << "the hours of the other game stay with it";
@@ -121,8 +123,8 @@ TEST_F(SessionTest, SwitchingGamesAndTablesKeepsTheTotalsOfEach) {
     EXPECT_EQ(statistics.handsPlayed, Counter());
     SwitchTo("Jacks or Better", 0, kNoon + 90 * kMinute);
     EXPECT_EQ(statistics.handsPlayed, (Counter{0, 103}));
-    EXPECT_EQ(table.lines[0].totalWins, 5);
-    EXPECT_EQ(table.lines[0].sessionWins, 0);
+    EXPECT_EQ(table.lines[1].totalWins, 5);
+    EXPECT_EQ(table.lines[1].sessionWins, 0);
     EXPECT_EQ(Stored("Deuces Wild(0)", "HandsPlayed"), "7");
     EXPECT_EQ(Stored("Deuces Wild(0)", "ElapsedTime"), "0.50");
 }
