@@ -81,6 +81,11 @@ TEST(HoldAnalysisTest, QuadsOfOtherRanksAreNotDrawnAgain) {
     table.lines[2].bonusQuads.clear();
     const auto anyQuads = Analyzed(table, "AS AH 2C 7D 9H").drawAgain[0b11000];
     EXPECT_NEAR(anyQuads.probabilities[2], 45.0 / 16215, 1e-12) << "a list that names no aces";
+
+    const PayTable ordered = WithLine(DoubleDraw(), Natural(kFourAcesInOrder, 800), 1);
+    EXPECT_EQ(Analyzed(ordered, "AS AH AC AD 9H").drawAgain[0b11110].heldLine, 1);
+    EXPECT_EQ(Analyzed(ordered, "9H AS AH AC AD").drawAgain[0b01111].heldLine, 1);
+    EXPECT_EQ(Analyzed(ordered, "9H AS AC AH AD").drawAgain[0b01111].heldLine, 3) << "not in order";
 }
 
 }  // namespace

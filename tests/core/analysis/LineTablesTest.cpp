@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <utility>
 
 #include "core/analysis/Combinations.h"

@@ -62,6 +62,11 @@ TEST_F(SessionTest, TheMinutesOfTheSessionAreAddedOnceToTheHoursSoFar) {
     EXPECT_EQ(statistics.sessionHours, 1.5);
     Save(false, kNoon - 600 * kMinute);
     EXPECT_EQ(HoursStored(), "1.00") << "a clock set back takes nothing away";
+
+    statistics.sessionDollarsIn = 20;
+    table.lines[0].sessionWins = 3;
+    Save(true, kNoon);
+    EXPECT_EQ(statistics.sessionDollarsIn + table.lines[0].sessionWins, 0);
 }
 
 TEST_F(SessionTest, ASaveWritesEverySettingInOrderAndAMissingFileGivesTheDefaults) {
