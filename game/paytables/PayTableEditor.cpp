@@ -17,10 +17,9 @@ constexpr auto kError = "Error";
 constexpr auto kNoTable = "This pay table is deleted. Choose another one with Change Game.";
 
 bool SaveFails(PayTableQuestions& questions) {
-    questions.IsTold(
-        kError,
-        "The pay table could not be saved, and everything is as it was.\n\nMake room on "
-        "the disk, and see to it that you may write the program's data folder.");
+    questions.Tell(kError,
+                   "The pay table could not be saved, and everything is as it was.\n\nMake room on "
+                   "the disk, and see to it that you may write the program's data folder.");
     return false;
 }
 
@@ -214,18 +213,18 @@ std::optional<FormProblem> PayTableEditor::Problem() const {
     return FindProblem(texts);
 }
 
-bool PayTableEditor::IsRefused(PayTableQuestions& questions) const {
+bool PayTableEditor::Refuses(PayTableQuestions& questions) const {
     const auto problem = Problem();
-    if (problem) questions.IsRefused(kInputError, problem->text, problem->where);
+    if (problem) questions.Refuse(kInputError, problem->text, problem->where);
     return problem.has_value();
 }
 
 bool PayTableEditor::Save(PayTableQuestions& questions) {
-    if (IsRefused(questions)) return false;
+    if (Refuses(questions)) return false;
     if (newGame) return WriteInPlace(questions);
     if (!IsUserGame() && tableIndex == 0) {
-        questions.IsTold(kError,
-                         "You can not overwrite the default pay table for a pre-defined game");
+        questions.Tell(kError,
+                       "You can not overwrite the default pay table for a pre-defined game");
         return false;
     }
     if (!TableExists(table.files.file, gameName, 0, table.files.mainPath)) return Append(questions);
@@ -243,7 +242,7 @@ bool PayTableEditor::Save(PayTableQuestions& questions) {
 }
 
 bool PayTableEditor::Add(PayTableQuestions& questions) {
-    if (IsRefused(questions)) return false;
+    if (Refuses(questions)) return false;
     return newGame ? WriteInPlace(questions) : Append(questions);
 }
 
@@ -283,7 +282,7 @@ void PayTableEditor::UseSavedName() {
 bool PayTableEditor::Append(PayTableQuestions& questions) {
     const auto chain = TableChain(table.files.file, gameName, table.files.mainPath);
     if (!chain.empty() && chain.back() >= kLastTableIndex) {
-        questions.IsTold(kError, "There is no index left for another table of this game");
+        questions.Tell(kError, "There is no index left for another table of this game");
         return false;
     }
     texts = WithPlainNumbers(texts);
@@ -296,13 +295,13 @@ bool PayTableEditor::Append(PayTableQuestions& questions) {
 }
 
 bool PayTableEditor::MakeActive(PayTableQuestions& questions) {
-    if (IsRefused(questions) || !WriteInPlace(questions)) return false;
+    if (Refuses(questions) || !WriteInPlace(questions)) return false;
     madeActive = Shown();
     return true;
 }
 
 void PayTableEditor::Delete(PayTableQuestions& questions) {
-    if (IsRefused(questions)) return;
+    if (Refuses(questions)) return;
     const bool wholeGame = tableIndex == 0;
     const bool confirmed = questions.Confirms(
         "Confirm Delete",
@@ -353,7 +352,7 @@ void PayTableEditor::LeaveDeletedTable() {
 }
 
 void PayTableEditor::Rename(PayTableQuestions& questions) {
-    if (IsRefused(questions)) return;
+    if (Refuses(questions)) return;
     UseSavedName();
     for (;;) {
         const auto newName = questions.RenamesGame(gameName);
@@ -363,7 +362,7 @@ void PayTableEditor::Rename(PayTableQuestions& questions) {
             RenameTo(questions, *newName);
             return;
         }
-        questions.IsTold(kInputError, problem);
+        questions.Tell(kInputError, problem);
     }
 }
 
@@ -392,7 +391,7 @@ void PayTableEditor::TellOfGameFiles(PayTableQuestions& questions,
     if (unsaved.empty()) return;
     std::string text = "These game files could not be saved, and still have the old name or table:";
     for (const std::string& path : unsaved) text += "\n" + path;
-    questions.IsTold(kError, text);
+    questions.Tell(kError, text);
 }
 
 void PayTableEditor::Empty() {

@@ -19,9 +19,8 @@ class PayTableQuestions {
     virtual ~PayTableQuestions() = default;
 
     // The field is where the player goes on.
-    virtual void IsRefused(const std::string& caption, const std::string& text,
-                           FieldPlace where) = 0;
-    virtual void IsTold(const std::string& caption, const std::string& text) = 0;
+    virtual void Refuse(const std::string& caption, const std::string& text, FieldPlace where) = 0;
+    virtual void Tell(const std::string& caption, const std::string& text) = 0;
     virtual OverwriteChoice Overwrites(const std::string& caption, const std::string& question) = 0;
     virtual bool Confirms(const std::string& caption, const std::string& question) = 0;
 
@@ -102,7 +101,7 @@ class PayTableEditor {
     std::string NameProblem(const std::string& name) const;
     std::string NewNameProblem(const std::string& name) const;
     bool IsOtherUserGame(const std::string& name) const;
-    bool IsRefused(PayTableQuestions& questions) const;
+    bool Refuses(PayTableQuestions& questions) const;
     bool WriteInPlace(PayTableQuestions& questions);
     PayTable StoredTable() const;
     bool Append(PayTableQuestions& questions);

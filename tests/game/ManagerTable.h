@@ -16,11 +16,11 @@ class ManagerRecorder : public Answering, public PayTableQuestions {
         return *this;
     }
 
-    void IsRefused(const std::string& caption, const std::string& text, FieldPlace place) override {
+    void Refuse(const std::string& caption, const std::string& text, FieldPlace place) override {
         log.push_back(caption + ": " + text);
         where = place;
     }
-    void IsTold(const std::string& caption, const std::string& text) override {
+    void Tell(const std::string& caption, const std::string& text) override {
         log.push_back(caption + ": " + text);
     }
     OverwriteChoice Overwrites(const std::string& caption, const std::string& question) override {

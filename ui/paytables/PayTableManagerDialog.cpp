@@ -363,9 +363,9 @@ QWidget* PayTableManagerDialog::ControlAt(FieldPlace place) const {
     return std::ranges::find(checkFields, place, &CheckField::place)->box;
 }
 
-void PayTableManagerDialog::IsRefused(const std::string& caption, const std::string& text,
-                                      FieldPlace where) {
-    IsTold(caption, text);
+void PayTableManagerDialog::Refuse(const std::string& caption, const std::string& text,
+                                   FieldPlace where) {
+    Tell(caption, text);
     QWidget* control = ControlAt(where);
     if (where.field >= FormField::kRank) lines->ensureWidgetVisible(control);
     control->setFocus();
@@ -373,7 +373,7 @@ void PayTableManagerDialog::IsRefused(const std::string& caption, const std::str
 }
 
 // Nothing is told or asked any more when the whole window closes in the middle of a command.
-void PayTableManagerDialog::IsTold(const std::string& caption, const std::string& text) {
+void PayTableManagerDialog::Tell(const std::string& caption, const std::string& text) {
     if (!isVisible()) return;
     QMessageBox box(QMessageBox::Critical, QString::fromStdString(caption),
                     QString::fromStdString(text), QMessageBox::Ok, this);

@@ -64,8 +64,8 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
     void NoteTable(const QString& text);
     QWidget* ControlAt(FieldPlace place) const;
 
-    void IsRefused(const std::string& caption, const std::string& text, FieldPlace where) override;
-    void IsTold(const std::string& caption, const std::string& text) override;
+    void Refuse(const std::string& caption, const std::string& text, FieldPlace where) override;
+    void Tell(const std::string& caption, const std::string& text) override;
     OverwriteChoice Overwrites(const std::string& caption, const std::string& question) override;
     bool Confirms(const std::string& caption, const std::string& question) override;
     std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
