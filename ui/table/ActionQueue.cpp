@@ -89,11 +89,11 @@ int ActionQueue::WaitingPresses() const {
 }
 
 bool ActionQueue::DropPresses(Press::State as) {
-    const auto begun =
-        std::ranges::stable_partition(waiting, [](const Item& item) { return !item.press; });
-    const bool dropped = !begun.empty();
-    for (const Item& item : begun) item.press->state = as;
-    waiting.erase(begun.begin(), begun.end());
+    const auto begun = std::stable_partition(waiting.begin(), waiting.end(),
+                                             [](const Item& item) { return !item.press; });
+    const bool dropped = begun != waiting.end();
+    std::for_each(begun, waiting.end(), [as](const Item& item) { item.press->state = as; });
+    waiting.erase(begun, waiting.end());
     return dropped;
 }
 
