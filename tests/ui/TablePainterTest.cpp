@@ -59,6 +59,7 @@ QImage Painted(const TestTable& t, const TableScene& scene, double ratio = 1,
 // Everything that differs, in client coordinates; null when nothing does.
 QRect Difference(const QImage& one, const QImage& other) {
     QRect differing;
+    if (one == other) return differing;
     for (int y = 0; y < one.height(); ++y) {
         for (int x = 0; x < one.width(); ++x) {
             if (one.pixel(x, y) != other.pixel(x, y)) differing |= QRect(x, y, 1, 1);
@@ -168,24 +169,29 @@ TEST(TablePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneIsP
 }
 
 // A window that paints only what a step has changed, in the games of ForEachState.
-TEST(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
+class ChangedRegionTest : public testing::TestWithParam<double> {};
+INSTANTIATE_TEST_SUITE_P(PixelRatios, ChangedRegionTest, testing::Values(1, 1.25, 1.5, 2));
+
+TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
+    const double ratio = GetParam();
     std::vector<std::unique_ptr<Canvas>> windows;
     int cards = 0;
     ForEachState([&](TestTable& t, const std::string& state) {
         if (!state.starts_with("start")) return;
-        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(1));
+        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(ratio));
         window.Paint(t, t.table.scene, QRect(QPoint(0, 0), kClient));
         t.ports.looks = [&](const TableScene& before, const TableScene& now) {
             const TableLayout layout = LayoutOf(t);
             const QRegion changed = ChangedRegion(before, now, layout);
             window.Paint(t, now, changed);
             if (before == now) return;
-            EXPECT_EQ(Difference(window.image, Painted(t, now)), QRect()) << t.ports.log.back();
+            EXPECT_EQ(Difference(window.image, Painted(t, now, ratio)), QRect())
+                << t.ports.log.back();
             TableScene turned = before;
             turned.places[2].card = now.places[2].card;
             if (turned != now) return;
             ++cards;
-            EXPECT_TRUE(layout.cards[2].adjusted(-1, 0, 3, 5).contains(changed.boundingRect()));
+            EXPECT_TRUE(layout.cards[2].adjusted(-2, -1, 4, 6).contains(changed.boundingRect()));
         };
     });
     EXPECT_GE(cards, 5);

@@ -28,7 +28,7 @@ class ChangeFinder {
     template <class Part>
     void Compare(Part TableScene::*part, std::initializer_list<QRect> places) {
         if (before.*part == now.*part) return;
-        for (const QRect& place : places) region += place;
+        for (const QRect& place : places) Add(place);
     }
 
     void FindMeters() {
@@ -41,9 +41,9 @@ class ChangeFinder {
 
     void FindLine(std::size_t line) {
         if (before.lines[line] == now.lines[line] || line >= layout.rows.size()) return;
-        region += layout.rows[line];
+        Add(layout.rows[line]);
         for (const LineLook& look : {before.lines[line], now.lines[line]}) {
-            region += layout.PayoutCell(static_cast<int>(line), look.column + 1);
+            Add(layout.PayoutCell(static_cast<int>(line), look.column + 1));
         }
     }
 
@@ -54,38 +54,37 @@ class ChangeFinder {
                               old.pileDepth == look.pileDepth && old.label == look.label;
         if (!sameCard) {
             const int depth = std::max(old.pileDepth, look.pileDepth);
-            region += CardPainter::Covered(layout.cards[position], depth);
+            Add(CardPainter::Covered(layout.cards[position], depth));
         }
-        if (old.held != look.held) region += layout.heldMarks[position].rect;
-        if (old.holdButton != look.holdButton) region += layout.holdButtons[position];
+        if (old.held != look.held) Add(layout.heldMarks[position].rect);
+        if (old.holdButton != look.holdButton) Add(layout.holdButtons[position]);
     }
 
     void FindButtons() {
         const TableButtons& old = before.buttons;
         const TableButtons& looks = now.buttons;
-        if (old.deal != looks.deal) region += layout.deal;
-        if (old.betOne != looks.betOne) region += layout.betOne;
-        if (old.maxBet != looks.maxBet) region += layout.maxBet;
-        if (old.doubleUp != looks.doubleUp) region += layout.doubleUp;
+        if (old.deal != looks.deal) Add(layout.deal);
+        if (old.betOne != looks.betOne) Add(layout.betOne);
+        if (old.maxBet != looks.maxBet) Add(layout.maxBet);
+        if (old.doubleUp != looks.doubleUp) Add(layout.doubleUp);
     }
 
     void FindFeatures() {
         Compare(&TableScene::charlie, {layout.charlie});
         Compare(&TableScene::firstDraw,
                 {CardPainter::Covered(layout.sneakPeakCard, 0), layout.sneakPeakLabel.rect});
-        Compare(&TableScene::featureLabel,
-                {WithEdge(layout.spinLabel.rect), WithEdge(layout.shootLabel.rect)});
+        Compare(&TableScene::featureLabel, {layout.spinLabel.rect, layout.shootLabel.rect});
         Compare(&TableScene::spin, {layout.spinButton, layout.spinValue});
-        Compare(&TableScene::redBlack,
-                {layout.redPanel, layout.blackPanel, layout.choiceMark, layout.redBlackLabel.rect,
-                 WithEdge(layout.questionMark.rect)});
+        Compare(&TableScene::redBlack, {layout.redPanel, layout.blackPanel, layout.choiceMark,
+                                        layout.redBlackLabel.rect, layout.questionMark.rect});
         for (std::size_t i = 0; i < now.targets.size(); ++i) {
-            if (before.targets[i] != now.targets[i]) region += layout.targets[i];
+            if (before.targets[i] != now.targets[i]) Add(layout.targets[i]);
         }
     }
 
-    // Letters that are written across something have an edge of one pixel around them.
-    static QRect WithEdge(const QRect& text) { return text.adjusted(-1, -1, 1, 1); }
+    // A pixel around each place: letters that are written across something have an edge that wide,
+    // and at a scale that is not whole a place ends within a pixel of the screen.
+    void Add(const QRect& place) { region += place.adjusted(-1, -1, 1, 1); }
 
     const TableScene& before;
     const TableScene& now;
