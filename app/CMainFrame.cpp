@@ -11,7 +11,7 @@
 #include "app/CommandTable.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
-#include "ui/table/CMorvikView.h"
+#include "ui/machine/CMorvikView.h"
 
 namespace {
 
@@ -42,12 +42,12 @@ CMainFrame::~CMainFrame() { hide(); }
 
 void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     document = &shown;
-    view = new CMorvikView(shown.Table(), pictures, shown.Actions(),
+    view = new CMorvikView(shown.PlayersSeat(), pictures, shown.Actions(),
                            {CommandOfKey, [this](int command) { document->RunKey(command); }});
     setCentralWidget(view);
     MakeMenus();
     connect(document, &CMorvikDoc::SceneChanged, view, &CMorvikView::ShowScene);
-    connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutTable);
+    connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutMachine);
     connect(document, &CMorvikDoc::TitleChanged, this, &CMainFrame::UpdateTitle);
     connect(document, &CMorvikDoc::Settled, this, &CMainFrame::UpdateActions);
     UpdateTitle();
@@ -130,9 +130,9 @@ void CMainFrame::LeaveMenus() {
 
 void CMainFrame::ListUserGames() {
     userGames->clear();
-    const GameEngine& engine = document->Table().engine;
+    const GameEngine& engine = document->PlayersSeat().engine;
     for (const UserGame& game :
-         UserGames(document->Table().files.file, document->Table().files.mainPath)) {
+         UserGames(document->PlayersSeat().files.file, document->PlayersSeat().files.mainPath)) {
         if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
         ShowState(*AddCommand(*userGames, game.id, MenuText(game.name)), engine);
     }
@@ -140,7 +140,7 @@ void CMainFrame::ListUserGames() {
 }
 
 void CMainFrame::UpdateActions() {
-    const GameEngine& engine = document->Table().engine;
+    const GameEngine& engine = document->PlayersSeat().engine;
     for (QAction* action : commands) ShowState(*action, engine);
 }
 
@@ -177,7 +177,7 @@ void CMainFrame::FinishAndClose() {
 // False when the player would rather stay than lose what could not be saved.
 bool CMainFrame::SaveToClose() {
     const bool saved = document->OnCloseDocument();
-    closed = saved || document->Table().player.SaysYes(
+    closed = saved || document->PlayersSeat().player.SaysYes(
                           tr("Save Error").toStdString(),
                           tr("The game could not be saved. Close all the same, and lose what was "
                              "played since the last time it was?")

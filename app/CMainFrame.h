@@ -1,4 +1,4 @@
-// The main window: the menu bar over the machine's table.
+// The main window: the menu bar over the machine.
 #pragma once
 #include <QMainWindow>
 #include <functional>

@@ -10,8 +10,8 @@
 #include "core/profile/ProfileFile.h"
 #include "core/store/LockFile.h"
 #include "ui/art/PictureStore.h"
-#include "ui/table/QtSounds.h"
-#include "ui/table/WindowClock.h"
+#include "ui/machine/QtSounds.h"
+#include "ui/machine/WindowClock.h"
 
 class CMorvikApp : public QApplication {
     Q_OBJECT

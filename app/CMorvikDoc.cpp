@@ -4,11 +4,11 @@
 
 #include "core/profile/ProfileFile.h"
 #include "game/commands/FileCommands.h"
-#include "game/commands/TableCommands.h"
+#include "game/commands/MachineCommands.h"
 #include "game/saving/SaveGame.h"
+#include "game/seat/ShowScene.h"
 #include "game/session/StartAndStop.h"
-#include "game/table/ShowTable.h"
-#include "ui/table/Commands.h"
+#include "ui/machine/Commands.h"
 
 namespace {
 
@@ -20,15 +20,15 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     : paths(parts.paths),
       files{parts.file, paths.mainProfile, paths.defaultGame},
       player(window, parts.pictures, parts.clock),
-      actions(table),
-      table{.engine = parts.engine,
-            .files = files,
-            .tables = lineTables,
-            .display = *this,
-            .player = player,
-            .sounds = parts.sounds,
-            .clock = parts.clock},
-      desk{.table = table,
+      actions(seat),
+      seat{.engine = parts.engine,
+           .files = files,
+           .tables = lineTables,
+           .display = *this,
+           .player = player,
+           .sounds = parts.sounds,
+           .clock = parts.clock},
+      desk{.seat = seat,
            .spare = parts.spare,
            .paths = paths,
            .pictures = parts.pictures,
@@ -37,30 +37,30 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     resetRead.setInterval(kResetShown);
     connect(&resetRead, &QTimer::timeout, this, &CMorvikDoc::AskForHoldsAgain);
     // A menu that is open when a count-up begins ends it like one that is opened later.
-    table.usesUpPresses = [this] {
+    seat.usesUpPresses = [this] {
         return actions.DropPresses(Press::State::kUsedUp) || QApplication::activePopupWidget();
     };
     actions.settled = [this] { emit Settled(); };
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
-    player.beep = [this] { table.sounds.Sound(Beep::kExclamation); };
-    StartGame(table, paths);
-    ShowAtRest(table);
+    player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
+    StartGame(seat, paths);
+    ShowAtRest(seat);
 }
 
 CMorvikDoc::~CMorvikDoc() = default;
 
 void CMorvikDoc::OnNewDocument(const std::string& gameFile) {
     actions.Run([this, gameFile] {
-        FinishStart(table, gameFile);
+        FinishStart(seat, gameFile);
         emit TitleChanged();
     });
 }
 
-bool CMorvikDoc::OnCloseDocument() { return StopGame(table, paths); }
+bool CMorvikDoc::OnCloseDocument() { return StopGame(seat, paths); }
 
 void CMorvikDoc::SaveForNow() {
     StoreCurrentGamePath(files.gamePath, paths, files.file);
-    SaveGameQuietly(table);  // the desktop waits
+    SaveGameQuietly(seat);  // the desktop waits
     files.file.Flush();
 }
 
@@ -69,24 +69,24 @@ void CMorvikDoc::Run(int command) {
     if (command == kExit) return Dispatch(command);
     PressInHand choice;
     actions.Begin(choice, PressKind::kOther, [this, command] {
-        if (IsEnabled(command, table.engine)) Dispatch(command);
+        if (IsEnabled(command, seat.engine)) Dispatch(command);
     });
 }
 
 void CMorvikDoc::RunKey(int command) {
-    if (IsEnabledByKey(command, table.engine)) Dispatch(command);
+    if (IsEnabledByKey(command, seat.engine)) Dispatch(command);
 }
 
 QString CMorvikDoc::Title() const {
-    return QString::fromStdString(::Title(table, paths)) + tr(" - Tolvane");
+    return QString::fromStdString(::Title(seat, paths)) + tr(" - Tolvane");
 }
 
 void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 
-void CMorvikDoc::Show(const TableScene& scene) {
-    const bool inHand = scene.message == kResetMessage && !table.engine.handOver;
+void CMorvikDoc::Show(const Scene& scene) {
+    const bool inHand = scene.message == kResetMessage && !seat.engine.handOver;
     if (inHand && !resetRead.isActive()) resetRead.start();
     emit SceneChanged();
 }
@@ -98,5 +98,5 @@ void CMorvikDoc::Dispatch(int command) {
 
 // Between hands the message of a reset stays, as others do; in a hand the meter is needed.
 void CMorvikDoc::AskForHoldsAgain() {
-    if (table.scene.message == kResetMessage && !table.engine.handOver) ShowMeters(table);
+    if (seat.scene.message == kResetMessage && !seat.engine.handOver) ShowMeters(seat);
 }

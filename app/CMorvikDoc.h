@@ -10,8 +10,8 @@
 #include "app/WindowPlayer.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
-#include "game/table/GameTable.h"
-#include "ui/table/ActionQueue.h"
+#include "game/seat/Seat.h"
+#include "ui/machine/ActionQueue.h"
 
 class PictureStore;
 class ProfileFile;
@@ -27,7 +27,7 @@ struct ProgramParts {
     Sounds& sounds;
 };
 
-class CMorvikDoc : public QObject, private TableDisplay {
+class CMorvikDoc : public QObject, private SeatDisplay {
     Q_OBJECT
 
   public:
@@ -48,8 +48,8 @@ class CMorvikDoc : public QObject, private TableDisplay {
     // waits like any press; the exit never does.
     void Run(int command);
 
-    // Runs a command that a key or a press at the table stands for, whose turn has come, unless it
-    // may not be given so.
+    // Runs a command that a key or a press at the machine stands for, whose turn has come, unless
+    // it may not be given so.
     void RunKey(int command);
 
     QString Title() const;
@@ -59,7 +59,7 @@ class CMorvikDoc : public QObject, private TableDisplay {
     void RefuseQuestions();
     void AnswerQuestions();
 
-    GameTable& Table() { return table; }
+    Seat& PlayersSeat() { return seat; }
     ActionQueue& Actions() { return actions; }  // all that acts on the table goes through it
 
   signals:
@@ -69,7 +69,7 @@ class CMorvikDoc : public QObject, private TableDisplay {
     void TitleChanged();
 
   private:
-    void Show(const TableScene& scene) override;
+    void Show(const Scene& scene) override;
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
     void AskForHoldsAgain();
@@ -79,7 +79,7 @@ class CMorvikDoc : public QObject, private TableDisplay {
     LineTableCache lineTables;
     WindowPlayer player;
     ActionQueue actions;
-    GameTable table;
+    Seat seat;
     CommandDesk desk;
     QTimer resetRead;  // the player has seen that the statistics are reset
 };

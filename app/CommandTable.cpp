@@ -7,7 +7,7 @@
 
 #include "game/commands/FileCommands.h"
 #include "game/commands/GameSelection.h"
-#include "game/commands/TableCommands.h"
+#include "game/commands/MachineCommands.h"
 #include "game/engine/Autoplay.h"
 #include "game/flows/DealSteps.h"
 #include "game/flows/FixedHand.h"
@@ -29,40 +29,40 @@ void Exit(CommandDesk& desk, int) {
 }
 void DoNothing(CommandDesk&, int) {}
 
-template <void (*kCommand)(GameTable&)>
-void AtTable(CommandDesk& desk, int) {
-    kCommand(desk.table);
+template <void (*kCommand)(Seat&)>
+void AtSeat(CommandDesk& desk, int) {
+    kCommand(desk.seat);
 }
 
 void PlayGame(CommandDesk& desk, int id) {
     if (id >= kFirstUserGame) {
-        ChooseUserGame(desk.table, id, desk.paths);
+        ChooseUserGame(desk.seat, id, desk.paths);
     } else {
-        ChooseGame(desk.table, id);
+        ChooseGame(desk.seat, id);
     }
 }
 template <PlayMode kMode>
 void PlayIn(CommandDesk& desk, int) {
-    ChooseMode(desk.table, kMode);
+    ChooseMode(desk.seat, kMode);
 }
 template <int kCents>
 void PayWith(CommandDesk& desk, int) {
-    ChooseCoin(desk.table, kCents / 100.0);
+    ChooseCoin(desk.seat, kCents / 100.0);
 }
 template <Speed kSpeed>
 void RunAt(CommandDesk& desk, int) {
-    ChooseSpeed(desk.table, kSpeed);
+    ChooseSpeed(desk.seat, kSpeed);
 }
 
-void PlayByItself(CommandDesk& desk, int) { RunAutoplay(desk.table, desk.spare); }
-void ReadStatistics(CommandDesk& desk, int) { desk.table.player.ShowStatistics(desk.table.engine); }
-void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.table, desk.paths); }
-void EditTable(CommandDesk& desk, int) { EditCurrentPayTable(desk.table, desk.paths); }
-void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.table, desk.spare, desk.paths); }
+void PlayByItself(CommandDesk& desk, int) { RunAutoplay(desk.seat, desk.spare); }
+void ReadStatistics(CommandDesk& desk, int) { desk.seat.player.ShowStatistics(desk.seat.engine); }
+void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.seat, desk.paths); }
+void EditTable(CommandDesk& desk, int) { EditCurrentPayTable(desk.seat, desk.paths); }
+void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.seat, desk.spare, desk.paths); }
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
 void ReadErrorLog(CommandDesk& desk, int) {
-    if (TellIfErrorLogIsEmpty(desk.table)) return;
-    ErrorLogDialog(desk.table.engine, desk.table.files, desk.pictures, &desk.window).exec();
+    if (TellIfErrorLogIsEmpty(desk.seat)) return;
+    ErrorLogDialog(desk.seat.engine, desk.seat.files, desk.pictures, &desk.window).exec();
 }
 void CountCombinations(CommandDesk& desk, int) { CombinationsDialog(&desk.window).exec(); }
 void OpenHelp(CommandDesk& desk, int) {
@@ -103,10 +103,10 @@ using Set = MachineSettings;
 constexpr auto kRows = std::to_array<MenuRow>({
     // command              caption                   key  shortcut  greyed           does                             checked
     PopupRow{"fileMenu", "&File"},
-    Row{kFileNew,           "&New",                   0,   "Ctrl+N", kDuringHand,     AtTable<NewGameFile>},
-    Row{kFileOpen,          "&Open...",               0,   "Ctrl+O", kDuringHand,     AtTable<OpenGameFile>},
-    Row{kFileSave,          "&Save",                  0,   "Ctrl+S", kDuringHand,     AtTable<SaveGameFile>},
-    Row{kFileSaveAs,        "Save &As...",            0,   "",       kDuringHand,     AtTable<SaveGameFileAs>},
+    Row{kFileNew,           "&New",                   0,   "Ctrl+N", kDuringHand,     AtSeat<NewGameFile>},
+    Row{kFileOpen,          "&Open...",               0,   "Ctrl+O", kDuringHand,     AtSeat<OpenGameFile>},
+    Row{kFileSave,          "&Save",                  0,   "Ctrl+S", kDuringHand,     AtSeat<SaveGameFile>},
+    Row{kFileSaveAs,        "Save &As...",            0,   "",       kDuringHand,     AtSeat<SaveGameFileAs>},
     SeparatorRow{},
     Row{kExit,              "E&xit",                  0,   "",       kNever,          Exit},
 
@@ -128,17 +128,17 @@ constexpr auto kRows = std::to_array<MenuRow>({
     GameRows{350, kLastGame},
 
     PopupRow{"optionsMenu", "&Options"},
-    Row{kCashOut,           "Cash Out",               'O', "",       kNever,          AtTable<CashOut>},
-    Row{kEnterCredits,      "Enter Credits",          0,   "",       kNever,          AtTable<EnterCredits>},
-    Row{kResetStatistics,   "Reset Statistics to 0",  0,   "",       kNever,          AtTable<ResetAllStatistics>},
+    Row{kCashOut,           "Cash Out",               'O', "",       kNever,          AtSeat<CashOut>},
+    Row{kEnterCredits,      "Enter Credits",          0,   "",       kNever,          AtSeat<EnterCredits>},
+    Row{kResetStatistics,   "Reset Statistics to 0",  0,   "",       kNever,          AtSeat<ResetAllStatistics>},
     Row{kViewErrorLog,      "View Error Log",         0,   "",       kNever,          ReadErrorLog},
-    Row{kClearErrorLog,     "Clear Error Log",        0,   "",       kDuringHand,     AtTable<ForgetErrors>},
+    Row{kClearErrorLog,     "Clear Error Log",        0,   "",       kDuringHand,     AtSeat<ForgetErrors>},
     Row{kEditPayTable,      "Edit Pay Table",         'E', "",       kDuringHand,     EditAnyTable},
-    Row{kAssignFixedHand,   "Assign Fixed Hand",      'A', "",       kNever,          AtTable<AssignFixedHand>},
+    Row{kAssignFixedHand,   "Assign Fixed Hand",      'A', "",       kNever,          AtSeat<AssignFixedHand>},
     SeparatorRow{},
-    Row{kToggleSounds,      "Sound Effects",          0,   "",       kDuringHand,     AtTable<ToggleSounds>,           Has<&Set::sounds>},
-    Row{kToggleDoubleUp,    "Double Up",              0,   "",       kDuringHand,     AtTable<ToggleDoubleUp>,         Has<&Set::doubleUp>},
-    Row{kToggleShowDollar,  "Show Credits as Cash",   'C', "",       kMenuDuringHand, AtTable<ToggleShowDollar>,       Has<&Set::showDollar>},
+    Row{kToggleSounds,      "Sound Effects",          0,   "",       kDuringHand,     AtSeat<ToggleSounds>,           Has<&Set::sounds>},
+    Row{kToggleDoubleUp,    "Double Up",              0,   "",       kDuringHand,     AtSeat<ToggleDoubleUp>,         Has<&Set::doubleUp>},
+    Row{kToggleShowDollar,  "Show Credits as Cash",   'C', "",       kMenuDuringHand, AtSeat<ToggleShowDollar>,       Has<&Set::showDollar>},
     SeparatorRow{},
     Row{kCombinations,      "Calculate Combinations", 0,   "",       kNever,          CountCombinations},
 
@@ -149,7 +149,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kModeErrorLog,      "Error Log",              0,   "",       kDuringHand,     PlayIn<kErrorLog>,               PlaysIn<kErrorLog>},
     Row{kAutoplay,          "Autoplay",               0,   "",       kNever,          PlayByItself},
     SeparatorRow{},
-    Row{kFixedHand,         "Fixed Hand",             0,   "",       kDuringHand,     AtTable<ToggleFixedHand>,        IsPractice},
+    Row{kFixedHand,         "Fixed Hand",             0,   "",       kDuringHand,     AtSeat<ToggleFixedHand>,        IsPractice},
 
     PopupRow{"coinMenu", "&Coin"},
     Row{kCoinNickel,        "Nickel",                 0,   "",       kNever,          PayWith<5>,                      PaysWith<5>},
@@ -173,7 +173,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
 
     NoMenuRow{},
     Row{kEditCurrentPayTable,   "",                   'T', "",       kDuringHand,     EditTable},
-    Row{kResetStatisticsAlone,  "",                   '0', "",       kNever,          AtTable<ResetStatisticsOnly>},
+    Row{kResetStatisticsAlone,  "",                   '0', "",       kNever,          AtSeat<ResetStatisticsOnly>},
 });
 // clang-format on
 
@@ -228,7 +228,7 @@ void RunCommand(int id, CommandDesk& desk) {
 }
 
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
-    LoadSpare(desk.table, desk.spare);
-    LendHand(desk.table.engine, desk.spare);
+    LoadSpare(desk.seat, desk.spare);
+    LendHand(desk.seat.engine, desk.spare);
     HandAnalysisDialog(desk.spare, desk.pictures, &over).exec();
 }

@@ -4,18 +4,18 @@
 #include <span>
 #include <variant>
 
-#include "ui/table/Commands.h"
+#include "ui/machine/Commands.h"
 
 class HelpWindow;
 class PictureStore;
 class QWidget;
 struct DataFilePaths;
 struct GameEngine;
-struct GameTable;
+struct Seat;
 
 // What the commands work on. All but the help outlives the desk.
 struct CommandDesk {
-    GameTable& table;
+    Seat& seat;
     GameEngine& spare;
     const DataFilePaths& paths;
     PictureStore& pictures;
@@ -34,7 +34,7 @@ enum class Grey {
 struct CommandRow {
     int id = 0;                 // of Commands.h
     const char* caption = "";   // with the letter that chooses it after a '&'
-    int key = 0;                // at the table, a Qt::Key; 0 = none
+    int key = 0;                // at the machine, a Qt::Key; 0 = none
     const char* shortcut = "";  // of the menu; empty = none
     Grey grey = Grey::kNever;
     void (*run)(CommandDesk& desk, int id) = nullptr;
@@ -64,14 +64,14 @@ using MenuRow = std::variant<PopupRow, CommandRow, SeparatorRow, GameRows, UserG
 
 std::span<const MenuRow> MenuRows();
 
-// The command that a key of the table stands for; kNoCommand when it stands for none.
+// The command that a key of the machine stands for; kNoCommand when it stands for none.
 int CommandOfKey(int key);
 
 // By the id of a command or a game, as the machine stands. Of an id that is no command's, none is
 // true.
 bool IsChecked(int id, const GameEngine& engine);
 bool IsEnabled(int id, const GameEngine& engine);       // in the menus
-bool IsEnabledByKey(int id, const GameEngine& engine);  // or by a press at the table
+bool IsEnabledByKey(int id, const GameEngine& engine);  // or by a press at the machine
 
 // Whether it may be given is the caller's to look at.
 void RunCommand(int id, CommandDesk& desk);

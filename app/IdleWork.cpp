@@ -54,25 +54,25 @@ void IdleWork::Call() {
 // again.
 void IdleWork::Keep(bool rested) {
     if (document.Actions().Busy()) return;
-    const GameTable& table = document.Table();
-    if (!SaveIsDue(table, rested) && !table.files.file.IsDirty()) return;
-    document.Actions().Run([this, rested] { KeepPlay(document.Table(), rested); });
+    const Seat& seat = document.PlayersSeat();
+    if (!SaveIsDue(seat, rested) && !seat.files.file.IsDirty()) return;
+    document.Actions().Run([this, rested] { KeepPlay(document.PlayersSeat(), rested); });
 }
 
 void IdleWork::Settle() {
-    const GameTable& table = document.Table();
-    const bool waits = table.files.file.IsDirty() || SaveIsDue(table, true);
+    const Seat& seat = document.PlayersSeat();
+    const bool waits = seat.files.file.IsDirty() || SaveIsDue(seat, true);
     rest.stop();
-    if (waits) rest.start(table.saveTold.empty() ? kRest : kRetry);
-    if (waits && SaveIsDue(table, false)) Keep(false);
+    if (waits) rest.start(seat.saveTold.empty() ? kRest : kRetry);
+    if (waits && SaveIsDue(seat, false)) Keep(false);
     Begin();
 }
 
 bool IdleWork::OnIdle(int count) {
-    const GameTable& table = document.Table();
+    const Seat& seat = document.PlayersSeat();
     // Once in a row of calls: a disk that is full need not be asked a hundred times.
-    if (count == 0 && table.files.file.IsDirty()) Keep(false);
-    GameEngine& engine = document.Table().engine;
+    if (count == 0 && seat.files.file.IsDirty()) Keep(false);
+    GameEngine& engine = document.PlayersSeat().engine;
     if (!engine.handInProgress && !engine.fixedHand) engine.deck.Shuffle(1);
     return count < kMaxCalls - 1;
 }

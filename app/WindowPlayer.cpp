@@ -6,7 +6,7 @@
 #include <QShowEvent>
 #include <algorithm>
 
-#include "game/table/Clock.h"
+#include "game/seat/Clock.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
 #include "ui/paytables/PayTableManagerDialog.h"

@@ -2,7 +2,7 @@
 #pragma once
 #include <functional>
 
-#include "game/table/Player.h"
+#include "game/seat/Player.h"
 
 class Clock;
 class PictureStore;

@@ -8,11 +8,11 @@
 
 #include "core/cards/Deck.h"
 #include "core/profile/ProfileFile.h"
-#include "game/table/TableScene.h"
+#include "game/seat/Scene.h"
 #include "ui/art/PictureStore.h"
-#include "ui/table/ChangedRegion.h"
-#include "ui/table/Layout.h"
-#include "ui/table/TablePainter.h"
+#include "ui/machine/ChangedRegion.h"
+#include "ui/machine/Layout.h"
+#include "ui/machine/MachinePainter.h"
 
 namespace {
 
@@ -31,16 +31,16 @@ void PaintChanges(benchmark::State& state, bool oneCard) {
     const auto layout = LayOut(kClient, ShapeOf(payTable), QtTextMeasure());
     PictureStore pictures;
     QImage window(kClient, QImage::Format_RGB32);
-    TableScene before;
+    Scene before;
     for (PlaceLook& place : before.places) place.card = kCardBack;
-    TableScene now = before;
+    Scene now = before;
     now.places[2].card = 12;
     const QRegion all(QRect(QPoint(0, 0), kClient));
     while (state.KeepRunning()) {
         QPainter painter(&window);
         const QRegion region = oneCard ? ChangedRegion(before, now, *layout) : all;
         std::swap(before, now);
-        PaintTable(painter, region, before, *layout, payTable, deck.table, pictures);
+        PaintMachine(painter, region, before, *layout, payTable, deck.table, pictures);
     }
     if (oneCard) state.SetLabel("2 ms");
 }

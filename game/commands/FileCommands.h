@@ -4,17 +4,17 @@
 #include <string>
 
 #include "core/store/DataFiles.h"
-#include "game/table/GameTable.h"
+#include "game/seat/Seat.h"
 
 // An empty game file, in place of any that is there, for the current game and options: Warning
 // mode, no credits, a bet of 5, statistics from 0.
-void NewGameFile(GameTable& table);
+void NewGameFile(Seat& seat);
 
 // Goes on with the settings, the game and the statistics of another game file.
-void OpenGameFile(GameTable& table);
+void OpenGameFile(Seat& seat);
 
 // The same with a file that was named elsewhere; nothing when it is the one in use.
-void OpenNamedGameFile(GameTable& table, const std::string& path);
+void OpenNamedGameFile(Seat& seat, const std::string& path);
 
 // Of the window.
-std::string Title(const GameTable& table, const DataFilePaths& paths);
+std::string Title(const Seat& seat, const DataFilePaths& paths);

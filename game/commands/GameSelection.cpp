@@ -5,7 +5,7 @@
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/store/Session.h"
-#include "game/commands/TableCommands.h"
+#include "game/commands/MachineCommands.h"
 #include "game/flows/BonusFeatures.h"
 #include "game/flows/DealSteps.h"
 #include "game/saving/SaveGame.h"
@@ -30,46 +30,46 @@ bool LacksPayTable(const GameFiles& files, int id, const std::string& name) {
     return !builtIn && !TableExists(files.file, name, 0, files.mainPath);
 }
 
-void Select(GameTable& table, int id, const std::string& name, std::optional<int> tableIndex) {
-    GameFiles& files = table.files;
-    SettleFeatures(table);
-    table.engine.handWins = false;
-    SaveGame(table);
-    MachineSettings& settings = table.engine.settings;
+void Select(Seat& seat, int id, const std::string& name, std::optional<int> tableIndex) {
+    GameFiles& files = seat.files;
+    SettleFeatures(seat);
+    seat.engine.handWins = false;
+    SaveGame(seat);
+    MachineSettings& settings = seat.engine.settings;
     settings.gameId = id;
     settings.gameName = name;
     settings.activeTable =
         tableIndex ? *tableIndex : ActiveTable(files.file, files.gamePath, files.mainPath, name);
-    LoadGame(table.engine, files, table.tables);
-    table.engine.replayIndex = 0;  // of another log
-    SaveNewSession(table);
-    ShowGameOver(table);
-    table.display.Relayout();
+    LoadGame(seat.engine, files, seat.tables);
+    seat.engine.replayIndex = 0;  // of another log
+    SaveNewSession(seat);
+    ShowGameOver(seat);
+    seat.display.Relayout();
 }
 
-GameChoice Choose(GameTable& table, int id, std::optional<int> tableIndex) {
-    const std::string name = NameOf(table.files, id);
+GameChoice Choose(Seat& seat, int id, std::optional<int> tableIndex) {
+    const std::string name = NameOf(seat.files, id);
     if (name.empty()) return GameChoice::kUnknown;
-    if (LacksPayTable(table.files, id, name)) {
-        TellOfMissingPayTable(table.player);
+    if (LacksPayTable(seat.files, id, name)) {
+        TellOfMissingPayTable(seat.player);
         return GameChoice::kNoPayTable;
     }
-    Select(table, id, name, tableIndex);
+    Select(seat, id, name, tableIndex);
     return GameChoice::kChosen;
 }
 
 }  // namespace
 
-GameChoice ChooseGame(GameTable& table, int id) { return Choose(table, id, std::nullopt); }
+GameChoice ChooseGame(Seat& seat, int id) { return Choose(seat, id, std::nullopt); }
 
-GameChoice ChooseGameTable(GameTable& table, int id, int tableIndex) {
-    return Choose(table, id, tableIndex);
+GameChoice ChooseGameTable(Seat& seat, int id, int tableIndex) {
+    return Choose(seat, id, tableIndex);
 }
 
 // The wins of the lines are kept by their numbers in the game file, and so they are here.
-void ReloadPayTable(GameTable& table) {
-    GameEngine& engine = table.engine;
-    GameFiles& files = table.files;
+void ReloadPayTable(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    GameFiles& files = seat.files;
     const MachineSettings& settings = engine.settings;
     PayTable changed = LoadPayTable(files.file, settings.gameId, settings.gameName,
                                     settings.activeTable, files.mainPath, files.gamePath);
@@ -79,10 +79,10 @@ void ReloadPayTable(GameTable& table) {
         changed.lines[i].totalWins = lines[i].totalWins;
     }
     if (changed == engine.payTable) return;  // what lies on the table may go on lying there
-    SettleFeatures(table);
-    SaveGame(table);
-    UseTable(engine, std::move(changed), table.tables);
+    SettleFeatures(seat);
+    SaveGame(seat);
+    UseTable(engine, std::move(changed), seat.tables);
     engine.dealtCopy = engine.statistics.setCards;
-    ShowGameOver(table);
-    table.display.Relayout();
+    ShowGameOver(seat);
+    seat.display.Relayout();
 }

@@ -1,7 +1,7 @@
 // Which game is played on which pay table. A change of either is a new session; what has been
 // played is saved before. Credits, coin, bet and options stay.
 #pragma once
-#include "game/table/GameTable.h"
+#include "game/seat/Seat.h"
 
 enum class GameChoice {
     kChosen,
@@ -12,11 +12,11 @@ enum class GameChoice {
 
 // A built-in game, or one of the player's own by the id that stands in its slot; on the table that
 // it was last played on.
-GameChoice ChooseGame(GameTable& table, int id);
+GameChoice ChooseGame(Seat& seat, int id);
 
 // As ChooseGame, but on the table of that index.
-GameChoice ChooseGameTable(GameTable& table, int id, int tableIndex);
+GameChoice ChooseGameTable(Seat& seat, int id, int tableIndex);
 
 // Takes the current pay table anew from the main profile file, where it may have been changed. The
 // session and its counters go on.
-void ReloadPayTable(GameTable& table);
+void ReloadPayTable(Seat& seat);

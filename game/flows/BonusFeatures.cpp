@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "game/flows/DoubleUp.h"
-#include "game/table/ShowTable.h"
-#include "game/table/Wins.h"
+#include "game/seat/ShowScene.h"
+#include "game/seat/Wins.h"
 
 namespace {
 
@@ -46,9 +46,9 @@ const Multiplier& MultiplierOf(int draw) {
 }
 
 // In credits for the bet.
-int DrawValue(GameTable& table, int (*multiplier)(int)) {
-    const std::int64_t factor = multiplier(table.random.IRandom(1, kMultiplierDraws));
-    return AddCapped(0, factor * table.engine.settings.bet);
+int DrawValue(Seat& seat, int (*multiplier)(int)) {
+    const std::int64_t factor = multiplier(seat.random.IRandom(1, kMultiplierDraws));
+    return AddCapped(0, factor * seat.engine.settings.bet);
 }
 
 void PayBonus(GameEngine& engine, int bonus) {
@@ -57,110 +57,110 @@ void PayBonus(GameEngine& engine, int bonus) {
     NoteCredits(engine);
 }
 
-void ShowBonus(GameTable& table, int bonus) {
-    table.engine.bonusStake = bonus;
-    table.bonusShown = true;
-    ShowMeters(table);
+void ShowBonus(Seat& seat, int bonus) {
+    seat.engine.bonusStake = bonus;
+    seat.bonusShown = true;
+    ShowMeters(seat);
 }
 
-void StartSpin(GameTable& table) {
-    Play(table, Wave::kCash);
-    table.engine.spinPending = true;
-    ShowAtRest(table);
+void StartSpin(Seat& seat) {
+    Play(seat, Wave::kCash);
+    seat.engine.spinPending = true;
+    ShowAtRest(seat);
 }
 
-void StartTarget(GameTable& table) {
-    Play(table, Wave::kCash);
-    table.engine.targetPending = true;
-    table.target = {};
-    for (int& value : table.target.values) value = DrawValue(table, TargetMultiplier);
-    ShowAtRest(table);
+void StartTarget(Seat& seat) {
+    Play(seat, Wave::kCash);
+    seat.engine.targetPending = true;
+    seat.target = {};
+    for (int& value : seat.target.values) value = DrawValue(seat, TargetMultiplier);
+    ShowAtRest(seat);
 }
 
-void StartRedBlack(GameTable& table) {
-    Play(table, Wave::kCash);
-    table.engine.redBlackPending = true;
-    table.redBlack = {};
-    ShowAtRest(table);
+void StartRedBlack(Seat& seat) {
+    Play(seat, Wave::kCash);
+    seat.engine.redBlackPending = true;
+    seat.redBlack = {};
+    ShowAtRest(seat);
 }
 
 // The wheel slows down: five steps for each pause.
 int SpinPause(int step) { return 150 + step / 5 * 50; }
 
 // Nothing at a target that was shot already.
-void FireAt(GameTable& table, int target) {
-    TargetGame& game = table.target;
+void FireAt(Seat& seat, int target) {
+    TargetGame& game = seat.target;
     const auto index = static_cast<std::size_t>(target);
     if (std::exchange(game.shot[index], true)) return;
-    if (game.shots++ == 0) table.engine.statistics.bonusTries.Add(1);
+    if (game.shots++ == 0) seat.engine.statistics.bonusTries.Add(1);
     game.stake = AddCapped(game.stake, game.values[index]);
 }
 
-void EndTarget(GameTable& table) {
-    PayBonus(table.engine, table.target.stake);
-    table.engine.targetPending = false;
-    table.clock.Pause(kShotsPause);
+void EndTarget(Seat& seat) {
+    PayBonus(seat.engine, seat.target.stake);
+    seat.engine.targetPending = false;
+    seat.clock.Pause(kShotsPause);
     for (std::size_t i = 0; i < kTargets; ++i) {
-        if (table.target.shot[i]) continue;
-        table.scene.targets[i] = {TargetFace::kMissed, table.target.values[i]};
+        if (seat.target.shot[i]) continue;
+        seat.scene.targets[i] = {TargetFace::kMissed, seat.target.values[i]};
     }
-    Show(table);
-    Play(table, Wave::kApplause);
-    table.clock.Pause(kEndPause);
-    ShowAtRest(table);
+    Show(seat);
+    Play(seat, Wave::kApplause);
+    seat.clock.Pause(kEndPause);
+    ShowAtRest(seat);
 }
 
 // The first guess is always right.
-CardColour DrawColour(GameTable& table, CardColour guess) {
-    if (table.redBlack.guesses == 0) return guess;
-    return table.random.IRandom(2, 1000) % 2 == 1 ? CardColour::kRed : CardColour::kBlack;
+CardColour DrawColour(Seat& seat, CardColour guess) {
+    if (seat.redBlack.guesses == 0) return guess;
+    return seat.random.IRandom(2, 1000) % 2 == 1 ? CardColour::kRed : CardColour::kBlack;
 }
 
-void LightPanelWithClick(GameTable& table, CardColour colour) {
-    Play(table, Wave::kClick);
-    table.scene.redBlack.lit = colour;
-    Show(table);
+void LightPanelWithClick(Seat& seat, CardColour colour) {
+    Play(seat, Wave::kClick);
+    seat.scene.redBlack.lit = colour;
+    Show(seat);
 }
 
-void ShowColourDrawn(GameTable& table) {
+void ShowColourDrawn(Seat& seat) {
     for (int i = 0; i < kPanelRounds; ++i) {
         for (const CardColour colour : {CardColour::kRed, CardColour::kBlack}) {
-            LightPanelWithClick(table, colour);
-            table.clock.Pause(kPanelPause);
+            LightPanelWithClick(seat, colour);
+            seat.clock.Pause(kPanelPause);
         }
     }
-    if (table.redBlack.drawn == CardColour::kRed) LightPanelWithClick(table, CardColour::kRed);
-    table.clock.Pause(kColourPause);
+    if (seat.redBlack.drawn == CardColour::kRed) LightPanelWithClick(seat, CardColour::kRed);
+    seat.clock.Pause(kColourPause);
 }
 
-void PayRedBlack(GameTable& table) {
-    PayBonus(table.engine, table.redBlack.stake);
-    table.engine.redBlackPending = false;
-    ShowBonus(table, table.redBlack.stake);
+void PayRedBlack(Seat& seat) {
+    PayBonus(seat.engine, seat.redBlack.stake);
+    seat.engine.redBlackPending = false;
+    ShowBonus(seat, seat.redBlack.stake);
 }
 
 // Counted as it would have been played, so that the share of tries that pay stays true.
-void SettleRedBlack(GameTable& table) {
-    if (table.redBlack.guesses == 0) {
-        table.engine.statistics.bonusTries.Add(1);
-        table.redBlack.stake = table.engine.settings.bet;
+void SettleRedBlack(Seat& seat) {
+    if (seat.redBlack.guesses == 0) {
+        seat.engine.statistics.bonusTries.Add(1);
+        seat.redBlack.stake = seat.engine.settings.bet;
     }
-    PayRedBlack(table);
+    PayRedBlack(seat);
 }
 
-void SettleTarget(GameTable& table) {
-    for (int i = 0; i < kTargets && table.target.shots < kShots; ++i) FireAt(table, i);
-    PayBonus(table.engine, table.target.stake);
-    table.engine.targetPending = false;
-    ShowBonus(table, table.target.stake);
+void SettleTarget(Seat& seat) {
+    for (int i = 0; i < kTargets && seat.target.shots < kShots; ++i) FireAt(seat, i);
+    PayBonus(seat.engine, seat.target.stake);
+    seat.engine.targetPending = false;
+    ShowBonus(seat, seat.target.stake);
 }
 
-void SettleSpin(GameTable& table) {
-    table.engine.statistics.bonusTries.Add(1);
-    const int bonus = DrawValue(table, SpinMultiplier);
-    PayBonus(table.engine, bonus);
-    table.engine.spinPending = false;
-    ShowBonus(table, bonus);
+void SettleSpin(Seat& seat) {
+    seat.engine.statistics.bonusTries.Add(1);
+    const int bonus = DrawValue(seat, SpinMultiplier);
+    PayBonus(seat.engine, bonus);
+    seat.engine.spinPending = false;
+    ShowBonus(seat, bonus);
 }
 
 }  // namespace
@@ -169,84 +169,84 @@ int SpinMultiplier(int draw) { return MultiplierOf(draw).spin; }
 
 int TargetMultiplier(int draw) { return MultiplierOf(draw).target; }
 
-void MaybeStartSpinOrTarget(GameTable& table) {
-    const PayTable& payTable = table.engine.payTable;
+void MaybeStartSpinOrTarget(Seat& seat) {
+    const PayTable& payTable = seat.engine.payTable;
     if (!payTable.spinBonus && !payTable.targetBonus) return;
-    const int draw = table.random.IRandom(1, kHandsPerFeature);
+    const int draw = seat.random.IRandom(1, kHandsPerFeature);
     if (payTable.spinBonus && draw == kSpinDraw) {
-        StartSpin(table);
+        StartSpin(seat);
     } else if (payTable.targetBonus && draw == kTargetDraw) {
-        StartTarget(table);
+        StartTarget(seat);
     }
 }
 
-void MaybeStartRedBlack(GameTable& table) {
-    const HandFeatures& features = table.engine.features;
+void MaybeStartRedBlack(Seat& seat) {
+    const HandFeatures& features = seat.engine.features;
     const bool oneColour = features.reds == kHandSize || features.blacks == kHandSize;
-    if (table.engine.payTable.redBlackBonus && oneColour) StartRedBlack(table);
+    if (seat.engine.payTable.redBlackBonus && oneColour) StartRedBlack(seat);
 }
 
-void Spin(GameTable& table) {
-    GameEngine& engine = table.engine;
+void Spin(Seat& seat) {
+    GameEngine& engine = seat.engine;
     if (!engine.spinPending) return;
-    SpinLook& look = table.scene.spin;
+    SpinLook& look = seat.scene.spin;
     engine.statistics.bonusTries.Add(1);
     look.button = SpinButton::kLit;
-    Show(table);
-    PlayToEnd(table, Wave::kDrumroll);
+    Show(seat);
+    PlayToEnd(seat, Wave::kDrumroll);
     look.button = SpinButton::kHidden;
     int bonus = 0;
     for (int step = 0; step < kSpinSteps; ++step) {
-        bonus = DrawValue(table, SpinMultiplier);
+        bonus = DrawValue(seat, SpinMultiplier);
         look.value = std::to_string(bonus);
-        Show(table);
-        Play(table, Wave::kClick);
-        table.clock.Pause(SpinPause(step));
+        Show(seat);
+        Play(seat, Wave::kClick);
+        seat.clock.Pause(SpinPause(step));
     }
-    ShowBonus(table, bonus);
+    ShowBonus(seat, bonus);
     PayBonus(engine, bonus);
-    ShowCredits(table);
+    ShowCredits(seat);
     engine.spinPending = false;
-    Play(table, Wave::kApplause);
-    table.clock.Pause(kEndPause);
-    ShowAtRest(table);
+    Play(seat, Wave::kApplause);
+    seat.clock.Pause(kEndPause);
+    ShowAtRest(seat);
 }
 
-void Shoot(GameTable& table, int target) {
-    GameEngine& engine = table.engine;
+void Shoot(Seat& seat, int target) {
+    GameEngine& engine = seat.engine;
     if (!engine.targetPending || target < 0 || target >= kTargets) return;
-    if (table.target.shot[static_cast<std::size_t>(target)]) return;
-    FireAt(table, target);
-    Play(table, Wave::kArrow);
-    ShowAtRest(table);
-    ShowBonus(table, table.target.stake);
-    if (table.target.shots == kShots) EndTarget(table);
+    if (seat.target.shot[static_cast<std::size_t>(target)]) return;
+    FireAt(seat, target);
+    Play(seat, Wave::kArrow);
+    ShowAtRest(seat);
+    ShowBonus(seat, seat.target.stake);
+    if (seat.target.shots == kShots) EndTarget(seat);
 }
 
-void GuessColour(GameTable& table, CardColour colour) {
-    GameEngine& engine = table.engine;
+void GuessColour(Seat& seat, CardColour colour) {
+    GameEngine& engine = seat.engine;
     if (!engine.redBlackPending || colour == CardColour::kNone) return;
-    RedBlackGame& game = table.redBlack;
+    RedBlackGame& game = seat.redBlack;
     engine.statistics.bonusTries.Add(1);
-    table.scene.redBlack.choice = colour;
-    Show(table);
-    game.drawn = DrawColour(table, colour);
+    seat.scene.redBlack.choice = colour;
+    Show(seat);
+    game.drawn = DrawColour(seat, colour);
     ++game.guesses;
-    ShowColourDrawn(table);
+    ShowColourDrawn(seat);
     if (game.drawn == colour) {
-        Play(table, Wave::kCash);
+        Play(seat, Wave::kCash);
         game.stake = AddCapped(game.stake, engine.settings.bet);
-        ShowBonus(table, game.stake);
+        ShowBonus(seat, game.stake);
     } else {
-        PayRedBlack(table);
+        PayRedBlack(seat);
     }
-    ShowAtRest(table);
+    ShowAtRest(seat);
 }
 
-void SettleFeatures(GameTable& table) {
-    LeaveDoubleUp(table);
-    if (table.engine.redBlackPending) SettleRedBlack(table);
-    if (table.engine.targetPending) SettleTarget(table);
-    if (table.engine.spinPending) SettleSpin(table);
-    ShowAtRest(table);
+void SettleFeatures(Seat& seat) {
+    LeaveDoubleUp(seat);
+    if (seat.engine.redBlackPending) SettleRedBlack(seat);
+    if (seat.engine.targetPending) SettleTarget(seat);
+    if (seat.engine.spinPending) SettleSpin(seat);
+    ShowAtRest(seat);
 }

@@ -3,7 +3,7 @@
 #include "game/engine/BestPlay.h"
 #include "game/engine/Dealing.h"
 #include "game/engine/Money.h"
-#include "game/table/Wins.h"
+#include "game/seat/Wins.h"
 
 namespace {
 
@@ -11,11 +11,11 @@ constexpr int kAcesToDrawAgain = 2;
 
 }  // namespace
 
-void EnterCredits(GameTable& table) {
-    const auto dollars = table.player.AskDollars(table.engine.settings.dollarIn);
+void EnterCredits(Seat& seat) {
+    const auto dollars = seat.player.AskDollars(seat.engine.settings.dollarIn);
     if (!dollars) return;
-    EnterDollars(table.engine, *dollars);
-    ShowAtRest(table);
+    EnterDollars(seat.engine, *dollars);
+    ShowAtRest(seat);
 }
 
 void TellOfMissingPayTable(Player& player) {
@@ -25,81 +25,75 @@ void TellOfMissingPayTable(Player& player) {
                 MessageIcon::kError);
 }
 
-bool CanBeginHand(GameTable& table) {
-    const GameEngine& engine = table.engine;
+bool CanBeginHand(Seat& seat) {
+    const GameEngine& engine = seat.engine;
     if (engine.payTable.lines.empty()) {
-        TellOfMissingPayTable(table.player);
+        TellOfMissingPayTable(seat.player);
         return false;
     }
     if (!engine.fixedHand && engine.settings.credits < engine.settings.bet) {
-        EnterCredits(table);
+        EnterCredits(seat);
         return false;
     }
     return true;
 }
 
-void TakeBet(GameTable& table) {
-    GameEngine& engine = table.engine;
-    table.bonusShown = false;
-    table.logsErrors = true;
+void TakeBet(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    seat.bonusShown = false;
+    seat.logsErrors = true;
     engine.handInProgress = true;
-    if (engine.handWins) ClearLine(table, engine.finalLine);
+    if (engine.handWins) ClearLine(seat, engine.finalLine);
     engine.settings.credits -= engine.settings.bet;
-    WithdrawDoubleUp(table);
-    ShowCredits(table);
-    ShowMessage(table, "GOOD LUCK!");
+    WithdrawDoubleUp(seat);
+    ShowCredits(seat);
+    ShowMessage(seat, "GOOD LUCK!");
 }
 
-void PauseAfterDeal(GameTable& table) {
-    table.clock.Pause(DelaysOf(table.engine.settings.speed).deal);
-}
+void PauseAfterDeal(Seat& seat) { seat.clock.Pause(DelaysOf(seat.engine.settings.speed).deal); }
 
-void PauseAfterCard(GameTable& table) {
-    table.clock.Pause(DelaysOf(table.engine.settings.speed).card);
-}
+void PauseAfterCard(Seat& seat) { seat.clock.Pause(DelaysOf(seat.engine.settings.speed).card); }
 
-bool TurnsCardsOver(const GameTable& table) { return table.engine.settings.speed != Speed::kFast; }
+bool TurnsCardsOver(const Seat& seat) { return seat.engine.settings.speed != Speed::kFast; }
 
-void ShowUnheld(GameTable& table, Faces faces) {
+void ShowUnheld(Seat& seat, Faces faces) {
     for (int i = 0; i < kHandSize; ++i) {
-        table.scene.places[static_cast<std::size_t>(i)].held = false;
-        if (faces == Faces::kTurnedOver) ShowCard(table, i, kCardBack);
+        seat.scene.places[static_cast<std::size_t>(i)].held = false;
+        if (faces == Faces::kTurnedOver) ShowCard(seat, i, kCardBack);
     }
-    Show(table);
+    Show(seat);
 }
 
-void TurnCards(GameTable& table) {
-    const GameEngine& engine = table.engine;
+void TurnCards(Seat& seat) {
+    const GameEngine& engine = seat.engine;
     for (int i = 0; i < kHandSize; ++i) {
         const auto position = static_cast<std::size_t>(i);
         if (engine.held[position]) continue;
-        ShowCard(table, i, engine.hand[position]);
-        PauseAfterCard(table);
+        ShowCard(seat, i, engine.hand[position]);
+        PauseAfterCard(seat);
     }
 }
 
-void ShowDeal(GameTable& table) {
-    GameEngine& engine = table.engine;
-    TurnCards(table);
-    if (engine.handWins) AnnounceWin(table, engine.dealtLine);
+void ShowDeal(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    TurnCards(seat);
+    if (engine.handWins) AnnounceWin(seat, engine.dealtLine);
     const bool doubleDraw = engine.payTable.type == GameType::kDoubleDraw;
-    table.drawAgainAllowed = !doubleDraw || engine.features.aces >= kAcesToDrawAgain;
+    seat.drawAgainAllowed = !doubleDraw || engine.features.aces >= kAcesToDrawAgain;
     if (engine.settings.mode == PlayMode::kAutoHold) HoldCards(engine, engine.analysis.best);
-    table.dealing = false;
-    ShowAtRest(table, MeterText(table));
+    seat.dealing = false;
+    ShowAtRest(seat, MeterText(seat));
 }
 
-bool PassesBestPlayCheck(GameTable& table) {
-    const GameEngine& engine = table.engine;
+bool PassesBestPlayCheck(Seat& seat) {
+    const GameEngine& engine = seat.engine;
     const PlayMode mode = engine.settings.mode;
     // Error Log mode is judged while it practises; with its fixed hand switched off it plays on
     // like Casino mode.
     if (mode == PlayMode::kCasino) return true;
     if (mode == PlayMode::kErrorLog && !engine.fixedHand) return true;
-    const auto goesOn = [&](const std::string& text) {
-        return table.player.GoesOnAfterError(text);
-    };
-    const bool passes = CheckBestPlay(table.engine, table.files, goesOn, table.logsErrors);
-    if (!passes) table.logsErrors = false;
+    const auto goesOn = [&](const std::string& text) { return seat.player.GoesOnAfterError(text); };
+    const bool passes = CheckBestPlay(seat.engine, seat.files, goesOn, seat.logsErrors);
+    if (!passes) seat.logsErrors = false;
     return passes;
 }

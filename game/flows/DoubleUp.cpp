@@ -4,7 +4,7 @@
 #include <compare>
 
 #include "game/flows/DealSteps.h"
-#include "game/table/Wins.h"
+#include "game/seat/Wins.h"
 
 namespace {
 
@@ -31,87 +31,87 @@ void SetStake(GameEngine& engine, int stake) {
     engine.doubleUpTo = AddCapped(stake, stake);
 }
 
-void SetUpPick(GameTable& table) {
-    GameEngine& engine = table.engine;
+void SetUpPick(Seat& seat) {
+    GameEngine& engine = seat.engine;
     engine.handInProgress = true;
     engine.doubleUpPick = engine.doubleUpOffered = true;
     engine.deck.Shuffle(kShufflePasses);
     engine.held = {};
     std::ranges::copy(engine.deck.TakeTop(kHandSize), engine.hand.begin());
     engine.doubleUpClosed = false;
-    ShowAtRest(table);
+    ShowAtRest(seat);
 }
 
-void End(GameTable& table) {
-    GameEngine& engine = table.engine;
+void End(Seat& seat) {
+    GameEngine& engine = seat.engine;
     NoteCredits(engine);
     engine.doubleUpPick = engine.doubleUpOffered = false;
     engine.doubleUpClosed = true;
-    engine.hand = table.beforeDoubleUp.hand;
-    engine.drawCards = table.beforeDoubleUp.drawCards;
-    engine.held = table.beforeDoubleUp.held;
+    engine.hand = seat.beforeDoubleUp.hand;
+    engine.drawCards = seat.beforeDoubleUp.drawCards;
+    engine.held = seat.beforeDoubleUp.held;
     engine.handInProgress = false;
-    ShowAtRest(table);
+    ShowAtRest(seat);
 }
 
 // The win itself was paid by the hand; what won picks have put on top of it is paid here.
-void Collect(GameTable& table) {
-    GameEngine& engine = table.engine;
+void Collect(Seat& seat) {
+    GameEngine& engine = seat.engine;
     engine.bonusStake = AddCapped(engine.bonusStake, -std::int64_t{engine.win});
     engine.settings.credits = AddCapped(engine.settings.credits, engine.bonusStake);
     engine.statistics.doubleUpCredits.Add(engine.bonusStake);
-    table.bonusShown = true;
-    ShowMeters(table);
-    Play(table, Wave::kApplause);
-    End(table);
+    seat.bonusShown = true;
+    ShowMeters(seat);
+    Play(seat, Wave::kApplause);
+    End(seat);
 }
 
-void Reveal(GameTable& table, int picked) {
-    GameEngine& engine = table.engine;
-    PlaceLook& place = table.scene.places[static_cast<std::size_t>(picked)];
+void Reveal(Seat& seat, int picked) {
+    GameEngine& engine = seat.engine;
+    PlaceLook& place = seat.scene.places[static_cast<std::size_t>(picked)];
     engine.held[static_cast<std::size_t>(picked)] = place.held = true;
-    ShowCard(table, picked, CardAt(engine, picked));
-    table.clock.Pause(kRevealPause);
+    ShowCard(seat, picked, CardAt(engine, picked));
+    seat.clock.Pause(kRevealPause);
     for (int i = 1; i < kHandSize; ++i) {
         if (i == picked) continue;
-        ShowCard(table, i, CardAt(engine, i));
-        PauseAfterCard(table);
+        ShowCard(seat, i, CardAt(engine, i));
+        PauseAfterCard(seat);
     }
 }
 
-void Won(GameTable& table) {
-    GameEngine& engine = table.engine;
+void Won(Seat& seat) {
+    GameEngine& engine = seat.engine;
     SetStake(engine, engine.doubleUpTo);
-    table.scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo};
-    Show(table);
-    Play(table, Wave::kCash);
-    table.clock.Pause(kResultPause);
+    seat.scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo};
+    Show(seat);
+    Play(seat, Wave::kCash);
+    seat.clock.Pause(kResultPause);
     engine.doubleUpClosed = true;
     const std::string question = "You doubled up to " + std::to_string(engine.bonusStake) +
                                  ". Double up again to " + std::to_string(engine.doubleUpTo) + "?";
-    if (table.player.SaysYes("Double Up Winner", question)) {
-        SetUpPick(table);
+    if (seat.player.SaysYes("Double Up Winner", question)) {
+        SetUpPick(seat);
     } else {
-        Collect(table);
+        Collect(seat);
     }
 }
 
-void Tied(GameTable& table) {
-    GameEngine& engine = table.engine;
+void Tied(Seat& seat) {
+    GameEngine& engine = seat.engine;
     engine.statistics.doubleUpsTied.Add(1);
-    table.clock.Pause(kResultPause);
+    seat.clock.Pause(kResultPause);
     engine.doubleUpClosed = true;
-    if (table.player.SaysYes("Double Up Tie",
-                             "You have tied the dealer. Do you want to try again?")) {
-        SetUpPick(table);
+    if (seat.player.SaysYes("Double Up Tie",
+                            "You have tied the dealer. Do you want to try again?")) {
+        SetUpPick(seat);
     } else {
-        LeaveDoubleUp(table);
+        LeaveDoubleUp(seat);
     }
 }
 
-void Lost(GameTable& table) {
-    GameEngine& engine = table.engine;
-    table.clock.Pause(kResultPause);
+void Lost(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    seat.clock.Pause(kResultPause);
     // The win may have been paid out while the double up waited; no more than is there can be lost.
     engine.settings.credits =
         std::max(0, AddCapped(engine.settings.credits, -std::int64_t{engine.win}));
@@ -120,46 +120,46 @@ void Lost(GameTable& table) {
     engine.bonusStake = engine.doubleUpTo = 0;
     engine.doubleUpPick = false;
     engine.doubleUpClosed = true;
-    table.bonusShown = true;
-    ShowMessage(table, "0 Bonus Credits");
-    End(table);
+    seat.bonusShown = true;
+    ShowMessage(seat, "0 Bonus Credits");
+    End(seat);
 }
 
 }  // namespace
 
-void StartDoubleUp(GameTable& table) {
-    GameEngine& engine = table.engine;
+void StartDoubleUp(Seat& seat) {
+    GameEngine& engine = seat.engine;
     if (!CanDoubleUp(engine)) return;
-    table.beforeDoubleUp = {engine.hand, engine.drawCards, engine.held};
+    seat.beforeDoubleUp = {engine.hand, engine.drawCards, engine.held};
     SetStake(engine, engine.win);
-    SetUpPick(table);
+    SetUpPick(seat);
 }
 
-void PickDoubleUpCard(GameTable& table, int position) {
-    GameEngine& engine = table.engine;
+void PickDoubleUpCard(Seat& seat, int position) {
+    GameEngine& engine = seat.engine;
     if (!engine.doubleUpPick || position < 1 || position >= kHandSize) return;
     if (engine.doubleUpClosed) {
-        End(table);
+        End(seat);
         return;
     }
     engine.statistics.doubleUpTries.Add(1);
-    Reveal(table, position);
+    Reveal(seat, position);
     const auto duel = ValueAt(engine, position) <=> ValueAt(engine, 0);
     if (duel > 0) {
-        Won(table);
+        Won(seat);
     } else if (duel == 0) {
-        Tied(table);
+        Tied(seat);
     } else {
-        Lost(table);
+        Lost(seat);
     }
 }
 
-void LeaveDoubleUp(GameTable& table) {
-    GameEngine& engine = table.engine;
+void LeaveDoubleUp(Seat& seat) {
+    GameEngine& engine = seat.engine;
     if (!engine.doubleUpPick) return;
     if (engine.bonusStake > engine.win) {
-        Collect(table);
+        Collect(seat);
     } else {
-        End(table);
+        End(seat);
     }
 }

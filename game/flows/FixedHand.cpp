@@ -5,81 +5,81 @@
 #include "game/flows/BonusFeatures.h"
 #include "game/flows/DealSteps.h"
 #include "game/flows/PickEmFlow.h"
-#include "game/table/Wins.h"
+#include "game/seat/Wins.h"
 
 namespace {
 
-bool HasHandToDeal(GameTable& table) {
-    return table.engine.settings.mode != PlayMode::kErrorLog || NextLoggedHandAvailable(table);
+bool HasHandToDeal(Seat& seat) {
+    return seat.engine.settings.mode != PlayMode::kErrorLog || NextLoggedHandAvailable(seat);
 }
 
-void ClearMarks(GameTable& table) {
-    ClearLine(table, table.engine.finalLine);
-    if (table.engine.dealtLine != table.engine.finalLine) ClearLine(table, table.engine.dealtLine);
+void ClearMarks(Seat& seat) {
+    ClearLine(seat, seat.engine.finalLine);
+    if (seat.engine.dealtLine != seat.engine.finalLine) ClearLine(seat, seat.engine.dealtLine);
 }
 
 // The dealt hand, if there is one, is given up for the next one.
-void DealAgain(GameTable& table) {
-    GameEngine& engine = table.engine;
+void DealAgain(Seat& seat) {
+    GameEngine& engine = seat.engine;
     const bool first = engine.handOver;
     engine.readyToDeal = engine.handOver = true;
     engine.handInProgress = false;
-    ClearMarks(table);
+    ClearMarks(seat);
     engine.finalLine = -1;
     engine.held = {};
-    table.bonusShown = false;
-    WithdrawDoubleUp(table);
-    ShowCredits(table);
-    ShowMessage(table, "GOOD LUCK!");
-    table.logsErrors = true;
+    seat.bonusShown = false;
+    WithdrawDoubleUp(seat);
+    ShowCredits(seat);
+    ShowMessage(seat, "GOOD LUCK!");
+    seat.logsErrors = true;
     const bool pickEm = IsPickEm(engine);
-    table.dealing = !pickEm;
+    seat.dealing = !pickEm;
     if (pickEm) {
-        ClearPickEmPlaces(table);
+        ClearPickEmPlaces(seat);
     } else {
         // A hand that is dealt again turns its cards over at any speed, or nothing would be seen.
-        table.scene.firstDraw = kNoCard;
-        const bool turnsOver = !first || TurnsCardsOver(table);
-        ShowUnheld(table, turnsOver ? Faces::kTurnedOver : Faces::kStay);
+        seat.scene.firstDraw = kNoCard;
+        const bool turnsOver = !first || TurnsCardsOver(seat);
+        ShowUnheld(seat, turnsOver ? Faces::kTurnedOver : Faces::kStay);
     }
-    PauseAfterDeal(table);
-    DealOrDraw(engine, table.files);
+    PauseAfterDeal(seat);
+    DealOrDraw(engine, seat.files);
     if (pickEm) {
-        ShowPickEmDeal(table);
+        ShowPickEmDeal(seat);
     } else {
-        ShowDeal(table);
+        ShowDeal(seat);
     }
 }
 
 }  // namespace
 
-void AssignFixedHand(GameTable& table) {
-    if (!table.player.AskFixedHand(table.engine)) return;
-    SettleFeatures(table);
-    table.engine.fixedHand = true;
-    FixedDealDraw(table);
+void AssignFixedHand(Seat& seat) {
+    if (!seat.player.AskFixedHand(seat.engine)) return;
+    SettleFeatures(seat);
+    seat.engine.fixedHand = true;
+    FixedDealDraw(seat);
 }
 
-void FixedDealDraw(GameTable& table) {
-    const GameEngine& engine = table.engine;
-    if (engine.handOver && !CanBeginHand(table)) return;
+void FixedDealDraw(Seat& seat) {
+    const GameEngine& engine = seat.engine;
+    if (engine.handOver && !CanBeginHand(seat)) return;
     const bool judged = !engine.handOver && !IsPickEm(engine);
-    if (judged && !PassesBestPlayCheck(table)) return;
-    if (HasHandToDeal(table)) DealAgain(table);
+    if (judged && !PassesBestPlayCheck(seat)) return;
+    if (HasHandToDeal(seat)) DealAgain(seat);
 }
 
-void FixedPileChoice(GameTable& table, Pile pile) {
-    if (PassesPileCheck(table, pile) && HasHandToDeal(table)) DealAgain(table);
+void FixedPileChoice(Seat& seat, Pile pile) {
+    if (PassesPileCheck(seat, pile) && HasHandToDeal(seat)) DealAgain(seat);
 }
 
-bool NextLoggedHandAvailable(GameTable& table) {
-    GameEngine& engine = table.engine;
+bool NextLoggedHandAvailable(Seat& seat) {
+    GameEngine& engine = seat.engine;
     const auto entry = [&](int index) {
-        return ReadErrorText(table.files.file, table.files.gamePath, StatsSection(engine), index);
+        return ReadErrorText(seat.files.file, seat.files.gamePath, StatsSection(engine), index);
     };
     if (!entry(engine.replayIndex).empty()) return true;
     if (entry(0).empty()) {
-        table.player.Tell("Play Error Log", "No errors in log", MessageIcon::kExclamation);
+        seat.player.Tell("Play Error Log", "No errors in log", MessageIcon::kExclamation);
         return false;
     }
     engine.replayIndex = 0;

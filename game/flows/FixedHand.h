@@ -1,17 +1,17 @@
 // Practice: the fixed hand, or in Error Log mode one logged hand after the other, is dealt again
 // and again and its holds are judged. No draw is made, and no credits or counters change.
 #pragma once
-#include "game/table/ShowTable.h"
+#include "game/seat/ShowScene.h"
 
 // Lets the player choose the fixed hand and deals it.
-void AssignFixedHand(GameTable& table);
+void AssignFixedHand(Seat& seat);
 
 // DEAL/DRAW in fixed-hand mode.
-void FixedDealDraw(GameTable& table);
+void FixedDealDraw(Seat& seat);
 
 // The choice of a pile in fixed-hand mode.
-void FixedPileChoice(GameTable& table, Pile pile);
+void FixedPileChoice(Seat& seat, Pile pile);
 
 // Whether Error Log mode has a hand to deal; after the last one it begins again with the first. The
 // player is told when the log is empty.
-bool NextLoggedHandAvailable(GameTable& table);
+bool NextLoggedHandAvailable(Seat& seat);

@@ -7,130 +7,128 @@
 #include "game/flows/DealSteps.h"
 #include "game/flows/FixedHand.h"
 #include "game/flows/PickEmFlow.h"
-#include "game/table/Wins.h"
+#include "game/seat/Wins.h"
 
 namespace {
 
 constexpr int kResultPause = 1000;  // milliseconds, before "Draw Again?"
 
-void HideDiscards(GameTable& table) {
-    if (TurnsCardsOver(table)) {
+void HideDiscards(Seat& seat) {
+    if (TurnsCardsOver(seat)) {
         for (int i = 0; i < kHandSize; ++i) {
-            if (!table.engine.held[static_cast<std::size_t>(i)]) ShowCard(table, i, kCardBack);
+            if (!seat.engine.held[static_cast<std::size_t>(i)]) ShowCard(seat, i, kCardBack);
         }
     }
-    table.scene.firstDraw = kNoCard;
-    Show(table);
-    PauseAfterDeal(table);
+    seat.scene.firstDraw = kNoCard;
+    Show(seat);
+    PauseAfterDeal(seat);
 }
 
 // Marks the line of the final hand, unless the mark of the deal says the same already.
-void MarkFinalLine(GameTable& table, bool drawAgainTaken) {
-    const GameEngine& engine = table.engine;
-    if (engine.dealtLine != engine.finalLine) ClearLine(table, engine.dealtLine);
+void MarkFinalLine(Seat& seat, bool drawAgainTaken) {
+    const GameEngine& engine = seat.engine;
+    if (engine.dealtLine != engine.finalLine) ClearLine(seat, engine.dealtLine);
     if (!engine.handWins) return;
     // What a dealt charlie was announced with stands only while it is one.
     const bool charlieStands = engine.charlieOnDeal && engine.charlieNow;
     const bool charlieMoves = engine.payTable.charlieBonus && !charlieStands;
     if (engine.dealtLine != engine.finalLine || charlieMoves || drawAgainTaken) {
-        AnnounceWin(table, engine.finalLine);
+        AnnounceWin(seat, engine.finalLine);
     }
 }
 
 // True when the player may, wants to and after all does give the first draw up for a second one.
-bool DrawsAgain(GameTable& table) {
-    const GameEngine& engine = table.engine;
+bool DrawsAgain(Seat& seat) {
+    const GameEngine& engine = seat.engine;
     const bool mayAsk = engine.handWins && engine.payTable.type == GameType::kDoubleDraw &&
-                        table.drawAgainAllowed && engine.playedHold != kStandPat;
+                        seat.drawAgainAllowed && engine.playedHold != kStandPat;
     if (!mayAsk) return false;
-    ShowMeters(table);
-    table.clock.Pause(kResultPause);
+    ShowMeters(seat);
+    seat.clock.Pause(kResultPause);
     const bool wants =
-        table.player.SaysYes(std::string(kDrawAgainCaption), std::string(kDrawAgainQuestion));
-    const auto goesOn = [&](const std::string& text) {
-        return table.player.GoesOnAfterError(text);
-    };
+        seat.player.SaysYes(std::string(kDrawAgainCaption), std::string(kDrawAgainQuestion));
+    const auto goesOn = [&](const std::string& text) { return seat.player.GoesOnAfterError(text); };
     return CheckDrawAgain(engine, goesOn, wants);
 }
 
-void TakeFirstDrawBack(GameTable& table) {
-    table.drawAgainAllowed = false;
-    ClearLine(table, table.engine.finalLine);
-    PrepareSecondDraw(table.engine);
-    ShowMessage(table, "GOOD LUCK!");
+void TakeFirstDrawBack(Seat& seat) {
+    seat.drawAgainAllowed = false;
+    ClearLine(seat, seat.engine.finalLine);
+    PrepareSecondDraw(seat.engine);
+    ShowMessage(seat, "GOOD LUCK!");
 }
 
-void Deal(GameTable& table) {
-    table.dealing = true;
-    TakeBet(table);
-    ShowUnheld(table, TurnsCardsOver(table) ? Faces::kTurnedOver : Faces::kStay);
-    PauseAfterDeal(table);
-    DealOrDraw(table.engine, table.files);
-    ShowDeal(table);
+void Deal(Seat& seat) {
+    seat.dealing = true;
+    TakeBet(seat);
+    ShowUnheld(seat, TurnsCardsOver(seat) ? Faces::kTurnedOver : Faces::kStay);
+    PauseAfterDeal(seat);
+    DealOrDraw(seat.engine, seat.files);
+    ShowDeal(seat);
 }
 
 // Draws until the result stands. False when the player backed out of a play error.
-bool DrawToTheEnd(GameTable& table) {
+bool DrawToTheEnd(Seat& seat) {
     for (bool again = false;; again = true) {
-        if (!PassesBestPlayCheck(table)) return false;
-        HideDiscards(table);
-        DealOrDraw(table.engine, table.files);
-        TurnCards(table);
-        MarkFinalLine(table, again);
-        if (!DrawsAgain(table)) return true;
-        TakeFirstDrawBack(table);
+        if (!PassesBestPlayCheck(seat)) return false;
+        HideDiscards(seat);
+        DealOrDraw(seat.engine, seat.files);
+        TurnCards(seat);
+        MarkFinalLine(seat, again);
+        if (!DrawsAgain(seat)) return true;
+        TakeFirstDrawBack(seat);
     }
 }
 
-void PlayOrdinaryHand(GameTable& table) {
-    if (table.engine.handOver) {
-        if (CanBeginHand(table)) Deal(table);
+void PlayOrdinaryHand(Seat& seat) {
+    if (seat.engine.handOver) {
+        if (CanBeginHand(seat)) Deal(seat);
         return;
     }
-    table.bonusShown = false;
-    if (!DrawToTheEnd(table)) return ShowAtRest(table);
-    if (table.engine.handWins) {
-        OfferDoubleUp(table);
-        ShowWin(table);
+    seat.bonusShown = false;
+    if (!DrawToTheEnd(seat)) return ShowAtRest(seat);
+    if (seat.engine.handWins) {
+        OfferDoubleUp(seat);
+        ShowWin(seat);
     } else {
-        ShowMeters(table);
+        ShowMeters(seat);
     }
-    MaybeStartSpinOrTarget(table);
-    MaybeStartRedBlack(table);
-    table.engine.handInProgress = false;
-    ShowAtRest(table);
+    MaybeStartSpinOrTarget(seat);
+    MaybeStartRedBlack(seat);
+    seat.engine.handInProgress = false;
+    ShowAtRest(seat);
 }
 
 }  // namespace
 
-void ToggleHold(GameTable& table, int position) {
-    GameEngine& engine = table.engine;
+void ToggleHold(Seat& seat, int position) {
+    GameEngine& engine = seat.engine;
     if (engine.handOver || IsPickEm(engine)) return;
     bool& held = engine.held[static_cast<std::size_t>(position)];
     held = !held;
-    ShowAtRest(table);
+    ShowAtRest(seat);
 }
 
-void DealDraw(GameTable& table) {
-    if (table.engine.fixedHand) {
-        FixedDealDraw(table);
-    } else if (IsPickEm(table.engine)) {
-        DealPickEm(table);
+void DealDraw(Seat& seat) {
+    if (seat.engine.fixedHand) {
+        FixedDealDraw(seat);
+    } else if (IsPickEm(seat.engine)) {
+        DealPickEm(seat);
     } else {
-        PlayOrdinaryHand(table);
+        PlayOrdinaryHand(seat);
     }
 }
 
-void ChoosePile(GameTable& table, Pile pile) {
-    if (table.engine.handOver || !IsPickEm(table.engine)) return;
-    ButtonLook& button = HoldButtonAt(table.scene, PositionOf(pile));
+void ChoosePile(Seat& seat, Pile pile) {
+    if (seat.engine.handOver || !IsPickEm(seat.engine)) return;
+    ButtonLook& button = HoldButtonAt(seat.scene, PositionOf(pile));
     PressButton(button);
-    Show(table);
-    if (table.engine.fixedHand) {
-        FixedPileChoice(table, pile);
+    Show(seat);
+    if (seat.engine.fixedHand) {
+        FixedPileChoice(seat, pile);
     } else {
-        PlayPile(table, pile);
+        PlayPile(seat, pile);
     }
     ReleaseButton(button);
-    ShowAtRest(table);
+    ShowAtRest(seat);
 }

@@ -2,44 +2,44 @@
 
 #include "game/engine/Dealing.h"
 #include "game/flows/DealSteps.h"
-#include "game/table/Wins.h"
+#include "game/seat/Wins.h"
 
 namespace {
 
 // 1 a card back, 2 a stack.
-void ShowBothPiles(GameTable& table, int depth) {
+void ShowBothPiles(Seat& seat, int depth) {
     for (const Pile pile : {Pile::kLeft, Pile::kRight}) {
-        table.scene.places[static_cast<std::size_t>(PositionOf(pile))].pileDepth = depth;
-        Show(table);
-        PauseAfterCard(table);
+        seat.scene.places[static_cast<std::size_t>(PositionOf(pile))].pileDepth = depth;
+        Show(seat);
+        PauseAfterCard(seat);
     }
 }
 
-void ShowChosenPile(GameTable& table) {
-    const GameEngine& engine = table.engine;
-    ShowCard(table, 2, engine.hand[2]);
-    if (TurnsCardsOver(table)) {
-        PauseAfterCard(table);
-        ShowCard(table, kLeftPilePosition, kCardBack);
-        PauseAfterCard(table);
-        ShowCard(table, kRightPilePosition, kCardBack);
-        PauseAfterDeal(table);
+void ShowChosenPile(Seat& seat) {
+    const GameEngine& engine = seat.engine;
+    ShowCard(seat, 2, engine.hand[2]);
+    if (TurnsCardsOver(seat)) {
+        PauseAfterCard(seat);
+        ShowCard(seat, kLeftPilePosition, kCardBack);
+        PauseAfterCard(seat);
+        ShowCard(seat, kRightPilePosition, kCardBack);
+        PauseAfterDeal(seat);
     }
-    ShowCard(table, 3, engine.hand[3]);
-    PauseAfterCard(table);
-    ShowCard(table, 4, engine.hand[4]);
+    ShowCard(seat, 3, engine.hand[3]);
+    PauseAfterCard(seat);
+    ShowCard(seat, 4, engine.hand[4]);
 }
 
-void ShowPickEmResult(GameTable& table) {
-    const GameEngine& engine = table.engine;
-    ShowChosenPile(table);
-    if (engine.dealtLine != engine.finalLine) ClearLine(table, engine.dealtLine);
+void ShowPickEmResult(Seat& seat) {
+    const GameEngine& engine = seat.engine;
+    ShowChosenPile(seat);
+    if (engine.dealtLine != engine.finalLine) ClearLine(seat, engine.dealtLine);
     if (engine.handWins) {
-        AnnounceWin(table, engine.finalLine);
-        ShowWin(table);
-        OfferDoubleUp(table);
+        AnnounceWin(seat, engine.finalLine);
+        ShowWin(seat);
+        OfferDoubleUp(seat);
     } else {
-        ShowMeters(table);
+        ShowMeters(seat);
     }
 }
 
@@ -47,49 +47,49 @@ void ShowPickEmResult(GameTable& table) {
 
 int PositionOf(Pile pile) { return pile == Pile::kLeft ? kLeftPilePosition : kRightPilePosition; }
 
-void DealPickEm(GameTable& table) {
-    if (!table.engine.handOver || !CanBeginHand(table)) return;
-    TakeBet(table);
-    ClearPickEmPlaces(table);
-    PauseAfterDeal(table);
-    DealOrDraw(table.engine, table.files);
-    ShowPickEmDeal(table);
+void DealPickEm(Seat& seat) {
+    if (!seat.engine.handOver || !CanBeginHand(seat)) return;
+    TakeBet(seat);
+    ClearPickEmPlaces(seat);
+    PauseAfterDeal(seat);
+    DealOrDraw(seat.engine, seat.files);
+    ShowPickEmDeal(seat);
 }
 
-void PlayPile(GameTable& table, Pile pile) {
-    if (!PassesPileCheck(table, pile)) return;
-    ShowCard(table, kLeftPilePosition, kNoCard);
-    ShowCard(table, kRightPilePosition, kNoCard);
-    DealOrDraw(table.engine, table.files);
-    ShowPickEmResult(table);
-    table.engine.handInProgress = false;
+void PlayPile(Seat& seat, Pile pile) {
+    if (!PassesPileCheck(seat, pile)) return;
+    ShowCard(seat, kLeftPilePosition, kNoCard);
+    ShowCard(seat, kRightPilePosition, kNoCard);
+    DealOrDraw(seat.engine, seat.files);
+    ShowPickEmResult(seat);
+    seat.engine.handInProgress = false;
 }
 
-bool PassesPileCheck(GameTable& table, Pile pile) {
-    GameEngine& engine = table.engine;
+bool PassesPileCheck(Seat& seat, Pile pile) {
+    GameEngine& engine = seat.engine;
     HoldCards(engine, pile == Pile::kLeft ? kLeftPile : kRightPile);
-    const bool passes = PassesBestPlayCheck(table);
+    const bool passes = PassesBestPlayCheck(seat);
     // A choice that the player backs out of leaves nothing held.
     HoldCards(engine, !passes ? 0 : pile == Pile::kLeft ? kStandPat : kPlayersTwo);
     return passes;
 }
 
-void ClearPickEmPlaces(GameTable& table) {
-    for (int i = 0; i < kHandSize; ++i) ShowCard(table, i, kNoCard);
+void ClearPickEmPlaces(Seat& seat) {
+    for (int i = 0; i < kHandSize; ++i) ShowCard(seat, i, kNoCard);
 }
 
-void ShowPickEmDeal(GameTable& table) {
-    const GameEngine& engine = table.engine;
-    ShowBothPiles(table, 1);
-    ShowBothPiles(table, 2);
+void ShowPickEmDeal(Seat& seat) {
+    const GameEngine& engine = seat.engine;
+    ShowBothPiles(seat, 1);
+    ShowBothPiles(seat, 2);
     for (int i = 0; i < 2; ++i) {
-        ShowCard(table, i, engine.hand[static_cast<std::size_t>(i)]);
-        PauseAfterCard(table);
+        ShowCard(seat, i, engine.hand[static_cast<std::size_t>(i)]);
+        PauseAfterCard(seat);
     }
     for (const Pile pile : {Pile::kLeft, Pile::kRight}) {
-        ShowPileTop(table, pile);
-        PauseAfterCard(table);
+        ShowPileTop(seat, pile);
+        PauseAfterCard(seat);
     }
-    if (engine.handWins) AnnounceWin(table, engine.dealtLine);
-    ShowAtRest(table, MeterText(table));
+    if (engine.handWins) AnnounceWin(seat, engine.dealtLine);
+    ShowAtRest(seat, MeterText(seat));
 }

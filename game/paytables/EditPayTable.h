@@ -4,11 +4,11 @@
 #include "game/paytables/PayTableEditor.h"
 
 // For a game that the player selects.
-void EditPayTable(GameTable& table, const DataFilePaths& paths);
+void EditPayTable(Seat& seat, const DataFilePaths& paths);
 
 // For the game and table that are played.
-void EditCurrentPayTable(GameTable& table, const DataFilePaths& paths);
+void EditCurrentPayTable(Seat& seat, const DataFilePaths& paths);
 
 // A game of the player's own, by its id kFirstUserGameId..; one that has no pay table yet is made
 // first. Cancelled, the current game goes on.
-void ChooseUserGame(GameTable& table, int id, const DataFilePaths& paths);
+void ChooseUserGame(Seat& seat, int id, const DataFilePaths& paths);

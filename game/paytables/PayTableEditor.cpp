@@ -33,18 +33,18 @@ bool IsBuiltIn(const std::string& name) {
 bool CanBeGoneTo(int index) { return index >= 0 && index <= kLastTableIndex; }
 
 // Without what the figures of an analysis, which are those of the full bet, do not depend on.
-PayTable OfFigures(PayTable table) {
-    table.maxBet = kFullBet;
-    for (PayLine& line : table.lines) line.description = line.shortDescription = "";
-    return table;
+PayTable OfFigures(PayTable seat) {
+    seat.maxBet = kFullBet;
+    for (PayLine& line : seat.lines) line.description = line.shortDescription = "";
+    return seat;
 }
 
 }  // namespace
 
-PayTableEditor::PayTableEditor(GameTable& table, const DataFilePaths& paths, TableChoice shown,
+PayTableEditor::PayTableEditor(Seat& seat, const DataFilePaths& paths, TableChoice shown,
                                bool newGame)
     : gameName(std::move(shown.gameName)),
-      table(table),
+      seat(seat),
       paths(paths),
       gameId(shown.gameId),
       tableIndex(newGame ? 0 : shown.tableIndex),
@@ -54,7 +54,7 @@ PayTableEditor::PayTableEditor(GameTable& table, const DataFilePaths& paths, Tab
 }
 
 PayTableFiles PayTableEditor::Files() const {
-    return {table.files.file, table.files.mainPath, paths.analysisCache, table.files.gamePath};
+    return {seat.files.file, seat.files.mainPath, paths.analysisCache, seat.files.gamePath};
 }
 
 // The table need not be one of this game.
@@ -154,21 +154,21 @@ void PayTableEditor::Clear() {
 
 void PayTableEditor::LoadTemplate(PayTableQuestions& questions) {
     const auto chosen =
-        questions.SelectsGame(SelectableGames(table.files.file, table.files.mainPath), gameName);
+        questions.SelectsGame(SelectableGames(seat.files.file, seat.files.mainPath), gameName);
     if (!chosen) return;
     tableIndex = 0;
     Load(*chosen, 0);
 }
 
 void PayTableEditor::ChangeGame(PayTableQuestions& questions) {
-    ProfileFile& file = table.files.file;
-    const std::string& mainPath = table.files.mainPath;
+    ProfileFile& file = seat.files.file;
+    const std::string& mainPath = seat.files.mainPath;
     const auto chosen = questions.SelectsGame(SelectableGames(file, mainPath), gameName);
     if (!chosen) return;
     newGame = false;
     gameName = *chosen;
     gameId = GameIdFromName(file, gameName, mainPath);
-    tableIndex = ActiveTable(file, table.files.gamePath, mainPath, gameName);
+    tableIndex = ActiveTable(file, seat.files.gamePath, mainPath, gameName);
     Load(gameName, tableIndex);
 }
 
@@ -184,8 +184,8 @@ bool PayTableEditor::IsOtherUserGame(const std::string& name) const {
 std::string PayTableEditor::NameProblem(const std::string& name) const {
     if (auto problem = GameNameProblem(name); !problem.empty()) return problem;
     if (IsOtherUserGame(name)) return AlreadyExists(name);
-    const int id = GameIdFromName(table.files.file, name, table.files.mainPath);
-    const bool hasTable = TableExists(table.files.file, name, 0, table.files.mainPath);
+    const int id = GameIdFromName(seat.files.file, name, seat.files.mainPath);
+    const bool hasTable = TableExists(seat.files.file, name, 0, seat.files.mainPath);
     if (IsBuiltIn(name) || (hasTable && !::IsUserGame(id))) {
         return AlreadyExists(name) +
                ". A user-defined game can not have the same name as a pre-defined game.";
@@ -196,7 +196,7 @@ std::string PayTableEditor::NameProblem(const std::string& name) const {
 // Of the name that a game shall be renamed to.
 std::string PayTableEditor::NewNameProblem(const std::string& name) const {
     if (auto problem = GameNameProblem(name); !problem.empty()) return problem;
-    const bool exists = TableExists(table.files.file, name, 0, table.files.mainPath) ||
+    const bool exists = TableExists(seat.files.file, name, 0, seat.files.mainPath) ||
                         IsBuiltIn(name) || IsOtherUserGame(name);
     return exists ? AlreadyExists(name) : "";
 }
@@ -227,7 +227,7 @@ bool PayTableEditor::Save(PayTableQuestions& questions) {
                        "You can not overwrite the default pay table for a pre-defined game");
         return false;
     }
-    if (!TableExists(table.files.file, gameName, 0, table.files.mainPath)) return Append(questions);
+    if (!TableExists(seat.files.file, gameName, 0, seat.files.mainPath)) return Append(questions);
     switch (questions.Overwrites("Overwrite?",
                                  "Do you wish to overwrite table " + std::to_string(tableIndex) +
                                      "? If NO, the current table will be added as a new index.")) {
@@ -265,13 +265,13 @@ bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
     if (OfFigures(StoredTable()) != OfFigures(before)) {
         FollowInAnalyses(Files(), {TableEdit::Kind::kTableWritten, gameName, tableIndex});
     }
-    FinishEdit(table.files.file, table.files.mainPath);
+    FinishEdit(seat.files.file, seat.files.mainPath);
     savedName = gameName;
     return true;
 }
 
 PayTable PayTableEditor::StoredTable() const {
-    return LoadPayTable(table.files.file, gameId, gameName, tableIndex, table.files.mainPath, "");
+    return LoadPayTable(seat.files.file, gameId, gameName, tableIndex, seat.files.mainPath, "");
 }
 
 // A name that was typed since a new game was saved is dropped.
@@ -280,7 +280,7 @@ void PayTableEditor::UseSavedName() {
 }
 
 bool PayTableEditor::Append(PayTableQuestions& questions) {
-    const auto chain = TableChain(table.files.file, gameName, table.files.mainPath);
+    const auto chain = TableChain(seat.files.file, gameName, seat.files.mainPath);
     if (!chain.empty() && chain.back() >= kLastTableIndex) {
         questions.Tell(kError, "There is no index left for another table of this game");
         return false;
@@ -324,15 +324,15 @@ void PayTableEditor::Delete(PayTableQuestions& questions) {
 
 // What cannot be saved is told, and not tried again.
 std::vector<std::string> PayTableEditor::FinishInGameFiles(TableEdit edit) {
-    edit.gamePath = table.files.gamePath;
-    auto unsaved = FollowInGameFiles(table.files.file, edit, paths.folder);
-    FinishEdit(table.files.file, table.files.mainPath);
+    edit.gamePath = seat.files.gamePath;
+    auto unsaved = FollowInGameFiles(seat.files.file, edit, paths.folder);
+    FinishEdit(seat.files.file, seat.files.mainPath);
     return unsaved;
 }
 
 // Before its statistics go: what leaves a game saves them once more.
 void PayTableEditor::LeaveDeletedTable() {
-    const MachineSettings& settings = table.engine.settings;
+    const MachineSettings& settings = seat.engine.settings;
     const auto isDeleted = [this](const std::string& name, int index) {
         return SameText(name, gameName) && (tableIndex == 0 || index == tableIndex);
     };
@@ -345,9 +345,9 @@ void PayTableEditor::LeaveDeletedTable() {
     }
     if (!isDeleted(settings.gameName, settings.activeTable)) return;
     if (tableIndex == 0) {
-        ChooseGame(table, MachineSettings().gameId);
+        ChooseGame(seat, MachineSettings().gameId);
     } else {
-        ChooseGameTable(table, settings.gameId, 0);
+        ChooseGameTable(seat, settings.gameId, 0);
     }
 }
 
@@ -368,16 +368,16 @@ void PayTableEditor::Rename(PayTableQuestions& questions) {
 
 // The game in play is saved before its statistics are renamed with those of the other files.
 bool PayTableEditor::RenameTo(PayTableQuestions& questions, const std::string& newName) {
-    GameEngine& engine = table.engine;
+    GameEngine& engine = seat.engine;
     if (!RenameGameTables(Files(), Game(), newName)) {
         return SaveFails(questions);
     }
     const bool inPlay = SameText(engine.settings.gameName, gameName);
-    if (inPlay) SaveGame(table);
+    if (inPlay) SaveGame(seat);
     const auto unsaved = FinishInGameFiles({TableEdit::Kind::kGameRenamed, gameName, 0, newName});
     if (inPlay) {
         engine.settings.gameName = newName;
-        ReloadPayTable(table);
+        ReloadPayTable(seat);
     }
     if (madeActive && SameText(madeActive->gameName, gameName)) madeActive->gameName = newName;
     gameName = newName;

@@ -9,7 +9,7 @@
 
 #include "core/store/DataFiles.h"
 #include "game/paytables/PayTableForm.h"
-#include "game/table/GameTable.h"
+#include "game/seat/Seat.h"
 
 enum class OverwriteChoice { kOverwrite, kAppend, kCancel };
 
@@ -41,8 +41,7 @@ class PayTableEditor {
   public:
     // The objects referred to outlive the editor. newGame: the first table of a user game is made,
     // and the player may name the game.
-    PayTableEditor(GameTable& table, const DataFilePaths& paths, TableChoice shown,
-                   bool newGame = false);
+    PayTableEditor(Seat& seat, const DataFilePaths& paths, TableChoice shown, bool newGame = false);
 
     std::string gameName;  // at most 80 bytes; empty after a deletion
     PayTableTexts texts;
@@ -111,7 +110,7 @@ class PayTableEditor {
     void TellOfGameFiles(PayTableQuestions& questions, const std::vector<std::string>& unsaved);
     void Empty();
 
-    GameTable& table;
+    Seat& seat;
     const DataFilePaths& paths;
     int gameId;
     int tableIndex;

@@ -7,7 +7,7 @@
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
-#include "game/table/ShowTable.h"
+#include "game/seat/ShowScene.h"
 
 namespace fs = std::filesystem;
 
@@ -45,125 +45,125 @@ std::optional<std::string> LockProblem(const LockFile& lock) {
     return "is open in another copy of Tolvane (" + lock.HeldBy().Text() + ")";
 }
 
-void UseGameFile(GameTable& table, const std::string& path, LockFile lock) {
-    table.files.gamePath = path;
-    table.gameLock = std::move(lock);
-    table.files.file.Hold(path);
-    table.saveTold.clear();
+void UseGameFile(Seat& seat, const std::string& path, LockFile lock) {
+    seat.files.gamePath = path;
+    seat.gameLock = std::move(lock);
+    seat.files.file.Hold(path);
+    seat.saveTold.clear();
 }
 
-bool TakeUpGameFile(GameTable& table, const std::string& path) {
+bool TakeUpGameFile(Seat& seat, const std::string& path) {
     LockFile lock = LockFile::OfGameFile(path);
     if (!GameFileProblem(path) && !LockProblem(lock)) {
-        UseGameFile(table, path, std::move(lock));
+        UseGameFile(seat, path, std::move(lock));
         return true;
     }
-    table.files.gamePath = path;
-    table.gameLock.reset();
-    table.files.file.Block(path);
-    table.saveTold.clear();
+    seat.files.gamePath = path;
+    seat.gameLock.reset();
+    seat.files.file.Block(path);
+    seat.saveTold.clear();
     return false;
 }
 
-void ShowGameFile(GameTable& table) {
-    LoadGameFile(table);
-    EnterStoredMode(table);
-    ShowGameOver(table);
-    table.display.Relayout();
+void ShowGameFile(Seat& seat) {
+    LoadGameFile(seat);
+    EnterStoredMode(seat);
+    ShowGameOver(seat);
+    seat.display.Relayout();
 }
 
-void ReloadGameFile(GameTable& table) {
-    const std::string path = table.files.gamePath;
-    table.files.file.Forget(path);
-    if (auto lock = std::exchange(table.gameLock, std::nullopt)) {
-        UseGameFile(table, path, std::move(*lock));
+void ReloadGameFile(Seat& seat) {
+    const std::string path = seat.files.gamePath;
+    seat.files.file.Forget(path);
+    if (auto lock = std::exchange(seat.gameLock, std::nullopt)) {
+        UseGameFile(seat, path, std::move(*lock));
     } else {
-        TakeUpGameFile(table, path);
+        TakeUpGameFile(seat, path);
     }
-    ShowGameFile(table);
+    ShowGameFile(seat);
 }
 
-void LoadGameFile(GameTable& table) {
-    GameEngine& engine = table.engine;
-    GameFiles& files = table.files;
+void LoadGameFile(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    GameFiles& files = seat.files;
     LoadCurrentGame(files.file, files.gamePath, files.mainPath, engine.settings);
-    LoadGame(engine, files, table.tables);
-    LoadSettings(files.file, files.gamePath, engine.settings, engine.statistics, table.clock.Now());
-    NoteKept(table);
+    LoadGame(engine, files, seat.tables);
+    LoadSettings(files.file, files.gamePath, engine.settings, engine.statistics, seat.clock.Now());
+    NoteKept(seat);
 }
 
-void EnterStoredMode(GameTable& table) {
-    table.engine.fixedHand = table.engine.settings.mode == PlayMode::kErrorLog;
-    table.engine.replayIndex = 0;
+void EnterStoredMode(Seat& seat) {
+    seat.engine.fixedHand = seat.engine.settings.mode == PlayMode::kErrorLog;
+    seat.engine.replayIndex = 0;
 }
 
-void NoteKept(GameTable& table) {
-    table.kept = StateOf(table.engine);
-    table.keptAt = table.clock.Now();
-    table.saveDue = false;
+void NoteKept(Seat& seat) {
+    seat.kept = StateOf(seat.engine);
+    seat.keptAt = seat.clock.Now();
+    seat.saveDue = false;
 }
 
-bool IsAsKept(const GameTable& table) { return StateOf(table.engine) == table.kept; }
+bool IsAsKept(const Seat& seat) { return StateOf(seat.engine) == seat.kept; }
 
-bool IsInUse(const GameTable& table, const std::string& path) {
-    return SameFile(path, table.files.gamePath);
+bool IsInUse(const Seat& seat, const std::string& path) {
+    return SameFile(path, seat.files.gamePath);
 }
 
-void TellFileProblem(GameTable& table, const std::string& path, const std::string& problem) {
-    table.player.Tell(
+void TellFileProblem(Seat& seat, const std::string& path, const std::string& problem) {
+    seat.player.Tell(
         "File Error",
-        path + " " + problem + "\n\nThe game file in use is still " + table.files.gamePath + ".",
+        path + " " + problem + "\n\nThe game file in use is still " + seat.files.gamePath + ".",
         MessageIcon::kError);
 }
 
-void TellUnwritten(GameTable& table, const std::string& path) {
+void TellUnwritten(Seat& seat, const std::string& path) {
     TellFileProblem(
-        table, path,
+        seat, path,
         "could not be written. Make room on its disk, or choose a folder in which you may "
         "write.");
 }
 
-bool MayBeGameFile(GameTable& table, const std::string& path) {
-    const bool payTables = SameFile(path, table.files.mainPath);
-    if (!payTables && !SameFile(path, table.files.cachePath)) return true;
-    TellFileProblem(table, path,
+bool MayBeGameFile(Seat& seat, const std::string& path) {
+    const bool payTables = SameFile(path, seat.files.mainPath);
+    if (!payTables && !SameFile(path, seat.files.cachePath)) return true;
+    TellFileProblem(seat, path,
                     std::string("holds the ") + (payTables ? "pay tables" : "analyses of games") +
                         " and cannot be a game file.");
     return false;
 }
 
-std::optional<LockFile> TakeLock(GameTable& table, const std::string& path) {
-    if (IsInUse(table, path) && table.gameLock) return std::exchange(table.gameLock, std::nullopt);
+std::optional<LockFile> TakeLock(Seat& seat, const std::string& path) {
+    if (IsInUse(seat, path) && seat.gameLock) return std::exchange(seat.gameLock, std::nullopt);
     LockFile lock = LockFile::OfGameFile(path);
     const auto problem = LockProblem(lock);
     if (!problem) return lock;
-    TellFileProblem(table, path, *problem + ".");
+    TellFileProblem(seat, path, *problem + ".");
     return std::nullopt;
 }
 
-void StayIn(GameTable& table, const std::string& unwritten, std::optional<LockFile> lock) {
-    if (IsInUse(table, unwritten)) table.gameLock = std::move(lock);
-    TellUnwritten(table, unwritten);
+void StayIn(Seat& seat, const std::string& unwritten, std::optional<LockFile> lock) {
+    if (IsInUse(seat, unwritten)) seat.gameLock = std::move(lock);
+    TellUnwritten(seat, unwritten);
 }
 
-void GoOnIn(GameTable& table, const std::string& path, LockFile lock) {
-    UseGameFile(table, path, std::move(lock));
-    TellIfNotLocked(table);
+void GoOnIn(Seat& seat, const std::string& path, LockFile lock) {
+    UseGameFile(seat, path, std::move(lock));
+    TellIfNotLocked(seat);
 }
 
-void TellIfNotLocked(GameTable& table) {
-    if (!table.gameLock || table.gameLock->GetState() != LockFile::State::kNotKnown) return;
-    table.player.Tell("Game File",
-                      "Nothing keeps a second copy of Tolvane out of the game file " +
-                          table.files.gamePath +
-                          ": its disk knows no locks, or something else is in the place of its "
-                          "lock file. All you play is saved, but do not open it twice.",
-                      MessageIcon::kExclamation);
+void TellIfNotLocked(Seat& seat) {
+    if (!seat.gameLock || seat.gameLock->GetState() != LockFile::State::kNotKnown) return;
+    seat.player.Tell("Game File",
+                     "Nothing keeps a second copy of Tolvane out of the game file " +
+                         seat.files.gamePath +
+                         ": its disk knows no locks, or something else is in the place of its "
+                         "lock file. All you play is saved, but do not open it twice.",
+                     MessageIcon::kExclamation);
 }
 
-std::string ProposedPath(const GameTable& table) {
-    const fs::path folder = fs::path(table.files.gamePath).parent_path();
-    std::string name = table.engine.settings.gameName + ".qdx";
+std::string ProposedPath(const Seat& seat) {
+    const fs::path folder = fs::path(seat.files.gamePath).parent_path();
+    std::string name = seat.engine.settings.gameName + ".qdx";
     std::ranges::replace(name, '/', '-');  // a game's name may hold one
     return (folder / name).string();
 }

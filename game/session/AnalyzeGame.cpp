@@ -48,22 +48,22 @@ class AnalysisRun {
           files(AnalysisFilesOf(spare.settings.gameName, spare.settings.activeTable, paths)),
           cachePath(paths.analysisCache) {}
 
-    void Play(GameTable& table, AnalysisFilesChoice choice) {
+    void Play(Seat& seat, AnalysisFilesChoice choice) {
         const PayTable& payTable = spare.payTable;
         std::optional<DetailFile> detail;
         if (choice.detail) detail.emplace(files.detail, payTable);
         GameAnalysisWatcher watcher;
         if (detail) watcher.hand = [&detail](const PlayedHand& hand) { detail->Write(hand); };
         {
-            RunProgress progress(table.player);
+            RunProgress progress(seat.player);
             watcher.progress = [&progress](double done, double all) {
                 return progress.Show(done, all);
             };
-            const auto tables = table.tables.For(payTable);
+            const auto tables = seat.tables.For(payTable);
             totals = AnalyzeGame(*tables, payTable, spare.settings.coin, watcher);
         }
         if (detail) detail->Close();
-        Write(table.files.file, choice);
+        Write(seat.files.file, choice);
     }
 
   private:
@@ -95,45 +95,45 @@ bool WantsRun(Player& player, int tableIndex) {
 
 // A run on the table that is shown, and the page on what it found. False when the player does not
 // go on.
-bool RunShownTable(GameTable& table, GameEngine& spare, const DataFilePaths& paths,
+bool RunShownTable(Seat& seat, GameEngine& spare, const DataFilePaths& paths,
                    GameReportPages& pages) {
     const std::string game = pages.GameName();
     const int index = pages.TableIndex();
-    if (!WantsRun(table.player, index)) return false;
-    if (!TableExists(table.files.file, game, index, table.files.mainPath)) {
-        TellOfMissingPayTable(table.player);
+    if (!WantsRun(seat.player, index)) return false;
+    if (!TableExists(seat.files.file, game, index, seat.files.mainPath)) {
+        TellOfMissingPayTable(seat.player);
         return true;
     }
-    const auto choice = table.player.AskAnalysisFiles(AnalysisFilesOf(game, index, paths));
+    const auto choice = seat.player.AskAnalysisFiles(AnalysisFilesOf(game, index, paths));
     if (!choice) return false;
     pages.Show(game, index);
-    AnalysisRun(spare, paths).Play(table, *choice);
+    AnalysisRun(spare, paths).Play(seat, *choice);
     pages.Show(game, index);
     return true;
 }
 
 }  // namespace
 
-GameReportPages::GameReportPages(GameTable& table, GameEngine& spare, const DataFilePaths& paths)
-    : table(table), spare(spare), cache{table.files.file, paths.analysisCache} {}
+GameReportPages::GameReportPages(Seat& seat, GameEngine& spare, const DataFilePaths& paths)
+    : seat(seat), spare(spare), cache{seat.files.file, paths.analysisCache} {}
 
-void GameReportPages::ShowCurrent() { LoadSpare(table, spare); }
+void GameReportPages::ShowCurrent() { LoadSpare(seat, spare); }
 
 void GameReportPages::Show(const std::string& gameName, int tableIndex) {
-    const GameFiles& files = table.files;
+    const GameFiles& files = seat.files;
     MachineSettings& settings = spare.settings;
     settings.gameId = GameIdFromName(files.file, gameName, files.mainPath);
     settings.gameName = gameName;
     settings.activeTable = tableIndex;
-    LoadGame(spare, files, table.tables);
-    LoadSettings(files.file, files.gamePath, settings, spare.statistics, table.clock.Now());
+    LoadGame(spare, files, seat.tables);
+    LoadSettings(files.file, files.gamePath, settings, spare.statistics, seat.clock.Now());
 }
 
 bool GameReportPages::Choose(const std::string& gameName) {
-    const GameFiles& files = table.files;
+    const GameFiles& files = seat.files;
     if (GameIdFromName(files.file, gameName, files.mainPath) == kSneakPeakGameId) {
-        table.player.Tell("Game Analysis Not Available", "Analysis not available for this game",
-                          MessageIcon::kError);
+        seat.player.Tell("Game Analysis Not Available", "Analysis not available for this game",
+                         MessageIcon::kError);
         return false;
     }
     Show(gameName, ActiveTable(files.file, files.gamePath, files.mainPath, gameName));
@@ -149,7 +149,7 @@ void GameReportPages::ShowPrevious() {
 }
 
 std::vector<std::string> GameReportPages::Games() const {
-    return SelectableGames(table.files.file, table.files.mainPath);
+    return SelectableGames(seat.files.file, seat.files.mainPath);
 }
 
 int GameReportPages::NextIndex() const { return NextTable(Files(), GameName(), TableIndex()); }
@@ -160,7 +160,7 @@ int GameReportPages::PreviousIndex() const {
 }
 
 PayTableFiles GameReportPages::Files() const {
-    return {table.files.file, table.files.mainPath, cache.path};
+    return {seat.files.file, seat.files.mainPath, cache.path};
 }
 
 AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
@@ -171,21 +171,21 @@ AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
             paths.folder + DetailFileName(name, tableIndex)};
 }
 
-void AnalyzeGameCommand(GameTable& table, GameEngine& spare, const DataFilePaths& paths) {
-    if (IsSneakPeak(table.engine)) {
-        table.player.Tell("Game Analysis Not Available",
-                          "Game analysis not available for " + table.engine.settings.gameName + ".",
-                          MessageIcon::kError);
+void AnalyzeGameCommand(Seat& seat, GameEngine& spare, const DataFilePaths& paths) {
+    if (IsSneakPeak(seat.engine)) {
+        seat.player.Tell("Game Analysis Not Available",
+                         "Game analysis not available for " + seat.engine.settings.gameName + ".",
+                         MessageIcon::kError);
         return;
     }
-    const MachineSettings& settings = table.engine.settings;
-    if (!TableExists(table.files.file, settings.gameName, 0, table.files.mainPath)) {
-        TellOfMissingPayTable(table.player);
+    const MachineSettings& settings = seat.engine.settings;
+    if (!TableExists(seat.files.file, settings.gameName, 0, seat.files.mainPath)) {
+        TellOfMissingPayTable(seat.player);
         return;
     }
-    GameReportPages pages(table, spare, paths);
+    GameReportPages pages(seat, spare, paths);
     pages.ShowCurrent();
-    while (table.player.ShowGameReport(pages) == ReportAnswer::kRunAnalysis &&
-           RunShownTable(table, spare, paths, pages)) {
+    while (seat.player.ShowGameReport(pages) == ReportAnswer::kRunAnalysis &&
+           RunShownTable(seat, spare, paths, pages)) {
     }
 }

@@ -7,7 +7,7 @@
 
 #include "core/store/DataFiles.h"
 #include "game/reports/GameReport.h"
-#include "game/table/GameTable.h"
+#include "game/seat/Seat.h"
 
 struct PayTableFiles;
 
@@ -15,7 +15,7 @@ struct PayTableFiles;
 // spare engine; nothing is stored of it. The objects referred to outlive the pages.
 class GameReportPages {
   public:
-    GameReportPages(GameTable& table, GameEngine& spare, const DataFilePaths& paths);
+    GameReportPages(Seat& seat, GameEngine& spare, const DataFilePaths& paths);
 
     // The current game at its active table.
     void ShowCurrent();
@@ -44,7 +44,7 @@ class GameReportPages {
     int PreviousIndex() const;
     PayTableFiles Files() const;
 
-    GameTable& table;
+    Seat& seat;
     GameEngine& spare;
     AnalysisCache cache;
 };
@@ -56,4 +56,4 @@ AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
 // Shows the report on the current game and runs what it asks for, until it is left for good. A run
 // that the player cancels leaves all entries and files, with the figures of the hands played until
 // then.
-void AnalyzeGameCommand(GameTable& table, GameEngine& spare, const DataFilePaths& paths);
+void AnalyzeGameCommand(Seat& seat, GameEngine& spare, const DataFilePaths& paths);

@@ -14,9 +14,8 @@ constexpr std::int64_t kHandsBetweenLooks = 256;  // at the window: some millise
 
 std::string ProgressText(int percent) { return "Hands played..." + std::to_string(percent) + "%"; }
 
-void PlayWithProgress(GameTable& table, GameEngine& spare, const GameFiles& files,
-                      std::int64_t count) {
-    const auto progress = table.player.ShowProgress(ProgressText(0));
+void PlayWithProgress(Seat& seat, GameEngine& spare, const GameFiles& files, std::int64_t count) {
+    const auto progress = seat.player.ShowProgress(ProgressText(0));
     int shown = 0;
     PlayHands(spare, files, count, [&](std::int64_t played) {
         // Of the hands before this one, so that 100 % is never reached.
@@ -29,35 +28,34 @@ void PlayWithProgress(GameTable& table, GameEngine& spare, const GameFiles& file
 
 }  // namespace
 
-void LoadSpare(GameTable& table, GameEngine& spare) {
-    const GameFiles& files = table.files;
-    const MachineSettings& players = table.engine.settings;
+void LoadSpare(Seat& seat, GameEngine& spare) {
+    const GameFiles& files = seat.files;
+    const MachineSettings& players = seat.engine.settings;
     spare.settings.gameId = players.gameId;
     spare.settings.gameName = players.gameName;
     spare.settings.activeTable = players.activeTable;
-    LoadGame(spare, files, table.tables);
-    LoadSettings(files.file, files.gamePath, spare.settings, spare.statistics, table.clock.Now());
-    spare.deck.random.RandomInit(static_cast<std::uint32_t>(table.clock.Now()) ^ kSpareSeed);
+    LoadGame(spare, files, seat.tables);
+    LoadSettings(files.file, files.gamePath, spare.settings, spare.statistics, seat.clock.Now());
+    spare.deck.random.RandomInit(static_cast<std::uint32_t>(seat.clock.Now()) ^ kSpareSeed);
     spare.deck.Shuffle(kShufflePasses);
 }
 
 // Plays on an empty profile file, so that neither the time played nor the error log of the player's
 // table changes.
-void RunAutoplay(GameTable& table, GameEngine& spare) {
-    if (table.engine.payTable.lines.empty()) {
-        TellOfMissingPayTable(table.player);
+void RunAutoplay(Seat& seat, GameEngine& spare) {
+    if (seat.engine.payTable.lines.empty()) {
+        TellOfMissingPayTable(seat.player);
         return;
     }
-    const auto count = table.player.AskHandCount();
+    const auto count = seat.player.AskHandCount();
     if (!count) return;
-    SaveGame(table);  // the settings that are played with are those of the game file
-    LoadSpare(table, spare);
+    SaveGame(seat);  // the settings that are played with are those of the game file
+    LoadSpare(seat, spare);
     ProfileFile none;
     const GameFiles files{none, "", ""};
-    ResetStatistics(none, "", {spare.settings, spare.statistics, spare.payTable},
-                    table.clock.Now());
+    ResetStatistics(none, "", {spare.settings, spare.statistics, spare.payTable}, seat.clock.Now());
     spare.settings.credits = 0;
     spare.settings.mode = PlayMode::kAutoHold;
-    if (*count > 0) PlayWithProgress(table, spare, files, *count);
-    table.player.ShowStatistics(spare);
+    if (*count > 0) PlayWithProgress(seat, spare, files, *count);
+    seat.player.ShowStatistics(spare);
 }

@@ -15,29 +15,29 @@ constexpr std::uint32_t kFeatureSeed = 0x7F4A7C15;
 
 }  // namespace
 
-void StartGame(GameTable& table, const DataFilePaths& paths) {
-    table.files.mainPath = paths.mainProfile;
-    table.files.cachePath = paths.analysisCache;
-    TakeUpGameFile(table, CurrentGamePath(paths, table.files.file));
-    ResumeUnfinishedEdit({table.files.file, paths.mainProfile, paths.analysisCache}, paths.folder);
-    table.random.RandomInit(static_cast<std::uint32_t>(table.clock.Now()) ^ kFeatureSeed);
-    LoadGameFile(table);
+void StartGame(Seat& seat, const DataFilePaths& paths) {
+    seat.files.mainPath = paths.mainProfile;
+    seat.files.cachePath = paths.analysisCache;
+    TakeUpGameFile(seat, CurrentGamePath(paths, seat.files.file));
+    ResumeUnfinishedEdit({seat.files.file, paths.mainProfile, paths.analysisCache}, paths.folder);
+    seat.random.RandomInit(static_cast<std::uint32_t>(seat.clock.Now()) ^ kFeatureSeed);
+    LoadGameFile(seat);
 }
 
-void FinishStart(GameTable& table, const std::string& gameFile) {
-    EnterStoredMode(table);
-    const std::string stored = table.files.gamePath;
-    if (!gameFile.empty()) OpenNamedGameFile(table, gameFile);
-    if (table.files.gamePath != stored) return;  // that was told then
-    TellIfNotLocked(table);
-    const bool elsewhere = !GameFileProblem(stored) && WhyNotSaved(table);
-    TellWhyNotSaved(table);
-    if (elsewhere) OpenGameFile(table);
+void FinishStart(Seat& seat, const std::string& gameFile) {
+    EnterStoredMode(seat);
+    const std::string stored = seat.files.gamePath;
+    if (!gameFile.empty()) OpenNamedGameFile(seat, gameFile);
+    if (seat.files.gamePath != stored) return;  // that was told then
+    TellIfNotLocked(seat);
+    const bool elsewhere = !GameFileProblem(stored) && WhyNotSaved(seat);
+    TellWhyNotSaved(seat);
+    if (elsewhere) OpenGameFile(seat);
 }
 
-bool StopGame(GameTable& table, const DataFilePaths& paths) {
-    SettleFeatures(table);
-    StoreCurrentGamePath(table.files.gamePath, paths, table.files.file);
-    const bool saved = SaveGameToStop(table);
-    return table.files.file.Flush() && saved;
+bool StopGame(Seat& seat, const DataFilePaths& paths) {
+    SettleFeatures(seat);
+    StoreCurrentGamePath(seat.files.gamePath, paths, seat.files.file);
+    const bool saved = SaveGameToStop(seat);
+    return seat.files.file.Flush() && saved;
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-struct AnalyzeGameTest : testing::Test, TestTable {
+struct AnalyzeGameTest : testing::Test, TestSeat {
     // The player asks for so many runs, and then leaves.
     void Command(int runs) {
         ports.atReport = [this, runs](GameReportPages& pages) mutable {
@@ -18,7 +18,7 @@ struct AnalyzeGameTest : testing::Test, TestTable {
             if (look) look(pages);
             return runs-- > 0 ? ReportAnswer::kRunAnalysis : ReportAnswer::kDone;
         };
-        AnalyzeGameCommand(table, spare, paths);
+        AnalyzeGameCommand(seat, spare, paths);
     }
     std::string Cached(const std::string& section, const std::string& key) {
         return machine.file.GetString(section, key, "(none)", 300, paths.analysisCache);
@@ -125,7 +125,7 @@ TEST_F(AnalyzeGameTest, ASlashInAGamesNameLeadsToNoOtherFolder) {
 }
 
 TEST_F(OwnGameTest, TheTablesOfAGameAreReachedAlongTheirChain) {
-    GameReportPages pages(table, spare, paths);
+    GameReportPages pages(seat, spare, paths);
     pages.Show("Practice", 0);
     EXPECT_FALSE(pages.HasPrevious()) << "whatever stands in the file";
     for (const int index : {1, 3, 3}) {
@@ -143,7 +143,7 @@ TEST_F(OwnGameTest, TheTablesOfAGameAreReachedAlongTheirChain) {
 
 TEST_F(OwnGameTest, AGameIsChosenAtTheTableItWasLastPlayedOn) {
     machine.file.WriteInt("ActiveTbl", "Practice", 3, machine.files.gamePath);
-    GameReportPages pages(table, spare, paths);
+    GameReportPages pages(seat, spare, paths);
     const auto games = pages.Games();
     EXPECT_EQ(games.back(), "Practice") << "no game without a pay table";
     EXPECT_EQ(std::ranges::count(games, "Sneak Peak Poker"), 0);

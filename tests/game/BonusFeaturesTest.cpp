@@ -15,8 +15,8 @@ struct BonusFeaturesTest : testing::Test, CreditTable {
     // Wanted looks at a generator that draws the same as the table's will.
     void Decide(const std::function<bool(CombinedRandom)>& wanted) {
         for (std::uint32_t seed = 1;; ++seed) {
-            table.random.RandomInit(seed);
-            if (wanted(table.random)) return;
+            seat.random.RandomInit(seed);
+            if (wanted(seat.random)) return;
         }
     }
     void DecideTarget() {
@@ -57,7 +57,7 @@ TEST_F(BonusFeaturesTest, SpinAndTargetEachFollowOneHandIn150NeverBoth) {
     int targets = 0;
     for (int i = 0; i < 30'000; ++i) {
         engine.spinPending = engine.targetPending = false;
-        MaybeStartSpinOrTarget(table);
+        MaybeStartSpinOrTarget(seat);
         spins += engine.spinPending ? 1 : 0;
         targets += engine.targetPending ? 1 : 0;
         ASSERT_FALSE(engine.spinPending && engine.targetPending);
@@ -69,23 +69,23 @@ TEST_F(BonusFeaturesTest, SpinAndTargetEachFollowOneHandIn150NeverBoth) {
 TEST_F(BonusFeaturesTest, ASpinSlowsDownAndPaysItsLastValue) {
     PlayHand(kNothing);
     engine.spinPending = true;
-    ShowAtRest(table);
-    EXPECT_EQ(table.scene.featureLabel, "SPIN");
+    ShowAtRest(seat);
+    EXPECT_EQ(seat.scene.featureLabel, "SPIN");
     std::vector<std::string> values;
-    ports.looks = [&](const TableScene& before, const TableScene& now) {
+    ports.looks = [&](const Scene& before, const Scene& now) {
         if (now.spin.value != before.spin.value) values.push_back(now.spin.value);
     };
-    Spin(table);
+    Spin(seat);
     for (const int pause : {150, 200, 250, 300, 350, 400}) {
         EXPECT_EQ(std::ranges::count(log, "pause " + std::to_string(pause)), 5);
     }
     EXPECT_EQ(std::ranges::count(log, "play click"), 30);
     const std::string bonus = values.end()[-2];
-    EXPECT_EQ(table.scene.message, bonus + " Bonus Credits");
-    EXPECT_EQ(table.scene, SceneOf(table));
+    EXPECT_EQ(seat.scene.message, bonus + " Bonus Credits");
+    EXPECT_EQ(seat.scene, SceneOf(seat));
     EXPECT_EQ(machine.Counted(),
               "CreditsPlayed 5, HandsPlayed 1, BonusCredits " + bonus + ", BonusTrys 1");
-    Spin(table);
+    Spin(seat);
     EXPECT_EQ(engine.settings.credits, 95 + ParseInt(bonus)) << "once";
 }
 
@@ -94,20 +94,20 @@ TEST_F(BonusFeaturesTest, ThreeShotsPayWhatTheyHit) {
     DecideTarget();
     PlayHand(kNothing);
     ASSERT_TRUE(engine.targetPending);
-    table.target.values = {5, 100, 10, 25, 50};
-    for (const int target : {0, 0, 7, 1}) Shoot(table, target);
+    seat.target.values = {5, 100, 10, 25, 50};
+    for (const int target : {0, 0, 7, 1}) Shoot(seat, target);
     EXPECT_EQ(std::ranges::count(log, "play arrow"), 2);
-    EXPECT_EQ(table.scene.targets[1], (TargetLook{TargetFace::kShot, 100}));
+    EXPECT_EQ(seat.scene.targets[1], (TargetLook{TargetFace::kShot, 100}));
     std::array<TargetLook, kTargets> end;
-    ports.looks = [&](const TableScene& before, const TableScene&) {
+    ports.looks = [&](const Scene& before, const Scene&) {
         if (before.targets[4].face == TargetFace::kMissed) end = before.targets;
     };
-    Shoot(table, 2);
+    Shoot(seat, 2);
     EXPECT_EQ(end[2], (TargetLook{TargetFace::kShot, 10}));
     EXPECT_EQ(end[4], (TargetLook{TargetFace::kMissed, 50}));
-    EXPECT_EQ(table.scene.message, "115 Bonus Credits");
-    EXPECT_EQ(table.scene.credits, "210");
-    EXPECT_EQ(table.scene, SceneOf(table));
+    EXPECT_EQ(seat.scene.message, "115 Bonus Credits");
+    EXPECT_EQ(seat.scene.credits, "210");
+    EXPECT_EQ(seat.scene, SceneOf(seat));
     EXPECT_EQ(machine.Counted(), "CreditsPlayed 5, HandsPlayed 1, BonusCredits 115, BonusTrys 1");
 }
 
@@ -115,17 +115,17 @@ TEST_F(BonusFeaturesTest, TheFirstGuessIsRightAndAWrongOnePaysThoseBefore) {
     engine.payTable.redBlackBonus = true;
     PlayHand(kAllRed);
     EXPECT_EQ(log.back(), "play cash");
-    GuessColour(table, CardColour::kBlack);
+    GuessColour(seat, CardColour::kBlack);
     EXPECT_EQ(std::ranges::count(log, "play click"), 10);
     EXPECT_EQ(log.back(), "message 5 Bonus Credits");
     EXPECT_EQ(engine.settings.credits, 95) << "nothing is paid yet";
     DecideColours({true, false});
-    GuessColour(table, CardColour::kRed);
-    EXPECT_EQ(table.scene.redBlack.lit, CardColour::kRed);
-    GuessColour(table, CardColour::kRed);
-    EXPECT_FALSE(table.scene.redBlack.shown);
-    EXPECT_EQ(table.scene.message, "10 Bonus Credits");
-    EXPECT_EQ(table.scene.credits, "105");
+    GuessColour(seat, CardColour::kRed);
+    EXPECT_EQ(seat.scene.redBlack.lit, CardColour::kRed);
+    GuessColour(seat, CardColour::kRed);
+    EXPECT_FALSE(seat.scene.redBlack.shown);
+    EXPECT_EQ(seat.scene.message, "10 Bonus Credits");
+    EXPECT_EQ(seat.scene.credits, "105");
     EXPECT_EQ(machine.Counted(), "CreditsPlayed 5, HandsPlayed 1, BonusCredits 10, BonusTrys 3");
 }
 
@@ -145,29 +145,29 @@ TEST_F(BonusFeaturesTest, FeaturesPlayedInOneAnotherArePaidOutAsIfTheyHadBeenPla
         DecideTarget();
         PlayHand("JD JH 6H 8H TD");
         ASSERT_TRUE(engine.redBlackPending && engine.targetPending && engine.doubleUpOffered);
-        table.target.values = {1, 10, 100, 1000, 10000};
+        seat.target.values = {1, 10, 100, 1000, 10000};
         engine.spinPending = true;
         Decide([&](CombinedRandom random) {
             return (!begun || random.IRandom(2, 1000) % 2 == 1) &&
                    SpinMultiplier(random.IRandom(1, 200)) == 50;
         });
         if (begun) {
-            GuessColour(table, CardColour::kRed);
-            GuessColour(table, CardColour::kRed);
-            Shoot(table, 1);
+            GuessColour(seat, CardColour::kRed);
+            GuessColour(seat, CardColour::kRed);
+            Shoot(seat, 1);
         }
-        StartDoubleUp(table);
+        StartDoubleUp(seat);
         const int owned = engine.settings.credits;
         const Counter tries = engine.statistics.bonusTries;
         engine.statistics.bonusCredits = {};
-        SettleFeatures(table);
+        SettleFeatures(seat);
         const int bonus = begun ? 10 + (10 + 1 + 100) + 250 : 5 + (1 + 10 + 100) + 250;
         EXPECT_EQ(engine.settings.credits, owned + bonus);
         EXPECT_EQ(engine.statistics.bonusCredits.total, bonus);
         EXPECT_EQ(engine.statistics.bonusTries.total - tries.total, begun ? 1 : 3);
         EXPECT_FALSE(FeaturePending(engine));
-        EXPECT_EQ(table.scene, SceneOf(table));
-        SettleFeatures(table);
+        EXPECT_EQ(seat.scene, SceneOf(seat));
+        SettleFeatures(seat);
         EXPECT_EQ(engine.settings.credits, owned + bonus) << "once";
     }
 }
@@ -175,7 +175,7 @@ TEST_F(BonusFeaturesTest, FeaturesPlayedInOneAnotherArePaidOutAsIfTheyHadBeenPla
 TEST_F(BonusFeaturesTest, WithoutSoundsNothingIsPlayedAndThePausesRemain) {
     engine.settings.sounds = false;
     engine.spinPending = true;
-    Spin(table);
+    Spin(seat);
     const std::string steps = TakeLog();
     EXPECT_EQ(steps.find("play"), std::string::npos);
     EXPECT_NE(steps.find("pause 400\n"), std::string::npos);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "game/commands/TableCommands.h"
+#include "game/commands/MachineCommands.h"
 #include "tests/game/FakePorts.h"
 
 namespace {
@@ -26,7 +26,7 @@ TEST(CreditHistoryTest, ALongSessionKeepsItsPeaksInFewerStretches) {
     EXPECT_EQ(history.Stretches()[kMost / 64], (Stretch{7, 5000, 800}));
 }
 
-struct GainTest : testing::Test, TestTable {
+struct GainTest : testing::Test, TestSeat {
     // After each hand.
     std::vector<double> Gains() const {
         std::vector<double> gains;
@@ -44,14 +44,14 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     EnterDollars(engine, 100);
     PlayFlush();  // 30 credits for 5
     EXPECT_EQ(Gains(), (std::vector{6.25}));
-    CashOut(table);
+    CashOut(seat);
     EnterDollars(engine, 900);
     machine.Deal("2S 4S 6S 8S TH");  // given up with its bet
-    ShowGameOver(table);
+    ShowGameOver(seat);
     PlayFlush();
     EXPECT_EQ(Gains(), (std::vector{6.25, 11.25}));
     machine.Deal("2S 4S 6S 8S TS");
-    ChooseCoin(table, 1);  // the bet was of quarters, the win is of dollars
+    ChooseCoin(seat, 1);  // the bet was of quarters, the win is of dollars
     machine.Draw(kStandPat);
     engine.statistics.doubleUpCreditsLost.Add(30);
     NoteCredits(engine);
@@ -61,10 +61,10 @@ TEST_F(GainTest, OnlyWhatIsPlayedAndWonMovesTheCourse) {
     NoteCredits(engine);
     EXPECT_EQ(Gains().back(), 20.0);
     machine.Play("Jacks or Better", 300);  // a new session
-    ChooseCoin(table, 0.5);
+    ChooseCoin(seat, 0.5);
     machine.Deal("2S 4S 6S 8S TH");
-    ShowGameOver(table);
-    ChooseCoin(table, 1);
+    ShowGameOver(seat);
+    ChooseCoin(seat, 1);
     PlayFlush();
     EXPECT_EQ(Gains(), (std::vector{22.5}));
 }

@@ -28,14 +28,14 @@ struct DoubleUpTest : testing::Test, CreditTable {
     void Pick(std::string_view cards, const std::string& answer) {
         std::ranges::copy(Cards(engine.payTable, cards, kHandSize), engine.hand.begin());
         answers = {answer};
-        PickDoubleUpCard(table, 1);
+        PickDoubleUpCard(seat, 1);
     }
 
     int owned = 0;  // after the win
 };
 
 TEST_F(DoubleUpTest, AWonPickThatIsEnoughIsPaidAndTheHandComesBack) {
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     EXPECT_TRUE(engine.handInProgress);
     Pick(kHigher, "no");
     EXPECT_EQ(TakeSteps(),
@@ -56,11 +56,11 @@ TEST_F(DoubleUpTest, AWonPickThatIsEnoughIsPaidAndTheHandComesBack) {
 }
 
 TEST_F(DoubleUpTest, ALostPickTakesTheHandsWinHoweverHighTheStakeWas) {
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     Pick(kHigher, "yes");
     Pick(kHigher, "yes");
     Pick(kLower, "");
-    EXPECT_EQ(table.scene.message, "0 Bonus Credits");
+    EXPECT_EQ(seat.scene.message, "0 Bonus Credits");
     EXPECT_EQ(engine.settings.credits, owned - 10);
     EXPECT_EQ(machine.Counted(),
               "CreditsPlayed 5, CreditsWon 10, HandsPlayed 1, HandsWon 1, DblUpCreditsLost 10, "
@@ -68,7 +68,7 @@ TEST_F(DoubleUpTest, ALostPickTakesTheHandsWinHoweverHighTheStakeWas) {
 }
 
 TEST_F(DoubleUpTest, ATieMayBeTriedAgainOrLeftWithTheHandsWin) {
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     Pick(kEqual, "yes");
     EXPECT_EQ(engine.doubleUpTo, 20) << "the same amounts";
     Pick(kEqual, "no");
@@ -76,42 +76,42 @@ TEST_F(DoubleUpTest, ATieMayBeTriedAgainOrLeftWithTheHandsWin) {
     EXPECT_EQ(
         machine.Counted(),
         "CreditsPlayed 5, CreditsWon 10, HandsPlayed 1, HandsWon 1, DblUpTrys 2, DblUpsTied 2");
-    EXPECT_FALSE(table.bonusShown) << "the meter goes on showing the win";
+    EXPECT_FALSE(seat.bonusShown) << "the meter goes on showing the win";
 }
 
 TEST_F(DoubleUpTest, ATieLeftAfterWonPicksCollectsTheirGain) {
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     Pick(kHigher, "yes");
     Pick(kEqual, "no");
     EXPECT_EQ(engine.settings.credits, owned + 10);
 }
 
 TEST_F(DoubleUpTest, AWildCardBeatsTheAceAndTheAceTheKing) {
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     Pick("AS 2D 3D 4D KH", "no");
     EXPECT_EQ(engine.settings.credits, owned + 10);
 
     machine.Play("Deuces Wild", 330);
     Win("3S 4D 5C 6H 7S");
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     Pick("2S 3D 3H 4D AH", "no");
     EXPECT_GT(engine.settings.credits, owned);
 }
 
 TEST_F(DoubleUpTest, OnlyAStandingOfferCanBeTakenAndOnlyAnOpenPickMade) {
-    PickDoubleUpCard(table, 1);
+    PickDoubleUpCard(seat, 1);
     EXPECT_EQ(engine.statistics.doubleUpTries.total, 0) << "not started";
-    StartDoubleUp(table);
-    PickDoubleUpCard(table, 0);
-    PickDoubleUpCard(table, 5);
+    StartDoubleUp(seat);
+    PickDoubleUpCard(seat, 0);
+    PickDoubleUpCard(seat, 5);
     EXPECT_EQ(engine.statistics.doubleUpTries.total, 0) << "the dealer's card, and none";
     Pick(kLower, "");
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     EXPECT_FALSE(engine.doubleUpPick) << "it is over";
 }
 
 TEST_F(DoubleUpTest, AWinPaidOutMeanwhileLeavesNoDebt) {
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     engine.settings.credits = 3;
     Pick(kLower, "");
     EXPECT_EQ(engine.settings.credits, 0);
@@ -119,7 +119,7 @@ TEST_F(DoubleUpTest, AWinPaidOutMeanwhileLeavesNoDebt) {
 
 TEST_F(DoubleUpTest, AStakePastTheLargestNumberStaysThere) {
     engine.win = 2'000'000'000;
-    StartDoubleUp(table);
+    StartDoubleUp(seat);
     EXPECT_EQ(engine.doubleUpTo, 2'147'483'647);
     Pick(kHigher, "no");
     EXPECT_EQ(engine.settings.credits, owned + 147'483'647);

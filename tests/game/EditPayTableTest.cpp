@@ -25,11 +25,11 @@ TEST_F(EditPayTableTest, TheChosenGameIsOpenedAtItsActiveTable) {
     MakeMyGame(2);
     WriteActiveTable(machine.file, machine.files.gamePath, "My Game", 1);
     answers = {"cancel", "My Game"};
-    EditPayTable(table, paths);
+    EditPayTable(seat, paths);
     EXPECT_EQ(opened, "");
-    EditPayTable(table, paths);
+    EditPayTable(seat, paths);
     EXPECT_EQ(opened, "My Game(1)");
-    EditCurrentPayTable(table, paths);
+    EditCurrentPayTable(seat, paths);
     EXPECT_EQ(opened, "Jacks or Better(0)");
 }
 
@@ -41,7 +41,7 @@ TEST_F(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
         editor.MakeActive(player);
     };
     done = false;
-    EditCurrentPayTable(table, paths);
+    EditCurrentPayTable(seat, paths);
     EXPECT_EQ(engine.payTable.lines[3].payout, 8);
     EXPECT_EQ(engine.payTable.lines[3].sessionWins, 2);
     EXPECT_EQ(engine.payTable.lines[3].totalWins, 2);
@@ -57,13 +57,13 @@ TEST_F(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
         editor.MakeActive(player);
         editor.Rename(player.Saying({"Your Game"}));
     };
-    EditPayTable(table, paths);
+    EditPayTable(seat, paths);
     EXPECT_EQ(StatsSection(engine), "Your Game(1)");
     script = [&](PayTableEditor& editor) {
         editor.GoToPreviousTable();
         editor.MakeActive(player);
     };
-    EditCurrentPayTable(table, paths);
+    EditCurrentPayTable(seat, paths);
     EXPECT_EQ(StatsSection(engine), "Your Game(0)");
 }
 
@@ -74,22 +74,22 @@ TEST_F(EditPayTableTest, AUserGameWithoutATableIsMadeFirst) {
         editor.gameName = "Mine";
         if (done) editor.Save(player);
     };
-    ChooseUserGame(table, 9004, paths);
+    ChooseUserGame(seat, 9004, paths);
     EXPECT_TRUE(log.empty()) << "not asked for";
     EXPECT_EQ(opened, "new User Game 4(0)");
     EXPECT_EQ(StatsSection(engine), "Jacks or Better(0)");
     done = true;
-    ChooseUserGame(table, 9004, paths);
+    ChooseUserGame(seat, 9004, paths);
     EXPECT_EQ(StatsSection(engine), "Mine(0)");
     EXPECT_TRUE(engine.payTable.usesWilds);
 }
 
 TEST_F(EditPayTableTest, ARenamedCurrentGameGoesOn) {
     MakeMyGame();
-    ChooseUserGame(table, 9001, paths);
+    ChooseUserGame(seat, 9001, paths);
     EXPECT_EQ(opened, "") << "it has a table";
     script = [&](PayTableEditor& editor) { editor.Rename(player.Saying({"Your Game"})); };
-    EditCurrentPayTable(table, paths);
+    EditCurrentPayTable(seat, paths);
     EXPECT_EQ(StatsSection(engine), "Your Game(0)");
 }
 

@@ -9,8 +9,8 @@
 
 #include "core/text/Numbers.h"
 #include "game/flows/HandFlow.h"
-#include "game/table/GameTable.h"
-#include "game/table/ShowTable.h"
+#include "game/seat/Seat.h"
+#include "game/seat/ShowScene.h"
 #include "tests/game/SceneDifference.h"
 #include "tests/game/TestMachine.h"
 
@@ -40,7 +40,7 @@ class Answering {
 
 // All four ports. Answers are "yes" or "no", a number, a path, the five cards of a fixed hand,
 // "ok", "cancel".
-class Recorder : public Answering, public TableDisplay, public Player, public Sounds, public Clock {
+class Recorder : public Answering, public SeatDisplay, public Player, public Sounds, public Clock {
   public:
     explicit Recorder(const GameEngine& engine) : engine(engine) {}
 
@@ -52,11 +52,11 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     std::optional<AnalysisFilesChoice> analysisFiles = AnalysisFilesChoice{};
     std::function<void()> duringInput;  // what the player does while a win is counted up
 
-    std::function<void(const TableScene& before, const TableScene& now)> looks;  // at each step
+    std::function<void(const Scene& before, const Scene& now)> looks;  // at each step
 
-    // TableDisplay
-    void Show(const TableScene& scene) override {
-        const TableScene before = std::exchange(shown, scene);
+    // Display
+    void Show(const Scene& scene) override {
+        const Scene before = std::exchange(shown, scene);
         for (const auto& line : SceneDifference(before, scene, engine.deck.table).lines) Add(line);
         if (looks) looks(before, scene);
     }
@@ -171,10 +171,10 @@ class Recorder : public Answering, public TableDisplay, public Player, public So
     }
 
     const GameEngine& engine;
-    TableScene shown;
+    Scene shown;
 };
 
-inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) {
+inline Seat SeatOf(TestMachine& machine, Recorder& ports, Player& player) {
     return {.engine = machine.engine,
             .files = machine.files,
             .tables = machine.tables,
@@ -184,31 +184,31 @@ inline GameTable TableOf(TestMachine& machine, Recorder& ports, Player& player) 
             .clock = ports};
 }
 
-class TestTable {
+class TestSeat {
   public:
-    explicit TestTable(const std::string& game = "Jacks or Better", int gameId = 300)
+    explicit TestSeat(const std::string& game = "Jacks or Better", int gameId = 300)
         : machine(game, gameId) {
-        table.random.RandomInit(42);
-        ShowAtRest(table);
+        seat.random.RandomInit(42);
+        ShowAtRest(seat);
         log.clear();
     }
-    operator GameTable&() { return table; }
+    operator Seat&() { return seat; }
 
     // Both forget what was logged before.
     void Deal(std::string_view cards) {
         machine.Stack(cards);
         Settle();
-        DealDraw(table);
+        DealDraw(seat);
     }
     void Draw(HoldMask mask) {
         machine.Hold(mask);
         Settle();
-        DealDraw(table);
+        DealDraw(seat);
     }
 
     // What a test has changed in the machine is shown, and all that was logged is forgotten.
     void Settle() {
-        ShowAtRest(table);
+        ShowAtRest(seat);
         TakeLog();
     }
 
@@ -231,14 +231,14 @@ class TestTable {
     Recorder ports{machine.engine};
     std::vector<std::string>& log = ports.log;
     std::deque<std::string>& answers = ports.answers;
-    GameTable table = TableOf(machine, ports, ports);
+    Seat seat = SeatOf(machine, ports, ports);
 
   private:
     std::size_t taken = 0;
 };
 
 // Shows credits and takes no time.
-struct CreditTable : TestTable {
+struct CreditTable : TestSeat {
     CreditTable() {
         engine.settings.showDollar = false;
         engine.settings.speed = Speed::kFast;

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/store/ErrorLog.h"
-#include "game/commands/TableCommands.h"
+#include "game/commands/MachineCommands.h"
 #include "tests/game/FakePorts.h"
 
 namespace {
@@ -11,7 +11,7 @@ namespace {
 struct FixedHandTest : testing::Test, CreditTable {
     void Assign(const std::string& cards) {
         answers = {cards};
-        AssignFixedHand(table);
+        AssignFixedHand(seat);
     }
 
     void Log(std::string_view cards) {
@@ -25,7 +25,7 @@ struct FixedHandTest : testing::Test, CreditTable {
 TEST_F(FixedHandTest, TheChosenHandIsDealtAgainAndAgainAndNeverPaid) {
     Assign("AS KS QS JS TS");
     TakeLog();
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_EQ(machine.HandText(), "AS KS QS JS TS ") << "Casino mode judges nothing";
     const std::string again = TakeLog();
     EXPECT_TRUE(again.starts_with("line 0 plain\n")) << again;
@@ -41,7 +41,7 @@ TEST_F(FixedHandTest, ADrawCardThatTheHandWasGivenIsReplaced) {
     engine.fixedHand = true;
     engine.statistics.setCards = {0, 1, 2, 3, 20};
     engine.statistics.setDraws[0] = 20;
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_NE(engine.drawCards[0], 20);
     EXPECT_NE(engine.drawCards[0], kNoCard);
     EXPECT_GT(engine.analysis.bestReturn, 0);
@@ -54,7 +54,7 @@ TEST_F(FixedHandTest, ARefusedErrorKeepsTheHandWithItsHolds) {
     answers = {"no", "yes"};
     Draw(0b00001);
     EXPECT_EQ(HeldMask(engine), 0b00001);
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_EQ(HeldMask(engine), 0);
     EXPECT_EQ(engine.statistics.playErrors.total, 1);
     EXPECT_NE(TakeLog().find("first draw none\n"), std::string::npos);
@@ -62,10 +62,10 @@ TEST_F(FixedHandTest, ARefusedErrorKeepsTheHandWithItsHolds) {
 
 TEST_F(FixedHandTest, LoggedErrorsAreReplayedInOrderAndFromTheFirstAgain) {
     for (const auto cards : {"JS JD TC 9H 2S", "QS QD TC 9H 2S", "KS KD TC 9H 2S"}) Log(cards);
-    ChooseMode(table, PlayMode::kErrorLog);
+    ChooseMode(seat, PlayMode::kErrorLog);
     std::string dealt;
     for (int i = 0; i < 4; ++i) {
-        DealDraw(table);
+        DealDraw(seat);
         dealt += machine.HandText().substr(0, 3);
         machine.Hold(engine.analysis.best);
     }
@@ -79,8 +79,8 @@ TEST_F(FixedHandTest, LoggedErrorsAreReplayedInOrderAndFromTheFirstAgain) {
 }
 
 TEST_F(FixedHandTest, AnEmptyLogIsSaidAndNothingIsDealt) {
-    ChooseMode(table, PlayMode::kErrorLog);
-    DealDraw(table);
+    ChooseMode(seat, PlayMode::kErrorLog);
+    DealDraw(seat);
     EXPECT_EQ(log.back(), "told Play Error Log: No errors in log");
     EXPECT_TRUE(engine.handOver);
 }
@@ -90,10 +90,10 @@ TEST_F(FixedHandTest, PickEmDealsTheFixedHandAgainAfterAPile) {
     engine.settings.mode = PlayMode::kWarning;
     Assign("KS KD KC 9H 2S");
     answers = {"no"};
-    ChoosePile(table, Pile::kRight);
-    DealDraw(table);  // judges nothing, or it would ask
+    ChoosePile(seat, Pile::kRight);
+    DealDraw(seat);  // judges nothing, or it would ask
     TakeLog();
-    ChoosePile(table, Pile::kLeft);
+    ChoosePile(seat, Pile::kLeft);
     const std::string again = TakeLog();
     EXPECT_TRUE(again.starts_with("hold button 3 pressed\nline 6 plain\n")) << again;
     EXPECT_TRUE(again.ends_with("message HOLD/DRAW\nhold button 3 shown\n")) << again;
@@ -103,8 +103,8 @@ TEST_F(FixedHandTest, PickEmDealsTheFixedHandAgainAfterAPile) {
 TEST_F(FixedHandTest, ErrorLogModeWithTheFixedHandOffPlaysForCredits) {
     engine.settings.mode = PlayMode::kErrorLog;
     engine.fixedHand = false;
-    DealDraw(table);
-    DealDraw(table);
+    DealDraw(seat);
+    DealDraw(seat);
     EXPECT_EQ(engine.statistics.handsPlayed.total, 1);
 }
 

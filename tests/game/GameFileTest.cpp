@@ -17,7 +17,7 @@ std::string Garbage(std::size_t size) {
 
 // Every key of a saved game but its name, and of its log, with the same value.
 std::string AllKeys(const std::string& value) {
-    TestTable t;
+    TestSeat t;
     SaveGame(t);
     std::istringstream saved(t.machine.folder.Read("game.qdx") +
                              "Error0=\n[ActiveTbl]\nJacks or Better=\n");
@@ -77,7 +77,7 @@ void ExpectPlayable(TestMachine& machine) {
 TEST(GameFileTest, NoFileKeepsTheMachineFromBeingPlayed) {
     for (const auto& contents : NastyFiles()) {
         SCOPED_TRACE(contents.substr(0, 200));
-        TestTable t;
+        TestSeat t;
         t.machine.folder.Write("game.qdx", contents);
         t.machine.file.Forget(t.machine.files.gamePath);
         LoadGameFile(t);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "game/table/Wins.h"
+#include "game/seat/Wins.h"
 #include "tests/game/FakePorts.h"
 
 namespace {
@@ -18,8 +18,8 @@ TEST_F(HandFlowTest, AHandIsDealtHeldDrawnPaidAndCountedUp) {
               "message HOLD/DRAW");
     EXPECT_TRUE(engine.handInProgress);
 
-    for (const int position : {0, 1, 4, 4}) ToggleHold(table, position);
-    DealDraw(table);
+    for (const int position : {0, 1, 4, 4}) ToggleHold(seat, position);
+    DealDraw(seat);
     EXPECT_EQ(TakeSteps(),
               "held 0 on, held 1 on, held 4 on, held 4 off, card 2 back, card 3 back, "
               "card 4 back, pause 250, card 2 JC, pause 100, card 3 7H, pause 100, card 4 4D, "
@@ -47,10 +47,10 @@ TEST_F(HandFlowTest, ADealtWinThatIsKeptIsAnnouncedOnceAndTheDoubleUpOffered) {
 TEST_F(HandFlowTest, FromAHundredCreditsOnAWinFlashesFiveTimesIfItIsHeard) {
     engine.handOver = false;  // as after a deal
     const auto announced = [&](int pay) {
-        ClearLine(table, 2);
+        ClearLine(seat, 2);
         TakeLog();
         engine.payTable.lines[2].payout = pay;
-        AnnounceWin(table, 2);
+        AnnounceWin(seat, 2);
         return TakeSteps();
     };
     EXPECT_EQ(announced(99), "line 2 won 99, beep");
@@ -69,7 +69,7 @@ TEST_F(HandFlowTest, ACountUpBeepsWheneverItHasPaidTheBet) {
         for (const int over : {-1, 0}) {
             engine.win = 2 * engine.settings.bet + over;
             log.clear();
-            CountUp(table);
+            CountUp(seat);
             EXPECT_EQ(std::ranges::count(log, "beep"), over < 0 ? 2 : 3) << engine.win;
         }
     }
@@ -81,19 +81,19 @@ TEST_F(HandFlowTest, AStoppedCountLeavesTheMetersComplete) {
     int pauses = 0;
     ports.duringInput = [&] {
         engine.stopCountUp = ++pauses == 2;
-        EXPECT_EQ(table.scene.credits, pauses == 1 ? "501" : "502");
+        EXPECT_EQ(seat.scene.credits, pauses == 1 ? "501" : "502");
     };
-    CountUp(table);
+    CountUp(seat);
     EXPECT_EQ(pauses, 2);
-    EXPECT_EQ(table.scene.credits, "1,000");
-    EXPECT_EQ(table.scene.message, "GAME OVER");
+    EXPECT_EQ(seat.scene.credits, "1,000");
+    EXPECT_EQ(seat.scene.message, "GAME OVER");
 }
 
 TEST_F(HandFlowTest, ACharlieDrawnIsPaidFiveTimesWithItsPicture) {
     machine.Play("5 Card Charlie", 353);
     Deal("2S 2D 3C 3H KS AC");
     bool pictured = false;  // while its line flashes, and when the next hand begins
-    ports.looks = [&](const TableScene&, const TableScene& now) {
+    ports.looks = [&](const Scene&, const Scene& now) {
         if (now.lines[7].mark == LineMark::kWonCellDark) pictured = now.charlie;
         if (now.message == "GOOD LUCK!") pictured = now.charlie;
     };
@@ -121,7 +121,7 @@ TEST_F(HandFlowTest, AutoHoldMarksTheBestHoldAndSneakPeakShowsTheFirstDraw) {
     engine.settings.mode = PlayMode::kAutoHold;
     Deal("JS JD TC 9H 2S JC 4D 5H");
     EXPECT_TRUE(TakeLog().ends_with("held 0 on\nheld 1 on\nfirst draw JC\nmessage HOLD/DRAW\n"));
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_TRUE(TakeLog().starts_with("first draw none\npause 1\n"));
 }
 
@@ -153,10 +153,10 @@ TEST_F(DoubleDrawTest, AfterABackedOutSecondDrawNoLineIsMarked) {
     Draw(0b10000);
     EXPECT_TRUE(answers.empty()) << TakeLog();
     EXPECT_FALSE(engine.handOver);
-    EXPECT_TRUE(std::ranges::all_of(table.scene.lines, [](const LineLook& line) {
+    EXPECT_TRUE(std::ranges::all_of(seat.scene.lines, [](const LineLook& line) {
         return line == LineLook{};
     })) << "the first draw's win is taken back";
-    EXPECT_EQ(table.scene.message, "GOOD LUCK!");
+    EXPECT_EQ(seat.scene.message, "GOOD LUCK!");
 }
 
 TEST_F(DoubleDrawTest, AFirstDrawStandsWhenThePlayerWantsIt) {
@@ -184,13 +184,13 @@ TEST_F(HandFlowTest, WithoutTheCreditsForTheBetDollarsAreAskedForAndNothingIsDea
     engine.settings.bet = 5;
     engine.settings.credits = 4;
     answers = {"cancel", "3"};
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_EQ(TakeLog(), "ask dollars 100\n");
-    DealDraw(table);
-    EXPECT_EQ(table.scene.credits, "16");
+    DealDraw(seat);
+    EXPECT_EQ(seat.scene.credits, "16");
     EXPECT_TRUE(engine.handOver);
     engine.settings.credits = 5;
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_EQ(engine.settings.credits, 0) << "the last coins can be bet";
 }
 
@@ -198,17 +198,17 @@ TEST_F(HandFlowTest, AGameWithoutPayLinesSaysSoInsteadOfDealing) {
     machine.Play("No Such Game", 9001);
     for (const bool fixed : {false, true}) {
         engine.fixedHand = fixed;
-        DealDraw(table);
+        DealDraw(seat);
         EXPECT_TRUE(TakeLog().starts_with("told Missing pay table: "));
     }
     EXPECT_EQ(engine.settings.credits, 100);
 }
 
-struct ShowTableTest : testing::Test, TestTable {
-    TableScene& scene = table.scene;
+struct ShowSceneTest : testing::Test, TestSeat {
+    Scene& scene = seat.scene;
 };
 
-TEST_F(ShowTableTest, AWinIsMarkedInTheColumnOfTheBet) {
+TEST_F(ShowSceneTest, AWinIsMarkedInTheColumnOfTheBet) {
     engine.settings.bet = 8;  // announced in the fifth column
     Deal("JS JD TC 9H 2S JC 4C 5C");
     EXPECT_EQ(scene.lines[8], (LineLook{LineMark::kWon, 8, 4}));
@@ -216,33 +216,33 @@ TEST_F(ShowTableTest, AWinIsMarkedInTheColumnOfTheBet) {
     EXPECT_EQ(scene.lines[8], LineLook{});
     EXPECT_EQ(scene.lines[6], (LineLook{LineMark::kWon, 24, 4}));
     engine.finalLine = 99;
-    ShowAtRest(table);
+    ShowAtRest(seat);
     EXPECT_TRUE(std::ranges::all_of(scene.lines, [](const auto& line) {
         return line == LineLook{};
     })) << "a line that is not there";
 }
 
-TEST_F(ShowTableTest, ADecidedPickIsShownFaceUpWithItsMark) {
+TEST_F(ShowSceneTest, ADecidedPickIsShownFaceUpWithItsMark) {
     engine.hand = {1, 2, 3, 4, 5};
     engine.held = {false, false, true, false, false};
     engine.doubleUpPick = engine.doubleUpClosed = true;
-    ShowAtRest(table);
+    ShowAtRest(seat);
     EXPECT_EQ(scene.places[2].card, 2);
     EXPECT_TRUE(scene.places[2].held);
     engine.doubleUpClosed = false;
-    ShowAtRest(table);
+    ShowAtRest(seat);
     EXPECT_EQ(scene.places[2].card, kCardBack);
     EXPECT_FALSE(scene.places[2].held);
 }
 
-TEST_F(ShowTableTest, AButtonStaysDownUntilItIsReleasedAndOneThatIsNotThereDoesNotGoDown) {
+TEST_F(ShowSceneTest, AButtonStaysDownUntilItIsReleasedAndOneThatIsNotThereDoesNotGoDown) {
     PressButton(scene.buttons.deal);
     PressButton(scene.buttons.doubleUp);
     EXPECT_EQ(scene.buttons.doubleUp, ButtonLook::kHidden);
-    ShowAtRest(table);
+    ShowAtRest(seat);
     EXPECT_EQ(scene.buttons.deal, ButtonLook::kPressed);
     engine.doubleUpPick = true;  // takes it off the table
-    ShowAtRest(table);
+    ShowAtRest(seat);
     PressButton(scene.places[1].holdButton);
     ReleaseAllButtons(scene);
     EXPECT_EQ(scene.places[1].holdButton, ButtonLook::kReleased);

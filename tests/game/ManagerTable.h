@@ -59,7 +59,7 @@ class ManagerRecorder : public Answering, public PayTableQuestions {
     }
 };
 
-class ManagerTable : public TestTable {
+class ManagerTable : public TestSeat {
   public:
     ManagerTable() {
         std::filesystem::copy_file(TOLVANE_DATA_FOLDER "/Tolvane.ini", paths.mainProfile);
@@ -70,7 +70,7 @@ class ManagerTable : public TestTable {
     PayTableFiles Files() { return {machine.file, paths.mainProfile, paths.analysisCache}; }
 
     PayTableEditor Manager(const std::string& game, int id, int index = 0, bool newGame = false) {
-        return {table, paths, {id, game, index}, newGame};
+        return {seat, paths, {id, game, index}, newGame};
     }
 
     // "My Game" in slot 1, a copy of Jacks or Better, with so many tables.

@@ -12,7 +12,7 @@ struct PickEmFlowTest : testing::Test, OneCoinTable {
     // Forgets what was logged before.
     void Choose(Pile pile) {
         TakeLog();
-        ChoosePile(table, pile);
+        ChoosePile(seat, pile);
     }
 };
 
@@ -28,7 +28,7 @@ TEST_F(PickEmFlowTest, TheHandIsLaidOutWithTwoPiles) {
               "pile 3 2, pause 100, pile 4 2, pause 100, card 0 KS, pause 100, card 1 KD, "
               "pause 100, pile top 3 KC, pause 100, pile top 4 3C, pause 100, line 6 won 5, "
               "beep, message HOLD/DRAW");
-    DealDraw(table);
+    DealDraw(seat);
     EXPECT_EQ(TakeSteps(), "") << "the deal button does nothing until a pile is chosen";
 }
 
@@ -60,14 +60,14 @@ TEST_F(PickEmFlowTest, WarningModeJudgesThePileByItsTopCard) {
 TEST_F(PickEmFlowTest, AutoHoldLabelsTheBetterPileOrBoth) {
     engine.settings.mode = PlayMode::kAutoHold;
     Deal(kKings);
-    EXPECT_EQ(table.scene.places[3].label, "PLAY");
-    EXPECT_EQ(table.scene.places[4].label, "");
+    EXPECT_EQ(seat.scene.places[3].label, "PLAY");
+    EXPECT_EQ(seat.scene.places[4].label, "");
     Choose(Pile::kLeft);
     EXPECT_TRUE(engine.handOver) << "without a question";
 
     Deal("KS 2D 4C 9H 2S 4D 8D 5H");
-    EXPECT_EQ(table.scene.places[3].label, "EITHER");
-    EXPECT_EQ(table.scene.places[4].label, "EITHER");
+    EXPECT_EQ(seat.scene.places[3].label, "EITHER");
+    EXPECT_EQ(seat.scene.places[4].label, "EITHER");
     Choose(Pile::kRight);
     EXPECT_TRUE(engine.handOver) << "nor for one of two equals";
 }

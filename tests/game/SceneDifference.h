@@ -4,15 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "game/table/TableScene.h"
+#include "game/seat/Scene.h"
 #include "tests/core/TestGames.h"
 
 class SceneDifference {
   public:
-    SceneDifference(const TableScene& before, const TableScene& now, const CardTable& deck)
-        : deck(deck) {
+    SceneDifference(const Scene& before, const Scene& now, const CardTable& deck) : deck(deck) {
         const auto differs = [&](auto part) { return before.*part != now.*part; };
-        if (differs(&TableScene::doubleUp)) DoubleUp(now.doubleUp);
+        if (differs(&Scene::doubleUp)) DoubleUp(now.doubleUp);
         if (before.buttons.doubleUp != now.buttons.doubleUp) {
             Add("double up button ", Look(now.buttons.doubleUp));
         }
@@ -21,10 +20,10 @@ class SceneDifference {
         }
         for (std::size_t i = 0; i < now.places.size(); ++i)
             Place(i, before.places[i], now.places[i]);
-        if (differs(&TableScene::firstDraw)) Add("first draw ", CardName(now.firstDraw));
-        if (differs(&TableScene::bet)) Add("bet ", now.bet);
-        if (differs(&TableScene::message)) Add("message ", now.message);
-        if (differs(&TableScene::credits)) Add("credits ", now.credits);
+        if (differs(&Scene::firstDraw)) Add("first draw ", CardName(now.firstDraw));
+        if (differs(&Scene::bet)) Add("bet ", now.bet);
+        if (differs(&Scene::message)) Add("message ", now.message);
+        if (differs(&Scene::credits)) Add("credits ", now.credits);
     }
 
     std::vector<std::string> lines;

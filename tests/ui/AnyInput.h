@@ -19,7 +19,7 @@ class AnyInput {
 
     // One part of a press, or a whole one.
     void Mouse(const TestProgram& program) {
-        const TableLayout& at = program.Places();
+        const MachineLayout& at = program.Places();
         const std::array spots = {
             at.deal,       at.deal,     at.deal,         at.doubleUp,         at.betOne,
             at.maxBet,     at.cards[0], at.cards[1],     at.cards[3],         at.holdButtons[4],

@@ -95,8 +95,8 @@ TEST_F(DialogKeysTest, NoLetterDoesTwoThings) {
     ExpectNoCollisions(EnterDollarsDialog(1, nullptr));
     ExpectNoCollisions(RenameGameDialog("My Game", nullptr));
     ExpectNoCollisions(SelectGameDialog({"Jacks or Better"}, "Jacks or Better", nullptr));
-    LoadSpare(table, spare);
-    GameReportPages pages(table, spare, paths);
+    LoadSpare(seat, spare);
+    GameReportPages pages(seat, spare, paths);
     pages.ShowCurrent();
     ExpectNoCollisions(GameAnalysisDialog(pages, nullptr));
     ExpectNoCollisions(HandAnalysisDialog(spare, store, nullptr));

@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "core/store/ErrorLog.h"
-#include "game/table/GameTable.h"
+#include "game/seat/Seat.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"

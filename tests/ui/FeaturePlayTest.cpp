@@ -26,7 +26,7 @@ class FeaturePlayTest : public ProgramTest {
     }
 
     // All that deals or bets otherwise.
-    void ExpectTableKeepsStill() {
+    void ExpectMachineKeepsStill() {
         const std::string hand = p().HandText();
         for (const QRect& place : {p().Places().deal, p().Places().betOne, p().Places().maxBet,
                                    p().Places().creditValue.rect, p().Places().betValue.rect}) {
@@ -46,7 +46,7 @@ TEST_F(FeaturePlayTest, TheWheelIsSpunByItsButtonOrKeyS) {
     for (const bool byKey : {false, true}) {
         Set("Credits", "100");
         TestProgram& p = StartFeature("SpinBonus", kNothing, kSpinDraw);
-        ExpectTableKeepsStill();
+        ExpectMachineKeepsStill();
         byKey ? p.Key(Qt::Key_S) : p.Click(p.Places().spinButton);
         EXPECT_EQ(p.engine.statistics.bonusTries.total, 1);
         p.Key(Qt::Key_D);
@@ -56,20 +56,20 @@ TEST_F(FeaturePlayTest, TheWheelIsSpunByItsButtonOrKeyS) {
 
 TEST_F(FeaturePlayTest, ThreeTargetsAreShotByMouseAndKeys) {
     TestProgram& p = StartFeature("TgtBonus", kNothing, kTargetDraw);
-    ExpectTableKeepsStill();
-    const auto& values = p.document->Table().target.values;
+    ExpectMachineKeepsStill();
+    const auto& values = p.document->PlayersSeat().target.values;
     p.Click(p.Places().targets[1]);
     p.Keys({Qt::Key_2, Qt::Key_5});
-    EXPECT_EQ(p.document->Table().target.shots, 2) << "one shot a target";
+    EXPECT_EQ(p.document->PlayersSeat().target.shots, 2) << "one shot a target";
     p.Key(Qt::Key_1, Qt::KeypadModifier);
     EXPECT_EQ(Credits(), 95 + values[0] + values[1] + values[4]);
 }
 
 TEST_F(FeaturePlayTest, RedOrBlackIsGuessedByMouseAndKeysUntilAGuessIsWrong) {
     TestProgram& p = StartFeature("RBBonus", kAllRed);
-    ExpectTableKeepsStill();
+    ExpectMachineKeepsStill();
     p.Click(p.Places().blackPanel);
-    EXPECT_EQ(p.Scene().redBlack.lit, CardColour::kBlack) << "the first guess is right";
+    EXPECT_EQ(p.ShownScene().redBlack.lit, CardColour::kBlack) << "the first guess is right";
     p.DecideFeatures([](CombinedRandom random) {
         const bool red = random.IRandom(2, 1000) % 2 == 1;
         return red && random.IRandom(2, 1000) % 2 == 0;
@@ -77,7 +77,7 @@ TEST_F(FeaturePlayTest, RedOrBlackIsGuessedByMouseAndKeysUntilAGuessIsWrong) {
     p.Key(Qt::Key_R);
     EXPECT_EQ(p.Message(), "10 Bonus Credits");
     p.Click(p.Places().redPanel);
-    EXPECT_EQ(p.Scene().credits, "105");
+    EXPECT_EQ(p.ShownScene().credits, "105");
     p.Key(Qt::Key_B);
     EXPECT_EQ(p.engine.settings.bet, 1) << "a bet again";
 }
@@ -137,7 +137,7 @@ TEST_F(FeaturePlayTest, WhatWaitsIsPaidWhenItsGameIsLeft) {
 
 TEST_F(FeaturePlayTest, APileIsChosenByButtonPlaceOrArrowKey) {
     TestProgram& p = Start("Pick Em Poker", 350);
-    const TableLayout& places = p.Places();
+    const MachineLayout& places = p.Places();
     for (const bool right : {false, true}) {
         const std::size_t pile = right ? 4 : 3;
         for (const std::function<void()>& choose : std::vector<std::function<void()>>{
@@ -162,7 +162,7 @@ TEST_F(FeaturePlayTest, OnlyThePilesRespondDuringAPickEmHand) {
     }
     p.Keys({Qt::Key_D, Qt::Key_Space, Qt::Key_1, Qt::Key_4, Qt::Key_5, Qt::Key_B, Qt::Key_M});
     p.Press(p.Places().holdButtons[3]);
-    EXPECT_EQ(p.Scene().places[3].holdButton, ButtonLook::kPressed);
+    EXPECT_EQ(p.ShownScene().places[3].holdButton, ButtonLook::kPressed);
     p.Release(p.Places().coin);
     EXPECT_FALSE(p.engine.handOver);
     EXPECT_EQ(p.Held(), 0);

@@ -39,7 +39,7 @@ class GameAnalysisDialogTest : public testing::Test {
 
     void Command(std::initializer_list<DialogRobot::Step> steps) {
         const DialogRobot robot(steps);
-        AnalyzeGameCommand(table, spare, paths);
+        AnalyzeGameCommand(seat, spare, paths);
     }
 
     // Notes what the dialog shows.
@@ -62,7 +62,7 @@ class GameAnalysisDialogTest : public testing::Test {
     Recorder ports{machine.engine};
     WindowPlayer player{window, store, ports};
     GameEngine spare;
-    GameTable table = TableOf(machine, ports, player);
+    Seat seat = SeatOf(machine, ports, player);
     const DataFilePaths& paths = machine.paths;
     QStringList names;
     QString report;

@@ -117,7 +117,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
 
     // What the player is shown, step by step. A message is taken, so that each is seen once.
     void Look() {
-        std::string& shown = p().document->Table().scene.message;
+        std::string& shown = p().document->PlayersSeat().scene.message;
         const std::string message = std::exchange(shown, "");
         if (message.starts_with("PAID ")) counting = true;
         if (message.starts_with("Paid ")) owned -= Credits(message.substr(5));
@@ -202,7 +202,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
     }
 
     void LookAtFeatures() {
-        const CardColour choice = p().Scene().redBlack.choice;
+        const CardColour choice = p().ShownScene().redBlack.choice;
         if (choice != lastChoice && choice != CardColour::kNone) ++guesses;
         lastChoice = choice;
         EXPECT_FALSE(counting && (E().doubleUpPick || guesses > 0)) << "chosen in a count-up";
@@ -238,10 +238,10 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
 
     // In a pause of a flow.
     void Hurry() {
-        if (!p().document->Table().dealing) holds = 0;
+        if (!p().document->PlayersSeat().dealing) holds = 0;
         for (int presses = OneIn(6) ? Any(1, 4) : 0; presses > 0; --presses) AnyPress();
         EXPECT_LE(p().document->Actions().WaitingPresses(),
-                  p().document->Table().dealing ? 2 * holds + 4 : 2);
+                  p().document->PlayersSeat().dealing ? 2 * holds + 4 : 2);
     }
 
     void AnyPress() {

@@ -1,4 +1,4 @@
-#include "ui/table/Layout.h"
+#include "ui/machine/Layout.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "core/paytable/PayTable.h"
-#include "ui/table/LayoutFreePlace.h"
+#include "ui/machine/LayoutFreePlace.h"
 
 // For the messages of a failed test.
 void PrintTo(const QRect& rect, std::ostream* out) {
@@ -37,8 +37,8 @@ class HugeMeasure : public TextMeasure {
     }
 };
 
-TableLayout Squares(int width, int height, const TableShape& shape = {}) {
-    return LayOut({width, height}, shape, SquareMeasure()).value_or(TableLayout{});
+MachineLayout Squares(int width, int height, const TableShape& shape = {}) {
+    return LayOut({width, height}, shape, SquareMeasure()).value_or(MachineLayout{});
 }
 
 using Places = std::vector<QRect>;
@@ -62,7 +62,7 @@ Places All(const Each& each) {
 }
 
 // What is cut off or covered, in words; empty when all is well.
-std::string Faults(const TableLayout& table, const Places& places) {
+std::string Faults(const MachineLayout& table, const Places& places) {
     std::string faults;
     const QRect client({0, 0}, table.client);
     for (std::size_t i = 0; i < places.size(); ++i) {
@@ -78,7 +78,7 @@ std::string Faults(const TableLayout& table, const Places& places) {
 }
 
 // All that can be visible together in a game of this shape.
-std::string FaultsInPlay(const TableLayout& t, const TableShape& shape) {
+std::string FaultsInPlay(const MachineLayout& t, const TableShape& shape) {
     const Places machine =
         Places{
             t.PayTablePanel(), t.coin,          t.deal,          t.betOne,       t.maxBet,
@@ -109,7 +109,7 @@ std::string FaultsInPlay(const TableLayout& t, const TableShape& shape) {
 }
 
 // Texts that must stay within something drawn around them.
-std::string TextFaults(const TableLayout& t) {
+std::string TextFaults(const MachineLayout& t) {
     std::vector<std::pair<QRect, QRect>> texts{
         {t.spinButtonText.rect, t.spinButton},
         {t.questionMark.rect, t.redPanel.united(t.blackPanel)},
@@ -151,7 +151,7 @@ TEST(LayoutTest, TheWindowChoosesCardsAndButtonsOfOneClass) {
         {{749, 700}, {90, 120}, {45, 30}, 36},
     };
     for (const Case& c : cases) {
-        const TableLayout table = Squares(c.client.width(), c.client.height());
+        const MachineLayout table = Squares(c.client.width(), c.client.height());
         EXPECT_EQ(table.cards[4].size(), c.card);
         EXPECT_EQ(table.deal.size(), c.button);
         EXPECT_EQ(table.cardFontHeight, c.cardFont);
@@ -162,7 +162,7 @@ TEST(LayoutTest, TheWindowChoosesCardsAndButtonsOfOneClass) {
 // Pay font: a line of 20 letters and 25 digits, 45 x height / 2 <= 614, fits at 26; 24 is kept. The
 // message is centred on 451, the credits end with DEAL at 975.
 TEST(LayoutTest, EveryPlaceOfALargeWindowIsWhereTheFiguresPutIt) {
-    const TableLayout t = Squares(1024, 700);
+    const MachineLayout t = Squares(1024, 700);
     EXPECT_EQ(t.namePanel, QRect(17, 5, 18 * 12, 9 * 24 + 2));
     EXPECT_EQ(t.PayoutCell(8, 2), QRect(286, 198, 46, 24));
     EXPECT_EQ(t.cards[4], QRect(725, 343, 160, 220));
@@ -212,11 +212,11 @@ TEST(LayoutTest, NoWindowNoFontAndNoGameIsTooOdd) {
 }
 
 TEST(LayoutTest, ColumnsGrowForTheLargestPayoutOfTheGame) {
-    const TableLayout four = Squares(1600, 1200, {.widestPayout = "9"});
+    const MachineLayout four = Squares(1600, 1200, {.widestPayout = "9"});
     EXPECT_EQ(four.columns[0].width(), 4 * four.payFontHeight / 2);
-    const TableLayout five = Squares(1600, 1200, {.widestPayout = "10000"});
+    const MachineLayout five = Squares(1600, 1200, {.widestPayout = "10000"});
     EXPECT_EQ(five.columns[0].width(), 5 * five.payFontHeight / 2);
-    const TableLayout ten = Squares(640, 480, {.widestPayout = "2147483647"});
+    const MachineLayout ten = Squares(640, 480, {.widestPayout = "2147483647"});
     EXPECT_LE(10 * ten.payoutFontHeight / 2, ten.PayoutCell(0, 1).width());
 }
 
@@ -245,11 +245,11 @@ TEST(LayoutTest, WhatIsInTheWayGoesToTheNearestFreePlace) {
 }
 
 TEST(LayoutTest, NothingIsCutOffOrCoveredInAnyWindowFromTheSmallestOn) {
-    for (int width = kMinimumTableSize.width(); width < 3000; width += 97) {
-        for (int height = kMinimumTableSize.height(); height < 1700; height += 53) {
+    for (int width = kMinimumMachineSize.width(); width < 3000; width += 97) {
+        for (int height = kMinimumMachineSize.height(); height < 1700; height += 53) {
             for (const int lines : {1, 3, 9, 15}) {
                 const TableShape shape{lines, "20000", true, true, true, true, true};
-                const TableLayout table = Squares(width, height, shape);
+                const MachineLayout table = Squares(width, height, shape);
                 EXPECT_EQ(FaultsInPlay(table, shape), "") << Words({width, height}, shape);
             }
         }
@@ -290,7 +290,7 @@ TEST(TableFontTest, LongNamesAreWrittenSmallerButStayReadable) {
     EXPECT_EQ(FittingFontHeight(measure, 20, std::string(80, 'W'), room), kReadableFontHeight);
     EXPECT_EQ(FittingFontHeight(measure, 20, "FLUSH", room), 20);
     EXPECT_EQ(FittingFontHeight(measure, 5, "FLUSH", 1), 5);
-    EXPECT_EQ(TableFont(-3).pixelSize(), 1);
+    EXPECT_EQ(MachineFont(-3).pixelSize(), 1);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <QMenuBar>
 
 #include "core/paytable/GameCatalogue.h"
-#include "game/table/ShowTable.h"
+#include "game/seat/ShowScene.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/TestProgram.h"
 
@@ -70,10 +70,10 @@ TEST_F(MenuTest, TheMenuBarHoldsItsEntriesInOrderAndGreysMostDuringAHand) {
 TEST_F(MenuTest, AGreyedCommandDoesNothing) {
     TestProgram& p = Start();
     p.Key(Qt::Key_D);
-    const TableScene dealt = p.Scene();
+    const Scene dealt = p.ShownScene();
     for (const int command : {330, 9001, 405, 406, 407, 503, 504, 57600}) p.document->Run(command);
     p.Key(Qt::Key_N, Qt::ControlModifier);
-    EXPECT_TRUE(p.Scene() == dealt);
+    EXPECT_TRUE(p.ShownScene() == dealt);
     EXPECT_TRUE(p.engine.settings.sounds && p.engine.settings.doubleUp);
     p.Key(Qt::Key_D);
     p.clock.inPause = [&] { p.Choose(330); };
@@ -166,7 +166,7 @@ TEST_F(MenuTest, AResetIsToldUntilSomethingElseIsButInAHandForAMomentOnly) {
     p.Key(Qt::Key_C);
     EXPECT_EQ(p.Message(), "STATISTICS RESET");
     p.Keys({Qt::Key_D, Qt::Key_0});
-    ShowAtRest(p.document->Table());
+    ShowAtRest(p.document->PlayersSeat());
     EXPECT_EQ(p.Message(), "STATISTICS RESET");
     EXPECT_TRUE(QTest::qWaitFor([&] { return p.Message() == "HOLD/DRAW"; }, 3000));
 }

@@ -9,7 +9,7 @@
 
 #include "core/store/Settings.h"
 #include "game/engine/Money.h"
-#include "game/table/ShowTable.h"
+#include "game/seat/ShowScene.h"
 #include "tests/ui/AnyInput.h"
 
 namespace {
@@ -81,7 +81,7 @@ class MonkeyTest : public ProgramTest, protected AnyInput {
         if (OneIn(3)) document.Run(kFixedHand);
         if (program->engine.settings.gameId == 300) program->Stack("JD JH TD TH 2H", 5);
         EnterDollars(program->engine, 100);
-        ShowAtRest(document.Table());
+        ShowAtRest(document.PlayersSeat());
     }
 };
 
@@ -108,7 +108,7 @@ TEST_F(MonkeyTest, WhateverIsPressedTheTableTellsTheTruthAndNothingIsOwed) {
     }
     p.clock.inEveryPause = nullptr;
     p.Release({0, 0, 2, 2});
-    const std::string game = p.document->Table().files.gamePath;
+    const std::string game = p.document->PlayersSeat().files.gamePath;
     EXPECT_TRUE(p.document->OnCloseDocument());
     MachineSettings stored;
     ProfileFile file;

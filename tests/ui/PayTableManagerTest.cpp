@@ -71,7 +71,7 @@ struct Machine : ManagerTable {
     QWidget window;
     PictureStore pictures;
     WindowPlayer player{window, pictures, ports};
-    GameTable table = TableOf(machine, ports, player);
+    Seat seat = SeatOf(machine, ports, player);
 
     Machine() { window.show(); }
 };
@@ -118,7 +118,7 @@ TEST(PayTableManagerTest, ASecondTableIsAddedToABuiltInGameAndSteppedTo) {
         ClickOn("makeActive"),
         Press(Qt::Key_Escape),
     };
-    EditCurrentPayTable(m.table, m.paths);
+    EditCurrentPayTable(m.seat, m.paths);
     EXPECT_EQ(told, "Error: You can not overwrite the default pay table for a pre-defined game");
     EXPECT_EQ(StatsSection(m.engine), "Jacks or Better(2)");
 }

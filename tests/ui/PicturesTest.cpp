@@ -24,8 +24,9 @@ std::set<Picture> AllPictures() {
     for (const auto size : {SizeClass::kSmall, SizeClass::kMedium, SizeClass::kLarge}) {
         all.insert({FaceOfCard(size), AlternateFace(size), JokerFace(size), CardBack(size),
                     CardStack(size), SpinWindow(size)});
-        for (const auto button : {TableButton::kDeal, TableButton::kBetOne, TableButton::kMaxBet,
-                                  TableButton::kHold, TableButton::kDoubleUp}) {
+        for (const auto button :
+             {MachineButton::kDeal, MachineButton::kBetOne, MachineButton::kMaxBet,
+              MachineButton::kHold, MachineButton::kDoubleUp}) {
             all.insert({ButtonPicture(button, size, false), ButtonPicture(button, size, true)});
         }
         for (const bool red : {false, true}) {

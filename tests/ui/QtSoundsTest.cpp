@@ -1,6 +1,6 @@
 // The reading and mixing of the sounds, and what happens where no server plays them.
 // SoundServerTest listens to them.
-#include "ui/table/QtSounds.h"
+#include "ui/machine/QtSounds.h"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>

@@ -7,7 +7,7 @@
 #include <iostream>
 #include <string>
 
-#include "ui/table/QtSounds.h"
+#include "ui/machine/QtSounds.h"
 
 double Now() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())

@@ -6,8 +6,8 @@
 #include <QTemporaryDir>
 #include <filesystem>
 
-#include "game/table/ShowTable.h"
-#include "ui/table/SceneDescription.h"
+#include "game/seat/ShowScene.h"
+#include "ui/machine/SceneDescription.h"
 
 namespace {
 
@@ -49,8 +49,8 @@ TestProgram::~TestProgram() {
 
 void TestProgram::DecideFeatures(const std::function<bool(CombinedRandom)>& wanted) {
     for (std::uint32_t seed = 1;; ++seed) {
-        document->Table().random.RandomInit(seed);
-        if (wanted(document->Table().random)) return;
+        document->PlayersSeat().random.RandomInit(seed);
+        if (wanted(document->PlayersSeat().random)) return;
     }
 }
 
@@ -77,11 +77,11 @@ std::string TestProgram::HandText() const {
 
 void TestProgram::ExpectAtRest(const std::string& when) const {
     EXPECT_FALSE(document->Actions().Busy()) << when;
-    const TableScene rest = SceneOf(document->Table());
-    const auto inWords = [this](const TableScene& shown) {
+    const Scene rest = SceneOf(document->PlayersSeat());
+    const auto inWords = [this](const Scene& shown) {
         return "\n" + Describe(shown, engine.payTable, engine.deck.table);
     };
-    EXPECT_TRUE(Scene() == rest) << when << inWords(Scene()) << inWords(rest);
+    EXPECT_TRUE(ShownScene() == rest) << when << inWords(ShownScene()) << inWords(rest);
     for (const PlaceLook& place : rest.places) {
         EXPECT_NE(place.holdButton, ButtonLook::kPressed) << when;
     }

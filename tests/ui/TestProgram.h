@@ -20,9 +20,9 @@
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 #include "ui/art/Pictures.h"
-#include "ui/table/CMorvikView.h"
-#include "ui/table/Commands.h"
-#include "ui/table/WindowClock.h"
+#include "ui/machine/CMorvikView.h"
+#include "ui/machine/Commands.h"
+#include "ui/machine/WindowClock.h"
 
 inline constexpr std::string_view kNothing = "2S 4D 6C 8H TS";
 inline constexpr std::string_view kJacksAndTens = "JS JD TC TH 2S";  // 10 credits
@@ -106,10 +106,10 @@ class TestProgram {
 
     std::string HandText() const;
     HoldMask Held() const { return HeldMask(engine); }
-    std::string Message() const { return document->Table().scene.message; }
+    std::string Message() const { return document->PlayersSeat().scene.message; }
     // "WON 10, bet 5, credits 105"
     std::string Meters() const {
-        return Message() + ", bet " + Scene().bet + ", credits " + Scene().credits;
+        return Message() + ", bet " + ShownScene().bet + ", credits " + ShownScene().credits;
     }
     std::string Title() const { return frame->windowTitle().toStdString(); }
 
@@ -127,8 +127,8 @@ class TestProgram {
     std::unique_ptr<CMainFrame> frame;
     std::unique_ptr<CMorvikDoc> document;
     CMorvikView* view = nullptr;
-    const TableLayout& Places() const { return view->places; }
-    const TableScene& Scene() const { return document->Table().scene; }
+    const MachineLayout& Places() const { return view->places; }
+    const Scene& ShownScene() const { return document->PlayersSeat().scene; }
 };
 
 // A game file with 100 credits shown as such, at full speed, in Casino mode.

@@ -99,15 +99,15 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     EXPECT_FALSE(player.ShowProgress("Hands played...0%")->Show("", 0));
     player.Tell("Caption", "Text", MessageIcon::kError);
     player.ShowStatistics(machine.engine);
-    GameTable table = TableOf(machine, ports, player);
-    PayTableEditor editor(table, machine.paths, {300, "Jacks or Better", 0});
+    Seat seat = SeatOf(machine, ports, player);
+    PayTableEditor editor(seat, machine.paths, {300, "Jacks or Better", 0});
     EXPECT_FALSE(player.GoesOnAfterError("Continue?") || player.SaysYes("Caption", "Question?") ||
                  player.AskFixedHand(machine.engine) || player.ShowPayTableManager(editor));
     EXPECT_FALSE(player.AskDollars(100) || player.AskHandCount() || player.AskAnalysisFiles({}));
     EXPECT_FALSE(player.AskFileToOpen("/tmp") || player.AskFileToSave("/tmp/a.qdx") ||
                  player.AskNewGameFile("/tmp/a.qdx") || player.AskGame({"A"}, "A"));
     GameEngine spare;
-    GameReportPages pages(table, spare, machine.paths);
+    GameReportPages pages(seat, spare, machine.paths);
     EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 

@@ -31,7 +31,7 @@ Picture CourtPicture(int rank, int suit) {
     return Offset(IsRed(suit) ? Picture::kRedCourts : Picture::kBlackCourts, rank);
 }
 
-Picture ButtonPicture(TableButton button, SizeClass size, bool pressed) {
+Picture ButtonPicture(MachineButton button, SizeClass size, bool pressed) {
     return Offset(Picture::kButtons,
                   10 * static_cast<int>(size) + 2 * static_cast<int>(button) + (pressed ? 1 : 0));
 }

@@ -32,7 +32,7 @@ enum class Picture : int {
     kRedCourts = 1330,
     kStarAce = 1351,
 
-    kButtons = 1400,      // plus 10 x size class + 2 x TableButton + 1 when pressed
+    kButtons = 1400,      // plus 10 x size class + 2 x MachineButton + 1 when pressed
     kSpinButtons = 1440,  // plus 2 x size class + 1 when lit
     kSpinWindow = 1450,   // three sizes
     kPanels = 1460,       // plus 4 x size class + 2 for black + 1 when lit
@@ -50,7 +50,7 @@ enum class Picture : int {
 inline constexpr int kFeltTile =
     96;  // a multiple of four: whole pixels at 1.25, 1.5 and 1.75 times too
 
-enum class TableButton { kDeal, kBetOne, kMaxBet, kHold, kDoubleUp };
+enum class MachineButton { kDeal, kBetOne, kMaxBet, kHold, kDoubleUp };
 
 // Card-sized pictures. The alternate face is that of the pile tops in Pick 'Em; the stack, a few
 // cards from their back with their edges, lies right under such a top.
@@ -65,7 +65,7 @@ Picture CardStack(SizeClass size);
 Picture PipPicture(int suit);
 Picture CourtPicture(int rank, int suit);
 
-Picture ButtonPicture(TableButton button, SizeClass size, bool pressed);
+Picture ButtonPicture(MachineButton button, SizeClass size, bool pressed);
 
 // The spin's button without its caption, of the size of a button, and the window of its value, two
 // panels wide; a panel of Red or Black, half a button wide, and the colour chosen, a button's size.

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-#include "game/table/Player.h"
+#include "game/seat/Player.h"
 
 class QLineEdit;
 class QProgressBar;

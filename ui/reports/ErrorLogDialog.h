@@ -1,6 +1,6 @@
 // Walks through the play errors logged for an engine's game and table, the oldest first, with the
 // buttons or with Page Up, Page Down, Home and End. Nothing is changed. An empty log is for the
-// caller to tell of (TellIfErrorLogIsEmpty in game/TableCommands.h).
+// caller to tell of (TellIfErrorLogIsEmpty in game/MachineCommands.h).
 #pragma once
 #include <QDialog>
 #include <array>

@@ -3,7 +3,7 @@
 #pragma once
 #include <QDialog>
 
-#include "game/table/Player.h"
+#include "game/seat/Player.h"
 
 class GameReportPages;
 class QComboBox;

@@ -15,7 +15,7 @@
 #include "core/store/Migration.h"
 #include "game/commands/FileCommands.h"
 #include "game/commands/GameSelection.h"
-#include "game/commands/TableCommands.h"
+#include "game/commands/MachineCommands.h"
 #include "game/paytables/PayTableEditor.h"
 #include "game/saving/SaveGame.h"
 #include "game/session/StartAndStop.h"
@@ -47,12 +47,12 @@ struct Program {
         lock = LockFile::OfDataFolder(paths.folder);
         problems = MigrateDataFiles(paths, file);
         if (!problems.empty()) return;
-        StartGame(table, paths);
-        FinishStart(table);
+        StartGame(seat, paths);
+        FinishStart(seat);
     }
 
     double Dollars() const { return engine.settings.coin * engine.settings.credits; }
-    PayTableEditor Editor(int index) { return {table, paths, {9001, "Mine", index}}; }
+    PayTableEditor Editor(int index) { return {seat, paths, {9001, "Mine", index}}; }
 
     ProfileFile file;
     DataFilePaths paths;
@@ -62,13 +62,13 @@ struct Program {
     GameFiles files{file, "", ""};
     Recorder ports{engine};
     ManagerRecorder manager;
-    GameTable table{.engine = engine,
-                    .files = files,
-                    .tables = Tables(),
-                    .display = ports,
-                    .player = ports,
-                    .sounds = ports,
-                    .clock = ports};
+    Seat seat{.engine = engine,
+              .files = files,
+              .tables = Tables(),
+              .display = ports,
+              .player = ports,
+              .sounds = ports,
+              .clock = ports};
 };
 
 using Act = void (*)(Program&);
@@ -156,24 +156,24 @@ FileMap WithOwnGamePlayed() {
     return files;
 }
 
-void Save(Program& program) { SaveGame(program.table); }
+void Save(Program& program) { SaveGame(program.seat); }
 
 // A command on the table, the player choosing another file or having won some money.
-template <void (*command)(GameTable&)>
+template <void (*command)(Seat&)>
 void InOther(Program& program) {
     program.ports.answers = {program.paths.folder + "Other.qdx"};
-    command(program.table);
+    command(program.seat);
 }
 
-template <void (*command)(GameTable&)>
+template <void (*command)(Seat&)>
 void WithMoney(Program& program) {
     program.engine.settings.credits += 123;
     InOther<command>(program);
 }
 
 void PlayTenHands(Program& program) {
-    for (int press = 0; press < 20; ++press) DealDraw(program.table);
-    SaveGameFile(program.table);
+    for (int press = 0; press < 20; ++press) DealDraw(program.seat);
+    SaveGameFile(program.seat);
 }
 
 void StorePath(Program& program) {
@@ -239,18 +239,18 @@ std::vector<Scenario> Scenarios() {
         {"TenHands", Played, {PlayTenHands}, HasAllOrNoneOfTheHands},
         {"CoinChange",
          Played,
-         {[](Program& program) { ChooseCoin(program.table, 1.00); }},
+         {[](Program& program) { ChooseCoin(program.seat, 1.00); }},
          HasItsMoney},
         {"FileNew", Played, {Save, InOther<NewGameFile>}, HasItsMoney},
         {"FileOpenAndClose",
          Played,
          {Save, InOther<OpenGameFile>, StorePath,
-          [](Program& program) { StopGame(program.table, program.paths); }}},
+          [](Program& program) { StopGame(program.seat, program.paths); }}},
         {"FileSave", Played, {WithMoney<SaveGameFile>}},
         {"FileSaveAs", Played, {WithMoney<SaveGameFileAs>}},
         {"GameSwitch",
          Played,
-         {Save, [](Program& program) { ChooseGame(program.table, 330); }},
+         {Save, [](Program& program) { ChooseGame(program.seat, 330); }},
          HasItsMoney},
         {"EditTable", WithOwnGame, {EditTable}},
         {"AddTable", WithOwnGame, {AddTable}},

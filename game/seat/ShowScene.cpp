@@ -1,0 +1,235 @@
+#include "game/seat/ShowScene.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "core/text/Amount.h"
+
+namespace {
+
+std::string BetText(const GameEngine& engine) {
+    const MachineSettings& settings = engine.settings;
+    return settings.showDollar ? FormatDollars("%3.2f", settings.bet * settings.coin)
+                               : FormatCount(settings.bet);
+}
+
+int BetColumn(const GameEngine& engine) {
+    return std::clamp(engine.settings.bet, 1, kCoinColumns) - 1;
+}
+
+std::array<ButtonLook*, 4 + kHandSize> ButtonsOf(Scene& scene) {
+    MachineButtons& seat = scene.buttons;
+    auto& places = scene.places;
+    return {&seat.deal,
+            &seat.betOne,
+            &seat.maxBet,
+            &seat.doubleUp,
+            &places[0].holdButton,
+            &places[1].holdButton,
+            &places[2].holdButton,
+            &places[3].holdButton,
+            &places[4].holdButton};
+}
+
+void ShowMeters(const GameEngine& engine, Scene& scene) {
+    scene.credits = CreditText(engine, engine.settings.credits);
+    scene.bet = BetText(engine);
+    scene.coin = engine.settings.coin;
+}
+
+void ShowWonLine(const GameEngine& engine, Scene& scene) {
+    const int line = engine.handOver ? engine.finalLine : engine.dealtLine;
+    const int lines = static_cast<int>(std::min(engine.payTable.lines.size(), scene.lines.size()));
+    if (!engine.handWins || line < 0 || line >= lines) return;
+    scene.lines[static_cast<std::size_t>(line)] = {LineMark::kWon, AnnouncedPay(engine, line),
+                                                   BetColumn(engine)};
+    scene.charlie = CharlieApplies(engine);
+}
+
+CardCode TopOf(const GameEngine& engine, Pile pile) {
+    return pile == Pile::kLeft ? engine.hand[2] : engine.drawCards[0];
+}
+
+// What the better pile is marked with in AutoHold mode.
+std::string PileLabel(const GameEngine& engine, Pile pile) {
+    if (engine.settings.mode != PlayMode::kAutoHold) return "";
+    const double left = engine.analysis.holds[kLeftPile].expectedReturn;
+    const double right = engine.analysis.holds[kRightPile].expectedReturn;
+    if (left == right) return "EITHER";
+    return (left > right) == (pile == Pile::kLeft) ? "PLAY" : "";
+}
+
+void LayTop(const GameEngine& engine, Pile pile, Scene& scene) {
+    const int position = pile == Pile::kLeft ? kLeftPilePosition : kRightPilePosition;
+    PlaceLook& place = scene.places[static_cast<std::size_t>(position)];
+    place.card = TopOf(engine, pile);
+    place.pileTop = true;
+    place.pileDepth = 2;
+    place.label = PileLabel(engine, pile);
+}
+
+void ShowPickEmPlaces(const GameEngine& engine, Scene& scene) {
+    for (std::size_t i = 0; i < kHandSize; ++i) scene.places[i].card = engine.hand[i];
+    if (!engine.handOver) {
+        scene.places[2].card = kNoCard;
+        LayTop(engine, Pile::kLeft, scene);
+        LayTop(engine, Pile::kRight, scene);
+    }
+    for (std::size_t i = 0; i < kLeftPilePosition; ++i) {
+        scene.places[i].holdButton = ButtonLook::kHidden;
+    }
+}
+
+void ShowHand(const GameEngine& engine, Scene& scene) {
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        scene.places[i].card = engine.hand[i];
+        scene.places[i].held = engine.held[i];
+    }
+    if (IsSneakPeak(engine) && !engine.handOver) scene.firstDraw = engine.drawCards[0];
+}
+
+TargetLook LookOf(const TargetGame& game, std::size_t target) {
+    if (!game.shot[target]) return {TargetFace::kHidden, 0};
+    return {TargetFace::kShot, game.values[target]};
+}
+
+void ShowFeatures(const Seat& seat, Scene& scene) {
+    const GameEngine& engine = seat.engine;
+    if (engine.redBlackPending) scene.redBlack = {true, seat.redBlack.drawn, CardColour::kNone};
+    if (engine.spinPending) {
+        scene.spin = {SpinButton::kReady, true, ""};
+        scene.featureLabel = "SPIN";
+    }
+    if (engine.targetPending) {
+        for (std::size_t i = 0; i < kTargets; ++i) scene.targets[i] = LookOf(seat.target, i);
+        scene.featureLabel = "SHOOT";
+    }
+}
+
+// The lines, buttons and features are left out.
+void ShowDoubleUp(const GameEngine& engine, Scene& scene) {
+    scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo};
+    scene.buttons.deal = scene.buttons.betOne = scene.buttons.maxBet = ButtonLook::kHidden;
+    scene.places[0].holdButton = ButtonLook::kHidden;
+    scene.places[0].card = engine.hand[kHandSize - 1];
+    for (std::size_t i = 1; i < kHandSize; ++i) {
+        scene.places[i].card = engine.doubleUpClosed ? engine.hand[i - 1] : kCardBack;
+        scene.places[i].held = engine.doubleUpClosed && engine.held[i];
+    }
+}
+
+}  // namespace
+
+std::string CreditText(const GameEngine& engine, int credits) {
+    const MachineSettings& settings = engine.settings;
+    return settings.showDollar ? FormatDollars("%7.2f", credits * settings.coin)
+                               : FormatCount(credits);
+}
+
+std::string MeterText(const Seat& seat) {
+    const GameEngine& engine = seat.engine;
+    if (!engine.handOver) return "HOLD/DRAW";
+    if (seat.bonusShown) return CreditText(engine, engine.bonusStake) + " Bonus Credits";
+    // A winning deal that was broken off, such as a fixed hand's, has won nothing.
+    const bool won = engine.handWins && engine.win > 0;
+    return won ? "WON " + CreditText(engine, engine.win) : "GAME OVER";
+}
+
+int AnnouncedPay(const GameEngine& engine, int line) {
+    const int pay = LineUnitPay(engine.payTable, line, engine.settings.bet);
+    return CharlieApplies(engine) ? AddCapped(pay, std::int64_t{4} * pay) : pay;
+}
+
+Scene SceneOf(const Seat& seat) {
+    const GameEngine& engine = seat.engine;
+    Scene scene;
+    scene.message = seat.scene.message;
+    ShowMeters(engine, scene);
+    if (engine.doubleUpPick) {
+        ShowDoubleUp(engine, scene);
+    } else {
+        ShowWonLine(engine, scene);
+        IsPickEm(engine) ? ShowPickEmPlaces(engine, scene) : ShowHand(engine, scene);
+        ShowFeatures(seat, scene);
+        if (CanDoubleUp(engine)) scene.buttons.doubleUp = ButtonLook::kReleased;
+    }
+    Scene shown = seat.scene;
+    const auto before = ButtonsOf(shown);
+    const auto now = ButtonsOf(scene);
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        if (*before[i] == ButtonLook::kPressed) PressButton(*now[i]);
+    }
+    return scene;
+}
+
+void ShowAtRest(Seat& seat) {
+    seat.scene = SceneOf(seat);
+    Show(seat);
+}
+
+void ShowAtRest(Seat& seat, const std::string& message) {
+    seat.scene.message = message;
+    ShowAtRest(seat);
+}
+
+void ShowGameOver(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    engine.held = seat.beforeDoubleUp.held = {};
+    engine.readyToDeal = engine.handOver = true;
+    if (engine.dealtLine >= 0 && engine.finalLine < 0) engine.finalLine = engine.dealtLine;
+    if (engine.doubleUpPick) return ShowAtRest(seat);
+    engine.handInProgress = false;
+    seat.bonusShown = false;
+    ShowAtRest(seat, "GAME OVER");
+}
+
+void Show(Seat& seat) { seat.display.Show(seat.scene); }
+
+void ShowMessage(Seat& seat, const std::string& text) {
+    seat.scene.message = text;
+    Show(seat);
+}
+
+void ShowMeters(Seat& seat) { ShowMessage(seat, MeterText(seat)); }
+
+void ShowCredits(Seat& seat) {
+    seat.scene.credits = CreditText(seat.engine, seat.engine.settings.credits);
+    Show(seat);
+}
+
+// A card that is laid down takes away what lay in the place before, but for the mark and the button
+// that belong to the place itself.
+void ShowCard(Seat& seat, int position, CardCode card) {
+    PlaceLook& place = seat.scene.places[static_cast<std::size_t>(position)];
+    const PlaceLook before = std::exchange(place, PlaceLook{});
+    place.card = card;
+    place.held = before.held;
+    place.holdButton = before.holdButton;
+    Show(seat);
+}
+
+void ShowPileTop(Seat& seat, Pile pile) {
+    LayTop(seat.engine, pile, seat.scene);
+    Show(seat);
+}
+
+void ShowLine(Seat& seat, int line, LineMark mark, int payout) {
+    if (line < 0 || line >= kMaxPayLines) return;
+    LineLook look;
+    if (mark != LineMark::kPlain) look = {mark, payout, BetColumn(seat.engine)};
+    seat.scene.lines[static_cast<std::size_t>(line)] = look;
+    Show(seat);
+}
+
+void PressButton(ButtonLook& button) {
+    if (button != ButtonLook::kHidden) button = ButtonLook::kPressed;
+}
+
+void ReleaseButton(ButtonLook& button) {
+    if (button != ButtonLook::kHidden) button = ButtonLook::kReleased;
+}
+
+void ReleaseAllButtons(Scene& scene) {
+    for (ButtonLook* button : ButtonsOf(scene)) ReleaseButton(*button);
+}

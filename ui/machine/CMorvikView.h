@@ -1,0 +1,65 @@
+// The machine in the window: paints the scene, and takes presses and keys.
+#pragma once
+#include <QBasicTimer>
+#include <QHash>
+#include <QWidget>
+
+#include "game/seat/Seat.h"
+#include "ui/machine/Layout.h"
+#include "ui/machine/MachineInput.h"
+
+class PictureStore;
+
+class CMorvikView : public QWidget {
+    Q_OBJECT
+
+  public:
+    // All outlive the view.
+    CMorvikView(Seat& seat, PictureStore& pictures, ActionQueue& actions, KeyCommands commands);
+
+    // Sees to it that what has changed since the last time is painted.
+    void ShowScene();
+
+    // Another pay table has other places; all is painted anew.
+    void LayOutMachine();
+
+    QSize sizeHint() const override;
+
+    // The machine as it is now, in words; screen readers are told when they change.
+    QString Description() const;
+
+    // No button stays down: what is let go over a dialog that came between is let go there.
+    void ForgetPresses();
+
+    MachineLayout places;  // as of the last change of size or pay table
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void AnnounceChange();
+    void LetButtonsGo();
+    void BeginKey(int key);
+
+    Seat& seat;
+    Scene shown;  // is painted, or will be when the window next is
+    ActionQueue& actions;
+    PictureStore& pictures;
+    QtTextMeasure measure;
+    MachineInput input;
+    QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
+    QString announced;
+    PressInHand leftPress;  // the last one
+    PressInHand rightPress;
+    bool leftDown = false;
+    QHash<int, PressInHand> keysDown;  // pressed here: a key let go after a dialog is no input
+};

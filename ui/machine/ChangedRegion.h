@@ -1,0 +1,10 @@
+// What a window has to paint anew when the machine comes to show something else.
+#pragma once
+#include <QRegion>
+
+struct MachineLayout;
+struct Scene;
+
+// Holds every point, in client coordinates, at which the two scenes look different, and not much
+// more: of one card that is turned, that card. Both are of the pay table that is laid out.
+QRegion ChangedRegion(const Scene& before, const Scene& now, const MachineLayout& layout);

@@ -1,0 +1,17 @@
+// Paints the machine.
+#pragma once
+#include <QRegion>
+
+class PictureStore;
+class QPainter;
+struct CardTable;
+struct PayTable;
+struct MachineLayout;
+struct Scene;
+
+// The whole machine, cloth first, as far as it lies in clip (client coordinates). The same
+// arguments always give the same pixels. The layout is one for the pay table, the cards those of
+// its deck.
+void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
+                  const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
+                  PictureStore& pictures);
