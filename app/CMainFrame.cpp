@@ -131,8 +131,7 @@ void CMainFrame::LeaveMenus() {
 void CMainFrame::ListUserGames() {
     userGames->clear();
     const GameEngine& engine = document->PlayersSeat().engine;
-    for (const UserGame& game :
-         UserGames(document->PlayersSeat().files.file, document->PlayersSeat().files.mainPath)) {
+    for (const UserGame& game : UserGames(document->PlayersSeat().files.Main())) {
         if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
         ShowState(*AddCommand(*userGames, game.id, MenuText(game.name)), engine);
     }

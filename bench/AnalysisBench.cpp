@@ -15,7 +15,7 @@ namespace {
 PayTable Shipped(const std::string& game) {
     ProfileFile file;
     const std::string path = TOLVANE_DATA_FOLDER "/Tolvane.ini";
-    return LoadPayTable(file, GameIdFromName(file, game, path), game, 0, path, "");
+    return LoadPayTable({file, path}, {GameIdFromName({file, path}, game), game}, "");
 }
 
 void BuildTables(benchmark::State& state, const std::string& game, const std::string& promise) {

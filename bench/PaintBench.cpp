@@ -25,7 +25,7 @@ void PaintChanges(benchmark::State& state, bool oneCard) {
     const QGuiApplication application(argc, nullptr);
     ProfileFile file;
     const PayTable payTable =
-        LoadPayTable(file, 300, "Jacks or Better", 0, TOLVANE_DATA_FOLDER "/Tolvane.ini", "");
+        LoadPayTable({file, TOLVANE_DATA_FOLDER "/Tolvane.ini"}, {300, "Jacks or Better"}, "");
     Deck deck;
     deck.Build(DeckOf(payTable));
     const auto layout = LayOut(kClient, ShapeOf(payTable), QtTextMeasure());

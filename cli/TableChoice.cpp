@@ -82,7 +82,7 @@ Failure NoSuchTable(Catalogue& catalogue, const ChosenTable& chosen) {
     auto& [file, mainPath, games] = catalogue;
     const std::string& name = chosen.game.name;
     std::vector<std::string> tables;
-    for (const int index : TableChain(file, name, mainPath)) {
+    for (const int index : TableChain({file, mainPath}, name)) {
         tables.push_back(std::to_string(index));
     }
     if (tables.empty())
@@ -104,8 +104,8 @@ std::optional<Failure> ChooseBet(const Options& options, ChosenTable& chosen) {
 bool LoadTable(Catalogue& catalogue, ChosenTable& chosen) {
     auto& [file, mainPath, games] = catalogue;
     const auto& [id, name, offered] = chosen.game;
-    if (!TableExists(file, name, chosen.index, mainPath)) return false;
-    chosen.payTable = LoadPayTable(file, id, name, chosen.index, mainPath, "");
+    if (!TableExists({file, mainPath}, name, chosen.index)) return false;
+    chosen.payTable = LoadPayTable({file, mainPath}, {id, name, chosen.index}, "");
     chosen.deck = BuildCardTable(DeckOf(chosen.payTable));
     return true;
 }
@@ -122,7 +122,7 @@ std::optional<Failure> OpenCatalogue(const Options& options, Catalogue& catalogu
     for (const BuiltInGame& game : BuiltInGames()) {
         games.push_back({game.id, std::string(game.name), game.offered});
     }
-    for (const UserGame& game : UserGames(file, mainPath)) {
+    for (const UserGame& game : UserGames({file, mainPath})) {
         games.push_back({game.id, game.name, true});
     }
     return std::nullopt;

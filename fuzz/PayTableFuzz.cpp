@@ -152,10 +152,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const char letter : kTableNames) {
         const std::string name(1, letter);
         const int gameId = letter == 's' ? kSneakPeakGameId : kFirstUserGameId;
-        const PayTable table = LoadPayTable(file, gameId, name, 0, path, path);
-        Require(TableExists(file, name, 0, path) == !table.lines.empty());
+        const PayTable table = LoadPayTable({file, path}, {gameId, name}, path);
+        Require(TableExists({file, path}, name, 0) == !table.lines.empty());
         CheckTable(table);
-        TableChain(file, name, path);
+        TableChain({file, path}, name);
     }
     Require(!file.IsDirty());
     std::filesystem::remove(path);

@@ -62,57 +62,57 @@ std::string NameInSlot(const std::string& stored) {
     return stored.size() > kStoredIdLength + 1 ? stored.substr(kStoredIdLength + 1) : std::string();
 }
 
-std::string ReadSlot(ProfileFile& file, int slot, const std::string& mainPath) {
-    return file.GetString("User Games", std::to_string(slot), "", ProfileFile::kWholeValue,
-                          mainPath);
+std::string ReadSlot(const ProfileOnDisk& main, int slot) {
+    return main.file.GetString("User Games", std::to_string(slot), "", ProfileFile::kWholeValue,
+                               main.path);
 }
 
 }  // namespace
 
 std::span<const BuiltInGame> BuiltInGames() { return kBuiltIn; }
 
-std::vector<UserGame> UserGames(ProfileFile& file, const std::string& mainPath) {
+std::vector<UserGame> UserGames(const ProfileOnDisk& main) {
     std::vector<UserGame> games;
     for (int slot = 1; slot <= kMaxUserGames; ++slot) {
-        const std::string stored = ReadSlot(file, slot, mainPath);
+        const std::string stored = ReadSlot(main, slot);
         const std::string name = NameInSlot(stored);
         if (!name.empty()) games.push_back({ParseInt(stored), name});
     }
     return games;
 }
 
-int GameIdFromName(ProfileFile& file, std::string_view name, const std::string& mainPath) {
+int GameIdFromName(const ProfileOnDisk& main, std::string_view name) {
     const auto* found = std::ranges::find_if(kBuiltIn, [name](const BuiltInGame& game) {
         return !game.menuOnly && SameText(game.name, name);
     });
     if (found != kBuiltIn.end()) return found->id;
     if (name.empty()) return 0;
     for (int slot = 1; slot <= kMaxUserGames; ++slot) {
-        if (SameText(NameInSlot(ReadSlot(file, slot, mainPath)), name)) {
+        if (SameText(NameInSlot(ReadSlot(main, slot)), name)) {
             return kFirstUserGameId + slot - 1;
         }
     }
     return 0;
 }
 
-std::string GameNameFromId(ProfileFile& file, int id, const std::string& mainPath) {
+std::string GameNameFromId(const ProfileOnDisk& main, int id) {
     for (const auto& game : kBuiltIn) {
         if (game.id == id && game.offered) return std::string(game.name);
     }
-    for (const auto& game : UserGames(file, mainPath)) {
+    for (const auto& game : UserGames(main)) {
         if (game.id == id) return game.name;
     }
     return "";
 }
 
-std::vector<std::string> SelectableGames(ProfileFile& file, const std::string& mainPath) {
+std::vector<std::string> SelectableGames(const ProfileOnDisk& main) {
     std::vector<std::string> names;
     for (int id = kFirstListedId; id <= kLastListedId; ++id) {
-        std::string name = GameNameFromId(file, id, mainPath);
+        std::string name = GameNameFromId(main, id);
         if (!name.empty()) names.push_back(std::move(name));
     }
-    for (auto& game : UserGames(file, mainPath)) {
-        if (TableExists(file, game.name, 0, mainPath)) names.push_back(std::move(game.name));
+    for (auto& game : UserGames(main)) {
+        if (TableExists(main, game.name, 0)) names.push_back(std::move(game.name));
     }
     return names;
 }

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-class ProfileFile;
+#include "core/profile/ProfileFile.h"
 
 inline constexpr int kFirstUserGameId = 9001;
 inline constexpr int kMaxUserGames = 10;
@@ -27,16 +27,16 @@ std::span<const BuiltInGame> BuiltInGames();
 
 // The slots "1".."10" of the "User Games" section of the main profile file that hold a name, in
 // slot order; the id is the one stored with the name.
-std::vector<UserGame> UserGames(ProfileFile& file, const std::string& mainPath);
+std::vector<UserGame> UserGames(const ProfileOnDisk& main);
 
 // Any letter case; built-in games first, then the user game slots (slot n gives 9000 + n); 0 when
 // there is none. Menu-only games are not found.
-int GameIdFromName(ProfileFile& file, std::string_view name, const std::string& mainPath);
+int GameIdFromName(const ProfileOnDisk& main, std::string_view name);
 
 // The name of an offered built-in game, otherwise of the user game stored with that id; empty when
 // none.
-std::string GameNameFromId(ProfileFile& file, int id, const std::string& mainPath);
+std::string GameNameFromId(const ProfileOnDisk& main, int id);
 
 // What a list of games to choose from holds: the names of ids 300..398 by rising id, then the
 // player's own games that have a first pay table, in slot order.
-std::vector<std::string> SelectableGames(ProfileFile& file, const std::string& mainPath);
+std::vector<std::string> SelectableGames(const ProfileOnDisk& main);

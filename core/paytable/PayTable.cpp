@@ -16,22 +16,21 @@ constexpr std::size_t kMaxShortDescription = 10;
 // One section of the main profile file, and the readers of its keys.
 class TableReader {
   public:
-    TableReader(ProfileFile& file, std::string section, const std::string& path)
-        : file(file), section(std::move(section)), path(path) {}
+    TableReader(const ProfileOnDisk& main, std::string section)
+        : main(main), section(std::move(section)) {}
 
     int Int(const std::string& key, int otherwise) const {
-        return file.GetInt(section, key, otherwise, path);
+        return main.file.GetInt(section, key, otherwise, main.path);
     }
     bool Flag(const std::string& key) const { return Int(key, 0) != 0; }
     std::string Text(const std::string& key) const {
-        return file.GetString(section, key, "", kTextSize, path);
+        return main.file.GetString(section, key, "", kTextSize, main.path);
     }
     std::vector<int> Ranks(const std::string& key, std::size_t limit) const;
 
   private:
-    ProfileFile& file;
+    const ProfileOnDisk& main;
     std::string section;
-    const std::string& path;
 };
 
 std::vector<int> TableReader::Ranks(const std::string& key, std::size_t limit) const {
@@ -80,12 +79,12 @@ std::string TableSection(const std::string& gameName, int tableIndex) {
     return gameName + "(" + std::to_string(tableIndex) + ")";
 }
 
-PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName, int tableIndex,
-                      const std::string& mainPath, const std::string& gamePath) {
-    const std::string section = TableSection(gameName, tableIndex);
-    const TableReader reader(file, section, mainPath);
+PayTable LoadPayTable(const ProfileOnDisk& main, const TableOfGame& wanted,
+                      const std::string& gamePath) {
+    const std::string section = TableSection(wanted.gameName, wanted.tableIndex);
+    const TableReader reader(main, section);
     PayTable table;
-    table.gameId = gameId;
+    table.gameId = wanted.gameId;
     table.type = TypeFromNumber(reader.Int("Type", 1));
     table.usesWilds = reader.Flag("UsesWilds");
     SetWildCards(table, reader.Int("Jokers", 0), reader.Ranks("WildCard", kTextSize));
@@ -100,24 +99,22 @@ PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName
     // The wins come last, because naming another file makes the engine read that one.
     for (std::size_t i = 0; !gamePath.empty() && i < table.lines.size(); ++i) {
         const std::string key = "Payline" + std::to_string(i) + "Won";
-        table.lines[i].totalWins = std::max(0, file.GetInt(section, key, 0, gamePath));
+        table.lines[i].totalWins = std::max(0, main.file.GetInt(section, key, 0, gamePath));
     }
     return table;
 }
 
-bool TableExists(ProfileFile& file, const std::string& gameName, int tableIndex,
-                 const std::string& mainPath) {
-    return LineCount(TableReader(file, TableSection(gameName, tableIndex), mainPath)) > 0;
+bool TableExists(const ProfileOnDisk& main, const std::string& gameName, int tableIndex) {
+    return LineCount(TableReader(main, TableSection(gameName, tableIndex))) > 0;
 }
 
-std::vector<int> TableChain(ProfileFile& file, const std::string& gameName,
-                            const std::string& mainPath) {
+std::vector<int> TableChain(const ProfileOnDisk& main, const std::string& gameName) {
     std::vector<int> chain;
     int index = 0;
     while (index >= 0 && std::ranges::find(chain, index) == chain.end() &&
-           TableExists(file, gameName, index, mainPath)) {
+           TableExists(main, gameName, index)) {
         chain.push_back(index);
-        index = file.GetInt(TableSection(gameName, index), "NextIndex", -1, mainPath);
+        index = main.file.GetInt(TableSection(gameName, index), "NextIndex", -1, main.path);
     }
     return chain;
 }

@@ -7,8 +7,7 @@
 
 #include "core/cards/CardTable.h"
 #include "core/paytable/HandRank.h"
-
-class ProfileFile;
+#include "core/profile/ProfileFile.h"
 
 inline constexpr int kMaxPayLines = 15;
 inline constexpr std::size_t kMaxLineRanks = 13;
@@ -58,11 +57,19 @@ struct PayTable {
     bool operator==(const PayTable&) const = default;
 };
 
+// Where a table is found.
+struct TableOfGame {
+    int gameId = 0;
+    std::string gameName;
+    int tableIndex = 0;
+};
+
 // "%s(%i)", the section that holds a table, its statistics and its cached analysis.
 std::string TableSection(const std::string& gameName, int tableIndex);
 
-// Reads a table from mainPath and each line's win count from gamePath (empty: all 0). A missing
-// section gives a table without lines. Values that a file edited by hand may hold are taken so:
+// Reads a table from the main profile file and each line's win count from gamePath (empty: all 0).
+// A missing section gives a table without lines. Values that a file edited by hand may hold are
+// taken so:
 // - a type outside 1..6 is 1; jokers, bet and pays outside their range are the nearest value in it;
 // - jokers beside the fifth ace are left out: that deck has 53 cards, and they could never be
 // dealt;
@@ -73,17 +80,15 @@ std::string TableSection(const std::string& gameName, int tableIndex);
 // - an unknown hand rank makes a line that no hand matches, so that the other lines keep their
 // numbers;
 // - lines past the fifteenth are left out; a short description is cut to ten bytes.
-PayTable LoadPayTable(ProfileFile& file, int gameId, const std::string& gameName, int tableIndex,
-                      const std::string& mainPath, const std::string& gamePath);
+PayTable LoadPayTable(const ProfileOnDisk& main, const TableOfGame& wanted,
+                      const std::string& gamePath);
 
 // A table exists when it has lines.
-bool TableExists(ProfileFile& file, const std::string& gameName, int tableIndex,
-                 const std::string& mainPath);
+bool TableExists(const ProfileOnDisk& main, const std::string& gameName, int tableIndex);
 
 // The indices of a game's existing tables, in the order of its chain from table 0; a chain that
 // runs in a circle or through a missing table ends there.
-std::vector<int> TableChain(ProfileFile& file, const std::string& gameName,
-                            const std::string& mainPath);
+std::vector<int> TableChain(const ProfileOnDisk& main, const std::string& gameName);
 
 // Gives a table, whose type is set, its deck: jokers are cut to 0..5, and none lie beside the fifth
 // ace; ranks 1..13 past the fifth, or named twice, are passed over.

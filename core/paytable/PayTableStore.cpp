@@ -29,7 +29,9 @@ LineKeys KeysOf(int line) {
 class TableSectionAccess {
   public:
     TableSectionAccess(const PayTableFiles& files, const std::string& gameName, int tableIndex)
-        : file(files.file), path(files.mainPath), section(TableSection(gameName, tableIndex)) {}
+        : file(files.main.file),
+          path(files.main.path),
+          section(TableSection(gameName, tableIndex)) {}
 
     std::string Text(const std::string& key, std::string_view otherwise = "") const {
         return file.GetString(section, key, otherwise, kTextSize, path);
@@ -121,14 +123,14 @@ void WriteSettings(const TableSectionAccess& section, const PayTableTexts& table
 void WriteSlot(const PayTableFiles& files, int gameId, const std::string& name) {
     if (!IsUserGame(gameId)) return;
     const int slot = gameId - kFirstUserGameId + 1;
-    files.file.WriteString(kUserGames, std::to_string(slot), std::to_string(gameId) + "," + name,
-                           files.mainPath);
+    files.main.file.WriteString(kUserGames, std::to_string(slot),
+                                std::to_string(gameId) + "," + name, files.main.path);
 }
 
-void Write(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
-           const PayTableTexts& table, const TableLinks& links) {
-    WriteSlot(files, game.id, game.name);
-    const TableSectionAccess section(files, game.name, tableIndex);
+void Write(const PayTableFiles& files, const TableOfGame& place, const PayTableTexts& table,
+           const TableLinks& links) {
+    WriteSlot(files, place.gameId, place.gameName);
+    const TableSectionAccess section(files, place.gameName, place.tableIndex);
     if (links.next) section.Write("NextIndex", *links.next);
     if (links.previous) section.Write("PrevIndex", *links.previous);
     WriteSettings(section, table);
@@ -157,7 +159,7 @@ void RenameSections(ProfileFile& file, const std::string& oldName, const std::st
 void Note(const PayTableFiles& files, const TableEdit& edit) {
     if (files.gamePath.empty()) return;
     const auto write = [&](std::string_view key, const std::string& value) {
-        files.file.WriteString(kUnfinished, key, value, files.mainPath);
+        files.main.file.WriteString(kUnfinished, key, value, files.main.path);
     };
     write("Edit", std::to_string(static_cast<int>(edit.kind)));
     write("Game", edit.gameName);
@@ -178,8 +180,8 @@ bool IsUserGame(int gameId) {
 }
 
 std::string UserGameName(const PayTableFiles& files, int slot) {
-    const std::string stored = files.file.GetString(kUserGames, std::to_string(slot), "",
-                                                    ProfileFile::kWholeValue, files.mainPath);
+    const std::string stored = files.main.file.GetString(kUserGames, std::to_string(slot), "",
+                                                         ProfileFile::kWholeValue, files.main.path);
     if (stored.size() <= kStoredIdLength + 1) return EmptySlotName(slot);
     return stored.substr(kStoredIdLength + 1);
 }
@@ -229,39 +231,39 @@ int PreviousTable(const PayTableFiles& files, const std::string& gameName, int t
     return TableSectionAccess(files, gameName, tableIndex).Int("PrevIndex", -1);
 }
 
-bool WritePayTable(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
-                   const PayTableTexts& table, const TableLinks& links) {
-    return files.file.Change(files.mainPath, [&] {
-        Write(files, game, tableIndex, table, links);
-        Note(files, {TableEdit::Kind::kTableWritten, game.name, tableIndex});
+bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const PayTableTexts& table,
+                   const TableLinks& links) {
+    return files.main.file.Change(files.main.path, [&] {
+        Write(files, place, table, links);
+        Note(files, {TableEdit::Kind::kTableWritten, place.gameName, place.tableIndex});
     });
 }
 
 std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
                                const PayTableTexts& table) {
-    const auto chain = TableChain(files.file, game.name, files.mainPath);
+    const auto chain = TableChain(files.main, game.name);
     const int last = chain.empty() ? -1 : chain.back();
     int index = last + 1;
     // A file edited by hand may have a table there that the chain does not lead to.
-    while (!chain.empty() && TableExists(files.file, game.name, index, files.mainPath)) ++index;
+    while (!chain.empty() && TableExists(files.main, game.name, index)) ++index;
     if (index > kLastTableIndex) return std::nullopt;
-    const bool written = files.file.Change(files.mainPath, [&] {
+    const bool written = files.main.file.Change(files.main.path, [&] {
         if (last >= 0) TableSectionAccess(files, game.name, last).Write("NextIndex", index);
-        Write(files, game, index, table, {-1, last});
+        Write(files, {game.id, game.name, index}, table, {-1, last});
     });
     return written ? std::optional(index) : std::nullopt;
 }
 
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
     const TableEdit edit{TableEdit::Kind::kTableDeleted, gameName, tableIndex};
-    const bool unlinked = files.file.Change(files.mainPath, [&] {
+    const bool unlinked = files.main.file.Change(files.main.path, [&] {
         const int next = NextTable(files, gameName, tableIndex);
         const int previous = PreviousTable(files, gameName, tableIndex);
-        files.file.DeleteSection(TableSection(gameName, tableIndex), files.mainPath);
-        if (TableExists(files.file, gameName, previous, files.mainPath)) {
+        files.main.file.DeleteSection(TableSection(gameName, tableIndex), files.main.path);
+        if (TableExists(files.main, gameName, previous)) {
             TableSectionAccess(files, gameName, previous).Write("NextIndex", next);
         }
-        if (TableExists(files.file, gameName, next, files.mainPath)) {
+        if (TableExists(files.main, gameName, next)) {
             TableSectionAccess(files, gameName, next).Write("PrevIndex", previous);
         }
         Note(files, edit);
@@ -272,9 +274,9 @@ bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int ta
 
 bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game) {
     const TableEdit edit{TableEdit::Kind::kGameDeleted, game.name};
-    const bool deleted = files.file.Change(files.mainPath, [&] {
+    const bool deleted = files.main.file.Change(files.main.path, [&] {
         for (int i = 0; i <= kLastTableIndex; ++i) {
-            files.file.DeleteSection(TableSection(game.name, i), files.mainPath);
+            files.main.file.DeleteSection(TableSection(game.name, i), files.main.path);
         }
         WriteSlot(files, game.id, EmptySlotName(game.id - kFirstUserGameId + 1));
         Note(files, edit);
@@ -287,8 +289,8 @@ bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
                       const std::string& newName) {
     if (!GameNameProblem(newName).empty()) return false;
     const TableEdit edit{TableEdit::Kind::kGameRenamed, game.name, 0, newName};
-    const bool renamed = files.file.Change(files.mainPath, [&] {
-        RenameSections(files.file, game.name, newName, files.mainPath);
+    const bool renamed = files.main.file.Change(files.main.path, [&] {
+        RenameSections(files.main.file, game.name, newName, files.main.path);
         WriteSlot(files, game.id, newName);
         Note(files, edit);
     });
@@ -296,34 +298,34 @@ bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
     return renamed;
 }
 
-std::optional<TableEdit> ReadUnfinishedEdit(ProfileFile& file, const std::string& mainPath) {
+std::optional<TableEdit> ReadUnfinishedEdit(const ProfileOnDisk& main) {
     const auto text = [&](std::string_view key) {
-        return file.GetString(kUnfinished, key, "", ProfileFile::kWholeValue, mainPath);
+        return main.file.GetString(kUnfinished, key, "", ProfileFile::kWholeValue, main.path);
     };
     constexpr int kKinds = 4;
-    const int kind = file.GetInt(kUnfinished, "Edit", -1, mainPath);
+    const int kind = main.file.GetInt(kUnfinished, "Edit", -1, main.path);
     if (kind < 0 || kind >= kKinds || text("Game").empty()) return std::nullopt;
     return TableEdit{static_cast<TableEdit::Kind>(kind), text("Game"),
-                     file.GetInt(kUnfinished, "Table", 0, mainPath), text("NewName"),
+                     main.file.GetInt(kUnfinished, "Table", 0, main.path), text("NewName"),
                      text("GameFile")};
 }
 
-void FinishEdit(ProfileFile& file, const std::string& mainPath) {
-    file.DeleteSection(kUnfinished, mainPath);
-    file.Flush();
+void FinishEdit(const ProfileOnDisk& main) {
+    main.file.DeleteSection(kUnfinished, main.path);
+    main.file.Flush();
 }
 
 // What the disk does not take now, a later flush brings there.
 void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit) {
     if (edit.kind == TableEdit::Kind::kGameRenamed) {
-        RenameSections(files.file, edit.gameName, edit.newName, files.analysisPath);
+        RenameSections(files.main.file, edit.gameName, edit.newName, files.analysisPath);
     } else {
         const bool wholeGame = edit.kind == TableEdit::Kind::kGameDeleted;
         const int first = wholeGame ? 0 : edit.tableIndex;
         const int last = wholeGame ? kLastTableIndex : edit.tableIndex;
         for (int i = first; i <= last; ++i) {
-            files.file.DeleteSection(TableSection(edit.gameName, i), files.analysisPath);
+            files.main.file.DeleteSection(TableSection(edit.gameName, i), files.analysisPath);
         }
     }
-    files.file.Flush();
+    files.main.file.Flush();
 }

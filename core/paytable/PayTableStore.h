@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
 
 inline constexpr int kLastTableIndex = 254;
 inline constexpr std::size_t kLongestGameName = 80;  // bytes
@@ -54,8 +55,7 @@ struct GameOfTables {
 };
 
 struct PayTableFiles {
-    ProfileFile& file;
-    std::string mainPath;
+    ProfileOnDisk main;
     std::string analysisPath;  // need not exist
     std::string gamePath{};  // in use; when it is given, changes that other files follow are noted
 };
@@ -75,8 +75,8 @@ struct TableEdit {
 };
 
 // The edit that a note in the file says was begun and not finished; nothing when there is none.
-std::optional<TableEdit> ReadUnfinishedEdit(ProfileFile& file, const std::string& mainPath);
-void FinishEdit(ProfileFile& file, const std::string& mainPath);
+std::optional<TableEdit> ReadUnfinishedEdit(const ProfileOnDisk& main);
+void FinishEdit(const ProfileOnDisk& main);
 
 // The analyses of tables that are not what they were are removed, or renamed with their game.
 void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit);
@@ -109,8 +109,8 @@ int PreviousTable(const PayTableFiles& files, const std::string& gameName, int t
 
 // Keys of lines that the table does not have any more are removed. A rank list that cannot be read
 // is stored as an empty one. The name of a user game goes to its slot.
-bool WritePayTable(const PayTableFiles& files, const GameOfTables& game, int tableIndex,
-                   const PayTableTexts& table, const TableLinks& links);
+bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const PayTableTexts& table,
+                   const TableLinks& links);
 
 // Adds a table after the last one of the chain and returns its index: the first one after it that
 // no table has, 0 for a game without tables. Nothing when the last index is taken.

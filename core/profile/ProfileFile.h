@@ -152,3 +152,9 @@ class ProfileFile {
     Image* current = nullptr;  // of the file named last; null when it could not be read
     std::string held;          // its path; empty = none
 };
+
+// A profile file on the disk, and through what it is read and changed.
+struct ProfileOnDisk {
+    ProfileFile& file;  // outlives it
+    std::string path;
+};

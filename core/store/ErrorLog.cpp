@@ -36,12 +36,12 @@ HoldMask TakeMask(std::string_view& text) {
     return mask >= 0 && mask <= kStandPat ? mask : 0;
 }
 
-void WriteCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
-                 const ErrorCounts& counts, std::string_view format) {
-    file.WriteInt(section, "NextError", counts.nextError, gamePath);
-    file.WriteLong(section, "PlayErrors", counts.playErrors, gamePath);
-    file.WriteDouble(section, "BestER", counts.bestReturns, format, gamePath);
-    file.WriteDouble(section, "ErrCost", counts.errorCosts, format, gamePath);
+void WriteCounts(const ProfileOnDisk& game, const std::string& section, const ErrorCounts& counts,
+                 std::string_view format) {
+    game.file.WriteInt(section, "NextError", counts.nextError, game.path);
+    game.file.WriteLong(section, "PlayErrors", counts.playErrors, game.path);
+    game.file.WriteDouble(section, "BestER", counts.bestReturns, format, game.path);
+    game.file.WriteDouble(section, "ErrCost", counts.errorCosts, format, game.path);
 }
 
 }  // namespace
@@ -67,38 +67,37 @@ ErrorLogEntry ParseEntry(std::string_view text) {
     return entry;
 }
 
-std::string ReadErrorText(ProfileFile& file, const std::string& gamePath,
-                          const std::string& section, int index) {
-    return file.GetString(section, ErrorKey(index), "", kEntryBuffer, gamePath);
+std::string ReadErrorText(const ProfileOnDisk& game, const std::string& section, int index) {
+    return game.file.GetString(section, ErrorKey(index), "", kEntryBuffer, game.path);
 }
 
-void AppendError(ProfileFile& file, const std::string& gamePath, const std::string& section,
-                 const ErrorLogEntry& entry, std::int32_t& nextError) {
+void AppendError(const ProfileOnDisk& game, const std::string& section, const ErrorLogEntry& entry,
+                 std::int32_t& nextError) {
     nextError = std::clamp(nextError, 0, kErrorLogSize);
     if (nextError == kErrorLogSize) {
         for (int i = 0; i + 1 < kErrorLogSize; ++i) {
-            file.WriteString(
-                section, ErrorKey(i),
-                file.GetString(section, ErrorKey(i + 1), "", ProfileFile::kWholeValue, gamePath),
-                gamePath);
+            game.file.WriteString(section, ErrorKey(i),
+                                  game.file.GetString(section, ErrorKey(i + 1), "",
+                                                      ProfileFile::kWholeValue, game.path),
+                                  game.path);
         }
         --nextError;
     }
-    file.WriteString(section, ErrorKey(nextError), FormatEntry(entry), gamePath);
+    game.file.WriteString(section, ErrorKey(nextError), FormatEntry(entry), game.path);
     ++nextError;
 }
 
-bool SaveErrorCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
+bool SaveErrorCounts(const ProfileOnDisk& game, const std::string& section,
                      const ErrorCounts& counts) {
-    WriteCounts(file, gamePath, section, counts, "%-9.4f");
-    return file.Save(gamePath);
+    WriteCounts(game, section, counts, "%-9.4f");
+    return game.file.Save(game.path);
 }
 
-bool ClearErrorLog(ProfileFile& file, const std::string& gamePath, const std::string& section) {
-    file.WriteInt(section, "NextError", 0, gamePath);  // a new one stands before the entries
+bool ClearErrorLog(const ProfileOnDisk& game, const std::string& section) {
+    game.file.WriteInt(section, "NextError", 0, game.path);  // a new one stands before the entries
     for (int i = 0; i < kErrorLogSize; ++i) {
-        file.WriteString(section, ErrorKey(i), "", gamePath);
+        game.file.WriteString(section, ErrorKey(i), "", game.path);
     }
-    WriteCounts(file, gamePath, section, ErrorCounts(), "%3.2f");
-    return file.Save(gamePath);
+    WriteCounts(game, section, ErrorCounts(), "%3.2f");
+    return game.file.Save(game.path);
 }

@@ -6,8 +6,7 @@
 #include <string_view>
 
 #include "core/cards/Hand.h"
-
-class ProfileFile;
+#include "core/profile/ProfileFile.h"
 
 inline constexpr int kErrorLogSize = 100;
 
@@ -32,13 +31,12 @@ std::string FormatEntry(const ErrorLogEntry& entry);
 ErrorLogEntry ParseEntry(std::string_view text);
 
 // The text of the entry of that index; empty when there is none. More than 80 characters come cut.
-std::string ReadErrorText(ProfileFile& file, const std::string& gamePath,
-                          const std::string& section, int index);
+std::string ReadErrorText(const ProfileOnDisk& game, const std::string& section, int index);
 
 // Adds the entry at nextError, the number of entries, and counts it; a full log loses its oldest
 // one. nextError itself is written by SaveErrorCounts.
-void AppendError(ProfileFile& file, const std::string& gamePath, const std::string& section,
-                 const ErrorLogEntry& entry, std::int32_t& nextError);
+void AppendError(const ProfileOnDisk& game, const std::string& section, const ErrorLogEntry& entry,
+                 std::int32_t& nextError);
 
 // The totals of a table's statistics that belong to the log.
 struct ErrorCounts {
@@ -49,8 +47,8 @@ struct ErrorCounts {
 };
 
 // Writes the four keys and brings the file to the disk; false when that failed.
-bool SaveErrorCounts(ProfileFile& file, const std::string& gamePath, const std::string& section,
+bool SaveErrorCounts(const ProfileOnDisk& game, const std::string& section,
                      const ErrorCounts& counts);
 
 // Empties all entries and zeroes the four keys; false when the file did not reach the disk.
-bool ClearErrorLog(ProfileFile& file, const std::string& gamePath, const std::string& section);
+bool ClearErrorLog(const ProfileOnDisk& game, const std::string& section);

@@ -127,9 +127,9 @@ bool IsUpgraded(const std::string& path, ProfileFile& file) {
 
 // Reads from the main profile file before it changes the game file, which is so written once.
 void UpgradeGameFile(const std::string& path, const std::string& mainProfile, ProfileFile& file) {
-    const auto userGames = UserGames(file, mainProfile);
+    const auto userGames = UserGames({file, mainProfile});
     const std::string current = file.GetString("main", "GameName", "Jacks or Better", kWhole, path);
-    file.WriteInt("main", "GameID", GameIdFromName(file, current, mainProfile), path);
+    file.WriteInt("main", "GameID", GameIdFromName({file, mainProfile}, current), path);
     for (const auto& builtIn : BuiltInGames()) {
         if (!builtIn.offered) continue;
         const std::string game(builtIn.name);
@@ -324,7 +324,7 @@ bool Migration::CompleteAnalyses(bool resumed) {
         return false;
     }
     for (const auto& [section, text, nothing] :
-         ReadOldAnalyses(UserGames(file, newMain), old, file)) {
+         ReadOldAnalyses(UserGames({file, newMain}), old, file)) {
         file.SetSectionText(section, text, newAnalyses);
         file.WriteString(section, "Nothing", nothing, newAnalyses);
     }

@@ -13,9 +13,8 @@ std::string CurrentSection(const MachineSettings& settings) {
     return TableSection(settings.gameName, settings.activeTable);
 }
 
-double StoredHours(ProfileFile& file, const std::string& gamePath,
-                   const MachineSettings& settings) {
-    return file.GetDouble(CurrentSection(settings), kElapsedTime, 0.0, gamePath);
+double StoredHours(const ProfileOnDisk& game, const MachineSettings& settings) {
+    return game.file.GetDouble(CurrentSection(settings), kElapsedTime, 0.0, game.path);
 }
 
 void StartClock(Statistics& statistics, double hoursSoFar, std::int64_t now) {
@@ -31,40 +30,39 @@ double WholeMinutesInHours(std::int64_t start, std::int64_t now) {
 
 }  // namespace
 
-void LoadSettings(ProfileFile& file, const std::string& gamePath, MachineSettings& settings,
-                  Statistics& statistics, std::int64_t now) {
-    ReadSettings(file, gamePath, settings);
-    StartClock(statistics, StoredHours(file, gamePath, settings), now);
+void LoadSettings(const ProfileOnDisk& game, MachineSettings& settings, Statistics& statistics,
+                  std::int64_t now) {
+    ReadSettings(game, settings);
+    StartClock(statistics, StoredHours(game, settings), now);
 }
 
-void WriteSession(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                  bool startSession, std::int64_t now) {
-    WriteSettings(file, gamePath, state.settings);
-    WriteStatistics(file, gamePath, CurrentSection(state.settings), state.statistics, state.table);
-    UpdateElapsedTime(file, gamePath, state, startSession, now);
+void WriteSession(const ProfileOnDisk& game, const StoredState& state, bool startSession,
+                  std::int64_t now) {
+    WriteSettings(game, state.settings);
+    WriteStatistics(game, CurrentSection(state.settings), state.statistics, state.table);
+    UpdateElapsedTime(game, state, startSession, now);
 }
 
-bool SaveSettings(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                  bool startSession, std::int64_t now) {
-    WriteSession(file, gamePath, state, startSession, now);
-    return file.Save(gamePath);
+bool SaveSettings(const ProfileOnDisk& game, const StoredState& state, bool startSession,
+                  std::int64_t now) {
+    WriteSession(game, state, startSession, now);
+    return game.file.Save(game.path);
 }
 
-void UpdateElapsedTime(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                       bool startSession, std::int64_t now) {
+void UpdateElapsedTime(const ProfileOnDisk& game, const StoredState& state, bool startSession,
+                       std::int64_t now) {
     Statistics& statistics = state.statistics;
     if (startSession) {
-        StartClock(statistics, StoredHours(file, gamePath, state.settings), now);
+        StartClock(statistics, StoredHours(game, state.settings), now);
         ClearSession(statistics, state.table);
         return;
     }
     statistics.sessionHours = WholeMinutesInHours(statistics.sessionStart, now);
-    file.WriteDouble(CurrentSection(state.settings), kElapsedTime,
-                     statistics.elapsedBase + statistics.sessionHours, "%.2f", gamePath);
+    game.file.WriteDouble(CurrentSection(state.settings), kElapsedTime,
+                          statistics.elapsedBase + statistics.sessionHours, "%.2f", game.path);
 }
 
-void ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                     std::int64_t now) {
+void ResetStatistics(const ProfileOnDisk& game, const StoredState& state, std::int64_t now) {
     Statistics cleared;
     cleared.setCards = state.statistics.setCards;
     cleared.setDraws = state.statistics.setDraws;
@@ -72,5 +70,5 @@ void ResetStatistics(ProfileFile& file, const std::string& gamePath, const Store
     state.settings.creditsEntered = 0;
     for (auto& line : state.table.lines) line.sessionWins = line.totalWins = 0;
     StartClock(state.statistics, 0, now);
-    file.WriteDouble(CurrentSection(state.settings), kElapsedTime, 0, "%3.2f", gamePath);
+    game.file.WriteDouble(CurrentSection(state.settings), kElapsedTime, 0, "%3.2f", game.path);
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/profile/ProfileFile.h"
 #include "core/store/Settings.h"
 #include "core/store/Statistics.h"
 
@@ -16,27 +17,26 @@ struct StoredState {
 };
 
 // ReadSettings, then the clock starts. The current game must have been read before.
-void LoadSettings(ProfileFile& file, const std::string& gamePath, MachineSettings& settings,
-                  Statistics& statistics, std::int64_t now);
+void LoadSettings(const ProfileOnDisk& game, MachineSettings& settings, Statistics& statistics,
+                  std::int64_t now);
 
 // Writes the settings and the statistics of the current game and runs UpdateElapsedTime, all in
 // memory; the other sections and keys of the file stay as they were.
-void WriteSession(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                  bool startSession, std::int64_t now);
+void WriteSession(const ProfileOnDisk& game, const StoredState& state, bool startSession,
+                  std::int64_t now);
 
 // WriteSession, and brings the file to the disk. False when it did not get there: the file on the
 // disk is then the old one, and unless it is missing, the next save tries again.
-bool SaveSettings(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                  bool startSession, std::int64_t now);
+bool SaveSettings(const ProfileOnDisk& game, const StoredState& state, bool startSession,
+                  std::int64_t now);
 
 // Either begins a session, whose counters are 0 and which builds on the hours stored so far, or
 // writes those hours with the whole minutes of the running session added. A clock that was set back
 // takes no time away.
-void UpdateElapsedTime(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                       bool startSession, std::int64_t now);
+void UpdateElapsedTime(const ProfileOnDisk& game, const StoredState& state, bool startSession,
+                       std::int64_t now);
 
 // Zeroes every counter, sum and win, the dollars entered, the time played and the number of logged
 // errors; the entries themselves and the fixed hand stay. Of the file only the time changes, in
 // memory; what is to be kept is saved afterwards, with a new session.
-void ResetStatistics(ProfileFile& file, const std::string& gamePath, const StoredState& state,
-                     std::int64_t now);
+void ResetStatistics(const ProfileOnDisk& game, const StoredState& state, std::int64_t now);

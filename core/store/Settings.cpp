@@ -24,19 +24,22 @@ double CoinInUse(double coin) { return coin >= kLeastCoin && coin <= kMostCoin ?
 
 // 0 when no game has that name. Unlike GameIdFromName this knows the games of the menu alone: a
 // game file may have one of them as its current game.
-int KnownGameId(ProfileFile& file, const std::string& name, int storedId,
-                const std::string& mainPath) {
+int KnownGameId(const ProfileOnDisk& main, const std::string& name, int storedId) {
     for (const auto& game : BuiltInGames()) {
         if (SameText(game.name, name)) return game.id;
     }
     // The entry of a user game may hold another id than that of its slot.
-    for (const auto& game : UserGames(file, mainPath)) {
+    for (const auto& game : UserGames(main)) {
         if (game.id == storedId && SameText(game.name, name)) return storedId;
     }
-    return GameIdFromName(file, name, mainPath);
+    return GameIdFromName(main, name);
 }
 
 }  // namespace
+
+TableOfGame CurrentTable(const MachineSettings& settings) {
+    return {settings.gameId, settings.gameName, settings.activeTable};
+}
 
 Delays DelaysOf(Speed speed) {
     switch (speed) {
@@ -50,40 +53,40 @@ Delays DelaysOf(Speed speed) {
     return {500, 250};
 }
 
-int ActiveTable(ProfileFile& file, const std::string& gamePath, const std::string& mainPath,
+int ActiveTable(const ProfileOnDisk& game, const std::string& mainPath,
                 const std::string& gameName) {
-    const int table = file.GetInt(kActiveTables, gameName, 0, gamePath);
+    const int table = game.file.GetInt(kActiveTables, gameName, 0, game.path);
     if (table <= 0) return 0;  // no need to change files
-    return TableExists(file, gameName, table, mainPath) ? table : 0;
+    return TableExists({game.file, mainPath}, gameName, table) ? table : 0;
 }
 
-void WriteActiveTable(ProfileFile& file, const std::string& gamePath, const std::string& gameName,
-                      int table) {
-    file.WriteInt(kActiveTables, gameName, table, gamePath);
+void WriteActiveTable(const ProfileOnDisk& game, const std::string& gameName, int table) {
+    game.file.WriteInt(kActiveTables, gameName, table, game.path);
 }
 
-void LoadCurrentGame(ProfileFile& file, const std::string& gamePath, const std::string& mainPath,
+void LoadCurrentGame(const ProfileOnDisk& game, const std::string& mainPath,
                      MachineSettings& settings) {
     const MachineSettings defaults;
-    const int storedId = file.GetInt(kMain, "GameID", defaults.gameId, gamePath);
-    settings.gameName = file.GetString(kMain, "GameName", defaults.gameName, kNameSize, gamePath);
-    settings.gameId = KnownGameId(file, settings.gameName, storedId, mainPath);
+    const int storedId = game.file.GetInt(kMain, "GameID", defaults.gameId, game.path);
+    settings.gameName =
+        game.file.GetString(kMain, "GameName", defaults.gameName, kNameSize, game.path);
+    settings.gameId = KnownGameId({game.file, mainPath}, settings.gameName, storedId);
     if (settings.gameId == 0) {
         settings.gameId = defaults.gameId;
         settings.gameName = defaults.gameName;
     }
-    settings.activeTable = ActiveTable(file, gamePath, mainPath, settings.gameName);
+    settings.activeTable = ActiveTable(game, mainPath, settings.gameName);
 }
 
-void ReadSettings(ProfileFile& file, const std::string& gamePath, MachineSettings& settings) {
+void ReadSettings(const ProfileOnDisk& game, MachineSettings& settings) {
     const MachineSettings defaults;
     const auto number = [&](std::string_view key, std::int32_t otherwise) {
-        return file.GetInt(kMain, key, otherwise, gamePath);
+        return game.file.GetInt(kMain, key, otherwise, game.path);
     };
     settings.credits = std::max(0, number("Credits", defaults.credits));
     settings.bet = std::max(1, number("Bet", defaults.bet));
     settings.mode = ModeFromNumber(number("Mode", static_cast<int>(defaults.mode)));
-    settings.coin = CoinInUse(file.GetDouble(kMain, "Coin", defaults.coin, gamePath));
+    settings.coin = CoinInUse(game.file.GetDouble(kMain, "Coin", defaults.coin, game.path));
     settings.dollarIn = number("DollarIn", defaults.dollarIn);
     settings.creditsEntered = number("CreditsEntered", defaults.creditsEntered);
     settings.doubleUp = number("DoubleUp", 1) != 0;
@@ -92,18 +95,17 @@ void ReadSettings(ProfileFile& file, const std::string& gamePath, MachineSetting
     settings.speed = static_cast<Speed>(number("Speed", static_cast<int>(defaults.speed)));
 }
 
-void WriteSettings(ProfileFile& file, const std::string& gamePath,
-                   const MachineSettings& settings) {
+void WriteSettings(const ProfileOnDisk& game, const MachineSettings& settings) {
     const auto write = [&](std::string_view key, std::int32_t value) {
-        file.WriteInt(kMain, key, value, gamePath);
+        game.file.WriteInt(kMain, key, value, game.path);
     };
     write("Mode", static_cast<int>(settings.mode));
-    file.WriteDouble(kMain, "Coin", settings.coin, "%3.2f", gamePath);
+    game.file.WriteDouble(kMain, "Coin", settings.coin, "%3.2f", game.path);
     write("Credits", settings.credits);
     write("Bet", settings.bet);
     write("GameID", settings.gameId);
-    file.WriteString(kMain, "GameName", settings.gameName, gamePath);
-    WriteActiveTable(file, gamePath, settings.gameName, settings.activeTable);
+    game.file.WriteString(kMain, "GameName", settings.gameName, game.path);
+    WriteActiveTable(game, settings.gameName, settings.activeTable);
     write("CreditsEntered", settings.creditsEntered);
     write("DollarIn", settings.dollarIn);
     write("DoubleUp", settings.doubleUp ? 1 : 0);

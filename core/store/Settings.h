@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string>
 
-class ProfileFile;
+#include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
 
 enum class PlayMode : int { kCasino = 1, kWarning = 2, kAutoHold = 3, kErrorLog = 4 };
 enum class Speed : int { kSlow = 1, kNormal = 2, kFast = 3 };  // any other number is slow too
@@ -27,6 +28,8 @@ struct MachineSettings {
     bool operator==(const MachineSettings&) const = default;
 };
 
+TableOfGame CurrentTable(const MachineSettings& settings);
+
 // The pauses of the animation, in milliseconds.
 struct Delays {
     int deal = 0;  // after the backs are shown, before cards are turned
@@ -37,21 +40,20 @@ Delays DelaysOf(Speed speed);
 
 // The index of the table on which the game was last played; 0 for a game never played, and when the
 // main profile file has no table of the stored index.
-int ActiveTable(ProfileFile& file, const std::string& gamePath, const std::string& mainPath,
+int ActiveTable(const ProfileOnDisk& game, const std::string& mainPath,
                 const std::string& gameName);
 
-void WriteActiveTable(ProfileFile& file, const std::string& gamePath, const std::string& gameName,
-                      int table);
+void WriteActiveTable(const ProfileOnDisk& game, const std::string& gameName, int table);
 
 // Reads the current game: its id, its name and its active table. The name decides: an id that is
 // not its own is replaced by its own, and a name that is no game's gives Jacks or Better.
-void LoadCurrentGame(ProfileFile& file, const std::string& gamePath, const std::string& mainPath,
+void LoadCurrentGame(const ProfileOnDisk& game, const std::string& mainPath,
                      MachineSettings& settings);
 
 // Reads all but the current game; missing keys give the defaults above. Mended are negative credits
 // (0), a bet below 1 (1), a coin that is not in use (1.00), an unknown mode (Casino) and an unknown
 // speed (slow). The rest is taken as stored.
-void ReadSettings(ProfileFile& file, const std::string& gamePath, MachineSettings& settings);
+void ReadSettings(const ProfileOnDisk& game, MachineSettings& settings);
 
 // Writes all keys, the current game and its active table with them.
-void WriteSettings(ProfileFile& file, const std::string& gamePath, const MachineSettings& settings);
+void WriteSettings(const ProfileOnDisk& game, const MachineSettings& settings);

@@ -88,35 +88,36 @@ void ClearSession(Statistics& statistics, PayTable& table) {
     for (auto& line : table.lines) line.sessionWins = 0;
 }
 
-void LoadStatistics(ProfileFile& file, const std::string& gamePath, const std::string& section,
-                    int deckSize, Statistics& statistics) {
+void LoadStatistics(const ProfileOnDisk& game, const std::string& section, int deckSize,
+                    Statistics& statistics) {
     ClearSessionCopies(statistics);
     for (const auto& [key, counter] : kCounterKeys) {
-        (statistics.*counter).total = file.GetLong(section, key, 0, gamePath);
+        (statistics.*counter).total = game.file.GetLong(section, key, 0, game.path);
     }
     for (const auto& [key, sum] : kSumKeys) {
-        (statistics.*sum).total = file.GetDouble(section, key, 0.0, gamePath);
+        (statistics.*sum).total = game.file.GetDouble(section, key, 0.0, game.path);
     }
     const Statistics defaults;
     const auto card = [&](std::string_view name, std::size_t i, CardCode otherwise) {
-        return CardOfDeck(file.GetInt(section, Numbered(name, i), otherwise, gamePath), deckSize);
+        return CardOfDeck(game.file.GetInt(section, Numbered(name, i), otherwise, game.path),
+                          deckSize);
     };
     for (std::size_t i = 0; i < statistics.setCards.size(); ++i) {
         statistics.setCards[i] = card("SetCard", i, defaults.setCards[i]);
         statistics.setDraws[i] = card("SetDraw", i, defaults.setDraws[i]);
     }
     statistics.nextError =
-        std::clamp(file.GetInt(section, "NextError", 0, gamePath), 0, kErrorLogSize);
+        std::clamp(game.file.GetInt(section, "NextError", 0, game.path), 0, kErrorLogSize);
 }
 
-void WriteStatistics(ProfileFile& file, const std::string& gamePath, const std::string& section,
+void WriteStatistics(const ProfileOnDisk& game, const std::string& section,
                      const Statistics& statistics, const PayTable& table) {
     const auto write = [&](std::string_view key, std::int32_t value) {
-        file.WriteLong(section, key, value, gamePath);
+        game.file.WriteLong(section, key, value, game.path);
     };
     for (const auto& [key, counter] : kCounterKeys) write(key, (statistics.*counter).total);
     for (const auto& [key, sum] : kSumKeys) {
-        file.WriteDouble(section, key, (statistics.*sum).total, "%-12.4f", gamePath);
+        game.file.WriteDouble(section, key, (statistics.*sum).total, "%-12.4f", game.path);
     }
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
         write(Numbered("PayLine", i) + "Won", table.lines[i].totalWins);

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "core/cards/Hand.h"
+#include "core/profile/ProfileFile.h"
 
-class ProfileFile;
 struct PayTable;
 
 // The sum, or the 32-bit number nearest to it.
@@ -84,9 +84,9 @@ void ClearSession(Statistics& statistics, PayTable& table);
 // Cards that are not in a deck of that size become kNoCard, a number of errors outside
 // 0..kErrorLogSize the nearest in it; the rest is taken as stored. The wins of the lines are read
 // by LoadPayTable.
-void LoadStatistics(ProfileFile& file, const std::string& gamePath, const std::string& section,
-                    int deckSize, Statistics& statistics);
+void LoadStatistics(const ProfileOnDisk& game, const std::string& section, int deckSize,
+                    Statistics& statistics);
 
 // Writes all keys but the time played, the wins of the table's lines with them.
-void WriteStatistics(ProfileFile& file, const std::string& gamePath, const std::string& section,
+void WriteStatistics(const ProfileOnDisk& game, const std::string& section,
                      const Statistics& statistics, const PayTable& table);

@@ -77,8 +77,8 @@ void NewGameFile(Seat& seat) {
     ProfileFile& file = seat.files.file;
     const bool made = file.Make(*path, "", [&] {
         const StoredState state{settings, statistics, payTable};
-        ResetStatistics(file, *path, state, seat.clock.Now());
-        WriteSession(file, *path, state, true, seat.clock.Now());
+        ResetStatistics({file, *path}, state, seat.clock.Now());
+        WriteSession({file, *path}, state, true, seat.clock.Now());
     });
     if (!made) return StayIn(seat, *path, std::move(lock));
     engine.settings = settings;

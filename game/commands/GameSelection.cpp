@@ -18,7 +18,7 @@ std::string NameOf(const GameFiles& files, int id) {
     for (const auto& game : BuiltInGames()) {
         if (game.id == id) return std::string(game.name);
     }
-    for (const auto& game : UserGames(files.file, files.mainPath)) {
+    for (const auto& game : UserGames(files.Main())) {
         if (game.id == id) return game.name;
     }
     return "";
@@ -27,7 +27,7 @@ std::string NameOf(const GameFiles& files, int id) {
 bool LacksPayTable(const GameFiles& files, int id, const std::string& name) {
     const auto games = BuiltInGames();
     const bool builtIn = std::ranges::find(games, id, &BuiltInGame::id) != games.end();
-    return !builtIn && !TableExists(files.file, name, 0, files.mainPath);
+    return !builtIn && !TableExists(files.Main(), name, 0);
 }
 
 void Select(Seat& seat, int id, const std::string& name, std::optional<int> tableIndex) {
@@ -39,7 +39,7 @@ void Select(Seat& seat, int id, const std::string& name, std::optional<int> tabl
     settings.gameId = id;
     settings.gameName = name;
     settings.activeTable =
-        tableIndex ? *tableIndex : ActiveTable(files.file, files.gamePath, files.mainPath, name);
+        tableIndex ? *tableIndex : ActiveTable(files.Game(), files.mainPath, name);
     LoadGame(seat.engine, files, seat.tables);
     seat.engine.replayIndex = 0;  // of another log
     SaveNewSession(seat);
@@ -71,8 +71,7 @@ void ReloadPayTable(Seat& seat) {
     GameEngine& engine = seat.engine;
     GameFiles& files = seat.files;
     const MachineSettings& settings = engine.settings;
-    PayTable changed = LoadPayTable(files.file, settings.gameId, settings.gameName,
-                                    settings.activeTable, files.mainPath, files.gamePath);
+    PayTable changed = LoadPayTable(files.Main(), CurrentTable(settings), files.gamePath);
     const auto& lines = engine.payTable.lines;
     for (std::size_t i = 0; i < std::min(lines.size(), changed.lines.size()); ++i) {
         changed.lines[i].sessionWins = lines[i].sessionWins;

@@ -114,8 +114,8 @@ void ResetAllStatistics(Seat& seat) {
 
 void ResetStatisticsOnly(Seat& seat) {
     GameEngine& engine = seat.engine;
-    ResetStatistics(seat.files.file, seat.files.gamePath,
-                    {engine.settings, engine.statistics, engine.payTable}, seat.clock.Now());
+    ResetStatistics(seat.files.Game(), {engine.settings, engine.statistics, engine.payTable},
+                    seat.clock.Now());
     engine.creditHistory.Begin();
     ShowAtRest(seat, kResetMessage);
     SaveNewSession(seat);
@@ -127,7 +127,7 @@ void ForgetErrors(Seat& seat) {
     engine.statistics.nextError = 0;
     engine.statistics.playErrors = {};
     engine.statistics.bestReturns = engine.statistics.errorCosts = {};
-    ReportSave(seat, ClearErrorLog(seat.files.file, seat.files.gamePath, StatsSection(engine)));
+    ReportSave(seat, ClearErrorLog(seat.files.Game(), StatsSection(engine)));
 }
 
 bool TellIfErrorLogIsEmpty(Seat& seat) {

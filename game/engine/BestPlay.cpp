@@ -11,8 +11,8 @@ void LogError(GameEngine& engine, const GameFiles& files, const ErrorLogEntry& e
     statistics.playErrors.Add(1);
     statistics.errorCosts.Add(entry.bestReturn - entry.playerReturn);
     const std::string section = StatsSection(engine);
-    AppendError(files.file, files.gamePath, section, entry, statistics.nextError);
-    SaveErrorCounts(files.file, files.gamePath, section,
+    AppendError(files.Game(), section, entry, statistics.nextError);
+    SaveErrorCounts(files.Game(), section,
                     {statistics.nextError, statistics.playErrors.total,
                      statistics.bestReturns.total, statistics.errorCosts.total});
 }

@@ -12,8 +12,7 @@ bool IsInDeck(const GameEngine& engine, CardCode card) {
 }
 
 void TakeNextLoggedHand(GameEngine& engine, const GameFiles& files) {
-    const std::string text =
-        ReadErrorText(files.file, files.gamePath, StatsSection(engine), engine.replayIndex);
+    const std::string text = ReadErrorText(files.Game(), StatsSection(engine), engine.replayIndex);
     const ErrorLogEntry entry = ParseEntry(text);
     engine.statistics.setCards = entry.hand;
     engine.statistics.setDraws = entry.draws;

@@ -59,11 +59,8 @@ const LineTables& LineTablesOf(GameEngine& engine) {
 
 void LoadGame(GameEngine& engine, const GameFiles& files, LineTableCache& tables) {
     const MachineSettings& settings = engine.settings;
-    UseTable(engine,
-             LoadPayTable(files.file, settings.gameId, settings.gameName, settings.activeTable,
-                          files.mainPath, files.gamePath),
-             tables);
-    LoadStatistics(files.file, files.gamePath, StatsSection(engine), engine.deck.table.deckSize,
+    UseTable(engine, LoadPayTable(files.Main(), CurrentTable(settings), files.gamePath), tables);
+    LoadStatistics(files.Game(), StatsSection(engine), engine.deck.table.deckSize,
                    engine.statistics);
     engine.dealtCopy = engine.statistics.setCards;
 }

@@ -9,12 +9,12 @@
 #include "core/cards/Deck.h"
 #include "core/eval/HandEvaluator.h"
 #include "core/paytable/PayTable.h"
+#include "core/profile/ProfileFile.h"
 #include "core/store/Settings.h"
 #include "core/store/Statistics.h"
 #include "game/engine/CreditHistory.h"
 
 class LineTableCache;
-class ProfileFile;
 
 // The files that a machine plays on. The objects outlive the engine.
 struct GameFiles {
@@ -22,6 +22,9 @@ struct GameFiles {
     std::string mainPath;        // pay tables
     std::string gamePath;        // settings and statistics; may name another file from time to time
     std::string cachePath = {};  // what analyses of games gave
+
+    ProfileOnDisk Main() const { return {file, mainPath}; }
+    ProfileOnDisk Game() const { return {file, gamePath}; }
 };
 
 struct GameEngine {

@@ -75,7 +75,7 @@ void FixedPileChoice(Seat& seat, Pile pile) {
 bool NextLoggedHandAvailable(Seat& seat) {
     GameEngine& engine = seat.engine;
     const auto entry = [&](int index) {
-        return ReadErrorText(seat.files.file, seat.files.gamePath, StatsSection(engine), index);
+        return ReadErrorText(seat.files.Game(), StatsSection(engine), index);
     };
     if (!entry(engine.replayIndex).empty()) return true;
     if (entry(0).empty()) {

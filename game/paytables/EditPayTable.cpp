@@ -29,26 +29,25 @@ bool Edit(Seat& seat, PayTableEditor& editor) {
 
 void EditPayTable(Seat& seat, const DataFilePaths& paths) {
     const GameFiles& files = seat.files;
-    const auto name = seat.player.AskGame(SelectableGames(files.file, files.mainPath),
-                                          seat.engine.settings.gameName);
+    const auto name =
+        seat.player.AskGame(SelectableGames(files.Main()), seat.engine.settings.gameName);
     if (!name) return;
-    const int index = ActiveTable(files.file, files.gamePath, files.mainPath, *name);
-    PayTableEditor editor(seat, paths,
-                          {GameIdFromName(files.file, *name, files.mainPath), *name, index});
+    const int index = ActiveTable(files.Game(), files.mainPath, *name);
+    PayTableEditor editor(seat, paths, {GameIdFromName(files.Main(), *name), *name, index});
     Edit(seat, editor);
 }
 
 void EditCurrentPayTable(Seat& seat, const DataFilePaths& paths) {
     const MachineSettings& settings = seat.engine.settings;
-    PayTableEditor editor(seat, paths, {settings.gameId, settings.gameName, settings.activeTable});
+    PayTableEditor editor(seat, paths, CurrentTable(settings));
     Edit(seat, editor);
 }
 
 void ChooseUserGame(Seat& seat, int id, const DataFilePaths& paths) {
-    const PayTableFiles files{seat.files.file, seat.files.mainPath, paths.analysisCache};
+    const PayTableFiles files{seat.files.Main(), paths.analysisCache};
     const int slot = id - kFirstUserGameId + 1;
     const std::string name = UserGameName(files, slot);
-    if (!TableExists(files.file, name, 0, files.mainPath)) {
+    if (!TableExists(files.main, name, 0)) {
         PayTableEditor editor(seat, paths, {id, name, 0}, true);
         if (!Edit(seat, editor)) return;
         const bool chosen = editor.MadeActive() && editor.MadeActive()->gameId == id;

@@ -41,7 +41,7 @@ PayTable OfFigures(PayTable seat) {
 
 }  // namespace
 
-PayTableEditor::PayTableEditor(Seat& seat, const DataFilePaths& paths, TableChoice shown,
+PayTableEditor::PayTableEditor(Seat& seat, const DataFilePaths& paths, TableOfGame shown,
                                bool newGame)
     : gameName(std::move(shown.gameName)),
       seat(seat),
@@ -54,7 +54,7 @@ PayTableEditor::PayTableEditor(Seat& seat, const DataFilePaths& paths, TableChoi
 }
 
 PayTableFiles PayTableEditor::Files() const {
-    return {seat.files.file, seat.files.mainPath, paths.analysisCache, seat.files.gamePath};
+    return {seat.files.Main(), paths.analysisCache, seat.files.gamePath};
 }
 
 // The table need not be one of this game.
@@ -153,8 +153,7 @@ void PayTableEditor::Clear() {
 }
 
 void PayTableEditor::LoadTemplate(PayTableQuestions& questions) {
-    const auto chosen =
-        questions.SelectsGame(SelectableGames(seat.files.file, seat.files.mainPath), gameName);
+    const auto chosen = questions.SelectsGame(SelectableGames(seat.files.Main()), gameName);
     if (!chosen) return;
     tableIndex = 0;
     Load(*chosen, 0);
@@ -163,12 +162,12 @@ void PayTableEditor::LoadTemplate(PayTableQuestions& questions) {
 void PayTableEditor::ChangeGame(PayTableQuestions& questions) {
     ProfileFile& file = seat.files.file;
     const std::string& mainPath = seat.files.mainPath;
-    const auto chosen = questions.SelectsGame(SelectableGames(file, mainPath), gameName);
+    const auto chosen = questions.SelectsGame(SelectableGames({file, mainPath}), gameName);
     if (!chosen) return;
     newGame = false;
     gameName = *chosen;
-    gameId = GameIdFromName(file, gameName, mainPath);
-    tableIndex = ActiveTable(file, seat.files.gamePath, mainPath, gameName);
+    gameId = GameIdFromName({file, mainPath}, gameName);
+    tableIndex = ActiveTable({file, seat.files.gamePath}, mainPath, gameName);
     Load(gameName, tableIndex);
 }
 
@@ -184,8 +183,8 @@ bool PayTableEditor::IsOtherUserGame(const std::string& name) const {
 std::string PayTableEditor::NameProblem(const std::string& name) const {
     if (auto problem = GameNameProblem(name); !problem.empty()) return problem;
     if (IsOtherUserGame(name)) return AlreadyExists(name);
-    const int id = GameIdFromName(seat.files.file, name, seat.files.mainPath);
-    const bool hasTable = TableExists(seat.files.file, name, 0, seat.files.mainPath);
+    const int id = GameIdFromName(seat.files.Main(), name);
+    const bool hasTable = TableExists(seat.files.Main(), name, 0);
     if (IsBuiltIn(name) || (hasTable && !::IsUserGame(id))) {
         return AlreadyExists(name) +
                ". A user-defined game can not have the same name as a pre-defined game.";
@@ -196,8 +195,8 @@ std::string PayTableEditor::NameProblem(const std::string& name) const {
 // Of the name that a game shall be renamed to.
 std::string PayTableEditor::NewNameProblem(const std::string& name) const {
     if (auto problem = GameNameProblem(name); !problem.empty()) return problem;
-    const bool exists = TableExists(seat.files.file, name, 0, seat.files.mainPath) ||
-                        IsBuiltIn(name) || IsOtherUserGame(name);
+    const bool exists =
+        TableExists(seat.files.Main(), name, 0) || IsBuiltIn(name) || IsOtherUserGame(name);
     return exists ? AlreadyExists(name) : "";
 }
 
@@ -227,7 +226,7 @@ bool PayTableEditor::Save(PayTableQuestions& questions) {
                        "You can not overwrite the default pay table for a pre-defined game");
         return false;
     }
-    if (!TableExists(seat.files.file, gameName, 0, seat.files.mainPath)) return Append(questions);
+    if (!TableExists(seat.files.Main(), gameName, 0)) return Append(questions);
     switch (questions.Overwrites("Overwrite?",
                                  "Do you wish to overwrite table " + std::to_string(tableIndex) +
                                      "? If NO, the current table will be added as a new index.")) {
@@ -257,21 +256,20 @@ bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
     }
     const PayTable before = StoredTable();
     texts = WithPlainNumbers(texts);
-    if (!WritePayTable(Files(), Game(), tableIndex, texts,
-                       newGame ? kNoNeighbours : kStoredLinks)) {
+    if (!WritePayTable(Files(), Shown(), texts, newGame ? kNoNeighbours : kStoredLinks)) {
         return SaveFails(questions);
     }
     // A report must never show the return of the table as it was.
     if (OfFigures(StoredTable()) != OfFigures(before)) {
         FollowInAnalyses(Files(), {TableEdit::Kind::kTableWritten, gameName, tableIndex});
     }
-    FinishEdit(seat.files.file, seat.files.mainPath);
+    FinishEdit(seat.files.Main());
     savedName = gameName;
     return true;
 }
 
 PayTable PayTableEditor::StoredTable() const {
-    return LoadPayTable(seat.files.file, gameId, gameName, tableIndex, seat.files.mainPath, "");
+    return LoadPayTable(seat.files.Main(), Shown(), "");
 }
 
 // A name that was typed since a new game was saved is dropped.
@@ -280,7 +278,7 @@ void PayTableEditor::UseSavedName() {
 }
 
 bool PayTableEditor::Append(PayTableQuestions& questions) {
-    const auto chain = TableChain(seat.files.file, gameName, seat.files.mainPath);
+    const auto chain = TableChain(seat.files.Main(), gameName);
     if (!chain.empty() && chain.back() >= kLastTableIndex) {
         questions.Tell(kError, "There is no index left for another table of this game");
         return false;
@@ -326,7 +324,7 @@ void PayTableEditor::Delete(PayTableQuestions& questions) {
 std::vector<std::string> PayTableEditor::FinishInGameFiles(TableEdit edit) {
     edit.gamePath = seat.files.gamePath;
     auto unsaved = FollowInGameFiles(seat.files.file, edit, paths.folder);
-    FinishEdit(seat.files.file, seat.files.mainPath);
+    FinishEdit(seat.files.Main());
     return unsaved;
 }
 

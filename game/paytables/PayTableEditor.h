@@ -30,18 +30,11 @@ class PayTableQuestions {
     virtual std::optional<std::string> RenamesGame(const std::string& current) = 0;
 };
 
-// A table of a game.
-struct TableChoice {
-    int gameId = 0;
-    std::string gameName;
-    int tableIndex = 0;
-};
-
 class PayTableEditor {
   public:
     // The objects referred to outlive the editor. newGame: the first table of a user game is made,
     // and the player may name the game.
-    PayTableEditor(Seat& seat, const DataFilePaths& paths, TableChoice shown, bool newGame = false);
+    PayTableEditor(Seat& seat, const DataFilePaths& paths, TableOfGame shown, bool newGame = false);
 
     std::string gameName;  // at most 80 bytes; empty after a deletion
     PayTableTexts texts;
@@ -87,12 +80,12 @@ class PayTableEditor {
     void Rename(PayTableQuestions& questions);
 
     // What was made active, as it is now called; nothing when nothing was, or it is gone.
-    const std::optional<TableChoice>& MadeActive() const { return madeActive; }
+    const std::optional<TableOfGame>& MadeActive() const { return madeActive; }
 
   private:
     PayTableFiles Files() const;
     GameOfTables Game() const { return {gameId, gameName}; }
-    TableChoice Shown() const { return {gameId, gameName, tableIndex}; }
+    TableOfGame Shown() const { return {gameId, gameName, tableIndex}; }
     const std::string& StoredName() const;
     void UseSavedName();
     void Load(const std::string& fromGame, int fromIndex);
@@ -118,5 +111,5 @@ class PayTableEditor {
     std::string savedName;                          // of the new game, when it was last saved
     std::array<bool, kMaxPayLines> payoutLoaded{};  // lines that had a value when it was loaded
     std::array<bool, kMaxPayLines> maxPayoutLoaded{};
-    std::optional<TableChoice> madeActive;
+    std::optional<TableOfGame> madeActive;
 };

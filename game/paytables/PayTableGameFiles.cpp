@@ -82,7 +82,7 @@ bool ForgetTable(ProfileFile& file, const std::string& gamePath, const std::stri
                  int tableIndex) {
     return file.Change(gamePath, [&] {
         if (file.GetInt(kActiveTables, gameName, 0, gamePath) == tableIndex) {
-            WriteActiveTable(file, gamePath, gameName, 0);
+            WriteActiveTable({file, gamePath}, gameName, 0);
         }
         file.DeleteSection(TableSection(gameName, tableIndex), gamePath);
     });
@@ -125,10 +125,10 @@ std::vector<std::string> FollowInGameFiles(ProfileFile& file, const TableEdit& e
 }
 
 void ResumeUnfinishedEdit(const PayTableFiles& files, const std::string& dataFolder) {
-    const auto edit = ReadUnfinishedEdit(files.file, files.mainPath);
+    const auto edit = ReadUnfinishedEdit(files.main);
     if (!edit) return;
     FollowInAnalyses(files, *edit);
-    if (FollowInGameFiles(files.file, *edit, dataFolder).empty()) {
-        FinishEdit(files.file, files.mainPath);
+    if (FollowInGameFiles(files.main.file, *edit, dataFolder).empty()) {
+        FinishEdit(files.main);
     }
 }

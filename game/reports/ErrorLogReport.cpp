@@ -24,7 +24,7 @@ std::string Line(std::string_view label, std::string_view value) {
 }
 
 std::string EntryOf(const GameEngine& engine, const GameFiles& files, int index) {
-    return ReadErrorText(files.file, files.gamePath, StatsSection(engine), index);
+    return ReadErrorText(files.Game(), StatsSection(engine), index);
 }
 
 }  // namespace

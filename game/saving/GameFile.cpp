@@ -86,9 +86,9 @@ void ReloadGameFile(Seat& seat) {
 void LoadGameFile(Seat& seat) {
     GameEngine& engine = seat.engine;
     GameFiles& files = seat.files;
-    LoadCurrentGame(files.file, files.gamePath, files.mainPath, engine.settings);
+    LoadCurrentGame(files.Game(), files.mainPath, engine.settings);
     LoadGame(engine, files, seat.tables);
-    LoadSettings(files.file, files.gamePath, engine.settings, engine.statistics, seat.clock.Now());
+    LoadSettings(files.Game(), engine.settings, engine.statistics, seat.clock.Now());
     NoteKept(seat);
 }
 

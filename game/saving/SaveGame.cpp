@@ -49,7 +49,7 @@ bool Write(Seat& seat, Session session, bool toDisk) {
     GameEngine& engine = seat.engine;
     const GameFiles& files = seat.files;
     const StoredState state{engine.settings, engine.statistics, engine.payTable};
-    WriteSession(files.file, files.gamePath, state, session == Session::kBegins, seat.clock.Now());
+    WriteSession(files.Game(), state, session == Session::kBegins, seat.clock.Now());
     if (!toDisk) return false;
     const bool saved = files.file.Save(files.gamePath);
     if (saved) NoteKept(seat);
@@ -106,7 +106,7 @@ bool WriteCopy(Seat& seat, const std::string& path) {
     GameEngine& engine = seat.engine;
     return files.file.Make(path, text, [&] {
         const StoredState state{engine.settings, engine.statistics, engine.payTable};
-        WriteSession(files.file, path, state, false, seat.clock.Now());
+        WriteSession({files.file, path}, state, false, seat.clock.Now());
     });
 }
 
@@ -134,7 +134,7 @@ void SaveGameQuietly(Seat& seat) {
     const GivenBack bet(seat.engine);
     const GameFiles& files = seat.files;
     const StoredState state{seat.engine.settings, seat.engine.statistics, seat.engine.payTable};
-    SaveSettings(files.file, files.gamePath, state, false, seat.clock.Now());
+    SaveSettings(files.Game(), state, false, seat.clock.Now());
 }
 
 bool OwnsGameFile(Seat& seat) {

@@ -100,7 +100,7 @@ bool RunShownTable(Seat& seat, GameEngine& spare, const DataFilePaths& paths,
     const std::string game = pages.GameName();
     const int index = pages.TableIndex();
     if (!WantsRun(seat.player, index)) return false;
-    if (!TableExists(seat.files.file, game, index, seat.files.mainPath)) {
+    if (!TableExists(seat.files.Main(), game, index)) {
         TellOfMissingPayTable(seat.player);
         return true;
     }
@@ -122,21 +122,21 @@ void GameReportPages::ShowCurrent() { LoadSpare(seat, spare); }
 void GameReportPages::Show(const std::string& gameName, int tableIndex) {
     const GameFiles& files = seat.files;
     MachineSettings& settings = spare.settings;
-    settings.gameId = GameIdFromName(files.file, gameName, files.mainPath);
+    settings.gameId = GameIdFromName(files.Main(), gameName);
     settings.gameName = gameName;
     settings.activeTable = tableIndex;
     LoadGame(spare, files, seat.tables);
-    LoadSettings(files.file, files.gamePath, settings, spare.statistics, seat.clock.Now());
+    LoadSettings(files.Game(), settings, spare.statistics, seat.clock.Now());
 }
 
 bool GameReportPages::Choose(const std::string& gameName) {
     const GameFiles& files = seat.files;
-    if (GameIdFromName(files.file, gameName, files.mainPath) == kSneakPeakGameId) {
+    if (GameIdFromName(files.Main(), gameName) == kSneakPeakGameId) {
         seat.player.Tell("Game Analysis Not Available", "Analysis not available for this game",
                          MessageIcon::kError);
         return false;
     }
-    Show(gameName, ActiveTable(files.file, files.gamePath, files.mainPath, gameName));
+    Show(gameName, ActiveTable(files.Game(), files.mainPath, gameName));
     return true;
 }
 
@@ -149,7 +149,7 @@ void GameReportPages::ShowPrevious() {
 }
 
 std::vector<std::string> GameReportPages::Games() const {
-    return SelectableGames(seat.files.file, seat.files.mainPath);
+    return SelectableGames(seat.files.Main());
 }
 
 int GameReportPages::NextIndex() const { return NextTable(Files(), GameName(), TableIndex()); }
@@ -159,9 +159,7 @@ int GameReportPages::PreviousIndex() const {
     return TableIndex() > 0 ? PreviousTable(Files(), GameName(), TableIndex()) : kNoTable;
 }
 
-PayTableFiles GameReportPages::Files() const {
-    return {seat.files.file, seat.files.mainPath, cache.path};
-}
+PayTableFiles GameReportPages::Files() const { return {seat.files.Main(), cache.path}; }
 
 AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
                                   const DataFilePaths& paths) {
@@ -179,7 +177,7 @@ void AnalyzeGameCommand(Seat& seat, GameEngine& spare, const DataFilePaths& path
         return;
     }
     const MachineSettings& settings = seat.engine.settings;
-    if (!TableExists(seat.files.file, settings.gameName, 0, seat.files.mainPath)) {
+    if (!TableExists(seat.files.Main(), settings.gameName, 0)) {
         TellOfMissingPayTable(seat.player);
         return;
     }

@@ -35,7 +35,7 @@ void LoadSpare(Seat& seat, GameEngine& spare) {
     spare.settings.gameName = players.gameName;
     spare.settings.activeTable = players.activeTable;
     LoadGame(spare, files, seat.tables);
-    LoadSettings(files.file, files.gamePath, spare.settings, spare.statistics, seat.clock.Now());
+    LoadSettings(files.Game(), spare.settings, spare.statistics, seat.clock.Now());
     spare.deck.random.RandomInit(static_cast<std::uint32_t>(seat.clock.Now()) ^ kSpareSeed);
     spare.deck.Shuffle(kShufflePasses);
 }
@@ -53,7 +53,8 @@ void RunAutoplay(Seat& seat, GameEngine& spare) {
     LoadSpare(seat, spare);
     ProfileFile none;
     const GameFiles files{none, "", ""};
-    ResetStatistics(none, "", {spare.settings, spare.statistics, spare.payTable}, seat.clock.Now());
+    ResetStatistics({none, ""}, {spare.settings, spare.statistics, spare.payTable},
+                    seat.clock.Now());
     spare.settings.credits = 0;
     spare.settings.mode = PlayMode::kAutoHold;
     if (*count > 0) PlayWithProgress(seat, spare, files, *count);

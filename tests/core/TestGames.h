@@ -43,7 +43,8 @@ inline PayLine Wild(HandRank rank, int payout, const LineTraits& traits = {}) {
 // As the program is shipped with it.
 inline PayTable Shipped(int gameId, std::string_view name) {
     ProfileFile file;
-    return LoadPayTable(file, gameId, std::string(name), 0, TOLVANE_DATA_FOLDER "/Tolvane.ini", "");
+    return LoadPayTable({file, TOLVANE_DATA_FOLDER "/Tolvane.ini"}, {gameId, std::string(name)},
+                        "");
 }
 
 inline PayTable JacksOrBetter() { return Shipped(300, "Jacks or Better"); }

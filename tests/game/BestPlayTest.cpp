@@ -29,7 +29,7 @@ TEST_F(BestPlayTest, AnErrorIsSaidEveryTimeAndLoggedOnce) {
     EXPECT_EQ(engine.statistics.bestReturns.total, engine.analysis.bestReturn);
     const double cost = engine.analysis.bestReturn - engine.analysis.holds[16].expectedReturn;
     EXPECT_DOUBLE_EQ(engine.statistics.errorCosts.session, cost);
-    const auto entry = ParseEntry(ReadErrorText(file, files.gamePath, StatsSection(engine), 0));
+    const auto entry = ParseEntry(ReadErrorText({file, files.gamePath}, StatsSection(engine), 0));
     EXPECT_EQ(entry.hand, engine.hand);
     EXPECT_EQ(entry.player, 0b10000);
     EXPECT_NE(folder.Read("game.qdx").find("PlayErrors=1"), std::string::npos)

@@ -23,7 +23,7 @@ struct EditPayTableTest : testing::Test, ManagerTable {
 
 TEST_F(EditPayTableTest, TheChosenGameIsOpenedAtItsActiveTable) {
     MakeMyGame(2);
-    WriteActiveTable(machine.file, machine.files.gamePath, "My Game", 1);
+    WriteActiveTable(machine.files.Game(), "My Game", 1);
     answers = {"cancel", "My Game"};
     EditPayTable(seat, paths);
     EXPECT_EQ(opened, "");

@@ -52,7 +52,7 @@ TEST_F(ErrorLogReportTest, EntriesAreReadFromTheFileAsTheyStandThere) {
     const auto entry = Entry(16, 31);
     std::int32_t next = 0;
     const std::string section = StatsSection(engine);
-    AppendError(file, files.gamePath, section, entry, next);
+    AppendError({file, files.gamePath}, section, entry, next);
     EXPECT_TRUE(HasLoggedError(engine, files, 0));
     EXPECT_EQ(LoggedError(engine, files, 0), entry);
     for (const int index : {-1, kErrorLogSize}) {

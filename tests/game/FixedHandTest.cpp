@@ -17,8 +17,7 @@ struct FixedHandTest : testing::Test, CreditTable {
     void Log(std::string_view cards) {
         ErrorLogEntry entry;
         std::ranges::copy(Cards(engine.payTable, cards, kHandSize), entry.hand.begin());
-        AppendError(machine.file, machine.files.gamePath, StatsSection(engine), entry,
-                    engine.statistics.nextError);
+        AppendError(machine.files.Game(), StatsSection(engine), entry, engine.statistics.nextError);
     }
 };
 

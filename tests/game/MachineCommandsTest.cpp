@@ -135,7 +135,7 @@ TEST_F(MachineCommandsTest, TheLogIsClearedWithItsCounts) {
     Statistics& statistics = engine.statistics;
     const std::string section = "Jacks or Better(0)";
     EXPECT_TRUE(TellIfErrorLogIsEmpty(seat));
-    AppendError(machine.file, machine.files.gamePath, section, {}, statistics.nextError);
+    AppendError(machine.files.Game(), section, {}, statistics.nextError);
     statistics.playErrors.Add(1);
     statistics.errorCosts.Add(2.5);
     statistics.handsPlayed.Add(7);

@@ -86,7 +86,7 @@ class ManagerTable : public TestSeat {
         return Stored(paths.mainProfile, section, key);
     }
     bool Exists(const std::string& game, int index) {
-        return TableExists(machine.file, game, index, paths.mainProfile);
+        return TableExists({machine.file, paths.mainProfile}, game, index);
     }
 
     const DataFilePaths& paths = machine.paths;

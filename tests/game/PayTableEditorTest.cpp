@@ -172,7 +172,7 @@ TEST_F(PayTableEditorTest, ClearingLeavesABuiltInGameItsLines) {
 
 TEST_F(PayTableEditorTest, AnotherGameIsShownAtItsActiveTable) {
     MakeMyGame(3);
-    WriteActiveTable(machine.file, machine.files.gamePath, "My Game", 2);
+    WriteActiveTable(machine.files.Game(), "My Game", 2);
     auto editor = Manager("User Game 2", 9002, 0, true);
     editor.ChangeGame(player.Saying({"cancel", "My Game", "Bonus Poker", "yes", "Deuces Wild"}));
     EXPECT_TRUE(On(editor, kName)) << "still the new game";
@@ -220,7 +220,8 @@ TEST_F(ThreeGameFilesTest, ADeletedTableLeavesNoTraceInTheGameFiles) {
     editor.Delete(player.Saying({"cancel", "ok"}));
     EXPECT_TRUE(Exists("My Game", 2));
     editor.Delete(player);
-    EXPECT_EQ(TableChain(machine.file, "My Game", paths.mainProfile), (std::vector<int>{0, 1, 3}));
+    EXPECT_EQ(TableChain({machine.file, paths.mainProfile}, "My Game"),
+              (std::vector<int>{0, 1, 3}));
     EXPECT_EQ(engine.settings.activeTable, 0);
     EXPECT_EQ(In("game.qdx", "My Game(2)", "HandsPlayed"), "(none)");
     EXPECT_EQ(In("a.qdx", "ActiveTbl", "My Game"), "3");
@@ -246,7 +247,7 @@ TEST_F(ThreeGameFilesTest, ARenamedGameKeepsItsStatisticsInAllGameFiles) {
     editor.Rename(player.Saying({"", "Deuces Wild", "my game", "a]b", "Your Game"}));
     EXPECT_EQ(std::ranges::count(player.log, "rename My Game"), 5) << "the last name is a good one";
     EXPECT_EQ(player.log[3], "Input Error: \"Deuces Wild\" already exists");
-    EXPECT_EQ(TableChain(machine.file, "Your Game", paths.mainProfile).size(), 4U);
+    EXPECT_EQ(TableChain({machine.file, paths.mainProfile}, "Your Game").size(), 4U);
     EXPECT_EQ(StatsSection(engine), "Your Game(2)");
     ExpectMyGameIsGone();
     EXPECT_EQ(In("game.qdx", "Your Game(2)", "HandsPlayed"), "77");

@@ -198,7 +198,7 @@ TEST(PayTableFormTest, ShippedTextsBecomeTheTableThatIsLoaded) {
         const std::string name(game.name);
         const auto texts = ReadPayTableTexts({file, path, ""}, name, 0);
         EXPECT_EQ(TableOf(texts, game.id),
-                  WithoutDescriptions(LoadPayTable(file, game.id, name, 0, path, "")))
+                  WithoutDescriptions(LoadPayTable({file, path}, {game.id, name}, "")))
             << name;
         EXPECT_FALSE(FindProblem(texts)) << name << ": shipped tables may be saved";
     }
@@ -220,9 +220,9 @@ TEST(PayTableFormTest, TypedTextsBecomeTheTableThatIsLoaded) {
             texts.maxBet = maxBet;
             texts.minPair = minPair;
             const auto plain = WithPlainNumbers(texts);
-            ASSERT_TRUE(WritePayTable(files, {9001, "Typed"}, 0, plain, kNoNeighbours));
-            EXPECT_EQ(TableOf(texts, 9001), WithoutDescriptions(LoadPayTable(file, 9001, "Typed", 0,
-                                                                             files.mainPath, "")));
+            ASSERT_TRUE(WritePayTable(files, {9001, "Typed"}, plain, kNoNeighbours));
+            EXPECT_EQ(TableOf(texts, 9001), WithoutDescriptions(LoadPayTable(
+                                                {file, files.main.path}, {9001, "Typed"}, "")));
         }
     }
 }

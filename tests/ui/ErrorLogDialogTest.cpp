@@ -23,7 +23,7 @@ class ErrorLogDialogTest : public testing::Test {
             const CardCode first = i % 40;
             const ErrorLogEntry entry{
                 {first, 40, 41, 42, 43}, {44, 45, 46, 47, 48}, 31, 0, i + 1.0, 1.0};
-            AppendError(machine->file, machine->files.gamePath, StatsSection(engine), entry,
+            AppendError(machine->files.Game(), StatsSection(engine), entry,
                         engine.statistics.nextError);
         }
         engine.statistics.playErrors = {errors, errors};

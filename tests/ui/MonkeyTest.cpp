@@ -112,7 +112,7 @@ TEST_F(MonkeyTest, WhateverIsPressedTheTableTellsTheTruthAndNothingIsOwed) {
     EXPECT_TRUE(p.document->OnCloseDocument());
     MachineSettings stored;
     ProfileFile file;
-    ReadSettings(file, game, stored);
+    ReadSettings({file, game}, stored);
     EXPECT_EQ(stored.credits, p.engine.settings.credits);
     Start();
 }

@@ -41,7 +41,7 @@ class PayTableStoreTest : public testing::Test {
     std::string Chain(const std::string& game = "My Game") {
         std::string text;
         int before = -1;
-        for (const int index : TableChain(file, game, files.mainPath)) {
+        for (const int index : TableChain(files.main, game)) {
             EXPECT_EQ(PreviousTable(files, game, index), before);
             text += (before < 0 ? "" : ">") + std::to_string(index);
             before = index;
@@ -75,7 +75,7 @@ TEST_F(PayTableStoreTest, ATableIsWrittenKeyByKeyInOrder) {
     table.lines[0] = {HandRank::kBonusFourOfAKind, "FOUR; 4", "80", "400", "2,k", "q;3", true};
     table.lines[1] = {HandRank::kFlush, "FLUSH", "6", "30", "no rank", "", false};
     table.lines[3] = {HandRank::kStraight, "behind the end", "4", "20", "", "", false};
-    ASSERT_TRUE(WritePayTable(files, kMine, 0, table, kNoNeighbours));
+    ASSERT_TRUE(WritePayTable(files, {9003, "My Game", 0}, table, kNoNeighbours));
     EXPECT_EQ(folder.Read("main.ini"),
               "[main]\nVer=114\n\n[User Games]\n3=9003,My Game\n\n[My Game(0)]\n"
               "NextIndex=-1\nPrevIndex=-1\nType=3\nUsesWilds=1\nJokers=1\nWildCard=2,1\n"
@@ -91,11 +91,11 @@ TEST_F(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
     const PayTableFiles release{file, shipped, ""};
     for (const BuiltInGame& game : BuiltInGames()) {
         const std::string name(game.name);
-        const GameOfTables built{game.id, name};
+        const TableOfGame built{game.id, name};
         ASSERT_TRUE(
-            WritePayTable(files, built, 0, ReadPayTableTexts(release, name, 0), kNoNeighbours));
+            WritePayTable(files, built, ReadPayTableTexts(release, name, 0), kNoNeighbours));
         const std::string section = TableSection(name, 0);
-        EXPECT_EQ(file.GetSectionText(section, files.mainPath),
+        EXPECT_EQ(file.GetSectionText(section, files.main.path),
                   file.GetSectionText(section, shipped));
     }
     EXPECT_EQ(UserGameName(files, 3), "My Game") << "a built-in game has no slot";
@@ -106,7 +106,7 @@ TEST_F(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
         PayTableTexts table = Table(2);
         table.type = type;
         table.usesWilds = true;
-        ASSERT_TRUE(WritePayTable(files, kMine, 0, table, kNoNeighbours));
+        ASSERT_TRUE(WritePayTable(files, {9003, "My Game", 0}, table, kNoNeighbours));
         const auto read = ReadPayTableTexts(files, kMine.name, 0);
         EXPECT_FALSE(read.lines[1].wildsOK) << "as stored";
         EXPECT_EQ(read.lines[2].wildsOK, type == GameType::kOneEyedJacks);
@@ -116,10 +116,10 @@ TEST_F(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
 
 TEST_F(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain) {
     WriteChain(3);
-    ASSERT_TRUE(WritePayTable(files, kMine, 1, Table(6), kStoredLinks));
-    file.WriteString("My Game(1)", "Descr14", "behind a gap", files.mainPath);
-    ASSERT_TRUE(WritePayTable(files, kMine, 1, Table(4), kStoredLinks));
-    const auto text = file.GetSectionText("My Game(1)", files.mainPath);
+    ASSERT_TRUE(WritePayTable(files, {9003, "My Game", 1}, Table(6), kStoredLinks));
+    file.WriteString("My Game(1)", "Descr14", "behind a gap", files.main.path);
+    ASSERT_TRUE(WritePayTable(files, {9003, "My Game", 1}, Table(4), kStoredLinks));
+    const auto text = file.GetSectionText("My Game(1)", files.main.path);
     EXPECT_EQ(text->find("Rank4="), std::string::npos);
     EXPECT_EQ(text->find("14="), std::string::npos);
     EXPECT_EQ(ReadPayTableTexts(files, "My Game", 1), Table(4));
@@ -128,12 +128,12 @@ TEST_F(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain
 
 TEST_F(PayTableStoreTest, AppendingOverwritesNoTableThatTheChainMisses) {
     WriteChain(3);
-    file.WriteString("My Game(0)", "NextIndex", "-1", files.mainPath);
+    file.WriteString("My Game(0)", "NextIndex", "-1", files.main.path);
     EXPECT_EQ(AppendTable(files, kMine, Table(9)), 3);
     EXPECT_EQ(Chain(), "0>3");
     EXPECT_EQ(ReadPayTableTexts(files, "My Game", 1), Table(2));
-    ASSERT_TRUE(WritePayTable(files, kMine, kLastTableIndex - 1, Table(1), {-1, 3}));
-    file.WriteInt("My Game(3)", "NextIndex", kLastTableIndex - 1, files.mainPath);
+    ASSERT_TRUE(WritePayTable(files, {9003, "My Game", kLastTableIndex - 1}, Table(1), {-1, 3}));
+    file.WriteInt("My Game(3)", "NextIndex", kLastTableIndex - 1, files.main.path);
     EXPECT_EQ(AppendTable(files, kMine, Table(1)), kLastTableIndex);
     EXPECT_EQ(AppendTable(files, kMine, Table(1)), std::nullopt);
 }
@@ -144,7 +144,7 @@ TEST_F(PayTableStoreTest, EveryTableOfAChainButTheFirstCanBeTakenOut) {
     for (const auto& [gone, chain] : left) {
         ASSERT_TRUE(UnlinkTable(files, "My Game", gone));
         EXPECT_EQ(Chain(), chain);
-        EXPECT_FALSE(TableExists(file, "My Game", gone, files.mainPath));
+        EXPECT_FALSE(TableExists(files.main, "My Game", gone));
         EXPECT_FALSE(HasAnalysis("My Game", gone));
     }
     EXPECT_TRUE(HasAnalysis("My Game", 0));
@@ -153,16 +153,16 @@ TEST_F(PayTableStoreTest, EveryTableOfAChainButTheFirstCanBeTakenOut) {
 TEST_F(PayTableStoreTest, RenamingAndDeletingAGameReachItsTablesBehindAGapAndNoOthers) {
     WriteChain(4);
     ASSERT_TRUE(AppendTable(files, {9004, "My Game 2"}, Table(1)));
-    file.WriteInt("My Game(0)", "NextIndex", 2, files.mainPath);
-    file.WriteInt("My Game(2)", "PrevIndex", 0, files.mainPath);
-    file.WriteString("Other(3)", "PayLines", "7", files.mainPath);  // left over
+    file.WriteInt("My Game(0)", "NextIndex", 2, files.main.path);
+    file.WriteInt("My Game(2)", "PrevIndex", 0, files.main.path);
+    file.WriteString("Other(3)", "PayLines", "7", files.main.path);  // left over
     ASSERT_TRUE(RenameGameTables(files, kMine, "Other"));
     EXPECT_EQ(Chain("Other"), "0>2>3");
     EXPECT_EQ(ReadPayTableTexts(files, "Other", 1), Table(2));
     EXPECT_EQ(ReadPayTableTexts(files, "Other", 3), Table(4));
     EXPECT_TRUE(HasAnalysis("Other", 1));
     EXPECT_EQ(Main().find("My Game("), std::string::npos);
-    EXPECT_EQ(GameIdFromName(file, "other", files.mainPath), 9003);
+    EXPECT_EQ(GameIdFromName(files.main, "other"), 9003);
     ASSERT_TRUE(DeleteGameTables(files, {9003, "Other"}));
     EXPECT_EQ(Main().find("[Other("), std::string::npos);
     EXPECT_NE(Main().find("[My Game 2(0)]"), std::string::npos);

@@ -18,7 +18,7 @@ class PayTableTest : public testing::Test {
     PayTable Loaded(const std::string& lines) {
         folder.Write("main.ini", "[G(0)]\n" + lines);
         ProfileFile file;
-        return LoadPayTable(file, 300, "G", 0, folder.Path("main.ini"), "");
+        return LoadPayTable({file, folder.Path("main.ini")}, {300, "G"}, "");
     }
 
     TemporaryFolder folder;
@@ -94,9 +94,9 @@ TEST_F(PayTableTest, AChainThatRunsInACircleEnds) {
                  "[G(0)]\nPayLines=1\nNextIndex=3\n[G(3)]\nPayLines=1\nNextIndex=1\n"
                  "[G(1)]\nPayLines=1\nNextIndex=0\n[H(0)]\nPayLines=1\nNextIndex=7\n");
     ProfileFile file;
-    EXPECT_EQ(TableChain(file, "G", folder.Path("main.ini")), (std::vector<int>{0, 3, 1}));
-    EXPECT_EQ(TableChain(file, "H", folder.Path("main.ini")), (std::vector<int>{0}));
-    EXPECT_TRUE(TableChain(file, "I", folder.Path("main.ini")).empty());
+    EXPECT_EQ(TableChain({file, folder.Path("main.ini")}, "G"), (std::vector<int>{0, 3, 1}));
+    EXPECT_EQ(TableChain({file, folder.Path("main.ini")}, "H"), (std::vector<int>{0}));
+    EXPECT_TRUE(TableChain({file, folder.Path("main.ini")}, "I").empty());
 }
 
 TEST(GameCatalogueTest, NamesAndIdsOfBuiltInAndUserGames) {
@@ -107,15 +107,15 @@ TEST(GameCatalogueTest, NamesAndIdsOfBuiltInAndUserGames) {
         "5=9005,\n");
     const std::string path = folder.Path("main.ini");
     ProfileFile file;
-    EXPECT_EQ(GameIdFromName(file, "deuces WILD", path), 330);
-    EXPECT_EQ(GameIdFromName(file, "red and black poker", path), 9002)
+    EXPECT_EQ(GameIdFromName({file, path}, "deuces WILD"), 330);
+    EXPECT_EQ(GameIdFromName({file, path}, "red and black poker"), 9002)
         << "menu only, so the user's";
-    EXPECT_EQ(GameIdFromName(file, "5 Card Charlie", path), 0);
-    EXPECT_EQ(GameIdFromName(file, "Spare", path), 9003) << "the slot decides, not the stored id";
-    EXPECT_EQ(GameNameFromId(file, 350, path), "Pick Em Poker");
-    EXPECT_EQ(GameNameFromId(file, 9002, path), "Red and Black Poker");
-    EXPECT_EQ(GameNameFromId(file, 351, path), "") << "hidden";
-    EXPECT_EQ(GameNameFromId(file, 9009, path), "");
+    EXPECT_EQ(GameIdFromName({file, path}, "5 Card Charlie"), 0);
+    EXPECT_EQ(GameIdFromName({file, path}, "Spare"), 9003) << "the slot decides, not the stored id";
+    EXPECT_EQ(GameNameFromId({file, path}, 350), "Pick Em Poker");
+    EXPECT_EQ(GameNameFromId({file, path}, 9002), "Red and Black Poker");
+    EXPECT_EQ(GameNameFromId({file, path}, 351), "") << "hidden";
+    EXPECT_EQ(GameNameFromId({file, path}, 9009), "");
 }
 
 TEST(GameCatalogueTest, OfferedGamesComeFirstThenThoseOfThePlayerThatHaveATable) {
@@ -125,7 +125,7 @@ TEST(GameCatalogueTest, OfferedGamesComeFirstThenThoseOfThePlayerThatHaveATable)
                                           "7=9007,Almond\n[Coconut(0)]\nPayLines=9\n"
                                           "[No Table(0)]\nPayLines=0\n[Almond(0)]\nPayLines=1\n");
     ProfileFile file;
-    const auto games = SelectableGames(file, path);
+    const auto games = SelectableGames({file, path});
     ASSERT_EQ(games.size(), 33U);  // 31 of the built-in games are offered
     EXPECT_EQ(games.front(), "Jacks or Better");
     EXPECT_EQ(games[31], "Coconut");

@@ -13,10 +13,10 @@ class ErrorLogTest : public testing::Test {
     void Log(int number, std::int32_t& nextError) {
         ErrorLogEntry entry;
         entry.bestReturn = number;
-        AppendError(file, path, "G(0)", entry, nextError);
+        AppendError({file, path}, "G(0)", entry, nextError);
     }
     int NumberAt(int index) {
-        return static_cast<int>(ParseEntry(ReadErrorText(file, path, "G(0)", index)).bestReturn);
+        return static_cast<int>(ParseEntry(ReadErrorText({file, path}, "G(0)", index)).bestReturn);
     }
 
     TemporaryFolder folder;
@@ -61,18 +61,18 @@ TEST_F(ErrorLogTest, TheHundredAndFirstErrorPushesTheOldestOut) {
 TEST_F(ErrorLogTest, TheCountsReachTheDiskAtOnceAndClearingEmptiesAll) {
     std::int32_t nextError = 0;
     Log(3, nextError);
-    EXPECT_TRUE(SaveErrorCounts(file, path, "G(0)", {nextError, 12, 100.5, 2.25}));
+    EXPECT_TRUE(SaveErrorCounts({file, path}, "G(0)", {nextError, 12, 100.5, 2.25}));
     EXPECT_EQ(folder.Read("game.qdx"),
               "[G(0)]\nHandsPlayed=7\nError0=-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,0,0,3.0000,0.0000\n"
               "NextError=1\nPlayErrors=12\nBestER=100.5000 \nErrCost=2.2500   \n\n");
 
-    EXPECT_TRUE(ClearErrorLog(file, path, "G(0)"));
+    EXPECT_TRUE(ClearErrorLog({file, path}, "G(0)"));
     const std::string cleared = folder.Read("game.qdx");
     EXPECT_TRUE(cleared.starts_with(
         "[G(0)]\nHandsPlayed=7\nError0=\nNextError=0\nPlayErrors=0\nBestER=0.00\nErrCost=0.00\n"
         "Error1=\nError2=\n"));
     EXPECT_TRUE(cleared.ends_with("\nError99=\n\n"));
-    EXPECT_FALSE(ClearErrorLog(file, folder.Path("missing.qdx"), "G(0)"));
+    EXPECT_FALSE(ClearErrorLog({file, folder.Path("missing.qdx")}, "G(0)"));
 }
 
 }  // namespace

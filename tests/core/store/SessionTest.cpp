@@ -17,11 +17,11 @@ class SessionTest : public testing::Test {
     void Open(const std::string& contents) {
         path = folder.Write("game.qdx", contents);
         LoadGame();
-        LoadSettings(file, path, settings, statistics, kNoon);
+        LoadSettings({file, path}, settings, statistics, kNoon);
     }
     void LoadGame() {
-        LoadStatistics(file, path, Section(), 52, statistics);
-        table = LoadPayTable(file, 300, settings.gameName, settings.activeTable, mainPath, path);
+        LoadStatistics({file, path}, Section(), 52, statistics);
+        table = LoadPayTable({file, mainPath}, CurrentTable(settings), path);
     }
     void SwitchTo(const std::string& game, int tableIndex, std::int64_t now) {
         EXPECT_TRUE(Save(false, now));
@@ -31,7 +31,7 @@ class SessionTest : public testing::Test {
         EXPECT_TRUE(Save(true, now));
     }
     bool Save(bool startSession, std::int64_t now) {
-        return SaveSettings(file, path, {settings, statistics, table}, startSession, now);
+        return SaveSettings({file, path}, {settings, statistics, table}, startSession, now);
     }
     std::string Section() const { return TableSection(settings.gameName, settings.activeTable); }
     // As the disk has it.
@@ -84,8 +84,8 @@ TEST_F(SessionTest, ASaveWritesEverySettingInOrderAndAMissingFileGivesTheDefault
     EXPECT_TRUE(folder.Read("game.qdx").ends_with("NextError=0\nElapsedTime=0.00\n\n"));
 
     settings.showDollar = false;
-    LoadCurrentGame(file, folder.Path("missing.qdx"), "", settings);
-    ReadSettings(file, folder.Path("missing.qdx"), settings);
+    LoadCurrentGame({file, folder.Path("missing.qdx")}, "", settings);
+    ReadSettings({file, folder.Path("missing.qdx")}, settings);
     EXPECT_TRUE(Save(false, kNoon));
     EXPECT_TRUE(
         folder.Read("game.qdx")
@@ -140,8 +140,8 @@ TEST_F(SessionTest, AResetStoresZeroesAndKeepsTheLogAndTheFixedHand) {
         "SetCard0=33\nNextError=6\nError0=1,2\nElapsedTime=7.25\n[main]\nCreditsEntered=80\n"
         "Credits=12\n");
     statistics.handsPlayed.Add(3);
-    ResetStatistics(file, path, {settings, statistics, table}, kNoon + 99);
-    EXPECT_TRUE(SaveSettings(file, path, {settings, statistics, table}, true, kNoon + 99));
+    ResetStatistics({file, path}, {settings, statistics, table}, kNoon + 99);
+    EXPECT_TRUE(SaveSettings({file, path}, {settings, statistics, table}, true, kNoon + 99));
     const std::tuple<std::string, const char*, const char*> stored[] = {
         {Section(), "HandsPlayed", "0"},        {Section(), "PayLine0Won", "0"},
         {Section(), "NextError", "0"},          {Section(), "BestER", "0.0000      "},

@@ -14,8 +14,8 @@ class SettingsTest : public testing::Test {
         const std::string path = folder.Write("game.qdx", "[main]\n" + mainSection);
         MachineSettings settings;
         ProfileFile file;
-        LoadCurrentGame(file, path, mainPath, settings);
-        ReadSettings(file, path, settings);
+        LoadCurrentGame({file, path}, mainPath, settings);
+        ReadSettings({file, path}, settings);
         return settings;
     }
     // "id name(table)"

@@ -17,7 +17,7 @@ Statistics Loaded(const TemporaryFolder& folder, const std::string& lines, int d
     statistics.setCards = {9, 9, 9, 9, 9};
     statistics.handsPlayed.Add(5);
     statistics.sessionHours = 0.5;
-    LoadStatistics(file, path, "G(1)", deckSize, statistics);
+    LoadStatistics({file, path}, "G(1)", deckSize, statistics);
     return statistics;
 }
 
@@ -48,7 +48,7 @@ TEST(StatisticsTest, EveryKeyIsWrittenInOrderAndReadBack) {
     table.lines.resize(2);
     table.lines[1].totalWins = 17;
     ProfileFile file;
-    WriteStatistics(file, path, "G(1)", statistics, table);
+    WriteStatistics({file, path}, "G(1)", statistics, table);
     ASSERT_TRUE(file.Flush());
     const std::string lines =
         "CreditsPlayed=1\nCreditsWon=2\nHandsPlayed=3\nHandsWon=4\nDblUpCredits=5\n"
