@@ -50,7 +50,7 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutMachine);
     connect(document, &CMorvikDoc::TitleChanged, this, &CMainFrame::UpdateTitle);
     connect(document, &CMorvikDoc::Settled, this, &CMainFrame::UpdateActions);
-    UpdateTitle();
+    connect(view, &CMorvikView::LaidOut, this, &CMainFrame::UpdateTitle);
 
     const QSettings settings;
     const bool known = restoreGeometry(settings.value(kGeometryKey).toByteArray());
@@ -63,7 +63,15 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     view->setFocus();
 }
 
-void CMainFrame::UpdateTitle() { setWindowTitle(document->Title()); }
+// What the plate says stands here where the machine has no room for it.
+void CMainFrame::UpdateTitle() {
+    QString title = document->Title();
+    if (view->places.plate.isEmpty()) {
+        const PlateLook& plate = document->PlayersSeat().scene.plate;
+        title += QString::fromStdString(" [" + plate.details + "]");
+    }
+    setWindowTitle(title);
+}
 
 void CMainFrame::MakeMenus() {
     QMenu* menu = nullptr;

@@ -94,6 +94,14 @@ struct RedBlackLook {
     bool operator==(const RedBlackLook&) const = default;
 };
 
+// What is played, for who looks up.
+struct PlateLook {
+    std::string game;
+    std::string details;  // "Table 0, Warning"
+
+    bool operator==(const PlateLook&) const = default;
+};
+
 struct Scene {
     std::string message = "PRESS DEAL";
     std::string credits;
@@ -101,12 +109,15 @@ struct Scene {
     double coin = 1.0;  // dollars
 
     std::array<LineLook, kMaxPayLines> lines{};
+    int betColumn = 0;  // 0..4, of the bet that is on
     bool charlie = false;
     std::array<PlaceLook, kHandSize> places{};
     CardCode firstDraw = kNoCard;  // with its label; kNoCard shows neither
     MachineButtons buttons;
 
     DoubleUpLook doubleUp;
+    PlateLook plate;
+    std::string hint;          // the next key, for a newcomer; else empty
     std::string featureLabel;  // across the fifth card
     SpinLook spin;
     std::array<TargetLook, kTargets> targets{};

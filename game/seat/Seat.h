@@ -60,6 +60,7 @@ struct Seat {
 
     Scene scene{};            // what is shown
     CombinedRandom random{};  // of the features, apart from the deck's
+    bool showsHints = false;  // the player is new to the machine
     bool logsErrors = true;   // a play error of this hand is counted and logged
     bool drawAgainAllowed = true;
     bool bonusShown = false;  // the message meter shows a bonus, not the win

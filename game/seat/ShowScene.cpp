@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr const char* kPractice = "Fixed Hand: credits do not count";
+
 std::string BetText(const GameEngine& engine) {
     const MachineSettings& settings = engine.settings;
     return settings.showDollar ? FormatDollars("%3.2f", settings.bet * settings.coin)
@@ -19,22 +21,44 @@ int BetColumn(const GameEngine& engine) {
 }
 
 std::array<ButtonLook*, 4 + kHandSize> ButtonsOf(Scene& scene) {
-    MachineButtons& seat = scene.buttons;
+    MachineButtons& buttons = scene.buttons;
     auto& places = scene.places;
-    return {&seat.deal,
-            &seat.betOne,
-            &seat.maxBet,
-            &seat.doubleUp,
-            &places[0].holdButton,
-            &places[1].holdButton,
-            &places[2].holdButton,
-            &places[3].holdButton,
-            &places[4].holdButton};
+    return {&buttons.deal,         &buttons.betOne,       &buttons.maxBet,
+            &buttons.doubleUp,     &places[0].holdButton, &places[1].holdButton,
+            &places[2].holdButton, &places[3].holdButton, &places[4].holdButton};
+}
+
+std::string DetailsOf(const GameEngine& engine) {
+    const std::string table = "Table " + std::to_string(engine.settings.activeTable) + ", ";
+    switch (engine.settings.mode) {
+        case PlayMode::kErrorLog:
+            return table + "Error Log: credits do not count";
+        case PlayMode::kWarning:
+            return table + (engine.fixedHand ? kPractice : "Warning");
+        case PlayMode::kAutoHold:
+            return table + (engine.fixedHand ? kPractice : "AutoHold");
+        case PlayMode::kCasino:
+            break;
+    }
+    return table + (engine.fixedHand ? kPractice : "Casino");
+}
+
+// The keys that do something next.
+std::string HintOf(const GameEngine& engine) {
+    if (engine.doubleUpPick) return "2 to 5: pick a card that beats the dealer's";
+    if (engine.redBlackPending) return "R: red   B: black";
+    if (engine.spinPending) return "S: spin";
+    if (engine.targetPending) return "1 to 5: shoot";
+    if (!engine.handOver && IsPickEm(engine)) return "Left, Right: choose a pile";
+    if (!engine.handOver) return "1 to 5: hold a card   D: draw";
+    if (CanDoubleUp(engine)) return "D: deal   U: double up";
+    return "D: deal   B: bet one more   M: bet the most";
 }
 
 void ShowMeters(const GameEngine& engine, Scene& scene) {
     scene.credits = CreditText(engine, engine.settings.credits);
     scene.bet = BetText(engine);
+    scene.betColumn = BetColumn(engine);
     scene.coin = engine.settings.coin;
 }
 
@@ -146,6 +170,8 @@ Scene SceneOf(const Seat& seat) {
     Scene scene;
     scene.message = seat.scene.message;
     ShowMeters(engine, scene);
+    scene.plate = {engine.settings.gameName, DetailsOf(engine)};
+    if (seat.showsHints) scene.hint = HintOf(engine);
     if (engine.doubleUpPick) {
         ShowDoubleUp(engine, scene);
     } else {

@@ -85,7 +85,9 @@ std::string FaultsInPlay(const MachineLayout& t, const TableShape& shape) {
             t.doubleUp,        t.betLabel.rect, t.betValue.rect, t.message.rect, t.creditLabel.rect,
             t.creditValue.rect} +
         All(t.cards) + All(t.holdButtons) + All(t.heldMarks) +
-        (shape.charlie ? Places{t.charlie} : Places{});
+        (shape.charlie ? Places{t.charlie} : Places{}) +
+        (t.plate.isEmpty() ? Places{} : Places{t.plate}) +
+        (t.hint.rect.isEmpty() ? Places{} : Places{t.hint.rect});
     // Pick 'Em: the lowest card of each pile looks out behind the upper ones.
     Places piles{t.PayTablePanel(), t.betOne, t.coin};
     for (std::size_t pile : {3U, 4U}) {
@@ -164,18 +166,20 @@ TEST(LayoutTest, TheWindowChoosesCardsAndButtonsOfOneClass) {
 TEST(LayoutTest, EveryPlaceOfALargeWindowIsWhereTheFiguresPutIt) {
     const MachineLayout t = Squares(1024, 700);
     EXPECT_EQ(t.namePanel, QRect(17, 5, 18 * 12, 9 * 24 + 2));
-    EXPECT_EQ(t.PayoutCell(8, 2), QRect(286, 198, 46, 24));
+    EXPECT_EQ(t.PayoutCell(8, 2), QRect(298, 198, 58, 24));
     EXPECT_EQ(t.cards[4], QRect(725, 343, 160, 220));
     EXPECT_EQ(t.heldMarks[0].rect, QRect(74, 314, 46, 24));
     EXPECT_EQ(t.deal, QRect(895, 568, 80, 50));
     EXPECT_EQ(t.coin, QRect(895, 5, 80, 40));
     EXPECT_EQ(t.doubleUpToLabel.rect, QRect(371, 292, 144, 24));
     EXPECT_EQ(t.creditsWonValue.rect, QRect(520, 263, 72, 24));
-    EXPECT_EQ(t.charlie, QRect(493, 5, 100, 100));
-    EXPECT_EQ(t.targets[4], QRect(708, 172, 50, 50));
+    EXPECT_EQ(t.charlie, QRect(553, 5, 100, 100));
+    EXPECT_EQ(t.targets[4], QRect(768, 172, 50, 50));
     EXPECT_EQ(t.choiceMark, QRect(815, 172, 80, 50));
     EXPECT_EQ(t.questionMark.rect, QRect(759, 186, 11, 22));
     EXPECT_EQ(t.message.rect, QRect(307, 628, 288, 26));
+    EXPECT_EQ(t.plate, QRect(553, 5, 330, 54)) << "330 of the 332 pixels between columns and coin";
+    EXPECT_EQ(t.hint.rect, QRect(307, 657, 288, 18)) << "three quarters of the meter's font";
     EXPECT_EQ(t.creditValue.rect, QRect(795, 628, 180, 26));
 }
 
@@ -213,9 +217,7 @@ TEST(LayoutTest, NoWindowNoFontAndNoGameIsTooOdd) {
 
 TEST(LayoutTest, ColumnsGrowForTheLargestPayoutOfTheGame) {
     const MachineLayout four = Squares(1600, 1200, {.widestPayout = "9"});
-    EXPECT_EQ(four.columns[0].width(), 4 * four.payFontHeight / 2);
-    const MachineLayout five = Squares(1600, 1200, {.widestPayout = "10000"});
-    EXPECT_EQ(five.columns[0].width(), 5 * five.payFontHeight / 2);
+    EXPECT_EQ(four.columns[0].width(), 5 * four.payFontHeight / 2) << "five digits at least";
     const MachineLayout ten = Squares(640, 480, {.widestPayout = "2147483647"});
     EXPECT_LE(10 * ten.payoutFontHeight / 2, ten.PayoutCell(0, 1).width());
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+#include "game/commands/MachineCommands.h"
 #include "game/flows/BonusFeatures.h"
 #include "game/flows/DoubleUp.h"
 #include "game/flows/HandFlow.h"
@@ -97,7 +98,11 @@ using Look = std::function<void(TestSeat&, const std::string&)>;
 // Hands with all that a table can show, and every state between them that looks different.
 void ForEachState(const Look& look) {
     TestSeat t;
+    t.seat.showsHints = true;
     look(t, "start");
+    BetOne(t.seat);
+    ChooseMode(t.seat, PlayMode::kWarning);
+    BetMax(t.seat);
     PlayToAWin(t);
     look(t, "won");
     StartDoubleUp(t.seat);
@@ -290,7 +295,7 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     EXPECT_EQ(words(t),
               "HOLD/DRAW. JACKS OR BETTER pays 5. Cards: 1 Jack of Spades, held; 2 Jack of "
               "Diamonds; 3 10 of Clubs; 4 9 of Hearts; 5 2 of Spades. Bet $5.00. "
-              "Credits $95.00.");
+              "Credits $95.00. Jacks or Better, Table 0, Casino.");
     ToggleHold(t.seat, 1);
     DealDraw(t.seat);
     expectToldIn(t, "Double up offered.");
@@ -300,6 +305,12 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
               "Credits won 5. Double up to 10. Dealer " +
                   t.engine.deck.table.cards[static_cast<std::size_t>(t.engine.hand[4])].name +
                   ". Cards: 2 face down; 3 face down; 4 face down; 5 face down.");
+    t.seat.showsHints = t.engine.fixedHand = true;
+    ShowAtRest(t.seat);
+    expectToldIn(t, "face down. 2 to 5: pick a card that beats the dealer's.");
+    t.engine.doubleUpPick = false;
+    ShowAtRest(t.seat);
+    expectToldIn(t, "Table 0, Fixed Hand: credits do not count. D: deal");
     TestSeat wild("Deuces Wild", 330);
     wild.seat.scene.places[0].card = FindCard(wild.engine.deck.table, 2, kHearts);
     expectToldIn(wild, "1 2 of Hearts, wild; 2 face down");

@@ -66,6 +66,7 @@ void CMorvikView::LayOutMachine() {
     if (laidOut) places = *laidOut;
     shown = seat.scene;
     update();
+    emit LaidOut();
 }
 
 void CMorvikView::ShowScene() {

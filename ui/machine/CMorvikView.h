@@ -33,6 +33,9 @@ class CMorvikView : public QWidget {
 
     MachineLayout places;  // as of the last change of size or pay table
 
+  signals:
+    void LaidOut();
+
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

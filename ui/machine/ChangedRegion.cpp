@@ -36,7 +36,14 @@ class ChangeFinder {
         Compare(&Scene::credits, {layout.creditValue.rect});
         Compare(&Scene::bet, {layout.betValue.rect});
         Compare(&Scene::coin, {layout.coin});
+        Compare(&Scene::plate, {layout.plate});
+        Compare(&Scene::hint, {layout.hint.rect});
+        Compare(&Scene::betColumn, {ColumnOf(before), ColumnOf(now)});
         Compare(&Scene::doubleUp, {layout.creditsWonValue.rect, layout.doubleUpToValue.rect});
+    }
+
+    QRect ColumnOf(const Scene& scene) const {
+        return layout.columns[static_cast<std::size_t>(scene.betColumn)].adjusted(-1, -1, 1, 1);
     }
 
     void FindLine(std::size_t line) {

@@ -85,7 +85,9 @@ class LayoutBuilder {
     void PlaceSneakPeak(const std::vector<QRect>& taken);
     void PlaceTargets(const std::vector<QRect>& taken);
     QRect PlaceRedBlack(const std::vector<QRect>& taken);
-    void PlaceSpin(const QRect& wanted, const std::vector<QRect>& taken);
+    QRect PlaceSpin(const QRect& wanted, const std::vector<QRect>& taken);
+    void PlacePlate(std::vector<QRect> taken);
+    void PlaceHint();
 
     QRect FeatureArea() const {
         return {0, 0, places.client.width(), places.heldMarks[0].rect.y()};
@@ -173,16 +175,15 @@ void LayoutBuilder::PlacePayTable() {
     const int panelHeight = name.height() * lines + 2;
     places.namePanel = {places.gap, 5, name.width(), panelHeight};
 
-    // A column is as wide as "4000". A game that pays more gets columns for its own largest payout,
-    // up to five digits: the pay font was chosen for such columns. Longer numbers are written
-    // smaller, and widen the columns only where the smallest readable font would be too wide; the
-    // coin picture, which a short table in a wide, low window would run into, ends that. A number
-    // stays between the outlines: as wide as its column it would touch them.
+    // A column is as wide as five digits, for which the pay font was chosen. Longer numbers are
+    // written smaller, and widen the columns only where the smallest readable font would be too
+    // wide; the coin picture, which a short table in a wide, low window would run into, ends that,
+    // but four digits always have room. A number stays between the outlines: as wide as its column
+    // it would touch them.
     const int room = (places.coin.x() - 5 - EndX(places.namePanel)) / 5 - 2;
-    const int four = PayText("4000").width();
-    const int payout = std::min(PayText(shape.widestPayout).width(), PayText("99999").width());
+    const int five = PayText("99999").width();
     const int least = measure.Measure(kReadableFontHeight, shape.widestPayout).width() + 2;
-    const int width = std::max(four, std::min(std::max(payout, least), room));
+    const int width = std::max(PayText("4000").width(), std::min(std::max(five, least), room));
     places.payoutFontHeight =
         FittingFontHeight(measure, places.payFontHeight, shape.widestPayout, width - 2);
 
@@ -284,7 +285,42 @@ void LayoutBuilder::PlaceFeatures() {
 
     // Spin shares the places of Red or Black unless the game has both.
     if (shape.redBlack) taken.push_back(redBlack);
-    PlaceSpin(places.redPanel.united(places.choiceMark), taken);
+    const QRect spin = PlaceSpin(places.redPanel.united(places.choiceMark), taken);
+    if (shape.spin) taken.push_back(spin);
+    if (shape.target) {
+        taken.push_back(places.targets.front().united(places.targets.back()));
+    }
+    if (shape.sneakPeak) taken.push_back(places.sneakPeakCard.united(places.sneakPeakLabel.rect));
+    PlacePlate(taken);
+    PlaceHint();
+}
+
+// From the pay table, or the charlie beside it, to the coin. It gives way to everything else.
+void LayoutBuilder::PlacePlate(std::vector<QRect> taken) {
+    constexpr int kLeast = 120;  // narrower, the longest words would be cut
+    constexpr int kMost = 330;
+    const int x = 10 + (shape.charlie ? EndX(places.charlie) : EndX(places.PayTablePanel()));
+    const int width = std::min(kMost, places.coin.x() - 10 - x);
+    const int font = std::clamp(places.payFontHeight, kReadableFontHeight, 24);
+    const int small = std::max(font * 3 / 4, kReadableFontHeight);
+    const QRect plate(x, 5, width, font + small + 12);
+    for (const QRect& pile : {places.cards[3], places.cards[4]}) {
+        taken.push_back(pile.adjusted(0, -12, 6, 0));
+    }
+    const bool free = std::ranges::none_of(
+        taken, [&plate](const QRect& other) { return plate.intersects(other); });
+    if (width < kLeast || !free || !FeatureArea().contains(plate)) return;
+    places.plate = plate;
+    places.plateGame = {{x + 8, 5 + 5, width - 16, font}, font};
+    places.plateDetails = {{x + 8, 5 + 5 + font + 1, width - 16, small}, small};
+}
+
+void LayoutBuilder::PlaceHint() {
+    const QRect& message = places.message.rect;
+    const int room = places.client.height() - EndY(message) - 4;
+    const int font = std::min({places.message.fontHeight * 3 / 4, room, 18});
+    if (font < kReadableFontHeight) return;
+    places.hint = {{message.x(), EndY(message) + 3, message.width(), font}, font};
 }
 
 // Its label is no wider than the card: in the pay font of a wide screen it would reach under the
@@ -336,8 +372,8 @@ QRect LayoutBuilder::PlaceRedBlack(const std::vector<QRect>& taken) {
     return placed;
 }
 
-// wanted covers the value window, a gap of 10 pixels and the button.
-void LayoutBuilder::PlaceSpin(const QRect& wanted, const std::vector<QRect>& taken) {
+// Returns what it covers; wanted covers the value window, a gap of 10 pixels and the button.
+QRect LayoutBuilder::PlaceSpin(const QRect& wanted, const std::vector<QRect>& taken) {
     const QRect placed = NearestFreePlace(wanted, FeatureArea(), taken);
     const QPoint shift = placed.topLeft() - wanted.topLeft();
     places.spinValue = places.redPanel.united(places.blackPanel).translated(shift);
@@ -346,6 +382,7 @@ void LayoutBuilder::PlaceSpin(const QRect& wanted, const std::vector<QRect>& tak
     const int font =
         FittingFontHeight(measure, places.labelFontHeight, "SPIN", places.buttonSize.width() - 10);
     places.spinButtonText = {Centred(measure.Measure(font, "SPIN"), places.spinButton), font};
+    return placed;
 }
 
 }  // namespace

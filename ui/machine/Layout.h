@@ -70,6 +70,12 @@ struct MachineLayout {
     TextPlace creditLabel;
     TextPlace creditValue;
 
+    // Right of the pay table; null places where there is no room for them.
+    QRect plate;
+    TextPlace plateGame;
+    TextPlace plateDetails;
+    TextPlace hint;  // below the message meter
+
     QRect deal;
     QRect betOne;
     QRect maxBet;

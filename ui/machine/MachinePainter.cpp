@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr QColor kPlateGold{255, 226, 130};
+
 class MachinePainter {
   public:
     MachinePainter(MachineCanvas& onCanvas, const Scene& shownScene,
@@ -30,16 +32,19 @@ class MachinePainter {
             if (canvas.Sees(layout.PayTablePanel())) {
                 PaintPayTable(canvas, scene, layout, payTable);
             }
+            PaintPlate();
             canvas.DrawPicture(CoinPicture(scene.coin), layout.coin);
             PaintFeatures();
             PaintMeters();
         }
         PaintPlaces();
         PaintButtons();
+        canvas.WriteOnCloth(layout.hint, scene.hint, kMachineWhite);
     }
 
   private:
     void PaintDoubleUp();
+    void PaintPlate();
     void PaintFeatures();
     void PaintRedBlack();
     void PaintChoice();
@@ -69,6 +74,19 @@ void MachinePainter::PaintDoubleUp() {
     canvas.WriteOnCloth(layout.doubleUpToLabel, "DOUBLE UP TO", kMachineWhite);
     canvas.WriteOnCloth(layout.doubleUpToValue, std::to_string(scene.doubleUp.doubleUpTo),
                         kMachineWhite);
+}
+
+void MachinePainter::PaintPlate() {
+    if (layout.plate.isEmpty() || !canvas.Sees(layout.plate)) return;
+    QPainter& painter = canvas.Painter();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(QColor(0, 0, 0, 120));
+    painter.setPen(QPen(QColor(255, 226, 130, 190), 1));
+    painter.drawRoundedRect(QRectF(layout.plate).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+    painter.restore();
+    canvas.Write(layout.plateGame, scene.plate.game, kMachineWhite, Qt::AlignLeft);
+    canvas.Write(layout.plateDetails, scene.plate.details, kPlateGold, Qt::AlignLeft);
 }
 
 void MachinePainter::PaintFeatures() {

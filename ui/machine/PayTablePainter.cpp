@@ -21,6 +21,7 @@ class PayTablePainter {
         for (const QRect& column : layout.columns) {
             canvas.DrawBox(column, kMachineYellow, kMachineBlack);
         }
+        PaintBet();
         for (int column = 0; column < kCoinColumns; ++column) PaintColumn(column);
         const std::size_t lines =
             std::min({layout.rows.size(), payTable.lines.size(), scene.lines.size()});
@@ -28,6 +29,7 @@ class PayTablePainter {
     }
 
   private:
+    void PaintBet();
     void PaintColumn(int column);
     void PaintName(std::size_t line);
     void PaintMarker(const QRect& row, int nameWidth);
@@ -46,6 +48,14 @@ class PayTablePainter {
 // room.
 void FillWon(MachineCanvas& canvas, const QRect& place) {
     canvas.DrawBox(place, kMachineYellow, kMachineRed);
+}
+
+// The column of the bet that is on has a bright outline of two pixels, one of them in the gap
+// between the columns.
+void PayTablePainter::PaintBet() {
+    const QRect& column = layout.columns[static_cast<std::size_t>(scene.betColumn)];
+    canvas.DrawBox(column.adjusted(-1, -1, 1, 1), kMachineWhite, kMachineWhite);
+    canvas.DrawBox(column.adjusted(1, 1, -1, -1), kMachineBlack, kMachineBlack);
 }
 
 void PayTablePainter::PaintName(std::size_t line) {

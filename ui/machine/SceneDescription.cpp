@@ -34,7 +34,9 @@ class SceneTeller {
             TellFeatures();
             Say("Bet " + scene.bet);
             Say("Credits " + scene.credits);
+            Say(scene.plate.game + ", " + scene.plate.details);
         }
+        Say(scene.hint);
         return Join(sentences, " ");
     }
 
