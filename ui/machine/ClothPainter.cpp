@@ -63,20 +63,24 @@ void PaintEmblem(MachineCanvas& canvas, QPoint centre, int radius) {
 }
 
 // Beside the machine, where there is room: right of its buttons and, where it stands away from the
-// window's left edge, left of its cards.
+// window's left edge, left of its cards, which has less room.
 void PaintEmblems(MachineCanvas& canvas, const MachineLayout& layout) {
     const QRect window = canvas.Window();
     const int machineEnd = std::max(layout.deal.right(), layout.coin.right());
-    const auto beside = [&](int from, int to) {
-        const int room = std::min(to - from, window.height());
-        if (room < kLeastRoom) return;
-        const int radius = std::min(room * 3 / 8, kLargestRadius);
+    const int windowEnd = window.x() + window.width();
+    const int left = layout.cards[0].x() - window.x();
+    int room = std::min(windowEnd - machineEnd, window.height());
+    if (room < kLeastRoom) return;
+    const bool onBothSides = left >= kLeastRoom;
+    if (onBothSides) room = std::min(room, left);
+    const int radius = std::min(room * 3 / 8, kLargestRadius);
+    const auto between = [&](int from, int to) {
         const QPoint centre((from + to) / 2, window.y() + window.height() / 2);
         const QPoint reach(radius + 2, radius + 2);
         if (canvas.Sees({centre - reach, centre + reach})) PaintEmblem(canvas, centre, radius);
     };
-    beside(machineEnd, window.x() + window.width());
-    beside(window.x(), layout.cards[0].x());
+    between(machineEnd, windowEnd);
+    if (onBothSides) between(window.x(), layout.cards[0].x());
 }
 
 void PaintShade(MachineCanvas& canvas) {
