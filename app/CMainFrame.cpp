@@ -10,6 +10,7 @@
 
 #include "app/CMorvikDoc.h"
 #include "app/CommandTable.h"
+#include "app/WindowPlaces.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/machine/CMorvikView.h"
@@ -55,20 +56,8 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     connect(leaveFullScreen, &QShortcut::activated, this, [this] { document->Run(kFullScreen); });
     ApplyDesktopSettings();
     UpdateTitle();
-    ShowAsItWasLeft();
+    ShowAsItWasLeft(*this, view->sizeHint(), document->Desktop());
     view->setFocus();
-}
-
-// What has no place yet, or one on a screen that is gone, comes up maximized.
-void CMainFrame::ShowAsItWasLeft() {
-    const WindowPlace place = document->Desktop().Window();
-    const bool known = restoreGeometry(place.geometry);
-    if (!known) resize(view->sizeHint());
-    Qt::WindowStates states;
-    states.setFlag(Qt::WindowMaximized, !known || place.maximized);
-    states.setFlag(Qt::WindowFullScreen, place.fullScreen);
-    setWindowState(states);
-    show();
 }
 
 // All that the player has chosen for the desktop is handed on here.
@@ -221,7 +210,6 @@ bool CMainFrame::SaveToClose() {
                              "played since the last time it was?")
                               .toStdString());
     if (!closed) return false;
-    document->Desktop().SetWindow(
-        {saveGeometry(), windowState().testFlag(Qt::WindowMaximized), isFullScreen()});
+    NotePlace(*this, document->Desktop());
     return true;
 }

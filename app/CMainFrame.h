@@ -35,7 +35,6 @@ class CMainFrame : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void ShowAsItWasLeft();
     void ApplyDesktopSettings();
     void UpdateTitle();
     void MakeMenus();

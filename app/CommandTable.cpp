@@ -6,6 +6,7 @@
 #include <array>
 
 #include "app/DesktopSettings.h"
+#include "app/WindowPlaces.h"
 #include "game/commands/FileCommands.h"
 #include "game/commands/GameSelection.h"
 #include "game/commands/MachineCommands.h"
@@ -80,9 +81,7 @@ void ToggleFourColourDeck(CommandDesk& desk, int) {
     desk.desktop.SetFourColourDeck(!desk.desktop.FourColourDeck());
 }
 void ChooseCardBack(CommandDesk& desk, int id) { desk.desktop.SetCardBack(id - kFirstCardBack); }
-void ToggleFullScreen(CommandDesk& desk, int) {
-    desk.window.setWindowState(desk.window.windowState() ^ Qt::WindowFullScreen);
-}
+void ChangeFullScreen(CommandDesk& desk, int) { ToggleFullScreen(desk.window, desk.desktop); }
 
 // When they have a check mark.
 const MachineSettings& SettingsOf(const CommandDesk& desk) { return desk.seat.engine.settings; }
@@ -172,7 +171,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kFirstCardBack + 1, "Blue Waves",             0,   "",       kNever,          ChooseCardBack,                 HasBack, kAtOnce},
     Row{kFirstCardBack + 2, "Black and Gold",         0,   "",       kNever,          ChooseCardBack,                 HasBack, kAtOnce},
     EndOfChoiceRow{},
-    Row{kFullScreen,        "Full Screen",            0,   "F11",    kNever,          ToggleFullScreen,               IsFullScreen, kAtOnce},
+    Row{kFullScreen,        "Full Screen",            0,   "F11",    kNever,          ChangeFullScreen,               IsFullScreen, kAtOnce},
 
     PopupRow{"playModeMenu", "&Play Mode"},
     Row{kModeCasino,        "Casino",                 0,   "",       kDuringHand,     PlayIn<kCasino>,                 PlaysIn<kCasino>},
