@@ -1,33 +1,32 @@
 #include "app/CMainFrame.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QSettings>
+#include <QShortcut>
 
 #include "app/CMorvikDoc.h"
 #include "app/CommandTable.h"
+#include "app/WindowPlaces.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/machine/CMorvikView.h"
 
 namespace {
 
-constexpr const char* kGeometryKey = "window/geometry";
-constexpr const char* kMaximizedKey = "window/maximized";
-
 // A name may hold a '&', which would mark a letter in a menu.
 QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
 
 // An entry that can be checked and is not would show an empty box.
-void ShowState(QAction& action, const GameEngine& engine) {
+void ShowState(QAction& action, const CMorvikDoc& document) {
     const int id = action.data().toInt();
-    const bool checked = IsChecked(id, engine);
+    const bool checked = document.IsChecked(id);
     action.setCheckable(checked);
     action.setChecked(checked);
-    action.setEnabled(IsEnabled(id, engine));
+    action.setEnabled(document.IsEnabled(id));
 }
 
 }  // namespace
@@ -51,17 +50,19 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     connect(document, &CMorvikDoc::TitleChanged, this, &CMainFrame::UpdateTitle);
     connect(document, &CMorvikDoc::Settled, this, &CMainFrame::UpdateActions);
     connect(view, &CMorvikView::LaidOut, this, &CMainFrame::UpdateTitle);
-
-    const QSettings settings;
-    const bool known = restoreGeometry(settings.value(kGeometryKey).toByteArray());
-    if (!known || settings.value(kMaximizedKey, true).toBool()) {
-        if (!known) resize(view->sizeHint());
-        showMaximized();
-    } else {
-        show();
-    }
+    connect(&document->Desktop(), &DesktopSettings::Changed, this,
+            &CMainFrame::ApplyDesktopSettings);
+    leaveFullScreen = new QShortcut(Qt::Key_Escape, this);
+    leaveFullScreen->setEnabled(false);
+    connect(leaveFullScreen, &QShortcut::activated, this, [this] { document->Run(kFullScreen); });
+    ApplyDesktopSettings();
+    UpdateTitle();
+    ShowAsItWasLeft(*this, view->sizeHint(), document->Desktop());
     view->setFocus();
 }
+
+// All that the player has chosen for the desktop is handed on here.
+void CMainFrame::ApplyDesktopSettings() { UpdateActions(); }
 
 // What the plate says stands here where the machine has no room for it.
 void CMainFrame::UpdateTitle() {
@@ -77,20 +78,41 @@ void CMainFrame::MakeMenus() {
     QMenu* menu = nullptr;
     for (const MenuRow& row : MenuRows()) {
         if (std::holds_alternative<NoMenuRow>(row)) break;
-        if (const auto* popup = std::get_if<PopupRow>(&row)) {
-            menu = AddPopup(tr(popup->caption), popup->name);
-        } else if (const auto* games = std::get_if<GameRows>(&row)) {
-            AddGames(*menu, games->firstId, games->lastId);
-        } else if (const auto* own = std::get_if<UserGamesRow>(&row)) {
-            AddUserGames(*menu, tr(own->caption), own->name);
-        } else if (const auto* command = std::get_if<CommandRow>(&row)) {
-            commands.push_back(
-                AddCommand(*menu, command->id, tr(command->caption), command->shortcut));
-        } else {
-            menu->addSeparator();
-        }
+        menu = AddRow(menu, row);
     }
-    UpdateActions();
+}
+
+// Returns the menu that takes the next row.
+QMenu* CMainFrame::AddRow(QMenu* menu, const MenuRow& row) {
+    if (const auto* popup = std::get_if<PopupRow>(&row)) {
+        return AddPopup(tr(popup->caption), popup->name);
+    }
+    if (const auto* few = std::get_if<ChoiceRow>(&row)) {
+        return AddChoice(*menu, tr(few->caption), few->name);
+    }
+    if (std::holds_alternative<EndOfChoiceRow>(row)) {
+        choice = nullptr;
+        return qobject_cast<QMenu*>(menu->parent());
+    }
+    if (const auto* games = std::get_if<GameRows>(&row)) {
+        AddGames(*menu, games->firstId, games->lastId);
+    } else if (const auto* own = std::get_if<UserGamesRow>(&row)) {
+        AddUserGames(*menu, tr(own->caption), own->name);
+    } else if (const auto* command = std::get_if<CommandRow>(&row)) {
+        commands.push_back(AddCommand(*menu, command->id, tr(command->caption), command->shortcut));
+        if (choice) choice->addAction(commands.back());
+    } else if (std::holds_alternative<SeparatorRow>(row)) {
+        menu->addSeparator();
+    }
+    return menu;
+}
+
+// Dots mark the entries of a group.
+QMenu* CMainFrame::AddChoice(QMenu& menu, const QString& caption, const char* name) {
+    QMenu* few = menu.addMenu(caption);
+    few->setObjectName(name);
+    choice = new QActionGroup(few);
+    return few;
 }
 
 QMenu* CMainFrame::AddPopup(const QString& caption, const char* name) {
@@ -138,17 +160,15 @@ void CMainFrame::LeaveMenus() {
 
 void CMainFrame::ListUserGames() {
     userGames->clear();
-    const GameEngine& engine = document->PlayersSeat().engine;
     for (const UserGame& game : UserGames(document->PlayersSeat().files.Main())) {
         if (!IsGame(game.id)) continue;  // a number in the file must not choose another command
-        ShowState(*AddCommand(*userGames, game.id, MenuText(game.name)), engine);
+        ShowState(*AddCommand(*userGames, game.id, MenuText(game.name)), *document);
     }
     userGames->setEnabled(!userGames->isEmpty());
 }
 
 void CMainFrame::UpdateActions() {
-    const GameEngine& engine = document->PlayersSeat().engine;
-    for (QAction* action : commands) ShowState(*action, engine);
+    for (QAction* action : commands) ShowState(*action, *document);
 }
 
 // What was pressed before a question came up was not meant for what follows its answer: the second
@@ -159,6 +179,14 @@ bool CMainFrame::event(QEvent* event) {
         view->ForgetPresses();
     }
     return QMainWindow::event(event);
+}
+
+void CMainFrame::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange && document) {
+        leaveFullScreen->setEnabled(isFullScreen());
+        UpdateActions();
+    }
+    QMainWindow::changeEvent(event);
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
@@ -190,8 +218,6 @@ bool CMainFrame::SaveToClose() {
                              "played since the last time it was?")
                               .toStdString());
     if (!closed) return false;
-    QSettings settings;
-    settings.setValue(kGeometryKey, saveGeometry());
-    settings.setValue(kMaximizedKey, isMaximized());
+    NotePlace(*this, document->Desktop());
     return true;
 }

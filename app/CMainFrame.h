@@ -4,11 +4,15 @@
 #include <functional>
 #include <vector>
 
+#include "app/CommandTable.h"
+
 class CMorvikDoc;
 class CMorvikView;
 class PictureStore;
 class QAction;
+class QActionGroup;
 class QMenu;
+class QShortcut;
 
 class CMainFrame : public QMainWindow {
     Q_OBJECT
@@ -27,12 +31,16 @@ class CMainFrame : public QMainWindow {
 
   protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void ApplyDesktopSettings();
     void UpdateTitle();
     void MakeMenus();
+    QMenu* AddRow(QMenu* menu, const MenuRow& row);
     QMenu* AddPopup(const QString& caption, const char* name);
+    QMenu* AddChoice(QMenu& menu, const QString& caption, const char* name);
     QAction* AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut = "");
     void AddGames(QMenu& menu, int firstId, int lastId);
     void AddUserGames(QMenu& menu, const QString& caption, const char* name);
@@ -46,6 +54,8 @@ class CMainFrame : public QMainWindow {
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
     QMenu* userGames = nullptr;
-    std::vector<QAction*> commands;  // but for the user games; their data are their commands
+    QActionGroup* choice = nullptr;        // of the submenu that is being made
+    QShortcut* leaveFullScreen = nullptr;  // only there while there is something to leave
+    std::vector<QAction*> commands;        // but for the user games; their data are their commands
     bool closed = false;
 };

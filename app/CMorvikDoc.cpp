@@ -32,6 +32,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
            .spare = parts.spare,
            .paths = paths,
            .pictures = parts.pictures,
+           .desktop = desktop,
            .window = window} {
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);
@@ -66,10 +67,10 @@ void CMorvikDoc::SaveForNow() {
 
 // The window hurries what runs when it is closed, so the exit need not wait.
 void CMorvikDoc::Run(int command) {
-    if (command == kExit) return Dispatch(command);
+    if (IsDoneAtOnce(command)) return Dispatch(command);
     PressInHand choice;
     actions.Begin(choice, PressKind::kOther, [this, command] {
-        if (IsEnabled(command, seat.engine)) Dispatch(command);
+        if (IsEnabled(command)) Dispatch(command);
     });
 }
 

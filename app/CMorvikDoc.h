@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "app/CommandTable.h"
+#include "app/DesktopSettings.h"
 #include "app/WindowPlayer.h"
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
@@ -45,8 +46,12 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void SaveForNow();
 
     // Runs a command of the menus, unless it is greyed as the machine stands. While a flow runs it
-    // waits like any press; the exit never does.
+    // waits like any press, but for those that are done at once.
     void Run(int command);
+
+    // By a command of the menus, as the machine stands.
+    bool IsChecked(int command) const { return ::IsChecked(command, desk); }
+    bool IsEnabled(int command) const { return ::IsEnabled(command, seat.engine); }
 
     // Runs a command that a key or a press at the machine stands for, whose turn has come, unless
     // it may not be given so.
@@ -60,6 +65,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void AnswerQuestions();
 
     Seat& PlayersSeat() { return seat; }
+    DesktopSettings& Desktop() { return desktop; }
     ActionQueue& Actions() { return actions; }  // all that acts on the table goes through it
 
   signals:
@@ -77,6 +83,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     DataFilePaths paths;
     GameFiles files;
     LineTableCache lineTables;
+    DesktopSettings desktop;
     WindowPlayer player;
     ActionQueue actions;
     Seat seat;

@@ -5,6 +5,8 @@
 #include <Qt>
 #include <array>
 
+#include "app/DesktopSettings.h"
+#include "app/WindowPlaces.h"
 #include "game/commands/FileCommands.h"
 #include "game/commands/GameSelection.h"
 #include "game/commands/MachineCommands.h"
@@ -71,25 +73,44 @@ void OpenHelp(CommandDesk& desk, int) {
 }
 void ShowAbout(CommandDesk& desk, int) { AboutDialog(&desk.window).exec(); }
 
+// What belongs to the desktop.
+void ToggleAnimation(CommandDesk& desk, int) {
+    desk.desktop.SetAnimation(!desk.desktop.Animation());
+}
+void ToggleFourColourDeck(CommandDesk& desk, int) {
+    desk.desktop.SetFourColourDeck(!desk.desktop.FourColourDeck());
+}
+void ChooseCardBack(CommandDesk& desk, int id) { desk.desktop.SetCardBack(id - kFirstCardBack); }
+void ChangeFullScreen(CommandDesk& desk, int) { ToggleFullScreen(desk.window, desk.desktop); }
+
 // When they have a check mark.
-bool IsPlayed(const GameEngine& engine, int id) { return id == engine.settings.gameId; }
-bool IsPractice(const GameEngine& engine, int) { return engine.fixedHand; }
+const MachineSettings& SettingsOf(const CommandDesk& desk) { return desk.seat.engine.settings; }
+bool IsPlayed(const CommandDesk& desk, int id) { return id == SettingsOf(desk).gameId; }
+bool IsPractice(const CommandDesk& desk, int) { return desk.seat.engine.fixedHand; }
 template <bool MachineSettings::*kFlag>
-bool Has(const GameEngine& engine, int) {
-    return engine.settings.*kFlag;
+bool Has(const CommandDesk& desk, int) {
+    return SettingsOf(desk).*kFlag;
 }
 template <PlayMode kMode>
-bool PlaysIn(const GameEngine& engine, int) {
-    return engine.settings.mode == kMode;
+bool PlaysIn(const CommandDesk& desk, int) {
+    return SettingsOf(desk).mode == kMode;
 }
 template <int kCents>
-bool PaysWith(const GameEngine& engine, int) {
-    return engine.settings.coin == kCents / 100.0;
+bool PaysWith(const CommandDesk& desk, int) {
+    return SettingsOf(desk).coin == kCents / 100.0;
 }
 template <Speed kSpeed>
-bool RunsAt(const GameEngine& engine, int) {
-    return engine.settings.speed == kSpeed;
+bool RunsAt(const CommandDesk& desk, int) {
+    return SettingsOf(desk).speed == kSpeed;
 }
+bool IsAnimated(const CommandDesk& desk, int) { return desk.desktop.Animation(); }
+bool HasFourColours(const CommandDesk& desk, int) { return desk.desktop.FourColourDeck(); }
+bool HasBack(const CommandDesk& desk, int id) {
+    return desk.desktop.CardBack() == id - kFirstCardBack;
+}
+bool IsFullScreen(const CommandDesk& desk, int) { return desk.window.isFullScreen(); }
+
+constexpr bool kAtOnce = true;
 
 using enum Grey;
 using enum PlayMode;
@@ -108,7 +129,8 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kFileSave,          "&Save",                  0,   "Ctrl+S", kDuringHand,     AtSeat<SaveGameFile>},
     Row{kFileSaveAs,        "Save &As...",            0,   "",       kDuringHand,     AtSeat<SaveGameFileAs>},
     SeparatorRow{},
-    Row{kExit,              "E&xit",                  0,   "",       kNever,          Exit},
+    LastGameFilesRow{},
+    Row{kExit,              "E&xit",                  0,   "Ctrl+Q", kNever,          Exit,                           nullptr, kAtOnce},
 
     PopupRow{"editMenu", "&Edit"},
     Row{kEditUndo,          "&Undo",                  0,   "Ctrl+Z", kAlways,         DoNothing},
@@ -141,6 +163,15 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kToggleShowDollar,  "Show Credits as Cash",   'C', "",       kMenuDuringHand, AtSeat<ToggleShowDollar>,       Has<&Set::showDollar>},
     SeparatorRow{},
     Row{kCombinations,      "Calculate Combinations", 0,   "",       kNever,          CountCombinations},
+    SeparatorRow{},
+    Row{kAnimation,         "Animation",              0,   "",       kNever,          ToggleAnimation,                IsAnimated, kAtOnce},
+    Row{kFourColourDeck,    "Four-Colour Deck",       0,   "",       kNever,          ToggleFourColourDeck,           HasFourColours, kAtOnce},
+    ChoiceRow{"cardBackMenu", "Card Back"},
+    Row{kFirstCardBack,     "Crimson",                0,   "",       kNever,          ChooseCardBack,                 HasBack, kAtOnce},
+    Row{kFirstCardBack + 1, "Blue Waves",             0,   "",       kNever,          ChooseCardBack,                 HasBack, kAtOnce},
+    Row{kFirstCardBack + 2, "Black and Gold",         0,   "",       kNever,          ChooseCardBack,                 HasBack, kAtOnce},
+    EndOfChoiceRow{},
+    Row{kFullScreen,        "Full Screen",            0,   "F11",    kNever,          ChangeFullScreen,               IsFullScreen, kAtOnce},
 
     PopupRow{"playModeMenu", "&Play Mode"},
     Row{kModeCasino,        "Casino",                 0,   "",       kDuringHand,     PlayIn<kCasino>,                 PlaysIn<kCasino>},
@@ -207,9 +238,14 @@ int CommandOfKey(int key) {
     return row ? row->id : kNoCommand;
 }
 
-bool IsChecked(int id, const GameEngine& engine) {
+bool IsChecked(int id, const CommandDesk& desk) {
     const CommandRow* row = RowOf(id);
-    return row && row->isChecked && row->isChecked(engine, id);
+    return row && row->isChecked && row->isChecked(desk, id);
+}
+
+bool IsDoneAtOnce(int id) {
+    const CommandRow* row = RowOf(id);
+    return row && row->atOnce;
 }
 
 bool IsEnabled(int id, const GameEngine& engine) {

@@ -6,6 +6,7 @@
 
 #include "ui/machine/Commands.h"
 
+class DesktopSettings;
 class HelpWindow;
 class PictureStore;
 class QWidget;
@@ -19,6 +20,7 @@ struct CommandDesk {
     GameEngine& spare;
     const DataFilePaths& paths;
     PictureStore& pictures;
+    DesktopSettings& desktop;
     QWidget& window;             // the program's; dialogs are over it
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
@@ -38,7 +40,8 @@ struct CommandRow {
     const char* shortcut = "";  // of the menu; empty = none
     Grey grey = Grey::kNever;
     void (*run)(CommandDesk& desk, int id) = nullptr;
-    bool (*isChecked)(const GameEngine& engine, int id) = nullptr;  // nullptr: never
+    bool (*isChecked)(const CommandDesk& desk, int id) = nullptr;  // nullptr: never
+    bool atOnce = false;  // also while a flow runs, which has nothing to do with it
 };
 
 // The rows behind a popup, up to the next, are its entries.
@@ -47,6 +50,14 @@ struct PopupRow {
     const char* caption;
 };
 struct SeparatorRow {};
+
+// The rows behind it, up to the end, are the entries of a submenu, of which one is chosen at a
+// time.
+struct ChoiceRow {
+    const char* name;  // of the menu object
+    const char* caption;
+};
+struct EndOfChoiceRow {};
 
 // Entries for the games of the catalogue that are offered, from one id to another; their captions
 // are their names.
@@ -58,9 +69,11 @@ struct UserGamesRow {  // the submenu of the player's own games
     const char* name;  // of its object
     const char* caption;
 };
-struct NoMenuRow {};  // the commands behind it have a key alone
+struct LastGameFilesRow {};  // the game files to go on in, with a separator behind them
+struct NoMenuRow {};         // the commands behind it have a key alone
 
-using MenuRow = std::variant<PopupRow, CommandRow, SeparatorRow, GameRows, UserGamesRow, NoMenuRow>;
+using MenuRow = std::variant<PopupRow, CommandRow, SeparatorRow, ChoiceRow, EndOfChoiceRow,
+                             GameRows, UserGamesRow, LastGameFilesRow, NoMenuRow>;
 
 std::span<const MenuRow> MenuRows();
 
@@ -69,7 +82,8 @@ int CommandOfKey(int key);
 
 // By the id of a command or a game, as the machine stands. Of an id that is no command's, none is
 // true.
-bool IsChecked(int id, const GameEngine& engine);
+bool IsChecked(int id, const CommandDesk& desk);
+bool IsDoneAtOnce(int id);
 bool IsEnabled(int id, const GameEngine& engine);       // in the menus
 bool IsEnabledByKey(int id, const GameEngine& engine);  // or by a press at the machine
 

@@ -99,10 +99,23 @@ TEST_F(CloseTest, TheWindowIsFirstMaximizedAndThenAsItWasLeft) {
     program->frame->resize(670, 560);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !program->frame->isMaximized(); }));
     const QSize size = program->frame->size();
-    program->frame->close();
-    Start();
-    EXPECT_FALSE(program->frame->isMaximized());
+    // F11 works at any time, Esc only to leave; the window then has the size that it had.
+    const auto reopen = [&](std::initializer_list<Qt::Key> keys) {
+        program->Keys(keys);
+        const bool full = program->frame->isFullScreen();
+        program->frame->close();
+        Start();
+        EXPECT_EQ(program->frame->isFullScreen(), full);
+        EXPECT_FALSE(program->frame->isMaximized());
+        return full;
+    };
+    EXPECT_FALSE(reopen({Qt::Key_F11, Qt::Key_Escape, Qt::Key_Escape}));
     EXPECT_EQ(program->frame->size(), size);
+    EXPECT_TRUE(reopen({Qt::Key_F11}));
+    EXPECT_FALSE(reopen({Qt::Key_Escape}));
+    EXPECT_EQ(program->frame->size(), size);
+    program->Key(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program->frame->isVisible(); }));
 }
 
 }  // namespace

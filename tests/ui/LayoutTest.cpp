@@ -7,12 +7,14 @@
 #include <array>
 #include <limits>
 #include <ostream>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "core/paytable/PayTable.h"
 #include "ui/machine/LayoutFreePlace.h"
+#include "ui/machine/MachineFit.h"
 
 // For the messages of a failed test.
 void PrintTo(const QRect& rect, std::ostream* out) {
@@ -246,23 +248,34 @@ TEST(LayoutTest, WhatIsInTheWayGoesToTheNearestFreePlace) {
     EXPECT_EQ(NearestFreePlace({90, -5, 20, 20}, area, {}), QRect(80, 0, 20, 20));
 }
 
+std::vector<QSize> Windows() {
+    std::vector<QSize> windows;
+    for (const int width : {640, 741, 800, 1000, 1024, 1366, 1920, 2560, 3840}) {
+        for (const int height : {480, 533, 600, 617, 700, 768, 1080, 2160}) {
+            windows.emplace_back(width, height);
+        }
+    }
+    return windows;
+}
+
 TEST(LayoutTest, NothingIsCutOffOrCoveredInAnyWindowFromTheSmallestOn) {
-    for (int width = kMinimumMachineSize.width(); width < 3000; width += 97) {
-        for (int height = kMinimumMachineSize.height(); height < 1700; height += 53) {
-            for (const int lines : {1, 3, 9, 15}) {
-                const TableShape shape{lines, "20000", true, true, true, true, true};
-                const MachineLayout table = Squares(width, height, shape);
-                EXPECT_EQ(FaultsInPlay(table, shape), "") << Words({width, height}, shape);
-            }
+    for (const QSize window : Windows()) {
+        const MachineFit fit = MachineFit::Into(window);
+        EXPECT_TRUE(QRect(QPoint(0, 0), window).contains(fit.ToClient({{0, 0}, fit.table})));
+        for (const int lines : {1, 3, 9, 15}) {
+            const TableShape shape{lines, "20000", true, true, true, true, true};
+            const MachineLayout table = Squares(fit.table.width(), fit.table.height(), shape);
+            EXPECT_EQ(FaultsInPlay(table, shape), "") << Words(window, shape);
         }
     }
 }
 
 // The machine's real font, every number of lines that a game has, every set of bonuses.
 TEST(LayoutTest, NothingIsCutOffOrCoveredInTheRealFont) {
-    for (const QSize client :
-         {QSize(640, 480), QSize(800, 600), QSize(1024, 700), QSize(1366, 768), QSize(1920, 1080),
-          QSize(2560, 1440), QSize(1000, 617), QSize(3840, 480), QSize(640, 2000)}) {
+    std::set<std::pair<int, int>> tried;
+    for (const QSize window : Windows()) {
+        const QSize client = MachineFit::Into(window).table;
+        if (!tried.emplace(client.width(), client.height()).second) continue;
         for (unsigned i = 0; i < 9 * 3 * 32; ++i) {
             const auto has = [i](unsigned bonus) { return (i >> bonus & 1U) != 0; };
             constexpr std::array payouts = {"4000", "20000", "2147483647"};
@@ -276,6 +289,49 @@ TEST(LayoutTest, NothingIsCutOffOrCoveredInTheRealFont) {
                                    has(4)};
             const auto table = LayOut(client, shape, QtTextMeasure()).value();
             EXPECT_EQ(FaultsInPlay(table, shape) + TextFaults(table), "") << Words(client, shape);
+        }
+    }
+}
+
+TEST(MachineFitTest, ALargerWindowShowsTheMachineLargerInItsMiddle) {
+    struct Case {
+        QSize window, table;
+        double zoom;
+        QPoint origin;
+    };
+    const Case cases[] = {
+        {{640, 480}, {640, 480}, 1, {0, 0}},
+        {{1024, 700}, {1024, 700}, 1, {0, 0}},
+        {{1025, 701}, {1024, 700}, 1025 / 1024.0, {0, 0}},
+        {{2048, 1500}, {1024, 700}, 2, {0, 50}},
+        {{1920, 1050}, {1024, 700}, 1.5, {192, 0}},
+        {{3000, 480}, {1024, 480}, 1, {988, 0}},  // too low to be shown larger
+        {{0, 0}, {0, 0}, 1, {0, 0}},
+    };
+    for (const Case& c : cases) {
+        const MachineFit fit = MachineFit::Into(c.window);
+        EXPECT_EQ(fit.client, c.window);
+        EXPECT_EQ(fit.table, c.table);
+        EXPECT_DOUBLE_EQ(fit.zoom, c.zoom);
+        EXPECT_EQ(fit.origin, c.origin);
+    }
+    // A strip on the right is left to something else.
+    const MachineFit beside = MachineFit::Into({2348, 1500}, 300);
+    EXPECT_TRUE(beside.zoom == 2 && beside.origin == QPoint(0, 50) &&
+                beside.client.width() == 2348);
+}
+
+TEST(MachineFitTest, PlacesAreFoundAgainFromTheirPixels) {
+    const MachineFit half = MachineFit::Into({1920, 1050});
+    EXPECT_EQ(half.ToClient(QRect(10, 20, 5, 4)), QRect(207, 30, 8, 6));  // 207 .. 214.5
+    EXPECT_EQ(half.ToTable(QRect(207, 30, 8, 7)), QRect(10, 20, 6, 5));
+    EXPECT_EQ(half.ToTable(QPointF(214, 30)), QPoint(15, 20));  // its middle is at 22.5 / 1.5
+    for (const QSize window : Windows()) {
+        const MachineFit fit = MachineFit::Into(window);
+        for (int i = 0; i < 1024; i += 31) {
+            const QRect place(i, i / 2, 3 + i % 7, 3 + i % 5);
+            EXPECT_TRUE(fit.ToTable(fit.ToClient(place)).contains(place));
+            EXPECT_TRUE(place.contains(fit.ToTable(fit.ToClient(place).center()))) << i;
         }
     }
 }

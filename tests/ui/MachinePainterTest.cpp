@@ -21,6 +21,7 @@
 #include "ui/machine/ChangedRegion.h"
 #include "ui/machine/Commands.h"
 #include "ui/machine/Layout.h"
+#include "ui/machine/MachineFit.h"
 #include "ui/machine/MachinePainter.h"
 #include "ui/machine/SceneDescription.h"
 
@@ -28,7 +29,7 @@ constexpr QSize kClient{640, 480};
 constexpr QRgb kUntouched = 0xffff00ff;
 
 MachineLayout LayoutOf(const TestSeat& t, QSize client = kClient) {
-    return *LayOut(client, ShapeOf(t.engine.payTable), QtTextMeasure());
+    return *LayOut(MachineFit::Into(client).table, ShapeOf(t.engine.payTable), QtTextMeasure());
 }
 
 // The scene in a picture that is larger than the client by a margin on the right and below.
@@ -41,8 +42,8 @@ struct Canvas {
 
     void Paint(const TestSeat& t, const Scene& scene, const QRegion& clip, QSize client = kClient) {
         QPainter painter(&image);
-        PaintMachine(painter, clip, scene, LayoutOf(t, client), t.engine.payTable,
-                     t.engine.deck.table, pictures);
+        PaintMachine(painter, clip, scene, MachineFit::Into(client), LayoutOf(t, client),
+                     t.engine.payTable, t.engine.deck.table, pictures);
     }
 
     PictureStore pictures;
@@ -156,7 +157,8 @@ QImage PaintedInPieces(const TestSeat& t, double ratio, QSize client) {
 TEST(MachinePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneIsPainted) {
     const auto isPainted = [](QColor c) { return c.rgb() != kUntouched; };
     for (const auto& [client, ratio] :
-         {std::pair(kClient, 1.0), std::pair(kClient, 2.0), std::pair(QSize(200, 150), 1.0)}) {
+         {std::pair(kClient, 1.0), std::pair(kClient, 2.0), std::pair(QSize(200, 150), 1.0),
+          std::pair(QSize(1366, 768), 1.0)}) {
         ForEachState(
             [&, size = client, scale = ratio](const TestSeat& t, const std::string& state) {
                 if (state.starts_with("start of")) return;
@@ -172,24 +174,35 @@ TEST(MachinePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneI
 }
 
 // A window that paints only what a step has changed, in the games of ForEachState.
-class ChangedRegionTest : public testing::TestWithParam<double> {};
-INSTANTIATE_TEST_SUITE_P(PixelRatios, ChangedRegionTest, testing::Values(1, 1.25, 1.5, 2));
+struct Screen {
+    QSize client;
+    double ratio;
+};
+class ChangedRegionTest : public testing::TestWithParam<Screen> {};
+INSTANTIATE_TEST_SUITE_P(Screens, ChangedRegionTest,
+                         testing::Values(Screen{kClient, 1}, Screen{kClient, 1.25},
+                                         Screen{kClient, 1.5}, Screen{kClient, 2},
+                                         Screen{{1366, 768}, 1}, Screen{{1366, 768}, 1.25},
+                                         Screen{{1920, 1080}, 1}, Screen{{1237, 1811}, 1.5},
+                                         Screen{{3840, 2160}, 1}));
 
 TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
-    const double ratio = GetParam();
+    const auto [client, ratio] = GetParam();
+    const MachineFit fit = MachineFit::Into(client);
     std::vector<std::unique_ptr<Canvas>> windows;
     int cards = 0;
     ForEachState([&](TestSeat& t, const std::string& state) {
         if (!state.starts_with("start")) return;
-        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(ratio));
-        window.Paint(t, t.seat.scene, QRect(QPoint(0, 0), kClient));
+        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(ratio, client));
+        Canvas& whole = *windows.emplace_back(std::make_unique<Canvas>(ratio, client));
+        window.Paint(t, t.seat.scene, QRect(QPoint(0, 0), client), client);
         t.ports.looks = [&](const Scene& before, const Scene& now) {
-            const MachineLayout layout = LayoutOf(t);
-            const QRegion changed = ChangedRegion(before, now, layout);
-            window.Paint(t, now, changed);
             if (before == now) return;
-            EXPECT_EQ(Difference(window.image, Painted(t, now, ratio)), QRect())
-                << t.ports.log.back();
+            const MachineLayout layout = LayoutOf(t, client);
+            const QRegion changed = ChangedRegion(before, now, layout);
+            window.Paint(t, now, fit.ToClient(changed), client);
+            whole.Paint(t, now, QRect(QPoint(0, 0), client), client);
+            EXPECT_EQ(Difference(window.image, whole.image), QRect()) << t.ports.log.back();
             Scene turned = before;
             turned.places[2].card = now.places[2].card;
             if (turned != now) return;

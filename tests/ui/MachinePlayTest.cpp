@@ -26,18 +26,23 @@ class MachinePlayTest : public ProgramTest {
     }
 };
 
-TEST_F(MachinePlayTest, AHandIsPlayedByMouse) {
-    TestProgram& p = Start();
-    EXPECT_EQ(p.Message(), "PRESS DEAL");
-    p.Stack(kJacks, 8);
-    p.Click(p.Places().deal);
-    EXPECT_EQ(p.Meters(), "HOLD/DRAW, bet 5, credits 95");
-    p.Click(p.Places().cards[0]);
-    p.Click(p.Places().holdButtons[1]);
-    EXPECT_EQ(p.Held(), 0b11000);
-    p.Click(p.Places().deal);
-    EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
-    EXPECT_EQ(p.Meters(), "WON 15, bet 5, credits 110");
+TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
+    for (const QSize window : {QSize(800, 700), QSize(2300, 1500)}) {
+        TestProgram& p = Start();
+        p.frame->resize(window);
+        EXPECT_EQ(p.view->fit.zoom > 2, window.width() > 2000);
+        EXPECT_EQ(p.Message(), "PRESS DEAL");
+        const std::string credits = p.ShownScene().credits;
+        p.Stack(kJacks, 8);
+        p.Click(p.Places().deal);
+        EXPECT_EQ(p.Message(), "HOLD/DRAW");
+        p.Click(p.Places().cards[0]);
+        p.Click(p.Places().holdButtons[1]);
+        EXPECT_EQ(p.Held(), 0b11000);
+        p.Click(p.Places().deal);
+        EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
+        EXPECT_EQ(p.Meters(), "WON 15, bet 5, credits " + std::to_string(std::stoi(credits) + 10));
+    }
 }
 
 TEST_F(MachinePlayTest, AHandIsPlayedByTheKeysOfEitherRow) {

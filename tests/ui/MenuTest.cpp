@@ -1,6 +1,7 @@
 // The menu bar: what stands in it, when it may be chosen, and what it does.
 #include <QMenu>
 #include <QMenuBar>
+#include <QSettings>
 
 #include "core/paytable/GameCatalogue.h"
 #include "game/seat/ShowScene.h"
@@ -83,16 +84,31 @@ TEST_F(MenuTest, AGreyedCommandDoesNothing) {
 
 TEST_F(MenuTest, ChecksFollowTheMachine) {
     TestProgram& p = Start();
-    EXPECT_EQ(Checked(), (std::vector{300, 406, 407, 500, 603, 800}));
-    for (const int command : {330, 406, 407, 408, 502, 601, 801, 801}) p.Choose(command);
-    EXPECT_EQ(Checked(), (std::vector{330, 408, 502, 601, 801}));
-    for (const int command : {350, 406, 503, 600, 802}) p.Choose(command);
-    EXPECT_EQ(Checked(), (std::vector{350, 406, 408, 503, 504, 600, 802}))
+    EXPECT_EQ(Checked(), (std::vector{300, 406, 407, 420, 422, 500, 603, 800}));
+    for (const int command : {330, 406, 407, 408, 424, 502, 601, 801, 801}) p.Choose(command);
+    EXPECT_EQ(Checked(), (std::vector{330, 408, 420, 424, 502, 601, 801}));
+    for (const int command : {350, 406, 420, 421, 423, 503, 600, 802}) p.Choose(command);
+    EXPECT_EQ(Checked(), (std::vector{350, 406, 408, 421, 423, 503, 504, 600, 802}))
         << "Error Log practises with fixed hands";
     p.Choose(501);
     p.engine.settings.coin = 0.1;
-    EXPECT_EQ(Checked(), (std::vector{350, 406, 408, 501, 802})) << "no such coin";
+    EXPECT_EQ(Checked(), (std::vector{350, 406, 408, 421, 423, 501, 802})) << "no such coin";
     p.Choose(602);
+}
+
+TEST_F(MenuTest, WhatBelongsToTheDesktopIsDoneInTheMiddleOfAHandAndKeptForTheNextStart) {
+    Start().clock.inPause = [this] { program->Choose(kFourColourDeck); };
+    program->Key(Qt::Key_D);
+    EXPECT_TRUE(program->document->Desktop().FourColourDeck());
+    EXPECT_EQ(program->document->Actions().WaitingPresses(), 0);
+    program->Choose(kFirstCardBack + 1);
+    for (int i = 0; i < 5; ++i) program->document->Desktop().CountHand();
+    const DesktopSettings& later = Start().document->Desktop();
+    EXPECT_TRUE(later.FourColourDeck() && later.Animation());
+    EXPECT_EQ(later.CardBack(), 1);
+    EXPECT_EQ(later.HandsPlayed(), DesktopSettings::kHintedHands);
+    QSettings().setValue("table/cardBack", 7);
+    EXPECT_EQ(later.CardBack(), 0);
 }
 
 TEST_F(MenuTest, AGameChangeBringsItsTitleAndItsPlaces) {

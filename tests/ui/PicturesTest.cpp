@@ -118,7 +118,7 @@ TEST(PictureStoreTest, OddWishesGetAnEmptyOrAMarkedPixmapAndMemoryStaysBounded) 
     const auto first = store.Get(Picture::kFelt, size, 1).cacheKey();
     EXPECT_EQ(store.Get(Picture::kFelt, size, 1.5).size(), QSize(144, 144)) << "of another screen";
     EXPECT_EQ(store.Get(Picture::kFelt, size, 1).cacheKey(), first);
-    for (int side = 1900; side < 1906; ++side) store.Get(missing, QSize(side, side), 1);
+    for (int side = 3200; side < 3205; ++side) store.Get(missing, QSize(side, side), 1);
     EXPECT_NE(store.Get(Picture::kFelt, size, 1).cacheKey(), first) << "forgotten on the way";
 }
 

@@ -83,11 +83,13 @@ class TestProgram {
     void Keys(std::initializer_list<Qt::Key> keys) const {
         for (const Qt::Key key : keys) Key(key);
     }
+    // Places are those of the layout, whatever the window shows them as.
+    QPoint MiddleOf(const QRect& place) const { return view->fit.ToClient(place).center(); }
     void Press(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
-        QTest::mousePress(view, button, {}, place.center());
+        QTest::mousePress(view, button, {}, MiddleOf(place));
     }
     void Release(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
-        QTest::mouseRelease(view, button, {}, place.center());
+        QTest::mouseRelease(view, button, {}, MiddleOf(place));
     }
     void Click(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
         Press(place, button);
@@ -96,7 +98,7 @@ class TestProgram {
     void RightPress(const QRect& place) const { Click(place, Qt::RightButton); }
     void DoubleClick(const QRect& place) const {
         Click(place);
-        QTest::mouseDClick(view, Qt::LeftButton, {}, place.center());  // the second press only
+        QTest::mouseDClick(view, Qt::LeftButton, {}, MiddleOf(place));  // the second press only
         Release(place);
     }
 

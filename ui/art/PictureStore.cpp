@@ -12,8 +12,9 @@ void LoadArt() { Q_INIT_RESOURCE(art); }
 
 namespace {
 
-constexpr int64_t kMaxBytes = 64 << 20;
+constexpr int64_t kMaxBytes = 160 << 20;  // a machine of 8K takes 60
 constexpr int kMaxSide = 4096;
+constexpr qreal kAlmost = 1e-6;  // a hair more than a whole pixel is the rounding of a ratio
 
 void DrawMissing(QPainter& painter, const QRectF& place) {
     painter.fillRect(place, QColor(224, 224, 224));
@@ -51,7 +52,7 @@ const QPixmap& PictureStore::Get(Picture picture, QSize logicalSize, qreal devic
     const qreal ratio = std::max<qreal>(1, devicePixelRatio);
     const qreal width = logicalSize.width() * ratio, height = logicalSize.height() * ratio;
     if (!(width > 0 && height > 0 && width <= kMaxSide && height <= kMaxSide)) return kNone;
-    const QSize pixels(qCeil(width), qCeil(height));
+    const QSize pixels(qCeil(width - kAlmost), qCeil(height - kAlmost));
     const Key key(static_cast<int>(picture), pixels.width(), pixels.height(), ratio);
     if (const auto known = pixmaps.find(key); known != pixmaps.end()) return known->second;
     const int64_t bytes = 4 * int64_t{pixels.width()} * pixels.height();

@@ -19,7 +19,7 @@ class PictureStore {
     // 1), which the pixmap carries; parts of a pixel are rounded up. A null pixmap for an empty
     // size or one beyond 4096 pixels; a crossed grey card for a number without a drawing. The
     // reference is good until the next Get: the store forgets everything when it would keep more
-    // than 64 MiB.
+    // than 160 MiB.
     const QPixmap& Get(Picture picture, QSize logicalSize, qreal devicePixelRatio);
 
   private:

@@ -59,11 +59,14 @@ CMorvikView::CMorvikView(Seat& shownSeat, PictureStore& store, ActionQueue& queu
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QSize CMorvikView::sizeHint() const { return {1024, 700}; }
+QSize CMorvikView::sizeHint() const { return kLargestMachineSize; }
 
 void CMorvikView::LayOutMachine() {
-    const auto laidOut = LayOut(size(), ShapeOf(seat.engine.payTable), measure);
-    if (laidOut) places = *laidOut;
+    const MachineFit fitted = MachineFit::Into(size());
+    if (const auto laidOut = LayOut(fitted.table, ShapeOf(seat.engine.payTable), measure)) {
+        fit = fitted;
+        places = *laidOut;
+    }
     shown = seat.scene;
     update();
     emit LaidOut();
@@ -72,12 +75,12 @@ void CMorvikView::LayOutMachine() {
 void CMorvikView::ShowScene() {
     const QRegion changed = ChangedRegion(shown, seat.scene, places);
     shown = seat.scene;
-    if (!changed.isEmpty()) update(changed);
+    if (!changed.isEmpty()) update(fit.ToClient(changed));
 }
 
 void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    PaintMachine(painter, event->region(), shown, places, seat.engine.payTable,
+    PaintMachine(painter, event->region(), shown, fit, places, seat.engine.payTable,
                  seat.engine.deck.table, pictures);
     if (QAccessible::isActive()) announcementDue.start(kAnnouncementDelay, this);
 }
@@ -122,7 +125,7 @@ bool CMorvikView::event(QEvent* event) {
 }
 
 void CMorvikView::mousePressEvent(QMouseEvent* event) {
-    const QPoint point = event->position().toPoint();
+    const QPoint point = fit.ToTable(event->position());
     if (event->button() == Qt::LeftButton) {
         leftDown = true;
         actions.Begin(leftPress, input.KindAt(point), [=, this] { input.Press(point); });
@@ -134,7 +137,7 @@ void CMorvikView::mousePressEvent(QMouseEvent* event) {
 // A button that was down when a flow began goes up with the finger, whatever becomes of the press.
 void CMorvikView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    const QPoint point = event->position().toPoint();
+    const QPoint point = fit.ToTable(event->position());
     input.ReleaseButtons();
     if (!std::exchange(leftDown, false)) return;
     const PressInHand press = leftPress;
@@ -147,7 +150,7 @@ void CMorvikView::mouseReleaseEvent(QMouseEvent* event) {
 // A quick second press is a press as well, or fast players would lose every other one; but not when
 // the first has only ended a count-up.
 void CMorvikView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const QPoint point = event->position().toPoint();
+    const QPoint point = fit.ToTable(event->position());
     const bool left = event->button() == Qt::LeftButton;
     const PressInHand& first = left ? leftPress : rightPress;
     if (first && first->state == Press::State::kUsedUp) return;

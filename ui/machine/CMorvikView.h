@@ -6,6 +6,7 @@
 
 #include "game/seat/Seat.h"
 #include "ui/machine/Layout.h"
+#include "ui/machine/MachineFit.h"
 #include "ui/machine/MachineInput.h"
 
 class PictureStore;
@@ -31,7 +32,9 @@ class CMorvikView : public QWidget {
     // No button stays down: what is let go over a dialog that came between is let go there.
     void ForgetPresses();
 
-    MachineLayout places;  // as of the last change of size or pay table
+    // As of the last change of size or pay table. The places count in units of the table.
+    MachineFit fit;
+    MachineLayout places;
 
   signals:
     void LaidOut();

@@ -5,6 +5,6 @@
 struct MachineLayout;
 struct Scene;
 
-// Holds every point, in client coordinates, at which the two scenes look different, and not much
+// Holds every point, in units of the table, at which the two scenes look different, and not much
 // more: of one card that is turned, that card. Both are of the pay table that is laid out.
 QRegion ChangedRegion(const Scene& before, const Scene& now, const MachineLayout& layout);

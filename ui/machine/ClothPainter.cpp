@@ -20,10 +20,8 @@ constexpr int kLargestRadius = 260;
 
 // A piece of the upper edge's shade. As a picture, and not as a gradient, whose rounding would
 // depend on where the clip cuts it.
-QImage ShadeOf(int depth, qreal pixelRatio) {
-    const int rows = static_cast<int>(std::ceil(depth * pixelRatio));
-    QImage shade(static_cast<int>(std::ceil(kTile * pixelRatio)), rows,
-                 QImage::Format_ARGB32_Premultiplied);
+QImage ShadeOf(int rows) {
+    QImage shade(kTile, rows, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < rows; ++y) {
         const double light = 1 - (y + 0.5) / rows;
         const auto alpha = static_cast<unsigned>(std::lround(kDarkest * light * light));
@@ -55,7 +53,7 @@ void PaintEmblem(MachineCanvas& canvas, QPoint centre, int radius) {
     constexpr std::array kAround = {QPoint(0, -1), QPoint(1, 0), QPoint(0, 1), QPoint(-1, 0)};
     for (std::size_t i = 0; i < kAround.size(); ++i) {
         const QPixmap pip = canvas.PictureOf(PipPicture(static_cast<int>(i) + 1), {side, side});
-        painter.drawPixmap(centre + kAround[i] * reach - QPoint(side / 2, side / 2), InPrint(pip));
+        canvas.DrawPixmap(InPrint(pip), centre + kAround[i] * reach - QPoint(side / 2, side / 2));
     }
     painter.restore();
     const int height = radius / 5;
@@ -64,31 +62,51 @@ void PaintEmblem(MachineCanvas& canvas, QPoint centre, int radius) {
         "TOLVANE", kPrint);
 }
 
+// Beside the machine, where there is room: right of its buttons and, where it stands away from the
+// window's left edge, left of its cards, which has less room.
+void PaintEmblems(MachineCanvas& canvas, const MachineLayout& layout) {
+    const QRect window = canvas.Window();
+    const int machineEnd = std::max(layout.deal.right(), layout.coin.right());
+    const int windowEnd = window.x() + window.width();
+    const int left = layout.cards[0].x() - window.x();
+    int room = std::min(windowEnd - machineEnd, window.height());
+    if (room < kLeastRoom) return;
+    const bool onBothSides = left >= kLeastRoom;
+    if (onBothSides) room = std::min(room, left);
+    const int radius = std::min(room * 3 / 8, kLargestRadius);
+    const auto between = [&](int from, int to) {
+        const QPoint centre((from + to) / 2, window.y() + window.height() / 2);
+        const QPoint reach(radius + 2, radius + 2);
+        if (canvas.Sees({centre - reach, centre + reach})) PaintEmblem(canvas, centre, radius);
+    };
+    between(machineEnd, windowEnd);
+    if (onBothSides) between(window.x(), layout.cards[0].x());
+}
+
+void PaintShade(MachineCanvas& canvas) {
+    const QRect window = canvas.WindowPixels();
+    const QSize client = canvas.Fit().client;
+    const int share = std::min(client.width(), client.height()) / kShare;
+    const int depth = qRound(share * canvas.PixelRatio() / canvas.Fit().zoom);
+    if (depth == 0) return;
+    const QImage upper = ShadeOf(depth);
+    const auto shade = [&](const QRect& edge, int turn) {
+        if (!canvas.SeesPixels(edge)) return;
+        canvas.TilePixels(QPixmap::fromImage(upper.transformed(QTransform().rotate(turn))), edge);
+    };
+    const QRect top(window.topLeft(), QSize(window.width(), depth));
+    const QRect left(window.topLeft(), QSize(depth, window.height()));
+    shade(top, 0);
+    shade(left.translated(window.width() - depth, 0), 90);
+    shade(top.translated(0, window.height() - depth), 180);
+    shade(left, 270);
+}
+
 }  // namespace
 
 void PaintCloth(MachineCanvas& canvas, const MachineLayout& layout) {
-    const int width = layout.client.width();
-    const int height = layout.client.height();
-    canvas.Tile(Picture::kFelt, kFeltTile, {0, 0, width, height});
-    const int machineEnd = std::max(layout.deal.right(), layout.coin.right());
-    const int room = std::min(width - machineEnd, height);
-    if (room >= kLeastRoom) {
-        const int radius = std::min(room * 3 / 8, kLargestRadius);
-        const QPoint centre((machineEnd + width) / 2, height / 2);
-        const QPoint reach(radius + 2, radius + 2);
-        if (canvas.Sees({centre - reach, centre + reach})) PaintEmblem(canvas, centre, radius);
-    }
-    const int depth = std::min(width, height) / kShare;
-    if (depth == 0) return;
-    const QImage upper = ShadeOf(depth, canvas.PixelRatio());
-    const auto shade = [&](const QRect& edge, int turn) {
-        if (!canvas.Sees(edge)) return;
-        QPixmap tile = QPixmap::fromImage(upper.transformed(QTransform().rotate(turn)));
-        tile.setDevicePixelRatio(canvas.PixelRatio());
-        canvas.Painter().drawTiledPixmap(edge, tile);
-    };
-    shade({0, 0, width, depth}, 0);
-    shade({width - depth, 0, depth, height}, 90);
-    shade({0, height - depth, width, depth}, 180);
-    shade({0, 0, depth, height}, 270);
+    canvas.TilePixels(canvas.PictureOf(Picture::kFelt, {kFeltTile, kFeltTile}),
+                      canvas.WindowPixels());
+    PaintEmblems(canvas, layout);
+    PaintShade(canvas);
 }

@@ -14,6 +14,10 @@ enum Command : int {
     kAutoplay = 410,
     kCombinations = 411,
     kEnterCredits = 412,
+    kAnimation = 420,
+    kFourColourDeck = 421,
+    kFirstCardBack = 422,  // and the next two
+    kFullScreen = 425,
     kModeCasino = 500,
     kModeWarning = 501,
     kModeAutoHold = 502,

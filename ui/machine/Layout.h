@@ -1,6 +1,7 @@
 // Where everything stands on the machine, worked out from the size of the client area. A
-// pure function: the same size, game and font always give the same places, in client coordinates
-// and logical pixels. Positions and targets are numbered 0..4 from the left, lines from the top.
+// pure function: the same size, game and font always give the same places, in units of the table
+// (MachineFit.h) from its upper left corner. Positions and targets are numbered 0..4 from the left,
+// lines from the top.
 #pragma once
 #include <QRect>
 #include <QSize>
@@ -40,7 +41,7 @@ struct TextPlace {
 };
 
 struct MachineLayout {
-    QSize client;
+    QSize client;                             // the table's: what the places are worked out for
     SizeClass sizeClass = SizeClass::kSmall;  // of cards and buttons
     QSize cardSize;
     QSize buttonSize;

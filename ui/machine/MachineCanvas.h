@@ -12,6 +12,7 @@
 
 #include "ui/art/PictureStore.h"
 #include "ui/machine/Layout.h"
+#include "ui/machine/MachineFit.h"
 
 inline constexpr QColor kMachineYellow{255, 255, 0};
 inline constexpr QColor kMachineRed{200, 0, 0};
@@ -21,19 +22,34 @@ inline constexpr QColor kMachineBlue{0, 0, 255};
 inline constexpr QColor kMachineOlive{190, 190, 60};
 inline constexpr QColor kCardPaper{255, 254, 248};
 
+// Places count in units of the table. Pictures and boxes begin and end with whole pixels of the
+// screen, whatever the zoom and the screen's scale: at most one more than their places reach.
 class MachineCanvas {
   public:
-    // Both outlive the canvas. Nothing is painted outside clip.
-    MachineCanvas(QPainter& painter, const QRegion& clip, PictureStore& pictures);
+    // All outlive the canvas. Nothing is painted outside clip, in client coordinates.
+    MachineCanvas(QPainter& painter, const QRegion& clip, const MachineFit& fit,
+                  PictureStore& pictures);
     ~MachineCanvas();
     MachineCanvas(const MachineCanvas&) = delete;
     MachineCanvas& operator=(const MachineCanvas&) = delete;
 
+    // Paints in units of the table.
     QPainter& Painter() { return painter; }
+
+    // Pixels of the screen in one unit.
     qreal PixelRatio() const { return pixelRatio; }
+
+    const MachineFit& Fit() const { return fit; }
+
+    // The whole client area, in units, rounded outward.
+    QRect Window() const { return fit.ToTable(QRect(QPoint(0, 0), fit.client)); }
+
+    // The same in pixels of the screen.
+    const QRect& WindowPixels() const { return windowPixels; }
 
     // Whether anything of the place is to be painted.
     bool Sees(const QRect& place) const { return clip.intersects(place); }
+    bool SeesPixels(const QRect& area) const;
 
     void DrawPicture(Picture picture, const QRect& place);
 
@@ -41,11 +57,13 @@ class MachineCanvas {
     QPixmap PictureOf(Picture picture, QSize size) {
         return pictures.Get(picture, size, pixelRatio);
     }
+    void DrawPixmap(const QPixmap& pixmap, QPoint corner);
 
-    // Covers the area with copies of a square picture, the first one in its top left corner.
-    void Tile(Picture picture, int side, const QRect& area);
+    // Covers an area of the screen, in pixels of it, with copies of a pixmap, the first one in its
+    // top left corner.
+    void TilePixels(const QPixmap& tile, const QRect& area);
 
-    // An outline one pixel wide, filled.
+    // An outline one unit wide, filled.
     void DrawBox(const QRect& place, const QColor& outline, const QColor& fill);
 
     // One line of text in the machine's font; smaller where it would be wider than its place, then
@@ -70,9 +88,15 @@ class MachineCanvas {
     };
     Line Fitting(const TextPlace& place, std::string_view text);
 
+    // Calls draw while the painter counts in pixels of the screen.
+    template <class Draw>
+    void InPixels(Draw draw);
+
     QPainter& painter;
-    QRegion clip;
+    MachineFit fit;
+    QRegion clip;  // in units, with a pixel around it
     PictureStore& pictures;
-    qreal pixelRatio;
+    QRect windowPixels;
+    qreal pixelRatio = 1;
     std::map<int, QFont> fonts;  // by height; finding the pixel size of one takes a while
 };

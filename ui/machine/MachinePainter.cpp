@@ -223,9 +223,9 @@ void MachinePainter::PaintMeters() {
 
 }  // namespace
 
-void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
+void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene, const MachineFit& fit,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
                   PictureStore& pictures) {
-    MachineCanvas canvas(painter, clip & QRect(QPoint(0, 0), layout.client), pictures);
+    MachineCanvas canvas(painter, clip, fit, pictures);
     MachinePainter(canvas, scene, layout, payTable, cards).Paint();
 }

@@ -5,13 +5,14 @@
 class PictureStore;
 class QPainter;
 struct CardTable;
-struct PayTable;
+struct MachineFit;
 struct MachineLayout;
+struct PayTable;
 struct Scene;
 
 // The whole machine, cloth first, as far as it lies in clip (client coordinates). The same
-// arguments always give the same pixels. The layout is one for the pay table, the cards those of
-// its deck.
-void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
+// arguments always give the same pixels. The layout is one for the pay table and the fit's table,
+// the cards those of its deck.
+void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene, const MachineFit& fit,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
                   PictureStore& pictures);
