@@ -41,7 +41,11 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     seat.usesUpPresses = [this] {
         return actions.DropPresses(Press::State::kUsedUp) || QApplication::activePopupWidget();
     };
-    actions.settled = [this] { emit Settled(); };
+    actions.settled = [this] {
+        CountHands();
+        emit Settled();
+    };
+    seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -90,6 +94,20 @@ void CMorvikDoc::Show(const Scene& scene) {
     const bool inHand = scene.message == kResetMessage && !seat.engine.handOver;
     if (inHand && !resetRead.isActive()) resetRead.start();
     emit SceneChanged();
+}
+
+// Hands that are played by another copy of the program count as well.
+void CMorvikDoc::CountHands() {
+    const std::int32_t played = seat.engine.statistics.handsPlayed.session;
+    if (played > handsCounted && seat.showsHints) {
+        desktop.CountHand();
+        seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
+        if (!seat.showsHints) {
+            seat.scene.hint.clear();
+            ::Show(seat);
+        }
+    }
+    handsCounted = played;
 }
 
 void CMorvikDoc::Dispatch(int command) {

@@ -79,6 +79,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
     void AskForHoldsAgain();
+    void CountHands();
 
     DataFilePaths paths;
     GameFiles files;
@@ -88,5 +89,6 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     ActionQueue actions;
     Seat seat;
     CommandDesk desk;
+    std::int32_t handsCounted = 0;  // of the session
     QTimer resetRead;  // the player has seen that the statistics are reset
 };

@@ -26,6 +26,19 @@ class MachinePlayTest : public ProgramTest {
     }
 };
 
+TEST_F(MachinePlayTest, ANewcomerIsToldTheKeysUntilThreeHandsArePlayedAndNeverAgain) {
+    TestProgram& p = Start();
+    for (int hand = 0; hand < 3; ++hand) {
+        EXPECT_TRUE(p.ShownScene().hint.starts_with("D: deal")) << hand;
+        p.Key(Qt::Key_D);
+        EXPECT_EQ(p.ShownScene().hint, "1 to 5: hold a card   D: draw");
+        p.Key(Qt::Key_D);
+    }
+    EXPECT_EQ(p.ShownScene().hint, "");
+    p.Choose(330);
+    EXPECT_EQ(Start().ShownScene().hint, "");
+}
+
 TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
     for (const QSize window : {QSize(800, 700), QSize(2300, 1500)}) {
         TestProgram& p = Start();

@@ -114,6 +114,7 @@ TEST_F(MenuTest, WhatBelongsToTheDesktopIsDoneInTheMiddleOfAHandAndKeptForTheNex
 TEST_F(MenuTest, AGameChangeBringsItsTitleAndItsPlaces) {
     SetInTable("Deuces Wild", "CharlieBonus", "1");
     TestProgram& p = Start();
+    p.frame->resize(1024, 724);
     const QRect panel = p.Places().namePanel;
     p.Choose(330);
     EXPECT_EQ(p.Title(), "Deuces Wild - Tolvane");
