@@ -12,12 +12,14 @@
 
 enum class ButtonLook { kHidden, kReleased, kPressed };
 
-// The HOLD buttons belong to their places.
+// The HOLD buttons belong to their places. A dimmed button would do nothing now.
 struct MachineButtons {
     ButtonLook deal = ButtonLook::kReleased;
     ButtonLook betOne = ButtonLook::kReleased;
     ButtonLook maxBet = ButtonLook::kReleased;
     ButtonLook doubleUp = ButtonLook::kHidden;
+    bool dealDimmed = false;
+    bool betsDimmed = false;  // BET ONE and MAX BET
 
     bool operator==(const MachineButtons&) const = default;
 };
@@ -51,6 +53,7 @@ struct PlaceLook {
     std::string label;        // across the top of a pile: "PLAY", "EITHER" or empty
     bool held = false;
     ButtonLook holdButton = ButtonLook::kReleased;
+    bool holdDimmed = false;
 
     bool operator==(const PlaceLook&) const = default;
 };

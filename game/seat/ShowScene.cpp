@@ -143,6 +143,21 @@ void ShowDoubleUp(const GameEngine& engine, Scene& scene) {
     }
 }
 
+// Whether a press on a card or its button would be taken.
+bool PlaceActs(const GameEngine& engine, std::size_t position) {
+    if (engine.doubleUpPick) return position > 0 && !engine.doubleUpClosed;
+    return !engine.handOver && (!IsPickEm(engine) || position >= kLeftPilePosition);
+}
+
+void DimButtons(const GameEngine& engine, Scene& scene) {
+    const bool waits = FeaturePending(engine);
+    scene.buttons.dealDimmed = waits || (!engine.handOver && IsPickEm(engine));
+    scene.buttons.betsDimmed = waits || !engine.handOver;
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        scene.places[i].holdDimmed = !PlaceActs(engine, i);
+    }
+}
+
 }  // namespace
 
 std::string CreditText(const GameEngine& engine, int credits) {
@@ -180,6 +195,7 @@ Scene SceneOf(const Seat& seat) {
         ShowFeatures(seat, scene);
         if (CanDoubleUp(engine)) scene.buttons.doubleUp = ButtonLook::kReleased;
     }
+    DimButtons(engine, scene);
     Scene shown = seat.scene;
     const auto before = ButtonsOf(shown);
     const auto now = ButtonsOf(scene);
@@ -232,6 +248,7 @@ void ShowCard(Seat& seat, int position, CardCode card) {
     place.card = card;
     place.held = before.held;
     place.holdButton = before.holdButton;
+    place.holdDimmed = before.holdDimmed;
     Show(seat);
 }
 

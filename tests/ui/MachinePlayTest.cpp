@@ -102,6 +102,51 @@ TEST_F(MachinePlayTest, AButtonIsDownWhileItIsPressedAndActsWhereItIsLetGo) {
     p.Release(p.Places().coin);
 }
 
+TEST_F(MachinePlayTest, AButtonGoesUpWhenThePointerLeavesItAndDownWhenItComesBack) {
+    TestProgram& p = Start();
+    const ButtonLook& deal = p.ShownScene().buttons.deal;
+    p.Press(p.Places().deal);
+    p.MoveTo(p.Places().coin);
+    EXPECT_EQ(deal, ButtonLook::kReleased);
+    p.MoveTo(p.Places().betOne);
+    EXPECT_EQ(p.ShownScene().buttons.betOne, ButtonLook::kReleased) << "was not pressed";
+    p.MoveTo(p.Places().deal);
+    EXPECT_EQ(deal, ButtonLook::kPressed);
+    p.Release(p.Places().deal);
+    EXPECT_FALSE(p.engine.handOver);
+    p.MoveTo(p.Places().deal);
+    EXPECT_EQ(deal, ButtonLook::kReleased) << "nothing is held down";
+}
+
+TEST_F(MachinePlayTest, AKeyHoldsItsButtonDownAndActsOnceWhenItIsLetGo) {
+    TestProgram& p = Start();
+    const Scene& scene = p.ShownScene();
+    const auto down = [&](Qt::Key key, const ButtonLook& button, bool goesDown = true) {
+        QTest::keyPress(p.view, key);
+        EXPECT_EQ(button == ButtonLook::kPressed, goesDown) << key;
+        QKeyEvent repeat(QEvent::KeyPress, key, {}, {}, true);
+        QApplication::sendEvent(p.view, &repeat);
+        QTest::keyRelease(p.view, key);
+        EXPECT_NE(button, ButtonLook::kPressed) << key;
+    };
+    down(Qt::Key_B, scene.buttons.betOne);
+    EXPECT_EQ(scene.bet, "1") << "one step from five";
+    down(Qt::Key_M, scene.buttons.maxBet);
+    down(Qt::Key_3, scene.places[2].holdButton, false);
+    EXPECT_TRUE(scene.places[2].holdDimmed);
+    p.Stack(kNothing, 5);
+    down(Qt::Key_Space, scene.buttons.deal);
+    EXPECT_TRUE(scene.buttons.betsDimmed && !scene.places[2].holdDimmed);
+    down(Qt::Key_3, scene.places[2].holdButton);
+    EXPECT_EQ(p.Held(), 0b00100);
+    down(Qt::Key_B, scene.buttons.betOne, false);
+    QTest::keyPress(p.view, Qt::Key_D);
+    p.view->clearFocus();
+    EXPECT_EQ(scene.buttons.deal, ButtonLook::kReleased);
+    QTest::keyRelease(p.view, Qt::Key_D);
+    EXPECT_FALSE(p.engine.handOver) << "another window came between";
+}
+
 TEST_F(MachinePlayTest, BetsAreMadeWithButtonsMeterAndKeys) {
     TestProgram& p = Start();
     const MachineLayout& places = p.Places();

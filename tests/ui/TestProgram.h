@@ -91,6 +91,11 @@ class TestProgram {
     void Release(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
         QTest::mouseRelease(view, button, {}, MiddleOf(place));
     }
+    void MoveTo(const QRect& place) const {
+        const QPointF point = MiddleOf(place);
+        QMouseEvent move(QEvent::MouseMove, point, view->mapToGlobal(point), {}, {}, {});
+        QApplication::sendEvent(view, &move);
+    }
     void Click(const QRect& place, Qt::MouseButton button = Qt::LeftButton) const {
         Press(place, button);
         Release(place, button);

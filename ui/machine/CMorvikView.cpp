@@ -57,6 +57,7 @@ CMorvikView::CMorvikView(Seat& shownSeat, PictureStore& store, ActionQueue& queu
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(kMinimumMachineSize);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
 }
 
 QSize CMorvikView::sizeHint() const { return kLargestMachineSize; }
@@ -128,10 +129,16 @@ void CMorvikView::mousePressEvent(QMouseEvent* event) {
     const QPoint point = fit.ToTable(event->position());
     if (event->button() == Qt::LeftButton) {
         leftDown = true;
+        leftAt = point;
         actions.Begin(leftPress, input.KindAt(point), [=, this] { input.Press(point); });
     } else if (event->button() == Qt::RightButton) {
         actions.Begin(rightPress, PressKind::kDraw, [=, this] { input.RightPress(point); });
     }
+}
+
+void CMorvikView::mouseMoveEvent(QMouseEvent* event) {
+    const bool begun = leftDown && leftPress && leftPress->state == Press::State::kBegun;
+    if (begun && !actions.Busy()) input.Drag(leftAt, fit.ToTable(event->position()));
 }
 
 // A button that was down when a flow began goes up with the finger, whatever becomes of the press.
@@ -181,7 +188,9 @@ void CMorvikView::BeginKey(int key) {
         PressInHand hold;
         actions.Begin(hold, kind, [=, this] { input.Key(key); });
     } else {
-        actions.Begin(keysDown[key], kind, {});
+        std::function<void()> show;  // in a flow the key only keeps its place
+        if (!actions.Busy()) show = [=, this] { input.PressKey(key); };
+        actions.Begin(keysDown[key], kind, show);
     }
 }
 
@@ -189,7 +198,10 @@ void CMorvikView::keyReleaseEvent(QKeyEvent* event) {
     const int key = TableKeyOf(event->key(), PlaceOf(*event));
     if (event->isAutoRepeat()) return;
     const PressInHand press = keysDown.take(key);
-    if (press) actions.Finish(press, press->kind, [=, this] { input.Key(key); });
+    if (!press) return;
+    input.ReleaseButtons();
+    const bool done = actions.Finish(press, press->kind, [=, this] { input.Key(key); });
+    if (!done && press->state == Press::State::kWaits) LetButtonsGo();
 }
 
 void CMorvikView::LetButtonsGo() {

@@ -45,6 +45,7 @@ class CMorvikView : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -67,5 +68,6 @@ class CMorvikView : public QWidget {
     PressInHand leftPress;  // the last one
     PressInHand rightPress;
     bool leftDown = false;
+    QPoint leftAt;                     // where it went down
     QHash<int, PressInHand> keysDown;  // pressed here: a key let go after a dialog is no input
 };

@@ -64,15 +64,18 @@ class ChangeFinder {
             Add(CardPainter::Covered(layout.cards[position], depth));
         }
         if (old.held != look.held) Add(layout.heldMarks[position].rect);
-        if (old.holdButton != look.holdButton) Add(layout.holdButtons[position]);
+        if (old.holdButton != look.holdButton || old.holdDimmed != look.holdDimmed) {
+            Add(layout.holdButtons[position]);
+        }
     }
 
     void FindButtons() {
         const MachineButtons& old = before.buttons;
         const MachineButtons& looks = now.buttons;
-        if (old.deal != looks.deal) Add(layout.deal);
-        if (old.betOne != looks.betOne) Add(layout.betOne);
-        if (old.maxBet != looks.maxBet) Add(layout.maxBet);
+        const bool bets = old.betsDimmed != looks.betsDimmed;
+        if (old.deal != looks.deal || old.dealDimmed != looks.dealDimmed) Add(layout.deal);
+        if (old.betOne != looks.betOne || bets) Add(layout.betOne);
+        if (old.maxBet != looks.maxBet || bets) Add(layout.maxBet);
         if (old.doubleUp != looks.doubleUp) Add(layout.doubleUp);
     }
 

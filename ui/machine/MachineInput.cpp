@@ -41,18 +41,67 @@ MachineInput::MachineInput(Seat& seat, const MachineLayout& places, KeyCommands 
     : seat(seat), engine(seat.engine), places(places), commands(std::move(commands)) {}
 
 void MachineInput::Press(QPoint point) {
+    if (ButtonLook* button = ButtonAt(point)) PressButton(*button);
     if (HandIsDealt()) {
         const int place = PlaceAt(point);
-        if (place >= 0) PressDealt(point, place);
-        if (place >= 0 || IsPickEm(engine)) return;
-    } else if (engine.doubleUpPick && !engine.doubleUpClosed) {
-        const int place = IndexAt(places.holdButtons, point);
-        if (place >= kFirstPick) PressButton(HoldButtonAt(seat.scene, place));
-        return;
-    } else {
-        PressGameOver(point);
+        if (place >= 0) PressPlace(place);
+    } else if (!FeaturePending(engine) && OnCredits(places, point)) {
+        ToggleShowDollar(seat);
     }
-    if (places.deal.contains(point)) PressButton(seat.scene.buttons.deal);
+}
+
+ButtonLook* MachineInput::ButtonAt(QPoint point) {
+    MachineButtons& buttons = seat.scene.buttons;
+    const int hold = IndexAt(places.holdButtons, point);
+    if (HandIsDealt()) {
+        const bool hasButton = hold >= (IsPickEm(engine) ? kLeftPilePosition : 0);
+        if (hasButton) return &HoldButtonAt(seat.scene, hold);
+        if (PlaceAt(point) >= 0 || IsPickEm(engine)) return nullptr;
+    } else if (engine.doubleUpPick && !engine.doubleUpClosed) {
+        return hold >= kFirstPick ? &HoldButtonAt(seat.scene, hold) : nullptr;
+    } else {
+        if (CanDoubleUp(engine) && places.doubleUp.contains(point)) return &buttons.doubleUp;
+        if (!FeaturePending(engine) && places.betOne.contains(point)) return &buttons.betOne;
+        if (!FeaturePending(engine) && places.maxBet.contains(point)) return &buttons.maxBet;
+    }
+    return places.deal.contains(point) ? &buttons.deal : nullptr;
+}
+
+QRect MachineInput::PlaceOfKey(int key) const {
+    if (IsDigit(key)) return places.holdButtons[static_cast<std::size_t>(key - Qt::Key_1)];
+    switch (key) {
+        case Qt::Key_Space:
+        case Qt::Key_D:
+            return places.deal;
+        case Qt::Key_B:
+            return places.betOne;
+        case Qt::Key_M:
+            return places.maxBet;
+        case Qt::Key_U:
+            return places.doubleUp;
+        case Qt::Key_Left:
+            return IsPickEm(engine) ? places.holdButtons[kLeftPilePosition] : QRect();
+        case Qt::Key_Right:
+            return IsPickEm(engine) ? places.holdButtons[kRightPilePosition] : QRect();
+        default:
+            return {};
+    }
+}
+
+// The key of DEAL does nothing while a feature waits, though the button itself goes down.
+void MachineInput::PressKey(int key) {
+    const QRect place = PlaceOfKey(key);
+    if (place.isEmpty() || (place == places.deal && FeaturePending(engine))) return;
+    if (ButtonLook* button = ButtonAt(place.center())) PressButton(*button);
+}
+
+void MachineInput::Drag(QPoint from, QPoint to) {
+    ButtonLook* button = ButtonAt(from);
+    if (!button || *button == ButtonLook::kHidden) return;
+    const bool down = *button == ButtonLook::kPressed;
+    const bool over = ButtonAt(to) == button;
+    if (over && !down) PressButton(*button);
+    if (!over && down) ReleaseButtons();
 }
 
 void MachineInput::Release(QPoint point) {
@@ -199,23 +248,6 @@ void MachineInput::ReleaseSpin() {
 void MachineInput::ReleaseBet() {
     ReleaseButtons();
     BetOne(seat);
-}
-
-void MachineInput::PressDealt(QPoint point, int place) {
-    const bool onButton = places.holdButtons[static_cast<std::size_t>(place)].contains(point);
-    const bool hasButton = !IsPickEm(engine) || place >= kLeftPilePosition;
-    if (onButton && hasButton) PressButton(HoldButtonAt(seat.scene, place));
-    PressPlace(place);
-}
-
-void MachineInput::PressGameOver(QPoint point) {
-    if (CanDoubleUp(engine) && places.doubleUp.contains(point)) {
-        PressButton(seat.scene.buttons.doubleUp);
-    }
-    if (FeaturePending(engine)) return;
-    if (places.betOne.contains(point)) PressButton(seat.scene.buttons.betOne);
-    if (places.maxBet.contains(point)) PressButton(seat.scene.buttons.maxBet);
-    if (OnCredits(places, point)) ToggleShowDollar(seat);
 }
 
 // True when the release needs no further look.

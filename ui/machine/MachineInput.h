@@ -31,6 +31,12 @@ class MachineInput {
     // Keys that do nothing at any time are no press, Shift among them.
     bool IsMachineKey(int key) const;
 
+    // A key that goes down shows its button down as a press there would, and does nothing more.
+    void PressKey(int key);
+
+    // The finger that went down at one point is at another: a button is down only under it.
+    void Drag(QPoint from, QPoint to);
+
     // Wherever the finger is lifted, and when another window comes between, no button stays down.
     void ReleaseButtons();
 
@@ -63,8 +69,8 @@ class MachineInput {
     void ReleaseSpin();
     void ReleaseBet();
 
-    void PressDealt(QPoint point, int place);
-    void PressGameOver(QPoint point);
+    ButtonLook* ButtonAt(QPoint point);  // that a press there shows down; nullptr for none
+    QRect PlaceOfKey(int key) const;
     bool ReleaseGameOver(QPoint point);
     bool ReleaseFeature(QPoint point);
     bool RightPressGameOver(QPoint point);

@@ -54,7 +54,7 @@ class MachinePainter {
     void PaintPlace(std::size_t position);
     void PaintFirstDraw();
     void PaintFeatureLabel();
-    void PaintButton(MachineButton button, ButtonLook look, const QRect& place);
+    void PaintButton(MachineButton button, ButtonLook look, bool dimmed, const QRect& place);
     void PaintButtons();
     void PaintMeters();
     void PaintPanel(CardColour colour, const QRect& place);
@@ -179,7 +179,8 @@ void MachinePainter::PaintPlace(std::size_t position) {
                           kCardPaper);
     }
     if (look.held) canvas.WriteOnCloth(layout.heldMarks[position], "HELD", kMachineWhite);
-    PaintButton(MachineButton::kHold, look.holdButton, layout.holdButtons[position]);
+    PaintButton(MachineButton::kHold, look.holdButton, look.holdDimmed,
+                layout.holdButtons[position]);
 }
 
 void MachinePainter::PaintFirstDraw() {
@@ -194,17 +195,23 @@ void MachinePainter::PaintFeatureLabel() {
                       kMachineBlue, kCardPaper);
 }
 
-void MachinePainter::PaintButton(MachineButton button, ButtonLook look, const QRect& place) {
+// One that is dimmed lets the cloth shine through, as far as its words stay easy to read.
+void MachinePainter::PaintButton(MachineButton button, ButtonLook look, bool dimmed,
+                                 const QRect& place) {
+    constexpr double kDimmed = 0.7;
     if (look == ButtonLook::kHidden) return;
     const bool pressed = look == ButtonLook::kPressed;
+    canvas.Painter().setOpacity(dimmed && !pressed ? kDimmed : 1.0);
     canvas.DrawPicture(ButtonPicture(button, layout.sizeClass, pressed), place);
+    canvas.Painter().setOpacity(1.0);
 }
 
 void MachinePainter::PaintButtons() {
-    PaintButton(MachineButton::kDeal, scene.buttons.deal, layout.deal);
-    PaintButton(MachineButton::kBetOne, scene.buttons.betOne, layout.betOne);
-    PaintButton(MachineButton::kMaxBet, scene.buttons.maxBet, layout.maxBet);
-    PaintButton(MachineButton::kDoubleUp, scene.buttons.doubleUp, layout.doubleUp);
+    const MachineButtons& buttons = scene.buttons;
+    PaintButton(MachineButton::kDeal, buttons.deal, buttons.dealDimmed, layout.deal);
+    PaintButton(MachineButton::kBetOne, buttons.betOne, buttons.betsDimmed, layout.betOne);
+    PaintButton(MachineButton::kMaxBet, buttons.maxBet, buttons.betsDimmed, layout.maxBet);
+    PaintButton(MachineButton::kDoubleUp, buttons.doubleUp, false, layout.doubleUp);
 }
 
 void MachinePainter::PaintMeters() {
