@@ -68,6 +68,12 @@ void CMorvikView::LayOutMachine() {
     update();
 }
 
+void CMorvikView::SetCardStyle(const CardStyle& style) {
+    if (style == cardStyle) return;
+    cardStyle = style;
+    update();
+}
+
 void CMorvikView::ShowScene() {
     const QRegion changed = ChangedRegion(shown, seat.scene, places);
     shown = seat.scene;
@@ -77,7 +83,7 @@ void CMorvikView::ShowScene() {
 void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintMachine(painter, event->region(), shown, places, seat.engine.payTable,
-                 seat.engine.deck.table, pictures);
+                 seat.engine.deck.table, pictures, cardStyle);
     if (QAccessible::isActive()) announcementDue.start(kAnnouncementDelay, this);
 }
 

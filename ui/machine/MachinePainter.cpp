@@ -15,12 +15,12 @@ class MachinePainter {
   public:
     MachinePainter(MachineCanvas& onCanvas, const Scene& shownScene,
                    const MachineLayout& machineLayout, const PayTable& table,
-                   const CardTable& cardTable)
+                   const CardTable& cardTable, const CardStyle& cardStyle)
         : canvas(onCanvas),
           scene(shownScene),
           layout(machineLayout),
           payTable(table),
-          cards(onCanvas, machineLayout, cardTable, table.type) {}
+          cards(onCanvas, machineLayout, cardTable, table.type, cardStyle) {}
 
     void Paint() {
         PaintCloth(canvas, layout);
@@ -84,7 +84,7 @@ void MachinePainter::PaintTarget(std::size_t target) {
     const QRect& place = layout.targets[target];
     if (look.face == TargetFace::kGone) return;
     if (look.face == TargetFace::kHidden) {
-        canvas.DrawPicture(Picture::kTarget, place);
+        canvas.DrawPicture(TargetPicture(static_cast<int>(target)), place);
         return;
     }
     const bool shot = look.face == TargetFace::kShot;
@@ -157,8 +157,7 @@ void MachinePainter::PaintPlace(std::size_t position) {
     cards.DrawPile(look.pileDepth, place);
     cards.DrawCard(look.card, place, look.pileTop);
     if (!look.label.empty() && position >= kLeftPilePosition) {
-        canvas.WriteEdged(layout.pileLabels[position - kLeftPilePosition], look.label, kMachineBlue,
-                          kCardPaper);
+        cards.WriteOnPlate(layout.pileLabels[position - kLeftPilePosition], place, look.label);
     }
     if (look.held) canvas.WriteOnCloth(layout.heldMarks[position], "HELD", kMachineWhite);
     PaintButton(MachineButton::kHold, look.holdButton, layout.holdButtons[position]);
@@ -172,8 +171,8 @@ void MachinePainter::PaintFirstDraw() {
 
 void MachinePainter::PaintFeatureLabel() {
     const bool shoot = scene.featureLabel == "SHOOT";
-    canvas.WriteEdged(shoot ? layout.shootLabel : layout.spinLabel, scene.featureLabel,
-                      kMachineBlue, kCardPaper);
+    cards.WriteOnPlate(shoot ? layout.shootLabel : layout.spinLabel, layout.cards[4],
+                       scene.featureLabel);
 }
 
 void MachinePainter::PaintButton(MachineButton button, ButtonLook look, const QRect& place) {
@@ -207,7 +206,7 @@ void MachinePainter::PaintMeters() {
 
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures) {
+                  PictureStore& pictures, const CardStyle& cardStyle) {
     MachineCanvas canvas(painter, clip & QRect(QPoint(0, 0), layout.client), pictures);
-    MachinePainter(canvas, scene, layout, payTable, cards).Paint();
+    MachinePainter(canvas, scene, layout, payTable, cards, cardStyle).Paint();
 }

@@ -2,6 +2,8 @@
 #pragma once
 #include <QRegion>
 
+#include "ui/art/CardStyle.h"
+
 class PictureStore;
 class QPainter;
 struct CardTable;
@@ -14,4 +16,4 @@ struct Scene;
 // its deck.
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures);
+                  PictureStore& pictures, const CardStyle& cardStyle = {});
