@@ -62,7 +62,11 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
 }
 
 // All that the player has chosen for the desktop is handed on here.
-void CMainFrame::ApplyDesktopSettings() { UpdateActions(); }
+void CMainFrame::ApplyDesktopSettings() {
+    const DesktopSettings& desktop = document->Desktop();
+    view->SetCardStyle({desktop.FourColourDeck(), desktop.CardBack()});
+    UpdateActions();
+}
 
 // What the plate says stands here where the machine has no room for it.
 void CMainFrame::UpdateTitle() {

@@ -4,8 +4,10 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QPaintEvent>
 #include <QPainter>
 #include <climits>
+#include <cmath>
 #include <functional>
 #include <memory>
 
@@ -22,7 +24,6 @@
 #include "ui/machine/Commands.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineFit.h"
-#include "ui/machine/MachinePainter.h"
 #include "ui/machine/SceneDescription.h"
 
 constexpr QSize kClient{640, 480};
@@ -40,19 +41,21 @@ struct Canvas {
         image.fill(kUntouched);
     }
 
-    void Paint(const TestSeat& t, const Scene& scene, const QRegion& clip, QSize client = kClient) {
+    void Paint(const TestSeat& t, const Scene& scene, const QRegion& clip, QSize client = kClient,
+               const CardStyle& style = {}) {
         QPainter painter(&image);
         PaintMachine(painter, clip, scene, MachineFit::Into(client), LayoutOf(t, client),
-                     t.engine.payTable, t.engine.deck.table, pictures);
+                     t.engine.payTable, t.engine.deck.table, pictures, style);
     }
 
     PictureStore pictures;
     QImage image;
 };
 
-QImage Painted(const TestSeat& t, const Scene& scene, double ratio = 1, QSize client = kClient) {
+QImage Painted(const TestSeat& t, const Scene& scene, double ratio = 1, QSize client = kClient,
+               const CardStyle& style = {}) {
     Canvas canvas(ratio, client);
-    canvas.Paint(t, scene, QRect(QPoint(0, 0), client), client);
+    canvas.Paint(t, scene, QRect(QPoint(0, 0), client), client, style);
     return canvas.image;
 }
 
@@ -79,6 +82,7 @@ int CountIn(const QImage& image, const QRect& place, const std::function<bool(QC
 
 bool IsRed(QColor c) { return c.red() > 150 && c.green() < 60 && c.blue() < 60; }
 bool IsBlack(QColor c) { return c.red() < 60 && c.green() < 60 && c.blue() < 60; }
+bool IsBlue(QColor c) { return c == QColor(0, 0, 255); }
 bool IsInk(QColor c) { return c.lightness() < 200; }
 bool IsOlive(QColor c) { return c == QColor(190, 190, 60); }
 
@@ -266,6 +270,47 @@ TEST(MachinePainterTest, ACardIsComposedOfRankPipsAndCourt) {
     EXPECT_TRUE(in(0, bigPip, IsBlack) > 300 && in(1, bigPip, IsRed) > 300);
 }
 
+// As the guidelines for readable texts on the web define it, but for the darkest tones.
+double Contrast(QColor ink, QColor paper) {
+    const auto light = [](QColor c) {
+        return 0.05 + 0.2126 * std::pow(c.redF(), 2.2) + 0.7152 * std::pow(c.greenF(), 2.2) +
+               0.0722 * std::pow(c.blueF(), 2.2);
+    };
+    return light(paper) / light(ink);
+}
+
+TEST(MachinePainterTest, InFourColoursRankPipAndCourtShowThatOfTheSuitAndReadEvenOnTintedPaper) {
+    const TestSeat t;
+    Scene scene = t.seat.scene;
+    for (const int suit : {kSpades, kHearts, kClubs, kDiamonds}) {
+        PlaceLook& place = scene.places[static_cast<std::size_t>(suit)];
+        place.card = FindCard(t.engine.deck.table, 13, suit);
+        place.pileTop = true;
+        const QImage image = Painted(t, scene, 1, kClient, {.fourColours = true});
+        const QPoint corner = LayoutOf(t).cards[static_cast<std::size_t>(suit)].topLeft();
+        for (const QPoint inked : {QPoint(14, 18), QPoint(45, 93), QPoint(54, 15)}) {
+            const QColor ink = image.pixelColor(corner + inked);  // of K, pip and court
+            EXPECT_GE(Contrast(ink, image.pixelColor(corner + QPoint(8, 80))), 4.5) << suit;
+            const int strongest = std::max({ink.red(), ink.green(), ink.blue()});
+            EXPECT_EQ(suit == kSpades, strongest < 90);
+            EXPECT_EQ(suit == kHearts, strongest >= 90 && strongest == ink.red());
+            EXPECT_EQ(suit == kClubs, strongest >= 90 && strongest == ink.green());
+        }
+    }
+}
+
+TEST(MachinePainterTest, TheBackChosenIsSeenOnThePlacesAndUnderThePiles) {
+    const TestSeat t;
+    Scene scene = t.seat.scene;
+    const QRect middle = LayoutOf(t).cards[3].adjusted(20, 20, -20, -20);
+    for (int depth = 0; depth <= 2; ++depth) {
+        scene.places[3].card = depth == 0 ? kCardBack : kNoCard;
+        scene.places[3].pileDepth = depth;
+        EXPECT_NE(Painted(t, scene, 1, kClient, {.back = 1}).copy(middle),
+                  Painted(t, scene, 1, kClient, {.back = 2}).copy(middle));
+    }
+}
+
 TEST(MachinePainterTest, TheWordOnAWildCardLeavesThePipUnderTheRankInSight) {
     const TestSeat tame;
     const TestSeat wild("Deuces Wild", 330);
@@ -275,9 +320,25 @@ TEST(MachinePainterTest, TheWordOnAWildCardLeavesThePipUnderTheRankInSight) {
             const QRect underRank(layout.cards[0].topLeft() + QPoint(0, layout.cardFontHeight),
                                   QSize(layout.cardSize.width() / 2, layout.smallPip));
             const Scene scene = WithCards(t, {2, kSpades}, {3, kSpades});
-            return CountIn(Painted(t, scene, 1, client), underRank, IsBlack);
+            const QImage image = Painted(t, scene, 1, client);
+            EXPECT_EQ(CountIn(image, layout.cards[1], IsBlue), 0);
+            EXPECT_EQ(CountIn(image, layout.cards[0], IsBlue) > 50, &t == &wild);
+            return CountIn(image, underRank, IsBlack);
         };
         EXPECT_GT(inkOfSmallPip(wild), inkOfSmallPip(tame) * 3 / 4) << client.width();
+    }
+}
+
+TEST(MachinePainterTest, EveryTargetThatIsNotYetShotBearsANumberOfItsOwn) {
+    const TestSeat t;
+    Scene scene = t.seat.scene;
+    for (TargetLook& target : scene.targets) target.face = TargetFace::kHidden;
+    const QImage image = Painted(t, scene);
+    const auto places = LayoutOf(t).targets;
+    constexpr QRect kBull(17, 17, 16, 16);
+    for (std::size_t i = 1; i < places.size(); ++i) {
+        EXPECT_NE(image.copy(kBull.translated(places[i].topLeft())),
+                  image.copy(kBull.translated(places[i - 1].topLeft())));
     }
 }
 
@@ -286,6 +347,15 @@ TEST(MachinePainterTest, AcesOfTheOrderedGameAndCardsThatNoDeckHoldsHaveTheirPic
     const QImage image = Painted(aces, WithCards(aces, {1, kSpades}, {2, kSpades}));
     EXPECT_GT(CountIn(image, LayoutOf(aces).cards[0], IsOlive), 30);
     EXPECT_EQ(CountIn(image, LayoutOf(aces).cards[1], IsOlive), 0);
+    const QRect card = LayoutOf(aces).cards[0];
+    constexpr QColor kPaper(255, 253, 246);
+    for (int i = 0; i < card.width() * card.height(); ++i) {
+        const QPoint p = card.topLeft() + QPoint(i % card.width(), i / card.width());
+        const QRect left(p - QPoint(3, 0), QSize(3, 1));
+        if (!IsOlive(image.pixelColor(p)) || CountIn(image, left, IsOlive) > 0) continue;
+        const auto isDark = [=](QColor c) { return Contrast(c, kPaper) >= 4.5; };
+        EXPECT_GT(CountIn(image, left, isDark), 0);
+    }
     TestSeat t;
     Scene scene = t.seat.scene;
     for (const CardCode card : {-7, 52, 56, 1000}) {
@@ -354,4 +424,28 @@ TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
     EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");
     ShowMessage(t.seat, "HOLD/DRAW");
     EXPECT_TRUE(reader->text(QAccessible::Description).startsWith("HOLD/DRAW. "));
+}
+
+TEST(CMorvikViewTest, AnotherStyleOfCardsIsSeenAtOnce) {
+    struct Watched : CMorvikView {
+        using CMorvikView::CMorvikView;
+        void paintEvent(QPaintEvent* event) override {
+            painted = event->region();
+            CMorvikView::paintEvent(event);
+        }
+        QRegion painted;
+    };
+    TestSeat t;
+    PictureStore pictures;
+    ActionQueue actions(t.seat);
+    Watched view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
+    view.resize(kClient);
+    view.show();
+    QCoreApplication::processEvents();
+    const QImage before = view.grab().toImage();
+    view.painted = {};
+    view.SetCardStyle({.back = 2});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.painted, view.rect());
+    EXPECT_NE(view.grab().toImage(), before);
 }

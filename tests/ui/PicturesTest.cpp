@@ -6,11 +6,14 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QSvgRenderer>
+#include <map>
 #include <set>
 
 #include "ui/art/PictureStore.h"
 
 namespace {
+
+constexpr CardStyle kFourColours{.fourColours = true};
 
 QStringList warnings;
 
@@ -19,11 +22,12 @@ void KeepWarning(QtMsgType, const QMessageLogContext&, const QString& text) { wa
 // What the table and the dialogs can ask for, through the functions and by name.
 std::set<Picture> AllPictures() {
     using enum Picture;
-    std::set<Picture> all{kFelt,      kEmptyPicture, kJokerPicture, kIcon,
-                          kSmallIcon, kTarget,       kCharlie,      kWheel};
+    std::set<Picture> all{kFelt, kEmptyPicture, kJokerPicture, kIcon, kSmallIcon, kCharlie, kWheel};
     for (const auto size : {SizeClass::kSmall, SizeClass::kMedium, SizeClass::kLarge}) {
-        all.insert({FaceOfCard(size), AlternateFace(size), JokerFace(size), CardBack(size),
-                    CardStack(size), SpinWindow(size)});
+        all.insert({FaceOfCard(size), AlternateFace(size), JokerFace(size), SpinWindow(size)});
+        for (int back = 0; back < kCardBackDesigns; ++back) {
+            all.insert({CardBack(size, {.back = back}), CardStack(size, {.back = back})});
+        }
         for (const auto button :
              {MachineButton::kDeal, MachineButton::kBetOne, MachineButton::kMaxBet,
               MachineButton::kHold, MachineButton::kDoubleUp}) {
@@ -35,9 +39,11 @@ std::set<Picture> AllPictures() {
         }
     }
     for (int suit = 1; suit <= 5; ++suit) {
-        all.insert({PipPicture(suit), SuitPicture(suit)});
+        all.insert({PipPicture(suit), PipPicture(suit, kFourColours), SuitPicture(suit)});
+        all.insert(TargetPicture(suit - 1));
         for (int rank = 1; rank <= 13; ++rank) {
-            all.insert({CourtPicture(rank, suit), RankPicture(rank, suit)});
+            all.insert({CourtPicture(rank, suit), CourtPicture(rank, suit, kFourColours),
+                        RankPicture(rank, suit)});
         }
     }
     for (const double worth : {0.05, 0.25, 0.5, 1.0}) all.insert(CoinPicture(worth));
@@ -54,10 +60,11 @@ int OpaquePixels(const QImage& image) {
 
 }  // namespace
 
-TEST(PicturesTest, EveryPictureIsADrawingThatCoversAGoodPartOfItsPlace) {
+TEST(PicturesTest, EveryPictureIsADrawingOfItsOwnThatCoversAGoodPartOfItsPlace) {
     LoadArt();
     warnings.clear();
     PictureStore store;
+    std::map<QByteArray, Picture> drawn;
     for (const Picture picture : AllPictures()) {
         SCOPED_TRACE(static_cast<int>(picture));
         QSvgRenderer drawing(PicturePath(picture));
@@ -66,6 +73,11 @@ TEST(PicturesTest, EveryPictureIsADrawingThatCoversAGoodPartOfItsPlace) {
         const QImage image = store.Get(picture, size, 1).toImage();
         ASSERT_EQ(image.size(), size);
         EXPECT_GT(OpaquePixels(image), size.width() * size.height() / 5);
+        const QImage thumb = store.Get(picture, QSize(60, 60), 1).toImage();
+        const QByteArray pixels(reinterpret_cast<const char*>(thumb.constBits()),
+                                thumb.sizeInBytes());
+        const auto [same, isNew] = drawn.emplace(pixels, picture);
+        EXPECT_TRUE(isNew) << "looks like " << static_cast<int>(same->second);
     }
     EXPECT_TRUE(warnings.isEmpty()) << warnings.join('\n').toStdString();
     EXPECT_EQ(QDir(":/art").entryList(QDir::Files).size(), static_cast<int>(AllPictures().size()))
@@ -88,11 +100,15 @@ TEST(PicturesTest, NumbersFollowRankSuitAndWorth) {
     EXPECT_EQ(static_cast<int>(RankPicture(13, 3)), 1134);  // black king, the last of its row
     EXPECT_EQ(static_cast<int>(RankPicture(1, 4)), 1135);
     EXPECT_EQ(static_cast<int>(SuitPicture(2)), 1039);
-    EXPECT_EQ(CourtPicture(12, 1), CourtPicture(12, 3));
+    EXPECT_EQ(CourtPicture(12, 2), CourtPicture(12, 2, kFourColours)) << "hearts are always red";
+    for (const int back : {-1, kCardBackDesigns}) {
+        EXPECT_EQ(CardBack(SizeClass::kSmall, {.back = back}), CardBack(SizeClass::kSmall));
+    }
     EXPECT_EQ(CoinPicture(0.1 + 0.15), Picture::kQuarter);
     EXPECT_EQ(CoinPicture(std::nan("")), Picture::kDollar);
-    for (const Picture none : {RankPicture(14, 1), RankPicture(1, 6), PipPicture(0),
-                               SuitPicture(-1), CourtPicture(10, 2)}) {
+    for (const Picture none :
+         {RankPicture(14, 1), RankPicture(1, 6), PipPicture(0), SuitPicture(-1),
+          CourtPicture(10, 2), CourtPicture(13, 5), TargetPicture(5)}) {
         EXPECT_EQ(none, Picture::kEmptyPicture);
     }
 }

@@ -10,25 +10,46 @@ constexpr Picture OfSize(Picture first, SizeClass size) {
     return Offset(first, static_cast<int>(size));
 }
 
-constexpr bool IsSuit(int suit) { return suit >= 1 && suit <= 5; }
-constexpr bool IsRed(int suit) { return suit == 2 || suit == 4; }
+constexpr int kHearts = 2;
+constexpr int kClubs = 3;
+constexpr int kDiamonds = 4;
+constexpr int kStars = 5;
+constexpr int kTargetCount = 5;
+
+constexpr bool IsSuit(int suit) { return suit >= 1 && suit <= kStars; }
+constexpr bool IsRed(int suit) { return suit == kHearts || suit == kDiamonds; }
+
+Picture OfBack(Picture first, SizeClass size, const CardStyle& style) {
+    const bool known = style.back >= 0 && style.back < kCardBackDesigns;
+    return Offset(OfSize(first, size), known ? 3 * style.back : 0);
+}
 
 }  // namespace
 
 Picture FaceOfCard(SizeClass size) { return OfSize(Picture::kCardFace, size); }
 Picture AlternateFace(SizeClass size) { return OfSize(Picture::kAlternateFace, size); }
 Picture JokerFace(SizeClass size) { return OfSize(Picture::kJokerFace, size); }
-Picture CardBack(SizeClass size) { return OfSize(Picture::kCardBack, size); }
-Picture CardStack(SizeClass size) { return OfSize(Picture::kCardStack, size); }
 
-Picture PipPicture(int suit) {
+Picture CardBack(SizeClass size, const CardStyle& style) {
+    return OfBack(Picture::kCardBack, size, style);
+}
+
+Picture CardStack(SizeClass size, const CardStyle& style) {
+    return OfBack(Picture::kCardStack, size, style);
+}
+
+Picture PipPicture(int suit, const CardStyle& style) {
+    if (style.fourColours && suit == kClubs) return Picture::kGreenClub;
+    if (style.fourColours && suit == kDiamonds) return Picture::kBlueDiamond;
     return IsSuit(suit) ? Offset(Picture::kPips, suit) : Picture::kEmptyPicture;
 }
 
-Picture CourtPicture(int rank, int suit) {
-    if (!IsSuit(suit) || (rank != 1 && (rank < 11 || rank > 13))) return Picture::kEmptyPicture;
-    if (suit == 5 && rank == 1) return Picture::kStarAce;
-    return Offset(IsRed(suit) ? Picture::kRedCourts : Picture::kBlackCourts, rank);
+Picture CourtPicture(int rank, int suit, const CardStyle& style) {
+    const bool court = rank >= 11 && rank <= 13 && suit != kStars;
+    if (!IsSuit(suit) || (rank != 1 && !court)) return Picture::kEmptyPicture;
+    const bool ownColour = style.fourColours && suit != kHearts && suit != kStars;
+    return Offset(ownColour ? Picture::kFourColourCourts : Picture::kCourts,
+                  20 * (suit - 1) + rank);
 }
 
 Picture ButtonPicture(MachineButton button, SizeClass size, bool pressed) {
@@ -48,6 +69,11 @@ Picture PanelPicture(SizeClass size, bool red, bool lit) {
 
 Picture ChoicePicture(SizeClass size, bool red) {
     return Offset(Picture::kChoices, 2 * static_cast<int>(size) + (red ? 0 : 1));
+}
+
+Picture TargetPicture(int target) {
+    const bool known = target >= 0 && target < kTargetCount;
+    return known ? Offset(Picture::kTargets, target) : Picture::kEmptyPicture;
 }
 
 Picture CoinPicture(double dollars) {

@@ -2,6 +2,7 @@
 // comes in one drawing per size class has three numbers in a row, small, medium, large, and is
 // asked for by function.
 #pragma once
+#include "ui/art/CardStyle.h"
 #include "ui/art/SizeClass.h"
 
 enum class Picture : int {
@@ -22,15 +23,16 @@ enum class Picture : int {
     kSmallIcon = 1201,  // for 32 pixels or fewer
 
     kCardFace = 1210,  // the first of three sizes, as the next four
-    kCardBack = 1220,
+    kCardBack = 1220,  // plus 3 x the back's number
     kJokerFace = 1230,
     kAlternateFace = 1240,
-    kCardStack = 1260,
+    kCardStack = 1260,  // plus 3 x the back's number
 
-    kPips = 1300,         // plus the suit
-    kBlackCourts = 1310,  // plus the rank: 1, 11, 12, 13
-    kRedCourts = 1330,
-    kStarAce = 1351,
+    kPips = 1300,  // plus the suit
+    kGreenClub = 1306,
+    kBlueDiamond = 1307,
+    kCourts = 1310,            // plus 20 x (suit - 1) plus the rank: 1, 11, 12, 13; of stars 1
+    kFourColourCourts = 1600,  // the same, without the hearts and the star
 
     kButtons = 1400,      // plus 10 x size class + 2 x MachineButton + 1 when pressed
     kSpinButtons = 1440,  // plus 2 x size class + 1 when lit
@@ -42,9 +44,9 @@ enum class Picture : int {
     kQuarter = 1501,
     kHalfDollar = 1502,
     kDollar = 1503,
-    kTarget = 1510,   // 50 x 50
     kCharlie = 1511,  // 100 x 100
     kWheel = 1512,    // any square from 30 pixels: an emblem for the spin
+    kTargets = 1520,  // the first of five, 50 x 50; each bears its number
 };
 
 inline constexpr int kFeltTile =
@@ -57,13 +59,13 @@ enum class MachineButton { kDeal, kBetOne, kMaxBet, kHold, kDoubleUp };
 Picture FaceOfCard(SizeClass size);
 Picture AlternateFace(SizeClass size);
 Picture JokerFace(SizeClass size);
-Picture CardBack(SizeClass size);
-Picture CardStack(SizeClass size);
+Picture CardBack(SizeClass size, const CardStyle& style = {});
+Picture CardStack(SizeClass size, const CardStyle& style = {});
 
-// suit: 1 spades, 2 hearts, 3 clubs, 4 diamonds, 5 stars; rank: 1 ace, 11 jack, 12 queen, 13 king.
-// Anything else gives kEmptyPicture.
-Picture PipPicture(int suit);
-Picture CourtPicture(int rank, int suit);
+// suit: 1 spades, 2 hearts, 3 clubs, 4 diamonds, 5 stars; rank: 1 ace, 11 jack, 12 queen, 13 king,
+// of which the stars have the ace alone. Anything else gives kEmptyPicture.
+Picture PipPicture(int suit, const CardStyle& style = {});
+Picture CourtPicture(int rank, int suit, const CardStyle& style = {});
 
 Picture ButtonPicture(MachineButton button, SizeClass size, bool pressed);
 
@@ -73,6 +75,9 @@ Picture SpinButtonPicture(SizeClass size, bool lit);
 Picture SpinWindow(SizeClass size);
 Picture PanelPicture(SizeClass size, bool red, bool lit);
 Picture ChoicePicture(SizeClass size, bool red);
+
+// target: 0..4 from the left; kEmptyPicture for any other.
+Picture TargetPicture(int target);
 
 // The coin of that worth in dollars; the dollar for any other worth than 0.05, 0.25 and 0.5.
 Picture CoinPicture(double dollars);

@@ -1,14 +1,7 @@
-"""Cards: faces, backs, the joker and the stack of a pile, in the three sizes of the table."""
+"""Cards: faces, the joker and the stack of a pile, in the three sizes of the table."""
 
-import math
-
-from drawing import (GOLD, GOLD_DARK, GOLD_PALE, Drawing, circle, ellipse, group, lettering, line,
-                     path,
-                     polygon, rect, star_points)
-
-SIZES = {"small": (90, 120), "medium": (120, 160), "large": (160, 220)}
-CORNER = {"small": 6, "medium": 7.5, "large": 10}
-EDGE = "#8d8168"
+from backs import BACKS, CORNER, EDGE, SIZES
+from drawing import GOLD_DARK, Drawing, circle, ellipse, group, lettering, path, polygon, rect
 
 
 def face(size, tinted=False):
@@ -27,105 +20,8 @@ def face(size, tinted=False):
     return d
 
 
-def clipped_diagonals(x0, y0, x1, y1, step):
-    """Lines at 45 degrees within a rectangle, symmetrical about its centre, as one path."""
-    cx, cy = (x0 + x1) / 2, (y0 + y1) / 2
-    hw, hh = (x1 - x0) / 2, (y1 - y0) / 2
-    d = ""
-    count = int((hw + hh) / step) + 1
-    for k in range(-count, count + 1):
-        c = (k + 0.5) * step
-        lo, hi = max(-hw, c - hh), min(hw, c + hh)
-        if lo >= hi:
-            continue
-        for flip in (1, -1):
-            d += f"M{cx + lo:.2f} {cy + flip * (lo - c):.2f}L{cx + hi:.2f} {cy + flip * (hi - c):.2f}"
-    return d
-
-
-def lattice_centres(x0, y0, x1, y1, step, margin):
-    """Centres of the diamonds that those lines enclose, at least margin inside the rectangle."""
-    cx, cy = (x0 + x1) / 2, (y0 + y1) / 2
-    out = []
-    n = int(max(x1 - x0, y1 - y0) / step) + 2
-    for i in range(-n, n + 1):
-        for j in range(-n, n + 1):
-            x, y = cx + (i + j) * step / 2, cy + (i - j) * step / 2
-            if x0 + margin <= x <= x1 - margin and y0 + margin <= y <= y1 - margin:
-                out.append((x, y))
-    return out
-
-
-def rosette(d, cx, cy, r, petals, stroke):
-    """A guilloche of turned ellipses around a star: the emblem of the back."""
-    turns = [k * 180 / petals for k in range(petals)]
-    shapes = [circle(cx, cy, r, fill=d.radial(cx, cy - r * 0.3, r * 1.4,
-                                              [(0, "#b3202c"), (1, "#5c0812")]),
-                     stroke=d.gold(cy - r, cy + r), width=stroke * 2.6)]
-    shapes += [ellipse(cx, cy, r * 0.34, r * 0.86, t, stroke=GOLD, width=stroke) for t in turns]
-    shapes.append(circle(cx, cy, r * 0.44, fill="#6d0c16", stroke=d.gold(cy - r / 2, cy + r / 2),
-                         width=stroke * 1.5))
-    shapes.append(polygon(star_points(cx, cy, r * 0.38, r * 0.13, 8), fill=d.gold(cy - r / 2,
-                                                                                  cy + r / 2)))
-    return shapes
-
-
-def back_ground(d, size):
-    """The ivory edge and the red field of a back; returns the field's rectangle."""
-    w, h = SIZES[size]
-    r = CORNER[size]
-    m = {"small": 4.5, "medium": 6, "large": 7.5}[size]
-    d.add(rect(0.5, 0.5, w - 1, h - 1, r, fill=d.linear(0, 0, w * 0.6, h, [(0, "#ffffff"), (1,
-                                                                                            "#efe6d0")]),
-               stroke=EDGE))
-    d.add(rect(m, m, w - 2 * m, h - 2 * m, r * 0.55,
-               fill=d.linear(0, 0, 0, h, [(0, "#a81c28"), (0.5, "#7c0f1a"), (1, "#a81c28")])))
-    return m, m, w - m, h - m
-
-
-def back(size):
-    w, h = SIZES[size]
-    d = Drawing(w, h)
-    x0, y0, x1, y1 = back_ground(d, size)
-    inset = {"small": 2.5, "medium": 3, "large": 4}[size]
-    step = {"small": 10, "medium": 11, "large": 12}[size]
-    thin = {"small": 0.7, "medium": 0.75, "large": 0.8}[size]
-    a0, b0, a1, b1 = x0 + inset, y0 + inset, x1 - inset, y1 - inset
-    d.add(path(clipped_diagonals(a0, b0, a1, b1, step), stroke=GOLD, width=thin, opacity=0.55))
-    cx, cy = w / 2, h / 2
-    radius = w * 0.27
-    for x, y in lattice_centres(a0, b0, a1, b1, step, step * 0.3):
-        if math.hypot(x - cx, y - cy) > radius + step * 0.3:
-            d.add(circle(x, y, step * 0.1, fill=GOLD_PALE, opacity=0.8))
-    d.add(rect(a0, b0, a1 - a0, b1 - b0, 2, stroke=d.gold(0, h), width=thin * 1.6))
-    d.add(circle(cx, cy, radius + inset * 1.1, fill="#7c0f1a"))
-    d.add(circle(cx, cy, radius + inset * 1.1, stroke=GOLD, width=thin))
-    d.add(*rosette(d, cx, cy, radius, {"small": 8, "medium": 10, "large": 12}[size], thin))
-    for sx, sy in ((0, 0), (1, 0), (0, 1), (1, 1)):
-        d.add(corner_fan(d, (a0, a1)[sx], (b0, b1)[sy], 1 - 2 * sx, 1 - 2 * sy, w * 0.15, thin))
-    return d
-
-
-def corner_fan(d, x, y, dx, dy, r, thin):
-    """A quarter of a rosette in a corner."""
-    sweep = 1 if dx * dy > 0 else 0
-
-    def quarter(k):
-        return f"M{x + dx * r * k:.2f} {y:.2f}A{r * k:.2f} {r * k:.2f} 0 0 {sweep} {x:.2f} {y + dy * r * k:.2f}"
-
-    shapes = [path(quarter(1) + f"L{x:.2f} {y:.2f}Z", fill="#7c0f1a", stroke=GOLD,
-                   width=thin * 1.3)]
-    for t in (0.25, 0.5, 0.75):
-        angle = t * math.pi / 2
-        shapes.append(line(x + dx * r * 0.3 * math.cos(angle), y + dy * r * 0.3 * math.sin(angle),
-                           x + dx * r * 0.82 * math.cos(angle), y + dy * r * 0.82 * math.sin(angle),
-                           stroke=GOLD, width=thin * 1.2, cap="round"))
-    shapes.append(path(quarter(0.34) + f"L{x:.2f} {y:.2f}Z", fill=GOLD))
-    return group(shapes)
-
-
-def stack(size):
-    """Several cards on each other, seen slightly from above: the back and the edges below it."""
+def stack(size, number):
+    """Several cards on each other, seen slightly from above: that back and the edges below it."""
     w, h = SIZES[size]
     r = CORNER[size]
     d = Drawing(w, h)
@@ -136,7 +32,7 @@ def stack(size):
         d.add(rect(0.5, 0.5 + depth - k * lift, w - 1, h - 1 - depth, r,
                    fill="#efe6d0" if k % 2 else "#d8cdb2", stroke=EDGE, width=0.75))
     scale = (h - depth) / h
-    top = back(size)
+    top = BACKS[number](size)
     d.defs = top.defs
     d.add(group(top.body, f"matrix(1 0 0 {scale:.4f} 0 0)"))
     return d

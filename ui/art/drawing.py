@@ -20,6 +20,10 @@ BLACK = "#0b0b0d"
 INK = "#24120a"
 
 RED_SUITS = (2, 4)
+FOUR_COLOURS = {  # of the suits that change theirs; CardPainter writes the ranks in the middle ones
+    3: [(0, "#0a7036"), (0.6, "#006428"), (1, "#004a1c")],
+    4: [(0, "#1a5cd0"), (0.6, "#0046be"), (1, "#003290")],
+}
 
 
 def num(value):
@@ -182,13 +186,15 @@ STAR = "M" + "L".join(f"{num(x)} {num(y)}" for x, y in star_points(50, 54, 49, 2
 PIPS = {1: SPADE, 2: HEART, 3: CLUB, 4: DIAMOND, 5: STAR}
 
 
-def pip_look(drawing, suit, top, bottom):
+def pip_look(drawing, suit, top, bottom, four_colours=False):
     """The colours of a suit between two heights; the stars alone have an outline, as gold on ivory is pale."""
     if suit == 5:
         fill = drawing.linear(0, top, 0, bottom, [(0, "#e6dc7a"), (0.5, "#bebe3c"), (1, "#8f8a1e")])
         return {"fill": fill, "stroke": "#3d3a08", "width": 4, "join": "round"}
-    stops = [(0, "#dc1414"), (0.6, RED), (1, "#a80000")] if suit in RED_SUITS else [
-        (0, "#34343a"), (0.5, "#0e0e10"), (1, "#000000")]
+    stops = FOUR_COLOURS.get(suit) if four_colours else None
+    if not stops:
+        stops = [(0, "#dc1414"), (0.6, RED), (1, "#a80000")] if suit in RED_SUITS else [
+            (0, "#34343a"), (0.5, "#0e0e10"), (1, "#000000")]
     return {"fill": drawing.linear(0, top, 0, bottom, stops)}
 
 

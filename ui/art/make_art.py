@@ -9,6 +9,7 @@ Picture in Pictures.h; a picture per size class takes a number for small, medium
 
 from pathlib import Path
 
+import backs
 import cards
 import courts
 import table
@@ -18,6 +19,7 @@ SIZES = ("small", "medium", "large")
 SUITS = {1: "spades", 2: "hearts", 3: "clubs", 4: "diamonds", 5: "stars"}
 RANKS = ("ace", "two", "three", "four", "five", "six", "seven", "eight", "nine", "ten", "jack",
          "queen", "king")
+COURTS = (1, 11, 12, 13)
 
 
 def all_pictures():
@@ -34,18 +36,22 @@ def all_pictures():
     yield 1201, "icon_small", table.icon(True)
     for k, size in enumerate(SIZES):
         yield 1210 + k, f"card_face_{size}", cards.face(size)
-        yield 1220 + k, f"card_back_{size}", cards.back(size)
         yield 1230 + k, f"card_joker_{size}", cards.joker(size)
         yield 1240 + k, f"card_alternate_{size}", cards.face(size, tinted=True)
-        yield 1260 + k, f"card_stack_{size}", cards.stack(size)
+        for number, back in enumerate(backs.BACKS):
+            yield 1220 + 3 * number + k, f"card_back_{back.__name__}_{size}", back(size)
+            yield 1260 + 3 * number + k, f"card_stack_{back.__name__}_{size}", cards.stack(size, number)
     for suit, name in SUITS.items():
         yield 1300 + suit, f"pip_{name}", table.single_pip(suit)
-    for first, kind in ((1310, "black"), (1330, "red")):
-        yield first + 1, f"court_ace_{kind}", courts.ace(kind)
-        yield first + 11, f"court_jack_{kind}", courts.jack(kind)
-        yield first + 12, f"court_queen_{kind}", courts.queen(kind)
-        yield first + 13, f"court_king_{kind}", courts.king(kind)
-    yield 1351, "court_ace_star", courts.ace("star")
+    yield 1306, "pip_clubs_green", table.single_pip(3, four_colours=True)
+    yield 1307, "pip_diamonds_blue", table.single_pip(4, four_colours=True)
+    for suit, name in list(SUITS.items())[:4]:
+        for rank in COURTS:
+            number, file = 20 * (suit - 1) + rank, f"court_{RANKS[rank - 1]}_{name}"
+            yield 1310 + number, file, courts.court(rank, suit)
+            if name != "hearts":  # red with two colours and with four
+                yield 1600 + number, f"{file}_four_colours", courts.court(rank, suit, four_colours=True)
+    yield 1391, "court_ace_stars", courts.court(1, 5)
     for k, size in enumerate(SIZES):
         for j, name in enumerate(table.BUTTONS):
             yield 1400 + 10 * k + 2 * j, f"button_{name}_{size}", table.button(name, size, False)
@@ -62,7 +68,8 @@ def all_pictures():
             yield 1480 + 2 * k + j, f"choice_{colour}_{size}", table.choice(colour, size)
     for k, name in enumerate(table.COINS):
         yield 1500 + k, f"coin_{name}", table.coin(name)
-    yield 1510, "target", table.target()
+    for number in range(1, 6):
+        yield 1519 + number, f"target_{number}", table.target(number)
     yield 1511, "charlie", table.charlie()
     yield 1512, "wheel", table.wheel()
 

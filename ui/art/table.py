@@ -1,4 +1,4 @@
-"""The rest of the table: buttons, bonus panels, coins, target, Charlie, wheel, felt and the program's icon."""
+"""The rest of the table: buttons, bonus panels, coins, targets, Charlie, wheel, felt and the program's icon."""
 
 import math
 import random
@@ -6,7 +6,7 @@ import random
 from cards import cap
 from drawing import (BLACK, GOLD_PALE, INK, RED, Drawing, arc_lettering, circle, ellipse, group,
                      lettering,
-                     line, path, pip, polygon, rect, star_points)
+                     line, path, pip, pip_look, polygon, rect, star_points)
 
 BUTTON_SIZES = {"small": (45, 30), "medium": (50, 40), "large": (80, 50)}
 BUTTONS = {  # caption's lines, plastic from top to bottom, caption's colour
@@ -212,21 +212,19 @@ def coin(name):
     return d
 
 
-def target():
+def target(number):
+    """A target whose bull bears its number, by which it is shot from the keyboard."""
     d = Drawing(50, 50)
     d.add(circle(25, 26, 23.5, fill="#000000", opacity=0.35))
     d.add(circle(25, 25, 23.8, fill=d.linear(0, 1, 0, 49, [
         (0, "#fff3c4"), (0.4, "#d9ae48"), (1, "#7a5413")]), stroke="#4a3208", width=0.8))
-    rings = ((21.6, ("#fffef8", "#e2d8c2")), (17.4, ("#e8383f", "#9c0c14")), (13.2, ("#fffef8",
-                                                                                     "#e2d8c2")),
-             (9, ("#e8383f", "#9c0c14")), (4.8, ("#fff3c4", "#d09a20")))
-    for radius, (light, dark) in rings:
+    white, red = ("#fffef8", "#e2d8c2"), ("#e8383f", "#9c0c14")
+    for radius, (light, dark) in ((21.6, white), (18.2, red), (14.8, white), (11.6, red)):
         d.add(circle(25, 25, radius, fill=d.radial(20, 18, 30, [(0, light), (1, dark)]),
-                     stroke="#3a1206",
-                     width=0.6))
-    d.add(line(25, 21.5, 25, 28.5, stroke="#5c3c06", width=0.8), line(21.5, 25, 28.5, 25,
-                                                                      stroke="#5c3c06",
-                                                                      width=0.8))
+                     stroke="#3a1206", width=0.6))
+    d.add(circle(25, 25, 8.8, fill=d.radial(22, 20, 14, [(0, "#fffbe6"), (1, "#f0cf74")]),
+                 stroke="#3a1206", width=0.7))
+    d.add(lettering(str(number), 25, 30.2, 15, fill=INK))
     return d
 
 
@@ -316,7 +314,7 @@ def felt():
     d = Drawing(side, side)
     d.add(rect(-1, -1, side + 2, side + 2, fill="#0b5a37"))
     chance = random.Random(17)
-    layers = {"#0f6a42": "", "#084a2c": "", "#138050": ""}
+    layers = {"#0f6a42": [], "#084a2c": [], "#138050": []}
     for k in range(900):
         tone = ("#0f6a42", "#084a2c", "#0f6a42", "#084a2c", "#138050")[k % 5]
         x, y = chance.uniform(0, side), chance.uniform(0, side)
@@ -326,9 +324,10 @@ def felt():
         for sx in (-side, 0, side):
             for sy in (-side, 0, side):
                 if -6 < x + sx < side + 6 and -6 < y + sy < side + 6:
-                    layers[tone] += f"M{x + sx:.1f} {y + sy:.1f}q{bx:.1f} {by:.1f} {dx:.1f} {dy:.1f}"
-    for tone, d_ in layers.items():
-        d.add(path(d_, stroke=tone, width=0.6, opacity=0.42))
+                    layers[tone].append(f"M{x + sx:.1f} {y + sy:.1f}q{bx:.1f} {by:.1f} {dx:.1f} {dy:.1f}")
+    for tone, fibres in layers.items():
+        for k in range(0, len(fibres), 12):  # many short paths are drawn faster than a long one
+            d.add(path("".join(fibres[k:k + 12]), stroke=tone, width=0.6, opacity=0.42))
     return d
 
 
@@ -397,7 +396,7 @@ def joker_tile():
     return d
 
 
-def single_pip(suit):
+def single_pip(suit, four_colours=False):
     d = Drawing(80, 80)
-    d.add(pip(d, suit, 0, 0, 80))
+    d.add(pip(d, suit, 0, 0, 80, pip_look(d, suit, 0, 100, four_colours)))
     return d

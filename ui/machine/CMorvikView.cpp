@@ -73,6 +73,12 @@ void CMorvikView::LayOutMachine() {
     emit LaidOut();
 }
 
+void CMorvikView::SetCardStyle(const CardStyle& style) {
+    if (style == cardStyle) return;
+    cardStyle = style;
+    update();
+}
+
 void CMorvikView::ShowScene() {
     const QRegion changed = ChangedRegion(shown, seat.scene, places);
     shown = seat.scene;
@@ -82,7 +88,7 @@ void CMorvikView::ShowScene() {
 void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintMachine(painter, event->region(), shown, fit, places, seat.engine.payTable,
-                 seat.engine.deck.table, pictures);
+                 seat.engine.deck.table, pictures, cardStyle);
     if (QAccessible::isActive()) announcementDue.start(kAnnouncementDelay, this);
 }
 

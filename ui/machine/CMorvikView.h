@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "game/seat/Seat.h"
+#include "ui/art/CardStyle.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineFit.h"
 #include "ui/machine/MachineInput.h"
@@ -20,6 +21,9 @@ class CMorvikView : public QWidget {
 
     // Sees to it that what has changed since the last time is painted.
     void ShowScene();
+
+    // All is painted anew when it differs.
+    void SetCardStyle(const CardStyle& style);
 
     // Another pay table has other places; all is painted anew.
     void LayOutMachine();
@@ -58,6 +62,7 @@ class CMorvikView : public QWidget {
     void BeginKey(int key);
 
     Seat& seat;
+    CardStyle cardStyle;
     Scene shown;  // is painted, or will be when the window next is
     ActionQueue& actions;
     PictureStore& pictures;

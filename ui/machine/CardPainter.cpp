@@ -1,5 +1,8 @@
 #include "ui/machine/CardPainter.h"
 
+#include <QFontMetrics>
+#include <QRectF>
+#include <algorithm>
 #include <string>
 
 #include "core/text/Ranks.h"
@@ -13,10 +16,18 @@ constexpr int kLargeRankInset = 20;
 constexpr int kCourtInset = 5;
 constexpr int kLargeCourtDrop = 10;
 constexpr int kBigPipLift = 10;
+constexpr QColor kOliveEdge{44, 42, 8};  // olive alone is too pale to be read on paper
 constexpr QPoint kFirstUnder{6, -12};
 constexpr QPoint kSecondUnder{3, -6};
 
-bool IsRed(const CardInfo& card) { return card.suit == kHearts || card.suit == kDiamonds; }
+// As the pips are, in shades that read on paper.
+QColor InkOf(int suit, const CardStyle& style) {
+    constexpr QColor kBlue{0, 70, 190};
+    constexpr QColor kGreen{0, 100, 40};
+    if (style.fourColours && suit == kDiamonds) return kBlue;
+    if (style.fourColours && suit == kClubs) return kGreen;
+    return suit == kHearts || suit == kDiamonds ? kMachineRed : kMachineBlack;
+}
 
 std::string RankText(int rank) {
     if (rank >= 2 && rank <= 10) return std::to_string(rank);
@@ -54,16 +65,39 @@ void DrawShadow(QPainter& painter, const QRect& place) {
     painter.restore();
 }
 
+constexpr QColor kPlateIvory{255, 248, 224};
+constexpr QColor kPlateRim{150, 110, 30};
+constexpr QColor kPlateGloss{255, 255, 250};
+constexpr QColor kPlateShade{0, 0, 0, 34};
+constexpr int kPlateShadow = 3;  // pixels below it, and one at its sides
+
+int SideMargin(const TextPlace& place) { return place.fontHeight / 6 + 2; }
+
+// Just around the capitals, which leaves more of the pips above and below in sight than a whole
+// line would.
+QRect PlateFor(MachineCanvas& canvas, const TextPlace& place, const QRect& card,
+               std::string_view word) {
+    const QFontMetrics metrics(canvas.Font(place.fontHeight));
+    const int width = std::min(canvas.TextWidth(place.fontHeight, word), place.rect.width());
+    const int baseline =
+        place.rect.y() + (place.rect.height() - metrics.height()) / 2 + metrics.ascent();
+    const int margin = std::max(metrics.capHeight() / 7, 2);
+    QRect plate(0, baseline - metrics.capHeight() - margin - 1, width + 2 * SideMargin(place),
+                metrics.capHeight() + 2 * margin + 2);
+    plate.moveLeft(place.rect.x() + (place.rect.width() - plate.width()) / 2);
+    return plate & CardPainter::CoveredByPlate(place, card).adjusted(1, 0, -1, -kPlateShadow);
+}
+
 }  // namespace
 
 CardPainter::CardPainter(MachineCanvas& onCanvas, const MachineLayout& machineLayout,
-                         const CardTable& cardTable, GameType gameType)
-    : canvas(onCanvas), layout(machineLayout), cards(cardTable), type(gameType) {}
+                         const CardTable& cardTable, GameType gameType, const CardStyle& cardStyle)
+    : canvas(onCanvas), layout(machineLayout), cards(cardTable), type(gameType), style(cardStyle) {}
 
 void CardPainter::DrawCard(CardCode card, const QRect& place, bool alternateFace) {
     if (card == kNoCard || !canvas.Sees(Covered(place, 0))) return;
     if (card < 0 || card >= cards.deckSize) {
-        DrawPaper(CardBack(layout.sizeClass), place);
+        DrawPaper(CardBack(layout.sizeClass, style), place);
         return;
     }
     const CardInfo& info = cards.cards[static_cast<std::size_t>(card)];
@@ -76,8 +110,8 @@ void CardPainter::DrawCard(CardCode card, const QRect& place, bool alternateFace
 }
 
 void CardPainter::DrawPile(int depth, const QRect& place) {
-    if (depth >= 1) DrawPaper(CardBack(layout.sizeClass), place.translated(kFirstUnder));
-    if (depth >= 2) DrawPaper(CardStack(layout.sizeClass), place.translated(kSecondUnder));
+    if (depth >= 1) DrawPaper(CardBack(layout.sizeClass, style), place.translated(kFirstUnder));
+    if (depth >= 2) DrawPaper(CardStack(layout.sizeClass, style), place.translated(kSecondUnder));
 }
 
 QRect CardPainter::Covered(const QRect& place, int pileDepth) {
@@ -98,7 +132,7 @@ void CardPainter::DrawFace(const CardInfo& card, const QRect& place, bool altern
         const int drop = layout.sizeClass == SizeClass::kLarge ? kLargeCourtDrop : kCourtInset;
         const QPoint corner(place.x() + place.width() - kCourtInset - layout.court,
                             place.y() + drop);
-        canvas.DrawPicture(CourtPicture(card.rank, card.suit),
+        canvas.DrawPicture(CourtPicture(card.rank, card.suit, style),
                            {corner, QSize(layout.court, layout.court)});
     }
     DrawRank(card, place);
@@ -111,10 +145,10 @@ void CardPainter::DrawRank(const CardInfo& card, const QRect& place) {
     const std::string text = RankText(card.rank);
     const int width = canvas.TextWidth(layout.cardFontHeight, text);
     const QRect rank(place.x() + inset, place.y(), width, layout.cardFontHeight);
-    canvas.Write({rank, layout.cardFontHeight}, text, IsRed(card) ? kMachineRed : kMachineBlack);
+    canvas.Write({rank, layout.cardFontHeight}, text, InkOf(card.suit, style));
     const QRect pip(rank.x() + (width - layout.smallPip) / 2, rank.y() + rank.height(),
                     layout.smallPip, layout.smallPip);
-    canvas.DrawPicture(PipPicture(card.suit), pip);
+    canvas.DrawPicture(PipPicture(card.suit, style), pip);
 }
 
 void CardPainter::DrawBigPip(const CardInfo& card, const QRect& place) {
@@ -122,9 +156,10 @@ void CardPainter::DrawBigPip(const CardInfo& card, const QRect& place) {
     const QRect pip(place.x() + (place.width() - side) / 2,
                     place.y() + place.height() - kBigPipLift - side, side, side);
     if (type == GameType::kAcesBonus && card.rank == kAceRank) {
-        canvas.Write({pip, layout.cardFontHeight}, AceLetter(card.suit), kMachineOlive);
+        canvas.WriteEdged({pip, layout.cardFontHeight}, AceLetter(card.suit), kMachineOlive,
+                          kOliveEdge, std::max(layout.cardFontHeight / 24, 2));
     } else {
-        canvas.DrawPicture(PipPicture(card.suit), pip);
+        canvas.DrawPicture(PipPicture(card.suit, style), pip);
     }
 }
 
@@ -133,5 +168,32 @@ void CardPainter::WriteWild(const QRect& place) {
     QRect mark(QPoint(0, 0), layout.wildMark);
     mark.moveTopLeft(place.topLeft() + QPoint((place.width() - mark.width()) / 2,
                                               (place.height() - mark.height()) / 2));
-    canvas.WriteEdged({mark, layout.labelFontHeight}, "WILD", kMachineBlue, kCardPaper);
+    WriteOnPlate({mark, layout.labelFontHeight}, place, "WILD");
+}
+
+void CardPainter::WriteOnPlate(const TextPlace& place, const QRect& card, std::string_view word) {
+    if (word.empty() || !canvas.Sees(CoveredByPlate(place, card))) return;
+    const QRectF plate(PlateFor(canvas, place, card, word));
+    const double radius = plate.height() / 4;
+    QPainter& painter = canvas.Painter();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto draw = [&painter](const QRectF& part, double corner, const QColor& colour) {
+        painter.setBrush(colour);
+        painter.drawRoundedRect(part, corner, corner);
+    };
+    painter.setPen(Qt::NoPen);
+    // Plain colours one on another: what a gradient is rounded to would depend on the clip.
+    draw(plate.adjusted(-1, 1, 1, 3), radius + 1, kPlateShade);
+    draw(plate.adjusted(0, 1, 0, 2), radius, kPlateShade);
+    draw(plate, radius, kPlateRim);
+    draw(plate.adjusted(1, 1, -1, -1), radius - 1, kPlateGloss);
+    draw(plate.adjusted(1, 2, -1, -1), radius - 1, kPlateIvory);
+    painter.restore();
+    canvas.Write(place, word, kMachineBlue);
+}
+
+QRect CardPainter::CoveredByPlate(const TextPlace& place, const QRect& card) {
+    const int side = SideMargin(place) + 1;
+    return place.rect.adjusted(-side, -2, side, 2 + kPlateShadow) & card;
 }

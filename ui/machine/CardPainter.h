@@ -2,6 +2,7 @@
 #pragma once
 #include "core/cards/CardTable.h"
 #include "core/paytable/PayTable.h"
+#include "ui/art/CardStyle.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineCanvas.h"
 
@@ -10,7 +11,7 @@ class CardPainter {
   public:
     // All outlive the painter.
     CardPainter(MachineCanvas& canvas, const MachineLayout& layout, const CardTable& cards,
-                GameType type);
+                GameType type, const CardStyle& style);
 
     // At a place of the card's size. kNoCard leaves the place as it is; a code that the deck does
     // not hold shows the back.
@@ -18,6 +19,14 @@ class CardPainter {
 
     // What lies under the top of a pile: 1 a card back, 2 a stack, anything else nothing.
     void DrawPile(int depth, const QRect& place);
+
+    // A word across a card, on a small plate of its own: "WILD", "PLAY", "SPIN". It is written
+    // where Write would put it, in the table's blue; the plate reaches a little further to both
+    // sides, but not over the edge of the card.
+    void WriteOnPlate(const TextPlace& place, const QRect& card, std::string_view word);
+
+    // All that such a plate covers with its shadow, for any word that fits the place.
+    static QRect CoveredByPlate(const TextPlace& place, const QRect& card);
 
     // All that a card in the place and the pile under it cover, with their shadows.
     static QRect Covered(const QRect& place, int pileDepth);
@@ -33,4 +42,5 @@ class CardPainter {
     const MachineLayout& layout;
     const CardTable& cards;
     GameType type;
+    CardStyle style;
 };

@@ -83,7 +83,9 @@ class ChangeFinder {
         Compare(&Scene::charlie, {layout.charlie});
         Compare(&Scene::firstDraw,
                 {CardPainter::Covered(layout.sneakPeakCard, 0), layout.sneakPeakLabel.rect});
-        Compare(&Scene::featureLabel, {layout.spinLabel.rect, layout.shootLabel.rect});
+        Compare(&Scene::featureLabel,
+                {CardPainter::CoveredByPlate(layout.spinLabel, layout.cards[4]),
+                 CardPainter::CoveredByPlate(layout.shootLabel, layout.cards[4])});
         Compare(&Scene::spin, {layout.spinButton, layout.spinValue});
         Compare(&Scene::redBlack, {layout.redPanel, layout.blackPanel, layout.choiceMark,
                                    layout.redBlackLabel.rect, layout.questionMark.rect});

@@ -133,13 +133,14 @@ void MachineCanvas::WriteOnCloth(const TextPlace& place, std::string_view text,
     Write(place, text, colour);
 }
 
-// Written nine times rather than stroked as outlines, which Qt hints differently once it has drawn
-// the same letters as text.
+// Written again and again rather than stroked as outlines, which Qt hints differently once it has
+// drawn the same letters as text.
 void MachineCanvas::WriteEdged(const TextPlace& place, std::string_view text, const QColor& colour,
-                               const QColor& edge) {
-    for (const int y : {-1, 0, 1}) {
-        for (const int x : {-1, 0, 1}) {
-            if (x != 0 || y != 0)
+                               const QColor& edge, int width) {
+    for (int y = -width; y <= width; ++y) {
+        for (int x = -width; x <= width; ++x) {
+            const int squared = x * x + y * y;  // corners are rounded
+            if (squared > 0 && squared <= width * width + 1)
                 Write({place.rect.translated(x, y), place.fontHeight}, text, edge);
         }
     }

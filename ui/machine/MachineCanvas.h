@@ -20,7 +20,6 @@ inline constexpr QColor kMachineBlack{0, 0, 0};
 inline constexpr QColor kMachineWhite{255, 255, 255};
 inline constexpr QColor kMachineBlue{0, 0, 255};
 inline constexpr QColor kMachineOlive{190, 190, 60};
-inline constexpr QColor kCardPaper{255, 254, 248};
 
 // Places count in units of the table. Pictures and boxes begin and end with whole pixels of the
 // screen, whatever the zoom and the screen's scale: at most one more than their places reach.
@@ -74,9 +73,9 @@ class MachineCanvas {
     // The same on bare cloth, with a shadow that parts it from the cloth.
     void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour);
 
-    // The same across what is drawn already: a narrow edge parts the letters from it.
+    // The same across what is drawn already: an edge of so many pixels parts the letters from it.
     void WriteEdged(const TextPlace& place, std::string_view text, const QColor& colour,
-                    const QColor& edge);
+                    const QColor& edge, int width = 1);
 
     const QFont& Font(int height);
     int TextWidth(int fontHeight, std::string_view text);

@@ -17,12 +17,12 @@ class MachinePainter {
   public:
     MachinePainter(MachineCanvas& onCanvas, const Scene& shownScene,
                    const MachineLayout& machineLayout, const PayTable& table,
-                   const CardTable& cardTable)
+                   const CardTable& cardTable, const CardStyle& cardStyle)
         : canvas(onCanvas),
           scene(shownScene),
           layout(machineLayout),
           payTable(table),
-          cards(onCanvas, machineLayout, cardTable, table.type) {}
+          cards(onCanvas, machineLayout, cardTable, table.type, cardStyle) {}
 
     void Paint() {
         PaintCloth(canvas, layout);
@@ -102,7 +102,7 @@ void MachinePainter::PaintTarget(std::size_t target) {
     const QRect& place = layout.targets[target];
     if (look.face == TargetFace::kGone) return;
     if (look.face == TargetFace::kHidden) {
-        canvas.DrawPicture(Picture::kTarget, place);
+        canvas.DrawPicture(TargetPicture(static_cast<int>(target)), place);
         return;
     }
     const bool shot = look.face == TargetFace::kShot;
@@ -175,8 +175,7 @@ void MachinePainter::PaintPlace(std::size_t position) {
     cards.DrawPile(look.pileDepth, place);
     cards.DrawCard(look.card, place, look.pileTop);
     if (!look.label.empty() && position >= kLeftPilePosition) {
-        canvas.WriteEdged(layout.pileLabels[position - kLeftPilePosition], look.label, kMachineBlue,
-                          kCardPaper);
+        cards.WriteOnPlate(layout.pileLabels[position - kLeftPilePosition], place, look.label);
     }
     if (look.held) canvas.WriteOnCloth(layout.heldMarks[position], "HELD", kMachineWhite);
     PaintButton(MachineButton::kHold, look.holdButton, look.holdDimmed,
@@ -191,8 +190,8 @@ void MachinePainter::PaintFirstDraw() {
 
 void MachinePainter::PaintFeatureLabel() {
     const bool shoot = scene.featureLabel == "SHOOT";
-    canvas.WriteEdged(shoot ? layout.shootLabel : layout.spinLabel, scene.featureLabel,
-                      kMachineBlue, kCardPaper);
+    cards.WriteOnPlate(shoot ? layout.shootLabel : layout.spinLabel, layout.cards[4],
+                       scene.featureLabel);
 }
 
 // One that is dimmed lets the cloth shine through, as far as its words stay easy to read.
@@ -232,7 +231,7 @@ void MachinePainter::PaintMeters() {
 
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene, const MachineFit& fit,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures) {
+                  PictureStore& pictures, const CardStyle& cardStyle) {
     MachineCanvas canvas(painter, clip, fit, pictures);
-    MachinePainter(canvas, scene, layout, payTable, cards).Paint();
+    MachinePainter(canvas, scene, layout, payTable, cards, cardStyle).Paint();
 }

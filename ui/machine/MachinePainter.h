@@ -2,6 +2,8 @@
 #pragma once
 #include <QRegion>
 
+#include "ui/art/CardStyle.h"
+
 class PictureStore;
 class QPainter;
 struct CardTable;
@@ -15,4 +17,4 @@ struct Scene;
 // the cards those of its deck.
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene, const MachineFit& fit,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures);
+                  PictureStore& pictures, const CardStyle& cardStyle = {});
