@@ -11,6 +11,7 @@
 
 #include "game/session/SpareEngine.h"
 #include "tests/game/ManagerTable.h"
+#include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 #include "ui/help/AboutDialog.h"
 #include "ui/paytables/PayTableManagerDialog.h"
@@ -94,7 +95,11 @@ TEST_F(DialogKeysTest, NoLetterDoesTwoThings) {
     ExpectNoCollisions(CreateAnalysisFilesDialog({}, nullptr));
     ExpectNoCollisions(EnterDollarsDialog(1, nullptr));
     ExpectNoCollisions(RenameGameDialog("My Game", nullptr));
-    ExpectNoCollisions(SelectGameDialog({"Jacks or Better"}, "Jacks or Better", nullptr));
+    DialogRobot robot{[](QDialog& dialog) {
+        ExpectNoCollisions(dialog);
+        dialog.reject();
+    }};
+    AskGame({"Jacks or Better"}, "Jacks or Better", nullptr);
     LoadSpare(seat, spare);
     GameReportPages pages(seat, spare, paths);
     pages.ShowCurrent();

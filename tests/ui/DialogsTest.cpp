@@ -91,9 +91,13 @@ TEST(RenameGameDialogTest, ANameHasEightyBytesAtMostAndCanBeKeptInAFile) {
 
 TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
     const std::vector<std::string> games{"Jacks or Better", "Deuces Wild"};
-    EXPECT_EQ(SelectGameDialog(games, "DEUCES wild", nullptr).Selected(), "Deuces Wild");
-    const SelectGameDialog other(games, "Gone", nullptr);
-    EXPECT_FALSE(other.findChild<QPushButton*>("ok")->isEnabled());
+    Answer({Press(Qt::Key_Return)},
+           [&] { EXPECT_EQ(AskGame(games, "DEUCES wild", nullptr), "Deuces Wild"); });
+    const auto okWaits = [](QDialog& dialog) {
+        EXPECT_FALSE(dialog.findChild<QPushButton*>("ok")->isEnabled());
+        dialog.reject();
+    };
+    Answer({okWaits}, [&] { EXPECT_EQ(AskGame(games, "Gone", nullptr), std::nullopt); });
 }
 
 TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
