@@ -4,7 +4,6 @@
 
 #include <QClipboard>
 #include <QDialogButtonBox>
-#include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
 #include <QProgressBar>

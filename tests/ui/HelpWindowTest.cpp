@@ -136,9 +136,9 @@ class HelpWindowTest : public testing::Test {
 TEST_F(HelpWindowTest, EnterInTheSearchGoesFromResultToResultAndMarksTheWord) {
     Search("royal");
     ASSERT_GT(results->count(), 1);
-    for (int row = 0; row < results->count(); ++row) {
+    for (int row = 0; row <= results->count(); ++row) {
         QTest::keyClick(search, Qt::Key_Return);
-        EXPECT_EQ(results->currentRow(), row);
+        EXPECT_EQ(results->currentRow(), row % results->count());
         EXPECT_EQ(page->textCursor().selectedText().toLower(), "royal");
         EXPECT_TRUE(page->viewport()->rect().contains(page->cursorRect()));
     }
