@@ -1,48 +1,55 @@
-// Each dialog by itself, with the keys and clicks of a person.
+// Each dialog by itself, with the keys and clicks of a person, and the letters that are pressed
+// with Alt in all of them.
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QHelpEvent>
+#include <QDialogButtonBox>
+#include <QKeySequence>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QToolTip>
+#include <QTabWidget>
+#include <map>
 
-#include "game/reports/StatisticsReport.h"
+#include "game/session/SpareEngine.h"
+#include "tests/game/ManagerTable.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 #include "ui/help/AboutDialog.h"
 #include "ui/parts/PictureButton.h"
-#include "ui/parts/ReportBox.h"
+#include "ui/paytables/PayTableManagerDialog.h"
 #include "ui/paytables/RenameGameDialog.h"
 #include "ui/paytables/SelectGameDialog.h"
 #include "ui/questions/AssignFixedHandDialog.h"
 #include "ui/questions/AutoplayHandsDialog.h"
 #include "ui/questions/BestPlayErrorDialog.h"
 #include "ui/questions/CombinationsDialog.h"
+#include "ui/questions/CreateAnalysisFilesDialog.h"
 #include "ui/questions/EnterDollarsDialog.h"
 #include "ui/questions/ProgressDialog.h"
+#include "ui/reports/ErrorLogDialog.h"
+#include "ui/reports/GameAnalysisDialog.h"
+#include "ui/reports/HandAnalysisDialog.h"
 #include "ui/reports/StatisticsDialog.h"
 
 namespace {
 
 using Codes = std::array<CardCode, 5>;
 
-// Pastes a text and presses Enter in the dialog; what is refused is told, and then another typed.
-template <typename Dialog>
-std::string RefusalOf(Dialog& dialog, const char* pasted, const char* then) {
-    QApplication::clipboard()->setText(pasted);
+DialogRobot::Step Paste(const QString& text) {
+    return [=](QDialog& dialog) {
+        QApplication::clipboard()->setText(text);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_V, Qt::ControlModifier);
+    };
+}
+
+// Pastes a text and presses Enter in the dialog; what is refused is told, and then another one
+// typed.
+std::string RefusalOf(QDialog& dialog, const char* refused, const DialogRobot::Step& then) {
     std::string told;
-    DialogRobot robot{Press(Qt::Key_V, Qt::ControlModifier), Press(Qt::Key_Return), Note(told),
-                      Type(then), Press(Qt::Key_Return)};
-    EXPECT_EQ(dialog.exec(), QDialog::Accepted) << pasted;
+    DialogRobot robot{Paste(refused), Press(Qt::Key_Return), Note(told), then,
+                      Press(Qt::Key_Return)};
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted) << refused;
     return told;
 }
 
@@ -50,7 +57,7 @@ TEST(EnterDollarsDialogTest, OnlyAWholeAmountIsAccepted) {
     for (const char* typed : {"0", "1000000", "1,000,000", "-5", "1.5", "ten", "20 dollars", "4,00",
                               "99999999999999999999", " "}) {
         EnterDollarsDialog dialog(100, nullptr);  // which is typed over
-        EXPECT_EQ(RefusalOf(dialog, typed, "999,999"),
+        EXPECT_EQ(RefusalOf(dialog, typed, Type("999,999")),
                   "Tolvane: Enter an integer between 1 and 999999.");
         EXPECT_EQ(dialog.Dollars(), 999999) << typed;
     }
@@ -63,37 +70,22 @@ TEST(AutoplayHandsDialogTest, OnlyAWholeNumberIsAccepted) {
         {"1,00", "-3", -3}};
     for (const auto& [refused, typed, hands] : cases) {
         AutoplayHandsDialog dialog(nullptr);
-        EXPECT_EQ(RefusalOf(dialog, refused, typed), "Tolvane: Enter a whole number.") << refused;
+        EXPECT_EQ(RefusalOf(dialog, refused, Type(typed)), "Tolvane: Enter a whole number.")
+            << refused;
         EXPECT_EQ(dialog.Hands(), hands);
     }
 }
 
 TEST(RenameGameDialogTest, ANameHasEightyBytesAtMostAndCanBeKeptInAFile) {
     RenameGameDialog dialog("Deuces", nullptr);
-    ShowDialog(dialog);
-    auto& box = PartOf<QLineEdit>(dialog, "newName");
-    const auto refusal = Told([&] {
-        QTest::keyClicks(&box, "A=B");
-        QTest::keyClick(&box, Qt::Key_Return);
-    });
-    EXPECT_TRUE(refusal.starts_with("Input Error: Game name can not")) << refusal;
-    EXPECT_TRUE(dialog.isVisible());
-    box.clear();
-    QTest::keyClicks(&box, QString(81, u'x'));
-    EXPECT_EQ(dialog.NewName(), std::string(80, 'x'));
-    box.clear();
-    QApplication::clipboard()->setText("Deuces\n" + QString(36, QChar(0xE4)));
-    QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
-    QTest::keyClicks(&box, "xyz");
+    const auto fill = [](QDialog& open) {
+        Paste("Deuces\n" + QString(36, QChar(0xE4)))(open);
+        Type("xyz")(open);
+    };
+    const std::string told = RefusalOf(dialog, "A=B", fill);
+    EXPECT_TRUE(told.starts_with("Input Error: Game name can not")) << told;
     EXPECT_EQ(dialog.NewName().size(), 80U) << "36 letters of two bytes among them";
     EXPECT_TRUE(dialog.NewName().starts_with("Deuces \u00e4")) << "a line break is a blank";
-}
-
-TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
-    const std::vector<std::string> games{"Jacks or Better", "Deuces Wild"};
-    EXPECT_EQ(SelectGameDialog(games, "DEUCES wild", nullptr).Selected(), "Deuces Wild");
-    const SelectGameDialog other(games, "Gone", nullptr);
-    EXPECT_FALSE(other.findChild<QPushButton*>("ok")->isEnabled());
 }
 
 TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
@@ -117,33 +109,11 @@ TEST(CombinationsDialogTest, EnterCalculatesAndTheNextNumbersMayBeTyped) {
     EXPECT_EQ(dialog.focusWidget()->objectName(), "drawn");
 }
 
-TEST(BestPlayErrorDialogTest, OnlyYesGoesOn) {
-    const auto inText = [](QDialog& dialog) {
-        QTest::keyClick(&PartOf<QWidget>(dialog, "message"), Qt::Key_Y);
-    };
-    const std::pair<DialogRobot::Step, bool> answers[] = {
-        {Press(Qt::Key_Return), false}, {Press(Qt::Key_N), false}, {inText, true}};
-    for (const auto& [answer, goesOn] : answers) {
-        BestPlayErrorDialog dialog("Continue?", {}, {}, nullptr);
-        DialogRobot robot{answer};
-        EXPECT_EQ(dialog.exec() == QDialog::Accepted, goesOn);
-    }
-}
-
-TEST(ProgressDialogTest, TheMeterStopsTheWorkWhenItIsCancelled) {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
-        ProgressDialog meter("Hands played...0%", nullptr);
-        ShowDialog(meter);
-        EXPECT_TRUE(meter.Show("Hands played...37%", 37));
-        EXPECT_EQ(PartOf<QLineEdit>(meter, "text").text(), "Hands played...37%");
-        QTest::keyClick(meter.focusWidget(), key);
-        EXPECT_FALSE(meter.Show("Hands played...38%", 38) || meter.isVisible());
-    }
-}
-
-TEST(ProgressDialogTest, FrequentCallsAreShownThirtyTimesASecondAtMost) {
+TEST(ProgressDialogTest, FrequentCallsAreShownThirtyTimesASecondUntilItIsCancelled) {
     ProgressDialog meter("Hands played...0%", nullptr);
     ShowDialog(meter);
+    EXPECT_TRUE(meter.Show("Hands played...37%", 37));
+    EXPECT_EQ(PartOf<QLineEdit>(meter, "text").text(), "Hands played...37%");
     int changes = 0;
     QObject::connect(&PartOf<QProgressBar>(meter, "bar"), &QProgressBar::valueChanged,
                      [&changes] { ++changes; });
@@ -156,6 +126,8 @@ TEST(ProgressDialogTest, FrequentCallsAreShownThirtyTimesASecondAtMost) {
         return PartOf<QProgressBar>(meter, "bar").value() == 100;
     };
     EXPECT_TRUE(QTest::qWaitFor(isSeen)) << "a slower caller is seen again";
+    QTest::keyClick(meter.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(meter.Show("Hands played", 38) || meter.isVisible());
 }
 
 TEST(AboutDialogTest, ItTellsTheVersion) {
@@ -164,7 +136,9 @@ TEST(AboutDialogTest, ItTellsTheVersion) {
 
 class AssignFixedHandDialogTest : public testing::Test {
   protected:
-    void Open(const std::string& game, int id, const Codes& hand) {
+    static constexpr Codes kNone{kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
+
+    void Open(const std::string& game, int id, const Codes& hand = kNone) {
         machine = std::make_unique<TestMachine>(game, id);
         machine->engine.statistics.setCards = hand;
         dialog = std::make_unique<AssignFixedHandDialog>(machine->engine, store, nullptr);
@@ -186,7 +160,6 @@ class AssignFixedHandDialogTest : public testing::Test {
 
 TEST_F(AssignFixedHandDialogTest, AClickedCardLeavesTheGridForTheCurrentPlace) {
     Open("Jacks or Better", 300, {0, 1, kNoCard, 3, 4});
-    EXPECT_FALSE(Button("card1-1").isEnabled());
     EXPECT_EQ(Button("card1-1").Shown(), Picture::kEmptyPicture);
     Click("card2-13");
     EXPECT_EQ(Button("placeRank2").Shown(), RankPicture(13, kHearts));
@@ -196,14 +169,10 @@ TEST_F(AssignFixedHandDialogTest, AClickedCardLeavesTheGridForTheCurrentPlace) {
     EXPECT_EQ(Button("placeRank0").accessibleName(), "place 1, no card, the next card goes here");
     Click("ok");
     EXPECT_EQ(Hand(), (Codes{kNoCard, 1, 25, 3, 4}));
-    Open("Jacks or Better", 300, {0, 1, 2, 3, 4});
-    Click("clear");
-    PressKey(Qt::Key_Escape);
-    EXPECT_EQ(Hand(), (Codes{0, 1, 2, 3, 4})) << "as before";
 }
 
 TEST_F(AssignFixedHandDialogTest, AHandIsComposedByKeys) {
-    Open("Jacks or Better", 300, {kNoCard, kNoCard, kNoCard, kNoCard, kNoCard});
+    Open("Jacks or Better", 300);
     EXPECT_EQ(FocusName(), "ace of spades");
     PressKey(Qt::Key_Left);  // nothing is there
     PressKey(Qt::Key_Right);
@@ -222,84 +191,112 @@ TEST_F(AssignFixedHandDialogTest, AHandIsComposedByKeys) {
 }
 
 TEST_F(AssignFixedHandDialogTest, PickEmJokersAndTheFifthAceHaveTheirOwnGrid) {
-    constexpr Codes kNone{kNoCard, kNoCard, kNoCard, kNoCard, kNoCard};
     Open("Pick Em Poker", 350, {0, 1, 2, 3, 4});
     EXPECT_FALSE(Button("placeRank2").isVisible());
     EXPECT_EQ(Button("placeRank4").Shown(), RankPicture(6, kSpades)) << "the first draw card";
-    Open("5 Aces Bonus Poker", 313, kNone);
+    Open("5 Aces Bonus Poker", 313);
     Click("card5-1");
     EXPECT_EQ(Button("placeSuit0").Shown(), Picture::kStarsTile);
-    Open("2 Joker Poker", 344, kNone);
+    Open("2 Joker Poker", 344);
     Click("joker2");
     EXPECT_FALSE(Button("joker1").isEnabled()) << "taken from the first one";
     EXPECT_EQ(Button("placeRank0").Shown(), Picture::kJokerPicture);
 }
 
-class StatisticsDialogTest : public testing::Test {
-  protected:
-    StatisticsDialogTest() {
-        machine.engine.statistics.handsPlayed = {1000, 12345};
-        machine.engine.payTable.lines[0].sessionWins = 3;
-    }
-
-    void Open() {
-        dialog = std::make_unique<StatisticsDialog>(
-            machine.engine, machine.engine.statistics.sessionStart, nullptr);
-        ShowDialog(*dialog);
-    }
-    std::string Text(const char* name) {
-        return PartOf<QPlainTextEdit>(*dialog, name).toPlainText().toStdString();
-    }
-    static std::string Shown(const std::string& report) {
-        return QString::fromStdString(report).replace("\r\n", "\n").chopped(1).toStdString();
-    }
-    std::string Saved() {
-        auto& box = PartOf<QPlainTextEdit>(*dialog, "credits");
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, box.mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(&box, &event);
-        const DialogRobot robot{TypeFile("Save As", machine.folder.Path("report"))};
-        box.findChild<QAction*>("saveAsText")->trigger();
-        return machine.folder.Read("report.txt");
-    }
-
-    TestMachine machine;
-    std::unique_ptr<StatisticsDialog> dialog;
-};
-
-TEST_F(StatisticsDialogTest, TheDisplayChangesThePayTableAlone) {
-    const GameEngine& engine = machine.engine;
-    Open();
-    EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kHands)));
-    PartOf<QRadioButton>(*dialog, "displayHands").setFocus();
-    QTest::keyClick(dialog->focusWidget(), Qt::Key_Right);
-    EXPECT_NE(Text("lines").find("1:333.33"), std::string::npos);
-    QTest::mouseClick(&PartOf<QRadioButton>(*dialog, "displayShare"), Qt::LeftButton);
-    EXPECT_EQ(Text("lines"), Shown(StatisticsLines(engine, StatisticsDisplay::kShareOfReturn)));
-    EXPECT_EQ(Text("hands"), Shown(StatisticsHands(engine, engine.statistics.sessionStart)));
-    EXPECT_EQ(Text("credits"), Shown(StatisticsCredits(engine)));
-    EXPECT_EQ(Text("errors"), Shown(StatisticsErrors(engine)));
-    const std::string saved = Saved();
-    EXPECT_TRUE(saved.starts_with("Hands\n\tSession\tGame\n\nHands Won:\t0\t0\n")) << saved;
-    EXPECT_TRUE(saved.ends_with("\n\nPay Table\n" + Text("lines") + "\n")) << saved;
-    QTest::keyClick(&PartOf<QPlainTextEdit>(*dialog, "errors"), Qt::Key_Return);
-    EXPECT_FALSE(dialog->isVisible()) << "Enter is OK in a report too";
+// Desktops give the usual buttons a letter, or do not.
+QString CaptionOf(const QAbstractButton& button) {
+    const auto* box = qobject_cast<QDialogButtonBox*>(button.parentWidget());
+    if (!box) return button.text();
+    auto& inBox = const_cast<QAbstractButton&>(button);
+    const auto standard = box->standardButton(&inBox);
+    return standard == QDialogButtonBox::Ok       ? "&OK"
+           : standard == QDialogButtonBox::Cancel ? "&Cancel"
+                                                  : button.text();
 }
 
-TEST_F(StatisticsDialogTest, ALongNameLeavesTheFiguresAsTheyAre) {
-    const std::string name = "<b>" + std::string(77, 'W');
-    machine.engine.settings.gameName = name;
-    machine.engine.payTable.lines[1].description = std::string(80, 'M');
-    Open();
-    auto& box = PartOf<QPlainTextEdit>(*dialog, "lines");
-    EXPECT_EQ(box.font().pointSizeF(),
-              PartOf<QPlainTextEdit>(*dialog, "hands").font().pointSizeF());
-    EXPECT_EQ(box.horizontalScrollBar()->maximum(), 0) << "no column is cut off";
-    EXPECT_EQ(Text("lines").find("WWWW\tSession"), std::string::npos) << "cut short";
-    QHelpEvent rests(QEvent::ToolTip, {5, 5}, box.viewport()->mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(box.viewport(), &rests);
-    EXPECT_TRUE(
-        QToolTip::text().contains("&lt;b&gt;" + QString(77, 'W') + "<br>" + QString(80, 'M')));
-    EXPECT_NE(Saved().find("\n" + name + "\tSession\tGame\n"), std::string::npos);
+QStringList ShownCaptions(const QDialog& dialog) {
+    QStringList captions;
+    for (const auto* widget : dialog.findChildren<QWidget*>()) {
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (!widget->isVisibleTo(&dialog) || (label && !label->buddy())) continue;
+        captions.append(button  ? CaptionOf(*button)
+                        : label ? label->text()
+                                : widget->property("title").toString());
+    }
+    if (const auto* tabs = dialog.findChild<QTabWidget*>()) {
+        for (int i = 0; i < tabs->count(); ++i) captions.append(tabs->tabText(i));
+    }
+    return captions;
+}
+
+void ExpectOneForEachLetter(const QDialog& dialog) {
+    std::map<QString, QStringList> byKey;
+    for (const QString& caption : ShownCaptions(dialog)) {
+        const QKeySequence key = QKeySequence::mnemonic(caption);
+        if (!key.isEmpty()) byKey[key.toString()].append(caption);
+    }
+    for (const auto& [key, captions] : byKey) {
+        EXPECT_EQ(captions.size(), 1)
+            << dialog.objectName().toStdString() << ", " << key.toStdString() << ": "
+            << captions.join(" and ").toStdString();
+    }
+}
+
+void ExpectNoCollisions(const QDialog& dialog) {
+    auto* tabs = dialog.findChild<QTabWidget*>();
+    if (!tabs) return ExpectOneForEachLetter(dialog);
+    for (int page = 0; page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        ExpectOneForEachLetter(dialog);
+    }
+}
+
+TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
+    const std::vector<std::string> games{"Jacks or Better", "Deuces Wild"};
+    Answer({Press(Qt::Key_Return)},
+           [&] { EXPECT_EQ(AskGame(games, "DEUCES wild", nullptr), "Deuces Wild"); });
+    const auto okWaits = [](QDialog& dialog) {
+        EXPECT_FALSE(PartOf<QWidget>(dialog, "ok").isEnabled());
+        ExpectNoCollisions(dialog);
+        dialog.reject();
+    };
+    Answer({okWaits}, [&] { EXPECT_EQ(AskGame(games, "Gone", nullptr), std::nullopt); });
+}
+
+struct DialogKeysTest : testing::Test, ManagerTable {
+    PictureStore store;
+    GameEngine spare;
+};
+
+TEST_F(DialogKeysTest, NoLetterDoesTwoThings) {
+    ExpectNoCollisions(AboutDialog(nullptr));
+    ExpectNoCollisions(AssignFixedHandDialog(engine, store, nullptr));
+    ExpectNoCollisions(AutoplayHandsDialog(nullptr));
+    ExpectNoCollisions(BestPlayErrorDialog(
+        "Continue?", [](QWidget&) {}, {}, nullptr));
+    ExpectNoCollisions(CombinationsDialog(nullptr));
+    ExpectNoCollisions(CreateAnalysisFilesDialog({}, nullptr));
+    ExpectNoCollisions(EnterDollarsDialog(1, nullptr));
+    ExpectNoCollisions(RenameGameDialog("My Game", nullptr));
+    LoadSpare(seat, spare);
+    GameReportPages pages(seat, spare, paths);
+    pages.ShowCurrent();
+    ExpectNoCollisions(GameAnalysisDialog(pages, nullptr));
+    ExpectNoCollisions(HandAnalysisDialog(spare, store, nullptr));
+    ExpectNoCollisions(ErrorLogDialog(engine, machine.files, store, nullptr));
+    ExpectNoCollisions(StatisticsDialog(engine, 0, nullptr));
+}
+
+TEST_F(DialogKeysTest, EveryControlOfThePayTableManagerHasALetterOfItsOwn) {
+    auto editor = Manager("My Game", 9001, 0, true);
+    const PayTableManagerDialog dialog(editor, nullptr);
+    ExpectNoCollisions(dialog);
+    for (const QString& caption : ShownCaptions(dialog)) {
+        // Cancel has Esc; a box in a line has no caption, a group is no control.
+        if (caption.isEmpty() || caption == "Cancel" || caption == "Game Type") continue;
+        EXPECT_FALSE(QKeySequence::mnemonic(caption).isEmpty()) << caption.toStdString();
+    }
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
-#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QTreeWidget>
@@ -25,23 +24,17 @@ struct ReadPage {
     std::set<QString> anchors;
     std::set<QString> links;
     std::set<QString> pictures;
-    std::set<QString> boldWords;
 };
 
 ReadPage Read(const QString& page) {
     QTextDocument document;
     document.setHtml(ReadHelpPage(page));
     ReadPage read;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QTextCharFormat format = it.fragment().charFormat();
-            for (const QString& name : format.anchorNames()) read.anchors.insert(name);
-            if (!format.anchorHref().isEmpty()) read.links.insert(format.anchorHref());
-            if (format.isImageFormat()) read.pictures.insert(format.toImageFormat().name());
-            if (format.fontWeight() >= QFont::Bold) {
-                read.boldWords.insert(it.fragment().text().trimmed());
-            }
-        }
+    for (const QTextFormat& part : document.allFormats()) {
+        const QTextCharFormat format = part.toCharFormat();
+        for (const QString& name : format.anchorNames()) read.anchors.insert(name);
+        if (!format.anchorHref().isEmpty()) read.links.insert(format.anchorHref());
+        if (format.isImageFormat()) read.pictures.insert(format.toImageFormat().name());
     }
     return read;
 }
@@ -75,11 +68,11 @@ TEST(HelpIndexTest, EveryPictureIsThereAndEveryLinkLeadsToAPageThatHasItsAnchor)
 }
 
 TEST(HelpIndexTest, AllKeysOfTheMachineAreNamed) {
-    const std::set<QString> named = Read("machine.html").boldWords;
+    const QString page = ReadHelpPage("machine.html");
     for (const char* key :
          {"Space", "D", "1", "2", "5",  "B", "M",    "U",     "C",      "O",      "A",     "H",
           "S",     "E", "T", "0", "F1", "R", "Left", "Right", "Ctrl+N", "Ctrl+O", "Ctrl+S"}) {
-        EXPECT_TRUE(named.contains(key)) << key;
+        EXPECT_TRUE(page.contains(QString("<b>%1</b>").arg(key))) << key;
     }
 }
 
@@ -143,9 +136,9 @@ class HelpWindowTest : public testing::Test {
 TEST_F(HelpWindowTest, EnterInTheSearchGoesFromResultToResultAndMarksTheWord) {
     Search("royal");
     ASSERT_GT(results->count(), 1);
-    for (int row = 0; row < results->count(); ++row) {
+    for (int row = 0; row <= results->count(); ++row) {
         QTest::keyClick(search, Qt::Key_Return);
-        EXPECT_EQ(results->currentRow(), row);
+        EXPECT_EQ(results->currentRow(), row % results->count());
         EXPECT_EQ(page->textCursor().selectedText().toLower(), "royal");
         EXPECT_TRUE(page->viewport()->rect().contains(page->cursorRect()));
     }

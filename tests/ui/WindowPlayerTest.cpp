@@ -3,14 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <QMessageBox>
-#include <QWidget>
+#include <QCheckBox>
+#include <QPlainTextEdit>
+#include <QTextOption>
 
 #include "game/paytables/PayTableEditor.h"
 #include "game/session/AnalyzeGame.h"
 #include "tests/game/FakePorts.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
+#include "ui/charts/ShareChart.h"
 
 namespace {
 
@@ -26,15 +28,31 @@ class WindowPlayerTest : public testing::Test {
     TestMachine machine;
     Recorder ports{machine.engine};
     WindowPlayer player{window, store, ports};
+    Seat seat = SeatOf(machine, ports, player);
+    GameEngine spare;
 };
 
-TEST_F(WindowPlayerTest, AQuestionIsYesOnlyWhenYesIsChosen) {
-    const auto answered = [this](const DialogRobot::Step& answer) {
+TEST_F(WindowPlayerTest, OnlyYesIsYesAndAPlayErrorIsHeardAndTheHandAnalysedOverIt) {
+    const auto saysYes = [this](const DialogRobot::Step& answer) {
         DialogRobot robot{answer};
         return player.SaysYes("Double Up", "Do you wish to double up?");
     };
-    EXPECT_FALSE(answered(Press(Qt::Key_Return)) || answered(Press(Qt::Key_Escape)));
-    EXPECT_TRUE(answered(Press(Qt::Key_Y, Qt::AltModifier)));
+    EXPECT_FALSE(saysYes(Press(Qt::Key_Return)) || saysYes(Press(Qt::Key_Escape)));
+    EXPECT_TRUE(saysYes(Press(Qt::Key_Y, Qt::AltModifier)));
+    int beeps = 0;
+    int analyses = 0;
+    player.beep = [&] { ++beeps; };
+    player.showAnalysis = [&](QWidget& over) { analyses += over.objectName() == "bestPlayError"; };
+    const auto goesOn = [this](std::initializer_list<DialogRobot::Step> steps) {
+        const DialogRobot robot(steps);
+        return player.GoesOnAfterError("Continue?");
+    };
+    const auto yInText = [](QDialog& dialog) {
+        QTest::keyClick(&PartOf<QWidget>(dialog, "message"), Qt::Key_Y);
+    };
+    EXPECT_FALSE(goesOn({Press(Qt::Key_Return)}) || goesOn({Press(Qt::Key_N)}));
+    EXPECT_TRUE(goesOn({ClickOn("analysis"), yInText}));
+    EXPECT_TRUE(beeps == 3 && analyses == 1);
 }
 
 TEST_F(WindowPlayerTest, WhatIsToldHasItsCaptionAndIconAndLeavesTheCardsToBeSeen) {
@@ -81,15 +99,10 @@ TEST_F(WindowPlayerTest, AnExtensionIsAddedBeforeAFileIsReplaced) {
     EXPECT_EQ(player.AskFileToOpen(folder.Path()), taken) << "only a file that is there";
 }
 
-TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpen) {
-    DialogRobot robot{Type("0"), Press(Qt::Key_Return), [this](QDialog&) { player.RefuseAll(); },
-                      Type("77"), Press(Qt::Key_Return)};
-    EXPECT_EQ(player.AskDollars(100), std::nullopt) << "with a message over it";
+TEST_F(WindowPlayerTest, AWindowThatClosesRefusesWhatIsOpenAndWhatComesLater) {
+    Answer({Type("0"), Press(Qt::Key_Return), [this](QDialog&) { player.RefuseAll(); }},
+           [this] { EXPECT_EQ(player.AskDollars(1), std::nullopt) << "with a message over it"; });
     player.AnswerAgain();
-    EXPECT_EQ(player.AskHandCount(), 77);
-}
-
-TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     auto running = player.ShowProgress("Hands played...0%");
     const QWidget* modal = QApplication::activeModalWidget();
     EXPECT_TRUE(modal && modal->objectName() == "progress") << "nothing else is let through";
@@ -99,26 +112,65 @@ TEST_F(WindowPlayerTest, RefusedEveryLaterAnswerIsNoAtOnce) {
     EXPECT_FALSE(player.ShowProgress("Hands played...0%")->Show("", 0));
     player.Tell("Caption", "Text", MessageIcon::kError);
     player.ShowStatistics(machine.engine);
-    Seat seat = SeatOf(machine, ports, player);
     PayTableEditor editor(seat, machine.paths, {300, "Jacks or Better", 0});
     EXPECT_FALSE(player.GoesOnAfterError("Continue?") || player.SaysYes("Caption", "Question?") ||
                  player.AskFixedHand(machine.engine) || player.ShowPayTableManager(editor));
     EXPECT_FALSE(player.AskDollars(100) || player.AskHandCount() || player.AskAnalysisFiles({}));
     EXPECT_FALSE(player.AskFileToOpen("/tmp") || player.AskFileToSave("/tmp/a.qdx") ||
                  player.AskNewGameFile("/tmp/a.qdx") || player.AskGame({"A"}, "A"));
-    GameEngine spare;
     GameReportPages pages(seat, spare, machine.paths);
     EXPECT_EQ(player.ShowGameReport(pages), ReportAnswer::kDone);
 }
 
-TEST_F(WindowPlayerTest, APlayErrorIsHeardAndTheHandAnalysedOverIt) {
-    int beeps = 0;
-    int analyses = 0;
-    player.beep = [&] { ++beeps; };
-    player.showAnalysis = [&](QWidget& over) { analyses += over.objectName() == "bestPlayError"; };
-    DialogRobot robot{ClickOn("analysis"), ClickOn("yes")};
-    EXPECT_TRUE(player.GoesOnAfterError("Continue?"));
-    EXPECT_TRUE(beeps == 1 && analyses == 1);
+TEST_F(WindowPlayerTest, ARunIsAskedForAndItsReportAndTheFilesThatAreCheckedFollow) {
+    QString summaryText;
+    const auto lookAtFiles = [&](QDialog& dialog) {
+        EXPECT_FALSE(PartOf<QCheckBox>(dialog, "summary").isChecked());
+        summaryText = PartOf<QPlainTextEdit>(dialog, "summaryText").toPlainText();
+        PartOf<QCheckBox>(dialog, "detail").click();
+    };
+    const auto lookAtReport = [](QDialog& dialog) {
+        const auto& box = PartOf<QPlainTextEdit>(dialog, "report");
+        EXPECT_TRUE(box.toPlainText().contains("Game Payout\t99.5439%\n"));
+        EXPECT_TRUE(dialog.findChild<ShareChart*>()->accessibleDescription().startsWith(
+            "ROYAL FLUSH: 2.0 % of the return, 81.0 % of the variance\n"));
+        const auto tabs = box.document()->defaultTextOption().tabs();
+        ASSERT_EQ(tabs.size(), 12);
+        for (int i = 1; i < tabs.size(); ++i) {
+            EXPECT_GT(tabs[i].position - tabs[i - 1].position,
+                      QFontMetricsF(box.font()).horizontalAdvance("999,999,999,999,999"));
+        }
+        dialog.reject();
+    };
+    Answer({ClickOn("run"), lookAtFiles, ClickOn("ok"), lookAtReport},
+           [this] { AnalyzeGameCommand(seat, spare, machine.paths); });
+    EXPECT_TRUE(summaryText.endsWith(
+        QString::fromStdString("named " + machine.folder.Path("Jacks or Better(0) Summary.txt."))));
+    EXPECT_EQ(machine.folder.Read("Jacks or Better(0) Summary.txt"), "(missing)");
+    EXPECT_NE(machine.folder.Read("Jacks or Better(0) Detail.txt"), "(missing)");
+}
+
+TEST_F(WindowPlayerTest, GamesAndTablesOfTheReportAreBrowsedByKeys) {
+    machine.files.mainPath = machine.folder.Write(
+        "own.ini",
+        "[Jacks or Better(0)]\nNextIndex=2\nPayLines=1\nRank0=11\nPayout0=1\n"
+        "[Jacks or Better(2)]\nPrevIndex=0\nPayLines=1\nRank0=11\nPayout0=7\n"
+        "[User Games]\n3=9003,Own\n[Own(0)]\nPayLines=1\nRank0=11\nDescr0=OWN LINE\nPayout0=9\n");
+    // "<" and ">" stand for the tables before and after the one that is shown.
+    const auto shows = [](const std::string& wanted) -> DialogRobot::Step {
+        return [wanted](QDialog& dialog) {
+            const auto shown = (PartOf<QWidget>(dialog, "previousTable").isEnabled() ? "<" : "") +
+                               PartOf<QLineEdit>(dialog, "index").text() +
+                               (PartOf<QWidget>(dialog, "nextTable").isEnabled() ? ">" : "") +
+                               PartOf<QPlainTextEdit>(dialog, "report").toPlainText();
+            EXPECT_TRUE(shown.startsWith(QString::fromStdString(wanted))) << shown.toStdString();
+        };
+    };
+    Answer({shows("0>Game:\tJacks or Better\n\n\t1\n"), ClickOn("nextTable"),
+            shows("<2Game:\tJacks or Better\n\n\t7\n"), ClickOn("previousTable"),
+            Press(Qt::Key_G, Qt::AltModifier), Press(Qt::Key_End),
+            shows("0Game:\tOwn\n\nOWN LINE\t9\n"), Press(Qt::Key_Escape)},
+           [this] { AnalyzeGameCommand(seat, spare, machine.paths); });
 }
 
 }  // namespace

@@ -10,8 +10,7 @@
 #include <cmath>
 
 #include "core/text/Amount.h"
-#include "ui/charts/ChartColours.h"
-#include "ui/charts/ChartScale.h"
+#include "ui/charts/ChartParts.h"
 #include "ui/parts/DialogParts.h"
 
 namespace {
@@ -31,6 +30,15 @@ QString Amount(double dollars) {
 }
 
 }  // namespace
+
+// What all parts of the picture are drawn on and measured by.
+struct CreditChart::Sheet {
+    QPainter& painter;
+    ChartColours colours;
+    QFontMetricsF font;
+    QRectF plot;
+    double line;  // height of a line of text
+};
 
 CreditChart::CreditChart(CreditHistory shown, QWidget* parent)
     : QWidget(parent), history(std::move(shown)), amounts(AmountAxis()) {
@@ -126,21 +134,21 @@ void CreditChart::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
-    DrawAmounts(painter);
-    DrawHands(painter);
-    DrawCourse(painter);
-    DrawEven(painter);
-    DrawReading(painter);
+    const QFontMetricsF letters(font());
+    const Sheet sheet{painter, ColoursOf(palette()), letters, Plot(), letters.lineSpacing()};
+    DrawAmounts(sheet);
+    DrawHands(sheet);
+    DrawCourse(sheet);
+    DrawEven(sheet);
+    DrawReading(sheet);
     if (!hasFocus()) return;
-    painter.setPen(QPen(ColoursOf(palette()).text, 1, Qt::DotLine));
+    painter.setPen(QPen(sheet.colours.text, 1, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
 }
 
-void CreditChart::DrawAmounts(QPainter& painter) const {
-    const ChartColours colours = ColoursOf(palette());
-    const QFontMetricsF font(this->font());
-    const QRectF plot = Plot();
+void CreditChart::DrawAmounts(const Sheet& sheet) const {
+    const auto& [painter, colours, font, plot, line] = sheet;
     const int lines = qRound((amounts.to - amounts.from) / amounts.step);
     for (int i = 0; i <= lines; ++i) {
         const double value = amounts.from + i * amounts.step;
@@ -148,24 +156,19 @@ void CreditChart::DrawAmounts(QPainter& painter) const {
         painter.setPen(QPen(colours.line, 1));
         painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
         painter.setPen(colours.text);
-        painter.drawText(QRectF(0, y - font.lineSpacing() / 2,
-                                plot.left() - 0.5 * font.lineSpacing(), font.lineSpacing()),
+        painter.drawText(QRectF(0, y - line / 2, plot.left() - 0.5 * line, line),
                          Qt::AlignRight | Qt::AlignVCenter, Amount(value));
     }
     painter.save();
-    painter.translate(0.9 * font.lineSpacing(), plot.center().y());
+    painter.translate(0.9 * line, plot.center().y());
     painter.rotate(-90);
-    painter.drawText(
-        QRectF(-plot.height() / 2, -font.lineSpacing() / 2, plot.height(), font.lineSpacing()),
-        Qt::AlignCenter, tr("Net gain"));
+    painter.drawText(QRectF(-plot.height() / 2, -line / 2, plot.height(), line), Qt::AlignCenter,
+                     tr("Net gain"));
     painter.restore();
 }
 
-void CreditChart::DrawHands(QPainter& painter) const {
-    const ChartColours colours = ColoursOf(palette());
-    const QFontMetricsF font(this->font());
-    const QRectF plot = Plot();
-    const double line = font.lineSpacing();
+void CreditChart::DrawHands(const Sheet& sheet) const {
+    const auto& [painter, colours, font, plot, line] = sheet;
     const std::int64_t step = HandStep();
     for (std::int64_t hand = 0; hand <= history.Hands(); hand += step) {
         const double x = XOf(plot, static_cast<double>(hand));
@@ -183,8 +186,8 @@ void CreditChart::DrawHands(QPainter& painter) const {
 
 // From hand to hand; where several share a column of pixels, an upright line of what was won in
 // it. Single lines, since stroking one path of thousands of corners takes a quarter of a second.
-void CreditChart::DrawCourse(QPainter& painter) const {
-    const QRectF plot = Plot();
+void CreditChart::DrawCourse(const Sheet& sheet) const {
+    const QRectF& plot = sheet.plot;
     const auto stretches = history.Stretches();
     QList<QLineF> lines;
     QPointF from(XOf(plot, 0), YOf(plot, 0));
@@ -203,15 +206,12 @@ void CreditChart::DrawCourse(QPainter& painter) const {
         }
         from = to;
     }
-    painter.setPen(QPen(ColoursOf(palette()).first, kCourseWidth, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLines(lines);
+    sheet.painter.setPen(QPen(sheet.colours.first, kCourseWidth, Qt::SolidLine, Qt::RoundCap));
+    sheet.painter.drawLines(lines);
 }
 
-void CreditChart::DrawEven(QPainter& painter) const {
-    const ChartColours colours = ColoursOf(palette());
-    const QFontMetricsF font(this->font());
-    const QRectF plot = Plot();
-    const double line = font.lineSpacing();
+void CreditChart::DrawEven(const Sheet& sheet) const {
+    const auto& [painter, colours, font, plot, line] = sheet;
     const double y = YOf(plot, 0);
     const QPen dashes(colours.second, 1.4, Qt::DashLine);
     painter.setPen(dashes);
@@ -225,11 +225,8 @@ void CreditChart::DrawEven(QPainter& painter) const {
 }
 
 // A mark on the hand that is read, and what is said of it in words above.
-void CreditChart::DrawReading(QPainter& painter) const {
-    const ChartColours colours = ColoursOf(palette());
-    const QFontMetricsF font(this->font());
-    const double line = font.lineSpacing();
-    const QRectF plot = Plot();
+void CreditChart::DrawReading(const Sheet& sheet) const {
+    const auto& [painter, colours, font, plot, line] = sheet;
     const auto stretches = history.Stretches();
     const std::size_t at = read.value_or(stretches.size() - 1);
     painter.setPen(colours.text);
@@ -264,23 +261,13 @@ void CreditChart::focusOutEvent(QFocusEvent* event) {
 
 void CreditChart::keyPressEvent(QKeyEvent* event) {
     if (history.Hands() == 0) return QWidget::keyPressEvent(event);
-    const std::size_t last = history.Stretches().size() - 1;
-    const std::size_t at = read.value_or(last);
-    const std::size_t page = std::max<std::size_t>(last / 20, 1);
-    switch (event->key()) {
-        case Qt::Key_Left:
-            return Read(at - std::min<std::size_t>(at, 1));
-        case Qt::Key_Right:
-            return Read(std::min(at + 1, last));
-        case Qt::Key_PageUp:
-            return Read(at - std::min(at, page));
-        case Qt::Key_PageDown:
-            return Read(std::min(at + page, last));
-        case Qt::Key_Home:
-            return Read(0);
-        case Qt::Key_End:
-            return Read(last);
-        default:
-            return QWidget::keyPressEvent(event);
-    }
+    const auto last = static_cast<int>(history.Stretches().size()) - 1;
+    const int page = std::max(last / 20, 1);
+    const std::pair<int, int> steps[] = {{Qt::Key_Left, -1},      {Qt::Key_Right, 1},
+                                         {Qt::Key_PageUp, -page}, {Qt::Key_PageDown, page},
+                                         {Qt::Key_Home, -last},   {Qt::Key_End, last}};
+    const auto* step = std::ranges::find(steps, event->key(), &std::pair<int, int>::first);
+    if (step == std::end(steps)) return QWidget::keyPressEvent(event);
+    const int at = read ? static_cast<int>(*read) : last;
+    Read(static_cast<std::size_t>(std::clamp(at + step->second, 0, last)));
 }

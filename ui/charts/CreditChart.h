@@ -37,6 +37,8 @@ class CreditChart : public QWidget {
         double step = 1;
     };
 
+    struct Sheet;
+
     Axis AmountAxis() const;
     std::int64_t HandStep() const;  // between the numbers below the plot
     double XOf(const QRectF& plot, double hand) const;
@@ -44,11 +46,11 @@ class CreditChart : public QWidget {
     double HandsUntil(std::size_t stretch) const;  // the number of its last hand
     std::size_t StretchAt(double x) const;
     void Read(std::optional<std::size_t> stretch);
-    void DrawAmounts(QPainter& painter) const;
-    void DrawHands(QPainter& painter) const;
-    void DrawEven(QPainter& painter) const;
-    void DrawCourse(QPainter& painter) const;
-    void DrawReading(QPainter& painter) const;
+    void DrawAmounts(const Sheet& sheet) const;
+    void DrawHands(const Sheet& sheet) const;
+    void DrawEven(const Sheet& sheet) const;
+    void DrawCourse(const Sheet& sheet) const;
+    void DrawReading(const Sheet& sheet) const;
 
     CreditHistory history;
     Axis amounts;

@@ -8,8 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/charts/ChartColours.h"
-#include "ui/charts/ChartScale.h"
+#include "ui/charts/ChartParts.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <QtMath>
 #include <algorithm>
 
-#include "ui/charts/ChartColours.h"
+#include "ui/charts/ChartParts.h"
 
 namespace {
 

@@ -29,12 +29,10 @@ QStringList LinkedPages() {
     QTextDocument contents;
     contents.setHtml(ReadHelpPage(kHelpContents));
     QStringList pages;
-    for (QTextBlock block = contents.begin(); block.isValid(); block = block.next()) {
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QString page = it.fragment().charFormat().anchorHref().section('#', 0, 0);
-            if (page.endsWith(".html") && !page.contains(':') && !pages.contains(page)) {
-                pages.append(page);
-            }
+    for (const QTextFormat& format : contents.allFormats()) {
+        const QString page = format.toCharFormat().anchorHref().section('#', 0, 0);
+        if (page.endsWith(".html") && !page.contains(':') && !pages.contains(page)) {
+            pages.append(page);
         }
     }
     return pages;

@@ -18,6 +18,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 
 #include "ui/help/HelpPage.h"
 #include "ui/parts/DialogParts.h"
@@ -73,19 +74,6 @@ class HitDelegate : public QStyledItemDelegate {
         text.setTextWidth(list->viewport()->width());
     }
 };
-
-QAction* AddAction(QMainWindow& window, const char* name, const QString& text,
-                   const QList<QKeySequence>& keys) {
-    auto* action = new QAction(text, &window);
-    action->setObjectName(name);
-    action->setShortcuts(keys);
-    if (!keys.isEmpty()) {
-        action->setToolTip(text + " (" + keys.constFirst().toString(QKeySequence::NativeText) +
-                           ")");
-    }
-    window.addAction(action);
-    return action;
-}
 
 }  // namespace
 
@@ -171,34 +159,36 @@ QWidget* HelpWindow::MakeFound() {
 }
 
 QToolBar* HelpWindow::MakeTools() {
-    auto* back = AddAction(*this, "back", tr("Back"), {QKeySequence(Qt::ALT | Qt::Key_Left)});
+    const auto add = [this](const char* name, const QString& text, const QList<QKeySequence>& keys,
+                            const std::function<void()>& does) {
+        auto* action = new QAction(text, this);
+        action->setObjectName(name);
+        action->setShortcuts(keys);
+        action->setToolTip(text + " (" + keys.constFirst().toString(QKeySequence::NativeText) +
+                           ")");
+        connect(action, &QAction::triggered, this, does);
+        addAction(action);
+        return action;
+    };
+    auto* back = add("back", tr("Back"), {Qt::ALT | Qt::Key_Left}, [this] { page->backward(); });
     auto* forward =
-        AddAction(*this, "forward", tr("Forward"), {QKeySequence(Qt::ALT | Qt::Key_Right)});
-    auto* home = AddAction(*this, "home", tr("Home"), {QKeySequence(Qt::ALT | Qt::Key_Home)});
-    auto* smaller =
-        AddAction(*this, "smaller", tr("Smaller text"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)});
+        add("forward", tr("Forward"), {Qt::ALT | Qt::Key_Right}, [this] { page->forward(); });
+    auto* home = add("home", tr("Home"), {Qt::ALT | Qt::Key_Home}, [this] { GoTo(kHelpContents); });
+    auto* smaller = add("smaller", tr("Smaller text"), {Qt::CTRL | Qt::Key_Minus},
+                        [this] { Zoom(zoomSteps - 1); });
     auto* larger =
-        AddAction(*this, "larger", tr("Larger text"),
-                  {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    auto* normal =
-        AddAction(*this, "normal", tr("Usual text size"), {QKeySequence(Qt::CTRL | Qt::Key_0)});
-    auto* find = AddAction(*this, "find", tr("Search"), {QKeySequence(Qt::CTRL | Qt::Key_F)});
-    auto* close = AddAction(*this, "close", tr("Close"), {QKeySequence(Qt::Key_Escape)});
-    back->setEnabled(false);
-    forward->setEnabled(false);
-    connect(back, &QAction::triggered, page, &QTextBrowser::backward);
-    connect(forward, &QAction::triggered, page, &QTextBrowser::forward);
-    connect(home, &QAction::triggered, this, [this] { GoTo(kHelpContents); });
-    connect(page, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
-    connect(page, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
-    connect(smaller, &QAction::triggered, this, [this] { Zoom(zoomSteps - 1); });
-    connect(larger, &QAction::triggered, this, [this] { Zoom(zoomSteps + 1); });
-    connect(normal, &QAction::triggered, this, [this] { Zoom(0); });
-    connect(find, &QAction::triggered, this, [this] {
+        add("larger", tr("Larger text"), {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal},
+            [this] { Zoom(zoomSteps + 1); });
+    add("normal", tr("Usual text size"), {Qt::CTRL | Qt::Key_0}, [this] { Zoom(0); });
+    add("find", tr("Search"), {Qt::CTRL | Qt::Key_F}, [this] {
         search->setFocus(Qt::ShortcutFocusReason);
         search->selectAll();
     });
-    connect(close, &QAction::triggered, this, &QWidget::close);
+    add("close", tr("Close"), {Qt::Key_Escape}, [this] { close(); });
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    connect(page, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+    connect(page, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
     auto* tools = new QToolBar(tr("Tools"), this);
     tools->setObjectName("tools");
@@ -211,21 +201,28 @@ QToolBar* HelpWindow::MakeTools() {
 }
 
 void HelpWindow::FillContents() {
+    const auto add = [this](auto* under, const QString& title, const QString& place) {
+        auto* line = new QTreeWidgetItem(under, {title});
+        line->setData(0, kPlaceRole, place);
+        line->setToolTip(0, title);
+        lines.insert(place, line);
+        return line;
+    };
     for (const HelpTopic& topic : index.Topics()) {
-        auto* item = new QTreeWidgetItem(contents, {topic.title});
-        item->setData(0, kPlaceRole, topic.page);
-        item->setToolTip(0, topic.title);
+        auto* item = add(contents, topic.title, topic.page);
         for (const HelpSection& section : topic.sections) {
-            auto* line = new QTreeWidgetItem(item, {section.title});
-            line->setData(0, kPlaceRole, topic.page + '#' + section.anchor);
-            line->setToolTip(0, section.title);
+            add(item, section.title, topic.page + '#' + section.anchor);
         }
     }
 }
 
 void HelpWindow::Open(const QString& wanted) {
     const bool fresh = !isVisible();
-    if (fresh) StartAfresh();
+    if (fresh) {
+        search->clear();
+        contents->collapseAll();
+        Zoom(0);
+    }
     GoTo(index.HasPage(wanted.section('#', 0, 0)) ? wanted : QString(kHelpContents));
     if (fresh) {
         page->clearHistory();
@@ -237,30 +234,16 @@ void HelpWindow::Open(const QString& wanted) {
     activateWindow();
 }
 
-void HelpWindow::StartAfresh() {
-    search->clear();
-    contents->collapseAll();
-    Zoom(0);
-}
-
 void HelpWindow::GoTo(const QString& place) { page->setSource(QUrl("qrc:/help/" + place)); }
 
 // Shows in the contents where the page on the right stands.
 void HelpWindow::MarkPlace(const QUrl& url) {
     page->setExtraSelections({});
-    const QString file = url.fileName();
-    const QString place = file + '#' + url.fragment();
-    QTreeWidgetItem* marked = nullptr;
+    QTreeWidgetItem* topic = lines.value(url.fileName());
     for (int i = 0; i < contents->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* topic = contents->topLevelItem(i);
-        const bool open = topic->data(0, kPlaceRole).toString() == file;
-        topic->setExpanded(open);
-        if (!open) continue;
-        marked = topic;
-        for (int k = 0; k < topic->childCount(); ++k) {
-            if (topic->child(k)->data(0, kPlaceRole).toString() == place) marked = topic->child(k);
-        }
+        contents->topLevelItem(i)->setExpanded(contents->topLevelItem(i) == topic);
     }
+    QTreeWidgetItem* marked = lines.value(url.fileName() + '#' + url.fragment(), topic);
     contents->setCurrentItem(marked);
     if (marked) contents->scrollToItem(marked);
 }

@@ -1,6 +1,7 @@
 // The user's guide in a window of its own, beside the machine: contents and search on the left, the
 // page on the right. Nothing is remembered from one opening to the next.
 #pragma once
+#include <QHash>
 #include <QMainWindow>
 #include <vector>
 
@@ -33,7 +34,6 @@ class HelpWindow : public QMainWindow {
     QWidget* MakeFound();
     QToolBar* MakeTools();
     void FillContents();
-    void StartAfresh();
     void GoTo(const QString& page);
     void MarkPlace(const QUrl& url);
     void FindTyped();
@@ -43,8 +43,9 @@ class HelpWindow : public QMainWindow {
     void Zoom(int steps);
 
     HelpIndex index;
-    std::vector<HelpHit> hits;  // by row of the list
-    int zoomSteps = 0;          // points by which the text is larger
+    std::vector<HelpHit> hits;               // by row of the list
+    QHash<QString, QTreeWidgetItem*> lines;  // of the contents, by their place
+    int zoomSteps = 0;                       // points by which the text is larger
     QLineEdit* search = nullptr;
     QStackedWidget* side = nullptr;
     QTreeWidget* contents = nullptr;

@@ -1,20 +1,23 @@
 #include "ui/parts/DialogParts.h"
 
-#include <QBoxLayout>
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QVBoxLayout>
 #include <QValidator>
 #include <algorithm>
 
 #include "core/text/Amount.h"
+#include "core/text/Numbers.h"
 #include "core/text/WholeNumber.h"
 
 namespace {
@@ -39,22 +42,39 @@ int WidthOf(const QWidget& widget, int characters) {
     return widget.fontMetrics().averageCharWidth() * characters;
 }
 
-QDialogButtonBox* OkAndCancel(QDialog& dialog) {
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName("ok");
-    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName("cancel");
+QDialogButtonBox* EndButtons(QDialog& dialog, QDialogButtonBox::StandardButtons shown,
+                             QDialogButtonBox::StandardButton enter) {
+    auto* buttons = new QDialogButtonBox(shown, &dialog);
+    const std::pair<QDialogButtonBox::StandardButton, const char*> names[] = {
+        {QDialogButtonBox::Ok, "ok"},
+        {QDialogButtonBox::Cancel, "cancel"},
+        {QDialogButtonBox::Yes, "yes"},
+        {QDialogButtonBox::No, "no"}};
+    for (const auto& [which, name] : names) {
+        if (auto* button = buttons->button(which)) button->setObjectName(name);
+    }
+    buttons->button(enter)->setDefault(true);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return buttons;
 }
 
+QDialogButtonBox* OkAndCancel(QDialog& dialog) {
+    return EndButtons(dialog, QDialogButtonBox::Ok | QDialogButtonBox::Cancel,
+                      QDialogButtonBox::Ok);
+}
+
 QDialogButtonBox* OkAlone(QDialog& dialog) {
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName("ok");
-    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    return buttons;
+    return EndButtons(dialog, QDialogButtonBox::Ok, QDialogButtonBox::Ok);
+}
+
+QPushButton* ActionButton(QDialog& dialog, const QString& caption, const char* name,
+                          const std::function<void()>& action) {
+    auto* button = new QPushButton(caption, &dialog);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, &dialog, action);
+    return button;
 }
 
 QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest) {
@@ -65,12 +85,52 @@ QLineEdit* TypingBox(QDialog& dialog, const char* name, int shown, int longest) 
     return box;
 }
 
-QGroupBox* DisplayChoice(std::initializer_list<DisplayOption> options,
-                         const std::function<void(int chosen)>& show, QWidget* parent) {
-    auto* group = new QGroupBox(QObject::tr("Display"), parent);
-    group->setObjectName("display");
+QDialogButtonBox* LayOutQuestion(QDialog& dialog, const QString& label, QWidget& answer) {
+    auto* caption = Caption(label, &answer);
+    caption->setObjectName("label");
+    auto* buttons = OkAndCancel(dialog);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(caption);
+    layout->addWidget(&answer);
+    layout->addStretch();
+    layout->addWidget(buttons);
+    MakeRoomForCaption(dialog);
+    answer.setFocus();
+    return buttons;
+}
+
+QLabel* Caption(const QString& text, QWidget* buddy) {
+    auto* label = new QLabel(text);
+    label->setBuddy(buddy);
+    return label;
+}
+
+QComboBox* GameList(QDialog& dialog, const std::vector<std::string>& games, int shown) {
+    auto* list = new QComboBox(&dialog);
+    list->setObjectName("game");
+    list->setMaxVisibleItems(20);
+    list->setMinimumWidth(WidthOf(dialog, shown));
+    for (const std::string& game : games) list->addItem(QString::fromStdString(game));
+    return list;
+}
+
+void SelectGame(QComboBox& list, const std::string& game) {
+    int at = list.count() - 1;
+    while (at >= 0 && !SameText(list.itemText(at).toStdString(), game)) --at;
+    list.setCurrentIndex(at);
+}
+
+QHBoxLayout* RowInGroup(const QString& title, const char* name, QWidget* parent) {
+    auto* group = new QGroupBox(title, parent);
+    group->setObjectName(name);
+    return new QHBoxLayout(group);
+}
+
+QWidget* DisplayChoice(std::initializer_list<DisplayOption> options,
+                       const std::function<void(int chosen)>& show, QWidget* parent) {
+    auto* layout = RowInGroup(QObject::tr("Display"), "display", parent);
+    QWidget* group = layout->parentWidget();
     auto* choice = new QButtonGroup(group);
-    auto* layout = new QHBoxLayout;
     int number = 0;
     for (const DisplayOption& option : options) {
         auto* radio = new QRadioButton(option.caption, group);
@@ -79,7 +139,6 @@ QGroupBox* DisplayChoice(std::initializer_list<DisplayOption> options,
         choice->addButton(radio, number++);
         layout->addWidget(radio);
     }
-    group->setLayout(layout);
     QObject::connect(choice, &QButtonGroup::idToggled, group, [show](int chosen, bool checked) {
         if (checked) show(chosen);
     });
@@ -116,12 +175,20 @@ void PlaceNearTop(QDialog& dialog) {
 
 void LimitToBytes(QLineEdit& box, int longest) { box.setValidator(new ByteLimit(longest, &box)); }
 
+int ShowMessage(const char* name, QMessageBox::Icon icon, const QString& caption,
+                const QString& text, QWidget* parent, QMessageBox::StandardButtons buttons,
+                QMessageBox::StandardButton enter) {
+    QMessageBox box(icon, caption, text, buttons, parent);
+    box.setObjectName(name);
+    box.setTextFormat(Qt::PlainText);
+    MakeRoomForCaption(box);
+    box.setDefaultButton(enter);
+    return box.exec();
+}
+
 void RefuseInput(QLineEdit& box, QMessageBox::Icon icon, const QString& caption,
                  const QString& problem) {
-    QMessageBox message(icon, caption, problem, QMessageBox::Ok, box.window());
-    message.setObjectName("refusal");
-    MakeRoomForCaption(message);
-    message.exec();
+    ShowMessage("refusal", icon, caption, problem, box.window());
     box.setFocus();
     box.selectAll();
 }

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QStandardPaths>
 
 #include "core/profile/AtomicFile.h"
@@ -23,15 +22,10 @@ QString ChosenFile(QFileDialog& dialog) {
 
 // Yes, No, or anything else when the question is put away.
 int MayReplace(const QString& caption, const QString& path, QWidget* parent) {
-    QMessageBox question(QMessageBox::Warning, caption,
-                         QObject::tr("%1 already exists.\nDo you want to replace it?")
-                             .arg(QFileInfo(path).fileName()),
-                         QMessageBox::Yes | QMessageBox::No, parent);
-    question.setObjectName("replaceFile");
-    question.setTextFormat(Qt::PlainText);
-    MakeRoomForCaption(question);
-    question.setDefaultButton(QMessageBox::No);
-    return question.exec();
+    const QString question = QObject::tr("%1 already exists.\nDo you want to replace it?")
+                                 .arg(QFileInfo(path).fileName());
+    return ShowMessage("replaceFile", QMessageBox::Warning, caption, question, parent,
+                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
 }
 
 std::optional<std::string> Chosen(const QString& path) {
@@ -79,11 +73,6 @@ void SaveReport(const std::string& report, QString name, QWidget* parent) {
     QString lines = QString::fromStdString(report);
     lines.replace("\r\n", "\n");
     if (ReplaceFile(*path, lines.toStdString())) return;
-    QMessageBox message(QMessageBox::Critical, QObject::tr("Save As"),
-                        QObject::tr("%1 could not be written.").arg(QString::fromStdString(*path)),
-                        QMessageBox::Ok, parent);
-    message.setObjectName("saveFailed");
-    message.setTextFormat(Qt::PlainText);
-    MakeRoomForCaption(message);
-    message.exec();
+    ShowMessage("saveFailed", QMessageBox::Critical, QObject::tr("Save As"),
+                QObject::tr("%1 could not be written.").arg(QString::fromStdString(*path)), parent);
 }

@@ -1,9 +1,12 @@
 #include "ui/parts/SmallCard.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <array>
 
+#include "game/engine/GameEngine.h"
 #include "ui/art/PictureStore.h"
+#include "ui/parts/DialogParts.h"
 #include "ui/parts/PictureButton.h"
 
 Picture RankPictureOf(const CardFace& card) {
@@ -50,4 +53,15 @@ void SmallCard::paintEvent(QPaintEvent* /*event*/) {
     painter.drawPixmap(kTileMargin, kTileMargin, store.Get(RankPictureOf(card), rank, ratio));
     painter.drawPixmap(kTileMargin, rank.height() + 3 * kTileMargin,
                        store.Get(SuitPictureOf(card), suit, ratio));
+}
+
+SmallCard* AddFirstDrawCard(QBoxLayout& layout, const GameEngine& engine, PictureStore& store,
+                            QWidget* dialog) {
+    auto* row = RowInGroup(SmallCard::tr("First Draw Card"), "firstDrawCard", dialog);
+    auto* card = new SmallCard(store, row->parentWidget());
+    card->setObjectName("knownCard");
+    row->addWidget(card);
+    layout.addWidget(row->parentWidget());
+    row->parentWidget()->setVisible(IsSneakPeak(engine));
+    return card;
 }

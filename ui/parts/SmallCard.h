@@ -7,6 +7,8 @@
 #include "ui/art/Pictures.h"
 
 class PictureStore;
+class QBoxLayout;
+struct GameEngine;
 
 // A joker is a joker above an empty picture; no card is two empty ones.
 Picture RankPictureOf(const CardFace& card);
@@ -34,3 +36,8 @@ class SmallCard : public QWidget {
     PictureStore& store;
     CardFace card;
 };
+
+// The draw card that the player knows beforehand, in a group of its own behind what the layout of
+// the dialog holds; the group is hidden in games without one.
+SmallCard* AddFirstDrawCard(QBoxLayout& layout, const GameEngine& engine, PictureStore& store,
+                            QWidget* dialog);

@@ -3,11 +3,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -57,19 +55,20 @@ class LineArea : public QScrollArea {
 
 QString NameOfRank(HandRank rank) { return QString::fromUtf8(RankInfo(rank).longName); }
 
-QLabel* Caption(const QString& text, QWidget* buddy) {
-    auto* label = new QLabel(text);
-    label->setBuddy(buddy);
-    return label;
+void ShowText(QLineEdit& box, const std::string& shown) {
+    const QString text = QString::fromStdString(shown);
+    if (box.text() == text) return;
+    box.setText(text);
+    box.setCursorPosition(0);  // of a long text the beginning is seen
 }
 
-QMessageBox::StandardButton Ask(QMessageBox& box, const char* name,
-                                QMessageBox::StandardButton otherwise) {
-    box.setObjectName(name);
-    MakeRoomForCaption(box);
-    box.setDefaultButton(otherwise);
-    box.setEscapeButton(QMessageBox::Cancel);
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+// A rank that is not offered stands in the list of the line that has it.
+void ShowRank(QComboBox& list, HandRank rank) {
+    const int number = static_cast<int>(rank);
+    if (number >= kOfferedRanks && list.findData(number) < 0) {
+        list.insertItem(kOfferedRanks, NameOfRank(rank), number);
+    }
+    list.setCurrentIndex(rank == HandRank::kUnknown ? kNothing : list.findData(number));
 }
 
 }  // namespace
@@ -79,22 +78,20 @@ PayTableManagerDialog::PayTableManagerDialog(PayTableEditor& editor, QWidget* pa
     setObjectName("payTableManager");
     setWindowTitle(tr("Pay Table Manager"));
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(MakeGameBand());
-    layout->addWidget(MakeTypeBand());
+    layout->addLayout(MakeGameBand());
+    layout->addLayout(MakeTypeBand());
     layout->addWidget(MakeLines(), 1);
     live = new LiveReturn(editor, this);
     layout->addWidget(live);
-    layout->addWidget(MakeButtons());
+    layout->addLayout(MakeButtons());
     ShowAll();
     resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
     QWidget* first = ControlAt({FormField::kName});
     (first->isEnabled() ? first : ControlAt({FormField::kPayout, 0}))->setFocus();
 }
 
-QWidget* PayTableManagerDialog::MakeGameBand() {
-    auto* band = new QWidget(this);
-    auto* layout = new QHBoxLayout(band);
-    layout->setContentsMargins(0, 0, 0, 0);
+QLayout* PayTableManagerDialog::MakeGameBand() {
+    auto* layout = new QHBoxLayout;
     auto* name = AddText("gameName", 24, editor.gameName, {FormField::kName});
     layout->addWidget(Caption(tr("&Game Name"), name));
     layout->addWidget(name, 1);
@@ -104,21 +101,17 @@ QWidget* PayTableManagerDialog::MakeGameBand() {
     index->setMaximumWidth(index->minimumWidth() * 2);
     layout->addWidget(Caption(tr("Inde&x"), index));
     layout->addWidget(index);
-    return band;
+    return layout;
 }
 
-QWidget* PayTableManagerDialog::MakeTypeBand() {
+QLayout* PayTableManagerDialog::MakeTypeBand() {
     using enum FormField;
-    auto* band = new QWidget(this);
-    auto* layout = new QHBoxLayout(band);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* types = new QGroupBox(tr("Game Type"), band);
-    types->setObjectName("gameType");
-    auto* inside = new QHBoxLayout(types);
-    inside->addWidget(AddType(tr("&OEJ"), "oej", GameType::kOneEyedJacks, kOneEyedJacks));
-    inside->addWidget(AddType(tr("&5 Aces"), "fiveAces", GameType::kFiveAces, kFiveAces));
-    inside->addWidget(AddType(tr("Pic&k 'Em"), "pickEm", GameType::kPickEm, kPickEm));
-    layout->addWidget(types);
+    auto* layout = new QHBoxLayout;
+    auto* types = RowInGroup(tr("Game Type"), "gameType", this);
+    types->addWidget(AddType(tr("&OEJ"), "oej", GameType::kOneEyedJacks, kOneEyedJacks));
+    types->addWidget(AddType(tr("&5 Aces"), "fiveAces", GameType::kFiveAces, kFiveAces));
+    types->addWidget(AddType(tr("Pic&k 'Em"), "pickEm", GameType::kPickEm, kPickEm));
+    layout->addWidget(types->parentWidget());
     layout->addStretch();
 
     PayTableTexts& texts = editor.texts;
@@ -134,9 +127,9 @@ QWidget* PayTableManagerDialog::MakeTypeBand() {
     auto* level = new QVBoxLayout;
     level->addStretch();
     level->addLayout(settings);
-    level->addSpacing(inside->contentsMargins().bottom());
+    level->addSpacing(types->contentsMargins().bottom());
     layout->addLayout(level);
-    return band;
+    return layout;
 }
 
 QLineEdit* PayTableManagerDialog::AddSetting(QBoxLayout& layout, const QString& caption,
@@ -207,50 +200,56 @@ void PayTableManagerDialog::MakeLine(QGridLayout& layout, int line) {
     layout.addWidget(wildsOK, row, column, Qt::AlignHCenter);
 }
 
-QWidget* PayTableManagerDialog::MakeButtons() {
-    auto* band = new QWidget(this);
-    auto* layout = new QGridLayout(band);
-    layout->setContentsMargins(0, 0, 0, 0);
+QLayout* PayTableManagerDialog::MakeButtons() {
+    constexpr int kInRow = 5;
+    auto* layout = new QGridLayout;
     using Editor = PayTableEditor;
-    AddCommand(*layout, 0, 0, tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable,
-               [this] { editor.GoToPreviousTable(); });
-    AddCommand(*layout, 0, 1, tr("&Next Tbl"), "nextTable", &Editor::HasNextTable,
-               [this] { editor.GoToNextTable(); });
-    auto* changeGame = AddCommand(*layout, 0, 2, tr("C&hange Game"), "changeGame", kAlways,
-                                  [this] { editor.ChangeGame(*this); });
-    AddCommand(*layout, 0, 3, tr("&Load Template"), "loadTemplate", &Editor::HasOwnTable,
-               [this] { editor.LoadTemplate(*this); });
-    AddCommand(*layout, 0, 4, tr("&Clear"), "clear", &Editor::HasTable, [this] { editor.Clear(); });
-    auto* save = AddCommand(*layout, 1, 0, tr("&Save Tbl"), "saveTable", &Editor::HasTable, [this] {
+    int place = 0;
+    const auto add = [&](const QString& caption, const char* name, Condition isEnabled,
+                         const std::function<void()>& command) {
+        auto* button = ActionButton(*this, caption, name, [this, command] {
+            command();
+            ShowAll();
+        });
+        if (isEnabled) conditions.push_back({button, isEnabled});
+        layout->addWidget(button, place / kInRow, place % kInRow);
+        ++place;
+        return button;
+    };
+    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable,
+        [this] { editor.GoToPreviousTable(); });
+    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable, [this] { editor.GoToNextTable(); });
+    auto* changeGame =
+        add(tr("C&hange Game"), "changeGame", kAlways, [this] { editor.ChangeGame(*this); });
+    add(tr("&Load Template"), "loadTemplate", &Editor::HasOwnTable,
+        [this] { editor.LoadTemplate(*this); });
+    add(tr("&Clear"), "clear", &Editor::HasTable, [this] { editor.Clear(); });
+    auto* save = add(tr("&Save Tbl"), "saveTable", &Editor::HasTable, [this] {
         if (editor.Save(*this)) NoteTable(tr("Table %1 is saved."));
     });
     save->setDefault(true);  // Enter, which may be pressed by chance, loses nothing then
-    AddCommand(*layout, 1, 1, tr("Make &Active"), "makeActive", &Editor::HasTable, [this] {
+    add(tr("Make &Active"), "makeActive", &Editor::HasTable, [this] {
         if (editor.MakeActive(*this)) NoteTable(tr("Table %1 is saved and active."));
     });
-    AddCommand(*layout, 1, 2, tr("&Rename Game"), "renameGame", &Editor::HasOwnTable,
-               [this] { editor.Rename(*this); });
-    AddCommand(*layout, 1, 3, tr("D&elete Tbl"), "deleteTable", &Editor::HasOwnTable,
-               [this, changeGame] {
-                   editor.Delete(*this);
-                   if (!editor.HasTable()) changeGame->setFocus();
-               });
-    AddCommand(*layout, 1, 4, tr("Add &Tbl"), "addTable", &Editor::HasTable, [this] {
+    add(tr("&Rename Game"), "renameGame", &Editor::HasOwnTable, [this] { editor.Rename(*this); });
+    add(tr("D&elete Tbl"), "deleteTable", &Editor::HasOwnTable, [this, changeGame] {
+        editor.Delete(*this);
+        if (!editor.HasTable()) changeGame->setFocus();
+    });
+    add(tr("Add &Tbl"), "addTable", &Editor::HasTable, [this] {
         if (editor.Add(*this)) NoteTable(tr("Table %1 is saved."));
     });
-    layout->setColumnStretch(5, 1);
-    auto* done = AddButton(*layout, 0, 6, tr("&Done"), "done");
-    connect(done, &QPushButton::clicked, this, &QDialog::accept);
-    auto* cancel = AddButton(*layout, 1, 6, tr("Cancel"), "cancel");
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    return band;
+    layout->setColumnStretch(kInRow, 1);
+    layout->addWidget(ActionButton(*this, tr("&Done"), "done", [this] { accept(); }), 0, 6);
+    layout->addWidget(ActionButton(*this, tr("Cancel"), "cancel", [this] { reject(); }), 1, 6);
+    return layout;
 }
 
 QLineEdit* PayTableManagerDialog::AddText(const QString& name, int shown, std::string& text,
                                           FieldPlace place) {
     auto* box = TypingBox(*this, name.toLatin1().constData(), shown, kLongestText);
     LimitToBytes(*box, kLongestText);
-    textFields.push_back({box, &text, place});
+    fields.push_back({box, place, [box, &text] { ShowText(*box, text); }});
     connect(box, &QLineEdit::textEdited, this, [this, &text](const QString& typed) {
         text = typed.toStdString();
         live->Typed();
@@ -259,12 +258,13 @@ QLineEdit* PayTableManagerDialog::AddText(const QString& name, int shown, std::s
 }
 
 QCheckBox* PayTableManagerDialog::AddCheck(const QString& caption, const QString& name,
-                                           std::function<bool()> isChecked,
-                                           std::function<void(bool)> check, FieldPlace place) {
+                                           const std::function<bool()>& isChecked,
+                                           const std::function<void(bool)>& check,
+                                           FieldPlace place) {
     auto* box = new QCheckBox(caption, this);
     box->setObjectName(name);
-    checkFields.push_back({box, std::move(isChecked), place});
-    connect(box, &QCheckBox::clicked, this, [this, check = std::move(check)](bool checked) {
+    fields.push_back({box, place, [box, isChecked] { box->setChecked(isChecked()); }});
+    connect(box, &QCheckBox::clicked, this, [this, check](bool checked) {
         check(checked);
         ShowAll();
     });
@@ -289,50 +289,21 @@ QComboBox* PayTableManagerDialog::AddRankList(int line) {
         list->addItem(NameOfRank(static_cast<HandRank>(rank)), rank);
     }
     list->addItem(tr("End of Table"), kEndOfTable);
-    rankLists.push_back(list);
-    connect(list, &QComboBox::activated, this, [this, list, line](int chosen) {
-        ChooseRank(editor.texts.lines[static_cast<std::size_t>(line)],
-                   HandRankFromNumber(list->itemData(chosen).toInt()));
+    PayLineTexts& texts = editor.texts.lines[static_cast<std::size_t>(line)];
+    fields.push_back(
+        {list, {FormField::kRank, line}, [list, &texts] { ShowRank(*list, texts.rank); }});
+    connect(list, &QComboBox::activated, this, [this, list, &texts](int chosen) {
+        ChooseRank(texts, HandRankFromNumber(list->itemData(chosen).toInt()));
         ShowAll();
     });
     return list;
 }
 
-QPushButton* PayTableManagerDialog::AddButton(QGridLayout& layout, int row, int column,
-                                              const QString& caption, const char* name) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    layout.addWidget(button, row, column);
-    return button;
-}
-
-QPushButton* PayTableManagerDialog::AddCommand(QGridLayout& layout, int row, int column,
-                                               const QString& caption, const char* name,
-                                               Condition isEnabled, std::function<void()> command) {
-    auto* button = AddButton(layout, row, column, caption, name);
-    if (isEnabled) conditions.push_back({button, isEnabled});
-    connect(button, &QPushButton::clicked, this, [this, command = std::move(command)] {
-        command();
-        ShowAll();
-    });
-    return button;
-}
-
 void PayTableManagerDialog::ShowAll() {
-    for (const TextField& field : textFields) {
-        const QString text = QString::fromStdString(*field.text);
-        if (field.box->text() != text) {
-            field.box->setText(text);
-            field.box->setCursorPosition(0);  // of a long text the beginning is seen
-        }
-        field.box->setEnabled(editor.IsEnabled(field.place));
+    for (const Field& field : fields) {
+        field.show();
+        field.control->setEnabled(editor.IsEnabled(field.place));
     }
-    for (const CheckField& field : checkFields) {
-        field.box->setChecked(field.isChecked());
-        field.box->setEnabled(editor.IsEnabled(field.place));
-    }
-    for (int line = 0; line < kMaxPayLines; ++line) ShowRank(line);
     index->setText(editor.TableIndex() < 0 ? QString() : QString::number(editor.TableIndex()));
     for (const auto& [button, isEnabled] : conditions) {
         button->setEnabled((editor.*isEnabled)());
@@ -344,23 +315,8 @@ void PayTableManagerDialog::NoteTable(const QString& text) {
     live->Note(text.arg(editor.TableIndex()));
 }
 
-// A rank that is not offered stands in the list of the line that has it.
-void PayTableManagerDialog::ShowRank(int line) {
-    QComboBox* list = rankLists[static_cast<std::size_t>(line)];
-    const HandRank rank = editor.texts.lines[static_cast<std::size_t>(line)].rank;
-    const int number = static_cast<int>(rank);
-    if (number >= kOfferedRanks && list->findData(number) < 0) {
-        list->insertItem(kOfferedRanks, NameOfRank(rank), number);
-    }
-    list->setCurrentIndex(rank == HandRank::kUnknown ? kNothing : list->findData(number));
-    list->setEnabled(editor.IsEnabled({FormField::kRank, line}));
-}
-
 QWidget* PayTableManagerDialog::ControlAt(FieldPlace place) const {
-    if (place.field == FormField::kRank) return rankLists[static_cast<std::size_t>(place.line)];
-    const auto text = std::ranges::find(textFields, place, &TextField::place);
-    if (text != textFields.end()) return text->box;
-    return std::ranges::find(checkFields, place, &CheckField::place)->box;
+    return std::ranges::find(fields, place, &Field::place)->control;
 }
 
 void PayTableManagerDialog::Refuse(const std::string& caption, const std::string& text,
@@ -375,21 +331,17 @@ void PayTableManagerDialog::Refuse(const std::string& caption, const std::string
 // Nothing is told or asked any more when the whole window closes in the middle of a command.
 void PayTableManagerDialog::Tell(const std::string& caption, const std::string& text) {
     if (!isVisible()) return;
-    QMessageBox box(QMessageBox::Critical, QString::fromStdString(caption),
-                    QString::fromStdString(text), QMessageBox::Ok, this);
-    box.setObjectName("message");
-    box.setTextFormat(Qt::PlainText);
-    MakeRoomForCaption(box);
-    box.exec();
+    ShowMessage("message", QMessageBox::Critical, QString::fromStdString(caption),
+                QString::fromStdString(text), this);
 }
 
 OverwriteChoice PayTableManagerDialog::Overwrites(const std::string& caption,
                                                   const std::string& question) {
     if (!isVisible()) return OverwriteChoice::kCancel;
-    QMessageBox box(QMessageBox::Question, QString::fromStdString(caption),
-                    QString::fromStdString(question),
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
-    switch (Ask(box, "overwrite", QMessageBox::No)) {
+    switch (ShowMessage("overwrite", QMessageBox::Question, QString::fromStdString(caption),
+                        QString::fromStdString(question), this,
+                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                        QMessageBox::No)) {
         case QMessageBox::Yes:
             return OverwriteChoice::kOverwrite;
         case QMessageBox::No:
@@ -401,9 +353,10 @@ OverwriteChoice PayTableManagerDialog::Overwrites(const std::string& caption,
 
 bool PayTableManagerDialog::Confirms(const std::string& caption, const std::string& question) {
     if (!isVisible()) return false;
-    QMessageBox box(QMessageBox::Warning, QString::fromStdString(caption),
-                    QString::fromStdString(question), QMessageBox::Ok | QMessageBox::Cancel, this);
-    return Ask(box, "confirm", QMessageBox::Cancel) == QMessageBox::Ok;
+    return ShowMessage("confirm", QMessageBox::Warning, QString::fromStdString(caption),
+                       QString::fromStdString(question), this,
+                       QMessageBox::Ok | QMessageBox::Cancel,
+                       QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
 std::optional<std::string> PayTableManagerDialog::SelectsGame(const std::vector<std::string>& games,

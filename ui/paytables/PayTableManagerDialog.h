@@ -12,6 +12,7 @@ class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QScrollArea;
@@ -24,16 +25,11 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
     PayTableManagerDialog(PayTableEditor& editor, QWidget* parent);
 
   private:
-    // A control, and what it stands for in the editor.
-    struct TextField {
-        QLineEdit* box;
-        std::string* text;
+    // A control, what it stands for in the editor, and what makes it show that.
+    struct Field {
+        QWidget* control;
         FieldPlace place;
-    };
-    struct CheckField {
-        QCheckBox* box;
-        std::function<bool()> isChecked;
-        FieldPlace place;
+        std::function<void()> show;
     };
 
     using Condition = bool (PayTableEditor::*)() const;
@@ -42,25 +38,20 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
         Condition isEnabled;
     };
 
-    QWidget* MakeGameBand();
-    QWidget* MakeTypeBand();
+    QLayout* MakeGameBand();
+    QLayout* MakeTypeBand();
     QLineEdit* AddSetting(QBoxLayout& layout, const QString& caption, const char* name, int shown,
                           std::string& text, FormField field);
     QWidget* MakeLines();
     void MakeLine(QGridLayout& layout, int line);
-    QWidget* MakeButtons();
+    QLayout* MakeButtons();
     QLineEdit* AddText(const QString& name, int shown, std::string& text, FieldPlace place);
     QCheckBox* AddCheck(const QString& caption, const QString& name,
-                        std::function<bool()> isChecked, std::function<void(bool)> check,
-                        FieldPlace place);
+                        const std::function<bool()>& isChecked,
+                        const std::function<void(bool)>& check, FieldPlace place);
     QCheckBox* AddType(const QString& caption, const QString& name, GameType type, FormField field);
     QComboBox* AddRankList(int line);
-    QPushButton* AddButton(QGridLayout& layout, int row, int column, const QString& caption,
-                           const char* name);
-    QPushButton* AddCommand(QGridLayout& layout, int row, int column, const QString& caption,
-                            const char* name, Condition isEnabled, std::function<void()> command);
     void ShowAll();
-    void ShowRank(int line);
     void NoteTable(const QString& text);
     QWidget* ControlAt(FieldPlace place) const;
 
@@ -73,9 +64,7 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
     std::optional<std::string> RenamesGame(const std::string& current) override;
 
     PayTableEditor& editor;
-    std::vector<TextField> textFields;
-    std::vector<CheckField> checkFields;
-    std::vector<QComboBox*> rankLists;  // by line
+    std::vector<Field> fields;
     std::vector<ConditionalButton> conditions;
     QLineEdit* index = nullptr;
     QScrollArea* lines = nullptr;

@@ -1,8 +1,6 @@
 #include "ui/questions/AssignFixedHandDialog.h"
 
-#include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -22,9 +20,7 @@ namespace {
 
 constexpr int kLastRow = 4;  // below the four suits: the fifth ace, or the jokers
 
-bool IsArrow(int key) {
-    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
-}
+constexpr Qt::Key kArrows[] = {Qt::Key_Right, Qt::Key_Left, Qt::Key_Down, Qt::Key_Up};
 
 }  // namespace
 
@@ -32,10 +28,12 @@ bool IsArrow(int key) {
 // arrow that points to it.
 class PlaceFrame : public QWidget {
   public:
-    explicit PlaceFrame(QWidget* parent) : QWidget(parent) {
-        const int arrow = ArrowHeight();
-        setContentsMargins(kLine, kLine, kLine, kLine + arrow);
+    explicit PlaceFrame(QWidget* parent) : QWidget(parent), inside(new QVBoxLayout(this)) {
+        setContentsMargins(kLine, kLine, kLine, kLine + ArrowHeight());
+        inside->setContentsMargins(0, 0, 0, 0);
     }
+
+    void Hold(QWidget* pictures) { inside->addWidget(pictures); }
 
     void SetCurrent(bool isCurrent) {
         current = isCurrent;
@@ -62,6 +60,7 @@ class PlaceFrame : public QWidget {
 
     int ArrowHeight() const { return fontMetrics().height() / 2; }
 
+    QVBoxLayout* inside;
     bool current = false;
 };
 
@@ -70,31 +69,33 @@ AssignFixedHandDialog::AssignFixedHandDialog(GameEngine& engine, PictureStore& s
     : QDialog(parent), store(store), editor(engine) {
     setObjectName("assignFixedHand");
     setWindowTitle(tr("Assign Fixed Hand"));
+    auto* cards = new QGridLayout;
     auto* hands = new QHBoxLayout;
+    auto* buttons = new QHBoxLayout;
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(MakeGrid(), 0, Qt::AlignHCenter);
+    layout->addLayout(cards);
+    layout->setAlignment(cards, Qt::AlignHCenter);
+    layout->addLayout(hands);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    FillGrid(*cards);
     hands->addWidget(MakePlaces());
     hands->addWidget(MakeDraws());
-    layout->addLayout(hands);
-    layout->addWidget(MakeButtons());
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    AddButtons(*buttons);
     ShowAll();
     const auto free = std::ranges::find_if(grid, [this](const GridCard& c) { return IsFree(c); });
     free->button->setFocus();
 }
 
-QWidget* AssignFixedHandDialog::MakeGrid() {
-    auto* cards = new QWidget(this);
-    cards->setObjectName("cards");
-    auto* layout = new QGridLayout(cards);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->setColumnMinimumWidth(0, TileSize(*this, kSuitTile).width() * 4 / 3);
-    for (int suit = kSpades; suit <= kDiamonds; ++suit) AddRow(*layout, suit, kRanks);
-    if (editor.HasStars()) AddRow(*layout, kStars, 1);
-    AddJokers(*layout);
+void AssignFixedHandDialog::FillGrid(QGridLayout& layout) {
+    layout.setSpacing(0);
+    layout.setColumnMinimumWidth(0, TileSize(*this, kSuitTile).width() * 4 / 3);
+    for (int suit = kSpades; suit <= kDiamonds; ++suit) AddRow(layout, suit, kRanks);
+    if (editor.HasStars()) AddRow(layout, kStars, 1);
+    for (int joker = 0; joker < editor.JokerCount(); ++joker) {
+        AddCard(layout, kLastRow, joker + 1, {0, joker});
+    }
     MakeTabStop(grid.front());
-    return cards;
 }
 
 void AssignFixedHandDialog::AddRow(QGridLayout& layout, int suit, int ranks) {
@@ -104,12 +105,6 @@ void AssignFixedHandDialog::AddRow(QGridLayout& layout, int suit, int ranks) {
     tile->setPixmap(store.Get(SuitPicture(suit), size, devicePixelRatioF()));
     layout.addWidget(tile, suit - 1, 0);
     for (int rank = 1; rank <= ranks; ++rank) AddCard(layout, suit - 1, rank, {rank, suit});
-}
-
-void AssignFixedHandDialog::AddJokers(QGridLayout& layout) {
-    for (int joker = 0; joker < editor.JokerCount(); ++joker) {
-        AddCard(layout, kLastRow, joker + 1, {0, joker});
-    }
 }
 
 void AssignFixedHandDialog::AddCard(QGridLayout& layout, int row, int column, CardFace card) {
@@ -125,82 +120,62 @@ void AssignFixedHandDialog::AddCard(QGridLayout& layout, int row, int column, Ca
     }
     button->installEventFilter(this);
     layout.addWidget(button, row, column);
-    const GridCard placed{button, row, column, card};
-    grid.push_back(placed);
-    connect(button, &QToolButton::clicked, this, [this, placed] { Click(placed); });
+    grid.push_back({button, row, column, card});
+    connect(button, &QToolButton::clicked, this, [this, card] {
+        if (card.IsJoker()) {
+            editor.ClickJoker();
+        } else {
+            editor.ClickCard(card.suit, card.rank);
+        }
+        ShowAll();
+    });
 }
 
 QWidget* AssignFixedHandDialog::MakePlaces() {
-    auto* group = new QGroupBox(tr("Starting Hand"), this);
-    group->setObjectName("startingHand");
-    auto* layout = new QHBoxLayout(group);
+    auto* row = RowInGroup(tr("Starting Hand"), "startingHand", this);
     for (int number = 0; number < kPlaces; ++number) {
-        auto* frame = new PlaceFrame(group);
+        auto* frame = new PlaceFrame(row->parentWidget());
         frame->setObjectName(QString("place%1").arg(number));
         auto* buttons = new PlaceButtons(store, number, frame, [this, number] {
             editor.ClickPlace(number);
             ShowAll();
         });
-        auto* inside = new QVBoxLayout(frame);
-        inside->setContentsMargins(0, 0, 0, 0);
-        inside->addWidget(buttons);
+        frame->Hold(buttons);
         if (editor.IsPickEm() && number == kPickEmGap) {
             QSizePolicy keepsGap = frame->sizePolicy();
             keepsGap.setRetainSizeWhenHidden(true);
             frame->setSizePolicy(keepsGap);
             frame->hide();
         }
-        layout->addWidget(frame);
+        row->addWidget(frame);
         places[static_cast<std::size_t>(number)] = {frame, buttons};
     }
-    return group;
+    return row->parentWidget();
 }
 
 QWidget* AssignFixedHandDialog::MakeDraws() {
-    auto* group = new QGroupBox(tr("Draw Cards"), this);
-    group->setObjectName("drawCards");
-    auto* layout = new QHBoxLayout;
-    group->setLayout(layout);
+    auto* row = RowInGroup(tr("Draw Cards"), "drawCards", this);
     for (std::size_t i = 0; i < draws.size(); ++i) {
-        auto* frame = new PlaceFrame(group);
+        auto* frame = new PlaceFrame(row->parentWidget());
         draws[i] = new SmallCard(store, frame);
         draws[i]->setObjectName(QString("draw%1").arg(i));
-        auto* inside = new QVBoxLayout(frame);
-        inside->setContentsMargins(0, 0, 0, 0);
-        inside->addWidget(draws[i]);
-        layout->addWidget(frame);
+        frame->Hold(draws[i]);
+        row->addWidget(frame);
     }
-    return group;
+    return row->parentWidget();
 }
 
-QWidget* AssignFixedHandDialog::MakeButtons() {
-    auto* row = new QWidget(this);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
+void AssignFixedHandDialog::AddButtons(QHBoxLayout& row) {
     const auto add = [&](const QString& caption, const char* name, auto action) {
-        auto* button = new QPushButton(caption, row);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
-        layout->addWidget(button);
-        connect(button, &QPushButton::clicked, this, [this, action] {
+        row.addWidget(ActionButton(*this, caption, name, [this, action] {
             (editor.*action)();
             ShowAll();
-        });
+        }));
     };
     add(tr("&Last Dealt"), "lastDealt", &FixedHandEditor::LastDealt);
     add(tr("Cl&ear"), "clear", &FixedHandEditor::Clear);
-    layout->addStretch();
-    layout->addWidget(OkAndCancel(*this));
-    return row;
-}
-
-void AssignFixedHandDialog::Click(const GridCard& clicked) {
-    if (clicked.card.IsJoker()) {
-        editor.ClickJoker();
-    } else {
-        editor.ClickCard(clicked.card.suit, clicked.card.rank);
-    }
-    ShowAll();
+    row.addStretch();
+    row.addWidget(OkAndCancel(*this));
 }
 
 bool AssignFixedHandDialog::IsFree(const GridCard& card) const {
@@ -219,9 +194,9 @@ void AssignFixedHandDialog::ShowAll() {
         if (!free) LeaveTaken(card);
         card.button->setEnabled(free);
     }
-    for (int place = 0; place < kPlaces; ++place) ShowPlace(place);
-    for (int i = 0; i < kPlaces; ++i) {
-        draws[static_cast<std::size_t>(i)]->SetCard(editor.DrawCard(i));
+    for (int place = 0; place < kPlaces; ++place) {
+        ShowPlace(place);
+        draws[static_cast<std::size_t>(place)]->SetCard(editor.DrawCard(place));
     }
 }
 
@@ -237,11 +212,6 @@ void AssignFixedHandDialog::ShowPlace(int place) {
 void AssignFixedHandDialog::accept() {
     editor.Apply();
     QDialog::accept();
-}
-
-const AssignFixedHandDialog::GridCard* AssignFixedHandDialog::CardOf(const QObject* button) const {
-    const auto found = std::ranges::find(grid, button, &GridCard::button);
-    return found == grid.end() ? nullptr : &*found;
 }
 
 // The nearest free card in the row, or in the next row that has a free one; none at the edge.
@@ -267,7 +237,7 @@ const AssignFixedHandDialog::GridCard* AssignFixedHandDialog::Beside(const GridC
 void AssignFixedHandDialog::LeaveTaken(const GridCard& taken) {
     if (taken.button->focusPolicy() != Qt::StrongFocus) return;
     const bool hadFocus = taken.button->hasFocus();
-    for (const int key : {Qt::Key_Right, Qt::Key_Left, Qt::Key_Down, Qt::Key_Up}) {
+    for (const int key : kArrows) {
         if (const GridCard* next = Beside(taken, key)) {
             MakeTabStop(*next);
             if (hadFocus) next->button->setFocus();
@@ -282,12 +252,12 @@ void AssignFixedHandDialog::MakeTabStop(const GridCard& card) {
 }
 
 bool AssignFixedHandDialog::eventFilter(QObject* watched, QEvent* event) {
-    const GridCard* card = CardOf(watched);
-    if (!card) return QDialog::eventFilter(watched, event);
+    const auto card = std::ranges::find(grid, watched, &GridCard::button);
+    if (card == grid.end()) return QDialog::eventFilter(watched, event);
     if (event->type() == QEvent::FocusIn) MakeTabStop(*card);
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (!IsArrow(key)) return QDialog::eventFilter(watched, event);
+    if (!std::ranges::count(kArrows, key)) return QDialog::eventFilter(watched, event);
     if (const GridCard* next = Beside(*card, key)) next->button->setFocus();
     return true;
 }

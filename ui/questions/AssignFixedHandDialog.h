@@ -12,6 +12,7 @@ class PictureStore;
 class PlaceButtons;
 class PlaceFrame;
 class QGridLayout;
+class QHBoxLayout;
 class SmallCard;
 
 class AssignFixedHandDialog : public QDialog {
@@ -38,18 +39,15 @@ class AssignFixedHandDialog : public QDialog {
         PlaceButtons* buttons;
     };
 
-    QWidget* MakeGrid();
+    void FillGrid(QGridLayout& layout);
     void AddRow(QGridLayout& layout, int suit, int ranks);
-    void AddJokers(QGridLayout& layout);
     void AddCard(QGridLayout& layout, int row, int column, CardFace card);
     QWidget* MakePlaces();
     QWidget* MakeDraws();
-    QWidget* MakeButtons();
-    void Click(const GridCard& clicked);
+    void AddButtons(QHBoxLayout& row);
     void ShowAll();
     void ShowPlace(int place);
     bool IsFree(const GridCard& card) const;
-    const GridCard* CardOf(const QObject* button) const;
     const GridCard* Beside(const GridCard& from, int key) const;
     void LeaveTaken(const GridCard& taken);
     void MakeTabStop(const GridCard& card);

@@ -1,6 +1,5 @@
 #include "ui/questions/BestPlayErrorDialog.h"
 
-#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QShowEvent>
@@ -19,13 +18,8 @@ BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
     text->ShowReport(message);
     text->FitToText();
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Yes | QDialogButtonBox::No, this);
-    buttons->button(QDialogButtonBox::Yes)->setObjectName("yes");
-    auto* no = buttons->button(QDialogButtonBox::No);
-    no->setObjectName("no");
-    no->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* buttons =
+        EndButtons(*this, QDialogButtonBox::Yes | QDialogButtonBox::No, QDialogButtonBox::No);
     if (this->analysis) {
         auto* analyse = buttons->addButton(tr("&Analysis"), QDialogButtonBox::ActionRole);
         analyse->setObjectName("analysis");
@@ -36,7 +30,7 @@ BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
     layout->addWidget(text);
     layout->addWidget(buttons);
     MakeRoomForCaption(*this);
-    no->setFocus();
+    buttons->button(QDialogButtonBox::No)->setFocus();
 }
 
 // The letters answer without Alt too: nothing is typed here.

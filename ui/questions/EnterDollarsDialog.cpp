@@ -1,9 +1,6 @@
 #include "ui/questions/EnterDollarsDialog.h"
 
-#include <QDialogButtonBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QVBoxLayout>
 
 #include "core/text/Numbers.h"
 #include "core/text/WholeNumber.h"
@@ -13,20 +10,10 @@
 EnterDollarsDialog::EnterDollarsDialog(int proposed, QWidget* parent) : QDialog(parent) {
     setObjectName("enterDollars");
     setWindowTitle(tr("Dialog"));
-    auto* label = new QLabel(tr("Enter &Dollar Amount"), this);
-    label->setObjectName("label");
     amount = TypingBox(*this, "amount", 24, 80);
     amount->setText(QString::number(proposed));
     amount->selectAll();
-    label->setBuddy(amount);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(label);
-    layout->addWidget(amount);
-    layout->addStretch();
-    layout->addWidget(OkAndCancel(*this));
-    MakeRoomForCaption(*this);
-    amount->setFocus();
+    LayOutQuestion(*this, tr("Enter &Dollar Amount"), *amount);
 }
 
 void EnterDollarsDialog::accept() {

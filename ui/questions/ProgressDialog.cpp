@@ -1,7 +1,6 @@
 #include "ui/questions/ProgressDialog.h"
 
 #include <QCoreApplication>
-#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -31,19 +30,14 @@ ProgressDialog::ProgressDialog(const std::string& text, QWidget* parent) : QDial
     bar->setAccessibleName(tr("Percent done"));
     bar->setRange(0, 100);
     bar->setValue(0);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
-    auto* cancel = buttons->button(QDialogButtonBox::Cancel);
-    cancel->setObjectName("cancel");
-    cancel->setDefault(true);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
+    auto* buttons = EndButtons(*this, QDialogButtonBox::Cancel, QDialogButtonBox::Cancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(line);
     layout->addWidget(bar);
     layout->addStretch();
     layout->addWidget(buttons);
     MakeRoomForCaption(*this);
-    cancel->setFocus();
+    buttons->button(QDialogButtonBox::Cancel)->setFocus();
 }
 
 bool ProgressDialog::Show(const std::string& text, int percent) {

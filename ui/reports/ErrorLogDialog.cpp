@@ -1,15 +1,12 @@
 #include "ui/reports/ErrorLogDialog.h"
 
-#include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QVBoxLayout>
+#include <QShortcut>
 #include <algorithm>
 
 #include "game/engine/GameEngine.h"
@@ -17,7 +14,6 @@
 #include "game/reports/HandReport.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
-#include "ui/parts/FirstDrawCard.h"
 #include "ui/parts/ReportBox.h"
 #include "ui/parts/SmallCard.h"
 
@@ -49,8 +45,8 @@ ErrorLogDialog::ErrorLogDialog(const GameEngine& engine, const GameFiles& files,
     layout->addWidget(title, 0, 0, Qt::AlignLeft);
     layout->addWidget(text, 1, 0);
     layout->addWidget(MakeSummary(), 0, 1, 2, 1);
-    layout->addWidget(MakeHand(store), 2, 0, 1, 2);
-    layout->addWidget(MakeButtons(), 3, 0, 1, 2);
+    layout->addLayout(MakeHand(store), 2, 0, 1, 2);
+    layout->addLayout(MakeButtons(), 3, 0, 1, 2);
     layout->setRowStretch(1, 1);
     MakeRoomForCaption(*this);
 
@@ -60,60 +56,44 @@ ErrorLogDialog::ErrorLogDialog(const GameEngine& engine, const GameFiles& files,
         box->FitToText();
         box->saveAs = [this] { Save(); };
     }
-    for (QWidget* box : std::initializer_list<QWidget*>{title, text, summary}) {
-        box->installEventFilter(this);
-    }
+    AddKeys();
     resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
     (next->isEnabled() ? next : findChild<QPushButton*>("ok"))->setFocus();
 }
 
 QWidget* ErrorLogDialog::MakeSummary() {
-    auto* group = new QGroupBox(tr("Game Summary"), this);
-    summary = new ReportBox("summary", tr("Game Summary"), group);
+    auto* row = RowInGroup(tr("Game Summary"), "gameSummary", this);
+    summary = new ReportBox("summary", tr("Game Summary"), this);
     summary->ShowReport(ErrorSummary(engine));
-    auto* layout = new QVBoxLayout(group);
-    layout->addWidget(summary);
-    return group;
+    row->addWidget(summary);
+    return row->parentWidget();
 }
 
-QWidget* ErrorLogDialog::MakeHand(PictureStore& store) {
-    auto* row = new QWidget(this);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* hand = new QGroupBox(tr("Starting Hand"), row);
-    hand->setObjectName("startingHand");
-    auto* cards = new QHBoxLayout;
+QLayout* ErrorLogDialog::MakeHand(PictureStore& store) {
+    auto* cards = RowInGroup(tr("Starting Hand"), "startingHand", this);
     for (std::size_t i = 0; i < places.size(); ++i) {
-        places[i] = new SmallCard(store, hand);
+        places[i] = new SmallCard(store, cards->parentWidget());
         places[i]->setObjectName(QString("place%1").arg(i));
         cards->addWidget(places[i]);
     }
-    hand->setLayout(cards);
-    knownCard = new FirstDrawCard(engine, store, row);
-    layout->addWidget(hand);
-    layout->addWidget(knownCard);
+    auto* layout = new QHBoxLayout;
+    layout->addWidget(cards->parentWidget());
+    knownCard = AddFirstDrawCard(*layout, engine, store, this);
     layout->addStretch();
-    return row;
+    return layout;
 }
 
-QWidget* ErrorLogDialog::MakeButtons() {
-    auto* row = new QWidget(this);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    previous = MakePageButton(tr("&Prev"), "previous", -1);
-    next = MakePageButton(tr("&Next"), "next", 1);
-    layout->addWidget(previous);
-    layout->addWidget(next);
+QLayout* ErrorLogDialog::MakeButtons() {
+    auto* layout = new QHBoxLayout;
+    previous = ActionButton(*this, tr("&Prev"), "previous", [this] { ShowError(index - 1); });
+    next = ActionButton(*this, tr("&Next"), "next", [this] { ShowError(index + 1); });
+    for (QPushButton* button : {previous, next}) {
+        button->setAutoDefault(true);  // Enter turns on where it has the focus
+        layout->addWidget(button);
+    }
     layout->addStretch();
     layout->addWidget(OkAlone(*this));
-    return row;
-}
-
-QPushButton* ErrorLogDialog::MakePageButton(const QString& caption, const char* name, int step) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    connect(button, &QPushButton::clicked, this, [this, step] { ShowError(index + step); });
-    return button;
+    return layout;
 }
 
 void ErrorLogDialog::SetTabStops() {
@@ -127,33 +107,17 @@ void ErrorLogDialog::SetTabStops() {
     for (ReportBox* box : {text, summary}) box->SetTabStops({static_cast<qreal>(stop)});
 }
 
-bool ErrorLogDialog::TurnPage(const QKeyEvent& event) {
-    if (event.modifiers() & ~Qt::KeypadModifier) return false;
-    switch (event.key()) {
-        case Qt::Key_PageUp:
-            ShowError(index - 1);
-            return true;
-        case Qt::Key_PageDown:
-            ShowError(index + 1);
-            return true;
-        case Qt::Key_Home:
-            ShowError(0);
-            return true;
-        case Qt::Key_End:
-            ShowError(LastError());
-            return true;
-        default:
-            return false;
-    }
+void ErrorLogDialog::AddKeys() {
+    new QShortcut(Qt::Key_PageUp, this, [this] { ShowError(index - 1); });
+    new QShortcut(Qt::Key_PageDown, this, [this] { ShowError(index + 1); });
+    new QShortcut(Qt::Key_Home, this, [this] { ShowError(0); });
+    new QShortcut(Qt::Key_End, this, [this] { ShowError(LastError()); });
+    title->installEventFilter(this);
 }
 
+// A line of text would keep Home and End for its cursor.
 bool ErrorLogDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && TurnPage(*static_cast<QKeyEvent*>(event))) return true;
-    return QDialog::eventFilter(watched, event);
-}
-
-void ErrorLogDialog::keyPressEvent(QKeyEvent* event) {
-    if (!TurnPage(*event)) QDialog::keyPressEvent(event);
+    return event->type() == QEvent::ShortcutOverride || QDialog::eventFilter(watched, event);
 }
 
 // The first entry is shown even when the log has been emptied from outside; other pages than it has

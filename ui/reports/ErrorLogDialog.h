@@ -7,8 +7,8 @@
 
 #include "game/engine/FixedHandEditor.h"
 
-class FirstDrawCard;
 class PictureStore;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class ReportBox;
@@ -25,19 +25,14 @@ class ErrorLogDialog : public QDialog {
 
     int Index() const { return index; }
 
-    // The keys turn pages from wherever the focus is.
     bool eventFilter(QObject* watched, QEvent* event) override;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QWidget* MakeSummary();
-    QWidget* MakeHand(PictureStore& store);
-    QWidget* MakeButtons();
-    QPushButton* MakePageButton(const QString& caption, const char* name, int step);
+    QLayout* MakeHand(PictureStore& store);
+    QLayout* MakeButtons();
     void SetTabStops();
-    bool TurnPage(const QKeyEvent& event);
+    void AddKeys();  // which turn pages from wherever the focus is
     void ShowError(int shown);
     int LastError() const;
     void Save();
@@ -49,7 +44,7 @@ class ErrorLogDialog : public QDialog {
     ReportBox* text;
     ReportBox* summary;
     std::array<SmallCard*, kPlaces> places{};
-    FirstDrawCard* knownCard;
+    SmallCard* knownCard;
     QPushButton* next;
     QPushButton* previous;
 };

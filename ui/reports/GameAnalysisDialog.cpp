@@ -1,7 +1,6 @@
 #include "ui/reports/GameAnalysisDialog.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -14,7 +13,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "core/text/Numbers.h"
 #include "game/session/AnalyzeGame.h"
 #include "ui/charts/ShareChart.h"
 #include "ui/parts/DialogParts.h"
@@ -38,7 +36,6 @@ GameAnalysisDialog::GameAnalysisDialog(GameReportPages& pages, QWidget* parent)
     layout->addLayout(MakeTop());
     layout->addWidget(MakeTabs(), 1);
     layout->addLayout(MakeBottom());
-    FillGames();
     SetTabStops();
     ShowPage();
     Fit();
@@ -47,54 +44,38 @@ GameAnalysisDialog::GameAnalysisDialog(GameReportPages& pages, QWidget* parent)
 
 // What is browsed: the game, and its tables.
 QLayout* GameAnalysisDialog::MakeTop() {
-    auto* gameLabel = new QLabel(tr("&Game"), this);
-    games = new QComboBox(this);
-    games->setObjectName("game");
-    games->setMaxVisibleItems(20);
-    games->setMinimumWidth(WidthOf(*this, 36));
-    gameLabel->setBuddy(games);
+    games = GameList(*this, pages.Games(), 36);
+    SelectGame(*games, pages.GameName());
     connect(games, &QComboBox::activated, this, &GameAnalysisDialog::ChooseGame);
-    auto* indexLabel = new QLabel(tr("Inde&x"), this);
     index = new QLineEdit(this);
     index->setObjectName("index");
     index->setReadOnly(true);
     index->setFixedWidth(WidthOf(*this, 8));
-    indexLabel->setBuddy(index);
     auto* layout = new QHBoxLayout;
-    for (QWidget* widget : std::initializer_list<QWidget*>{gameLabel, games, indexLabel, index}) {
+    for (QWidget* widget : std::initializer_list<QWidget*>{Caption(tr("&Game"), games), games,
+                                                           Caption(tr("Inde&x"), index), index}) {
         layout->addWidget(widget);
     }
     layout->addStretch();
-    const auto addButton = [&](const QString& caption, const char* name) {
-        auto* button = new QPushButton(caption, this);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
-        layout->addWidget(button);
-        return button;
-    };
-    previous = addButton(tr("&Prev Table"), "previousTable");
-    connect(previous, &QPushButton::clicked, this, [this] {
+    previous = ActionButton(*this, tr("&Prev Table"), "previousTable", [this] {
         pages.ShowPrevious();
         ShowPage();
     });
-    next = addButton(tr("&Next Table"), "nextTable");
-    connect(next, &QPushButton::clicked, this, [this] {
+    next = ActionButton(*this, tr("&Next Table"), "nextTable", [this] {
         pages.ShowNext();
         ShowPage();
     });
+    layout->addWidget(previous);
+    layout->addWidget(next);
     return layout;
 }
 
 QLayout* GameAnalysisDialog::MakeBottom() {
-    auto* run = new QPushButton(tr("&Run Analysis"), this);
-    run->setObjectName("run");
-    run->setAutoDefault(false);
-    connect(run, &QPushButton::clicked, this, [this] {
+    auto* layout = new QHBoxLayout;
+    layout->addWidget(ActionButton(*this, tr("&Run Analysis"), "run", [this] {
         answer = ReportAnswer::kRunAnalysis;
         accept();
-    });
-    auto* layout = new QHBoxLayout;
-    layout->addWidget(run);
+    }));
     layout->addWidget(OkAlone(*this));
     return layout;
 }
@@ -127,18 +108,6 @@ QWidget* GameAnalysisDialog::MakeTabs() {
     return tabs;
 }
 
-void GameAnalysisDialog::FillGames() {
-    for (const std::string& game : pages.Games()) games->addItem(QString::fromStdString(game));
-    SelectShownGame();
-}
-
-// Nothing is selected for a game that is not offered to choose from.
-void GameAnalysisDialog::SelectShownGame() {
-    int shown = games->count() - 1;
-    while (shown >= 0 && !SameText(games->itemText(shown).toStdString(), pages.GameName())) --shown;
-    games->setCurrentIndex(shown);
-}
-
 // A column has room for its widest text and three blanks.
 void GameAnalysisDialog::SetTabStops() {
     const QFontMetrics font(report->font());
@@ -167,7 +136,7 @@ void GameAnalysisDialog::ChooseGame(int at) {
     if (pages.Choose(games->itemText(at).toStdString())) {
         ShowPage();
     } else {
-        SelectShownGame();
+        SelectGame(*games, pages.GameName());
     }
 }
 

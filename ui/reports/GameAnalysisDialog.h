@@ -29,10 +29,8 @@ class GameAnalysisDialog : public QDialog {
     QWidget* MakeTabs();
     QLayout* MakeBottom();
     void Fit();
-    void FillGames();
     void SetTabStops();
     void ShowPage();
-    void SelectShownGame();
     void ChooseGame(int at);
     void Save();
 

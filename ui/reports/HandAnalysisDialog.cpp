@@ -1,10 +1,7 @@
 #include "ui/reports/HandAnalysisDialog.h"
 
-#include <QDialogButtonBox>
 #include <QFontMetrics>
-#include <QGroupBox>
 #include <QHBoxLayout>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -17,7 +14,6 @@
 #include "ui/charts/HoldChart.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
-#include "ui/parts/FirstDrawCard.h"
 #include "ui/parts/PlaceButtons.h"
 #include "ui/parts/ReportBox.h"
 #include "ui/parts/SmallCard.h"
@@ -31,13 +27,12 @@ constexpr int kLeastLines = 12;
 constexpr int kWidest = 160;  // characters
 
 bool WantsHandAgain(QWidget* parent) {
-    QMessageBox box(QMessageBox::Critical, HandAnalysisDialog::tr("Missing Card"),
-                    HandAnalysisDialog::tr("You must assign a card to each hand position to "
-                                           "perform a hand analysis"),
-                    QMessageBox::Ok | QMessageBox::Cancel, parent);
-    box.setObjectName("missingCard");
-    MakeRoomForCaption(box);
-    return box.exec() == QMessageBox::Ok;
+    const int answer = ShowMessage(
+        "missingCard", QMessageBox::Critical, HandAnalysisDialog::tr("Missing Card"),
+        HandAnalysisDialog::tr("You must assign a card to each hand position to perform a hand "
+                               "analysis"),
+        parent, QMessageBox::Ok | QMessageBox::Cancel);
+    return answer == QMessageBox::Ok;
 }
 
 // "A" and a spade; a joker is the letter that the report shows.
@@ -70,16 +65,12 @@ HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, Q
     tabs->addTab(MakeReportPage(), tr("&Report"));
     tabs->addTab(MakeChartPage(), tr("C&hart"));
 
-    auto* change = new QPushButton(tr("&Change Hand"), this);
-    change->setObjectName("changeHand");
-    change->setAutoDefault(false);
-    connect(change, &QPushButton::clicked, this, &HandAnalysisDialog::ChangeHand);
+    auto* change = ActionButton(*this, tr("&Change Hand"), "changeHand", [this] { ChangeHand(); });
     auto* buttons = OkAlone(*this);
 
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(MakePlaces());
-    knownCard = new FirstDrawCard(spare, store, this);
-    bottom->addWidget(knownCard);
+    knownCard = AddFirstDrawCard(*bottom, spare, store, this);
     bottom->addWidget(change, 0, Qt::AlignBottom);
     bottom->addStretch();
     bottom->addWidget(buttons, 0, Qt::AlignBottom);
@@ -126,16 +117,15 @@ QWidget* HandAnalysisDialog::MakeChartPage() {
 }
 
 QWidget* HandAnalysisDialog::MakePlaces() {
-    auto* group = new QGroupBox(tr("Starting Hand"), this);
-    group->setObjectName("startingHand");
-    auto* layout = new QHBoxLayout(group);
+    auto* row = RowInGroup(tr("Starting Hand"), "startingHand", this);
     for (int place = 0; place < kPlaces; ++place) {
-        auto* buttons = new PlaceButtons(store, place, group, [this] { ChangeHand(); });
+        auto* buttons =
+            new PlaceButtons(store, place, row->parentWidget(), [this] { ChangeHand(); });
         buttons->setToolTip(tr("Change Hand"));
-        layout->addWidget(buttons);
+        row->addWidget(buttons);
         places[static_cast<std::size_t>(place)] = buttons;
     }
-    return group;
+    return row->parentWidget();
 }
 
 void HandAnalysisDialog::SetTabStops() {
@@ -169,7 +159,9 @@ void HandAnalysisDialog::ShowHand() {
 
 void HandAnalysisDialog::ShowReport() { report->ShowReport(HandReport(spare, display)); }
 
-// All holds that return as much as the best one are marked: playing any of them is no error.
+// All holds that return as much as the best one are marked: playing any of them is no error. A note
+// has a line each for "Best hold: ace of spades, king of spades", "returns $4.5000" and "16,215
+// draws, 5,000 of them win".
 void HandAnalysisDialog::ShowChart() {
     const auto cards = ShownPlaces(spare);
     std::vector<HoldChart::Hold> holds;
@@ -177,33 +169,23 @@ void HandAnalysisDialog::ShowChart() {
         const HoldResult& result = spare.analysis.holds[static_cast<std::size_t>(mask)];
         HoldChart::Hold hold;
         const auto held = HeldPlaces(spare, mask);
+        QStringList names;
         for (std::size_t i = 0; i < cards.size(); ++i) {
             hold.cards.append(held[i] ? ShortName(cards[i]) : QString::fromUtf8("–"));
+            if (held[i]) names.append(NameOf(cards[i]));
         }
+        if (names.isEmpty()) names.append(tr("nothing"));
         if (result.knownCardPosition >= 0) hold.cards[result.knownCardPosition] = "D";
         hold.value = result.expectedReturn;
         hold.best = result.expectedReturn == spare.analysis.bestReturn;
-        hold.note = NoteOf(mask, hold.best);
+        hold.note =
+            tr("%1 %2\nreturns $%3\n%4 draws, %5 of them win")
+                .arg(hold.best ? tr("Best hold:") : tr("Hold"), names.join(", "),
+                     QString::number(result.expectedReturn, 'f', 4), Grouped(result.totalHands),
+                     Grouped(result.totalHands - result.nothing));
         holds.push_back(hold);
     }
     chart->ShowHolds(std::move(holds));
-}
-
-// "Best hold: ace of spades, king of spades", "returns $4.5000" and "16,215 draws, 5,000 of them
-// win", a line each.
-QString HandAnalysisDialog::NoteOf(HoldMask hold, bool best) const {
-    const auto cards = ShownPlaces(spare);
-    const auto held = HeldPlaces(spare, hold);
-    const HoldResult& result = spare.analysis.holds[static_cast<std::size_t>(hold)];
-    QStringList names;
-    for (std::size_t i = 0; i < cards.size(); ++i) {
-        if (held[i]) names.append(NameOf(cards[i]));
-    }
-    if (names.isEmpty()) names.append(tr("nothing"));
-    return tr("%1 %2\nreturns $%3\n%4 draws, %5 of them win")
-        .arg(best ? tr("Best hold:") : tr("Hold"), names.join(", "),
-             QString::number(result.expectedReturn, 'f', 4), Grouped(result.totalHands),
-             Grouped(result.totalHands - result.nothing));
 }
 
 void HandAnalysisDialog::Save() {

@@ -12,11 +12,11 @@
 
 #include "game/reports/HandReport.h"
 
-class FirstDrawCard;
 class HoldChart;
 class PictureStore;
 class PlaceButtons;
 class ReportBox;
+class SmallCard;
 
 class HandAnalysisDialog : public QDialog {
     Q_OBJECT
@@ -34,7 +34,6 @@ class HandAnalysisDialog : public QDialog {
     void ShowHand();
     void ShowReport();
     void ShowChart();
-    QString NoteOf(HoldMask hold, bool best) const;
     void Save();
 
     GameEngine& spare;
@@ -43,5 +42,5 @@ class HandAnalysisDialog : public QDialog {
     ReportBox* report;
     HoldChart* chart;
     std::array<PlaceButtons*, kPlaces> places{};
-    FirstDrawCard* knownCard;
+    SmallCard* knownCard;
 };

@@ -97,8 +97,8 @@ QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t no
     return reports;
 }
 
-ReportBox* StatisticsDialog::AddBox(QGridLayout& layout, int row, int column, const QString& title,
-                                    const char* name, const QList<std::string>& reports) {
+void StatisticsDialog::AddBox(QGridLayout& layout, int row, int column, const QString& title,
+                              const char* name, const QList<std::string>& reports) {
     auto* group = new QGroupBox(title);
     auto* box = new ReportBox(name, title, group);
     box->saveAs = [this] { Save(); };
@@ -107,7 +107,6 @@ ReportBox* StatisticsDialog::AddBox(QGridLayout& layout, int row, int column, co
     inside->addWidget(box);
     layout.addWidget(group, row, column);
     sections.append({box, reports});
-    return box;
 }
 
 // In a font of so many points. Each box is as large as the largest of its reports asks for, and

@@ -26,8 +26,8 @@ class StatisticsDialog : public QDialog {
     };
 
     QWidget* MakeReports(const GameEngine& engine, std::int64_t now);
-    ReportBox* AddBox(QGridLayout& layout, int row, int column, const QString& title,
-                      const char* name, const QList<std::string>& reports);
+    void AddBox(QGridLayout& layout, int row, int column, const QString& title, const char* name,
+                const QList<std::string>& reports);
     void ShowReports(qreal fontSize);
     void ShowReport(Section& section, int chosen);
     void SetTabStops();

@@ -1,6 +1,8 @@
-#include "ui/charts/ChartColours.h"
+#include "ui/charts/ChartParts.h"
 
 #include <QPalette>
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -21,4 +23,13 @@ ChartColours ColoursOf(const QPalette& palette) {
     return {ground, text, Between(ground, text, 0.25),
             dark ? QColor(0x6c, 0xb2, 0xf0) : QColor(0x1f, 0x66, 0xa8),
             dark ? QColor(0xf2, 0xa3, 0x5a) : QColor(0xb3, 0x54, 0x00)};
+}
+
+double RoundStep(double least, double smallest) {
+    if (least <= smallest) return smallest;
+    const double power = std::pow(10, std::floor(std::log10(least)));
+    for (const double factor : {1.0, 2.0, 5.0}) {
+        if (factor * power >= least * (1 - 1e-9)) return std::max(factor * power, smallest);
+    }
+    return 10 * power;
 }
