@@ -25,8 +25,15 @@ class CMorvikView : public QWidget {
 
     QSize sizeHint() const override;
 
-    // The machine as it is now, in words; screen readers are told when they change.
+    // The machine as it is now, in words.
     QString Description() const;
+
+    // For those who do not see it or press it otherwise (MachineAccess.h): the machine that is
+    // shown, where one of its places stands on the screen, and a finger that comes down on a point
+    // of the layout and is lifted at once.
+    const Seat& SeatShown() const { return seat; }
+    QRect OnScreen(const QRect& place) const;
+    void Tap(QPoint point);
 
     // No button stays down: what is let go over a dialog that came between is let go there.
     void ForgetPresses();
@@ -46,7 +53,7 @@ class CMorvikView : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void AnnounceChange();
+    void Lift(const PressInHand& press, QPoint point);
     void LetButtonsGo();
     void BeginKey(int key);
 
@@ -57,8 +64,7 @@ class CMorvikView : public QWidget {
     QtTextMeasure measure;
     MachineInput input;
     QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
-    QString announced;
-    PressInHand leftPress;  // the last one
+    PressInHand leftPress;        // the last one
     PressInHand rightPress;
     bool leftDown = false;
     QHash<int, PressInHand> keysDown;  // pressed here: a key let go after a dialog is no input
