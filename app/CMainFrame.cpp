@@ -3,11 +3,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
 
 #include "app/CMorvikDoc.h"
+#include "app/CommandMenu.h"
 #include "app/CommandTable.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
@@ -21,11 +21,18 @@ constexpr const char* kMaximizedKey = "window/maximized";
 // A name may hold a '&', which would mark a letter in a menu.
 QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
 
-// An entry that can be checked and is not would show an empty box.
+// Of these one is chosen at a time.
+bool IsChoice(int id) {
+    return IsGame(id) || (id >= kModeCasino && id <= kModeErrorLog) ||
+           (id >= kCoinNickel && id <= kCoinDollar) || (id >= kSpeedFast && id <= kSpeedSlow);
+}
+
+// What is on or off has a box, full or empty; of a choice only what is chosen has a mark, or the
+// long list of the games would be read through a column of rings.
 void ShowState(QAction& action, const GameEngine& engine) {
     const int id = action.data().toInt();
     const bool checked = IsChecked(id, engine);
-    action.setCheckable(checked);
+    action.setCheckable(checked || (CanBeChecked(id) && !IsChoice(id)));
     action.setChecked(checked);
     action.setEnabled(IsEnabled(id, engine));
 }
@@ -66,7 +73,7 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
 void CMainFrame::UpdateTitle() { setWindowTitle(document->Title()); }
 
 void CMainFrame::MakeMenus() {
-    QMenu* menu = nullptr;
+    CommandMenu* menu = nullptr;
     for (const MenuRow& row : MenuRows()) {
         if (std::holds_alternative<NoMenuRow>(row)) break;
         if (const auto* popup = std::get_if<PopupRow>(&row)) {
@@ -76,8 +83,10 @@ void CMainFrame::MakeMenus() {
         } else if (const auto* own = std::get_if<UserGamesRow>(&row)) {
             AddUserGames(*menu, tr(own->caption), own->name);
         } else if (const auto* command = std::get_if<CommandRow>(&row)) {
-            commands.push_back(
-                AddCommand(*menu, command->id, tr(command->caption), command->shortcut));
+            const bool hasShortcut = *command->shortcut != '\0';
+            const QString caption =
+                CommandMenu::WithKey(tr(command->caption), hasShortcut ? 0 : command->key);
+            commands.push_back(AddCommand(*menu, command->id, caption, command->shortcut));
         } else {
             menu->addSeparator();
         }
@@ -85,33 +94,37 @@ void CMainFrame::MakeMenus() {
     UpdateActions();
 }
 
-QMenu* CMainFrame::AddPopup(const QString& caption, const char* name) {
-    QMenu* menu = menuBar()->addMenu(caption);
+CommandMenu* CMainFrame::AddPopup(const QString& caption, const char* name) {
+    auto* menu = new CommandMenu(caption, menuBar());
+    menuBar()->addMenu(menu);
     menu->setObjectName(name);
     connect(menu, &QMenu::aboutToShow, this, &CMainFrame::PrepareMenu);
     connect(menu, &QMenu::aboutToHide, this, &CMainFrame::LeaveMenus, Qt::QueuedConnection);
     return menu;
 }
 
-QAction* CMainFrame::AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut) {
+QAction* CMainFrame::AddCommand(CommandMenu& menu, int id, const QString& caption,
+                                const char* shortcut) {
     QAction* action = menu.addAction(caption);
     action->setObjectName("command" + QString::number(id));
     action->setData(id);
     action->setShortcut(QKeySequence(shortcut));
     action->setMenuRole(QAction::NoRole);
+    if (IsChoice(id)) menu.AddChoice(*action);
     connect(action, &QAction::triggered, this, [this, id] { document->Run(id); });
     return action;
 }
 
-void CMainFrame::AddGames(QMenu& menu, int firstId, int lastId) {
+void CMainFrame::AddGames(CommandMenu& menu, int firstId, int lastId) {
     for (const BuiltInGame& game : BuiltInGames()) {
         if (!game.offered || game.id < firstId || game.id > lastId) continue;
         commands.push_back(AddCommand(menu, game.id, MenuText(game.name)));
     }
 }
 
-void CMainFrame::AddUserGames(QMenu& menu, const QString& caption, const char* name) {
-    userGames = menu.addMenu(caption);
+void CMainFrame::AddUserGames(CommandMenu& menu, const QString& caption, const char* name) {
+    userGames = new CommandMenu(caption, &menu);
+    menu.addMenu(userGames);
     userGames->setObjectName(name);
     connect(&menu, &QMenu::aboutToShow, this, &CMainFrame::ListUserGames);
 }

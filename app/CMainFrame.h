@@ -4,11 +4,11 @@
 #include <functional>
 #include <vector>
 
+class CommandMenu;
 class CMorvikDoc;
 class CMorvikView;
 class PictureStore;
 class QAction;
-class QMenu;
 
 class CMainFrame : public QMainWindow {
     Q_OBJECT
@@ -32,10 +32,11 @@ class CMainFrame : public QMainWindow {
   private:
     void UpdateTitle();
     void MakeMenus();
-    QMenu* AddPopup(const QString& caption, const char* name);
-    QAction* AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut = "");
-    void AddGames(QMenu& menu, int firstId, int lastId);
-    void AddUserGames(QMenu& menu, const QString& caption, const char* name);
+    CommandMenu* AddPopup(const QString& caption, const char* name);
+    QAction* AddCommand(CommandMenu& menu, int id, const QString& caption,
+                        const char* shortcut = "");
+    void AddGames(CommandMenu& menu, int firstId, int lastId);
+    void AddUserGames(CommandMenu& menu, const QString& caption, const char* name);
     void PrepareMenu();
     void LeaveMenus();
     void ListUserGames();
@@ -45,7 +46,7 @@ class CMainFrame : public QMainWindow {
 
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
-    QMenu* userGames = nullptr;
+    CommandMenu* userGames = nullptr;
     std::vector<QAction*> commands;  // but for the user games; their data are their commands
     bool closed = false;
 };

@@ -207,6 +207,11 @@ int CommandOfKey(int key) {
     return row ? row->id : kNoCommand;
 }
 
+bool CanBeChecked(int id) {
+    const CommandRow* row = RowOf(id);
+    return row && row->isChecked;
+}
+
 bool IsChecked(int id, const GameEngine& engine) {
     const CommandRow* row = RowOf(id);
     return row && row->isChecked && row->isChecked(engine, id);

@@ -69,6 +69,7 @@ int CommandOfKey(int key);
 
 // By the id of a command or a game, as the machine stands. Of an id that is no command's, none is
 // true.
+bool CanBeChecked(int id);  // at some time
 bool IsChecked(int id, const GameEngine& engine);
 bool IsEnabled(int id, const GameEngine& engine);       // in the menus
 bool IsEnabledByKey(int id, const GameEngine& engine);  // or by a press at the machine
