@@ -11,6 +11,7 @@
 #include <array>
 #include <csignal>
 
+#include "app/PaletteKeeper.h"
 #include "core/store/Migration.h"
 
 namespace {
@@ -43,6 +44,7 @@ CMorvikApp::~CMorvikApp() {
 
 int CMorvikApp::Run() {
     ReadArguments();
+    const PaletteKeeper palettes;
     if (!TakeDataFolder()) return 1;
     WarnOfMissingPayTables();
     sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });

@@ -15,6 +15,7 @@ constexpr int kDarkest = 110;  // of 255
 constexpr int kShare = 6;      // of the shorter side is what an edge darkens
 constexpr int kTile = 16;      // along the edge
 constexpr QColor kPrint{236, 208, 110, 46};
+constexpr QColor kPlainCloth{0, 40, 24};
 constexpr int kLeastRoom = 240;
 constexpr int kLargestRadius = 260;
 
@@ -69,6 +70,10 @@ void PaintEmblem(MachineCanvas& canvas, QPoint centre, int radius) {
 void PaintCloth(MachineCanvas& canvas, const MachineLayout& layout) {
     const int width = layout.client.width();
     const int height = layout.client.height();
+    if (canvas.HighContrast()) {
+        canvas.Painter().fillRect(0, 0, width, height, kPlainCloth);
+        return;
+    }
     canvas.Tile(Picture::kFelt, kFeltTile, {0, 0, width, height});
     const int machineEnd = std::max(layout.deal.right(), layout.coin.right());
     const int room = std::min(width - machineEnd, height);

@@ -1,8 +1,11 @@
 #include "ui/machine/MachineCanvas.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
+
+#include "ui/art/Contrast.h"
 
 namespace {
 
@@ -14,7 +17,8 @@ MachineCanvas::MachineCanvas(QPainter& onPainter, const QRegion& region, Picture
     : painter(onPainter),
       clip(region),
       pictures(store),
-      pixelRatio(onPainter.device()->devicePixelRatioF()) {
+      pixelRatio(onPainter.device()->devicePixelRatioF()),
+      highContrast(IsHighContrast(QGuiApplication::palette())) {
     painter.save();
     painter.setClipRegion(clip, Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -36,7 +40,8 @@ void MachineCanvas::Tile(Picture picture, int side, const QRect& area) {
 // four edges are sharp and equally wide.
 void MachineCanvas::DrawBox(const QRect& place, const QColor& outline, const QColor& fill) {
     if (!Sees(place)) return;
-    const qreal edge = std::max(1.0, std::round(pixelRatio)) / pixelRatio;
+    const int pixels = highContrast ? 2 : 1;
+    const qreal edge = std::max(1.0, std::round(pixels * pixelRatio)) / pixelRatio;
     painter.fillRect(QRectF(place), outline);
     painter.fillRect(QRectF(place).adjusted(edge, edge, -edge, -edge), fill);
 }

@@ -32,6 +32,10 @@ class MachineCanvas {
     QPainter& Painter() { return painter; }
     qreal PixelRatio() const { return pixelRatio; }
 
+    // Whether the desktop wishes it: nothing but plain colours is behind a text, and edges are
+    // wide.
+    bool HighContrast() const { return highContrast; }
+
     // Whether anything of the place is to be painted.
     bool Sees(const QRect& place) const { return clip.intersects(place); }
 
@@ -45,7 +49,7 @@ class MachineCanvas {
     // Covers the area with copies of a square picture, the first one in its top left corner.
     void Tile(Picture picture, int side, const QRect& area);
 
-    // An outline one pixel wide, filled.
+    // An outline one pixel wide, two in high contrast, filled.
     void DrawBox(const QRect& place, const QColor& outline, const QColor& fill);
 
     // One line of text in the machine's font; smaller where it would be wider than its place, then
@@ -74,5 +78,6 @@ class MachineCanvas {
     QRegion clip;
     PictureStore& pictures;
     qreal pixelRatio;
+    bool highContrast;
     std::map<int, QFont> fonts;  // by height; finding the pixel size of one takes a while
 };
