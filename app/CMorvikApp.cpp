@@ -13,6 +13,7 @@
 
 #include "app/PaletteKeeper.h"
 #include "core/store/Migration.h"
+#include "ui/parts/FocusStyle.h"
 
 namespace {
 
@@ -44,6 +45,7 @@ CMorvikApp::~CMorvikApp() {
 
 int CMorvikApp::Run() {
     ReadArguments();
+    setStyle(new FocusStyle);  // which the application owns
     const PaletteKeeper palettes;
     if (!TakeDataFolder()) return 1;
     WarnOfMissingPayTables();

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QImage>
 #include <QPainter>
 #include <climits>
@@ -15,10 +14,7 @@
 #include "game/seat/ShowScene.h"
 #include "tests/game/FakePorts.h"
 #include "ui/art/PictureStore.h"
-#include "ui/machine/ActionQueue.h"
-#include "ui/machine/CMorvikView.h"
 #include "ui/machine/ChangedRegion.h"
-#include "ui/machine/Commands.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachinePainter.h"
 #include "ui/machine/SceneDescription.h"
@@ -318,16 +314,4 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     expectToldIn(piles,
                  "Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not shot; 3 not "
                  "shot; 4 25; 5 not shot.");
-}
-
-TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
-    TestSeat t;
-    PictureStore pictures;
-    ActionQueue actions(t.seat);
-    CMorvikView view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
-    const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
-    ASSERT_NE(reader, nullptr);
-    EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");
-    ShowMessage(t.seat, "HOLD/DRAW");
-    EXPECT_TRUE(reader->text(QAccessible::Description).startsWith("HOLD/DRAW. "));
 }
