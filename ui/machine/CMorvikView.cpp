@@ -25,7 +25,7 @@ constexpr int kAnnouncementDelay = 50;  // milliseconds after a repaint
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     auto* view = qobject_cast<CMorvikView*>(object);
-    return view ? new MachineAccess(*view) : nullptr;
+    return view ? new MachineAccess(*view, *view) : nullptr;
 }
 
 }  // namespace

@@ -5,12 +5,13 @@
 #include <QWidget>
 
 #include "game/seat/Seat.h"
+#include "ui/machine/AccessibleMachine.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineInput.h"
 
 class PictureStore;
 
-class CMorvikView : public QWidget {
+class CMorvikView : public QWidget, public AccessibleMachine {
     Q_OBJECT
 
   public:
@@ -25,15 +26,11 @@ class CMorvikView : public QWidget {
 
     QSize sizeHint() const override;
 
-    // The machine as it is now, in words.
-    QString Description() const;
-
-    // For those who do not see it or press it otherwise (MachineAccess.h): the machine that is
-    // shown, where one of its places stands on the screen, and a finger that comes down on a point
-    // of the layout and is lifted at once.
-    const Seat& SeatShown() const { return seat; }
-    QRect OnScreen(const QRect& place) const;
-    void Tap(QPoint point);
+    const Seat& SeatShown() const override { return seat; }
+    const MachineLayout& Places() const override { return places; }
+    QRect OnScreen(const QRect& place) const override;
+    void Tap(QPoint point) override;
+    QString Description() const override;
 
     // No button stays down: what is let go over a dialog that came between is let go there.
     void ForgetPresses();

@@ -1,32 +1,30 @@
 #include "ui/machine/MachineAccess.h"
 
 #include <QAccessibleActionInterface>
-#include <QApplication>
 #include <QWindow>
 #include <algorithm>
 
-#include "ui/machine/CMorvikView.h"
+#include "ui/machine/AccessibleMachine.h"
 
 // One part, or the news: what was last said of all of them.
 class PartAccess : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
-    PartAccess(const MachineAccess& ofMachine, const MachinePart* of)
-        : machine(ofMachine), part(of) {}
+    PartAccess(const MachineAccess& ofTable, const MachinePart* of) : table(ofTable), part(of) {}
 
     // What it is now. The news have a name and nothing to see.
     PartLook Look() const {
-        if (part) return LookOf(*part, machine.View().SeatShown());
+        if (part) return LookOf(*part, table.Machine().SeatShown());
         PartLook look;
-        look.name = machine.News();
+        look.name = table.News();
         return look;
     }
-    QRect Place() const { return part ? PlaceOf(*part, machine.View().places) : QRect(); }
+    QRect Place() const { return part ? PlaceOf(*part, table.Machine().Places()) : QRect(); }
 
-    bool isValid() const override { return machine.isValid(); }
+    bool isValid() const override { return table.isValid(); }
     QObject* object() const override { return nullptr; }
-    QWindow* window() const override { return machine.window(); }
+    QWindow* window() const override { return table.window(); }
     QAccessibleInterface* parent() const override {
-        return QAccessible::queryAccessibleInterface(&machine.View());
+        return QAccessible::queryAccessibleInterface(table.object());
     }
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
     QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
@@ -36,12 +34,12 @@ class PartAccess : public QAccessibleInterface, public QAccessibleActionInterfac
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name) return Look().name;
         if (kind == QAccessible::Accelerator && part) {
-            return KeyOf(*part, machine.View().SeatShown());
+            return KeyOf(*part, table.Machine().SeatShown());
         }
         return {};
     }
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
-    QRect rect() const override { return machine.View().OnScreen(Place()); }
+    QRect rect() const override { return table.Machine().OnScreen(Place()); }
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
 
@@ -59,7 +57,7 @@ class PartAccess : public QAccessibleInterface, public QAccessibleActionInterfac
     void doAction(const QString& action) override;
 
   private:
-    const MachineAccess& machine;
+    const MachineAccess& table;
     const MachinePart* part;  // none of the news
 };
 
@@ -81,7 +79,7 @@ QAccessible::State PartAccess::state() const {
     const PartLook look = Look();
     QAccessible::State state;
     if (!part) return state;
-    state.invisible = !look.shown || !machine.View().isVisible();
+    state.invisible = !look.shown || !table.IsSeen();
     state.readOnly = !IsButton(part->kind);
     state.disabled = IsButton(part->kind) && !look.enabled;
     state.checkable = part->kind == PartKind::kHoldButton;
@@ -95,22 +93,22 @@ QAccessible::State PartAccess::state() const {
 // Later, since whoever asks for it waits for the answer, and a hand takes its time.
 void PartAccess::doAction(const QString& action) {
     if (action != pressAction() || !part) return;
-    CMorvikView& view = machine.View();
+    AccessibleMachine& machine = table.Machine();
     QMetaObject::invokeMethod(
-        &view,
-        [&view, pressed = *part] {
-            if (!LookOf(pressed, view.SeatShown()).shown) return;
-            view.Tap(PlaceOf(pressed, view.places).center());
+        table.object(),
+        [&machine, pressed = *part] {
+            if (!LookOf(pressed, machine.SeatShown()).shown) return;
+            machine.Tap(PlaceOf(pressed, machine.Places()).center());
         },
         Qt::QueuedConnection);
 }
 
-MachineAccess* MachineAccess::Of(CMorvikView& view) {
-    return dynamic_cast<MachineAccess*>(QAccessible::queryAccessibleInterface(&view));
+MachineAccess* MachineAccess::Of(QWidget& widget) {
+    return dynamic_cast<MachineAccess*>(QAccessible::queryAccessibleInterface(&widget));
 }
 
-MachineAccess::MachineAccess(CMorvikView& shown)
-    : QAccessibleWidget(&shown, QAccessible::Grouping), view(shown) {
+MachineAccess::MachineAccess(QWidget& widget, AccessibleMachine& shown)
+    : QAccessibleWidget(&widget, QAccessible::Grouping), machine(shown) {
     const auto add = [this](const MachinePart* part) {
         parts.push_back(new PartAccess(*this, part));
         QAccessible::registerAccessibleInterface(parts.back());
@@ -148,7 +146,7 @@ QAccessibleInterface* MachineAccess::childAt(int x, int y) const {
 
 // The description holds the whole machine, so that who comes late misses nothing.
 QString MachineAccess::text(QAccessible::Text kind) const {
-    return kind == QAccessible::Description ? view.Description() : QAccessibleWidget::text(kind);
+    return kind == QAccessible::Description ? machine.Description() : QAccessibleWidget::text(kind);
 }
 
 void MachineAccess::TellChanges() {
@@ -197,7 +195,7 @@ void MachineAccess::Announce() {
     QAccessibleEvent shown(parts.back(), QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-    QAccessibleAnnouncementEvent said(&view, news);
+    QAccessibleAnnouncementEvent said(widget(), news);
     QAccessible::updateAccessibility(&said);
 #endif
 }

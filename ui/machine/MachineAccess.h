@@ -3,23 +3,22 @@
 // a click.
 #pragma once
 #include <QAccessibleWidget>
-#include <QRect>
 #include <QString>
-#include <functional>
-#include <memory>
+#include <QWidget>
 #include <vector>
 
 #include "ui/machine/MachineParts.h"
 
-class CMorvikView;
+class AccessibleMachine;
 class PartAccess;
 
 class MachineAccess : public QAccessibleWidget {
   public:
-    // Tells of this machine; null when the interface is of something else.
-    static MachineAccess* Of(CMorvikView& view);
+    // That of the widget; nullptr when it shows something else.
+    static MachineAccess* Of(QWidget& widget);
 
-    explicit MachineAccess(CMorvikView& view);
+    // Both are the view that shows the machine.
+    MachineAccess(QWidget& widget, AccessibleMachine& machine);
     ~MachineAccess() override;
     MachineAccess(const MachineAccess&) = delete;
     MachineAccess& operator=(const MachineAccess&) = delete;
@@ -34,14 +33,15 @@ class MachineAccess : public QAccessibleWidget {
     QAccessibleInterface* childAt(int x, int y) const override;
     QString text(QAccessible::Text kind) const override;
 
-    CMorvikView& View() const { return view; }
+    AccessibleMachine& Machine() const { return machine; }
+    bool IsSeen() const { return widget()->isVisible(); }
     const QString& News() const { return news; }
 
   private:
     void TellChange(PartAccess& part, const PartLook& before, const PartLook& now) const;
     void Announce();
 
-    CMorvikView& view;
+    AccessibleMachine& machine;
     std::vector<PartAccess*> parts;  // of the accessibility's own registry
     std::vector<PartLook> told;      // empty: nothing yet
     QString news;
