@@ -125,7 +125,8 @@ void ExpectFocusIsSeen(QDialog& dialog) {
     dialog.setAttribute(Qt::WA_KeyboardFocusChange);  // as the first Tab does
     for (auto* part : dialog.findChildren<QWidget*>()) {
         const bool isStop = (part->focusPolicy() & Qt::TabFocus) != 0 && !part->focusProxy();
-        if (!isStop || !part->isVisibleTo(&dialog) || !part->isEnabled()) continue;
+        const bool isSeen = part->visibleRegion().boundingRect() == part->rect();
+        if (!isStop || !isSeen || !part->isEnabled()) continue;
         part->setFocus(Qt::TabFocusReason);
         QApplication::processEvents();
         const QRect around =
