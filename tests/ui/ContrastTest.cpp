@@ -129,6 +129,11 @@ TEST(ContrastTest, TheProgramKeepsItsPaletteReadableAndTheMachinesClothPlainWher
     keeper.UseHighContrast();
     EXPECT_TRUE(IsHighContrast(QApplication::palette()));
     EXPECT_GE(ContrastOnCloth(kMachineWhite), kHighContrast);
+    const auto box = [](MachineCanvas& canvas) {
+        canvas.DrawBox({0, 0, 9, 9}, kMachineYellow, kMachineBlack);
+    };
+    EXPECT_GT(LeastContrast({9, 9}, {0, 1, 9, 1}, kMachineBlack, box), kHighContrast)
+        << "edges are two pixels wide";
 }
 
 }  // namespace
