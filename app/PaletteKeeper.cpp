@@ -26,7 +26,7 @@ bool HasBus() {
 PaletteKeeper::PaletteKeeper() {
     qApp->installEventFilter(this);
     Keep();
-    if (HasBus()) QMetaObject::invokeMethod(this, &PaletteKeeper::AskDesktop, Qt::QueuedConnection);
+    if (HasBus()) QMetaObject::invokeMethod(this, "AskDesktop", Qt::QueuedConnection);
 }
 
 void PaletteKeeper::UseHighContrast() {

@@ -17,9 +17,11 @@ class PaletteKeeper : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+  private slots:
+    void AskDesktop();
+
   private:
     void Keep();
-    void AskDesktop();
 
     bool highContrast = false;
     bool keeping = false;

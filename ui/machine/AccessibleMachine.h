@@ -17,7 +17,8 @@ class AccessibleMachine {
     // Where one of those places stands on the screen.
     virtual QRect OnScreen(const QRect& place) const = 0;
 
-    // A finger that comes down on a point of the layout and is lifted at once.
+    // A finger comes down on a point of the layout and is lifted at once; only from the event loop,
+    // since whoever asks for it waits for the answer, and a hand takes its time.
     virtual void Tap(QPoint point) = 0;
 
     // The machine as it is now, in words.

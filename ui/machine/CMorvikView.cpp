@@ -87,8 +87,12 @@ QRect CMorvikView::OnScreen(const QRect& place) const {
     return {mapToGlobal(place.topLeft()), place.size()};
 }
 
-// As a click goes, which no dialog lets through to the window behind it.
 void CMorvikView::Tap(QPoint point) {
+    QMetaObject::invokeMethod(this, "TapNow", Qt::QueuedConnection, Q_ARG(QPoint, point));
+}
+
+// As a click goes, which no dialog lets through to the window behind it.
+void CMorvikView::TapNow(QPoint point) {
     if (QApplication::activeModalWidget()) return;
     PressInHand press;
     actions.Begin(press, input.KindAt(point), [=, this] { input.Press(point); });

@@ -49,6 +49,9 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
+  private slots:
+    void TapNow(QPoint point);
+
   private:
     void Lift(const PressInHand& press, QPoint point);
     void LetButtonsGo();

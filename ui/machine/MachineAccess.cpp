@@ -90,17 +90,9 @@ QAccessible::State PartAccess::state() const {
     return state;
 }
 
-// Later, since whoever asks for it waits for the answer, and a hand takes its time.
 void PartAccess::doAction(const QString& action) {
-    if (action != pressAction() || !part) return;
-    AccessibleMachine& machine = table.Machine();
-    QMetaObject::invokeMethod(
-        table.object(),
-        [&machine, pressed = *part] {
-            if (!LookOf(pressed, machine.SeatShown()).shown) return;
-            machine.Tap(PlaceOf(pressed, machine.Places()).center());
-        },
-        Qt::QueuedConnection);
+    if (action != pressAction() || !part || !Look().shown) return;
+    table.Machine().Tap(Place().center());
 }
 
 MachineAccess* MachineAccess::Of(QWidget& widget) {
