@@ -17,10 +17,8 @@ class PaletteKeeper : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-  private slots:
-    void AskDesktop();
-
   private:
+    Q_INVOKABLE void AskDesktop();
     void Keep();
 
     bool highContrast = false;

@@ -49,10 +49,8 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
-  private slots:
-    void TapNow(QPoint point);
-
   private:
+    Q_INVOKABLE void TapNow(QPoint point);
     void Lift(const PressInHand& press, QPoint point);
     void LetButtonsGo();
     void BeginKey(int key);
