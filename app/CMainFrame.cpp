@@ -4,11 +4,11 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
 
 #include "app/CMorvikDoc.h"
+#include "app/CommandMenu.h"
 #include "app/CommandTable.h"
 #include "app/WindowPlaces.h"
 #include "core/paytable/GameCatalogue.h"
@@ -20,11 +20,19 @@ namespace {
 // A name may hold a '&', which would mark a letter in a menu.
 QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
 
-// An entry that can be checked and is not would show an empty box.
+// Of these one is chosen at a time.
+bool IsChoice(int id) {
+    return IsGame(id) || (id >= kModeCasino && id <= kModeErrorLog) ||
+           (id >= kCoinNickel && id <= kCoinDollar) || (id >= kSpeedFast && id <= kSpeedSlow) ||
+           (id >= kFirstCardBack && id < kFirstCardBack + DesktopSettings::kCardBacks);
+}
+
+// What is on or off has a box, full or empty; of a choice only what is chosen has a mark, or the
+// long list of the games would be read through a column of rings.
 void ShowState(QAction& action, const CMorvikDoc& document) {
     const int id = action.data().toInt();
     const bool checked = document.IsChecked(id);
-    action.setCheckable(checked);
+    action.setCheckable(checked || (CanBeChecked(id) && !IsChoice(id)));
     action.setChecked(checked);
     action.setEnabled(document.IsEnabled(id));
 }
@@ -79,7 +87,7 @@ void CMainFrame::UpdateTitle() {
 }
 
 void CMainFrame::MakeMenus() {
-    QMenu* menu = nullptr;
+    CommandMenu* menu = nullptr;
     for (const MenuRow& row : MenuRows()) {
         if (std::holds_alternative<NoMenuRow>(row)) break;
         menu = AddRow(menu, row);
@@ -87,66 +95,68 @@ void CMainFrame::MakeMenus() {
 }
 
 // Returns the menu that takes the next row.
-QMenu* CMainFrame::AddRow(QMenu* menu, const MenuRow& row) {
+CommandMenu* CMainFrame::AddRow(CommandMenu* menu, const MenuRow& row) {
     if (const auto* popup = std::get_if<PopupRow>(&row)) {
         return AddPopup(tr(popup->caption), popup->name);
     }
     if (const auto* few = std::get_if<ChoiceRow>(&row)) {
-        return AddChoice(*menu, tr(few->caption), few->name);
+        return AddSubmenu(*menu, tr(few->caption), few->name);
     }
     if (std::holds_alternative<EndOfChoiceRow>(row)) {
-        choice = nullptr;
-        return qobject_cast<QMenu*>(menu->parent());
+        return qobject_cast<CommandMenu*>(menu->parent());
     }
     if (const auto* games = std::get_if<GameRows>(&row)) {
         AddGames(*menu, games->firstId, games->lastId);
     } else if (const auto* own = std::get_if<UserGamesRow>(&row)) {
         AddUserGames(*menu, tr(own->caption), own->name);
     } else if (const auto* command = std::get_if<CommandRow>(&row)) {
-        commands.push_back(AddCommand(*menu, command->id, tr(command->caption), command->shortcut));
-        if (choice) choice->addAction(commands.back());
+        const bool hasShortcut = *command->shortcut != '\0';
+        const QString caption =
+            CommandMenu::WithKey(tr(command->caption), hasShortcut ? 0 : command->key);
+        commands.push_back(AddCommand(*menu, command->id, caption, command->shortcut));
     } else if (std::holds_alternative<SeparatorRow>(row)) {
         menu->addSeparator();
     }
     return menu;
 }
 
-// Dots mark the entries of a group.
-QMenu* CMainFrame::AddChoice(QMenu& menu, const QString& caption, const char* name) {
-    QMenu* few = menu.addMenu(caption);
-    few->setObjectName(name);
-    choice = new QActionGroup(few);
-    return few;
+CommandMenu* CMainFrame::AddSubmenu(CommandMenu& menu, const QString& caption, const char* name) {
+    auto* submenu = new CommandMenu(caption, &menu);
+    menu.addMenu(submenu);
+    submenu->setObjectName(name);
+    return submenu;
 }
 
-QMenu* CMainFrame::AddPopup(const QString& caption, const char* name) {
-    QMenu* menu = menuBar()->addMenu(caption);
+CommandMenu* CMainFrame::AddPopup(const QString& caption, const char* name) {
+    auto* menu = new CommandMenu(caption, menuBar());
+    menuBar()->addMenu(menu);
     menu->setObjectName(name);
     connect(menu, &QMenu::aboutToShow, this, &CMainFrame::PrepareMenu);
     connect(menu, &QMenu::aboutToHide, this, &CMainFrame::LeaveMenus, Qt::QueuedConnection);
     return menu;
 }
 
-QAction* CMainFrame::AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut) {
+QAction* CMainFrame::AddCommand(CommandMenu& menu, int id, const QString& caption,
+                                const char* shortcut) {
     QAction* action = menu.addAction(caption);
     action->setObjectName("command" + QString::number(id));
     action->setData(id);
     action->setShortcut(QKeySequence(shortcut));
     action->setMenuRole(QAction::NoRole);
+    if (IsChoice(id)) menu.AddChoice(*action);
     connect(action, &QAction::triggered, this, [this, id] { document->Run(id); });
     return action;
 }
 
-void CMainFrame::AddGames(QMenu& menu, int firstId, int lastId) {
+void CMainFrame::AddGames(CommandMenu& menu, int firstId, int lastId) {
     for (const BuiltInGame& game : BuiltInGames()) {
         if (!game.offered || game.id < firstId || game.id > lastId) continue;
         commands.push_back(AddCommand(menu, game.id, MenuText(game.name)));
     }
 }
 
-void CMainFrame::AddUserGames(QMenu& menu, const QString& caption, const char* name) {
-    userGames = menu.addMenu(caption);
-    userGames->setObjectName(name);
+void CMainFrame::AddUserGames(CommandMenu& menu, const QString& caption, const char* name) {
+    userGames = AddSubmenu(menu, caption, name);
     connect(&menu, &QMenu::aboutToShow, this, &CMainFrame::ListUserGames);
 }
 

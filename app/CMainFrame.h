@@ -6,12 +6,11 @@
 
 #include "app/CommandTable.h"
 
+class CommandMenu;
 class CMorvikDoc;
 class CMorvikView;
 class PictureStore;
 class QAction;
-class QActionGroup;
-class QMenu;
 class QShortcut;
 
 class CMainFrame : public QMainWindow {
@@ -38,12 +37,13 @@ class CMainFrame : public QMainWindow {
     void ApplyDesktopSettings();
     void UpdateTitle();
     void MakeMenus();
-    QMenu* AddRow(QMenu* menu, const MenuRow& row);
-    QMenu* AddPopup(const QString& caption, const char* name);
-    QMenu* AddChoice(QMenu& menu, const QString& caption, const char* name);
-    QAction* AddCommand(QMenu& menu, int id, const QString& caption, const char* shortcut = "");
-    void AddGames(QMenu& menu, int firstId, int lastId);
-    void AddUserGames(QMenu& menu, const QString& caption, const char* name);
+    CommandMenu* AddRow(CommandMenu* menu, const MenuRow& row);
+    CommandMenu* AddPopup(const QString& caption, const char* name);
+    CommandMenu* AddSubmenu(CommandMenu& menu, const QString& caption, const char* name);
+    QAction* AddCommand(CommandMenu& menu, int id, const QString& caption,
+                        const char* shortcut = "");
+    void AddGames(CommandMenu& menu, int firstId, int lastId);
+    void AddUserGames(CommandMenu& menu, const QString& caption, const char* name);
     void PrepareMenu();
     void LeaveMenus();
     void ListUserGames();
@@ -53,8 +53,7 @@ class CMainFrame : public QMainWindow {
 
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
-    QMenu* userGames = nullptr;
-    QActionGroup* choice = nullptr;        // of the submenu that is being made
+    CommandMenu* userGames = nullptr;
     QShortcut* leaveFullScreen = nullptr;  // only there while there is something to leave
     std::vector<QAction*> commands;        // but for the user games; their data are their commands
     bool closed = false;

@@ -11,7 +11,9 @@
 #include <array>
 #include <csignal>
 
+#include "app/PaletteKeeper.h"
 #include "core/store/Migration.h"
+#include "ui/parts/FocusStyle.h"
 
 namespace {
 
@@ -43,6 +45,8 @@ CMorvikApp::~CMorvikApp() {
 
 int CMorvikApp::Run() {
     ReadArguments();
+    setStyle(new FocusStyle);  // which the application owns
+    const PaletteKeeper palettes;
     if (!TakeDataFolder()) return 1;
     WarnOfMissingPayTables();
     sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });

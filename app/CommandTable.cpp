@@ -238,6 +238,11 @@ int CommandOfKey(int key) {
     return row ? row->id : kNoCommand;
 }
 
+bool CanBeChecked(int id) {
+    const CommandRow* row = RowOf(id);
+    return row && row->isChecked;
+}
+
 bool IsChecked(int id, const CommandDesk& desk) {
     const CommandRow* row = RowOf(id);
     return row && row->isChecked && row->isChecked(desk, id);

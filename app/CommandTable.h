@@ -82,6 +82,7 @@ int CommandOfKey(int key);
 
 // By the id of a command or a game, as the machine stands. Of an id that is no command's, none is
 // true.
+bool CanBeChecked(int id);  // at some time
 bool IsChecked(int id, const CommandDesk& desk);
 bool IsDoneAtOnce(int id);
 bool IsEnabled(int id, const GameEngine& engine);       // in the menus

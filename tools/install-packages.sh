@@ -18,6 +18,7 @@ test_packages=(
     openbox  # keys reach only a window that a window manager has given the focus
     python3  # the README's test and that of the sounds
     pulseaudio pulseaudio-utils  # a sound server that is listened to
+    at-spi2-core dbus python3-gi gir1.2-atspi-2.0  # what screen readers read the window with
 )
 # Screenshots of a virtual screen, and the judges of what is installed and packed. The tests pass without
 # them, so they are tried only along with the others and their absence never stops or slows a run.

@@ -2,20 +2,26 @@
 // with Alt in all of them.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QKeySequence>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTabWidget>
+#include <QTest>
+#include <functional>
 #include <map>
 
 #include "game/session/SpareEngine.h"
 #include "tests/game/ManagerTable.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
+#include "tests/ui/Palettes.h"
+#include "ui/art/Contrast.h"
 #include "ui/art/PictureStore.h"
 #include "ui/help/AboutDialog.h"
+#include "ui/parts/FocusStyle.h"
 #include "ui/parts/PictureButton.h"
 #include "ui/paytables/PayTableManagerDialog.h"
 #include "ui/paytables/RenameGameDialog.h"
@@ -267,25 +273,82 @@ TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
 struct DialogKeysTest : testing::Test, ManagerTable {
     PictureStore store;
     GameEngine spare;
+
+    void ForEachDialog(const std::function<void(QDialog&)>& visit) {
+        const auto look = [&](QDialog&& dialog) { visit(dialog); };
+        look(AboutDialog(nullptr));
+        look(AssignFixedHandDialog(engine, store, nullptr));
+        look(AutoplayHandsDialog(nullptr));
+        look(BestPlayErrorDialog(
+            "Continue?", [](QWidget&) {}, {}, nullptr));
+        look(CombinationsDialog(nullptr));
+        look(CreateAnalysisFilesDialog({}, nullptr));
+        look(EnterDollarsDialog(1, nullptr));
+        look(RenameGameDialog("My Game", nullptr));
+        LoadSpare(seat, spare);
+        GameReportPages pages(seat, spare, paths);
+        pages.ShowCurrent();
+        look(GameAnalysisDialog(pages, nullptr));
+        look(HandAnalysisDialog(spare, store, nullptr));
+        look(ErrorLogDialog(engine, machine.files, store, nullptr));
+        look(StatisticsDialog(engine, 0, nullptr));
+        auto editor = Manager("My Game", 9001, 0, true);
+        look(PayTableManagerDialog(editor, nullptr));
+    }
 };
 
 TEST_F(DialogKeysTest, NoLetterDoesTwoThings) {
-    ExpectNoCollisions(AboutDialog(nullptr));
-    ExpectNoCollisions(AssignFixedHandDialog(engine, store, nullptr));
-    ExpectNoCollisions(AutoplayHandsDialog(nullptr));
-    ExpectNoCollisions(BestPlayErrorDialog(
-        "Continue?", [](QWidget&) {}, {}, nullptr));
-    ExpectNoCollisions(CombinationsDialog(nullptr));
-    ExpectNoCollisions(CreateAnalysisFilesDialog({}, nullptr));
-    ExpectNoCollisions(EnterDollarsDialog(1, nullptr));
-    ExpectNoCollisions(RenameGameDialog("My Game", nullptr));
-    LoadSpare(seat, spare);
-    GameReportPages pages(seat, spare, paths);
-    pages.ShowCurrent();
-    ExpectNoCollisions(GameAnalysisDialog(pages, nullptr));
-    ExpectNoCollisions(HandAnalysisDialog(spare, store, nullptr));
-    ExpectNoCollisions(ErrorLogDialog(engine, machine.files, store, nullptr));
-    ExpectNoCollisions(StatisticsDialog(engine, 0, nullptr));
+    ForEachDialog([](QDialog& dialog) { ExpectNoCollisions(dialog); });
+}
+
+// In the dialog's own order, each with the keyboard's mark of the focus.
+void ExpectFocusIsSeen(QDialog& dialog) {
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    dialog.setAttribute(Qt::WA_KeyboardFocusChange);  // as the first Tab does
+    for (auto* part : dialog.findChildren<QWidget*>()) {
+        const bool isStop = (part->focusPolicy() & Qt::TabFocus) != 0 && !part->focusProxy();
+        const bool isSeen = part->visibleRegion().boundingRect() == part->rect();
+        if (!isStop || !isSeen || !part->isEnabled()) continue;
+        part->setFocus(Qt::TabFocusReason);
+        QApplication::processEvents();
+        const QRect around =
+            QRect(part->mapTo(&dialog, QPoint()), part->size()).adjusted(-3, -3, 3, 3);
+        const QImage focused = dialog.grab(around).toImage();
+        part->clearFocus();
+        QApplication::processEvents();
+        EXPECT_FALSE(focused == dialog.grab(around).toImage())
+            << dialog.objectName().toStdString() << ": " << part->metaObject()->className() << " "
+            << part->objectName().toStdString();
+    }
+    dialog.hide();
+}
+
+TEST_F(DialogKeysTest, TheFocusIsSeenOnEveryControl) {
+    QApplication::setStyle(new FocusStyle);
+    ForEachDialog(ExpectFocusIsSeen);
+}
+
+// With what is greyed as well: all is in one of the two palettes, and all is.
+void ExpectTextsAreReadable(const QDialog& dialog) {
+    for (const auto* part : dialog.findChildren<QWidget*>()) {
+        for (const auto group : {QPalette::Active, QPalette::Disabled}) {
+            const QColor text = part->palette().color(group, part->foregroundRole());
+            const QColor ground = part->palette().color(group, part->backgroundRole());
+            EXPECT_GE(Contrast(text, ground), kReadable)
+                << dialog.objectName().toStdString() << ": " << part->metaObject()->className()
+                << " " << part->objectName().toStdString() << ", group " << group;
+        }
+    }
+}
+
+TEST_F(DialogKeysTest, TextsCanBeReadOnALightAndADarkDesktopInWhatIsGreyedToo) {
+    const QPalette before = QApplication::palette();
+    for (const auto& [name, palette] : UsualPalettes()) {
+        QApplication::setPalette(Readable(palette));
+        ForEachDialog(ExpectTextsAreReadable);
+    }
+    QApplication::setPalette(before);
 }
 
 TEST_F(DialogKeysTest, EveryControlOfThePayTableManagerHasALetterOfItsOwn) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
@@ -412,18 +412,6 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     expectToldIn(piles,
                  "Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not shot; 3 not "
                  "shot; 4 25; 5 not shot.");
-}
-
-TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
-    TestSeat t;
-    PictureStore pictures;
-    ActionQueue actions(t.seat);
-    CMorvikView view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
-    const QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&view);
-    ASSERT_NE(reader, nullptr);
-    EXPECT_EQ(reader->text(QAccessible::Name), "Video poker table");
-    ShowMessage(t.seat, "HOLD/DRAW");
-    EXPECT_TRUE(reader->text(QAccessible::Description).startsWith("HOLD/DRAW. "));
 }
 
 TEST(CMorvikViewTest, AnotherStyleOfCardsIsSeenAtOnce) {

@@ -1,4 +1,5 @@
 // The menu bar: what stands in it, when it may be chosen, and what it does.
+#include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
@@ -14,8 +15,9 @@ std::string EntryText(const QAction& action) {
     if (action.isSeparator()) return " --\n";
     if (action.menu()) return " " + action.text().toStdString() + " >\n";
     const QString keys = action.shortcut().toString();
-    return (" " + QString::number(action.data().toInt()) + " " + action.text() +
-            (keys.isEmpty() ? "" : " " + keys) + (action.isEnabled() ? "\n" : " (greyed)\n"))
+    return (" " + QString::number(action.data().toInt()) + " " +
+            action.text().replace(u'\t', u' ') + (keys.isEmpty() ? "" : " " + keys) +
+            (action.isEnabled() ? "\n" : " (greyed)\n"))
         .toStdString();
 }
 
@@ -169,6 +171,47 @@ TEST_F(MenuTest, MenusAreWorkedByKeysAndGiveThemBack) {
     EXPECT_TRUE(p.engine.handOver) << "letters opened menus only";
     type(Qt::Key_D);
     EXPECT_FALSE(p.engine.handOver);
+}
+
+TEST_F(MenuTest, ALetterGoesToTheNextEntryThatBeginsWithItAndHomeAndEndToTheEnds) {
+    TestProgram& p = Start();
+    const auto reached = [&](const char* menu, const QString& keys, Qt::Key last = Qt::Key(0)) {
+        QMenu* opened = MenuOf(p, menu);
+        opened->popup({0, 0});
+        QTest::keyClicks(opened, keys);
+        if (last) QTest::keyClick(opened, last);
+        const QAction* active = opened->activeAction();
+        const std::string text = opened->isVisible() && active ? active->text().toStdString() : "";
+        opened->close();
+        return text;
+    };
+    EXPECT_EQ(reached("gamesMenu", "j"), "Jacks or Better");
+    EXPECT_EQ(reached("gamesMenu", "jJ"), "Joker Poker - Kings or Better");
+    EXPECT_EQ(reached("gamesMenu", "jjjjj"), "Jacks or Better") << "after the last, the first";
+    EXPECT_EQ(reached("gamesMenu", "u"), "User Games");
+    EXPECT_EQ(reached("gamesMenu", "jz"), "Jacks or Better") << "none begins with it";
+    EXPECT_EQ(reached("gamesMenu", "j", Qt::Key_End), "Pick Em Poker");
+    EXPECT_EQ(reached("gamesMenu", "u", Qt::Key_Home), "Jacks or Better");
+    EXPECT_EQ(reached("optionsMenu", "c"), "Cash Out\tO") << "as the key of the machine alone does";
+    EXPECT_EQ(reached("optionsMenu", "ccc"), "Calculate Combinations");
+    EXPECT_EQ(reached("fileMenu", "e"), "E&xit") << "which its letter x chooses";
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(reached("fileMenu", "s"), "") << "both that begin with it are greyed";
+    EXPECT_EQ(reached("optionsMenu", "c"), "Cash Out\tO");
+    EXPECT_EQ(reached("optionsMenu", "cc"), "Calculate Combinations") << "past what is greyed";
+    EXPECT_EQ(p.engine.settings.gameId, 300) << "none was chosen";
+    EXPECT_EQ(Told([&] { reached("helpMenu", "a"); }), "About Tolvane") << "chosen by its letter";
+}
+
+TEST_F(MenuTest, AChoiceIsMarkedByADotAndWhatIsOnOrOffByABox) {
+    Start();
+    for (const QAction* action : OpenedEntries()) {
+        const int id = action->data().toInt();
+        const bool isBox = (id >= kToggleSounds && id <= kToggleShowDollar) || id == kFixedHand;
+        EXPECT_EQ(action->isCheckable(), isBox || action->isChecked()) << id;
+        const bool isDot = action->actionGroup() && action->actionGroup()->isExclusive();
+        EXPECT_EQ(isDot && action->isChecked(), action->isChecked() && !isBox) << id;
+    }
 }
 
 TEST_F(MenuTest, ResettingFromTheMenuClearsTheErrorLogTooAndKeyZeroDoesNot) {

@@ -6,41 +6,15 @@
 #include <QTextDocument>
 #include <QUrlQuery>
 #include <algorithm>
-#include <cmath>
 
+#include "ui/art/Contrast.h"
 #include "ui/help/HelpIndex.h"
 
 namespace {
 
-constexpr double kLegible = 3;  // contrast that a link must have with its background
-
 QColor Blend(const QColor& from, const QColor& to, double share) {
     const auto mix = [share](int a, int b) { return a + static_cast<int>((b - a) * share); };
     return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
-}
-
-// Relative luminance, 0 to 1, as the Web Content Accessibility Guidelines define it.
-double Luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& a, const QColor& b) {
-    const double x = Luminance(a) + 0.05;
-    const double y = Luminance(b) + 0.05;
-    return x > y ? x / y : y / x;
-}
-
-// Many dark desktops leave links in the blue that was made for white paper.
-QColor LinkColor(const QPalette& palette) {
-    QColor link = palette.color(QPalette::Link);
-    for (int i = 0; i < 4 && Contrast(link, palette.color(QPalette::Base)) < kLegible; ++i) {
-        link = Blend(link, palette.color(QPalette::Text), 0.3);
-    }
-    return link;
 }
 
 QString StyleFor(const QPalette& palette) {
@@ -49,7 +23,8 @@ QString StyleFor(const QPalette& palette) {
     QString style = ReadHelpPage("style.css");
     style.replace("@line", Blend(paper, ink, 0.28).name());
     style.replace("@tint", Blend(paper, ink, 0.08).name());
-    style.replace("@link", LinkColor(palette).name());
+    // Many dark desktops leave links in the blue that was made for white paper.
+    style.replace("@link", ReadableOn(paper, palette.color(QPalette::Link)).name());
     return style;
 }
 

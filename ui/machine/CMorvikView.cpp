@@ -1,6 +1,7 @@
 #include "ui/machine/CMorvikView.h"
 
-#include <QAccessibleWidget>
+#include <QAccessible>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "ui/machine/ChangedRegion.h"
+#include "ui/machine/MachineAccess.h"
 #include "ui/machine/MachineKeys.h"
 #include "ui/machine/MachinePainter.h"
 #include "ui/machine/SceneDescription.h"
@@ -19,27 +21,11 @@ namespace {
 constexpr Qt::KeyboardModifiers kShortcutModifiers =
     Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
-constexpr int kAnnouncementDelay = 50;  // milliseconds after the last repaint
-
-// Describes the machine whenever it is asked, so that a screen reader that comes late misses
-// nothing.
-class TableInterface : public QAccessibleWidget {
-  public:
-    explicit TableInterface(CMorvikView& shownView)
-        : QAccessibleWidget(&shownView), view(shownView) {}
-
-    QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Description ? view.Description()
-                                                : QAccessibleWidget::text(kind);
-    }
-
-  private:
-    const CMorvikView& view;
-};
+constexpr int kAnnouncementDelay = 50;  // milliseconds after a repaint
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     auto* view = qobject_cast<CMorvikView*>(object);
-    return view ? new TableInterface(*view) : nullptr;
+    return view ? new MachineAccess(*view, *view) : nullptr;
 }
 
 }  // namespace
@@ -89,7 +75,8 @@ void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintMachine(painter, event->region(), shown, fit, places, seat.engine.payTable,
                  seat.engine.deck.table, pictures, cardStyle);
-    if (QAccessible::isActive()) announcementDue.start(kAnnouncementDelay, this);
+    const bool isDue = announcementDue.isActive();
+    if (QAccessible::isActive() && !isDue) announcementDue.start(kAnnouncementDelay, this);
 }
 
 // What is read aloud follows what is seen, but only once nothing moves any more.
@@ -98,7 +85,7 @@ void CMorvikView::timerEvent(QTimerEvent* event) {
         QWidget::timerEvent(event);
     } else if (!actions.Busy()) {
         announcementDue.stop();
-        AnnounceChange();
+        if (auto* access = MachineAccess::Of(*this)) access->TellChanges();
     }
 }
 
@@ -107,12 +94,21 @@ QString CMorvikView::Description() const {
         Describe(seat.scene, seat.engine.payTable, seat.engine.deck.table));
 }
 
-void CMorvikView::AnnounceChange() {
-    const QString words = Description();
-    if (words == announced) return;
-    announced = words;
-    QAccessibleEvent change(this, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&change);
+QRect CMorvikView::OnScreen(const QRect& place) const {
+    const QRect inView = fit.ToClient(place);
+    return {mapToGlobal(inView.topLeft()), inView.size()};
+}
+
+void CMorvikView::Tap(QPoint point) {
+    QMetaObject::invokeMethod(this, "TapNow", Qt::QueuedConnection, Q_ARG(QPoint, point));
+}
+
+// As a click goes, which no dialog lets through to the window behind it.
+void CMorvikView::TapNow(QPoint point) {
+    if (QApplication::activeModalWidget()) return;
+    PressInHand press;
+    actions.Begin(press, input.KindAt(point), [=, this] { input.Press(point); });
+    Lift(press, point);
 }
 
 void CMorvikView::resizeEvent(QResizeEvent*) { LayOutMachine(); }
@@ -153,7 +149,11 @@ void CMorvikView::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint point = fit.ToTable(event->position());
     input.ReleaseButtons();
     if (!std::exchange(leftDown, false)) return;
-    const PressInHand press = leftPress;
+    const PressInHand press = leftPress;  // another may begin meanwhile
+    Lift(press, point);
+}
+
+void CMorvikView::Lift(const PressInHand& press, QPoint point) {
     const PressKind kind = places.deal.contains(point) ? PressKind::kDraw : press->kind;
     const bool done = actions.Finish(press, kind, [=, this] { input.Release(point); });
     // The press itself may still be waiting to show its button down.

@@ -6,13 +6,14 @@
 
 #include "game/seat/Seat.h"
 #include "ui/art/CardStyle.h"
+#include "ui/machine/AccessibleMachine.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineFit.h"
 #include "ui/machine/MachineInput.h"
 
 class PictureStore;
 
-class CMorvikView : public QWidget {
+class CMorvikView : public QWidget, public AccessibleMachine {
     Q_OBJECT
 
   public:
@@ -30,8 +31,11 @@ class CMorvikView : public QWidget {
 
     QSize sizeHint() const override;
 
-    // The machine as it is now, in words; screen readers are told when they change.
-    QString Description() const;
+    const Seat& SeatShown() const override { return seat; }
+    const MachineLayout& Places() const override { return places; }
+    QRect OnScreen(const QRect& place) const override;
+    void Tap(QPoint point) override;
+    QString Description() const override;
 
     // No button stays down: what is let go over a dialog that came between is let go there.
     void ForgetPresses();
@@ -57,7 +61,8 @@ class CMorvikView : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void AnnounceChange();
+    Q_INVOKABLE void TapNow(QPoint point);
+    void Lift(const PressInHand& press, QPoint point);
     void LetButtonsGo();
     void BeginKey(int key);
 
@@ -69,8 +74,7 @@ class CMorvikView : public QWidget {
     QtTextMeasure measure;
     MachineInput input;
     QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
-    QString announced;
-    PressInHand leftPress;  // the last one
+    PressInHand leftPress;        // the last one
     PressInHand rightPress;
     bool leftDown = false;
     QPoint leftAt;                     // where it went down

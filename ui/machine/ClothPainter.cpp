@@ -15,6 +15,7 @@ constexpr int kDarkest = 110;  // of 255
 constexpr int kShare = 6;      // of the shorter side is what an edge darkens
 constexpr int kTile = 16;      // along the edge
 constexpr QColor kPrint{236, 208, 110, 46};
+constexpr QColor kPlainCloth{0, 40, 24};
 constexpr int kLeastRoom = 240;
 constexpr int kLargestRadius = 260;
 
@@ -105,6 +106,10 @@ void PaintShade(MachineCanvas& canvas) {
 }  // namespace
 
 void PaintCloth(MachineCanvas& canvas, const MachineLayout& layout) {
+    if (canvas.HighContrast()) {
+        canvas.Painter().fillRect(canvas.Window(), kPlainCloth);
+        return;
+    }
     canvas.TilePixels(canvas.PictureOf(Picture::kFelt, {kFeltTile, kFeltTile}),
                       canvas.WindowPixels());
     PaintEmblems(canvas, layout);

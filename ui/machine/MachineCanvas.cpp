@@ -1,8 +1,11 @@
 #include "ui/machine/MachineCanvas.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
+
+#include "ui/art/Contrast.h"
 
 namespace {
 
@@ -26,7 +29,10 @@ QRect WholePixels(const QRectF& place) {
 
 MachineCanvas::MachineCanvas(QPainter& onPainter, const QRegion& region, const MachineFit& inWindow,
                              PictureStore& store)
-    : painter(onPainter), fit(inWindow), pictures(store) {
+    : painter(onPainter),
+      fit(inWindow),
+      pictures(store),
+      highContrast(IsHighContrast(QGuiApplication::palette())) {
     const QRect window(QPoint(0, 0), fit.client);
     painter.save();
     painter.setClipRegion(region & window, Qt::IntersectClip);
@@ -84,7 +90,8 @@ void MachineCanvas::TilePixels(const QPixmap& tile, const QRect& area) {
 // four edges are sharp and equally wide.
 void MachineCanvas::DrawBox(const QRect& place, const QColor& outline, const QColor& fill) {
     if (!Sees(place)) return;
-    const int edge = std::max(1, static_cast<int>(std::lround(pixelRatio)));
+    const int units = highContrast ? 2 : 1;
+    const int edge = std::max(1, static_cast<int>(std::lround(units * pixelRatio)));
     const QRect box = WholePixels(painter.deviceTransform().mapRect(QRectF(place)));
     InPixels([&] {
         painter.fillRect(box, outline);

@@ -45,6 +45,9 @@ class MachineCanvas {
 
     // The same in pixels of the screen.
     const QRect& WindowPixels() const { return windowPixels; }
+    // Whether the desktop wishes it: nothing but plain colours is behind a text, and edges are
+    // wide.
+    bool HighContrast() const { return highContrast; }
 
     // Whether anything of the place is to be painted.
     bool Sees(const QRect& place) const { return clip.intersects(place); }
@@ -62,7 +65,7 @@ class MachineCanvas {
     // top left corner.
     void TilePixels(const QPixmap& tile, const QRect& area);
 
-    // An outline one unit wide, filled.
+    // An outline one unit wide, two in high contrast, filled.
     void DrawBox(const QRect& place, const QColor& outline, const QColor& fill);
 
     // One line of text in the machine's font; smaller where it would be wider than its place, then
@@ -97,5 +100,6 @@ class MachineCanvas {
     PictureStore& pictures;
     QRect windowPixels;
     qreal pixelRatio = 1;
+    bool highContrast;
     std::map<int, QFont> fonts;  // by height; finding the pixel size of one takes a while
 };
