@@ -4,6 +4,9 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QFontMetrics>
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
@@ -17,8 +20,12 @@
 
 namespace {
 
+constexpr int kLastGameFiles = 4;
+constexpr int kWidestFileName = 320;  // pixels
+
 // A name may hold a '&', which would mark a letter in a menu.
-QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
+QString MenuText(QString name) { return name.replace("&", "&&"); }
+QString MenuText(std::string_view name) { return MenuText(QString::fromUtf8(name)); }
 
 // An entry that can be checked and is not would show an empty box.
 void ShowState(QAction& action, const CMorvikDoc& document) {
@@ -63,7 +70,10 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
 // All that the player has chosen for the desktop is handed on here.
 void CMainFrame::ApplyDesktopSettings() { UpdateActions(); }
 
-void CMainFrame::UpdateTitle() { setWindowTitle(document->Title()); }
+void CMainFrame::UpdateTitle() {
+    document->Desktop().NoteGameFile(document->GameFile());
+    setWindowTitle(document->Title());
+}
 
 void CMainFrame::MakeMenus() {
     QMenu* menu = nullptr;
@@ -92,6 +102,8 @@ QMenu* CMainFrame::AddRow(QMenu* menu, const MenuRow& row) {
     } else if (const auto* command = std::get_if<CommandRow>(&row)) {
         commands.push_back(AddCommand(*menu, command->id, tr(command->caption), command->shortcut));
         if (choice) choice->addAction(commands.back());
+    } else if (std::holds_alternative<LastGameFilesRow>(row)) {
+        AddLastGameFiles(*menu);
     } else if (std::holds_alternative<SeparatorRow>(row)) {
         menu->addSeparator();
     }
@@ -159,6 +171,40 @@ void CMainFrame::ListUserGames() {
     userGames->setEnabled(!userGames->isEmpty());
 }
 
+void CMainFrame::AddLastGameFiles(QMenu& menu) {
+    fileMenu = &menu;
+    endOfLastGameFiles = menu.addSeparator();
+    menu.setToolTipsVisible(true);
+    connect(&menu, &QMenu::aboutToShow, this, &CMainFrame::ListLastGameFiles);
+    ListLastGameFiles();
+}
+
+// All but the one in use, with its folder where two are called the same.
+void CMainFrame::ListLastGameFiles() {
+    for (QAction* old : lastGameFiles) delete old;
+    lastGameFiles.clear();
+    QStringList files = document->Desktop().GameFiles();
+    files.removeAll(document->GameFile());
+    QStringList names;
+    for (const QString& path : files) names += QFileInfo(path).fileName();
+    const QFontMetrics metrics(fileMenu->font());
+    files = files.mid(0, kLastGameFiles);
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        const QString& path = files[i];
+        const QString folder = tr(" in %1").arg(QFileInfo(path).absolutePath());
+        const QString name = names[i] + (names.count(names[i]) > 1 ? folder : QString());
+        const QString shown = metrics.elidedText(name, Qt::ElideMiddle, kWidestFileName);
+        auto* action = new QAction(QString("&%1 %2").arg(i + 1).arg(MenuText(shown)), fileMenu);
+        action->setObjectName("lastGameFile" + QString::number(i + 1));
+        action->setToolTip(QDir::toNativeSeparators(path));
+        action->setEnabled(document->IsEnabled(kFileOpen));
+        connect(action, &QAction::triggered, this, [this, path] { document->OpenFile(path); });
+        fileMenu->insertAction(endOfLastGameFiles, action);
+        lastGameFiles.push_back(action);
+    }
+    endOfLastGameFiles->setVisible(!lastGameFiles.empty());
+}
+
 void CMainFrame::UpdateActions() {
     for (QAction* action : commands) ShowState(*action, *document);
 }
@@ -196,6 +242,7 @@ void CMainFrame::FinishAndClose() {
         document->AnswerQuestions();
         if (hurryClock) hurryClock(false);
         if (!SaveToClose()) return;
+        document->ForgetWaitingFile();
         document->Actions().DropWaiting();
         close();
     });

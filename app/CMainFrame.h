@@ -47,6 +47,8 @@ class CMainFrame : public QMainWindow {
     void PrepareMenu();
     void LeaveMenus();
     void ListUserGames();
+    void AddLastGameFiles(QMenu& menu);
+    void ListLastGameFiles();
     void UpdateActions();
     void FinishAndClose();
     bool SaveToClose();
@@ -54,6 +56,9 @@ class CMainFrame : public QMainWindow {
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
     QMenu* userGames = nullptr;
+    QMenu* fileMenu = nullptr;
+    QAction* endOfLastGameFiles = nullptr;
+    std::vector<QAction*> lastGameFiles;   // their data are their paths
     QActionGroup* choice = nullptr;        // of the submenu that is being made
     QShortcut* leaveFullScreen = nullptr;  // only there while there is something to leave
     std::vector<QAction*> commands;        // but for the user games; their data are their commands

@@ -1,6 +1,8 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <utility>
 
 #include "core/profile/ProfileFile.h"
 #include "game/commands/FileCommands.h"
@@ -41,7 +43,10 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     seat.usesUpPresses = [this] {
         return actions.DropPresses(Press::State::kUsedUp) || QApplication::activePopupWidget();
     };
-    actions.settled = [this] { emit Settled(); };
+    actions.settled = [this] {
+        emit Settled();
+        OpenWaitingFile();
+    };
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -74,15 +79,35 @@ void CMorvikDoc::Run(int command) {
     });
 }
 
+void CMorvikDoc::OpenFile(const QString& path) {
+    waitingFile = path;
+    OpenWaitingFile();
+    emit TitleChanged();
+}
+
+void CMorvikDoc::OpenWaitingFile() {
+    if (waitingFile.isEmpty() || actions.Busy() || !IsEnabled(kFileOpen)) return;
+    actions.Run([this, path = std::exchange(waitingFile, {})] {
+        OpenNamedGameFile(seat, path.toStdString());
+        if (!QFileInfo::exists(path)) desktop.ForgetGameFile(path);
+        emit TitleChanged();
+    });
+}
+
 void CMorvikDoc::RunKey(int command) {
     if (IsEnabledByKey(command, seat.engine)) Dispatch(command);
 }
 
 QString CMorvikDoc::Title() const {
-    return QString::fromStdString(::Title(seat, paths)) + tr(" - Tolvane");
+    const QString title = QString::fromStdString(::Title(seat, paths)) + tr(" - Tolvane");
+    if (waitingFile.isEmpty()) return title;
+    return tr("%1 waits to be opened - %2").arg(QFileInfo(waitingFile).fileName(), title);
 }
 
-void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
+void CMorvikDoc::RefuseQuestions() {
+    ForgetWaitingFile();
+    player.RefuseAll();
+}
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 

@@ -53,11 +53,21 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     bool IsChecked(int command) const { return ::IsChecked(command, desk); }
     bool IsEnabled(int command) const { return ::IsEnabled(command, seat.engine); }
 
+    // Opens a game file (in full) as File Open would. While that is greyed or anything runs, it
+    // waits, which the title says; of several the newest one does.
+    void OpenFile(const QString& path);
+
+    // What waits is not opened any more.
+    void ForgetWaitingFile() { waitingFile.clear(); }
+
     // Runs a command that a key or a press at the machine stands for, whose turn has come, unless
     // it may not be given so.
     void RunKey(int command);
 
     QString Title() const;
+
+    // The one in use, in full.
+    QString GameFile() const { return QString::fromStdString(files.gamePath); }
 
     // For a window that closes: every question that is open or comes later is refused, until they
     // are to be answered again.
@@ -78,6 +88,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Show(const Scene& scene) override;
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
+    void OpenWaitingFile();
     void AskForHoldsAgain();
 
     DataFilePaths paths;
@@ -88,5 +99,6 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     ActionQueue actions;
     Seat seat;
     CommandDesk desk;
-    QTimer resetRead;  // the player has seen that the statistics are reset
+    QString waitingFile;  // empty = none
+    QTimer resetRead;     // the player has seen that the statistics are reset
 };
