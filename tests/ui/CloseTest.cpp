@@ -92,6 +92,15 @@ TEST_F(CloseTest, AGameThatCannotBeSavedKeepsTheWindowUnlessThePlayerGivesItUp) 
     ExpectClosed();
 }
 
+TEST_F(CloseTest, AFileThatWaitsForTheHandIsNotOpenedByTheCloseThatEndsIt) {
+    folder.Write("other.qdx", "[main]\nCredits=9\n");
+    TestProgram& p = Start();
+    p.Key(Qt::Key_D);
+    p.document->OpenFile(QString::fromStdString(folder.Path("other.qdx")));
+    p.frame->close();
+    EXPECT_EQ(Start().Title(), "Jacks or Better - Tolvane");
+}
+
 TEST_F(CloseTest, TheWindowIsFirstMaximizedAndThenAsItWasLeft) {
     Start();
     EXPECT_TRUE(program->frame->isMaximized());

@@ -4,7 +4,9 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QPaintEvent>
 #include <QPainter>
+#include <QTest>
 #include <climits>
 #include <functional>
 #include <memory>
@@ -331,6 +333,35 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     expectToldIn(piles,
                  "Red or Black? Last it was red. SHOOT. Targets: 1 not shot; 2 not shot; 3 not "
                  "shot; 4 25; 5 not shot.");
+}
+
+// Keeps what a widget was last asked to paint.
+class PaintedRegion : public QObject {
+  public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) last = static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion last;
+};
+
+TEST(CMorvikViewTest, ALargeWindowPaintsATurnedCardWhereItShowsIt) {
+    TestSeat t;
+    PictureStore pictures;
+    ActionQueue actions(t.seat);
+    CMorvikView view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
+    view.resize(2048, 1600);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    QCoreApplication::processEvents();
+    PaintedRegion painted;
+    view.installEventFilter(&painted);
+    t.seat.scene.places[4].card = 3;
+    view.ShowScene();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !painted.last.isEmpty(); }));
+    const QRect card(view.places.cards[4].topLeft() * 2 + QPoint(0, 100), view.places.cardSize * 2);
+    EXPECT_TRUE(painted.last.contains(card) &&
+                (painted.last - card.adjusted(-9, -9, 19, 19)).isEmpty());
 }
 
 TEST(CMorvikViewTest, AScreenReaderIsToldWhatTheTableShowsWheneverItAsks) {
