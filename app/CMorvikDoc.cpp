@@ -104,10 +104,7 @@ QString CMorvikDoc::Title() const {
     return tr("%1 waits to be opened - %2").arg(QFileInfo(waitingFile).fileName(), title);
 }
 
-void CMorvikDoc::RefuseQuestions() {
-    ForgetWaitingFile();
-    player.RefuseAll();
-}
+void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 

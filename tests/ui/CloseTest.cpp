@@ -96,9 +96,12 @@ TEST_F(CloseTest, AFileThatWaitsForTheHandIsNotOpenedByTheCloseThatEndsIt) {
     folder.Write("other.qdx", "[main]\nCredits=9\n");
     TestProgram& p = Start();
     p.Key(Qt::Key_D);
-    p.document->OpenFile(QString::fromStdString(folder.Path("other.qdx")));
-    p.frame->close();
-    EXPECT_EQ(Start().Title(), "Jacks or Better - Tolvane");
+    p.clock.inPause = [&] {
+        p.document->OpenFile(QString::fromStdString(folder.Path("other.qdx")));
+        p.frame->close();
+    };
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.document->Title(), "Jacks or Better - Tolvane");
 }
 
 TEST_F(CloseTest, TheWindowIsFirstMaximizedAndThenAsItWasLeft) {

@@ -210,6 +210,21 @@ TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMore
     EXPECT_GE(cards, 5);
 }
 
+// The name panel stands 17 units from the left and 5 from the top.
+TEST(MachinePainterTest, ABoxOfALargerMachineBeginsWithAWholePixel) {
+    const TestSeat t;
+    const QColor yellow(255, 255, 0);
+    for (const auto& [client, corner] : {std::pair(QSize(2048, 1400), QPoint(34, 10)),
+                                         std::pair(QSize(1536, 1050), QPoint(26, 8))}) {
+        const QImage image = Painted(t, t.seat.scene, 1, client);
+        EXPECT_EQ(image.pixelColor(corner), yellow) << client.width();
+        EXPECT_EQ(image.pixelColor(corner + QPoint(1, 1)), yellow) << "two pixels wide";
+        EXPECT_TRUE(IsBlack(image.pixelColor(corner + QPoint(2, 2))));
+        EXPECT_NE(image.pixelColor(corner - QPoint(1, 0)), yellow);
+        EXPECT_NE(image.pixelColor(corner - QPoint(0, 1)), yellow);
+    }
+}
+
 TEST(MachinePainterTest, TextsOfAnyLengthStayInTheirPlaces) {
     TestSeat t;
     PlayToAWin(t);

@@ -281,7 +281,10 @@ TEST_F(MenuTest, AFileThatComesDuringAHandOrAQuestionWaitsAndTheNewestIsOpened) 
     p.Key(Qt::Key_D);
     EXPECT_EQ(p.Title(), "Deuces Wild (two.qdx) - Tolvane");
     EXPECT_EQ(Told([&] {
-                  QTimer::singleShot(0, [&] { open("one.qdx"); });
+                  QTimer::singleShot(0, [&] {
+                      open("one.qdx");
+                      EXPECT_TRUE(p.Title().starts_with("one.qdx waits"));
+                  });
                   p.Choose(kAbout);
                   EXPECT_EQ(p.Title(), "Deuces Wild (one.qdx) - Tolvane");
               }),
