@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int kLastGameFiles = 4;
 constexpr int kWidestFileName = 320;  // pixels
+constexpr int kNoteMargin = 4;
 
 // A name may hold a '&', which would mark a letter in a menu.
 QString MenuText(QString name) { return name.replace("&", "&&"); }
@@ -73,9 +75,19 @@ void CMainFrame::ApplyDesktopSettings() { UpdateActions(); }
 void CMainFrame::UpdateTitle() {
     document->Desktop().NoteGameFile(document->GameFile());
     setWindowTitle(document->Title());
+    // A full screen has no title.
+    const QString note = document->WaitingNote();
+    const QFontMetrics metrics(waitingNote->font());
+    waitingNote->setText(metrics.elidedText(note, Qt::ElideMiddle, kWidestFileName));
+    waitingNote->setVisible(!note.isEmpty());
 }
 
 void CMainFrame::MakeMenus() {
+    waitingNote = new QLabel;
+    waitingNote->setObjectName("waitingNote");
+    waitingNote->setMargin(kNoteMargin);
+    waitingNote->setTextFormat(Qt::PlainText);
+    menuBar()->setCornerWidget(waitingNote);
     QMenu* menu = nullptr;
     for (const MenuRow& row : MenuRows()) {
         if (std::holds_alternative<NoMenuRow>(row)) break;

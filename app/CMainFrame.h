@@ -11,6 +11,7 @@ class CMorvikView;
 class PictureStore;
 class QAction;
 class QActionGroup;
+class QLabel;
 class QMenu;
 class QShortcut;
 
@@ -55,6 +56,7 @@ class CMainFrame : public QMainWindow {
 
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
+    QLabel* waitingNote = nullptr;  // in the menu bar's corner
     QMenu* userGames = nullptr;
     QMenu* fileMenu = nullptr;
     QAction* endOfLastGameFiles = nullptr;

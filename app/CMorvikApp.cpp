@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr int kAnswerTime =
-    2000;  // milliseconds that a running program has to answer a second start
+// Milliseconds that a running program has to answer a second start.
+constexpr int kAnswerTime = 2000;
 
 // A signal handler may do little more than write a byte: it wakes the program, which then closes as
 // if the window had been closed.
@@ -48,7 +48,8 @@ CMorvikApp::~CMorvikApp() {
 
 int CMorvikApp::Run() {
     ReadArguments();
-    secondStarts.arrived = [this](const QString& wanted) { ComeForward(wanted); };
+    connect(&secondStarts, &SecondStarts::Arrived, this, &CMorvikApp::ComeForward,
+            Qt::QueuedConnection);
     if (!TakeDataFolder()) return handedOver ? 0 : 1;
     WarnOfMissingPayTables();
     sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });

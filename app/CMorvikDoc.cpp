@@ -100,8 +100,12 @@ void CMorvikDoc::RunKey(int command) {
 
 QString CMorvikDoc::Title() const {
     const QString title = QString::fromStdString(::Title(seat, paths)) + tr(" - Tolvane");
-    if (waitingFile.isEmpty()) return title;
-    return tr("%1 waits to be opened - %2").arg(QFileInfo(waitingFile).fileName(), title);
+    return waitingFile.isEmpty() ? title : WaitingNote() + " - " + title;
+}
+
+QString CMorvikDoc::WaitingNote() const {
+    if (waitingFile.isEmpty()) return {};
+    return tr("%1 waits to be opened").arg(QFileInfo(waitingFile).fileName());
 }
 
 void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }

@@ -66,6 +66,9 @@ class CMorvikDoc : public QObject, private SeatDisplay {
 
     QString Title() const;
 
+    // That a file waits, for a title and where there is none; empty when none does.
+    QString WaitingNote() const;
+
     // The one in use, in full.
     QString GameFile() const { return QString::fromStdString(files.gamePath); }
 

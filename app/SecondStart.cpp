@@ -32,7 +32,7 @@ bool IsOwnFolder(const QString& path) {
 
 // That of the login, or one of our own where there is none.
 QString FolderForSockets() {
-    const QString login = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString login = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (QDir::isAbsolutePath(login) && IsOwnFolder(login)) return login;
     const QString own = QDir::tempPath() + "/tolvane-" + QString::number(getuid());
     mkdir(QFile::encodeName(own).constData(), S_IRWXU);
@@ -61,20 +61,6 @@ bool Hears(QLocalSocket& socket, char expected, QDeadlineTimer deadline) {
     char said = 0;
     return socket.waitForReadyRead(static_cast<int>(deadline.remainingTime())) &&
            socket.getChar(&said) && said == expected;
-}
-
-// What the start has said so far; it goes when that is no path.
-void Listen(QLocalSocket& start, const std::function<void(const QString&)>& arrived) {
-    const QByteArray said = start.peek(SecondStarts::kLongestPath + 2);
-    const auto end = said.indexOf(kEnd);
-    if (end < 0 && said.size() <= SecondStarts::kLongestPath) return;  // there is more to come
-    start.disconnect();
-    const auto path = end == said.size() - 1 ? PathIn(said.left(end)) : std::nullopt;
-    if (path) start.putChar(kTaken);
-    start.flush();
-    start.abort();
-    start.deleteLater();
-    if (path) arrived(*path);
 }
 
 }  // namespace
@@ -118,14 +104,25 @@ void SecondStarts::Greet() {
             continue;
         }
         start->setReadBufferSize(kLongestPath + 2);
-        QTimer::singleShot(kPatience, start, [start] { start->abort(); });
-        connect(start, &QLocalSocket::readyRead, this, [this, start] {
-            ::Listen(*start, [this](const QString& path) {
-                QMetaObject::invokeMethod(
-                    this, [this, path] { arrived(path); }, Qt::QueuedConnection);
-            });
-        });
+        auto* patience = new QTimer(start);
+        connect(patience, &QTimer::timeout, start, &QLocalSocket::abort);
+        patience->start(kPatience);
+        connect(start, &QLocalSocket::readyRead, this, [this, start] { Listen(*start); });
         start->putChar(kGreeting);
         start->flush();
     }
+}
+
+// What a start has said so far; it goes when that is no path.
+void SecondStarts::Listen(QLocalSocket& start) {
+    const QByteArray said = start.peek(kLongestPath + 2);
+    const auto end = said.indexOf(kEnd);
+    if (end < 0 && said.size() <= kLongestPath) return;  // there is more to come
+    start.disconnect();
+    const auto path = end == said.size() - 1 ? PathIn(said.left(end)) : std::nullopt;
+    if (path) start.putChar(kTaken);
+    start.flush();
+    start.abort();
+    start.deleteLater();
+    if (path) emit Arrived(*path);
 }

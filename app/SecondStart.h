@@ -5,7 +5,8 @@
 #include <QLocalServer>
 #include <QObject>
 #include <QString>
-#include <functional>
+
+class QLocalSocket;
 
 // The socket of a data folder, whatever path leads there: in full, the same at every start of this
 // user on this machine. Empty when there is no place for it that is this user's alone.
@@ -26,11 +27,13 @@ class SecondStarts : public QObject {
     // runs. False when nobody can be heard, which only costs the convenience.
     bool Listen(const QString& socket);
 
-    // Called from the event loop for each second start, with its game file as above; must be set.
-    std::function<void(const QString& gameFile)> arrived;
+  signals:
+    // A second start, with its game file as above.
+    void Arrived(const QString& gameFile);
 
   private:
     void Greet();
+    void Listen(QLocalSocket& start);
 
     QLocalServer server;
 };

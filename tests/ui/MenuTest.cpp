@@ -1,5 +1,6 @@
 // The menu bar: what stands in it, when it may be chosen, and what it does.
 #include <QDir>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
@@ -278,7 +279,10 @@ TEST_F(MenuTest, AFileThatComesDuringAHandOrAQuestionWaitsAndTheNewestIsOpened) 
     open("one.qdx");
     open("two.qdx");
     EXPECT_EQ(p.Title(), "two.qdx waits to be opened - Jacks or Better - Tolvane");
+    const auto* note = p.frame->findChild<QLabel*>("waitingNote");
+    EXPECT_TRUE(note->isVisible() && note->text() == "two.qdx waits to be opened");
     p.Key(Qt::Key_D);
+    EXPECT_FALSE(note->isVisible());
     EXPECT_EQ(p.Title(), "Deuces Wild (two.qdx) - Tolvane");
     EXPECT_EQ(Told([&] {
                   QTimer::singleShot(0, [&] {

@@ -19,7 +19,8 @@ class SecondStartTest : public testing::Test {
     QString Socket() const { return SecondStartSocket(folder.path()); }
 
     void Run() {
-        running.arrived = [this](const QString& file) { arrived << file; };
+        QObject::connect(&running, &SecondStarts::Arrived, &running,
+                         [this](const QString& file) { arrived << file; });
         ASSERT_TRUE(running.Listen(Socket()));
     }
 
