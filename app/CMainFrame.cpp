@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <algorithm>
 
 #include "app/CMorvikDoc.h"
 #include "app/CommandTable.h"
@@ -23,7 +24,8 @@ namespace {
 
 constexpr int kLastGameFiles = 4;
 constexpr int kWidestFileName = 320;  // pixels
-constexpr int kNoteMargin = 4;
+constexpr int kNoteMargin = 8;
+constexpr int kNarrowestNote = 80;
 
 // A name may hold a '&', which would mark a letter in a menu.
 QString MenuText(QString name) { return name.replace("&", "&&"); }
@@ -75,17 +77,24 @@ void CMainFrame::ApplyDesktopSettings() { UpdateActions(); }
 void CMainFrame::UpdateTitle() {
     document->Desktop().NoteGameFile(document->GameFile());
     setWindowTitle(document->Title());
-    // A full screen has no title.
+    ShowWaitingNote();
+}
+
+// A full screen has no title. The note takes no room from the menus, which a narrow window needs.
+void CMainFrame::ShowWaitingNote() {
     const QString note = document->WaitingNote();
+    const QRect lastMenu = menuBar()->actionGeometry(menuBar()->actions().constLast());
+    const int room = menuBar()->width() - lastMenu.right() - 4 * kNoteMargin;
     const QFontMetrics metrics(waitingNote->font());
-    waitingNote->setText(metrics.elidedText(note, Qt::ElideMiddle, kWidestFileName));
-    waitingNote->setVisible(!note.isEmpty());
+    waitingNote->setText(
+        metrics.elidedText(note, Qt::ElideMiddle, std::min(room, kWidestFileName)));
+    waitingNote->setVisible(!note.isEmpty() && room >= kNarrowestNote);
 }
 
 void CMainFrame::MakeMenus() {
     waitingNote = new QLabel;
     waitingNote->setObjectName("waitingNote");
-    waitingNote->setMargin(kNoteMargin);
+    waitingNote->setContentsMargins(kNoteMargin, 0, kNoteMargin, 0);
     waitingNote->setTextFormat(Qt::PlainText);
     menuBar()->setCornerWidget(waitingNote);
     QMenu* menu = nullptr;

@@ -38,6 +38,7 @@ class CMainFrame : public QMainWindow {
   private:
     void ApplyDesktopSettings();
     void UpdateTitle();
+    void ShowWaitingNote();
     void MakeMenus();
     QMenu* AddRow(QMenu* menu, const MenuRow& row);
     QMenu* AddPopup(const QString& caption, const char* name);
