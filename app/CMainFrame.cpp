@@ -4,8 +4,13 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMenuBar>
 #include <QShortcut>
+#include <algorithm>
 
 #include "app/CMorvikDoc.h"
 #include "app/CommandMenu.h"
@@ -17,8 +22,14 @@
 
 namespace {
 
+constexpr int kLastGameFiles = 4;
+constexpr int kWidestFileName = 320;  // pixels
+constexpr int kNoteMargin = 8;
+constexpr int kNarrowestNote = 80;
+
 // A name may hold a '&', which would mark a letter in a menu.
-QString MenuText(std::string_view name) { return QString::fromUtf8(name).replace("&", "&&"); }
+QString MenuText(QString name) { return name.replace("&", "&&"); }
+QString MenuText(std::string_view name) { return MenuText(QString::fromUtf8(name)); }
 
 // Of these one is chosen at a time.
 bool IsChoice(int id) {
@@ -78,15 +89,33 @@ void CMainFrame::ApplyDesktopSettings() {
 
 // What the plate says stands here where the machine has no room for it.
 void CMainFrame::UpdateTitle() {
+    document->Desktop().NoteGameFile(document->GameFile());
     QString title = document->Title();
     if (view->places.plate.isEmpty()) {
         const PlateLook& plate = document->PlayersSeat().scene.plate;
         title += QString::fromStdString(" [" + plate.details + "]");
     }
     setWindowTitle(title);
+    ShowWaitingNote();
+}
+
+// A full screen has no title. The note takes no room from the menus, which a narrow window needs.
+void CMainFrame::ShowWaitingNote() {
+    const QString note = document->WaitingNote();
+    const QRect lastMenu = menuBar()->actionGeometry(menuBar()->actions().constLast());
+    const int room = menuBar()->width() - lastMenu.right() - 4 * kNoteMargin;
+    const QFontMetrics metrics(waitingNote->font());
+    waitingNote->setText(
+        metrics.elidedText(note, Qt::ElideMiddle, std::min(room, kWidestFileName)));
+    waitingNote->setVisible(!note.isEmpty() && room >= kNarrowestNote);
 }
 
 void CMainFrame::MakeMenus() {
+    waitingNote = new QLabel;
+    waitingNote->setObjectName("waitingNote");
+    waitingNote->setContentsMargins(kNoteMargin, 0, kNoteMargin, 0);
+    waitingNote->setTextFormat(Qt::PlainText);
+    menuBar()->setCornerWidget(waitingNote);
     CommandMenu* menu = nullptr;
     for (const MenuRow& row : MenuRows()) {
         if (std::holds_alternative<NoMenuRow>(row)) break;
@@ -114,6 +143,8 @@ CommandMenu* CMainFrame::AddRow(CommandMenu* menu, const MenuRow& row) {
         const QString caption =
             CommandMenu::WithKey(tr(command->caption), hasShortcut ? 0 : command->key);
         commands.push_back(AddCommand(*menu, command->id, caption, command->shortcut));
+    } else if (std::holds_alternative<LastGameFilesRow>(row)) {
+        AddLastGameFiles(*menu);
     } else if (std::holds_alternative<SeparatorRow>(row)) {
         menu->addSeparator();
     }
@@ -181,6 +212,40 @@ void CMainFrame::ListUserGames() {
     userGames->setEnabled(!userGames->isEmpty());
 }
 
+void CMainFrame::AddLastGameFiles(QMenu& menu) {
+    fileMenu = &menu;
+    endOfLastGameFiles = menu.addSeparator();
+    menu.setToolTipsVisible(true);
+    connect(&menu, &QMenu::aboutToShow, this, &CMainFrame::ListLastGameFiles);
+    ListLastGameFiles();
+}
+
+// All but the one in use, with its folder where two are called the same.
+void CMainFrame::ListLastGameFiles() {
+    for (QAction* old : lastGameFiles) delete old;
+    lastGameFiles.clear();
+    QStringList files = document->Desktop().GameFiles();
+    files.removeAll(document->GameFile());
+    QStringList names;
+    for (const QString& path : files) names += QFileInfo(path).fileName();
+    const QFontMetrics metrics(fileMenu->font());
+    files = files.mid(0, kLastGameFiles);
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        const QString& path = files[i];
+        const QString folder = tr(" in %1").arg(QFileInfo(path).absolutePath());
+        const QString name = names[i] + (names.count(names[i]) > 1 ? folder : QString());
+        const QString shown = metrics.elidedText(name, Qt::ElideMiddle, kWidestFileName);
+        auto* action = new QAction(QString("&%1 %2").arg(i + 1).arg(MenuText(shown)), fileMenu);
+        action->setObjectName("lastGameFile" + QString::number(i + 1));
+        action->setToolTip(QDir::toNativeSeparators(path));
+        action->setEnabled(document->IsEnabled(kFileOpen));
+        connect(action, &QAction::triggered, this, [this, path] { document->OpenFile(path); });
+        fileMenu->insertAction(endOfLastGameFiles, action);
+        lastGameFiles.push_back(action);
+    }
+    endOfLastGameFiles->setVisible(!lastGameFiles.empty());
+}
+
 void CMainFrame::UpdateActions() {
     for (QAction* action : commands) ShowState(*action, *document);
 }
@@ -218,6 +283,7 @@ void CMainFrame::FinishAndClose() {
         document->AnswerQuestions();
         if (hurryClock) hurryClock(false);
         if (!SaveToClose()) return;
+        document->ForgetWaitingFile();
         document->Actions().DropWaiting();
         close();
     });

@@ -11,6 +11,7 @@ class CMorvikDoc;
 class CMorvikView;
 class PictureStore;
 class QAction;
+class QLabel;
 class QShortcut;
 
 class CMainFrame : public QMainWindow {
@@ -36,6 +37,7 @@ class CMainFrame : public QMainWindow {
   private:
     void ApplyDesktopSettings();
     void UpdateTitle();
+    void ShowWaitingNote();
     void MakeMenus();
     CommandMenu* AddRow(CommandMenu* menu, const MenuRow& row);
     CommandMenu* AddPopup(const QString& caption, const char* name);
@@ -47,13 +49,19 @@ class CMainFrame : public QMainWindow {
     void PrepareMenu();
     void LeaveMenus();
     void ListUserGames();
+    void AddLastGameFiles(QMenu& menu);
+    void ListLastGameFiles();
     void UpdateActions();
     void FinishAndClose();
     bool SaveToClose();
 
     CMorvikDoc* document = nullptr;
     CMorvikView* view = nullptr;
+    QLabel* waitingNote = nullptr;  // in the menu bar's corner
     CommandMenu* userGames = nullptr;
+    QMenu* fileMenu = nullptr;
+    QAction* endOfLastGameFiles = nullptr;
+    std::vector<QAction*> lastGameFiles;   // their data are their paths
     QShortcut* leaveFullScreen = nullptr;  // only there while there is something to leave
     std::vector<QAction*> commands;        // but for the user games; their data are their commands
     bool closed = false;

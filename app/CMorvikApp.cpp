@@ -4,10 +4,12 @@
 #include <unistd.h>
 
 #include <QCommandLineParser>
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QSessionManager>
 #include <QSocketNotifier>
+#include <QThread>
 #include <array>
 #include <csignal>
 
@@ -16,6 +18,9 @@
 #include "ui/parts/FocusStyle.h"
 
 namespace {
+
+// Milliseconds that a running program has to answer a second start.
+constexpr int kAnswerTime = 2000;
 
 // A signal handler may do little more than write a byte: it wakes the program, which then closes as
 // if the window had been closed.
@@ -47,7 +52,9 @@ int CMorvikApp::Run() {
     ReadArguments();
     setStyle(new FocusStyle);  // which the application owns
     const PaletteKeeper palettes;
-    if (!TakeDataFolder()) return 1;
+    connect(&secondStarts, &SecondStarts::Arrived, this, &CMorvikApp::ComeForward,
+            Qt::QueuedConnection);
+    if (!TakeDataFolder()) return handedOver ? 0 : 1;
     WarnOfMissingPayTables();
     sounds = std::make_unique<QtSounds>(applicationDirPath(), [this] { return clock.Hurrying(); });
     frame = std::make_unique<CMainFrame>();
@@ -61,8 +68,11 @@ int CMorvikApp::Run() {
         this, &QGuiApplication::commitDataRequest, this,
         [this](QSessionManager&) { document->SaveForNow(); }, Qt::DirectConnection);
     EndOnSignals();
-    QMetaObject::invokeMethod(
-        this, [this] { document->OnNewDocument(gameFile.toStdString()); }, Qt::QueuedConnection);
+    const auto begin = [this] {
+        begun = true;
+        document->OnNewDocument(gameFile.toStdString());
+    };
+    QMetaObject::invokeMethod(this, begin, Qt::QueuedConnection);
     return exec();
 }
 
@@ -89,16 +99,39 @@ bool CMorvikApp::TakeDataFolder() {
     }
     paths = *found;
     lock = LockFile::OfDataFolder(paths.folder);
+    const QString socket = SecondStartSocket(QString::fromStdString(paths.folder));
+    handedOver = lock->GetState() != LockFile::State::kHeld && IsHandedOver(socket);
+    if (handedOver) return false;
+    WarnOfLock();
+    if (lock->GetState() == LockFile::State::kTaken) return false;
+    secondStarts.Listen(socket);
+    return BringDataUpToDate();
+}
+
+// The program that has the lock may be about to listen, or about to end.
+bool CMorvikApp::IsHandedOver(const QString& socket) {
+    const QDeadlineTimer deadline(kAnswerTime);
+    while (!HandToRunningProgram(socket, gameFile, deadline)) {
+        if (lock->GetState() != LockFile::State::kTaken || deadline.hasExpired()) return false;
+        QThread::msleep(50);
+        lock = LockFile::OfDataFolder(paths.folder);
+        if (lock->GetState() == LockFile::State::kHeld) return false;
+    }
+    return true;
+}
+
+void CMorvikApp::WarnOfLock() {
     const QString folder = QString::fromStdString(paths.folder);
     switch (lock->GetState()) {
         case LockFile::State::kHeld:
             break;
         case LockFile::State::kTaken:
-            Warn(tr("Tolvane Is Running"),
-                 tr("Tolvane is already running on the data folder %1 (%2). Go on in its window, "
-                    "or close it first.")
-                     .arg(folder, QString::fromStdString(lock->HeldBy().Text())));
-            return false;
+            Warn(
+                tr("Tolvane Is Running"),
+                tr("Tolvane is already running on the data folder %1 (%2), but does not answer. Go "
+                   "on in its window, or close it first.")
+                    .arg(folder, QString::fromStdString(lock->HeldBy().Text())));
+            break;
         case LockFile::State::kRefused:
             Warn(tr("Data Folder"),
                  tr("The data folder %1 cannot be written to. You can play, but nothing will be "
@@ -113,7 +146,22 @@ bool CMorvikApp::TakeDataFolder() {
                      .arg(folder));
             break;
     }
-    return BringDataUpToDate();
+}
+
+// A second start wants this window, and maybe another game file in it.
+void CMorvikApp::ComeForward(const QString& wantedFile) {
+    if (!begun) {
+        if (!wantedFile.isEmpty()) gameFile = wantedFile;
+        return;
+    }
+    for (QWidget* window : {static_cast<QWidget*>(frame.get()), activeModalWidget()}) {
+        if (!window) continue;
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->raise();
+        window->activateWindow();
+    }
+    alert(frame.get());  // where a desktop lets no window come to the front by itself
+    if (!wantedFile.isEmpty()) document->OpenFile(wantedFile);
 }
 
 // On files of two releases the program would write over what has not been brought over yet.

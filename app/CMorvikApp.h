@@ -7,6 +7,7 @@
 #include "app/CMainFrame.h"
 #include "app/CMorvikDoc.h"
 #include "app/IdleWork.h"
+#include "app/SecondStart.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/LockFile.h"
 #include "ui/art/PictureStore.h"
@@ -26,6 +27,9 @@ class CMorvikApp : public QApplication {
   private:
     void ReadArguments();
     bool TakeDataFolder();
+    bool IsHandedOver(const QString& socket);
+    void WarnOfLock();
+    void ComeForward(const QString& wantedFile);
     bool BringDataUpToDate();
     void WarnOfMissingPayTables();
     void Warn(const QString& caption, const QString& text);
@@ -35,8 +39,11 @@ class CMorvikApp : public QApplication {
     GameEngine spare;
     ProfileFile file;
     DataFilePaths paths;
-    QString gameFile;  // to begin in, in full; empty = the last one
+    QString gameFile;         // to begin in, in full; empty = the last one
+    bool begun = false;       // the document has been told where to begin
+    bool handedOver = false;  // to a program that runs on the same data
     std::optional<LockFile> lock;
+    SecondStarts secondStarts;
     PictureStore pictures;
     WindowClock clock;
     std::unique_ptr<QtSounds> sounds;

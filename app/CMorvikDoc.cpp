@@ -1,6 +1,8 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <utility>
 
 #include "core/profile/ProfileFile.h"
 #include "game/commands/FileCommands.h"
@@ -44,6 +46,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     actions.settled = [this] {
         CountHands();
         emit Settled();
+        OpenWaitingFile();
     };
     seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
@@ -78,12 +81,33 @@ void CMorvikDoc::Run(int command) {
     });
 }
 
+void CMorvikDoc::OpenFile(const QString& path) {
+    waitingFile = path;
+    OpenWaitingFile();
+    emit TitleChanged();
+}
+
+void CMorvikDoc::OpenWaitingFile() {
+    if (waitingFile.isEmpty() || actions.Busy() || !IsEnabled(kFileOpen)) return;
+    actions.Run([this, path = std::exchange(waitingFile, {})] {
+        OpenNamedGameFile(seat, path.toStdString());
+        if (!QFileInfo::exists(path)) desktop.ForgetGameFile(path);
+        emit TitleChanged();
+    });
+}
+
 void CMorvikDoc::RunKey(int command) {
     if (IsEnabledByKey(command, seat.engine)) Dispatch(command);
 }
 
 QString CMorvikDoc::Title() const {
-    return QString::fromStdString(::Title(seat, paths)) + tr(" - Tolvane");
+    const QString title = QString::fromStdString(::Title(seat, paths)) + tr(" - Tolvane");
+    return waitingFile.isEmpty() ? title : WaitingNote() + " - " + title;
+}
+
+QString CMorvikDoc::WaitingNote() const {
+    if (waitingFile.isEmpty()) return {};
+    return tr("%1 waits to be opened").arg(QFileInfo(waitingFile).fileName());
 }
 
 void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }

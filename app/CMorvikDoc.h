@@ -53,11 +53,24 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     bool IsChecked(int command) const { return ::IsChecked(command, desk); }
     bool IsEnabled(int command) const { return ::IsEnabled(command, seat.engine); }
 
+    // Opens a game file (in full) as File Open would. While that is greyed or anything runs, it
+    // waits, which the title says; of several the newest one does.
+    void OpenFile(const QString& path);
+
+    // What waits is not opened any more.
+    void ForgetWaitingFile() { waitingFile.clear(); }
+
     // Runs a command that a key or a press at the machine stands for, whose turn has come, unless
     // it may not be given so.
     void RunKey(int command);
 
     QString Title() const;
+
+    // That a file waits, for a title and where there is none; empty when none does.
+    QString WaitingNote() const;
+
+    // The one in use, in full.
+    QString GameFile() const { return QString::fromStdString(files.gamePath); }
 
     // For a window that closes: every question that is open or comes later is refused, until they
     // are to be answered again.
@@ -78,6 +91,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Show(const Scene& scene) override;
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
+    void OpenWaitingFile();
     void AskForHoldsAgain();
     void CountHands();
 
@@ -90,5 +104,6 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     Seat seat;
     CommandDesk desk;
     std::int32_t handsCounted = 0;  // of the session
-    QTimer resetRead;  // the player has seen that the statistics are reset
+    QString waitingFile;            // empty = none
+    QTimer resetRead;               // the player has seen that the statistics are reset
 };

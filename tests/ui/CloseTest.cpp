@@ -92,6 +92,18 @@ TEST_F(CloseTest, AGameThatCannotBeSavedKeepsTheWindowUnlessThePlayerGivesItUp) 
     ExpectClosed();
 }
 
+TEST_F(CloseTest, AFileThatWaitsForTheHandIsNotOpenedByTheCloseThatEndsIt) {
+    folder.Write("other.qdx", "[main]\nCredits=9\n");
+    TestProgram& p = Start();
+    p.Key(Qt::Key_D);
+    p.clock.inPause = [&] {
+        p.document->OpenFile(QString::fromStdString(folder.Path("other.qdx")));
+        p.frame->close();
+    };
+    p.Key(Qt::Key_D);
+    EXPECT_EQ(p.document->Title(), "Jacks or Better - Tolvane");
+}
+
 TEST_F(CloseTest, TheWindowIsFirstMaximizedAndThenAsItWasLeft) {
     Start();
     EXPECT_TRUE(program->frame->isMaximized());

@@ -104,9 +104,12 @@ stored "HandsPlayed=11" || fail "the eleventh hand was not counted"
 won_then=$(sed -n 's/^CreditsWon=//p' "$home/Default.qdx")
 stored "Credits=$((credits - 5 + won_then - won))" || fail "the second start did not go on with $credits credits"
 
-# A game file named at the start is gone on in, then and the next time.
+# A game file named at the start is gone on in, then and the next time; also when the program runs already.
 printf '[main]\nGameName=Deuces Wild\nGameID=310\nCredits=7\n' >"$home/holiday.qdx"
-start "Deuces Wild .holiday.qdx." holiday.qdx
+start "Jacks or Better"
+(cd "$home" && ./Tolvane holiday.qdx >>output 2>&1) || fail "a second start ended with status $?"
+wait_until xdotool search --onlyvisible --name "Deuces Wild .holiday.qdx. - Tolvane"
+wait_until still
 quit
 start "Deuces Wild .holiday.qdx."
 quit

@@ -258,23 +258,13 @@ std::vector<QSize> Windows() {
     return windows;
 }
 
+// The machine's real font, every number of lines that a game has, every set of bonuses.
 TEST(LayoutTest, NothingIsCutOffOrCoveredInAnyWindowFromTheSmallestOn) {
+    std::set<std::pair<int, int>> tried;
     for (const QSize window : Windows()) {
         const MachineFit fit = MachineFit::Into(window);
         EXPECT_TRUE(QRect(QPoint(0, 0), window).contains(fit.ToClient({{0, 0}, fit.table})));
-        for (const int lines : {1, 3, 9, 15}) {
-            const TableShape shape{lines, "20000", true, true, true, true, true};
-            const MachineLayout table = Squares(fit.table.width(), fit.table.height(), shape);
-            EXPECT_EQ(FaultsInPlay(table, shape), "") << Words(window, shape);
-        }
-    }
-}
-
-// The machine's real font, every number of lines that a game has, every set of bonuses.
-TEST(LayoutTest, NothingIsCutOffOrCoveredInTheRealFont) {
-    std::set<std::pair<int, int>> tried;
-    for (const QSize window : Windows()) {
-        const QSize client = MachineFit::Into(window).table;
+        const QSize client = fit.table;
         if (!tried.emplace(client.width(), client.height()).second) continue;
         for (unsigned i = 0; i < 9 * 3 * 32; ++i) {
             const auto has = [i](unsigned bonus) { return (i >> bonus & 1U) != 0; };
@@ -288,7 +278,7 @@ TEST(LayoutTest, NothingIsCutOffOrCoveredInTheRealFont) {
                                    has(3),
                                    has(4)};
             const auto table = LayOut(client, shape, QtTextMeasure()).value();
-            EXPECT_EQ(FaultsInPlay(table, shape) + TextFaults(table), "") << Words(client, shape);
+            EXPECT_EQ(FaultsInPlay(table, shape) + TextFaults(table), "") << Words(window, shape);
         }
     }
 }

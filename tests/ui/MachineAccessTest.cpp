@@ -133,8 +133,8 @@ TEST_F(MachineAccessTest, TheTreeFitsTogetherAndStaysWhateverIsPlayed) {
             << part->text(QAccessible::Name).toStdString();
         EXPECT_TRUE(Table()->rect().contains(part->rect()));
     }
-    EXPECT_EQ(Part("DEAL/DRAW")->rect(),
-              QRect(p.view->mapToGlobal(p.Places().deal.topLeft()), p.Places().deal.size()));
+    const QRect deal = p.view->fit.ToClient(p.Places().deal);
+    EXPECT_EQ(Part("DEAL/DRAW")->rect(), QRect(p.view->mapToGlobal(deal.topLeft()), deal.size()));
     EXPECT_EQ(Table()->child(-1), nullptr);
     EXPECT_EQ(Table()->child(Table()->childCount()), nullptr);
     p.Choose(330);

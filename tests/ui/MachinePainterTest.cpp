@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTest>
 #include <climits>
 #include <cmath>
 #include <functional>
@@ -217,6 +218,21 @@ TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMore
     EXPECT_GE(cards, 5);
 }
 
+// The name panel stands 17 units from the left and 5 from the top.
+TEST(MachinePainterTest, ABoxOfALargerMachineBeginsWithAWholePixel) {
+    const TestSeat t;
+    const QColor yellow(255, 255, 0);
+    for (const auto& [client, corner] : {std::pair(QSize(2048, 1400), QPoint(34, 10)),
+                                         std::pair(QSize(1536, 1050), QPoint(26, 8))}) {
+        const QImage image = Painted(t, t.seat.scene, 1, client);
+        EXPECT_EQ(image.pixelColor(corner), yellow) << client.width();
+        EXPECT_EQ(image.pixelColor(corner + QPoint(1, 1)), yellow) << "two pixels wide";
+        EXPECT_TRUE(IsBlack(image.pixelColor(corner + QPoint(2, 2))));
+        EXPECT_NE(image.pixelColor(corner - QPoint(1, 0)), yellow);
+        EXPECT_NE(image.pixelColor(corner - QPoint(0, 1)), yellow);
+    }
+}
+
 TEST(MachinePainterTest, TextsOfAnyLengthStayInTheirPlaces) {
     TestSeat t;
     PlayToAWin(t);
@@ -414,26 +430,48 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
                  "shot; 4 25; 5 not shot.");
 }
 
-TEST(CMorvikViewTest, AnotherStyleOfCardsIsSeenAtOnce) {
-    struct Watched : CMorvikView {
-        using CMorvikView::CMorvikView;
-        void paintEvent(QPaintEvent* event) override {
-            painted = event->region();
-            CMorvikView::paintEvent(event);
-        }
-        QRegion painted;
-    };
+// Keeps what a widget was last asked to paint.
+class PaintedRegion : public QObject {
+  public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) last = static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion last;
+};
+
+TEST(CMorvikViewTest, ALargeWindowPaintsATurnedCardWhereItShowsIt) {
     TestSeat t;
     PictureStore pictures;
     ActionQueue actions(t.seat);
-    Watched view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
+    CMorvikView view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
+    view.resize(2048, 1600);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    QCoreApplication::processEvents();
+    PaintedRegion painted;
+    view.installEventFilter(&painted);
+    t.seat.scene.places[4].card = 3;
+    view.ShowScene();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !painted.last.isEmpty(); }));
+    const QRect card(view.places.cards[4].topLeft() * 2 + QPoint(0, 100), view.places.cardSize * 2);
+    EXPECT_TRUE(painted.last.contains(card) &&
+                (painted.last - card.adjusted(-9, -9, 19, 19)).isEmpty());
+}
+
+TEST(CMorvikViewTest, AnotherStyleOfCardsIsSeenAtOnce) {
+    TestSeat t;
+    PictureStore pictures;
+    ActionQueue actions(t.seat);
+    CMorvikView view(t.seat, pictures, actions, {[](int) { return kNoCommand; }, [](int) {}});
     view.resize(kClient);
     view.show();
     QCoreApplication::processEvents();
     const QImage before = view.grab().toImage();
-    view.painted = {};
+    PaintedRegion painted;
+    view.installEventFilter(&painted);
     view.SetCardStyle({.back = 2});
     QCoreApplication::processEvents();
-    EXPECT_EQ(view.painted, view.rect());
+    EXPECT_EQ(painted.last, view.rect());
     EXPECT_NE(view.grab().toImage(), before);
 }

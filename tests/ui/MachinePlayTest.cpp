@@ -55,6 +55,11 @@ TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
         p.Click(p.Places().deal);
         EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
         EXPECT_EQ(p.Meters(), "WON 15, bet 5, credits " + std::to_string(std::stoi(credits) + 10));
+        const QRect panel = p.Places().PayTablePanel();
+        EXPECT_EQ(Told([&] {
+                      p.DoubleClick({panel.bottomRight(), QSize(1, 1)});
+                  }),
+                  "Pay Table Manager");
     }
 }
 

@@ -1,8 +1,11 @@
 // The menu bar: what stands in it, when it may be chosen, and what it does.
 #include <QActionGroup>
+#include <QDir>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
+#include <QTimer>
 
 #include "core/paytable/GameCatalogue.h"
 #include "game/seat/ShowScene.h"
@@ -59,7 +62,9 @@ TEST_F(MenuTest, TheMenuBarHoldsItsEntriesInOrderAndGreysMostDuringAHand) {
     std::string text;
     for (const QAction* popup : p.frame->menuBar()->actions()) {
         text += popup->text().toStdString() + "\n";
-        for (const QAction* action : popup->menu()->actions()) text += EntryText(*action);
+        for (const QAction* action : popup->menu()->actions()) {
+            if (action->isVisible()) text += EntryText(*action);
+        }
     }
     // A line for each entry: command and caption; "--" is a separator, "(greyed)" during a hand.
     EXPECT_EQ(text, TestData("menu-bar.txt"));
@@ -207,7 +212,8 @@ TEST_F(MenuTest, AChoiceIsMarkedByADotAndWhatIsOnOrOffByABox) {
     Start();
     for (const QAction* action : OpenedEntries()) {
         const int id = action->data().toInt();
-        const bool isBox = (id >= kToggleSounds && id <= kToggleShowDollar) || id == kFixedHand;
+        const bool isBox = (id >= kToggleSounds && id <= kToggleShowDollar) || id == kFixedHand ||
+                           id == kAnimation || id == kFourColourDeck || id == kFullScreen;
         EXPECT_EQ(action->isCheckable(), isBox || action->isChecked()) << id;
         const bool isDot = action->actionGroup() && action->actionGroup()->isExclusive();
         EXPECT_EQ(isDot && action->isChecked(), action->isChecked() && !isBox) << id;
@@ -281,6 +287,67 @@ TEST_F(MenuTest, FileCommandsTakeTheFileThatIsTyped) {
     EXPECT_EQ(p.Title(), "Deuces Wild (other.qdx) - Tolvane");
     Answer({TypeFile("New Game File", folder.Path("new"))}, [&] { p.Choose(kFileNew); });
     EXPECT_EQ(p.Title(), "Deuces Wild (new.qdx) - Tolvane");
+}
+
+constexpr const char* kDeuces = "[main]\nCredits=50\nGameID=330\nGameName=Deuces Wild\n";
+
+TEST_F(MenuTest, TheLastGameFilesStandInTheFileMenuUntilTheyAreGone) {
+    ASSERT_TRUE(QDir(QString::fromStdString(folder.Path())).mkdir("more"));
+    const std::vector<std::string> files{"a.qdx", "b & c.qdx", "more/a.qdx", "d.qdx", "e.qdx"};
+    TestProgram& p = Start();
+    const auto path = [&](const std::string& name) {
+        return QString::fromStdString(folder.Path(name));
+    };
+    for (const std::string& file : files) {
+        folder.Write(file, kDeuces);
+        p.document->OpenFile(path(file));
+    }
+    const auto entry = [&](int i) {
+        emit MenuOf(p, "fileMenu")->aboutToShow();
+        return p.frame->findChild<QAction*>("lastGameFile" + QString::number(i));
+    };
+    EXPECT_EQ(entry(1)->text(), "&1 d.qdx") << "not the one in use";
+    EXPECT_TRUE(entry(2)->text().startsWith("&2 a.qdx in ")) << entry(2)->text().toStdString();
+    EXPECT_EQ(entry(3)->text(), "&3 b && c.qdx");
+    EXPECT_EQ(entry(4)->toolTip(), path("a.qdx"));
+    EXPECT_EQ(entry(5), nullptr);
+    entry(4)->trigger();
+    EXPECT_EQ(p.Title(), "Deuces Wild (a.qdx) - Tolvane");
+    EXPECT_EQ(entry(1)->text(), "&1 e.qdx");
+    QFile::remove(path("e.qdx"));
+    EXPECT_TRUE(Told([&] { entry(1)->trigger(); }).find("e.qdx is missing") != std::string::npos);
+    EXPECT_EQ(entry(1)->text(), "&1 d.qdx");
+    p.Key(Qt::Key_D);
+    EXPECT_FALSE(entry(1)->isEnabled());
+}
+
+TEST_F(MenuTest, AFileThatComesDuringAHandOrAQuestionWaitsAndTheNewestIsOpened) {
+    for (const char* name : {"one.qdx", "two.qdx"}) folder.Write(name, kDeuces);
+    TestProgram& p = Start();
+    const auto open = [&](const char* name) {
+        p.document->OpenFile(QString::fromStdString(folder.Path(name)));
+    };
+    p.Key(Qt::Key_D);
+    const QSize machine = p.view->size();
+    open("one.qdx");
+    open("two.qdx");
+    EXPECT_EQ(p.Title(), "two.qdx waits to be opened - Jacks or Better - Tolvane");
+    const auto* note = p.frame->findChild<QLabel*>("waitingNote");
+    EXPECT_TRUE(note->isVisible() && note->text().startsWith("two"));
+    QApplication::processEvents();
+    EXPECT_EQ(p.view->size(), machine);
+    p.Key(Qt::Key_D);
+    EXPECT_FALSE(note->isVisible());
+    EXPECT_EQ(p.Title(), "Deuces Wild (two.qdx) - Tolvane");
+    EXPECT_EQ(Told([&] {
+                  QTimer::singleShot(0, [&] {
+                      open("one.qdx");
+                      EXPECT_TRUE(p.Title().starts_with("one.qdx waits"));
+                  });
+                  p.Choose(kAbout);
+                  EXPECT_EQ(p.Title(), "Deuces Wild (one.qdx) - Tolvane");
+              }),
+              "About Tolvane");
 }
 
 }  // namespace
