@@ -38,7 +38,7 @@ void PaintChanges(benchmark::State& state, bool oneCard) {
     const QRegion all(QRect(QPoint(0, 0), kClient));
     while (state.KeepRunning()) {
         QPainter painter(&window);
-        const QRegion region = oneCard ? ChangedRegion(before, now, *layout) : all;
+        const QRegion region = oneCard ? ChangedRegion(before, now, payTable, *layout) : all;
         std::swap(before, now);
         PaintMachine(painter, region, before, *layout, payTable, deck.table, pictures);
     }

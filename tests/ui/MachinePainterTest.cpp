@@ -180,7 +180,7 @@ TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMore
         window.Paint(t, t.seat.scene, QRect(QPoint(0, 0), kClient));
         t.ports.looks = [&](const Scene& before, const Scene& now) {
             const MachineLayout layout = LayoutOf(t);
-            const QRegion changed = ChangedRegion(before, now, layout);
+            const QRegion changed = ChangedRegion(before, now, t.engine.payTable, layout);
             window.Paint(t, now, changed);
             if (before == now) return;
             EXPECT_EQ(Difference(window.image, Painted(t, now, ratio)), QRect())

@@ -3,10 +3,14 @@
 #include <QBasicTimer>
 #include <QHash>
 #include <QWidget>
+#include <cstdint>
+#include <functional>
 
 #include "game/seat/Seat.h"
+#include "ui/machine/CardSnapshots.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineInput.h"
+#include "ui/machine/Motion.h"
 
 class PictureStore;
 
@@ -31,6 +35,16 @@ class CMorvikView : public QWidget {
     // No button stays down: what is let go over a dialog that came between is let go there.
     void ForgetPresses();
 
+    // Whether cards turn, lights fade in and digits roll, or all is there at once. The player's
+    // wish, on at first; the desktop's and the style's say no as well.
+    void SetAnimation(bool on);
+    void SetReducedMotion(bool wished);
+    // What is painted is the scene at rest, and no timer runs for it.
+    bool IsStill() const { return !frameDue.isActive(); }
+
+    // Milliseconds that never go back: the time that all movement takes. A test has its own.
+    std::function<std::int64_t()> motionTime;
+
     MachineLayout places;  // as of the last change of size or pay table
 
   protected:
@@ -47,6 +61,9 @@ class CMorvikView : public QWidget {
 
   private:
     void AnnounceChange();
+    bool MayMove() const;
+    QRegion NextFrame();
+    void StopMoving();
     void LetButtonsGo();
     void BeginKey(int key);
 
@@ -58,6 +75,12 @@ class CMorvikView : public QWidget {
     MachineInput input;
     QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
     QString announced;
+    Motion motion;
+    Moment moment;            // is painted, or will be when the window next is
+    CardSnapshots snapshots;  // of the cards that move
+    QBasicTimer frameDue;     // runs while something moves
+    bool animation = true;
+    bool reducedMotion = false;
     PressInHand leftPress;  // the last one
     PressInHand rightPress;
     bool leftDown = false;

@@ -31,6 +31,7 @@ class MachineCanvas {
 
     QPainter& Painter() { return painter; }
     qreal PixelRatio() const { return pixelRatio; }
+    PictureStore& Pictures() { return pictures; }
 
     // Whether anything of the place is to be painted.
     bool Sees(const QRect& place) const { return clip.intersects(place); }
@@ -54,7 +55,8 @@ class MachineCanvas {
                Qt::Alignment alignment = Qt::AlignHCenter);
 
     // The same on bare cloth, with a shadow that parts it from the cloth.
-    void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour);
+    void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour,
+                      Qt::Alignment alignment = Qt::AlignHCenter);
 
     // The same across what is drawn already: a narrow edge parts the letters from it.
     void WriteEdged(const TextPlace& place, std::string_view text, const QColor& colour,

@@ -5,22 +5,36 @@
 
 #include "game/seat/Scene.h"
 #include "ui/machine/CardPainter.h"
+#include "ui/machine/CelebrationPainter.h"
 #include "ui/machine/ClothPainter.h"
+#include "ui/machine/DuelPainter.h"
+#include "ui/machine/Glow.h"
+#include "ui/machine/Highlights.h"
 #include "ui/machine/MachineCanvas.h"
+#include "ui/machine/MovingCard.h"
 #include "ui/machine/PayTablePainter.h"
+#include "ui/machine/RollingText.h"
 
 namespace {
+
+constexpr double kButtonRadius = 6;
+constexpr double kShine = 0.4;     // of gold on the HOLD button of a held card
+constexpr int kCardRounding = 16;  // its width is that many corner radii
 
 class MachinePainter {
   public:
     MachinePainter(MachineCanvas& onCanvas, const Scene& shownScene,
                    const MachineLayout& machineLayout, const PayTable& table,
-                   const CardTable& cardTable)
+                   const CardTable& cardTable, const Moment& shownMoment,
+                   CardSnapshots& cardSnapshots)
         : canvas(onCanvas),
           scene(shownScene),
           layout(machineLayout),
           payTable(table),
-          cards(onCanvas, machineLayout, cardTable, table.type) {}
+          deck(cardTable),
+          cards(onCanvas, machineLayout, cardTable, table.type),
+          moment(shownMoment),
+          snapshots(cardSnapshots) {}
 
     void Paint() {
         PaintCloth(canvas, layout);
@@ -31,15 +45,20 @@ class MachinePainter {
                 PaintPayTable(canvas, scene, layout, payTable);
             }
             canvas.DrawPicture(CoinPicture(scene.coin), layout.coin);
+            PaintBigWin();
+            PaintWaiting();
             PaintFeatures();
             PaintMeters();
         }
         PaintPlaces();
+        PaintVerdict(canvas, scene, layout, moment);
         PaintButtons();
     }
 
   private:
     void PaintDoubleUp();
+    void PaintBigWin();
+    void PaintWaiting();
     void PaintFeatures();
     void PaintRedBlack();
     void PaintChoice();
@@ -47,6 +66,10 @@ class MachinePainter {
     void PaintTarget(std::size_t target);
     void PaintPlaces();
     void PaintPlace(std::size_t position);
+    void PaintCard(std::size_t position);
+    void PaintHoldButton(std::size_t position);
+    const QPixmap& Snapshot(CardCode card, bool pileTop);
+    double Light(std::size_t position) const;
     void PaintFirstDraw();
     void PaintFeatureLabel();
     void PaintButton(MachineButton button, ButtonLook look, const QRect& place);
@@ -58,17 +81,37 @@ class MachinePainter {
     const Scene& scene;
     const MachineLayout& layout;
     const PayTable& payTable;
+    const CardTable& deck;
     CardPainter cards;
+    const Moment& moment;
+    CardSnapshots& snapshots;
 };
 
 void MachinePainter::PaintDoubleUp() {
     canvas.WriteOnCloth(layout.dealerLabel, "DEALER", kMachineWhite);
     canvas.WriteOnCloth(layout.creditsWonLabel, "CREDITS WON", kMachineWhite);
-    canvas.WriteOnCloth(layout.creditsWonValue, std::to_string(scene.doubleUp.stake),
-                        kMachineWhite);
+    canvas.WriteOnCloth(layout.creditsWonValue, std::to_string(scene.doubleUp.stake), kMachineWhite,
+                        Qt::AlignRight);
     canvas.WriteOnCloth(layout.doubleUpToLabel, "DOUBLE UP TO", kMachineWhite);
     canvas.WriteOnCloth(layout.doubleUpToValue, std::to_string(scene.doubleUp.doubleUpTo),
-                        kMachineWhite);
+                        kMachineWhite, Qt::AlignRight);
+    PaintDuelPlates(canvas, scene, layout, deck);
+    PaintWaiting();
+}
+
+void MachinePainter::PaintBigWin() {
+    const int line = BigWinLine(scene, payTable);
+    if (line < 0) return;
+    const auto index = static_cast<std::size_t>(line);
+    PaintCelebration(canvas, CelebrationPlace(layout), payTable.lines[index].description,
+                     scene.lines[index].payout, moment.celebration);
+}
+
+void MachinePainter::PaintWaiting() {
+    for (const QRect& place : WaitingPlaces(scene, layout)) {
+        const bool round = place.width() == place.height();
+        DrawGlow(canvas, place, round ? place.width() / 2.0 : kButtonRadius, moment.waiting);
+    }
 }
 
 void MachinePainter::PaintFeatures() {
@@ -154,14 +197,72 @@ void MachinePainter::PaintPlaces() {
 void MachinePainter::PaintPlace(std::size_t position) {
     const PlaceLook& look = scene.places[position];
     const QRect& place = layout.cards[position];
+    const double radius = static_cast<double>(place.width()) / kCardRounding;
+    DrawGlow(canvas, place, radius, Light(position));
     cards.DrawPile(look.pileDepth, place);
-    cards.DrawCard(look.card, place, look.pileTop);
+    PaintCard(position);
+    DrawGoldenEdge(canvas, place, radius, Light(position));
     if (!look.label.empty() && position >= kLeftPilePosition) {
         canvas.WriteEdged(layout.pileLabels[position - kLeftPilePosition], look.label, kMachineBlue,
                           kCardPaper);
     }
     if (look.held) canvas.WriteOnCloth(layout.heldMarks[position], "HELD", kMachineWhite);
-    PaintButton(MachineButton::kHold, look.holdButton, layout.holdButtons[position]);
+    PaintHoldButton(position);
+}
+
+// How bright the golden light around a card is: of one that made the win, or won a double up.
+double MachinePainter::Light(std::size_t position) const {
+    const DuelResult result = scene.doubleUp.result;
+    if (scene.doubleUp.shown) {
+        const bool dealers = position == 0;
+        const bool wins = dealers ? result == DuelResult::kLost
+                                  : result == DuelResult::kWon && scene.places[position].held;
+        return wins ? moment.verdict : 0;
+    }
+    const double lit = moment.places[position].lit;
+    return scene.places[position].lit ? lit : 1 - lit;
+}
+
+// What a card leaves in sight is there from the first.
+void MachinePainter::PaintCard(std::size_t position) {
+    const PlaceLook& look = scene.places[position];
+    const PlaceMoment& move = moment.places[position];
+    const QRect& place = layout.cards[position];
+    const bool turnsOrComes = move.move == CardMove::kTurn || move.move == CardMove::kCome;
+    if (!turnsOrComes) cards.DrawCard(look.card, place, look.pileTop);
+    const int slide = SlideOf(layout, position);
+    if (move.move == CardMove::kNone || !canvas.Sees(CoveredByMove(place, slide))) return;
+    DrawMovingCard(canvas, place, slide, move, Snapshot(move.from, move.fromPileTop),
+                   Snapshot(look.card, look.pileTop));
+}
+
+const QPixmap& MachinePainter::Snapshot(CardCode card, bool pileTop) {
+    QPixmap& picture = snapshots.pictures[{card, pileTop}];
+    if (picture.isNull()) picture = cards.Snapshot(card, pileTop);
+    return picture;
+}
+
+// That of a held card is lit, its face as well as the cloth around it.
+void MachinePainter::PaintHoldButton(std::size_t position) {
+    const PlaceLook& look = scene.places[position];
+    const QRect& place = layout.holdButtons[position];
+    if (look.holdButton == ButtonLook::kHidden) return;
+    const double share = moment.places[position].held;
+    const double light = look.held ? share : 1 - share;
+    DrawGlow(canvas, place, kButtonRadius, light);
+    PaintButton(MachineButton::kHold, look.holdButton, place);
+    if (light <= 0 || !canvas.Sees(place)) return;
+    const bool pressed = look.holdButton == ButtonLook::kPressed;
+    QPixmap shine = canvas.PictureOf(ButtonPicture(MachineButton::kHold, layout.sizeClass, pressed),
+                                     place.size());
+    QPainter onShine(&shine);
+    onShine.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    onShine.fillRect(QRect(QPoint(0, 0), place.size()), kGold);
+    onShine.end();
+    QPainter& painter = canvas.Painter();
+    painter.setOpacity(light * kShine);
+    painter.drawPixmap(place.topLeft(), shine);
+    painter.setOpacity(1);
 }
 
 void MachinePainter::PaintFirstDraw() {
@@ -191,23 +292,25 @@ void MachinePainter::PaintButtons() {
 
 void MachinePainter::PaintMeters() {
     const auto meter = [this](const TextPlace& place, const std::string& text,
-                              Qt::Alignment alignment) {
+                              Qt::Alignment alignment, const RollMoment& roll = {}) {
         canvas.DrawBox(place.rect, kMachineYellow, kMachineBlack);
-        canvas.Write({place.rect.adjusted(3, 1, -3, -1), place.fontHeight}, text, kMachineWhite,
-                     alignment);
+        WriteRolling(canvas, {place.rect.adjusted(3, 1, -3, -1), place.fontHeight}, text, roll,
+                     kMachineWhite, alignment);
     };
-    meter(layout.message, scene.message, Qt::AlignHCenter);
+    meter(layout.message, scene.message, Qt::AlignHCenter, moment.message);
     canvas.WriteOnCloth(layout.betLabel, "BET", kMachineWhite);
     meter(layout.betValue, scene.bet, Qt::AlignHCenter);
     canvas.WriteOnCloth(layout.creditLabel, "CREDITS", kMachineWhite);
-    meter(layout.creditValue, scene.credits, Qt::AlignRight);
+    meter(layout.creditValue, scene.credits, Qt::AlignRight, moment.credits);
 }
 
 }  // namespace
 
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures) {
+                  PictureStore& pictures, const Moment& moment, CardSnapshots* snapshots) {
+    CardSnapshots own;
     MachineCanvas canvas(painter, clip & QRect(QPoint(0, 0), layout.client), pictures);
-    MachinePainter(canvas, scene, layout, payTable, cards).Paint();
+    MachinePainter(canvas, scene, layout, payTable, cards, moment, snapshots ? *snapshots : own)
+        .Paint();
 }

@@ -2,6 +2,9 @@
 #pragma once
 #include <QRegion>
 
+#include "ui/machine/CardSnapshots.h"
+#include "ui/machine/Moment.h"
+
 class PictureStore;
 class QPainter;
 struct CardTable;
@@ -11,7 +14,9 @@ struct Scene;
 
 // The whole machine, cloth first, as far as it lies in clip (client coordinates). The same
 // arguments always give the same pixels. The layout is one for the pay table, the cards those of
-// its deck.
+// its deck. A moment other than rest is on the way to the scene; the cards that move are kept in
+// snapshots, if given, from one frame to the next.
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures);
+                  PictureStore& pictures, const Moment& moment = {},
+                  CardSnapshots* snapshots = nullptr);
