@@ -12,6 +12,7 @@
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/machine/CMorvikView.h"
+#include "ui/machine/ReducedMotion.h"
 
 namespace {
 
@@ -45,6 +46,7 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     view = new CMorvikView(shown.PlayersSeat(), pictures, shown.Actions(),
                            {CommandOfKey, [this](int command) { document->RunKey(command); }});
     setCentralWidget(view);
+    AskForReducedMotion(view, [this] { view->SetReducedMotion(true); });
     MakeMenus();
     connect(document, &CMorvikDoc::SceneChanged, view, &CMorvikView::ShowScene);
     connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutMachine);

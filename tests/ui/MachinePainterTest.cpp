@@ -21,6 +21,7 @@
 #include "ui/machine/Commands.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachinePainter.h"
+#include "ui/machine/Motion.h"
 #include "ui/machine/SceneDescription.h"
 
 constexpr QSize kClient{640, 480};
@@ -38,19 +39,22 @@ struct Canvas {
         image.fill(kUntouched);
     }
 
-    void Paint(const TestSeat& t, const Scene& scene, const QRegion& clip, QSize client = kClient) {
+    void Paint(const TestSeat& t, const Scene& scene, const QRegion& clip, QSize client = kClient,
+               const Moment& moment = {}) {
+        // It outlives the application, so that it may not be destroyed.
+        static PictureStore& pictures = *new PictureStore;
         QPainter painter(&image);
         PaintMachine(painter, clip, scene, LayoutOf(t, client), t.engine.payTable,
-                     t.engine.deck.table, pictures);
+                     t.engine.deck.table, pictures, moment);
     }
 
-    PictureStore pictures;
     QImage image;
 };
 
-QImage Painted(const TestSeat& t, const Scene& scene, double ratio = 1, QSize client = kClient) {
+QImage Painted(const TestSeat& t, const Scene& scene, double ratio = 1, QSize client = kClient,
+               const Moment& moment = {}) {
     Canvas canvas(ratio, client);
-    canvas.Paint(t, scene, QRect(QPoint(0, 0), client), client);
+    canvas.Paint(t, scene, QRect(QPoint(0, 0), client), client, moment);
     return canvas.image;
 }
 
@@ -104,6 +108,13 @@ void ForEachState(const Look& look) {
     look(t, "double up");
     t.answers = {"no"};
     PickDoubleUpCard(t.seat, 2);
+
+    TestSeat royal;
+    royal.engine.settings.speed = Speed::kFast;  // 4,000 credits are not counted up
+    look(royal, "start of a royal flush");
+    royal.Deal("TS JS QS KS 2S AS");
+    royal.Draw(0b11110);
+    look(royal, "royal flush");
 
     TestSeat piles("Pick Em Poker", 350);
     look(piles, "start of piles");
@@ -166,33 +177,85 @@ TEST(MachinePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneI
     }
 }
 
-// A window that paints only what a step has changed, in the games of ForEachState.
+// A window that paints only what a step or a frame has changed.
+struct MovingWindow {
+    MovingWindow(TestSeat& shownSeat, double pixelRatio)
+        : t(shownSeat), ratio(pixelRatio), canvas(pixelRatio) {
+        canvas.Paint(t, t.seat.scene, QRect(QPoint(0, 0), kClient));
+        scene = t.seat.scene;
+    }
+
+    // Looked at a second time, the picture is the same.
+    void Frame(const QRegion& changed = {}) {
+        const Moment next = motion.At(time);
+        const QRegion region = changed + ChangedRegion(moment, next, scene, LayoutOf(t));
+        moment = next;
+        frames += moment == Moment{} ? 0 : 1;
+        canvas.Paint(t, scene, region, kClient, moment);
+        EXPECT_EQ(Difference(canvas.image, Painted(t, scene, ratio, kClient, moment)), QRect())
+            << t.ports.log.back() << " after " << time;
+    }
+    QRegion Show(const Scene& before, const Scene& now) {
+        const QRegion changed = ChangedRegion(before, now, t.engine.payTable, LayoutOf(t));
+        motion.Change(before, now, t.engine.payTable, DelaysOf(t.engine.settings.speed).card, time);
+        scene = now;
+        if (before != now) Frame(changed);
+        return changed;
+    }
+    // A count-up and a wheel have many steps that look alike.
+    void Pass(int milliseconds) {
+        if (moment != Moment{} && ++pauses % 4 < 2) {
+            time += milliseconds / 3;
+            Frame();
+            time -= milliseconds / 3;
+        }
+        time += milliseconds;
+    }
+    void ComeToRest() {
+        motion.End();
+        Frame();
+        EXPECT_EQ(moment, Moment{});
+    }
+
+    TestSeat& t;
+    double ratio;
+    Canvas canvas;
+    Scene scene;
+    Motion motion;
+    Moment moment;
+    std::int64_t time = 0;
+    int frames = 0;
+    int pauses = 0;
+};
+
+// In the games of ForEachState.
 class ChangedRegionTest : public testing::TestWithParam<double> {};
 INSTANTIATE_TEST_SUITE_P(PixelRatios, ChangedRegionTest, testing::Values(1, 1.25, 1.5, 2));
 
-TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
-    const double ratio = GetParam();
-    std::vector<std::unique_ptr<Canvas>> windows;
+TEST_P(ChangedRegionTest, EveryFrameLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
+    std::vector<std::unique_ptr<MovingWindow>> windows;
     int cards = 0;
+    int frames = 0;
     ForEachState([&](TestSeat& t, const std::string& state) {
-        if (!state.starts_with("start")) return;
-        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(ratio));
-        window.Paint(t, t.seat.scene, QRect(QPoint(0, 0), kClient));
+        if (!state.starts_with("start")) {
+            windows.back()->ComeToRest();
+            frames += windows.back()->frames;
+            return;
+        }
+        MovingWindow& window = *windows.emplace_back(std::make_unique<MovingWindow>(t, GetParam()));
+        t.ports.passes = [&](int milliseconds) { window.Pass(milliseconds); };
         t.ports.looks = [&](const Scene& before, const Scene& now) {
-            const MachineLayout layout = LayoutOf(t);
-            const QRegion changed = ChangedRegion(before, now, t.engine.payTable, layout);
-            window.Paint(t, now, changed);
-            if (before == now) return;
-            EXPECT_EQ(Difference(window.image, Painted(t, now, ratio)), QRect())
-                << t.ports.log.back();
+            const QRegion changed = window.Show(before, now);
             Scene turned = before;
             turned.places[2].card = now.places[2].card;
-            if (turned != now) return;
+            if (before == now || turned != now) return;
             ++cards;
-            EXPECT_TRUE(layout.cards[2].adjusted(-2, -1, 4, 6).contains(changed.boundingRect()));
+            const QRect card = LayoutOf(t).cards[2];
+            EXPECT_TRUE(card.adjusted(-2, -1, 4, 6).contains(changed.boundingRect()));
         };
     });
     EXPECT_GE(cards, 5);
+    EXPECT_GE(frames, 100);
 }
 
 TEST(MachinePainterTest, TextsOfAnyLengthStayInTheirPlaces) {

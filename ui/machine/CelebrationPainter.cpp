@@ -19,8 +19,9 @@ constexpr QColor kTextEdge{70, 20, 0};
 constexpr QColor kTextGold{255, 226, 110};
 constexpr int kRays = 16;
 constexpr double kTurn = 1.1;        // radians that the rays turn in all
-constexpr double kFallTime = 0.1;    // of the whole; a coin's
-constexpr double kLastFall = 0.8;    // of the whole, when the last coin begins to fall
+constexpr double kFirstFall = 0.04;  // of the whole
+constexpr double kFalls = 0.74;      // from the first coin to the last
+constexpr double kFallTime = 0.16;   // of one coin
 constexpr double kFlashTime = 0.05;  // of the whole
 constexpr double kLying = 0.6;       // height to width of a coin that lies on the heap
 constexpr std::array kSlant{0.31, 0.77, 0.12, 0.58, 0.93, 0.44, 0.05, 0.69};
@@ -46,11 +47,9 @@ std::vector<Coin> Heap(const QRectF& place, double radius) {
     return heap;
 }
 
-// The middle of a row is full before its ends, and the order in which the coins fall hops about.
-double FallsAt(std::size_t coin, std::size_t coins) {
-    const double share =
-        static_cast<double>(coin) / static_cast<double>(std::max<std::size_t>(coins, 1));
-    return kLastFall * share;
+// The lower rows first, but within them in no order.
+double FallsAt(const Coin& coin, double share) {
+    return kFirstFall + kFalls * (0.7 * share + 0.3 * coin.slant);
 }
 
 void FillEllipse(QPainter& painter, const QPointF& centre, double width, double height,
@@ -85,7 +84,7 @@ void PaintRays(QPainter& painter, const QRectF& place, double done) {
         const auto at = [&](double a) {
             return centre + reach * QPointF(std::cos(a), std::sin(a));
         };
-        painter.setBrush(QColor(255, 190, 60, i % 2 == 0 ? 62 : 34));
+        painter.setBrush(QColor(255, 190, 60, i % 2 == 0 ? 84 : 46));
         painter.drawPolygon(QPolygonF{centre, at(angle), at(angle + swing)});
     }
 }
@@ -110,7 +109,8 @@ void PaintCelebration(MachineCanvas& canvas, const QRect& place, const std::stri
     const double radius = place.height() / 16.0;
     const std::vector<Coin> heap = Heap(inside, radius);
     for (std::size_t i = 0; i < heap.size(); ++i) {
-        const double fallen = done < 1 ? (done - FallsAt(i, heap.size())) / kFallTime : 1;
+        const double share = static_cast<double>(i) / static_cast<double>(heap.size());
+        const double fallen = done < 1 ? (done - FallsAt(heap[i], share)) / kFallTime : 1;
         PaintCoin(painter, heap[i], radius, inside.y(), fallen);
     }
     const int room = inside.height();

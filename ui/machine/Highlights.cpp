@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kBigPay = 160;  // coins for each coin bet
 constexpr int kMargin = 8;
+constexpr int kBadgeInset = 3;
 constexpr QSize kLeastCelebration{150, 70};
 
 bool ShowsFeature(const Scene& scene) {
@@ -74,13 +75,14 @@ QRect DuelPlate(const MachineLayout& layout, bool dealers) {
     const int left = layout.cards.front().x();
     const int width = layout.cards.back().right() + 1 - left;
     const int half = (width - layout.gap) / 2;
-    return {dealers ? left : left + width - half, kMargin + (room - height) / 2, half, height};
+    return {dealers ? left : left + width - half, kMargin + (room - height) * 3 / 4, half, height};
 }
 
 QRect BadgePlace(const MachineLayout& layout, std::size_t position) {
     const QRect& card = layout.cards[position];
     const int height = card.height() / 5;
-    return {card.x(), card.y() + card.height() - height - card.height() / 8, card.width(), height};
+    return {card.x() + kBadgeInset, card.y() + card.height() - height - card.height() / 8,
+            card.width() - 2 * kBadgeInset, height};
 }
 
 // The place of the HELD mark, which no card that leaves has.

@@ -18,8 +18,9 @@
 namespace {
 
 constexpr double kButtonRadius = 6;
-constexpr double kShine = 0.4;     // of gold on the HOLD button of a held card
-constexpr int kCardRounding = 16;  // its width is that many corner radii
+constexpr double kButtonLight = 1.8;  // of the HOLD button of a held card
+constexpr double kShine = 0.4;        // of gold on the HOLD button of a held card
+constexpr int kCardRounding = 16;     // its width is that many corner radii
 
 class MachinePainter {
   public:
@@ -242,27 +243,16 @@ const QPixmap& MachinePainter::Snapshot(CardCode card, bool pileTop) {
     return picture;
 }
 
-// That of a held card is lit, its face as well as the cloth around it.
+// That of a held card is lit, its edge as well as the cloth around it: its word stays as legible.
 void MachinePainter::PaintHoldButton(std::size_t position) {
     const PlaceLook& look = scene.places[position];
     const QRect& place = layout.holdButtons[position];
     if (look.holdButton == ButtonLook::kHidden) return;
     const double share = moment.places[position].held;
     const double light = look.held ? share : 1 - share;
-    DrawGlow(canvas, place, kButtonRadius, light);
+    DrawGlow(canvas, place, kButtonRadius, kButtonLight * light);
     PaintButton(MachineButton::kHold, look.holdButton, place);
-    if (light <= 0 || !canvas.Sees(place)) return;
-    const bool pressed = look.holdButton == ButtonLook::kPressed;
-    QPixmap shine = canvas.PictureOf(ButtonPicture(MachineButton::kHold, layout.sizeClass, pressed),
-                                     place.size());
-    QPainter onShine(&shine);
-    onShine.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    onShine.fillRect(QRect(QPoint(0, 0), place.size()), kGold);
-    onShine.end();
-    QPainter& painter = canvas.Painter();
-    painter.setOpacity(light * kShine);
-    painter.drawPixmap(place.topLeft(), shine);
-    painter.setOpacity(1);
+    DrawGoldenEdge(canvas, place, kButtonRadius, light);
 }
 
 void MachinePainter::PaintFirstDraw() {

@@ -34,6 +34,12 @@ double Motion::Track::Done(std::int64_t time) const {
     return std::clamp(static_cast<double>(time - start) / length, 0.0, 1.0);
 }
 
+void Motion::Track::BeginOrTurn(std::int64_t time, int newLength) {
+    const double toGo = 1 - Done(time);
+    start = time - std::llround(toGo * newLength);
+    length = newLength;
+}
+
 void Motion::ChangePlace(Place& place, const PlaceLook& before, const PlaceLook& now, int cardPause,
                          std::int64_t time) {
     if (before.card != now.card || before.pileTop != now.pileTop) {
@@ -43,8 +49,8 @@ void Motion::ChangePlace(Place& place, const PlaceLook& before, const PlaceLook&
         const bool leaves = place.from.move == CardMove::kLeave;
         place.card = {time, leaves ? LeaveTime(cardPause) : cardPause};
     }
-    if (before.lit != now.lit) place.lit = {time, LightTime(cardPause)};
-    if (before.held != now.held) place.held = {time, cardPause};
+    if (before.lit != now.lit) place.lit.BeginOrTurn(time, LightTime(cardPause));
+    if (before.held != now.held) place.held.BeginOrTurn(time, cardPause);
 }
 
 void Motion::ChangeMeters(const Scene& before, const Scene& now, int cardPause, std::int64_t time) {

@@ -32,6 +32,8 @@ class Motion {
 
         bool Runs(std::int64_t time) const { return time - start < length; }
         double Done(std::int64_t time) const;
+        // Begins, or goes back from where it is: a light that is put out and lit at once stays.
+        void BeginOrTurn(std::int64_t time, int newLength);
     };
     struct Place {
         PlaceMoment from;
