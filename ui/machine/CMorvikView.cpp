@@ -112,7 +112,7 @@ QRegion CMorvikView::NextFrame() {
     if (moves && !frameDue.isActive()) frameDue.start(kFrameTime, Qt::PreciseTimer, this);
     if (!moves) {
         frameDue.stop();
-        snapshots.pictures.clear();
+        snapshots = {};
     }
     return changed;
 }

@@ -7,10 +7,10 @@
 #include <functional>
 
 #include "game/seat/Seat.h"
-#include "ui/machine/CardSnapshots.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineInput.h"
 #include "ui/machine/Motion.h"
+#include "ui/machine/Snapshots.h"
 
 class PictureStore;
 
@@ -76,9 +76,9 @@ class CMorvikView : public QWidget {
     QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
     QString announced;
     Motion motion;
-    Moment moment;            // is painted, or will be when the window next is
-    CardSnapshots snapshots;  // of the cards that move
-    QBasicTimer frameDue;     // runs while something moves
+    Moment moment;         // is painted, or will be when the window next is
+    Snapshots snapshots;   // of the cards that move
+    QBasicTimer frameDue;  // runs while something moves
     bool animation = true;
     bool reducedMotion = false;
     PressInHand leftPress;  // the last one

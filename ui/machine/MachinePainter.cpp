@@ -18,7 +18,7 @@
 namespace {
 
 constexpr double kButtonRadius = 6;
-constexpr double kButtonLight = 1.8;  // of the HOLD button of a held card
+constexpr double kSteadyLight = 0.5;  // of what waits for the player
 constexpr double kShine = 0.4;        // of gold on the HOLD button of a held card
 constexpr int kCardRounding = 16;     // its width is that many corner radii
 
@@ -26,8 +26,7 @@ class MachinePainter {
   public:
     MachinePainter(MachineCanvas& onCanvas, const Scene& shownScene,
                    const MachineLayout& machineLayout, const PayTable& table,
-                   const CardTable& cardTable, const Moment& shownMoment,
-                   CardSnapshots& cardSnapshots)
+                   const CardTable& cardTable, const Moment& shownMoment, Snapshots& knownSnapshots)
         : canvas(onCanvas),
           scene(shownScene),
           layout(machineLayout),
@@ -35,7 +34,7 @@ class MachinePainter {
           deck(cardTable),
           cards(onCanvas, machineLayout, cardTable, table.type),
           moment(shownMoment),
-          snapshots(cardSnapshots) {}
+          snapshots(knownSnapshots) {}
 
     void Paint() {
         PaintCloth(canvas, layout);
@@ -47,13 +46,13 @@ class MachinePainter {
             }
             canvas.DrawPicture(CoinPicture(scene.coin), layout.coin);
             PaintBigWin();
-            PaintWaiting();
             PaintFeatures();
             PaintMeters();
         }
         PaintPlaces();
         PaintVerdict(canvas, scene, layout, moment);
         PaintButtons();
+        PaintWaiting();
     }
 
   private:
@@ -85,7 +84,7 @@ class MachinePainter {
     const CardTable& deck;
     CardPainter cards;
     const Moment& moment;
-    CardSnapshots& snapshots;
+    Snapshots& snapshots;
 };
 
 void MachinePainter::PaintDoubleUp() {
@@ -97,7 +96,6 @@ void MachinePainter::PaintDoubleUp() {
     canvas.WriteOnCloth(layout.doubleUpToValue, std::to_string(scene.doubleUp.doubleUpTo),
                         kMachineWhite, Qt::AlignRight);
     PaintDuelPlates(canvas, scene, layout, deck);
-    PaintWaiting();
 }
 
 void MachinePainter::PaintBigWin() {
@@ -105,13 +103,14 @@ void MachinePainter::PaintBigWin() {
     if (line < 0) return;
     const auto index = static_cast<std::size_t>(line);
     PaintCelebration(canvas, CelebrationPlace(layout), payTable.lines[index].description,
-                     scene.lines[index].payout, moment.celebration);
+                     scene.lines[index].payout, moment.celebration, snapshots);
 }
 
 void MachinePainter::PaintWaiting() {
     for (const QRect& place : WaitingPlaces(scene, layout)) {
         const bool round = place.width() == place.height();
-        DrawGlow(canvas, place, round ? place.width() / 2.0 : kButtonRadius, moment.waiting);
+        const double radius = round ? place.width() / 2.0 : kButtonRadius;
+        DrawLight(canvas, place, radius, kSteadyLight * moment.waiting, snapshots);
     }
 }
 
@@ -199,10 +198,9 @@ void MachinePainter::PaintPlace(std::size_t position) {
     const PlaceLook& look = scene.places[position];
     const QRect& place = layout.cards[position];
     const double radius = static_cast<double>(place.width()) / kCardRounding;
-    DrawGlow(canvas, place, radius, Light(position));
     cards.DrawPile(look.pileDepth, place);
     PaintCard(position);
-    DrawGoldenEdge(canvas, place, radius, Light(position));
+    DrawLight(canvas, place, radius, Light(position), snapshots);
     if (!look.label.empty() && position >= kLeftPilePosition) {
         canvas.WriteEdged(layout.pileLabels[position - kLeftPilePosition], look.label, kMachineBlue,
                           kCardPaper);
@@ -238,7 +236,7 @@ void MachinePainter::PaintCard(std::size_t position) {
 }
 
 const QPixmap& MachinePainter::Snapshot(CardCode card, bool pileTop) {
-    QPixmap& picture = snapshots.pictures[{card, pileTop}];
+    QPixmap& picture = snapshots.cards[{card, pileTop}];
     if (picture.isNull()) picture = cards.Snapshot(card, pileTop);
     return picture;
 }
@@ -250,9 +248,8 @@ void MachinePainter::PaintHoldButton(std::size_t position) {
     if (look.holdButton == ButtonLook::kHidden) return;
     const double share = moment.places[position].held;
     const double light = look.held ? share : 1 - share;
-    DrawGlow(canvas, place, kButtonRadius, kButtonLight * light);
     PaintButton(MachineButton::kHold, look.holdButton, place);
-    DrawGoldenEdge(canvas, place, kButtonRadius, light);
+    DrawLight(canvas, place, kButtonRadius, light, snapshots);
 }
 
 void MachinePainter::PaintFirstDraw() {
@@ -298,8 +295,8 @@ void MachinePainter::PaintMeters() {
 
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures, const Moment& moment, CardSnapshots* snapshots) {
-    CardSnapshots own;
+                  PictureStore& pictures, const Moment& moment, Snapshots* snapshots) {
+    Snapshots own;
     MachineCanvas canvas(painter, clip & QRect(QPoint(0, 0), layout.client), pictures);
     MachinePainter(canvas, scene, layout, payTable, cards, moment, snapshots ? *snapshots : own)
         .Paint();

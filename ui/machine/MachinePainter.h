@@ -2,8 +2,8 @@
 #pragma once
 #include <QRegion>
 
-#include "ui/machine/CardSnapshots.h"
 #include "ui/machine/Moment.h"
+#include "ui/machine/Snapshots.h"
 
 class PictureStore;
 class QPainter;
@@ -19,4 +19,4 @@ struct Scene;
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
                   PictureStore& pictures, const Moment& moment = {},
-                  CardSnapshots* snapshots = nullptr);
+                  Snapshots* snapshots = nullptr);
