@@ -27,7 +27,7 @@ constexpr int kFrameTime = 16;  // milliseconds, as are the next
 constexpr int kCardPause = 100;
 constexpr int kDealPause = 250;
 constexpr int kCountPause = 80;
-constexpr int kEventTime = 9000;
+constexpr int kEventTime = 3000;
 
 double ProcessorSeconds() {
     timespec now{};
