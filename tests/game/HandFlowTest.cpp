@@ -257,11 +257,14 @@ TEST(HandLightsTest, TheCardsThatMadeTheLineAreLitUntilTheNextDeal) {
         return text;
     };
     std::vector<std::string> seen;
-    t.ports.looks = [&](const Scene&, const Scene&) {
+    std::string atWin;
+    t.ports.looks = [&](const Scene&, const Scene& now) {
         if (seen.empty() || seen.back() != lit()) seen.push_back(lit());
+        if (atWin.empty() && now.message.starts_with("WON ")) atWin = lit();
     };
     t.Deal("JS JD KC 9H 2S 4C 5C KD 6H");
     t.Draw(0b00100);  // the kings make the line that the jacks had made
+    EXPECT_EQ(atWin, "00110") << "before it is counted up";
     t.Deal("JS 3D KC 9H 2S");
     const std::vector<std::string> expected = {"00000", "11000", "01000",
                                                "00000", "00110", "00000"};

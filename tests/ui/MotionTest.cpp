@@ -157,6 +157,19 @@ TEST(MotionTest, ABigWinGoesOnBesideTheFlowAndAWaitingPickAndItsEndAreMarked) {
     EXPECT_TRUE(duel.starts_with("turn 1 held 1 x7, turn 2 x7, turn 3 x7, turn 4 x7, verdict x13"));
 }
 
+TEST(MotionTest, AnotherPictureEndsWhatMovedInTheOneBefore) {
+    Scene before;
+    Scene held = before;
+    held.places[0].held = true;
+    Scene duel = held;
+    duel.doubleUp.shown = true;
+    Motion motion;
+    motion.Change(before, held, JacksOrBetter(), 100, 0);
+    EXPECT_EQ(WhatMoves(motion.At(20)), "held 0");
+    motion.Change(held, duel, JacksOrBetter(), 100, 20);
+    EXPECT_EQ(WhatMoves(motion.At(40)), "waiting");
+}
+
 // Puts an end to all movement, as a desktop that wants none has it.
 class StillStyle : public QProxyStyle {
   public:
