@@ -77,7 +77,7 @@ class CMorvikView : public QWidget {
     QString announced;
     Motion motion;
     Moment moment;         // is painted, or will be when the window next is
-    Snapshots snapshots;   // of the cards that move
+    Snapshots snapshots;   // of what moves
     QBasicTimer frameDue;  // runs while something moves
     bool animation = true;
     bool reducedMotion = false;

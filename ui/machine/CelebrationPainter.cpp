@@ -136,7 +136,9 @@ QPixmap WordsPicture(const MachineCanvas& canvas, QSize size, const std::string&
 
 void DrawOnce(MachineCanvas& canvas, QSize size, const std::string& line, int payout, double radius,
               Snapshots& snapshots) {
-    if (!snapshots.words.isNull()) return;
+    const std::string spelled = line + std::to_string(payout);
+    if (snapshots.spelled == spelled) return;
+    snapshots.spelled = spelled;
     snapshots.words = WordsPicture(canvas, size, line, payout, canvas.Pictures());
     snapshots.coin = CoinPicture(canvas, radius, 1);
     snapshots.lyingCoin = CoinPicture(canvas, radius, kLying);

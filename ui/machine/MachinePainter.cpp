@@ -19,7 +19,6 @@ namespace {
 
 constexpr double kButtonRadius = 6;
 constexpr double kSteadyLight = 0.5;  // of what waits for the player
-constexpr double kShine = 0.4;        // of gold on the HOLD button of a held card
 constexpr int kCardRounding = 16;     // its width is that many corner radii
 
 class MachinePainter {
@@ -297,7 +296,9 @@ void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
                   PictureStore& pictures, const Moment& moment, Snapshots* snapshots) {
     Snapshots own;
+    Snapshots& known = snapshots ? *snapshots : own;
     MachineCanvas canvas(painter, clip & QRect(QPoint(0, 0), layout.client), pictures);
-    MachinePainter(canvas, scene, layout, payTable, cards, moment, snapshots ? *snapshots : own)
-        .Paint();
+    if (known.pixelRatio != canvas.PixelRatio()) known = {};
+    known.pixelRatio = canvas.PixelRatio();
+    MachinePainter(canvas, scene, layout, payTable, cards, moment, known).Paint();
 }

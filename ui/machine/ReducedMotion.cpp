@@ -45,7 +45,9 @@ void Ask(QObject* context, const QString& group, const QString& key,
 
 void AskForReducedMotion(QObject* context, std::function<void()> wished) {
     if (!HasBus()) return;
-    QTimer::singleShot(0, context, [context, wished = std::move(wished)] {
+    auto* afterStart = new QTimer(context);
+    afterStart->setSingleShot(true);
+    QObject::connect(afterStart, &QTimer::timeout, context, [context, wished = std::move(wished)] {
         Ask(context, QStringLiteral("org.freedesktop.appearance"), QStringLiteral("reduced-motion"),
             [wished](const QVariant& value) {
                 if (value.toUInt() == 1) wished();
@@ -55,4 +57,5 @@ void AskForReducedMotion(QObject* context, std::function<void()> wished) {
                 if (value.typeId() == QMetaType::Bool && !value.toBool()) wished();
             });
     });
+    afterStart->start(0);
 }
