@@ -19,6 +19,7 @@
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/machine/CMorvikView.h"
+#include "ui/machine/ReducedMotion.h"
 
 namespace {
 
@@ -63,6 +64,7 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     view = new CMorvikView(shown.PlayersSeat(), pictures, shown.Actions(),
                            {CommandOfKey, [this](int command) { document->RunKey(command); }});
     setCentralWidget(view);
+    AskForReducedMotion(view, [this] { view->SetReducedMotion(true); });
     MakeMenus();
     connect(document, &CMorvikDoc::SceneChanged, view, &CMorvikView::ShowScene);
     connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutMachine);
@@ -84,6 +86,7 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
 void CMainFrame::ApplyDesktopSettings() {
     const DesktopSettings& desktop = document->Desktop();
     view->SetCardStyle({desktop.FourColourDeck(), desktop.CardBack()});
+    view->SetAnimation(desktop.Animation());
     UpdateActions();
 }
 

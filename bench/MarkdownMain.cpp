@@ -28,11 +28,14 @@ class MarkdownReporter : public benchmark::BenchmarkReporter {
 
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
-            std::string name = run.benchmark_name();
+            // One that measures its time itself has measured the processor's.
+            const bool own = run.run_name.time_type == "manual_time";
+            std::string name = own ? run.run_name.function_name : run.benchmark_name();
             for (char& c : name) {
                 if (c == '_') c = ' ';
             }
-            const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
+            const double time = own ? run.real_accumulated_time : run.cpu_accumulated_time;
+            const double seconds = time / static_cast<double>(run.iterations);
             std::cout << "| " << name << " | " << Readable(seconds) << " | " << run.report_label
                       << " |" << std::endl;
         }

@@ -41,7 +41,8 @@ void PaintChanges(benchmark::State& state, QSize client, bool oneCard) {
     const QRegion all(QRect(QPoint(0, 0), client));
     while (state.KeepRunning()) {
         QPainter painter(&window);
-        const QRegion region = oneCard ? fit.ToClient(ChangedRegion(before, now, *layout)) : all;
+        const QRegion region =
+            oneCard ? fit.ToClient(ChangedRegion(before, now, payTable, *layout)) : all;
         std::swap(before, now);
         PaintMachine(painter, region, before, fit, *layout, payTable, deck.table, pictures);
     }

@@ -21,8 +21,6 @@ constexpr int kWildTable[7][5] = {
     {4, 0, 0, 0, 0},  {5, 0, 0, 0, 0},  {6, 10, 0, 0, 0},
 };
 
-bool IsHigh(int rank, const PayTable& table) { return rank >= table.minPair || rank == 1; }
-
 void CountNeighbours(const Hand& hand, const WildFlags& wild, std::size_t i, const PayTable& table,
                      HandFeatures& features) {
     for (std::size_t j = i + 1; j < kHandSize; ++j) {
@@ -191,6 +189,8 @@ bool MatchesLine(const EvaluatedHand& evaluated, const PayLine& line) {
 }
 
 }  // namespace
+
+bool IsHigh(int rank, const PayTable& table) { return rank >= table.minPair || rank == 1; }
 
 int Classification::Pay() const {
     constexpr std::int64_t largest = std::numeric_limits<int>::max();

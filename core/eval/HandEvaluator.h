@@ -51,6 +51,9 @@ struct Classification {
     int Pay() const;
 };
 
+// Whether a pair of the rank, 1..13, is a high one: from the table's minPair up, and of aces.
+bool IsHigh(int rank, const PayTable& table);
+
 // The hand with its wild cards marked as the table has them, ready to be reduced.
 EvaluatedHand WithWildFlags(const Hand& hand, const PayTable& table);
 

@@ -1,7 +1,6 @@
 #include "game/flows/DoubleUp.h"
 
 #include <algorithm>
-#include <compare>
 
 #include "game/flows/DealSteps.h"
 #include "game/seat/Wins.h"
@@ -12,18 +11,9 @@ constexpr int kDealerCard = 4;      // its index in the hand; it is shown in pos
 constexpr int kRevealPause = 1000;  // milliseconds
 constexpr int kResultPause = 4000;
 constexpr int kShufflePasses = 5;
-constexpr int kAceValue = 14;
-constexpr int kWildValue = 15;
 
 CardCode CardAt(const GameEngine& engine, int position) {
     return engine.hand[static_cast<std::size_t>(position == 0 ? kDealerCard : position - 1)];
-}
-
-int ValueAt(const GameEngine& engine, int position) {
-    const CardInfo& card =
-        engine.deck.table.cards[static_cast<std::size_t>(CardAt(engine, position))];
-    if (card.wild) return kWildValue;
-    return card.rank == 1 ? kAceValue : card.rank;
 }
 
 void SetStake(GameEngine& engine, int stake) {
@@ -79,11 +69,16 @@ void Reveal(Seat& seat, int picked) {
     }
 }
 
+void ShowDuel(Seat& seat, DuelResult result) {
+    const GameEngine& engine = seat.engine;
+    seat.scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo, result};
+    Show(seat);
+}
+
 void Won(Seat& seat) {
     GameEngine& engine = seat.engine;
     SetStake(engine, engine.doubleUpTo);
-    seat.scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo};
-    Show(seat);
+    ShowDuel(seat, DuelResult::kWon);
     Play(seat, Wave::kCash);
     seat.clock.Pause(kResultPause);
     engine.doubleUpClosed = true;
@@ -99,6 +94,7 @@ void Won(Seat& seat) {
 void Tied(Seat& seat) {
     GameEngine& engine = seat.engine;
     engine.statistics.doubleUpsTied.Add(1);
+    ShowDuel(seat, DuelResult::kTied);
     seat.clock.Pause(kResultPause);
     engine.doubleUpClosed = true;
     if (seat.player.SaysYes("Double Up Tie",
@@ -111,6 +107,7 @@ void Tied(Seat& seat) {
 
 void Lost(Seat& seat) {
     GameEngine& engine = seat.engine;
+    ShowDuel(seat, DuelResult::kLost);
     seat.clock.Pause(kResultPause);
     // The win may have been paid out while the double up waited; no more than is there can be lost.
     engine.settings.credits =
@@ -144,13 +141,13 @@ void PickDoubleUpCard(Seat& seat, int position) {
     }
     engine.statistics.doubleUpTries.Add(1);
     Reveal(seat, position);
-    const auto duel = ValueAt(engine, position) <=> ValueAt(engine, 0);
-    if (duel > 0) {
-        Won(seat);
-    } else if (duel == 0) {
-        Tied(seat);
-    } else {
-        Lost(seat);
+    switch (DuelOf(engine)) {
+        case DuelResult::kWon:
+            return Won(seat);
+        case DuelResult::kTied:
+            return Tied(seat);
+        default:
+            return Lost(seat);
     }
 }
 

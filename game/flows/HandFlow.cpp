@@ -29,6 +29,9 @@ void MarkFinalLine(Seat& seat, bool drawAgainTaken) {
     const GameEngine& engine = seat.engine;
     if (engine.dealtLine != engine.finalLine) ClearLine(seat, engine.dealtLine);
     if (!engine.handWins) return;
+    // The line of the deal may have been made anew of other cards.
+    LightCards(engine, engine.finalLine, seat.scene);
+    Show(seat);
     // What a dealt charlie was announced with stands only while it is one.
     const bool charlieStands = engine.charlieOnDeal && engine.charlieNow;
     const bool charlieMoves = engine.payTable.charlieBonus && !charlieStands;

@@ -52,16 +52,20 @@ struct PlaceLook {
     int pileDepth = 0;        // of the stack under the card: 0 none, 1 a card back, 2 a stack
     std::string label;        // across the top of a pile: "PLAY", "EITHER" or empty
     bool held = false;
+    bool lit = false;  // one of the cards that made the line that is won
     ButtonLook holdButton = ButtonLook::kReleased;
     bool holdDimmed = false;
 
     bool operator==(const PlaceLook&) const = default;
 };
 
+enum class DuelResult { kOpen, kWon, kTied, kLost };  // by the player
+
 struct DoubleUpLook {
     bool shown = false;  // then nothing is seen but this and the places
     int stake = 0;       // credits
     int doubleUpTo = 0;
+    DuelResult result = DuelResult::kOpen;
 
     bool operator==(const DoubleUpLook&) const = default;
 };

@@ -4,11 +4,14 @@
 #include <array>
 #include <utility>
 
+#include "core/eval/WinningCards.h"
 #include "core/text/Amount.h"
 
 namespace {
 
 constexpr const char* kPractice = "Fixed Hand: credits do not count";
+constexpr int kAceValue = 14;
+constexpr int kWildValue = 15;
 
 std::string BetText(const GameEngine& engine) {
     const MachineSettings& settings = engine.settings;
@@ -69,6 +72,7 @@ void ShowWonLine(const GameEngine& engine, Scene& scene) {
     scene.lines[static_cast<std::size_t>(line)] = {LineMark::kWon, AnnouncedPay(engine, line),
                                                    BetColumn(engine)};
     scene.charlie = CharlieApplies(engine);
+    LightCards(engine, line, scene);
 }
 
 CardCode TopOf(const GameEngine& engine, Pile pile) {
@@ -105,6 +109,24 @@ void ShowPickEmPlaces(const GameEngine& engine, Scene& scene) {
     }
 }
 
+HoldMask CardsOfLine(const GameEngine& engine, int line) {
+    if (CharlieApplies(engine)) return kStandPat;
+    const CardTable& cards = engine.deck.table;
+    if (!IsPickEm(engine) || engine.handOver) {
+        return WinningCards(FacesOf(cards, engine.hand), engine.payTable, line);
+    }
+    const HandCards seen = {engine.hand[0], engine.hand[1], kNoCard, TopOf(engine, Pile::kLeft),
+                            TopOf(engine, Pile::kRight)};
+    return WinningPickEmDeal(FacesOf(cards, seen), engine.payTable, line);
+}
+
+int DuelValue(const GameEngine& engine, std::size_t handPosition) {
+    const CardCode code = engine.hand[handPosition];
+    const CardInfo& card = engine.deck.table.cards[static_cast<std::size_t>(code)];
+    if (card.wild) return kWildValue;
+    return card.rank == 1 ? kAceValue : card.rank;
+}
+
 void ShowHand(const GameEngine& engine, Scene& scene) {
     for (std::size_t i = 0; i < kHandSize; ++i) {
         scene.places[i].card = engine.hand[i];
@@ -133,7 +155,8 @@ void ShowFeatures(const Seat& seat, Scene& scene) {
 
 // The lines, buttons and features are left out.
 void ShowDoubleUp(const GameEngine& engine, Scene& scene) {
-    scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo};
+    scene.doubleUp = {true, engine.bonusStake, engine.doubleUpTo,
+                      engine.doubleUpClosed ? DuelOf(engine) : DuelResult::kOpen};
     scene.buttons.deal = scene.buttons.betOne = scene.buttons.maxBet = ButtonLook::kHidden;
     scene.places[0].holdButton = ButtonLook::kHidden;
     scene.places[0].card = engine.hand[kHandSize - 1];
@@ -180,6 +203,22 @@ int AnnouncedPay(const GameEngine& engine, int line) {
     return CharlieApplies(engine) ? AddCapped(pay, std::int64_t{4} * pay) : pay;
 }
 
+// The dealer's card is the last of the hand, and that of position 1 the first.
+DuelResult DuelOf(const GameEngine& engine) {
+    for (std::size_t position = 1; position < kHandSize; ++position) {
+        if (!engine.held[position]) continue;
+        const int difference = DuelValue(engine, position - 1) - DuelValue(engine, kHandSize - 1);
+        if (difference == 0) return DuelResult::kTied;
+        return difference > 0 ? DuelResult::kWon : DuelResult::kLost;
+    }
+    return DuelResult::kOpen;
+}
+
+void LightCards(const GameEngine& engine, int line, Scene& scene) {
+    const HoldMask lit = line < 0 ? 0 : CardsOfLine(engine, line);
+    for (std::size_t i = 0; i < kHandSize; ++i) scene.places[i].lit = Holds(lit, i);
+}
+
 Scene SceneOf(const Seat& seat) {
     const GameEngine& engine = seat.engine;
     Scene scene;
@@ -190,8 +229,8 @@ Scene SceneOf(const Seat& seat) {
     if (engine.doubleUpPick) {
         ShowDoubleUp(engine, scene);
     } else {
-        ShowWonLine(engine, scene);
         IsPickEm(engine) ? ShowPickEmPlaces(engine, scene) : ShowHand(engine, scene);
+        ShowWonLine(engine, scene);
         ShowFeatures(seat, scene);
         if (CanDoubleUp(engine)) scene.buttons.doubleUp = ButtonLook::kReleased;
     }

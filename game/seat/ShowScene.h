@@ -17,6 +17,14 @@ std::string MeterText(const Seat& seat);
 // What a won line is marked with, in credits: five times its pay for a five-card charlie.
 int AnnouncedPay(const GameEngine& engine, int line);
 
+// How the pick that is held compares with the dealer's card: a wild card is worth most, then the
+// ace. Open before a card is picked.
+DuelResult DuelOf(const GameEngine& engine);
+
+// Lights the cards that made the line, all five for a five-card charlie, and no others; none when
+// there is no such line.
+void LightCards(const GameEngine& engine, int line, Scene& scene);
+
 // The picture of the state. The message that stands goes on standing, and a button that the player
 // holds down stays down.
 Scene SceneOf(const Seat& seat);

@@ -33,6 +33,7 @@ void AnnounceWin(Seat& seat, int line) {
     const GameEngine& engine = seat.engine;
     const int pay = AnnouncedPay(engine, line);
     seat.scene.charlie = CharlieApplies(engine);
+    LightCards(engine, line, seat.scene);
     ShowLine(seat, line, LineMark::kWon, pay);
     if (!IsHeard(engine)) return;
     if (pay >= kFlashFrom || CharlieApplies(engine)) {
@@ -45,6 +46,7 @@ void AnnounceWin(Seat& seat, int line) {
 void ClearLine(Seat& seat, int line) {
     if (line < 0) return;
     seat.scene.charlie = false;
+    LightCards(seat.engine, -1, seat.scene);
     ShowLine(seat, line, LineMark::kPlain);
 }
 

@@ -43,7 +43,7 @@ TEST_F(DoubleUpTest, AWonPickThatIsEnoughIsPaidAndTheHandComesBack) {
               "hold button 0 gone, held 1 off, card 1 back, held 2 off, card 2 back, held 3 off, "
               "card 3 back, held 4 off, card 4 back, held 1 on, card 1 KS, pause 1000, "
               "card 2 2D, pause 1, card 3 3D, pause 1, card 4 4D, pause 1, double up 20 to 40, "
-              "play cash, pause 4000, "
+              "duel won, play cash, pause 4000, "
               "ask Double Up Winner: You doubled up to 20. Double up again to 40?, "
               "message 10 Bonus Credits, play applause, double up gone, line 7 won 10, "
               "held 0 on, card 0 JS, hold button 0 shown, card 1 JD, held 2 on, card 2 TC, "

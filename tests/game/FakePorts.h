@@ -53,6 +53,7 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
     std::function<void()> duringInput;  // what the player does while a win is counted up
 
     std::function<void(const Scene& before, const Scene& now)> looks;  // at each step
+    std::function<void(int milliseconds)> passes;                      // in each pause
 
     // Display
     void Show(const Scene& scene) override {
@@ -137,6 +138,7 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
     std::int64_t Now() override { return now; }
     void Pause(int milliseconds) override {
         Add("pause ", milliseconds);
+        if (passes) passes(milliseconds);
         if (engine.countingUp && duringInput) duringInput();
     }
 

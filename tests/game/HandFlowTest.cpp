@@ -249,4 +249,30 @@ TEST_F(ShowSceneTest, AButtonStaysDownUntilItIsReleasedAndOneThatIsNotThereDoesN
     EXPECT_EQ(scene.buttons.deal, ButtonLook::kHidden);
 }
 
+TEST(HandLightsTest, TheCardsThatMadeTheLineAreLitUntilTheNextDeal) {
+    CreditTable t;
+    const auto lit = [&] {
+        std::string text;
+        for (const PlaceLook& place : t.seat.scene.places) text += place.lit ? '1' : '0';
+        return text;
+    };
+    std::vector<std::string> seen;
+    std::string atWin;
+    t.ports.looks = [&](const Scene&, const Scene& now) {
+        if (seen.empty() || seen.back() != lit()) seen.push_back(lit());
+        if (atWin.empty() && now.message.starts_with("WON ")) atWin = lit();
+    };
+    t.Deal("JS JD KC 9H 2S 4C 5C KD 6H");
+    t.Draw(0b00100);  // the kings make the line that the jacks had made
+    EXPECT_EQ(atWin, "00110") << "before it is counted up";
+    t.Deal("JS 3D KC 9H 2S");
+    const std::vector<std::string> expected = {"00000", "11000", "01000",
+                                               "00000", "00110", "00000"};
+    EXPECT_EQ(seen, expected);
+    t.Draw(kStandPat);
+    t.engine.payTable.charlieBonus = true;
+    t.Deal("AS AD 3C 4H 2S");
+    EXPECT_EQ(lit(), "11111") << "all five add up to 21";
+}
+
 }  // namespace

@@ -11,7 +11,7 @@ class SceneDifference {
   public:
     SceneDifference(const Scene& before, const Scene& now, const CardTable& deck) : deck(deck) {
         const auto differs = [&](auto part) { return before.*part != now.*part; };
-        if (differs(&Scene::doubleUp)) DoubleUp(now.doubleUp);
+        if (differs(&Scene::doubleUp)) DoubleUp(before.doubleUp, now.doubleUp);
         if (before.buttons.doubleUp != now.buttons.doubleUp) {
             Add("double up button ", Look(now.buttons.doubleUp));
         }
@@ -36,8 +36,13 @@ class SceneDifference {
         lines.push_back(line.str());
     }
 
-    void DoubleUp(const DoubleUpLook& look) {
-        if (look.shown) Add("double up ", look.stake, " to ", look.doubleUpTo);
+    void DoubleUp(const DoubleUpLook& before, const DoubleUpLook& look) {
+        if (look.shown && look.stake != before.stake) {
+            Add("double up ", look.stake, " to ", look.doubleUpTo);
+        }
+        if (look.shown && look.result != before.result) {
+            Add("duel", Name(look.result, {" open", " won", " tied", " lost"}));
+        }
         if (!look.shown) Add("double up gone");
     }
     void Line(std::size_t line, const LineLook& look) {

@@ -25,6 +25,8 @@
 #include "ui/machine/Commands.h"
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineFit.h"
+#include "ui/machine/MachinePainter.h"
+#include "ui/machine/Motion.h"
 #include "ui/machine/SceneDescription.h"
 
 constexpr QSize kClient{640, 480};
@@ -43,13 +45,14 @@ struct Canvas {
     }
 
     void Paint(const TestSeat& t, const Scene& scene, const QRegion& clip, QSize client = kClient,
-               const CardStyle& style = {}) {
+               const CardStyle& style = {}, const Moment& moment = {}) {
+        // It outlives the application, so that it may not be destroyed.
+        static PictureStore& pictures = *new PictureStore;
         QPainter painter(&image);
         PaintMachine(painter, clip, scene, MachineFit::Into(client), LayoutOf(t, client),
-                     t.engine.payTable, t.engine.deck.table, pictures, style);
+                     t.engine.payTable, t.engine.deck.table, pictures, style, moment);
     }
 
-    PictureStore pictures;
     QImage image;
 };
 
@@ -116,6 +119,13 @@ void ForEachState(const Look& look) {
     t.answers = {"no"};
     PickDoubleUpCard(t.seat, 2);
 
+    TestSeat royal;
+    royal.engine.settings.speed = Speed::kFast;  // 4,000 credits are not counted up
+    look(royal, "start of a royal flush");
+    royal.Deal("TS JS QS KS 2S AS");
+    royal.Draw(0b11110);
+    look(royal, "royal flush");
+
     TestSeat piles("Pick Em Poker", 350);
     look(piles, "start of piles");
     piles.engine.settings.mode = PlayMode::kAutoHold;
@@ -178,11 +188,68 @@ TEST(MachinePainterTest, PaintedInPiecesItLooksAsPaintedAtOnceAndTheClientAloneI
     }
 }
 
-// A window that paints only what a step has changed, in the games of ForEachState.
 struct Screen {
     QSize client;
     double ratio;
 };
+
+// A window that paints only what a step or a frame has changed.
+struct MovingWindow {
+    MovingWindow(TestSeat& shownSeat, const Screen& screen)
+        : t(shownSeat),
+          client(screen.client),
+          canvas(screen.ratio, client),
+          whole(screen.ratio, client) {
+        canvas.Paint(t, t.seat.scene, QRect(QPoint(0, 0), client), client);
+        scene = t.seat.scene;
+    }
+
+    // Looked at a second time, the picture is the same.
+    void Frame(const QRegion& changed = {}) {
+        const Moment next = motion.At(time);
+        const QRegion region = changed + ChangedRegion(moment, next, scene, LayoutOf(t, client));
+        moment = next;
+        frames += moment == Moment{} ? 0 : 1;
+        canvas.Paint(t, scene, MachineFit::Into(client).ToClient(region), client, {}, moment);
+        whole.Paint(t, scene, QRect(QPoint(0, 0), client), client, {}, moment);
+        EXPECT_EQ(Difference(canvas.image, whole.image), QRect())
+            << t.ports.log.back() << " after " << time;
+    }
+    QRegion Show(const Scene& before, const Scene& now) {
+        const QRegion changed = ChangedRegion(before, now, t.engine.payTable, LayoutOf(t, client));
+        motion.Change(before, now, t.engine.payTable, DelaysOf(t.engine.settings.speed).card, time);
+        scene = now;
+        if (before != now) Frame(changed);
+        return changed;
+    }
+    // A count-up and a wheel have many steps that look alike.
+    void Pass(int milliseconds) {
+        if (moment != Moment{} && ++pauses % 4 < 2) {
+            time += milliseconds / 3;
+            Frame();
+            time -= milliseconds / 3;
+        }
+        time += milliseconds;
+    }
+    void ComeToRest() {
+        motion.End();
+        Frame();
+        EXPECT_EQ(moment, Moment{});
+    }
+
+    TestSeat& t;
+    QSize client;
+    Canvas canvas;
+    Canvas whole;
+    Scene scene;
+    Motion motion;
+    Moment moment;
+    std::int64_t time = 0;
+    int frames = 0;
+    int pauses = 0;
+};
+
+// In the games of ForEachState.
 class ChangedRegionTest : public testing::TestWithParam<Screen> {};
 INSTANTIATE_TEST_SUITE_P(Screens, ChangedRegionTest,
                          testing::Values(Screen{kClient, 1}, Screen{kClient, 1.25},
@@ -191,31 +258,30 @@ INSTANTIATE_TEST_SUITE_P(Screens, ChangedRegionTest,
                                          Screen{{1920, 1080}, 1}, Screen{{1237, 1811}, 1.5},
                                          Screen{{3840, 2160}, 1}));
 
-TEST_P(ChangedRegionTest, EveryStepLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
-    const auto [client, ratio] = GetParam();
-    const MachineFit fit = MachineFit::Into(client);
-    std::vector<std::unique_ptr<Canvas>> windows;
+TEST_P(ChangedRegionTest, EveryFrameLooksAsIfAllHadBeenPaintedAndACardCostsNoMoreThanItself) {
+    std::vector<std::unique_ptr<MovingWindow>> windows;
     int cards = 0;
+    int frames = 0;
     ForEachState([&](TestSeat& t, const std::string& state) {
-        if (!state.starts_with("start")) return;
-        Canvas& window = *windows.emplace_back(std::make_unique<Canvas>(ratio, client));
-        Canvas& whole = *windows.emplace_back(std::make_unique<Canvas>(ratio, client));
-        window.Paint(t, t.seat.scene, QRect(QPoint(0, 0), client), client);
+        if (!state.starts_with("start")) {
+            windows.back()->ComeToRest();
+            frames += windows.back()->frames;
+            return;
+        }
+        MovingWindow& window = *windows.emplace_back(std::make_unique<MovingWindow>(t, GetParam()));
+        t.ports.passes = [&](int milliseconds) { window.Pass(milliseconds); };
         t.ports.looks = [&](const Scene& before, const Scene& now) {
-            if (before == now) return;
-            const MachineLayout layout = LayoutOf(t, client);
-            const QRegion changed = ChangedRegion(before, now, layout);
-            window.Paint(t, now, fit.ToClient(changed), client);
-            whole.Paint(t, now, QRect(QPoint(0, 0), client), client);
-            EXPECT_EQ(Difference(window.image, whole.image), QRect()) << t.ports.log.back();
+            const QRegion changed = window.Show(before, now);
             Scene turned = before;
             turned.places[2].card = now.places[2].card;
-            if (turned != now) return;
+            if (before == now || turned != now) return;
             ++cards;
-            EXPECT_TRUE(layout.cards[2].adjusted(-2, -1, 4, 6).contains(changed.boundingRect()));
+            const QRect card = LayoutOf(t, window.client).cards[2];
+            EXPECT_TRUE(card.adjusted(-2, -1, 4, 6).contains(changed.boundingRect()));
         };
     });
     EXPECT_GE(cards, 5);
+    EXPECT_GE(frames, 100);
 }
 
 // The name panel stands 17 units from the left and 5 from the top.

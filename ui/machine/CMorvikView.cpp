@@ -2,10 +2,12 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QTimerEvent>
 #include <utility>
 
@@ -21,6 +23,8 @@ namespace {
 constexpr Qt::KeyboardModifiers kShortcutModifiers =
     Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
+constexpr int kFrameTime = 16;  // milliseconds
+
 constexpr int kAnnouncementDelay = 50;  // milliseconds after a repaint
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
@@ -28,11 +32,18 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     return view ? new MachineAccess(*view, *view) : nullptr;
 }
 
+std::function<std::int64_t()> ElapsedTime() {
+    QElapsedTimer timer;
+    timer.start();
+    return [timer] { return timer.elapsed(); };
+}
+
 }  // namespace
 
 CMorvikView::CMorvikView(Seat& shownSeat, PictureStore& store, ActionQueue& queue,
                          KeyCommands commands)
-    : seat(shownSeat),
+    : motionTime(ElapsedTime()),
+      seat(shownSeat),
       shown(shownSeat.scene),
       actions(queue),
       pictures(store),
@@ -54,6 +65,7 @@ void CMorvikView::LayOutMachine() {
         fit = fitted;
         places = *laidOut;
     }
+    StopMoving();
     shown = seat.scene;
     update();
     emit LaidOut();
@@ -62,26 +74,77 @@ void CMorvikView::LayOutMachine() {
 void CMorvikView::SetCardStyle(const CardStyle& style) {
     if (style == cardStyle) return;
     cardStyle = style;
+    StopMoving();  // with what is kept of the cards as they were
     update();
 }
 
 void CMorvikView::ShowScene() {
-    const QRegion changed = ChangedRegion(shown, seat.scene, places);
+    if (shown == seat.scene) return;
+    const PayTable& payTable = seat.engine.payTable;
+    QRegion changed = ChangedRegion(shown, seat.scene, payTable, places);
+    if (MayMove()) {
+        const int pause = DelaysOf(seat.engine.settings.speed).card;
+        motion.Change(shown, seat.scene, payTable, pause, motionTime());
+    } else {
+        motion.End();
+    }
     shown = seat.scene;
+    changed += NextFrame();
     if (!changed.isEmpty()) update(fit.ToClient(changed));
+}
+
+bool CMorvikView::MayMove() const {
+    const QStyle* drawnBy = style();
+    return animation && !reducedMotion && isVisible() &&
+           drawnBy->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
+}
+
+// What a frame paints is settled before, not when it is painted: the window may have to paint parts
+// of it at different times. Returns what looks different from the frame before.
+QRegion CMorvikView::NextFrame() {
+    const std::int64_t time = motionTime();
+    const bool moves = motion.Moves(time);
+    const Moment next = moves ? motion.At(time) : Moment{};
+    const QRegion changed = ChangedRegion(moment, next, shown, places);
+    moment = next;
+    if (moves && !frameDue.isActive()) frameDue.start(kFrameTime, Qt::PreciseTimer, this);
+    if (!moves) {
+        frameDue.stop();
+        snapshots = {};
+    }
+    return changed;
+}
+
+void CMorvikView::StopMoving() {
+    motion.End();
+    const QRegion changed = NextFrame();
+    if (!changed.isEmpty()) update(fit.ToClient(changed));
+}
+
+void CMorvikView::SetAnimation(bool on) {
+    animation = on;
+    if (!on) StopMoving();
+}
+
+void CMorvikView::SetReducedMotion(bool wished) {
+    reducedMotion = wished;
+    if (wished) StopMoving();
 }
 
 void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintMachine(painter, event->region(), shown, fit, places, seat.engine.payTable,
-                 seat.engine.deck.table, pictures, cardStyle);
+                 seat.engine.deck.table, pictures, cardStyle, moment, &snapshots);
     const bool isDue = announcementDue.isActive();
     if (QAccessible::isActive() && !isDue) announcementDue.start(kAnnouncementDelay, this);
 }
 
 // What is read aloud follows what is seen, but only once nothing moves any more.
 void CMorvikView::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != announcementDue.timerId()) {
+    if (event->timerId() == frameDue.timerId()) {
+        const QRegion changed = NextFrame();
+        if (!changed.isEmpty()) update(changed);
+    } else if (event->timerId() != announcementDue.timerId()) {
         QWidget::timerEvent(event);
     } else if (!actions.Busy()) {
         announcementDue.stop();
@@ -113,13 +176,14 @@ void CMorvikView::TapNow(QPoint point) {
 
 void CMorvikView::resizeEvent(QResizeEvent*) { LayOutMachine(); }
 
-// Whatever is pressed ends a count-up.
+// Whatever is pressed ends a count-up, and has all that moves arrive.
 bool CMorvikView::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
             actions.EndCountUp();
+            StopMoving();
             break;
         default:
             break;

@@ -3,6 +3,8 @@
 #include <QBasicTimer>
 #include <QHash>
 #include <QWidget>
+#include <cstdint>
+#include <functional>
 
 #include "game/seat/Seat.h"
 #include "ui/art/CardStyle.h"
@@ -10,6 +12,8 @@
 #include "ui/machine/Layout.h"
 #include "ui/machine/MachineFit.h"
 #include "ui/machine/MachineInput.h"
+#include "ui/machine/Motion.h"
+#include "ui/machine/Snapshots.h"
 
 class PictureStore;
 
@@ -40,6 +44,16 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     // No button stays down: what is let go over a dialog that came between is let go there.
     void ForgetPresses();
 
+    // Whether cards turn, lights fade in and digits roll, or all is there at once. The player's
+    // wish, on at first; the desktop's and the style's say no as well.
+    void SetAnimation(bool on);
+    void SetReducedMotion(bool wished);
+    // What is painted is the scene at rest, and no timer runs for it.
+    bool IsStill() const { return !frameDue.isActive(); }
+
+    // Milliseconds that never go back: the time that all movement takes. A test has its own.
+    std::function<std::int64_t()> motionTime;
+
     // As of the last change of size or pay table. The places count in units of the table.
     MachineFit fit;
     MachineLayout places;
@@ -63,6 +77,9 @@ class CMorvikView : public QWidget, public AccessibleMachine {
   private:
     Q_INVOKABLE void TapNow(QPoint point);
     void Lift(const PressInHand& press, QPoint point);
+    bool MayMove() const;
+    QRegion NextFrame();
+    void StopMoving();
     void LetButtonsGo();
     void BeginKey(int key);
 
@@ -74,7 +91,13 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     QtTextMeasure measure;
     MachineInput input;
     QBasicTimer announcementDue;  // runs while a screen reader may not know what is painted
-    PressInHand leftPress;        // the last one
+    Motion motion;
+    Moment moment;         // is painted, or will be when the window next is
+    Snapshots snapshots;   // of what moves
+    QBasicTimer frameDue;  // runs while something moves
+    bool animation = true;
+    bool reducedMotion = false;
+    PressInHand leftPress;  // the last one
     PressInHand rightPress;
     bool leftDown = false;
     QPoint leftAt;                     // where it went down

@@ -109,6 +109,18 @@ void CardPainter::DrawCard(CardCode card, const QRect& place, bool alternateFace
     DrawFace(info, place, alternateFace);
 }
 
+QPixmap CardPainter::Snapshot(CardCode card, bool alternateFace) {
+    if (card == kNoCard) return {};
+    const QRect place(QPoint(0, 0), layout.cardSize);
+    QPixmap picture((QSizeF(place.size()) * canvas.PixelRatio()).toSize());
+    picture.setDevicePixelRatio(canvas.PixelRatio());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    MachineCanvas own(painter, place, MachineFit::Into(place.size()), canvas.Pictures());
+    CardPainter(own, layout, cards, type, style).DrawCard(card, place, alternateFace);
+    return picture;
+}
+
 void CardPainter::DrawPile(int depth, const QRect& place) {
     if (depth >= 1) DrawPaper(CardBack(layout.sizeClass, style), place.translated(kFirstUnder));
     if (depth >= 2) DrawPaper(CardStack(layout.sizeClass, style), place.translated(kSecondUnder));

@@ -17,6 +17,9 @@ class CardPainter {
     // not hold shows the back.
     void DrawCard(CardCode card, const QRect& place, bool alternateFace = false);
 
+    // The same as a picture of its own, sharp on this canvas. Null for kNoCard.
+    QPixmap Snapshot(CardCode card, bool alternateFace);
+
     // What lies under the top of a pile: 1 a card back, 2 a stack, anything else nothing.
     void DrawPile(int depth, const QRect& place);
 

@@ -1,17 +1,22 @@
 #include "ui/machine/ChangedRegion.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "game/seat/Scene.h"
 #include "ui/machine/CardPainter.h"
+#include "ui/machine/Highlights.h"
 #include "ui/machine/Layout.h"
+#include "ui/machine/Moment.h"
+#include "ui/machine/MovingCard.h"
 
 namespace {
 
 class ChangeFinder {
   public:
-    ChangeFinder(const Scene& earlier, const Scene& later, const MachineLayout& machineLayout)
-        : before(earlier), now(later), layout(machineLayout) {}
+    ChangeFinder(const Scene& earlier, const Scene& later, const PayTable& table,
+                 const MachineLayout& machineLayout)
+        : before(earlier), now(later), payTable(table), layout(machineLayout) {}
 
     QRegion Find() {
         // A double up takes all else off the machine.
@@ -21,6 +26,8 @@ class ChangeFinder {
         for (std::size_t i = 0; i < now.places.size(); ++i) FindPlace(i);
         FindButtons();
         FindFeatures();
+        FindHighlights();
+        if (now.doubleUp.shown) FindDuel();
         return region;
     }
 
@@ -63,7 +70,9 @@ class ChangeFinder {
             const int depth = std::max(old.pileDepth, look.pileDepth);
             Add(CardPainter::Covered(layout.cards[position], depth));
         }
+        if (old.lit != look.lit) Add(WithGlow(layout.cards[position]));
         if (old.held != look.held) Add(layout.heldMarks[position].rect);
+        if (old.held != look.held) Add(WithGlow(layout.holdButtons[position]));
         if (old.holdButton != look.holdButton || old.holdDimmed != look.holdDimmed) {
             Add(layout.holdButtons[position]);
         }
@@ -94,18 +103,66 @@ class ChangeFinder {
         }
     }
 
+    void FindHighlights() {
+        if (BigWinLine(before, payTable) != BigWinLine(now, payTable)) {
+            Add(CelebrationPlace(layout));
+        }
+        if (WaitingFor(before) == WaitingFor(now) && before.targets == now.targets) return;
+        for (const Scene& scene : {std::cref(before), std::cref(now)}) {
+            for (const QRect& place : WaitingPlaces(scene, layout)) Add(WithGlow(place));
+        }
+    }
+
+    // The plates name the cards; whoever wins, it may show at each card.
+    void FindDuel() {
+        const bool decided = before.doubleUp.result != now.doubleUp.result;
+        if (!decided && before.places == now.places) return;
+        for (const bool dealers : {true, false}) Add(DuelPlate(layout, dealers));
+        for (std::size_t i = 0; i < now.places.size() && decided; ++i) {
+            Add(WithGlow(layout.cards[i]));
+        }
+    }
+
     // A pixel around each place: letters that are written across something have an edge that wide,
     // and at a scale that is not whole a place ends within a pixel of the screen.
     void Add(const QRect& place) { region += place.adjusted(-1, -1, 1, 1); }
 
     const Scene& before;
     const Scene& now;
+    const PayTable& payTable;
     const MachineLayout& layout;
     QRegion region;
 };
 
 }  // namespace
 
-QRegion ChangedRegion(const Scene& before, const Scene& now, const MachineLayout& layout) {
-    return ChangeFinder(before, now, layout).Find();
+QRegion ChangedRegion(const Scene& before, const Scene& now, const PayTable& payTable,
+                      const MachineLayout& layout) {
+    return ChangeFinder(before, now, payTable, layout).Find();
+}
+
+QRegion ChangedRegion(const Moment& before, const Moment& now, const Scene& scene,
+                      const MachineLayout& layout) {
+    QRegion region;
+    if (before == now) return region;
+    const auto add = [&](const QRect& place) { region += place.adjusted(-1, -1, 1, 1); };
+    for (std::size_t i = 0; i < now.places.size(); ++i) {
+        const PlaceMoment& old = before.places[i];
+        const PlaceMoment& place = now.places[i];
+        const QRect& card = layout.cards[i];
+        if (old.move != place.move || old.moved != place.moved) {
+            const bool turns = old.move != CardMove::kLeave && old.move != CardMove::kCome &&
+                               place.move != CardMove::kLeave && place.move != CardMove::kCome;
+            add(CoveredByMove(card, turns ? 0 : SlideOf(layout, i)));
+        }
+        if (old.lit != place.lit) add(WithGlow(card));
+        if (old.held != place.held) add(WithGlow(layout.holdButtons[i]));
+        if (before.verdict != now.verdict) add(WithGlow(card));
+    }
+    if (before.message != now.message) add(layout.message.rect);
+    if (before.credits != now.credits) add(layout.creditValue.rect);
+    if (before.celebration != now.celebration) add(CelebrationPlace(layout));
+    if (before.waiting == now.waiting) return region;
+    for (const QRect& place : WaitingPlaces(scene, layout)) add(WithGlow(place));
+    return region;
 }

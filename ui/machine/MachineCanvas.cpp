@@ -132,12 +132,12 @@ void MachineCanvas::Write(const TextPlace& place, std::string_view text, const Q
 }
 
 void MachineCanvas::WriteOnCloth(const TextPlace& place, std::string_view text,
-                                 const QColor& colour) {
+                                 const QColor& colour, Qt::Alignment alignment) {
     painter.save();
     painter.setClipRect(place.rect, Qt::IntersectClip);
-    Write({place.rect.translated(1, 1), place.fontHeight}, text, kShadow);
+    Write({place.rect.translated(1, 1), place.fontHeight}, text, kShadow, alignment);
     painter.restore();
-    Write(place, text, colour);
+    Write(place, text, colour, alignment);
 }
 
 // Written again and again rather than stroked as outlines, which Qt hints differently once it has

@@ -37,6 +37,7 @@ class MachineCanvas {
 
     // Pixels of the screen in one unit.
     qreal PixelRatio() const { return pixelRatio; }
+    PictureStore& Pictures() { return pictures; }
 
     const MachineFit& Fit() const { return fit; }
 
@@ -74,7 +75,8 @@ class MachineCanvas {
                Qt::Alignment alignment = Qt::AlignHCenter);
 
     // The same on bare cloth, with a shadow that parts it from the cloth.
-    void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour);
+    void WriteOnCloth(const TextPlace& place, std::string_view text, const QColor& colour,
+                      Qt::Alignment alignment = Qt::AlignHCenter);
 
     // The same across what is drawn already: an edge of so many pixels parts the letters from it.
     void WriteEdged(const TextPlace& place, std::string_view text, const QColor& colour,

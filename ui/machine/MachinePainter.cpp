@@ -5,24 +5,37 @@
 
 #include "game/seat/Scene.h"
 #include "ui/machine/CardPainter.h"
+#include "ui/machine/CelebrationPainter.h"
 #include "ui/machine/ClothPainter.h"
+#include "ui/machine/DuelPainter.h"
+#include "ui/machine/Glow.h"
+#include "ui/machine/Highlights.h"
 #include "ui/machine/MachineCanvas.h"
+#include "ui/machine/MovingCard.h"
 #include "ui/machine/PayTablePainter.h"
+#include "ui/machine/RollingText.h"
 
 namespace {
 
 constexpr QColor kPlateGold{255, 226, 130};
+constexpr double kButtonRadius = 6;
+constexpr double kSteadyLight = 0.5;  // of what waits for the player
+constexpr int kCardRounding = 16;     // its width is that many corner radii
 
 class MachinePainter {
   public:
     MachinePainter(MachineCanvas& onCanvas, const Scene& shownScene,
                    const MachineLayout& machineLayout, const PayTable& table,
-                   const CardTable& cardTable, const CardStyle& cardStyle)
+                   const CardTable& cardTable, const CardStyle& cardStyle,
+                   const Moment& shownMoment, Snapshots& knownSnapshots)
         : canvas(onCanvas),
           scene(shownScene),
           layout(machineLayout),
           payTable(table),
-          cards(onCanvas, machineLayout, cardTable, table.type, cardStyle) {}
+          deck(cardTable),
+          cards(onCanvas, machineLayout, cardTable, table.type, cardStyle),
+          moment(shownMoment),
+          snapshots(knownSnapshots) {}
 
     void Paint() {
         PaintCloth(canvas, layout);
@@ -34,17 +47,22 @@ class MachinePainter {
             }
             PaintPlate();
             canvas.DrawPicture(CoinPicture(scene.coin), layout.coin);
+            PaintBigWin();
             PaintFeatures();
             PaintMeters();
         }
         PaintPlaces();
+        PaintVerdict(canvas, scene, layout, moment);
         PaintButtons();
+        PaintWaiting();
         canvas.WriteOnCloth(layout.hint, scene.hint, kMachineWhite);
     }
 
   private:
     void PaintDoubleUp();
     void PaintPlate();
+    void PaintBigWin();
+    void PaintWaiting();
     void PaintFeatures();
     void PaintRedBlack();
     void PaintChoice();
@@ -52,6 +70,10 @@ class MachinePainter {
     void PaintTarget(std::size_t target);
     void PaintPlaces();
     void PaintPlace(std::size_t position);
+    void PaintCard(std::size_t position);
+    void PaintHoldButton(std::size_t position);
+    const QPixmap& Snapshot(CardCode card, bool pileTop);
+    double Light(std::size_t position) const;
     void PaintFirstDraw();
     void PaintFeatureLabel();
     void PaintButton(MachineButton button, ButtonLook look, bool dimmed, const QRect& place);
@@ -63,17 +85,37 @@ class MachinePainter {
     const Scene& scene;
     const MachineLayout& layout;
     const PayTable& payTable;
+    const CardTable& deck;
     CardPainter cards;
+    const Moment& moment;
+    Snapshots& snapshots;
 };
 
 void MachinePainter::PaintDoubleUp() {
     canvas.WriteOnCloth(layout.dealerLabel, "DEALER", kMachineWhite);
     canvas.WriteOnCloth(layout.creditsWonLabel, "CREDITS WON", kMachineWhite);
-    canvas.WriteOnCloth(layout.creditsWonValue, std::to_string(scene.doubleUp.stake),
-                        kMachineWhite);
+    canvas.WriteOnCloth(layout.creditsWonValue, std::to_string(scene.doubleUp.stake), kMachineWhite,
+                        Qt::AlignRight);
     canvas.WriteOnCloth(layout.doubleUpToLabel, "DOUBLE UP TO", kMachineWhite);
     canvas.WriteOnCloth(layout.doubleUpToValue, std::to_string(scene.doubleUp.doubleUpTo),
-                        kMachineWhite);
+                        kMachineWhite, Qt::AlignRight);
+    PaintDuelPlates(canvas, scene, layout, deck);
+}
+
+void MachinePainter::PaintBigWin() {
+    const int line = BigWinLine(scene, payTable);
+    if (line < 0) return;
+    const auto index = static_cast<std::size_t>(line);
+    PaintCelebration(canvas, CelebrationPlace(layout), payTable.lines[index].description,
+                     scene.lines[index].payout, moment.celebration, snapshots);
+}
+
+void MachinePainter::PaintWaiting() {
+    for (const QRect& place : WaitingPlaces(scene, layout)) {
+        const bool round = place.width() == place.height();
+        const double radius = round ? place.width() / 2.0 : kButtonRadius;
+        DrawLight(canvas, place, radius, kSteadyLight * moment.waiting, snapshots);
+    }
 }
 
 void MachinePainter::PaintPlate() {
@@ -172,14 +214,58 @@ void MachinePainter::PaintPlaces() {
 void MachinePainter::PaintPlace(std::size_t position) {
     const PlaceLook& look = scene.places[position];
     const QRect& place = layout.cards[position];
+    const double radius = static_cast<double>(place.width()) / kCardRounding;
     cards.DrawPile(look.pileDepth, place);
-    cards.DrawCard(look.card, place, look.pileTop);
+    PaintCard(position);
+    DrawLight(canvas, place, radius, Light(position), snapshots);
     if (!look.label.empty() && position >= kLeftPilePosition) {
         cards.WriteOnPlate(layout.pileLabels[position - kLeftPilePosition], place, look.label);
     }
     if (look.held) canvas.WriteOnCloth(layout.heldMarks[position], "HELD", kMachineWhite);
-    PaintButton(MachineButton::kHold, look.holdButton, look.holdDimmed,
-                layout.holdButtons[position]);
+    PaintHoldButton(position);
+}
+
+// How bright the golden light around a card is: of one that made the win, or won a double up.
+double MachinePainter::Light(std::size_t position) const {
+    const DuelResult result = scene.doubleUp.result;
+    if (scene.doubleUp.shown) {
+        const bool dealers = position == 0;
+        const bool wins = dealers ? result == DuelResult::kLost
+                                  : result == DuelResult::kWon && scene.places[position].held;
+        return wins ? moment.verdict : 0;
+    }
+    const double lit = moment.places[position].lit;
+    return scene.places[position].lit ? lit : 1 - lit;
+}
+
+// What a card leaves in sight is there from the first.
+void MachinePainter::PaintCard(std::size_t position) {
+    const PlaceLook& look = scene.places[position];
+    const PlaceMoment& move = moment.places[position];
+    const QRect& place = layout.cards[position];
+    const bool turnsOrComes = move.move == CardMove::kTurn || move.move == CardMove::kCome;
+    if (!turnsOrComes) cards.DrawCard(look.card, place, look.pileTop);
+    const int slide = SlideOf(layout, position);
+    if (move.move == CardMove::kNone || !canvas.Sees(CoveredByMove(place, slide))) return;
+    DrawMovingCard(canvas, place, slide, move, Snapshot(move.from, move.fromPileTop),
+                   Snapshot(look.card, look.pileTop));
+}
+
+const QPixmap& MachinePainter::Snapshot(CardCode card, bool pileTop) {
+    QPixmap& picture = snapshots.cards[{card, pileTop}];
+    if (picture.isNull()) picture = cards.Snapshot(card, pileTop);
+    return picture;
+}
+
+// That of a held card is lit, its edge as well as the cloth around it: its word stays as legible.
+void MachinePainter::PaintHoldButton(std::size_t position) {
+    const PlaceLook& look = scene.places[position];
+    const QRect& place = layout.holdButtons[position];
+    if (look.holdButton == ButtonLook::kHidden) return;
+    const double share = moment.places[position].held;
+    const double light = look.held ? share : 1 - share;
+    PaintButton(MachineButton::kHold, look.holdButton, look.holdDimmed, place);
+    DrawLight(canvas, place, kButtonRadius, light, snapshots);
 }
 
 void MachinePainter::PaintFirstDraw() {
@@ -215,23 +301,28 @@ void MachinePainter::PaintButtons() {
 
 void MachinePainter::PaintMeters() {
     const auto meter = [this](const TextPlace& place, const std::string& text,
-                              Qt::Alignment alignment) {
+                              Qt::Alignment alignment, const RollMoment& roll = {}) {
         canvas.DrawBox(place.rect, kMachineYellow, kMachineBlack);
-        canvas.Write({place.rect.adjusted(3, 1, -3, -1), place.fontHeight}, text, kMachineWhite,
-                     alignment);
+        WriteRolling(canvas, {place.rect.adjusted(3, 1, -3, -1), place.fontHeight}, text, roll,
+                     kMachineWhite, alignment);
     };
-    meter(layout.message, scene.message, Qt::AlignHCenter);
+    meter(layout.message, scene.message, Qt::AlignHCenter, moment.message);
     canvas.WriteOnCloth(layout.betLabel, "BET", kMachineWhite);
     meter(layout.betValue, scene.bet, Qt::AlignHCenter);
     canvas.WriteOnCloth(layout.creditLabel, "CREDITS", kMachineWhite);
-    meter(layout.creditValue, scene.credits, Qt::AlignRight);
+    meter(layout.creditValue, scene.credits, Qt::AlignRight, moment.credits);
 }
 
 }  // namespace
 
 void PaintMachine(QPainter& painter, const QRegion& clip, const Scene& scene, const MachineFit& fit,
                   const MachineLayout& layout, const PayTable& payTable, const CardTable& cards,
-                  PictureStore& pictures, const CardStyle& cardStyle) {
+                  PictureStore& pictures, const CardStyle& cardStyle, const Moment& moment,
+                  Snapshots* snapshots) {
+    Snapshots own;
+    Snapshots& known = snapshots ? *snapshots : own;
     MachineCanvas canvas(painter, clip, fit, pictures);
-    MachinePainter(canvas, scene, layout, payTable, cards, cardStyle).Paint();
+    if (known.pixelRatio != canvas.PixelRatio()) known = {};
+    known.pixelRatio = canvas.PixelRatio();
+    MachinePainter(canvas, scene, layout, payTable, cards, cardStyle, moment, known).Paint();
 }
