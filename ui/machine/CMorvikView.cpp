@@ -90,7 +90,11 @@ void CMorvikView::ShowScene() {
     }
     shown = seat.scene;
     changed += NextFrame();
-    if (!changed.isEmpty()) update(fit.ToClient(changed));
+    Repaint(changed);
+}
+
+void CMorvikView::Repaint(const QRegion& inTable) {
+    if (!inTable.isEmpty()) update(fit.ToClient(inTable));
 }
 
 bool CMorvikView::MayMove() const {
@@ -117,8 +121,7 @@ QRegion CMorvikView::NextFrame() {
 
 void CMorvikView::StopMoving() {
     motion.End();
-    const QRegion changed = NextFrame();
-    if (!changed.isEmpty()) update(fit.ToClient(changed));
+    Repaint(NextFrame());
 }
 
 void CMorvikView::SetAnimation(bool on) {
@@ -142,8 +145,7 @@ void CMorvikView::paintEvent(QPaintEvent* event) {
 // What is read aloud follows what is seen, but only once nothing moves any more.
 void CMorvikView::timerEvent(QTimerEvent* event) {
     if (event->timerId() == frameDue.timerId()) {
-        const QRegion changed = NextFrame();
-        if (!changed.isEmpty()) update(changed);
+        Repaint(NextFrame());
     } else if (event->timerId() != announcementDue.timerId()) {
         QWidget::timerEvent(event);
     } else if (!actions.Busy()) {

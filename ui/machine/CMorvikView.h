@@ -77,6 +77,7 @@ class CMorvikView : public QWidget, public AccessibleMachine {
   private:
     Q_INVOKABLE void TapNow(QPoint point);
     void Lift(const PressInHand& press, QPoint point);
+    void Repaint(const QRegion& inTable);
     bool MayMove() const;
     QRegion NextFrame();
     void StopMoving();
