@@ -9,8 +9,10 @@
 #include "game/commands/MachineCommands.h"
 #include "game/saving/SaveGame.h"
 #include "game/seat/ShowScene.h"
+#include "game/seat/Wins.h"
 #include "game/session/StartAndStop.h"
 #include "ui/machine/Commands.h"
+#include "ui/machine/SceneSounds.h"
 
 namespace {
 
@@ -115,6 +117,7 @@ void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 
 void CMorvikDoc::Show(const Scene& scene) {
+    SoundChange(scene);
     const bool inHand = scene.message == kResetMessage && !seat.engine.handOver;
     if (inHand && !resetRead.isActive()) resetRead.start();
     emit SceneChanged();
@@ -132,6 +135,17 @@ void CMorvikDoc::CountHands() {
         }
     }
     handsCounted = played;
+}
+
+// Cards that are dealt all but at once make one sound.
+void CMorvikDoc::SoundChange(const Scene& scene) {
+    constexpr qint64 kBetweenCards = 60;  // milliseconds
+    const auto wave = SoundOfChange(heard, scene);
+    heard = scene;
+    const bool tooSoon = sinceCard.isValid() && !sinceCard.hasExpired(kBetweenCards);
+    if (!wave || (wave == Wave::kCard && tooSoon)) return;
+    if (wave == Wave::kCard) sinceCard.start();
+    Play(seat, *wave);
 }
 
 void CMorvikDoc::Dispatch(int command) {

@@ -1,6 +1,7 @@
 // The document: the machine with its game file, and what the commands of the menus do with them.
 // One document lives from start to exit; New and Open change what is in it.
 #pragma once
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -94,6 +95,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void OpenWaitingFile();
     void AskForHoldsAgain();
     void CountHands();
+    void SoundChange(const Scene& scene);
 
     DataFilePaths paths;
     GameFiles files;
@@ -103,6 +105,8 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     ActionQueue actions;
     Seat seat;
     CommandDesk desk;
+    Scene heard;                    // what was shown when something was last heard
+    QElapsedTimer sinceCard;        // was last heard to be turned
     std::int32_t handsCounted = 0;  // of the session
     QString waitingFile;            // empty = none
     QTimer resetRead;               // the player has seen that the statistics are reset

@@ -220,6 +220,25 @@ Samples DrumRoll() {
     return ToPeak(whole, 0.75);
 }
 
+// Stiff paper that snaps over, quietly: it is heard ten times a hand.
+Samples Card() {
+    Random random(16);
+    Samples whole = Envelope(HighPass(LowPass(Noise(0.045, random), 5200, 2400), 700), 0.004, 0.01);
+    Mix(whole, Envelope(LowPass(Noise(0.02, random), 1400), kEdge, 0.005), 0.9, 0.018);
+    return ToPeak(whole, 0.18);
+}
+
+// A small wooden key that goes in.
+Samples Hold() { return ToPeak(Struck(620, {{1, 1}, {2.6, 0.25}}, 0.05, 0.009), 0.2); }
+
+// A larger one, on felt.
+Samples Button() {
+    Random random(17);
+    Samples whole = Struck(240, {{1, 1}, {2.2, 0.3}}, 0.06, 0.012);
+    Mix(whole, Envelope(LowPass(Noise(0.02, random), 1800), kEdge, 0.004), 0.5);
+    return ToPeak(whole, 0.22);
+}
+
 Samples Beep() { return ToPeak(Struck(880, {{1, 1}, {2, 0.3}}, 0.09, 0.03), 0.4); }
 
 Samples Exclamation() {
@@ -264,13 +283,11 @@ struct Sound {
     Samples (*make)();
 };
 
-constexpr Sound kSounds[] = {{"cash", Cash},
-                             {"click", Click},
-                             {"arrow", Arrow},
-                             {"applause", Applause},
-                             {"drumroll", DrumRoll},
-                             {"beep", Beep},
-                             {"exclamation", Exclamation}};
+constexpr Sound kSounds[] = {{"cash", Cash},         {"click", Click},
+                             {"arrow", Arrow},       {"applause", Applause},
+                             {"drumroll", DrumRoll}, {"card", Card},
+                             {"hold", Hold},         {"button", Button},
+                             {"beep", Beep},         {"exclamation", Exclamation}};
 
 }  // namespace
 

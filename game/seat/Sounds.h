@@ -1,7 +1,7 @@
 // What is heard. A machine without a sound device is silent and never waits.
 #pragma once
 
-enum class Wave { kCash, kClick, kArrow, kApplause, kDrumroll };
+enum class Wave { kCash, kClick, kArrow, kApplause, kDrumroll, kCard, kHold, kButton };
 enum class Beep { kDefault, kExclamation };
 
 class Sounds {

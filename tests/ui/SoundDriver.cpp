@@ -18,7 +18,8 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     if (argc != 2) return 2;
     QtSounds sounds(QString::fromLocal8Bit(argv[1]), [] { return false; });
-    constexpr std::array kWaves{"cash", "click", "arrow", "applause", "drumroll"};
+    constexpr std::array kWaves{"cash",     "click", "arrow", "applause",
+                                "drumroll", "card",  "hold",  "button"};
     std::cout.precision(15);
     for (std::string line; std::getline(std::cin, line);) {
         const double before = Now();

@@ -139,7 +139,7 @@ class Driver:
 
 def read_waves(folder):
     waves = {}
-    for name in ("cash", "click", "arrow", "applause", "drumroll", "beep", "exclamation"):
+    for name in ("cash", "click", "arrow", "applause", "drumroll", "card", "hold", "button", "beep", "exclamation"):
         with open(f"{folder}/{name}.wav", "rb") as file:
             waves[name] = array.array("h", file.read()[44:])
     waves["to-end"] = waves["cash"]

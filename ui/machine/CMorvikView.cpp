@@ -9,12 +9,14 @@
 #include <QPainter>
 #include <QStyle>
 #include <QTimerEvent>
+#include <QToolTip>
 #include <utility>
 
 #include "ui/machine/ChangedRegion.h"
 #include "ui/machine/MachineAccess.h"
 #include "ui/machine/MachineKeys.h"
 #include "ui/machine/MachinePainter.h"
+#include "ui/machine/MachineTips.h"
 #include "ui/machine/SceneDescription.h"
 
 namespace {
@@ -79,6 +81,7 @@ void CMorvikView::SetCardStyle(const CardStyle& style) {
 }
 
 void CMorvikView::ShowScene() {
+    LightButton();
     if (shown == seat.scene) return;
     const PayTable& payTable = seat.engine.payTable;
     QRegion changed = ChangedRegion(shown, seat.scene, payTable, places);
@@ -138,6 +141,7 @@ void CMorvikView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintMachine(painter, event->region(), shown, fit, places, seat.engine.payTable,
                  seat.engine.deck.table, pictures, cardStyle, moment, &snapshots);
+    PaintLight(painter);
     const bool isDue = announcementDue.isActive();
     if (QAccessible::isActive() && !isDue) announcementDue.start(kAnnouncementDelay, this);
 }
@@ -187,6 +191,9 @@ bool CMorvikView::event(QEvent* event) {
             actions.EndCountUp();
             StopMoving();
             break;
+        case QEvent::ToolTip:
+            ShowTip(*static_cast<QHelpEvent*>(event));
+            return true;
         default:
             break;
     }
@@ -206,7 +213,38 @@ void CMorvikView::mousePressEvent(QMouseEvent* event) {
 
 void CMorvikView::mouseMoveEvent(QMouseEvent* event) {
     const bool begun = leftDown && leftPress && leftPress->state == Press::State::kBegun;
-    if (begun && !actions.Busy()) input.Drag(leftAt, fit.ToTable(event->position()));
+    const QPoint point = fit.ToTable(event->position());
+    if (begun && !actions.Busy()) input.Drag(leftAt, point);
+    pointer = point;
+    LightButton();
+}
+
+void CMorvikView::leaveEvent(QEvent*) {
+    pointer.reset();
+    LightButton();
+}
+
+// The button under the pointer is a shade brighter while it can be pressed.
+void CMorvikView::LightButton() {
+    const QRect now = pointer ? ButtonUnder(*pointer, seat, places) : QRect();
+    if (now == lightButton) return;
+    Repaint(QRegion(now) + lightButton);
+    lightButton = now;
+}
+
+void CMorvikView::PaintLight(QPainter& painter) const {
+    if (lightButton.isEmpty()) return;
+    const QRectF button = fit.ToClient(lightButton);
+    const double radius = button.height() / 5;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 46));
+    painter.drawRoundedRect(button.adjusted(1, 1, -1, -1), radius, radius);
+}
+
+void CMorvikView::ShowTip(const QHelpEvent& event) {
+    const QString tip = TipAt(fit.ToTable(event.pos()), seat, places);
+    tip.isEmpty() ? QToolTip::hideText() : QToolTip::showText(event.globalPos(), tip, this);
 }
 
 // A button that was down when a flow began goes up with the finger, whatever becomes of the press.

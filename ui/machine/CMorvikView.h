@@ -2,9 +2,11 @@
 #pragma once
 #include <QBasicTimer>
 #include <QHash>
+#include <QHelpEvent>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "game/seat/Seat.h"
 #include "ui/art/CardStyle.h"
@@ -68,6 +70,7 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     void timerEvent(QTimerEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -78,6 +81,9 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     Q_INVOKABLE void TapNow(QPoint point);
     void Lift(const PressInHand& press, QPoint point);
     void Repaint(const QRegion& inTable);
+    void LightButton();
+    void PaintLight(QPainter& painter) const;
+    void ShowTip(const QHelpEvent& event);
     bool MayMove() const;
     QRegion NextFrame();
     void StopMoving();
@@ -101,6 +107,8 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     PressInHand leftPress;  // the last one
     PressInHand rightPress;
     bool leftDown = false;
+    std::optional<QPoint> pointer;     // on the table, while it is over the window
+    QRect lightButton;                 // under it; null when there is none
     QPoint leftAt;                     // where it went down
     QHash<int, PressInHand> keysDown;  // pressed here: a key let go after a dialog is no input
 };

@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr std::array<const char*, 7> kFileNames = {
-    "cash.wav",     "click.wav", "arrow.wav",       "applause.wav",
-    "drumroll.wav", "beep.wav",  "exclamation.wav",
+constexpr std::array kFileNames = {
+    "cash.wav", "click.wav", "arrow.wav",  "applause.wav", "drumroll.wav",
+    "card.wav", "hold.wav",  "button.wav", "beep.wav",     "exclamation.wav",
 };
-constexpr std::size_t kFirstBeep = 5;
+constexpr std::size_t kFirstBeep = 8;
 constexpr qint64 kOpeningTime = 1000;  // milliseconds
 constexpr int kLookInterval = 10;
 

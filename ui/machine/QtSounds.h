@@ -13,8 +13,8 @@
 // not before.
 class QtSounds : public Sounds {
   public:
-    // The folder of cash.wav, click.wav, arrow.wav, applause.wav, drumroll.wav, beep.wav and
-    // exclamation.wav. PlayToEnd stops waiting as soon as closing says that the program ends.
+    // The folder of cash.wav and the others (QtSounds.cpp). PlayToEnd stops waiting as soon as
+    // closing says that the program ends.
     QtSounds(QString folder, std::function<bool()> closing);
 
     void Play(Wave wave) override;
@@ -25,7 +25,7 @@ class QtSounds : public Sounds {
     void Sound(Beep beep) override;
 
   private:
-    static constexpr std::size_t kFiles = 7;
+    static constexpr std::size_t kFiles = 10;
 
     const Samples& SamplesOf(std::size_t file);
 
