@@ -15,11 +15,11 @@
 #include "app/CMorvikDoc.h"
 #include "app/CommandMenu.h"
 #include "app/CommandTable.h"
+#include "app/DesktopPortal.h"
 #include "app/WindowPlaces.h"
 #include "core/paytable/GameCatalogue.h"
 #include "ui/art/PictureStore.h"
 #include "ui/machine/CMorvikView.h"
-#include "ui/machine/ReducedMotion.h"
 
 namespace {
 
@@ -64,7 +64,7 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     view = new CMorvikView(shown.PlayersSeat(), pictures, shown.Actions(),
                            {CommandOfKey, [this](int command) { document->RunKey(command); }});
     setCentralWidget(view);
-    AskForReducedMotion(view, [this] { view->SetReducedMotion(true); });
+    AskForReducedMotion();
     MakeMenus();
     connect(document, &CMorvikDoc::SceneChanged, view, &CMorvikView::ShowScene);
     connect(document, &CMorvikDoc::PayTableChanged, view, &CMorvikView::LayOutMachine);
@@ -80,6 +80,18 @@ void CMainFrame::Show(CMorvikDoc& shown, PictureStore& pictures) {
     UpdateTitle();
     ShowAsItWasLeft(*this, view->sizeHint(), document->Desktop());
     view->setFocus();
+}
+
+// The newer of the two keys says it plainly, the older one is that of one desktop.
+void CMainFrame::AskForReducedMotion() {
+    AskDesktop(view, "org.freedesktop.appearance", "reduced-motion", [this](const QVariant& value) {
+        if (value.toUInt() == 1) view->SetReducedMotion(true);
+    });
+    AskDesktop(view, "org.gnome.desktop.interface", "enable-animations",
+               [this](const QVariant& value) {
+                   const bool none = value.typeId() == QMetaType::Bool && !value.toBool();
+                   if (none) view->SetReducedMotion(true);
+               });
 }
 
 // All that the player has chosen for the desktop is handed on here.

@@ -36,6 +36,7 @@ class CMainFrame : public QMainWindow {
 
   private:
     void ApplyDesktopSettings();
+    void AskForReducedMotion();
     void UpdateTitle();
     void ShowWaitingNote();
     void MakeMenus();

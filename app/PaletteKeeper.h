@@ -18,7 +18,6 @@ class PaletteKeeper : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    Q_INVOKABLE void AskDesktop();
     void Keep();
 
     bool highContrast = false;

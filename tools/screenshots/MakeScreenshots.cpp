@@ -19,6 +19,8 @@ class Studio {
   public:
     explicit Studio(QString target) : target(std::move(target)), program(FolderWithGame()) {
         program.frame->showNormal();
+        program.view->SetAnimation(false);  // as all looks once nothing moves
+        program.document->PlayersSeat().showsHints = false;
     }
 
     TestProgram& Play(int game, QSize size, std::string_view cards, std::size_t count) {
@@ -68,6 +70,8 @@ void ShootGames(Studio& studio) {
     studio.Shoot("jacks-or-better-held");
     p.Key(Qt::Key_D);
     studio.Shoot("jacks-or-better-won");
+    studio.Resize(kLargeWindow);
+    studio.Shoot("royal-flush-1920x1080");
 
     studio.Play(330, kSmallWindow, "2S 2H KD KC 7S", 5);
     Hold(p, {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4});

@@ -59,8 +59,8 @@ int BigWinLine(const Scene& scene, const PayTable& table) {
 
 QRect CelebrationPlace(const MachineLayout& layout) {
     const QRect panel = layout.PayTablePanel();
-    const QPoint start(panel.x() + panel.width() + kMargin,
-                       layout.coin.y() + layout.coin.height() + kMargin);
+    const int top = (layout.coin | layout.plate).bottom() + 1 + kMargin;
+    const QPoint start(panel.x() + panel.width() + kMargin, top);
     const QPoint end(layout.deal.right(), layout.heldMarks[0].rect.y() - kMargin);
     const QRect place(start, end);
     const QSize least = kLeastCelebration;

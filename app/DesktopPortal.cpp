@@ -1,4 +1,4 @@
-#include "ui/machine/ReducedMotion.h"
+#include "app/DesktopPortal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -7,7 +7,6 @@
 #include <QDBusVariant>
 #include <QFile>
 #include <QTimer>
-#include <utility>
 
 namespace {
 
@@ -16,7 +15,7 @@ constexpr int kAnswerTime = 5000;  // milliseconds
 // Without one, asking for the session's bus may start one, which takes its time.
 bool HasBus() {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
 }
 
 // The portal wraps a value in a variant, and older portals in one more.
@@ -27,10 +26,9 @@ QVariant Unwrapped(QVariant value) {
 
 void Ask(QObject* context, const QString& group, const QString& key,
          const std::function<void(const QVariant&)>& answered) {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"),
-        QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
+    QDBusMessage call = QDBusMessage::createMethodCall("org.freedesktop.portal.Desktop",
+                                                       "/org/freedesktop/portal/desktop",
+                                                       "org.freedesktop.portal.Settings", "Read");
     call << group << key;
     auto* watcher = new QDBusPendingCallWatcher(
         QDBusConnection::sessionBus().asyncCall(call, kAnswerTime), context);
@@ -43,19 +41,8 @@ void Ask(QObject* context, const QString& group, const QString& key,
 
 }  // namespace
 
-void AskForReducedMotion(QObject* context, std::function<void()> wished) {
+void AskDesktop(QObject* context, const QString& group, const QString& key,
+                const std::function<void(const QVariant&)>& answered) {
     if (!HasBus()) return;
-    auto* afterStart = new QTimer(context);
-    afterStart->setSingleShot(true);
-    QObject::connect(afterStart, &QTimer::timeout, context, [context, wished = std::move(wished)] {
-        Ask(context, QStringLiteral("org.freedesktop.appearance"), QStringLiteral("reduced-motion"),
-            [wished](const QVariant& value) {
-                if (value.toUInt() == 1) wished();
-            });
-        Ask(context, QStringLiteral("org.gnome.desktop.interface"),
-            QStringLiteral("enable-animations"), [wished](const QVariant& value) {
-                if (value.typeId() == QMetaType::Bool && !value.toBool()) wished();
-            });
-    });
-    afterStart->start(0);
+    QTimer::singleShot(0, context, [=] { Ask(context, group, key, answered); });
 }
