@@ -3,6 +3,7 @@
 
 #include <QToolTip>
 
+#include "game/seat/ShowScene.h"
 #include "tests/ui/TestProgram.h"
 #include "ui/machine/SceneSounds.h"
 
@@ -42,6 +43,23 @@ TEST_F(MachineTipsTest, AButtonIsLitUnderThePointerWhileItCanBePressed) {
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(p.view, &leave);
     EXPECT_TRUE(looksAsBefore());
+}
+
+TEST_F(MachineTipsTest, WhatWouldDoNothingIsDimmed) {
+    TestProgram& p = Start();
+    const Scene& scene = p.ShownScene();
+    EXPECT_TRUE(scene.places[4].holdDimmed && !scene.buttons.dealDimmed);
+    p.Choose(350);
+    p.Key(Qt::Key_D);
+    EXPECT_TRUE(scene.buttons.dealDimmed) << "a pile is chosen instead";
+    EXPECT_FALSE(scene.places[3].holdDimmed || scene.places[4].holdDimmed);
+    p.Key(Qt::Key_Left);
+    EXPECT_FALSE(scene.buttons.dealDimmed || scene.buttons.betsDimmed);
+    p.engine.redBlackPending = true;
+    ShowAtRest(p.document->PlayersSeat());
+    EXPECT_TRUE(scene.buttons.dealDimmed && scene.buttons.betsDimmed);
+    p.engine.redBlackPending = false;
+    ShowAtRest(p.document->PlayersSeat());
 }
 
 TEST(SceneSoundsTest, ACardAHoldAndAButtonAreHeardOnceEach) {
