@@ -63,18 +63,6 @@ TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
     }
 }
 
-TEST_F(MachinePlayTest, AHandIsPlayedByTheKeysOfEitherRow) {
-    TestProgram& p = Start();
-    for (const Qt::KeyboardModifiers row : {Qt::NoModifier, Qt::KeypadModifier}) {
-        p.Stack(kJacks, 8);
-        p.Key(Qt::Key_Space);
-        for (const Qt::Key key : {Qt::Key_1, Qt::Key_5, Qt::Key_2, Qt::Key_5}) p.Key(key, row);
-        EXPECT_EQ(p.Held(), 0b11000);
-        p.Key(Qt::Key_D);
-        EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
-    }
-}
-
 TEST_F(MachinePlayTest, AHandIsPlayedByRightPressesOnTheClothWithKeysAndClicksForItsCards) {
     TestProgram& p = Start();
     p.Stack(kNothing, 5);
@@ -93,34 +81,24 @@ TEST_F(MachinePlayTest, AHandIsPlayedByRightPressesOnTheClothWithKeysAndClicksFo
     EXPECT_TRUE(p.engine.handOver);
 }
 
-TEST_F(MachinePlayTest, AButtonIsDownWhileItIsPressedAndActsWhereItIsLetGo) {
+TEST_F(MachinePlayTest, AButtonIsDownUnderThePointerAloneAndActsWhereItIsLetGo) {
     TestProgram& p = Start();
+    const ButtonLook& deal = p.ShownScene().buttons.deal;
     p.Press(p.Places().deal);
-    EXPECT_EQ(p.ShownScene().buttons.deal, ButtonLook::kPressed);
+    p.MoveTo(p.Places().betOne);
+    EXPECT_EQ(deal, ButtonLook::kReleased);
+    EXPECT_EQ(p.ShownScene().buttons.betOne, ButtonLook::kReleased) << "was not pressed";
+    p.MoveTo(p.Places().deal);
+    EXPECT_EQ(deal, ButtonLook::kPressed);
     p.Release(p.Places().coin);
-    EXPECT_EQ(p.ShownScene().buttons.deal, ButtonLook::kReleased);
-    EXPECT_TRUE(p.engine.handOver) << "not dealt";
+    EXPECT_TRUE(deal == ButtonLook::kReleased && p.engine.handOver) << "not dealt";
+    p.MoveTo(p.Places().deal);
+    EXPECT_EQ(deal, ButtonLook::kReleased) << "nothing is held down";
     p.Deal(kNothing);
     p.Press(p.Places().holdButtons[3]);
     EXPECT_EQ(p.ShownScene().places[3].holdButton, ButtonLook::kPressed);
     EXPECT_EQ(p.Held(), 0b00010) << "held by the press already";
     p.Release(p.Places().coin);
-}
-
-TEST_F(MachinePlayTest, AButtonGoesUpWhenThePointerLeavesItAndDownWhenItComesBack) {
-    TestProgram& p = Start();
-    const ButtonLook& deal = p.ShownScene().buttons.deal;
-    p.Press(p.Places().deal);
-    p.MoveTo(p.Places().coin);
-    EXPECT_EQ(deal, ButtonLook::kReleased);
-    p.MoveTo(p.Places().betOne);
-    EXPECT_EQ(p.ShownScene().buttons.betOne, ButtonLook::kReleased) << "was not pressed";
-    p.MoveTo(p.Places().deal);
-    EXPECT_EQ(deal, ButtonLook::kPressed);
-    p.Release(p.Places().deal);
-    EXPECT_FALSE(p.engine.handOver);
-    p.MoveTo(p.Places().deal);
-    EXPECT_EQ(deal, ButtonLook::kReleased) << "nothing is held down";
 }
 
 TEST_F(MachinePlayTest, AKeyHoldsItsButtonDownAndActsOnceWhenItIsLetGo) {
@@ -415,14 +393,17 @@ TEST_F(MachinePlayTest, TheWindowsOwnPausesLastAndGoOnPainting) {
     EXPECT_EQ(p.Held(), 0b01000);
 }
 
-TEST_F(MachinePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
+TEST_F(MachinePlayTest, OnlyWhatIsPressedAtTheTableIsInput) {
     TestProgram& p = Start();
     QTest::keyRelease(p.view, Qt::Key_D);
     EXPECT_TRUE(p.engine.handOver) << "let go after a dialog has closed";
     QTest::keyPress(p.view, Qt::Key_D);
-    Answer({Press(Qt::Key_Escape)}, [&] { p.Choose(kAbout); });
+    p.Press(p.Places().deal);
+    EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis");
+    EXPECT_EQ(p.frame->focusWidget(), p.view);
     QTest::keyRelease(p.view, Qt::Key_D);
-    EXPECT_TRUE(p.engine.handOver) << "the press was for something before the dialog";
+    p.Release(p.Places().deal);
+    EXPECT_TRUE(p.engine.handOver) << "the presses were for something before the dialog";
     QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_D, Qt::NoModifier, "d", true);
     QTest::keyPress(p.view, Qt::Key_D);
     QApplication::sendEvent(p.view, &repeated);
@@ -432,15 +413,6 @@ TEST_F(MachinePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
     p.Key(Qt::Key_D, Qt::ControlModifier);
     p.Key(Qt::Key_D, Qt::AltModifier);
     EXPECT_FALSE(p.engine.handOver) << "a shortcut is no key of the table";
-}
-
-TEST_F(MachinePlayTest, ADialogThatComesBetweenLiftsTheFingerAndGivesTheKeyboardBack) {
-    TestProgram& p = Start();
-    p.Press(p.Places().deal);
-    EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis");
-    EXPECT_EQ(p.frame->focusWidget(), p.view);
-    p.Release(p.Places().deal);
-    EXPECT_TRUE(p.engine.handOver) << "pressed before the dialog";
 }
 
 TEST_F(MachinePlayTest, DigitsArePlacesOfTheMainRowAndLettersAreFoundWithoutLatinOnes) {
