@@ -304,6 +304,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
 
     // Begins a session. What a feature that still waits is worth is counted in the one that ends.
     void ChooseGame(int game) {
+        while (!E().handOver && !E().fixedHand) TakeStep();
         ExpectCounted();
         doubleUps += E().statistics.doubleUpTries.session;
         p().document->Run(game);
@@ -374,7 +375,6 @@ TEST_F(ImpatientPlayerTest, TheBooksAgreeAndNothingIsForetoldWhateverIsPressedWh
     std::array<int, kRounds> memory{};
     for (int& after : memory) {
         for (const BuiltInGame& game : BuiltInGames()) {
-            while (!E().handOver && !E().fixedHand) TakeStep();
             ChooseGame(game.id);
             for (const int mode : kModes) {
                 for (const int speed : kSpeeds) Sit(mode, speed, wanted);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -331,10 +330,3 @@ TEST(TableFontTest, LongNamesAreWrittenSmallerButStayReadable) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -14,15 +14,14 @@ constexpr std::string_view kJacks = "JS JD TC 9H 2S JC 4C 5C";
 
 class MachinePlayTest : public ProgramTest {
   protected:
-    TestProgram& p() { return *program; }
     MachineSettings& Settings() { return program->engine.settings; }
 
     // Won with the cards dealt.
     void WinWithTwoPair() {
-        p().Deal(kJacksAndTens);
-        p().HoldAll();
-        p().Key(Qt::Key_D);
-        ASSERT_EQ(p().Message(), "WON 10");
+        program->Deal(kJacksAndTens);
+        program->HoldAll();
+        program->Key(Qt::Key_D);
+        ASSERT_EQ(program->Message(), "WON 10");
     }
 };
 
@@ -44,7 +43,6 @@ TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
         TestProgram& p = Start();
         p.frame->resize(window);
         EXPECT_EQ(p.view->fit.zoom > 2, window.width() > 2000);
-        EXPECT_EQ(p.Message(), "PRESS DEAL");
         const std::string credits = p.ShownScene().credits;
         p.Stack(kJacks, 8);
         p.Click(p.Places().deal);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "game/commands/MachineCommands.h"
 #include "game/flows/DoubleUp.h"
 #include "game/flows/HandFlow.h"
 #include "game/seat/ShowScene.h"
