@@ -1,4 +1,4 @@
-// The features, Pick 'Em and fixed hands, played at the table.
+// Double up, the features, Pick 'Em and fixed hands, played at the table.
 #include "tests/ui/TestProgram.h"
 
 namespace {
@@ -23,6 +23,14 @@ class FeaturePlayTest : public ProgramTest {
         p.Key(Qt::Key_D);
         EXPECT_EQ(Credits(), 95);
         return p;
+    }
+
+    // Won with the cards dealt.
+    void WinWithTwoPair() {
+        program->Deal(kJacksAndTens);
+        program->HoldAll();
+        program->Key(Qt::Key_D);
+        ASSERT_EQ(program->Message(), "WON 10");
     }
 
     // All that deals or bets otherwise.
@@ -96,6 +104,51 @@ TEST_F(FeaturePlayTest, WhatWaitsIsPaidWhenItsGameIsLeft) {
         }
         EXPECT_EQ(Stored("Credits"), "100") << command << ": 95, and a first guess is right";
     }
+}
+
+TEST_F(FeaturePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(1);
+    p.Press(p.Places().doubleUp);
+    EXPECT_EQ(p.ShownScene().buttons.doubleUp, ButtonLook::kPressed);
+    p.Release(p.Places().doubleUp);
+    p.Click(p.Places().cards[0]);
+    p.Click(p.Places().deal);
+    p.RightPress(p.Places().namePanel);
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "the dealer's card is none to pick";
+    p.Press(p.Places().holdButtons[1]);
+    EXPECT_EQ(p.ShownScene().places[1].holdButton, ButtonLook::kPressed);
+    Answer({[&](QDialog& dialog) {
+               EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(),
+                         "You doubled up to 20. Double up again to 40?");
+               p.DecideNextDuel(1);
+               Choose(QMessageBox::Yes)(dialog);
+           }},
+           [&] { p.Release(p.Places().holdButtons[1]); });
+    Answer({Choose(QMessageBox::No)}, [&] { p.Click(p.Places().cards[1]); });
+    EXPECT_EQ(p.Meters(), "30 Bonus Credits, bet 5, credits 135") << "95, 10 won, 30 on top";
+}
+
+TEST_F(FeaturePlayTest, APressFromBeforeAQuestionIsNoneAfterIt) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(1);
+    p.Key(Qt::Key_U);
+    p.clock.inPause = [&] { p.Click(p.Places().cards[1]); };
+    Answer({Choose(QMessageBox::Yes)}, [&] { p.Click(p.Places().cards[1]); });
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 1) << "the next one waits";
+}
+
+TEST_F(FeaturePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(-1);
+    p.Keys({Qt::Key_U, Qt::Key_1, Qt::Key_D, Qt::Key_Space, Qt::Key_O, Qt::Key_U, Qt::Key_C});
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "2 to 5 only";
+    EXPECT_EQ(Credits(), 105);
+    p.Key(Qt::Key_2, Qt::KeypadModifier);
+    EXPECT_EQ(p.Meters(), "0 Bonus Credits, bet 5, credits 95");
 }
 
 TEST_F(FeaturePlayTest, APileIsChosenByButtonPlaceOrArrowKey) {

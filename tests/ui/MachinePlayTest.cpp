@@ -15,14 +15,6 @@ constexpr std::string_view kJacks = "JS JD TC 9H 2S JC 4C 5C";
 class MachinePlayTest : public ProgramTest {
   protected:
     MachineSettings& Settings() { return program->engine.settings; }
-
-    // Won with the cards dealt.
-    void WinWithTwoPair() {
-        program->Deal(kJacksAndTens);
-        program->HoldAll();
-        program->Key(Qt::Key_D);
-        ASSERT_EQ(program->Message(), "WON 10");
-    }
 };
 
 TEST_F(MachinePlayTest, ANewcomerIsToldTheKeysUntilThreeHandsArePlayedAndNeverAgain) {
@@ -163,51 +155,6 @@ TEST_F(MachinePlayTest, TheCreditMeterTurnsToCashAndPaysOutByKeysDuringAHandToo)
     Settings().credits = 7;
     p.RightPress(p.Places().creditValue.rect);
     EXPECT_EQ(p.Message(), "Paid $7.00");
-}
-
-TEST_F(MachinePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
-    TestProgram& p = Start();
-    WinWithTwoPair();
-    p.DecideNextDuel(1);
-    p.Press(p.Places().doubleUp);
-    EXPECT_EQ(p.ShownScene().buttons.doubleUp, ButtonLook::kPressed);
-    p.Release(p.Places().doubleUp);
-    p.Click(p.Places().cards[0]);
-    p.Click(p.Places().deal);
-    p.RightPress(p.Places().namePanel);
-    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "the dealer's card is none to pick";
-    p.Press(p.Places().holdButtons[1]);
-    EXPECT_EQ(p.ShownScene().places[1].holdButton, ButtonLook::kPressed);
-    Answer({[&](QDialog& dialog) {
-               EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(),
-                         "You doubled up to 20. Double up again to 40?");
-               p.DecideNextDuel(1);
-               Choose(QMessageBox::Yes)(dialog);
-           }},
-           [&] { p.Release(p.Places().holdButtons[1]); });
-    Answer({Choose(QMessageBox::No)}, [&] { p.Click(p.Places().cards[1]); });
-    EXPECT_EQ(p.Meters(), "30 Bonus Credits, bet 5, credits 135") << "95, 10 won, 30 on top";
-}
-
-TEST_F(MachinePlayTest, APressFromBeforeAQuestionIsNoneAfterIt) {
-    TestProgram& p = Start();
-    WinWithTwoPair();
-    p.DecideNextDuel(1);
-    p.Key(Qt::Key_U);
-    p.clock.inPause = [&] { p.Click(p.Places().cards[1]); };
-    Answer({Choose(QMessageBox::Yes)}, [&] { p.Click(p.Places().cards[1]); });
-    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 1) << "the next one waits";
-}
-
-TEST_F(MachinePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
-    TestProgram& p = Start();
-    WinWithTwoPair();
-    p.DecideNextDuel(-1);
-    p.Keys({Qt::Key_U, Qt::Key_1, Qt::Key_D, Qt::Key_Space, Qt::Key_O, Qt::Key_U, Qt::Key_C});
-    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "2 to 5 only";
-    EXPECT_EQ(Settings().credits, 105);
-    p.Key(Qt::Key_2, Qt::KeypadModifier);
-    EXPECT_EQ(p.Meters(), "0 Bonus Credits, bet 5, credits 95");
 }
 
 TEST_F(MachinePlayTest, APressDuringACountUpOnlyStopsItWithAllThatBelongsToIt) {
