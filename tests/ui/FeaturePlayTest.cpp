@@ -1,4 +1,4 @@
-// The features, Pick 'Em and fixed hands, played at the table.
+// Double up, the features, Pick 'Em and fixed hands, played at the table.
 #include "tests/ui/TestProgram.h"
 
 namespace {
@@ -23,6 +23,14 @@ class FeaturePlayTest : public ProgramTest {
         p.Key(Qt::Key_D);
         EXPECT_EQ(Credits(), 95);
         return p;
+    }
+
+    // Won with the cards dealt.
+    void WinWithTwoPair() {
+        program->Deal(kJacksAndTens);
+        program->HoldAll();
+        program->Key(Qt::Key_D);
+        ASSERT_EQ(program->Message(), "WON 10");
     }
 
     // All that deals or bets otherwise.
@@ -82,47 +90,11 @@ TEST_F(FeaturePlayTest, RedOrBlackIsGuessedByMouseAndKeysUntilAGuessIsWrong) {
     EXPECT_EQ(p.engine.settings.bet, 1) << "a bet again";
 }
 
-TEST_F(FeaturePlayTest, EveryPlayModeLeavesAFeatureWaitingAndPlayable) {
-    for (const int mode : {kModeCasino, kModeWarning, kModeAutoHold, kModeErrorLog}) {
-        Set("Credits", "100");
-        TestProgram& p = StartFeature("RBBonus", kAllRed);
-        p.Key(Qt::Key_R);
-        for (const int chosen : {int{kModeErrorLog}, int{kFixedHand}, mode}) p.Choose(chosen);
-        p.DecideFeatures([](CombinedRandom random) { return random.IRandom(2, 1000) % 2 == 1; });
-        p.Key(Qt::Key_D);
-        p.Click(p.Places().blackPanel);
-        EXPECT_EQ(p.Meters(), "5 Bonus Credits, bet 5, credits 100") << mode;
-        p.Choose(kModeCasino);
-    }
-}
-
-TEST_F(FeaturePlayTest, EveryPlayModeLeavesADoubleUpWaitingAndPlayable) {
-    TestProgram& p = Start();
-    for (const int mode : {kModeCasino, kModeWarning, kModeAutoHold, kModeErrorLog}) {
-        p.Deal(kJacksAndTens);
-        p.HoldAll();
-        p.Key(Qt::Key_D);
-        const int credits = Credits();
-        p.DecideNextDuel(1);
-        p.Key(Qt::Key_U);
-        p.Choose(mode);
-        EXPECT_TRUE(p.engine.handInProgress) << "no card is shuffled";
-        Answer({Choose(QMessageBox::No)}, [&] { p.Key(Qt::Key_2); });
-        EXPECT_EQ(Credits(), credits + 10) << mode;
-        EXPECT_EQ(p.Held(), mode == kModeErrorLog ? 0b11111 : 0) << "as without a double up";
-        p.Choose(kModeCasino);
-    }
-}
-
 TEST_F(FeaturePlayTest, WhatWaitsIsPaidWhenItsGameIsLeft) {
-    int left = 0;
     for (const int command : {int{kExit}, int{kFileNew}}) {
         Set("Credits", "100");
         TestProgram& p = StartFeature("RBBonus", kAllRed);
-        Answer({Press(Qt::Key_Escape), Press(Qt::Key_Escape)}, [&] {
-            p.Choose(kFileNew);
-            p.Choose(kFixedHand);
-        });
+        Answer({Press(Qt::Key_Escape)}, [&] { p.Choose(kFixedHand); });
         EXPECT_TRUE(p.engine.redBlackPending);
         if (command == kFileNew) {
             Answer({Press(Qt::Key_Return)}, [&] { p.Choose(command); });
@@ -131,8 +103,52 @@ TEST_F(FeaturePlayTest, WhatWaitsIsPaidWhenItsGameIsLeft) {
             QApplication::processEvents();
         }
         EXPECT_EQ(Stored("Credits"), "100") << command << ": 95, and a first guess is right";
-        EXPECT_EQ(Stored("BonusTrys", "Jacks or Better(0)"), std::to_string(++left)) << command;
     }
+}
+
+TEST_F(FeaturePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(1);
+    p.Press(p.Places().doubleUp);
+    EXPECT_EQ(p.ShownScene().buttons.doubleUp, ButtonLook::kPressed);
+    p.Release(p.Places().doubleUp);
+    p.Click(p.Places().cards[0]);
+    p.Click(p.Places().deal);
+    p.RightPress(p.Places().namePanel);
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "the dealer's card is none to pick";
+    p.Press(p.Places().holdButtons[1]);
+    EXPECT_EQ(p.ShownScene().places[1].holdButton, ButtonLook::kPressed);
+    Answer({[&](QDialog& dialog) {
+               EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(),
+                         "You doubled up to 20. Double up again to 40?");
+               p.DecideNextDuel(1);
+               Choose(QMessageBox::Yes)(dialog);
+           }},
+           [&] { p.Release(p.Places().holdButtons[1]); });
+    Answer({Choose(QMessageBox::No)}, [&] { p.Click(p.Places().cards[1]); });
+    EXPECT_EQ(p.Meters(), "30 Bonus Credits, bet 5, credits 135") << "95, 10 won, 30 on top";
+}
+
+TEST_F(FeaturePlayTest, APressFromBeforeAQuestionIsNoneAfterIt) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(1);
+    p.Key(Qt::Key_U);
+    p.clock.inPause = [&] { p.Click(p.Places().cards[1]); };
+    Answer({Choose(QMessageBox::Yes)}, [&] { p.Click(p.Places().cards[1]); });
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 1) << "the next one waits";
+}
+
+TEST_F(FeaturePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
+    TestProgram& p = Start();
+    WinWithTwoPair();
+    p.DecideNextDuel(-1);
+    p.Keys({Qt::Key_U, Qt::Key_1, Qt::Key_D, Qt::Key_Space, Qt::Key_O, Qt::Key_U, Qt::Key_C});
+    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "2 to 5 only";
+    EXPECT_EQ(Credits(), 105);
+    p.Key(Qt::Key_2, Qt::KeypadModifier);
+    EXPECT_EQ(p.Meters(), "0 Bonus Credits, bet 5, credits 95");
 }
 
 TEST_F(FeaturePlayTest, APileIsChosenByButtonPlaceOrArrowKey) {
@@ -170,10 +186,8 @@ TEST_F(FeaturePlayTest, OnlyThePilesRespondDuringAPickEmHand) {
 
 TEST_F(FeaturePlayTest, AFixedHandIsComposedByKeyAOrARightPressOnDealInPracticeToo) {
     TestProgram& p = Start();
-    Answer({ClickOn("clear"), ClickOn("card1-1"), ClickOn("card2-1"), ClickOn("card3-13"),
-            ClickOn("card4-9"), ClickOn("card1-2"), ClickOn("ok")},
-           [&] { p.Key(Qt::Key_A); });
-    EXPECT_EQ(p.HandText(), "AS AH KC 9D 2S");
+    Answer({ClickOn("clear"), ClickOn("card1-1"), ClickOn("ok")}, [&] { p.Key(Qt::Key_A); });
+    EXPECT_EQ(p.HandText().substr(0, 2), "AS");
     Answer({ClickOn("clear"), ClickOn("card4-13"), ClickOn("ok")},
            [&] { p.RightPress(p.Places().deal); });
     EXPECT_EQ(p.HandText().substr(0, 2), "KD");

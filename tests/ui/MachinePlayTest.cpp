@@ -14,16 +14,7 @@ constexpr std::string_view kJacks = "JS JD TC 9H 2S JC 4C 5C";
 
 class MachinePlayTest : public ProgramTest {
   protected:
-    TestProgram& p() { return *program; }
     MachineSettings& Settings() { return program->engine.settings; }
-
-    // Won with the cards dealt.
-    void WinWithTwoPair() {
-        p().Deal(kJacksAndTens);
-        p().HoldAll();
-        p().Key(Qt::Key_D);
-        ASSERT_EQ(p().Message(), "WON 10");
-    }
 };
 
 TEST_F(MachinePlayTest, ANewcomerIsToldTheKeysUntilThreeHandsArePlayedAndNeverAgain) {
@@ -44,7 +35,6 @@ TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
         TestProgram& p = Start();
         p.frame->resize(window);
         EXPECT_EQ(p.view->fit.zoom > 2, window.width() > 2000);
-        EXPECT_EQ(p.Message(), "PRESS DEAL");
         const std::string credits = p.ShownScene().credits;
         p.Stack(kJacks, 8);
         p.Click(p.Places().deal);
@@ -60,18 +50,6 @@ TEST_F(MachinePlayTest, AHandIsPlayedByMouseInASmallWindowAndInALargeOne) {
                       p.DoubleClick({panel.bottomRight(), QSize(1, 1)});
                   }),
                   "Pay Table Manager");
-    }
-}
-
-TEST_F(MachinePlayTest, AHandIsPlayedByTheKeysOfEitherRow) {
-    TestProgram& p = Start();
-    for (const Qt::KeyboardModifiers row : {Qt::NoModifier, Qt::KeypadModifier}) {
-        p.Stack(kJacks, 8);
-        p.Key(Qt::Key_Space);
-        for (const Qt::Key key : {Qt::Key_1, Qt::Key_5, Qt::Key_2, Qt::Key_5}) p.Key(key, row);
-        EXPECT_EQ(p.Held(), 0b11000);
-        p.Key(Qt::Key_D);
-        EXPECT_EQ(p.HandText(), "JS JD JC 4C 5C");
     }
 }
 
@@ -93,34 +71,24 @@ TEST_F(MachinePlayTest, AHandIsPlayedByRightPressesOnTheClothWithKeysAndClicksFo
     EXPECT_TRUE(p.engine.handOver);
 }
 
-TEST_F(MachinePlayTest, AButtonIsDownWhileItIsPressedAndActsWhereItIsLetGo) {
+TEST_F(MachinePlayTest, AButtonIsDownUnderThePointerAloneAndActsWhereItIsLetGo) {
     TestProgram& p = Start();
+    const ButtonLook& deal = p.ShownScene().buttons.deal;
     p.Press(p.Places().deal);
-    EXPECT_EQ(p.ShownScene().buttons.deal, ButtonLook::kPressed);
+    p.MoveTo(p.Places().betOne);
+    EXPECT_EQ(deal, ButtonLook::kReleased);
+    EXPECT_EQ(p.ShownScene().buttons.betOne, ButtonLook::kReleased) << "was not pressed";
+    p.MoveTo(p.Places().deal);
+    EXPECT_EQ(deal, ButtonLook::kPressed);
     p.Release(p.Places().coin);
-    EXPECT_EQ(p.ShownScene().buttons.deal, ButtonLook::kReleased);
-    EXPECT_TRUE(p.engine.handOver) << "not dealt";
+    EXPECT_TRUE(deal == ButtonLook::kReleased && p.engine.handOver) << "not dealt";
+    p.MoveTo(p.Places().deal);
+    EXPECT_EQ(deal, ButtonLook::kReleased) << "nothing is held down";
     p.Deal(kNothing);
     p.Press(p.Places().holdButtons[3]);
     EXPECT_EQ(p.ShownScene().places[3].holdButton, ButtonLook::kPressed);
     EXPECT_EQ(p.Held(), 0b00010) << "held by the press already";
     p.Release(p.Places().coin);
-}
-
-TEST_F(MachinePlayTest, AButtonGoesUpWhenThePointerLeavesItAndDownWhenItComesBack) {
-    TestProgram& p = Start();
-    const ButtonLook& deal = p.ShownScene().buttons.deal;
-    p.Press(p.Places().deal);
-    p.MoveTo(p.Places().coin);
-    EXPECT_EQ(deal, ButtonLook::kReleased);
-    p.MoveTo(p.Places().betOne);
-    EXPECT_EQ(p.ShownScene().buttons.betOne, ButtonLook::kReleased) << "was not pressed";
-    p.MoveTo(p.Places().deal);
-    EXPECT_EQ(deal, ButtonLook::kPressed);
-    p.Release(p.Places().deal);
-    EXPECT_FALSE(p.engine.handOver);
-    p.MoveTo(p.Places().deal);
-    EXPECT_EQ(deal, ButtonLook::kReleased) << "nothing is held down";
 }
 
 TEST_F(MachinePlayTest, AKeyHoldsItsButtonDownAndActsOnceWhenItIsLetGo) {
@@ -187,51 +155,6 @@ TEST_F(MachinePlayTest, TheCreditMeterTurnsToCashAndPaysOutByKeysDuringAHandToo)
     Settings().credits = 7;
     p.RightPress(p.Places().creditValue.rect);
     EXPECT_EQ(p.Message(), "Paid $7.00");
-}
-
-TEST_F(MachinePlayTest, ADoubleUpIsWonAgainAndCollectedByMouse) {
-    TestProgram& p = Start();
-    WinWithTwoPair();
-    p.DecideNextDuel(1);
-    p.Press(p.Places().doubleUp);
-    EXPECT_EQ(p.ShownScene().buttons.doubleUp, ButtonLook::kPressed);
-    p.Release(p.Places().doubleUp);
-    p.Click(p.Places().cards[0]);
-    p.Click(p.Places().deal);
-    p.RightPress(p.Places().namePanel);
-    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "the dealer's card is none to pick";
-    p.Press(p.Places().holdButtons[1]);
-    EXPECT_EQ(p.ShownScene().places[1].holdButton, ButtonLook::kPressed);
-    Answer({[&](QDialog& dialog) {
-               EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(),
-                         "You doubled up to 20. Double up again to 40?");
-               p.DecideNextDuel(1);
-               Choose(QMessageBox::Yes)(dialog);
-           }},
-           [&] { p.Release(p.Places().holdButtons[1]); });
-    Answer({Choose(QMessageBox::No)}, [&] { p.Click(p.Places().cards[1]); });
-    EXPECT_EQ(p.Meters(), "30 Bonus Credits, bet 5, credits 135") << "95, 10 won, 30 on top";
-}
-
-TEST_F(MachinePlayTest, APressFromBeforeAQuestionIsNoneAfterIt) {
-    TestProgram& p = Start();
-    WinWithTwoPair();
-    p.DecideNextDuel(1);
-    p.Key(Qt::Key_U);
-    p.clock.inPause = [&] { p.Click(p.Places().cards[1]); };
-    Answer({Choose(QMessageBox::Yes)}, [&] { p.Click(p.Places().cards[1]); });
-    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 1) << "the next one waits";
-}
-
-TEST_F(MachinePlayTest, ADoubleUpIsPlayedByKeysAndLost) {
-    TestProgram& p = Start();
-    WinWithTwoPair();
-    p.DecideNextDuel(-1);
-    p.Keys({Qt::Key_U, Qt::Key_1, Qt::Key_D, Qt::Key_Space, Qt::Key_O, Qt::Key_U, Qt::Key_C});
-    EXPECT_EQ(p.engine.statistics.doubleUpTries.total, 0) << "2 to 5 only";
-    EXPECT_EQ(Settings().credits, 105);
-    p.Key(Qt::Key_2, Qt::KeypadModifier);
-    EXPECT_EQ(p.Meters(), "0 Bonus Credits, bet 5, credits 95");
 }
 
 TEST_F(MachinePlayTest, APressDuringACountUpOnlyStopsItWithAllThatBelongsToIt) {
@@ -415,14 +338,17 @@ TEST_F(MachinePlayTest, TheWindowsOwnPausesLastAndGoOnPainting) {
     EXPECT_EQ(p.Held(), 0b01000);
 }
 
-TEST_F(MachinePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
+TEST_F(MachinePlayTest, OnlyWhatIsPressedAtTheTableIsInput) {
     TestProgram& p = Start();
     QTest::keyRelease(p.view, Qt::Key_D);
     EXPECT_TRUE(p.engine.handOver) << "let go after a dialog has closed";
     QTest::keyPress(p.view, Qt::Key_D);
-    Answer({Press(Qt::Key_Escape)}, [&] { p.Choose(kAbout); });
+    p.Press(p.Places().deal);
+    EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis");
+    EXPECT_EQ(p.frame->focusWidget(), p.view);
     QTest::keyRelease(p.view, Qt::Key_D);
-    EXPECT_TRUE(p.engine.handOver) << "the press was for something before the dialog";
+    p.Release(p.Places().deal);
+    EXPECT_TRUE(p.engine.handOver) << "the presses were for something before the dialog";
     QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_D, Qt::NoModifier, "d", true);
     QTest::keyPress(p.view, Qt::Key_D);
     QApplication::sendEvent(p.view, &repeated);
@@ -432,15 +358,6 @@ TEST_F(MachinePlayTest, OnlyAKeyThatWasPressedAtTheTableIsInput) {
     p.Key(Qt::Key_D, Qt::ControlModifier);
     p.Key(Qt::Key_D, Qt::AltModifier);
     EXPECT_FALSE(p.engine.handOver) << "a shortcut is no key of the table";
-}
-
-TEST_F(MachinePlayTest, ADialogThatComesBetweenLiftsTheFingerAndGivesTheKeyboardBack) {
-    TestProgram& p = Start();
-    p.Press(p.Places().deal);
-    EXPECT_EQ(Told([&] { p.Key(Qt::Key_S); }), "Game Play Analysis");
-    EXPECT_EQ(p.frame->focusWidget(), p.view);
-    p.Release(p.Places().deal);
-    EXPECT_TRUE(p.engine.handOver) << "pressed before the dialog";
 }
 
 TEST_F(MachinePlayTest, DigitsArePlacesOfTheMainRowAndLettersAreFoundWithoutLatinOnes) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QGuiApplication>
 #include <QImage>
 #include <QSvgRenderer>
 #include <map>
@@ -62,7 +61,7 @@ int OpaquePixels(const QImage& image) {
 
 TEST(PicturesTest, EveryPictureIsADrawingOfItsOwnThatCoversAGoodPartOfItsPlace) {
     LoadArt();
-    warnings.clear();
+    qInstallMessageHandler(KeepWarning);
     PictureStore store;
     std::map<QByteArray, Picture> drawn;
     for (const Picture picture : AllPictures()) {
@@ -136,12 +135,4 @@ TEST(PictureStoreTest, OddWishesGetAnEmptyOrAMarkedPixmapAndMemoryStaysBounded) 
     EXPECT_EQ(store.Get(Picture::kFelt, size, 1).cacheKey(), first);
     for (int side = 3200; side < 3205; ++side) store.Get(missing, QSize(side, side), 1);
     EXPECT_NE(store.Get(Picture::kFelt, size, 1).cacheKey(), first) << "forgotten on the way";
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(KeepWarning);
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }

@@ -7,7 +7,6 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <memory>
 
@@ -144,10 +143,4 @@ TEST_F(QtSoundsTest, AServerThatDoesNotAnswerHoldsUpLittle) {
     EXPECT_LT(elapsed.restart(), 500);
     sounds.reset();
     EXPECT_LT(elapsed.elapsed(), 500) << "nor is to close amid a sound";
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }
