@@ -26,7 +26,7 @@ class AnalyzeRun {
             files.Write(reports.back(), problems);
             if (!reports.back().totals.cancelled) continue;
             problems.push_back("cancelled: only a part of the hands of " +
-                               Quoted(chosen.game.name) + " was analysed");
+                               Quoted(chosen.place.gameName) + " was analysed");
             break;
         }
         files.Close(problems);
@@ -98,7 +98,7 @@ std::optional<Failure> ChooseTables(const Options& options, std::vector<ChosenTa
         if (auto failure = ChooseTableOfEveryGame(options, tables)) return failure;
         std::erase_if(tables, [](const ChosenTable& chosen) {
             if (CanAnalyzeGame(chosen.payTable)) return false;
-            Tell(Quoted(chosen.game.name) +
+            Tell(Quoted(chosen.place.gameName) +
                  " is passed over: game analysis is not available for it");
             return true;
         });
@@ -107,7 +107,7 @@ std::optional<Failure> ChooseTables(const Options& options, std::vector<ChosenTa
     ChosenTable& chosen = tables.emplace_back();
     if (auto failure = ChooseTable(options, chosen)) return failure;
     if (CanAnalyzeGame(chosen.payTable)) return std::nullopt;
-    return Failure{kFailed, "game analysis is not available for " + Quoted(chosen.game.name) +
+    return Failure{kFailed, "game analysis is not available for " + Quoted(chosen.place.gameName) +
                                 ": \"tolvane-cli hand\" analyses its hands"};
 }
 

@@ -37,9 +37,7 @@ struct Session {
 
 void SetUp(const Options& options, LineTableCache& tables, Session& session) {
     GameEngine& engine = session.engine;
-    engine.settings.gameId = session.chosen.game.id;
-    engine.settings.gameName = session.chosen.game.name;
-    engine.settings.activeTable = session.chosen.index;
+    SetCurrentTable(engine.settings, session.chosen.place);
     engine.settings.bet = session.chosen.bet;
     engine.settings.coin = options.coin;
     UseTable(engine, session.chosen.payTable, tables);
@@ -66,10 +64,14 @@ void Play(std::int64_t hands, Session& session) {
 
 std::string AsJson(const Session& session, double coin) {
     const ChosenTable& chosen = session.chosen;
-    Json json = {{"game", chosen.game.name},   {"table", chosen.index},
-                 {"bet", chosen.bet},          {"coin", coin},
-                 {"hands", session.hands},     {"seed", session.seed},
-                 {"counters", Json::object()}, {"lines", Json::array()}};
+    Json json = {{"game", chosen.place.gameName},
+                 {"table", chosen.place.tableIndex},
+                 {"bet", chosen.bet},
+                 {"coin", coin},
+                 {"hands", session.hands},
+                 {"seed", session.seed},
+                 {"counters", Json::object()},
+                 {"lines", Json::array()}};
     for (const CounterKey& key : CounterKeys()) {
         json["counters"][std::string(key.key)] = (session.engine.statistics.*key.counter).total;
     }

@@ -17,8 +17,8 @@ std::string DescriptionOf(const Classification& result, const PayTable& table) {
 std::string ResultAsJson(const ChosenTable& chosen, const std::vector<std::string>& cards,
                          const Classification& result) {
     const nlohmann::ordered_json json = {
-        {"game", chosen.game.name}, {"cards", cards},
-        {"line", result.line},      {"description", DescriptionOf(result, chosen.payTable)},
+        {"game", chosen.place.gameName}, {"cards", cards},
+        {"line", result.line},           {"description", DescriptionOf(result, chosen.payTable)},
         {"pay", result.Pay()},
     };
     return JsonText(json);

@@ -18,7 +18,9 @@ constexpr const char* kFooter =
     "\"tolvane-cli help COMMAND\" lists the options of a command.\n\n"
     "Exit status: 0 done; 2 the command line or the cards are wrong; 1 anything else.";
 
-Answer AnswerOf(const Failure& failure) { return {failure.status, "", failure.message}; }
+Answer AnswerOf(const Failure& failure, const std::string& output = "") {
+    return {failure.status, output, failure.message};
+}
 
 std::optional<Failure> CheckTexts(const std::string& commandName,
                                   const std::vector<std::string>& texts) {
@@ -154,12 +156,9 @@ class CommandParser {
                     "no command given: choose one of those in the help"};
         }
         if (help->parsed()) return Help(helpTopic);
-        Answer answer;
-        if (const auto failure = FindEntry(name)->command->run(options, answer.output)) {
-            answer.status = failure->status;
-            answer.problem = failure->message;
-        }
-        return answer;
+        std::string output;
+        const auto failure = FindEntry(name)->command->run(options, output);
+        return failure ? AnswerOf(*failure, output) : Answer{0, output, ""};
     }
 
     CLI::App app;

@@ -153,9 +153,9 @@ Json LineAsJson(const GameReport& report, std::size_t number) {
 Json ReportAsJson(const GameReport& report) {
     const ChosenTable& chosen = report.chosen;
     const GameTotals& totals = report.totals;
-    Json json = {{"game", chosen.game.name},
-                 {"gameId", chosen.game.id},
-                 {"table", chosen.index},
+    Json json = {{"game", chosen.place.gameName},
+                 {"gameId", chosen.place.gameId},
+                 {"table", chosen.place.tableIndex},
                  {"bet", kFullBet},
                  {"coin", report.coin},
                  {"er", totals.er},
@@ -196,8 +196,8 @@ std::string GamesAsText(std::span<const GameReport> reports) {
     for (const GameReport& report : reports) {
         const GameTotals& totals = report.totals;
         text.AddRow(
-            {std::to_string(report.chosen.game.id),
-             Shortened(report.chosen.game.name, kLongestName),
+            {std::to_string(report.chosen.place.gameId),
+             Shortened(report.chosen.place.gameName, kLongestName),
              Percent("%.4f", totals.payoutPercent), FormatDecimals("%.4f", totals.variance),
              Whole(totals.initHandsTotal)},
             {FormatDouble("%7.3f", report.seconds) + (totals.cancelled ? "  cancelled" : "")});

@@ -42,7 +42,7 @@ std::optional<Failure> RunGames(const Options& options, std::string& output) {
     if (auto failure = OpenCatalogue(options, catalogue)) return failure;
     std::vector<GameTables> games;
     for (auto& game : catalogue.games) {
-        auto tables = TableChain({catalogue.file, catalogue.mainPath}, game.name);
+        auto tables = TableChain(catalogue.Main(), game.name);
         // A slot that the player has made no game in yet.
         if (tables.empty() && game.id >= kFirstUserGameId) continue;
         games.push_back({std::move(game), std::move(tables)});

@@ -131,10 +131,7 @@ Json HoldAsJson(const HandReport& report, HoldMask mask) {
                  {"return", hold.expectedReturn},
                  {"total", hold.totalHands},
                  {"nothing", hold.nothing},
-                 {"lines", Json::array()}};
-    for (std::size_t line = 0; line < report.chosen.payTable.lines.size(); ++line) {
-        json["lines"].push_back(hold.lineCounts[line]);
-    }
+                 {"lines", std::span(hold.lineCounts).first(report.chosen.payTable.lines.size())}};
     if (IsDoubleDraw(report)) {
         json["drawAgainLine"] =
             report.analysis.drawAgain[static_cast<std::size_t>(mask)].drawAgainLine;
@@ -166,8 +163,12 @@ std::string HandAsText(const HandReport& report) {
 // All 32 by mask.
 std::string HandAsJson(const HandReport& report) {
     const ChosenTable& chosen = report.chosen;
-    Json json = {{"game", chosen.game.name}, {"gameId", chosen.game.id}, {"table", chosen.index},
-                 {"bet", chosen.bet},        {"coin", report.coin},      {"cards", report.cards},
+    Json json = {{"game", chosen.place.gameName},
+                 {"gameId", chosen.place.gameId},
+                 {"table", chosen.place.tableIndex},
+                 {"bet", chosen.bet},
+                 {"coin", report.coin},
+                 {"cards", report.cards},
                  {"lines", Json::array()}};
     for (const PayLine& line : chosen.payTable.lines) json["lines"].push_back(line.description);
     json["best"] = report.analysis.best;

@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
-#include <functional>
 
 #include "cli/Texts.h"
 
@@ -21,43 +20,59 @@ std::optional<Number> ReadNumber(const std::string& text) {
     return number;
 }
 
-// The parser catches what is thrown here.
-int WholeNumber(const std::string& option, const std::string& text) {
+// Each reads the text of an option, or says what is wrong with it as a sentence goes on behind it.
+int ReadWhole(const std::string& text, std::string& problem) {
     if (const auto number = ReadNumber<int>(text)) return *number;
     const bool digits = text.find_first_not_of("0123456789") == std::string::npos && !text.empty();
-    throw CLI::ValidationError(option + " " + Quoted(text) +
-                               (digits ? " is too large" : " is not a whole number"));
+    problem = digits ? " is too large" : " is not a whole number";
+    return 0;
 }
 
-double CoinValue(const std::string& text) {
+double ReadCoin(const std::string& text, std::string& problem) {
     const auto coin = ReadNumber<double>(text);
     if (coin && *coin > 0 && *coin <= kMaxCoin) return *coin;
-    throw CLI::ValidationError("--coin " + Quoted(text) +
-                               " is not a coin: write dollars, such as 0.25, above 0 and at most " +
-                               std::to_string(static_cast<int>(kMaxCoin)));
+    problem = " is not a coin: write dollars, such as 0.25, above 0 and at most " +
+              std::to_string(static_cast<int>(kMaxCoin));
+    return 0;
 }
 
-void AddNumber(CLI::App& parser, const std::string& name, const std::function<void(int)>& use,
-               const std::string& help) {
-    const auto read = [name, use](const std::string& text) { use(WholeNumber(name, text)); };
-    parser.add_option_function<std::string>(name, read, help)->type_name("N");
+std::int32_t ReadHands(const std::string& text, std::string& problem) {
+    const auto hands = ReadNumber<std::int32_t>(text);
+    if (hands && *hands >= 1) return *hands;
+    problem = ": write how many hands to play, from 1 to 2147483647";
+    return 0;
+}
+
+std::uint32_t ReadSeed(const std::string& text, std::string& problem) {
+    const auto seed = ReadNumber<std::uint32_t>(text);
+    if (!seed) problem = ": write a whole number from 0 to 4294967295";
+    return seed.value_or(0);
+}
+
+template <typename Read, typename Value>
+CLI::Option* AddValue(CLI::App& parser, const std::string& name, const std::string& type, Read read,
+                      Value& value, const std::string& help) {
+    const auto take = [name, read, &value](const std::string& text) {
+        std::string problem;
+        value = read(text, problem);
+        // The parser catches it.
+        if (!problem.empty()) throw CLI::ValidationError(name + " " + Quoted(text) + problem);
+    };
+    return parser.add_option_function<std::string>(name, take, help)->type_name(type);
+}
+
+void AddResultFile(CLI::App& parser, const std::string& name, std::optional<std::string>& path,
+                   const std::string& help) {
+    const auto read = [name](const std::string& text, std::string& problem) {
+        if (text.starts_with("--")) problem = " is no file: put its name behind " + name;
+        return text;
+    };
+    AddValue(parser, name, "FILE", read, path, help);
 }
 
 CLI::Option* AddOptionalGame(CLI::App& parser, Options& options) {
     return parser.add_option("GAME", options.game, "A name in any letter case, or an id")
         ->type_name("");
-}
-
-void AddResultFile(CLI::App& parser, const std::string& name, std::optional<std::string>& path,
-                   const std::string& help) {
-    const auto read = [name, &path](const std::string& text) {
-        if (text.starts_with("--")) {
-            throw CLI::ValidationError(name + " " + Quoted(text) +
-                                       " is no file: put its name behind " + name);
-        }
-        path = text;
-    };
-    parser.add_option_function<std::string>(name, read, help)->type_name("FILE");
 }
 
 }  // namespace
@@ -68,14 +83,9 @@ void AddCommonOptions(CLI::App& parser, Options& options) {
                     "The folder that holds Tolvane.ini, or the shipped Tolvane.114; otherwise\n"
                     "where the window program looks")
         ->type_name("DIR");
-    AddNumber(
-        parser, "--table", [&options](int index) { options.table = index; },
-        "The game's pay table (default 0)");
-    parser
-        .add_option_function<std::string>(
-            "--coin", [&options](const std::string& text) { options.coin = CoinValue(text); },
-            "The coin's value in dollars (default 1.00)")
-        ->type_name("V");
+    AddValue(parser, "--table", "N", ReadWhole, options.table, "The game's pay table (default 0)");
+    AddValue(parser, "--coin", "V", ReadCoin, options.coin,
+             "The coin's value in dollars (default 1.00)");
     parser.add_flag("--json", options.json, "Print JSON");
 }
 
@@ -91,34 +101,14 @@ void AddCards(CLI::App& parser, Options& options, const std::string& help) {
 }
 
 void AddBet(CLI::App& parser, Options& options) {
-    AddNumber(
-        parser, "--bet", [&options](int coins) { options.bet = coins; },
-        "The coins bet (default 5)");
+    AddValue(parser, "--bet", "N", ReadWhole, options.bet, "The coins bet (default 5)");
 }
 
 void AddHandsAndSeed(CLI::App& parser, Options& options) {
-    const auto readHands = [&options](const std::string& text) {
-        const auto hands = ReadNumber<std::int32_t>(text);
-        if (!hands || *hands < 1) {
-            throw CLI::ValidationError("--hands " + Quoted(text) +
-                                       ": write how many hands to play, from 1 to 2147483647");
-        }
-        options.hands = *hands;
-    };
-    const auto readSeed = [&options](const std::string& text) {
-        options.seed = ReadNumber<std::uint32_t>(text);
-        if (!options.seed) {
-            throw CLI::ValidationError("--seed " + Quoted(text) +
-                                       ": write a whole number from 0 to 4294967295");
-        }
-    };
-    parser.add_option_function<std::string>("--hands", readHands, "How many hands to play")
-        ->type_name("N")
+    AddValue(parser, "--hands", "N", ReadHands, options.hands, "How many hands to play")
         ->required();
-    parser
-        .add_option_function<std::string>(
-            "--seed", readSeed, "The same seed gives the same hands; otherwise the clock's")
-        ->type_name("N");
+    AddValue(parser, "--seed", "N", ReadSeed, options.seed,
+             "The same seed gives the same hands; otherwise the clock's");
 }
 
 void AddResultFiles(CLI::App& parser, Options& options) {

@@ -6,7 +6,6 @@
 
 #include "cli/TableChoice.h"
 #include "cli/Texts.h"
-#include "core/profile/AtomicFile.h"
 #include "core/profile/OutputFile.h"
 #include "core/store/AnalysisFiles.h"
 #include "core/store/DataFiles.h"
@@ -92,13 +91,6 @@ std::optional<std::string> FileOf(const std::optional<std::string>& path, std::s
     return (fs::path(*path) / name).string();
 }
 
-// An empty file is what a profile file starts from; it creates none by itself.
-void CreateIfMissing(const std::string& path) {
-    std::error_code error;
-    fs::create_directories(fs::path(path).parent_path(), error);
-    if (!fs::exists(path, error)) ReplaceFile(path, "");
-}
-
 }  // namespace
 
 std::optional<Failure> ResultFiles::Check() const {
@@ -119,9 +111,8 @@ std::optional<Failure> ResultFiles::Check() const {
 }
 
 std::optional<Failure> ResultFiles::CheckTargets(const ChosenTable& chosen) const {
-    const auto summary = SummaryPath(chosen);
-    const auto detail = DetailPath(chosen);
-    for (const auto& [option, path] : {std::pair("--summary ", summary), {"--detail ", detail}}) {
+    for (const auto& [option, path] :
+         {std::pair("--summary ", SummaryPath(chosen)), {"--detail ", DetailPath(chosen)}}) {
         if (!path || !IsOwnFile(*path, options.dataFolder)) continue;
         return Failure{kWrongUse, option + QuotedPath(*path) +
                                       " would replace a file of the program's data: name another "
@@ -131,11 +122,13 @@ std::optional<Failure> ResultFiles::CheckTargets(const ChosenTable& chosen) cons
 }
 
 std::optional<std::string> ResultFiles::SummaryPath(const ChosenTable& chosen) const {
-    return FileOf(options.summaryPath, SummaryFileName(chosen.game.name, chosen.index));
+    return FileOf(options.summaryPath,
+                  SummaryFileName(chosen.place.gameName, chosen.place.tableIndex));
 }
 
 std::optional<std::string> ResultFiles::DetailPath(const ChosenTable& chosen) const {
-    return FileOf(options.detailPath, DetailFileName(chosen.game.name, chosen.index));
+    return FileOf(options.detailPath,
+                  DetailFileName(chosen.place.gameName, chosen.place.tableIndex));
 }
 
 std::string ResultFiles::CachePath() const {
@@ -152,9 +145,8 @@ void ResultFiles::Write(const GameReport& report, std::vector<std::string>& prob
     }
     if (!options.cache) return;
     const std::string path = CachePath();
-    CreateIfMissing(path);
-    const std::string section = TableSection(chosen.game.name, chosen.index);
-    WriteToCache(entries, section, path, cache);
+    const std::string section = TableSection(chosen.place.gameName, chosen.place.tableIndex);
+    WriteToCache(entries, section, {cache, path});
     // What it cannot take, as when there is no such file, it drops without a word.
     const auto& [key, label, value] = entries.front();
     const auto kept = cache.GetString(section, key, "", ProfileFile::kWholeValue, path);

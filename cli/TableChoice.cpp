@@ -63,31 +63,24 @@ Failure UnknownGame(std::string_view text, const std::vector<CatalogueGame>& gam
     return {kWrongUse, "unknown game " + Quoted(text) + DidYouMean(text, names)};
 }
 
-std::optional<Failure> ChooseGame(std::string_view text, const std::vector<CatalogueGame>& games,
-                                  CatalogueGame& chosen) {
-    auto found = games.end();
-    if (IsNumber(text)) {
-        found = std::ranges::find(games, ParseInt(text), &CatalogueGame::id);
-    }
-    if (found == games.end()) {
-        found = std::ranges::find_if(
-            games, [text](const CatalogueGame& game) { return SameText(game.name, text); });
-    }
-    if (found == games.end()) return UnknownGame(text, games);
-    chosen = *found;
-    return std::nullopt;
+// The end when there is none.
+auto FindGame(std::string_view text, const std::vector<CatalogueGame>& games) {
+    const auto byId =
+        IsNumber(text) ? std::ranges::find(games, ParseInt(text), &CatalogueGame::id) : games.end();
+    if (byId != games.end()) return byId;
+    return std::ranges::find_if(
+        games, [text](const CatalogueGame& game) { return SameText(game.name, text); });
 }
 
-Failure NoSuchTable(Catalogue& catalogue, const ChosenTable& chosen) {
-    auto& [file, mainPath, games] = catalogue;
-    const std::string& name = chosen.game.name;
+Failure NoSuchTable(Catalogue& catalogue, const TableOfGame& place) {
     std::vector<std::string> tables;
-    for (const int index : TableChain({file, mainPath}, name)) {
+    for (const int index : TableChain(catalogue.Main(), place.gameName)) {
         tables.push_back(std::to_string(index));
     }
+    const std::string game = Quoted(place.gameName);
     if (tables.empty())
-        return {kFailed, Quoted(name) + " has no pay table in " + QuotedPath(mainPath)};
-    return {kFailed, Quoted(name) + " has no table " + std::to_string(chosen.index) + ": take " +
+        return {kFailed, game + " has no pay table in " + QuotedPath(catalogue.mainPath)};
+    return {kFailed, game + " has no table " + std::to_string(place.tableIndex) + ": take " +
                          Alternatives(tables)};
 }
 
@@ -96,16 +89,15 @@ std::optional<Failure> ChooseBet(const Options& options, ChosenTable& chosen) {
     chosen.bet = options.bet.value_or(std::min(kFullBet, maxBet));
     if (chosen.bet >= 1 && chosen.bet <= maxBet) return std::nullopt;
     return Failure{kWrongUse, "--bet " + std::to_string(chosen.bet) + ": " +
-                                  Quoted(chosen.game.name) + " takes 1 to " +
+                                  Quoted(chosen.place.gameName) + " takes 1 to " +
                                   std::to_string(maxBet) + " coins"};
 }
 
 // False when the game has no table of that index.
-bool LoadTable(Catalogue& catalogue, ChosenTable& chosen) {
-    auto& [file, mainPath, games] = catalogue;
-    const auto& [id, name, offered] = chosen.game;
-    if (!TableExists({file, mainPath}, name, chosen.index)) return false;
-    chosen.payTable = LoadPayTable({file, mainPath}, {id, name, chosen.index}, "");
+bool LoadTable(Catalogue& catalogue, const CatalogueGame& game, int index, ChosenTable& chosen) {
+    chosen.place = {game.id, game.name, index};
+    if (!TableExists(catalogue.Main(), game.name, index)) return false;
+    chosen.payTable = LoadPayTable(catalogue.Main(), chosen.place, "");
     chosen.deck = BuildCardTable(DeckOf(chosen.payTable));
     return true;
 }
@@ -117,12 +109,12 @@ std::string DataFolder(const std::optional<std::string>& named) {
 }
 
 std::optional<Failure> OpenCatalogue(const Options& options, Catalogue& catalogue) {
-    auto& [file, mainPath, games] = catalogue;
-    if (auto failure = FindMainFile(options.dataFolder, mainPath)) return failure;
+    if (auto failure = FindMainFile(options.dataFolder, catalogue.mainPath)) return failure;
+    auto& games = catalogue.games;
     for (const BuiltInGame& game : BuiltInGames()) {
         games.push_back({game.id, std::string(game.name), game.offered});
     }
-    for (const UserGame& game : UserGames({file, mainPath})) {
+    for (const UserGame& game : UserGames(catalogue.Main())) {
         games.push_back({game.id, game.name, true});
     }
     return std::nullopt;
@@ -131,9 +123,11 @@ std::optional<Failure> OpenCatalogue(const Options& options, Catalogue& catalogu
 std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen) {
     Catalogue catalogue;
     if (auto failure = OpenCatalogue(options, catalogue)) return failure;
-    if (auto failure = ChooseGame(options.game, catalogue.games, chosen.game)) return failure;
-    chosen.index = options.table;
-    if (!LoadTable(catalogue, chosen)) return NoSuchTable(catalogue, chosen);
+    const auto game = FindGame(options.game, catalogue.games);
+    if (game == catalogue.games.end()) return UnknownGame(options.game, catalogue.games);
+    if (!LoadTable(catalogue, *game, options.table, chosen)) {
+        return NoSuchTable(catalogue, chosen.place);
+    }
     return ChooseBet(options, chosen);
 }
 
@@ -143,9 +137,7 @@ std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
     if (auto failure = OpenCatalogue(options, catalogue)) return failure;
     for (const CatalogueGame& game : catalogue.games) {
         ChosenTable table;
-        table.game = game;
-        table.index = options.table;
-        if (!LoadTable(catalogue, table)) continue;
+        if (!LoadTable(catalogue, game, options.table, table)) continue;
         if (auto failure = ChooseBet(options, table)) return failure;
         chosen.push_back(std::move(table));
     }
@@ -155,8 +147,9 @@ std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
 }
 
 std::string Heading(const ChosenTable& chosen, int bet, double coin) {
-    return chosen.game.name + " (" + std::to_string(chosen.game.id) + "), table " +
-           std::to_string(chosen.index) + ", bet " + std::to_string(bet) + " x " + Dollars(coin);
+    const auto& [gameId, gameName, tableIndex] = chosen.place;
+    return gameName + " (" + std::to_string(gameId) + "), table " + std::to_string(tableIndex) +
+           ", bet " + std::to_string(bet) + " x " + Dollars(coin);
 }
 
 std::optional<Failure> ReadCards(const std::string& text, const CardTable& deck, std::size_t count,

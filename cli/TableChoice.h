@@ -23,6 +23,8 @@ struct CatalogueGame {
 };
 
 struct Catalogue {
+    ProfileOnDisk Main() { return {file, mainPath}; }
+
     ProfileFile file;
     std::string mainPath;  // of the main profile file, which holds the pay tables
     // All built-in games by rising id, those that the catalogue's look-ups pass over too, then the
@@ -37,8 +39,7 @@ struct Catalogue {
 std::optional<Failure> OpenCatalogue(const Options& options, Catalogue& catalogue);
 
 struct ChosenTable {
-    CatalogueGame game;
-    int index = 0;
+    TableOfGame place;
     PayTable payTable;
     CardTable deck;
     int bet = 0;  // 1..payTable.maxBet; when none was given, five or the most that the table takes

@@ -53,10 +53,6 @@ void ProgressBar::Show(double done, double all) {
     if (now - lastDrawn < kPause) return;
     lastDrawn = now;
     shownPercent = percent;
-    Draw(percent);
-}
-
-void ProgressBar::Draw(int percent) {
     const auto full = static_cast<std::size_t>(percent) * kBarWidth / 100;
     const std::string text = work + std::to_string(percent) + "% [" + std::string(full, '#') +
                              std::string(kBarWidth - full, '.') + "]" + note;

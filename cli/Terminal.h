@@ -39,8 +39,6 @@ class ProgressBar {
   private:
     using Clock = std::chrono::steady_clock;
 
-    void Draw(int percent);
-
     std::string work;
     std::string note;
     bool onTerminal;

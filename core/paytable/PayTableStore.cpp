@@ -28,10 +28,8 @@ LineKeys KeysOf(int line) {
 // One section of the main profile file.
 class TableSectionAccess {
   public:
-    TableSectionAccess(const PayTableFiles& files, const std::string& gameName, int tableIndex)
-        : file(files.main.file),
-          path(files.main.path),
-          section(TableSection(gameName, tableIndex)) {}
+    TableSectionAccess(const ProfileOnDisk& main, const std::string& gameName, int tableIndex)
+        : file(main.file), path(main.path), section(TableSection(gameName, tableIndex)) {}
 
     std::string Text(const std::string& key, std::string_view otherwise = "") const {
         return file.GetString(section, key, otherwise, kTextSize, path);
@@ -130,7 +128,7 @@ void WriteSlot(const PayTableFiles& files, int gameId, const std::string& name) 
 void Write(const PayTableFiles& files, const TableOfGame& place, const PayTableTexts& table,
            const TableLinks& links) {
     WriteSlot(files, place.gameId, place.gameName);
-    const TableSectionAccess section(files, place.gameName, place.tableIndex);
+    const TableSectionAccess section(files.main, place.gameName, place.tableIndex);
     if (links.next) section.Write("NextIndex", *links.next);
     if (links.previous) section.Write("PrevIndex", *links.previous);
     WriteSettings(section, table);
@@ -142,18 +140,6 @@ void Write(const PayTableFiles& files, const TableOfGame& place, const PayTableT
 }
 
 std::string EmptySlotName(int slot) { return "User Game " + std::to_string(slot); }
-
-// No game has the new name, so what stands there is left over. What is renamed already stays.
-void RenameSections(ProfileFile& file, const std::string& oldName, const std::string& newName,
-                    const std::string& path) {
-    for (int i = 0; i <= kLastTableIndex; ++i) {
-        const std::string section = TableSection(oldName, i);
-        const std::string renamed = TableSection(newName, i);
-        if (!file.GetSectionText(section, path)) continue;
-        if (!SameText(oldName, newName)) file.DeleteSection(renamed, path);
-        file.RenameSection(section, renamed, path);
-    }
-}
 
 // Writes the note into the change that it is about, so that both reach the disk at once.
 void Note(const PayTableFiles& files, const TableEdit& edit) {
@@ -179,9 +165,9 @@ bool IsUserGame(int gameId) {
     return gameId >= kFirstUserGameId && gameId < kFirstUserGameId + kMaxUserGames;
 }
 
-std::string UserGameName(const PayTableFiles& files, int slot) {
-    const std::string stored = files.main.file.GetString(kUserGames, std::to_string(slot), "",
-                                                         ProfileFile::kWholeValue, files.main.path);
+std::string UserGameName(const ProfileOnDisk& main, int slot) {
+    const std::string stored = main.file.GetString(kUserGames, std::to_string(slot), "",
+                                                   ProfileFile::kWholeValue, main.path);
     if (stored.size() <= kStoredIdLength + 1) return EmptySlotName(slot);
     return stored.substr(kStoredIdLength + 1);
 }
@@ -201,9 +187,9 @@ std::string GameNameProblem(std::string_view name) {
     return "";
 }
 
-PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& gameName,
+PayTableTexts ReadPayTableTexts(const ProfileOnDisk& main, const std::string& gameName,
                                 int tableIndex) {
-    const TableSectionAccess section(files, gameName, tableIndex);
+    const TableSectionAccess section(main, gameName, tableIndex);
     PayTableTexts table;
     const int type = section.Int("Type", 1);
     if (type >= 1 && type <= 6) table.type = static_cast<GameType>(type);
@@ -223,12 +209,12 @@ PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& g
     return table;
 }
 
-int NextTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
-    return TableSectionAccess(files, gameName, tableIndex).Int("NextIndex", -1);
+int NextTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex) {
+    return TableSectionAccess(main, gameName, tableIndex).Int("NextIndex", -1);
 }
 
-int PreviousTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
-    return TableSectionAccess(files, gameName, tableIndex).Int("PrevIndex", -1);
+int PreviousTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex) {
+    return TableSectionAccess(main, gameName, tableIndex).Int("PrevIndex", -1);
 }
 
 bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const PayTableTexts& table,
@@ -239,17 +225,18 @@ bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const P
     });
 }
 
-std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
+std::optional<int> AppendTable(const PayTableFiles& files, const TableOfGame& game,
                                const PayTableTexts& table) {
-    const auto chain = TableChain(files.main, game.name);
+    const auto chain = TableChain(files.main, game.gameName);
     const int last = chain.empty() ? -1 : chain.back();
     int index = last + 1;
     // A file edited by hand may have a table there that the chain does not lead to.
-    while (!chain.empty() && TableExists(files.main, game.name, index)) ++index;
+    while (!chain.empty() && TableExists(files.main, game.gameName, index)) ++index;
     if (index > kLastTableIndex) return std::nullopt;
     const bool written = files.main.file.Change(files.main.path, [&] {
-        if (last >= 0) TableSectionAccess(files, game.name, last).Write("NextIndex", index);
-        Write(files, {game.id, game.name, index}, table, {-1, last});
+        if (last >= 0)
+            TableSectionAccess(files.main, game.gameName, last).Write("NextIndex", index);
+        Write(files, {game.gameId, game.gameName, index}, table, {-1, last});
     });
     return written ? std::optional(index) : std::nullopt;
 }
@@ -257,14 +244,14 @@ std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& g
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {
     const TableEdit edit{TableEdit::Kind::kTableDeleted, gameName, tableIndex};
     const bool unlinked = files.main.file.Change(files.main.path, [&] {
-        const int next = NextTable(files, gameName, tableIndex);
-        const int previous = PreviousTable(files, gameName, tableIndex);
+        const int next = NextTable(files.main, gameName, tableIndex);
+        const int previous = PreviousTable(files.main, gameName, tableIndex);
         files.main.file.DeleteSection(TableSection(gameName, tableIndex), files.main.path);
         if (TableExists(files.main, gameName, previous)) {
-            TableSectionAccess(files, gameName, previous).Write("NextIndex", next);
+            TableSectionAccess(files.main, gameName, previous).Write("NextIndex", next);
         }
         if (TableExists(files.main, gameName, next)) {
-            TableSectionAccess(files, gameName, next).Write("PrevIndex", previous);
+            TableSectionAccess(files.main, gameName, next).Write("PrevIndex", previous);
         }
         Note(files, edit);
     });
@@ -272,26 +259,24 @@ bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int ta
     return unlinked;
 }
 
-bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game) {
-    const TableEdit edit{TableEdit::Kind::kGameDeleted, game.name};
+bool DeleteGameTables(const PayTableFiles& files, const TableOfGame& game) {
+    const TableEdit edit{TableEdit::Kind::kGameDeleted, game.gameName};
     const bool deleted = files.main.file.Change(files.main.path, [&] {
-        for (int i = 0; i <= kLastTableIndex; ++i) {
-            files.main.file.DeleteSection(TableSection(game.name, i), files.main.path);
-        }
-        WriteSlot(files, game.id, EmptySlotName(game.id - kFirstUserGameId + 1));
+        FollowInSections(files.main, edit);
+        WriteSlot(files, game.gameId, EmptySlotName(game.gameId - kFirstUserGameId + 1));
         Note(files, edit);
     });
     if (deleted) FollowInAnalyses(files, edit);
     return deleted;
 }
 
-bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
+bool RenameGameTables(const PayTableFiles& files, const TableOfGame& game,
                       const std::string& newName) {
     if (!GameNameProblem(newName).empty()) return false;
-    const TableEdit edit{TableEdit::Kind::kGameRenamed, game.name, 0, newName};
+    const TableEdit edit{TableEdit::Kind::kGameRenamed, game.gameName, 0, newName};
     const bool renamed = files.main.file.Change(files.main.path, [&] {
-        RenameSections(files.main.file, game.name, newName, files.main.path);
-        WriteSlot(files, game.id, newName);
+        FollowInSections(files.main, edit);
+        WriteSlot(files, game.gameId, newName);
         Note(files, edit);
     });
     if (renamed) FollowInAnalyses(files, edit);
@@ -315,17 +300,27 @@ void FinishEdit(const ProfileOnDisk& main) {
     main.file.Flush();
 }
 
-// What the disk does not take now, a later flush brings there.
-void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit) {
-    if (edit.kind == TableEdit::Kind::kGameRenamed) {
-        RenameSections(files.main.file, edit.gameName, edit.newName, files.analysisPath);
-    } else {
-        const bool wholeGame = edit.kind == TableEdit::Kind::kGameDeleted;
-        const int first = wholeGame ? 0 : edit.tableIndex;
-        const int last = wholeGame ? kLastTableIndex : edit.tableIndex;
-        for (int i = first; i <= last; ++i) {
-            files.main.file.DeleteSection(TableSection(edit.gameName, i), files.analysisPath);
+// No game has the new name, so what stands there is left over. What is renamed already stays.
+void FollowInSections(const ProfileOnDisk& profile, const TableEdit& edit) {
+    const auto& [file, path] = profile;
+    const bool ofTable =
+        edit.kind == TableEdit::Kind::kTableWritten || edit.kind == TableEdit::Kind::kTableDeleted;
+    const int first = ofTable ? edit.tableIndex : 0;
+    const int last = ofTable ? edit.tableIndex : kLastTableIndex;
+    for (int i = first; i <= last; ++i) {
+        const std::string section = TableSection(edit.gameName, i);
+        if (edit.kind != TableEdit::Kind::kGameRenamed) {
+            file.DeleteSection(section, path);
+        } else if (file.GetSectionText(section, path)) {
+            const std::string renamed = TableSection(edit.newName, i);
+            if (!SameText(section, renamed)) file.DeleteSection(renamed, path);
+            file.RenameSection(section, renamed, path);
         }
     }
+}
+
+// What the disk does not take now, a later flush brings there.
+void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit) {
+    FollowInSections({files.main.file, files.analysisPath}, edit);
     files.main.file.Flush();
 }

@@ -49,11 +49,6 @@ struct PayTableTexts {
 // The number of lines before the first one without a rank.
 int LineCount(const PayTableTexts& table);
 
-struct GameOfTables {
-    int id = 0;
-    std::string name;
-};
-
 struct PayTableFiles {
     ProfileOnDisk main;
     std::string analysisPath;  // need not exist
@@ -78,7 +73,9 @@ struct TableEdit {
 std::optional<TableEdit> ReadUnfinishedEdit(const ProfileOnDisk& main);
 void FinishEdit(const ProfileOnDisk& main);
 
-// The analyses of tables that are not what they were are removed, or renamed with their game.
+// What a file keeps in sections of tables that are not what they were is removed, or renamed with
+// their game: in memory, and of the analyses, as far as the disk takes it now, there too.
+void FollowInSections(const ProfileOnDisk& profile, const TableEdit& edit);
 void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit);
 
 // The neighbours in the chain: -1 none; nothing leaves what is stored.
@@ -93,19 +90,19 @@ bool IsUserGame(int gameId);
 
 // What is stored with user game slot 1..10; a slot without a game has the name "User Game 1" to
 // "User Game 10".
-std::string UserGameName(const PayTableFiles& files, int slot);
+std::string UserGameName(const ProfileOnDisk& main, int slot);
 
 // Why the files could not keep a game under this name, as a sentence; empty when they can.
 std::string GameNameProblem(std::string_view name);
 
 // Everything is empty and the bet 5 where the table does not exist. Lines that are added to a table
 // with wild jacks may be made with them; where other cards are wild, the player decides.
-PayTableTexts ReadPayTableTexts(const PayTableFiles& files, const std::string& gameName,
+PayTableTexts ReadPayTableTexts(const ProfileOnDisk& main, const std::string& gameName,
                                 int tableIndex);
 
 // The index of the next and the previous table, as stored; -1 none.
-int NextTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);
-int PreviousTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);
+int NextTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex);
+int PreviousTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex);
 
 // Keys of lines that the table does not have any more are removed. A rank list that cannot be read
 // is stored as an empty one. The name of a user game goes to its slot.
@@ -113,16 +110,17 @@ bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const P
                    const TableLinks& links);
 
 // Adds a table after the last one of the chain and returns its index: the first one after it that
-// no table has, 0 for a game without tables. Nothing when the last index is taken.
-std::optional<int> AppendTable(const PayTableFiles& files, const GameOfTables& game,
+// no table has, 0 for a game without tables. Nothing when the last index is taken. Here and below
+// a game is meant whatever its table index.
+std::optional<int> AppendTable(const PayTableFiles& files, const TableOfGame& game,
                                const PayTableTexts& table);
 
 // Removes a table, of index 1 or more, from the chain and from the files.
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);
 
 // Removes all tables of a user game, those behind a gap too, and empties its slot.
-bool DeleteGameTables(const PayTableFiles& files, const GameOfTables& game);
+bool DeleteGameTables(const PayTableFiles& files, const TableOfGame& game);
 
 // Gives all tables of a user game, their analyses and its slot another name, which no game has.
-bool RenameGameTables(const PayTableFiles& files, const GameOfTables& game,
+bool RenameGameTables(const PayTableFiles& files, const TableOfGame& game,
                       const std::string& newName);

@@ -4,13 +4,17 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string_view>
 
 #include "core/cards/CardText.h"
+#include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/text/Amount.h"
 #include "core/text/Ranks.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -177,9 +181,14 @@ std::string SummaryText(const std::vector<AnalysisEntry>& entries) {
 }
 
 void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& section,
-                  const std::string& path, ProfileFile& file) {
+                  const ProfileOnDisk& cache) {
+    // An empty file is what a profile file starts from; it creates none by itself.
+    std::error_code error;
+    fs::create_directories(fs::path(cache.path).parent_path(), error);
+    if (!fs::exists(cache.path, error)) ReplaceFile(cache.path, "");
     for (const AnalysisEntry& entry : entries) {
-        if (!entry.key.empty()) file.WriteString(section, entry.key, entry.value, path);
+        if (entry.key.empty()) continue;
+        cache.file.WriteString(section, entry.key, entry.value, cache.path);
     }
 }
 

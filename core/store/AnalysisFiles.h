@@ -9,7 +9,7 @@
 #include "core/analysis/GameAnalysis.h"
 #include "core/profile/OutputFile.h"
 
-class ProfileFile;
+struct ProfileOnDisk;
 
 // One line of the Summary: the label, and the value that the cache stores under the key. The row of
 // column headings has neither key nor label; a label that ends in ';' leaves the payout column
@@ -27,10 +27,11 @@ std::vector<AnalysisEntry> AnalysisEntries(const GameTotals& totals, const PayTa
 // The Summary: "label;value" lines.
 std::string SummaryText(const std::vector<AnalysisEntry>& entries);
 
-// Replaces the keys of a table's section ("%s(%i)") in the cache; the caller flushes. Like all
-// changes to a profile file, dropped when the file does not exist.
+// Replaces the keys of a table's section ("%s(%i)") in the cache, which is begun with its folder
+// where there is none; the caller flushes. Like all changes to a profile file, dropped when the
+// file cannot be read.
 void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& section,
-                  const std::string& path, ProfileFile& file);
+                  const ProfileOnDisk& cache);
 
 // "%s(%i) Summary.txt" and "%s(%i) Detail.txt".
 std::string SummaryFileName(const std::string& gameName, int tableIndex);

@@ -41,6 +41,12 @@ TableOfGame CurrentTable(const MachineSettings& settings) {
     return {settings.gameId, settings.gameName, settings.activeTable};
 }
 
+void SetCurrentTable(MachineSettings& settings, const TableOfGame& table) {
+    settings.gameId = table.gameId;
+    settings.gameName = table.gameName;
+    settings.activeTable = table.tableIndex;
+}
+
 Delays DelaysOf(Speed speed) {
     switch (speed) {
         case Speed::kFast:

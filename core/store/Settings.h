@@ -29,6 +29,7 @@ struct MachineSettings {
 };
 
 TableOfGame CurrentTable(const MachineSettings& settings);
+void SetCurrentTable(MachineSettings& settings, const TableOfGame& table);
 
 // The pauses of the animation, in milliseconds.
 struct Delays {

@@ -1,7 +1,6 @@
 #include "game/commands/GameSelection.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/store/Session.h"
@@ -35,11 +34,8 @@ void Select(Seat& seat, int id, const std::string& name, std::optional<int> tabl
     SettleFeatures(seat);
     seat.engine.handWins = false;
     SaveGame(seat);
-    MachineSettings& settings = seat.engine.settings;
-    settings.gameId = id;
-    settings.gameName = name;
-    settings.activeTable =
-        tableIndex ? *tableIndex : ActiveTable(files.Game(), files.mainPath, name);
+    const int table = tableIndex ? *tableIndex : ActiveTable(files.Game(), files.mainPath, name);
+    SetCurrentTable(seat.engine.settings, {id, name, table});
     LoadGame(seat.engine, files, seat.tables);
     seat.engine.replayIndex = 0;  // of another log
     SaveNewSession(seat);
@@ -47,7 +43,9 @@ void Select(Seat& seat, int id, const std::string& name, std::optional<int> tabl
     seat.display.Relayout();
 }
 
-GameChoice Choose(Seat& seat, int id, std::optional<int> tableIndex) {
+}  // namespace
+
+GameChoice ChooseGame(Seat& seat, int id, std::optional<int> tableIndex) {
     const std::string name = NameOf(seat.files, id);
     if (name.empty()) return GameChoice::kUnknown;
     if (LacksPayTable(seat.files, id, name)) {
@@ -56,14 +54,6 @@ GameChoice Choose(Seat& seat, int id, std::optional<int> tableIndex) {
     }
     Select(seat, id, name, tableIndex);
     return GameChoice::kChosen;
-}
-
-}  // namespace
-
-GameChoice ChooseGame(Seat& seat, int id) { return Choose(seat, id, std::nullopt); }
-
-GameChoice ChooseGameTable(Seat& seat, int id, int tableIndex) {
-    return Choose(seat, id, tableIndex);
 }
 
 // The wins of the lines are kept by their numbers in the game file, and so they are here.

@@ -1,6 +1,8 @@
 // Which game is played on which pay table. A change of either is a new session; what has been
 // played is saved before. Credits, coin, bet and options stay.
 #pragma once
+#include <optional>
+
 #include "game/seat/Seat.h"
 
 enum class GameChoice {
@@ -10,12 +12,9 @@ enum class GameChoice {
                   // told
 };
 
-// A built-in game, or one of the player's own by the id that stands in its slot; on the table that
-// it was last played on.
-GameChoice ChooseGame(Seat& seat, int id);
-
-// As ChooseGame, but on the table of that index.
-GameChoice ChooseGameTable(Seat& seat, int id, int tableIndex);
+// A built-in game, or one of the player's own by the id that stands in its slot; on the table of
+// that index, or else the one that it was last played on.
+GameChoice ChooseGame(Seat& seat, int id, std::optional<int> tableIndex = std::nullopt);
 
 // Takes the current pay table anew from the main profile file, where it may have been changed. The
 // session and its counters go on.

@@ -12,8 +12,7 @@ bool IsInDeck(const GameEngine& engine, CardCode card) {
 }
 
 void TakeNextLoggedHand(GameEngine& engine, const GameFiles& files) {
-    const std::string text = ReadErrorText(files.Game(), StatsSection(engine), engine.replayIndex);
-    const ErrorLogEntry entry = ParseEntry(text);
+    const ErrorLogEntry entry = ParseEntry(LoggedText(engine, files, engine.replayIndex));
     engine.statistics.setCards = entry.hand;
     engine.statistics.setDraws = entry.draws;
     engine.replayIndex = (engine.replayIndex + 1) % kErrorLogSize;
@@ -137,6 +136,10 @@ int Draw(GameEngine& engine) {
 }
 
 }  // namespace
+
+std::string LoggedText(const GameEngine& engine, const GameFiles& files, int index) {
+    return ReadErrorText(files.Game(), StatsSection(engine), index);
+}
 
 void AnalyzeDealtHand(GameEngine& engine) {
     const CardTable& table = engine.deck.table;

@@ -24,6 +24,9 @@ void PrepareSecondDraw(GameEngine& engine);
 // judged by it until the hand is over, also those of a second draw.
 void AnalyzeDealtHand(GameEngine& engine);
 
+// The entry of that index in the error log of the current table, as ReadErrorText has it.
+std::string LoggedText(const GameEngine& engine, const GameFiles& files, int index);
+
 // The held flags as bits, and the bits as held flags.
 HoldMask HeldMask(const GameEngine& engine);
 void HoldCards(GameEngine& engine, HoldMask mask);

@@ -63,25 +63,16 @@ void ShowBonus(Seat& seat, int bonus) {
     ShowMeters(seat);
 }
 
-void StartSpin(Seat& seat) {
+void Start(Seat& seat, bool GameEngine::*feature) {
     Play(seat, Wave::kCash);
-    seat.engine.spinPending = true;
+    seat.engine.*feature = true;
     ShowAtRest(seat);
 }
 
 void StartTarget(Seat& seat) {
-    Play(seat, Wave::kCash);
-    seat.engine.targetPending = true;
     seat.target = {};
     for (int& value : seat.target.values) value = DrawValue(seat, TargetMultiplier);
-    ShowAtRest(seat);
-}
-
-void StartRedBlack(Seat& seat) {
-    Play(seat, Wave::kCash);
-    seat.engine.redBlackPending = true;
-    seat.redBlack = {};
-    ShowAtRest(seat);
+    Start(seat, &GameEngine::targetPending);
 }
 
 // The wheel slows down: five steps for each pause.
@@ -133,10 +124,10 @@ void ShowColourDrawn(Seat& seat) {
     seat.clock.Pause(kColourPause);
 }
 
-void PayRedBlack(Seat& seat) {
-    PayBonus(seat.engine, seat.redBlack.stake);
-    seat.engine.redBlackPending = false;
-    ShowBonus(seat, seat.redBlack.stake);
+void EndWithBonus(Seat& seat, bool GameEngine::*feature, int bonus) {
+    PayBonus(seat.engine, bonus);
+    seat.engine.*feature = false;
+    ShowBonus(seat, bonus);
 }
 
 // Counted as it would have been played, so that the share of tries that pay stays true.
@@ -145,22 +136,17 @@ void SettleRedBlack(Seat& seat) {
         seat.engine.statistics.bonusTries.Add(1);
         seat.redBlack.stake = seat.engine.settings.bet;
     }
-    PayRedBlack(seat);
+    EndWithBonus(seat, &GameEngine::redBlackPending, seat.redBlack.stake);
 }
 
 void SettleTarget(Seat& seat) {
     for (int i = 0; i < kTargets && seat.target.shots < kShots; ++i) FireAt(seat, i);
-    PayBonus(seat.engine, seat.target.stake);
-    seat.engine.targetPending = false;
-    ShowBonus(seat, seat.target.stake);
+    EndWithBonus(seat, &GameEngine::targetPending, seat.target.stake);
 }
 
 void SettleSpin(Seat& seat) {
     seat.engine.statistics.bonusTries.Add(1);
-    const int bonus = DrawValue(seat, SpinMultiplier);
-    PayBonus(seat.engine, bonus);
-    seat.engine.spinPending = false;
-    ShowBonus(seat, bonus);
+    EndWithBonus(seat, &GameEngine::spinPending, DrawValue(seat, SpinMultiplier));
 }
 
 }  // namespace
@@ -174,7 +160,7 @@ void MaybeStartSpinOrTarget(Seat& seat) {
     if (!payTable.spinBonus && !payTable.targetBonus) return;
     const int draw = seat.random.IRandom(1, kHandsPerFeature);
     if (payTable.spinBonus && draw == kSpinDraw) {
-        StartSpin(seat);
+        Start(seat, &GameEngine::spinPending);
     } else if (payTable.targetBonus && draw == kTargetDraw) {
         StartTarget(seat);
     }
@@ -183,7 +169,9 @@ void MaybeStartSpinOrTarget(Seat& seat) {
 void MaybeStartRedBlack(Seat& seat) {
     const HandFeatures& features = seat.engine.features;
     const bool oneColour = features.reds == kHandSize || features.blacks == kHandSize;
-    if (seat.engine.payTable.redBlackBonus && oneColour) StartRedBlack(seat);
+    if (!seat.engine.payTable.redBlackBonus || !oneColour) return;
+    seat.redBlack = {};
+    Start(seat, &GameEngine::redBlackPending);
 }
 
 void Spin(Seat& seat) {
@@ -238,7 +226,7 @@ void GuessColour(Seat& seat, CardColour colour) {
         game.stake = AddCapped(game.stake, engine.settings.bet);
         ShowBonus(seat, game.stake);
     } else {
-        PayRedBlack(seat);
+        EndWithBonus(seat, &GameEngine::redBlackPending, game.stake);
     }
     ShowAtRest(seat);
 }

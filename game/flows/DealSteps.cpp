@@ -38,16 +38,20 @@ bool CanBeginHand(Seat& seat) {
     return true;
 }
 
-void TakeBet(Seat& seat) {
-    GameEngine& engine = seat.engine;
+void WishLuck(Seat& seat) {
     seat.bonusShown = false;
     seat.logsErrors = true;
-    engine.handInProgress = true;
-    if (engine.handWins) ClearLine(seat, engine.finalLine);
-    engine.settings.credits -= engine.settings.bet;
     WithdrawDoubleUp(seat);
     ShowCredits(seat);
     ShowMessage(seat, "GOOD LUCK!");
+}
+
+void TakeBet(Seat& seat) {
+    GameEngine& engine = seat.engine;
+    engine.handInProgress = true;
+    if (engine.handWins) ClearLine(seat, engine.finalLine);
+    engine.settings.credits -= engine.settings.bet;
+    WishLuck(seat);
 }
 
 void PauseAfterDeal(Seat& seat) { seat.clock.Pause(DelaysOf(seat.engine.settings.speed).deal); }

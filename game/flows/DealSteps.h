@@ -16,6 +16,9 @@ bool CanBeginHand(Seat& seat);
 // Takes the bet, and the mark of the last hand's line; the offer of a double up goes with them.
 void TakeBet(Seat& seat);
 
+// What every deal begins with: no offer or feature of the last hand stands.
+void WishLuck(Seat& seat);
+
 void PauseAfterDeal(Seat& seat);
 void PauseAfterCard(Seat& seat);
 

@@ -84,11 +84,9 @@ void Won(Seat& seat) {
     engine.doubleUpClosed = true;
     const std::string question = "You doubled up to " + std::to_string(engine.bonusStake) +
                                  ". Double up again to " + std::to_string(engine.doubleUpTo) + "?";
-    if (seat.player.SaysYes("Double Up Winner", question)) {
-        SetUpPick(seat);
-    } else {
-        Collect(seat);
-    }
+    const bool goesOn = seat.player.SaysYes("Double Up Winner", question);
+    if (goesOn) return SetUpPick(seat);
+    Collect(seat);
 }
 
 void Tied(Seat& seat) {
@@ -97,12 +95,10 @@ void Tied(Seat& seat) {
     ShowDuel(seat, DuelResult::kTied);
     seat.clock.Pause(kResultPause);
     engine.doubleUpClosed = true;
-    if (seat.player.SaysYes("Double Up Tie",
-                            "You have tied the dealer. Do you want to try again?")) {
-        SetUpPick(seat);
-    } else {
-        LeaveDoubleUp(seat);
-    }
+    const bool goesOn =
+        seat.player.SaysYes("Double Up Tie", "You have tied the dealer. Do you want to try again?");
+    if (goesOn) return SetUpPick(seat);
+    LeaveDoubleUp(seat);
 }
 
 void Lost(Seat& seat) {
@@ -154,9 +150,6 @@ void PickDoubleUpCard(Seat& seat, int position) {
 void LeaveDoubleUp(Seat& seat) {
     GameEngine& engine = seat.engine;
     if (!engine.doubleUpPick) return;
-    if (engine.bonusStake > engine.win) {
-        Collect(seat);
-    } else {
-        End(seat);
-    }
+    if (engine.bonusStake > engine.win) return Collect(seat);
+    End(seat);
 }

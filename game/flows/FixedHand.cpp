@@ -1,6 +1,5 @@
 #include "game/flows/FixedHand.h"
 
-#include "core/store/ErrorLog.h"
 #include "game/engine/Dealing.h"
 #include "game/flows/BonusFeatures.h"
 #include "game/flows/DealSteps.h"
@@ -27,11 +26,7 @@ void DealAgain(Seat& seat) {
     ClearMarks(seat);
     engine.finalLine = -1;
     engine.held = {};
-    seat.bonusShown = false;
-    WithdrawDoubleUp(seat);
-    ShowCredits(seat);
-    ShowMessage(seat, "GOOD LUCK!");
-    seat.logsErrors = true;
+    WishLuck(seat);
     const bool pickEm = IsPickEm(engine);
     seat.dealing = !pickEm;
     if (pickEm) {
@@ -74,11 +69,8 @@ void FixedPileChoice(Seat& seat, Pile pile) {
 
 bool NextLoggedHandAvailable(Seat& seat) {
     GameEngine& engine = seat.engine;
-    const auto entry = [&](int index) {
-        return ReadErrorText(seat.files.Game(), StatsSection(engine), index);
-    };
-    if (!entry(engine.replayIndex).empty()) return true;
-    if (entry(0).empty()) {
+    if (!LoggedText(engine, seat.files, engine.replayIndex).empty()) return true;
+    if (LoggedText(engine, seat.files, 0).empty()) {
         seat.player.Tell("Play Error Log", "No errors in log", MessageIcon::kExclamation);
         return false;
     }

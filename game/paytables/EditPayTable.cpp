@@ -10,9 +10,9 @@ void TakeChanges(Seat& seat, const PayTableEditor& editor, const std::string& na
     const MachineSettings& settings = seat.engine.settings;
     const auto& made = editor.MadeActive();
     if (made && (made->gameName != settings.gameName || made->tableIndex != settings.activeTable)) {
-        ChooseGameTable(seat, made->gameId, made->tableIndex);
+        ChooseGame(seat, made->gameId, made->tableIndex);
     } else if (settings.gameName != nameBefore) {
-        ChooseGameTable(seat, settings.gameId, settings.activeTable);
+        ChooseGame(seat, settings.gameId, settings.activeTable);
     } else {
         ReloadPayTable(seat);
     }
@@ -38,20 +38,17 @@ void EditPayTable(Seat& seat, const DataFilePaths& paths) {
 }
 
 void EditCurrentPayTable(Seat& seat, const DataFilePaths& paths) {
-    const MachineSettings& settings = seat.engine.settings;
-    PayTableEditor editor(seat, paths, CurrentTable(settings));
+    PayTableEditor editor(seat, paths, CurrentTable(seat.engine.settings));
     Edit(seat, editor);
 }
 
 void ChooseUserGame(Seat& seat, int id, const DataFilePaths& paths) {
-    const PayTableFiles files{seat.files.Main(), paths.analysisCache};
-    const int slot = id - kFirstUserGameId + 1;
-    const std::string name = UserGameName(files, slot);
-    if (!TableExists(files.main, name, 0)) {
+    const ProfileOnDisk main = seat.files.Main();
+    const std::string name = UserGameName(main, id - kFirstUserGameId + 1);
+    if (!TableExists(main, name, 0)) {
         PayTableEditor editor(seat, paths, {id, name, 0}, true);
         if (!Edit(seat, editor)) return;
-        const bool chosen = editor.MadeActive() && editor.MadeActive()->gameId == id;
-        if (chosen) return;
+        if (editor.MadeActive() && editor.MadeActive()->gameId == id) return;
     }
     ChooseGame(seat, id);
 }

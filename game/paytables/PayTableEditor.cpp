@@ -59,7 +59,7 @@ PayTableFiles PayTableEditor::Files() const {
 
 // The table need not be one of this game.
 void PayTableEditor::Load(const std::string& fromGame, int fromIndex) {
-    texts = ReadPayTableTexts(Files(), fromGame, fromIndex);
+    texts = ReadPayTableTexts(seat.files.Main(), fromGame, fromIndex);
     for (std::size_t i = 0; i < texts.lines.size(); ++i) {
         payoutLoaded[i] = !texts.lines[i].payout.empty();
         maxPayoutLoaded[i] = !texts.lines[i].maxPayout.empty();
@@ -116,11 +116,11 @@ bool PayTableEditor::IsEnabled(FieldPlace place) const {
 const std::string& PayTableEditor::StoredName() const { return newGame ? savedName : gameName; }
 
 bool PayTableEditor::HasNextTable() const {
-    return CanBeGoneTo(NextTable(Files(), StoredName(), tableIndex));
+    return CanBeGoneTo(NextTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
 bool PayTableEditor::HasPreviousTable() const {
-    return CanBeGoneTo(PreviousTable(Files(), StoredName(), tableIndex));
+    return CanBeGoneTo(PreviousTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
 void PayTableEditor::GoTo(int index) {
@@ -129,10 +129,12 @@ void PayTableEditor::GoTo(int index) {
     Load(StoredName(), index);
 }
 
-void PayTableEditor::GoToNextTable() { GoTo(NextTable(Files(), StoredName(), tableIndex)); }
+void PayTableEditor::GoToNextTable() {
+    GoTo(NextTable(seat.files.Main(), StoredName(), tableIndex));
+}
 
 void PayTableEditor::GoToPreviousTable() {
-    if (tableIndex != 0) GoTo(PreviousTable(Files(), StoredName(), tableIndex));
+    if (tableIndex != 0) GoTo(PreviousTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
 void PayTableEditor::Clear() {
@@ -160,21 +162,20 @@ void PayTableEditor::LoadTemplate(PayTableQuestions& questions) {
 }
 
 void PayTableEditor::ChangeGame(PayTableQuestions& questions) {
-    ProfileFile& file = seat.files.file;
-    const std::string& mainPath = seat.files.mainPath;
-    const auto chosen = questions.SelectsGame(SelectableGames({file, mainPath}), gameName);
+    const GameFiles& files = seat.files;
+    const auto chosen = questions.SelectsGame(SelectableGames(files.Main()), gameName);
     if (!chosen) return;
     newGame = false;
     gameName = *chosen;
-    gameId = GameIdFromName({file, mainPath}, gameName);
-    tableIndex = ActiveTable({file, seat.files.gamePath}, mainPath, gameName);
+    gameId = GameIdFromName(files.Main(), gameName);
+    tableIndex = ActiveTable(files.Game(), files.mainPath, gameName);
     Load(gameName, tableIndex);
 }
 
 bool PayTableEditor::IsOtherUserGame(const std::string& name) const {
     const int ownSlot = gameId - kFirstUserGameId + 1;
     for (int slot = 1; slot <= kMaxUserGames; ++slot) {
-        if (slot != ownSlot && SameText(UserGameName(Files(), slot), name)) return true;
+        if (slot != ownSlot && SameText(UserGameName(seat.files.Main(), slot), name)) return true;
     }
     return false;
 }
@@ -202,12 +203,7 @@ std::string PayTableEditor::NewNameProblem(const std::string& name) const {
 
 std::optional<FormProblem> PayTableEditor::Problem() const {
     if (!HasTable()) return {{kNoTable, {FormField::kName}}};
-    std::string name;
-    if (gameName.empty()) {
-        name = "Game name can not be blank";
-    } else if (newGame) {
-        name = NameProblem(gameName);
-    }
+    const std::string name = newGame || gameName.empty() ? NameProblem(gameName) : "";
     if (!name.empty()) return {{name, {FormField::kName}}};
     return FindProblem(texts);
 }
@@ -284,10 +280,8 @@ bool PayTableEditor::Append(PayTableQuestions& questions) {
         return false;
     }
     texts = WithPlainNumbers(texts);
-    const auto index = AppendTable(Files(), Game(), texts);
-    if (!index) {
-        return SaveFails(questions);
-    }
+    const auto index = AppendTable(Files(), Shown(), texts);
+    if (!index) return SaveFails(questions);
     tableIndex = *index;
     return true;
 }
@@ -308,7 +302,7 @@ void PayTableEditor::Delete(PayTableQuestions& questions) {
     if (!confirmed) return;
     UseSavedName();
     const bool deleted =
-        wholeGame ? DeleteGameTables(Files(), Game()) : UnlinkTable(Files(), gameName, tableIndex);
+        wholeGame ? DeleteGameTables(Files(), Shown()) : UnlinkTable(Files(), gameName, tableIndex);
     if (!deleted) {
         SaveFails(questions);
         return;
@@ -345,7 +339,7 @@ void PayTableEditor::LeaveDeletedTable() {
     if (tableIndex == 0) {
         ChooseGame(seat, MachineSettings().gameId);
     } else {
-        ChooseGameTable(seat, settings.gameId, 0);
+        ChooseGame(seat, settings.gameId, 0);
     }
 }
 
@@ -367,9 +361,7 @@ void PayTableEditor::Rename(PayTableQuestions& questions) {
 // The game in play is saved before its statistics are renamed with those of the other files.
 bool PayTableEditor::RenameTo(PayTableQuestions& questions, const std::string& newName) {
     GameEngine& engine = seat.engine;
-    if (!RenameGameTables(Files(), Game(), newName)) {
-        return SaveFails(questions);
-    }
+    if (!RenameGameTables(Files(), Shown(), newName)) return SaveFails(questions);
     const bool inPlay = SameText(engine.settings.gameName, gameName);
     if (inPlay) SaveGame(seat);
     const auto unsaved = FinishInGameFiles({TableEdit::Kind::kGameRenamed, gameName, 0, newName});

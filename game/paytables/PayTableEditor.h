@@ -84,7 +84,6 @@ class PayTableEditor {
 
   private:
     PayTableFiles Files() const;
-    GameOfTables Game() const { return {gameId, gameName}; }
     TableOfGame Shown() const { return {gameId, gameName, tableIndex}; }
     const std::string& StoredName() const;
     void UseSavedName();

@@ -1,6 +1,7 @@
 #include "game/paytables/PayTableForm.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <vector>
 
 #include "core/text/Numbers.h"
@@ -28,47 +29,48 @@ std::optional<std::vector<int>> ReadRanks(const std::string& typed, int highest 
 // 0 for what is no whole number.
 int NumberOf(const std::string& typed) { return ParseInt(PlainWholeNumber(typed).value_or("0")); }
 
-std::string JokersProblem(const std::string& typed) {
-    const int jokers = NumberOf(typed);
-    const bool numeric = typed.empty() || PlainWholeNumber(typed) == "0" || jokers > 0;
-    if (numeric && jokers <= kMaxJokers) return "";
-    return "Number of jokers must be numberic and not greater than 5";
-}
+// What a table keeps to, or what is told and where the player goes on.
+struct Rule {
+    bool kept = false;
+    const char* otherwise = "";
+    FieldPlace where;
+};
 
-std::string WildRanksProblem(const std::string& typed) {
-    const auto ranks = ReadRanks(typed);
-    if (ranks && ranks->size() <= kMaxWildRanks) return "";
-    return "You can not specify more than 5 wild cards and they must be 2-9,T,J,Q,K, or A and "
-           "seperated by a comma";
-}
-
-// A stored 15, which lets only aces pay, has no letter and may be left as it is.
-std::string MinPairProblem(const std::string& typed) {
-    const auto ranks = ReadRanks(typed, kOnlyAcesPay);
-    if (ranks && ranks->size() == (typed.empty() ? 0U : 1U)) return "";
-    return "Min pair can be only one character and must 2-9,T,J,Q,K, or A";
-}
-
-std::string MaxBetProblem(const std::string& typed) {
-    const int bet = NumberOf(typed);
-    if (bet >= 1 && bet <= kHighestMaxBet) return "";
-    return "Max Bet must be numeric, not less than 1 and not greater than 1000";
+std::optional<FormProblem> FirstBroken(std::initializer_list<Rule> rules) {
+    const auto* broken = std::ranges::find(rules, false, &Rule::kept);
+    if (broken == rules.end()) return std::nullopt;
+    return {{broken->otherwise, broken->where}};
 }
 
 std::optional<FormProblem> SettingsProblem(const PayTableTexts& table) {
     using enum FormField;
-    if (auto text = JokersProblem(table.jokers); !text.empty()) return {{text, {kJokers}}};
-    if (auto text = WildRanksProblem(table.wildRanks); !text.empty()) return {{text, {kWildRanks}}};
-    const bool noWilds = table.jokers.empty() && ParseRankList(table.wildRanks) == "";
-    if (table.usesWilds && noWilds && table.type != GameType::kOneEyedJacks) {
-        return {
-            {"You must specify either the number of jokers or a wild card if the Uses Wilds "
-             "box is checked",
-             {kWildRanks}}};
-    }
-    if (auto text = MinPairProblem(table.minPair); !text.empty()) return {{text, {kMinPair}}};
-    if (auto text = MaxBetProblem(table.maxBet); !text.empty()) return {{text, {kMaxBet}}};
-    return std::nullopt;
+    const int jokers = NumberOf(table.jokers);
+    const bool counted =
+        table.jokers.empty() || PlainWholeNumber(table.jokers) == "0" || jokers > 0;
+    const auto wildRanks = ReadRanks(table.wildRanks);
+    const bool someWilds = !table.jokers.empty() || ParseRankList(table.wildRanks) != "";
+    // A stored 15, which lets only aces pay, has no letter and may be left as it is.
+    const auto minPair = ReadRanks(table.minPair, kOnlyAcesPay);
+    const int maxBet = NumberOf(table.maxBet);
+    return FirstBroken({
+        {counted && jokers <= kMaxJokers,
+         "Number of jokers must be numberic and not greater than 5",
+         {kJokers}},
+        {wildRanks && wildRanks->size() <= kMaxWildRanks,
+         "You can not specify more than 5 wild cards and they must be 2-9,T,J,Q,K, or A and "
+         "seperated by a comma",
+         {kWildRanks}},
+        {!table.usesWilds || someWilds || table.type == GameType::kOneEyedJacks,
+         "You must specify either the number of jokers or a wild card if the Uses Wilds "
+         "box is checked",
+         {kWildRanks}},
+        {minPair && minPair->size() == (table.minPair.empty() ? 0U : 1U),
+         "Min pair can be only one character and must 2-9,T,J,Q,K, or A",
+         {kMinPair}},
+        {maxBet >= 1 && maxBet <= kHighestMaxBet,
+         "Max Bet must be numeric, not less than 1 and not greater than 1000",
+         {kMaxBet}},
+    });
 }
 
 bool RequiresWilds(HandRank rank) {
@@ -83,50 +85,38 @@ bool NeedsQuads(HandRank rank) {
            rank == kFiveOfAKindWithOneWild;
 }
 
-// What a line does not take must be readable too: it is stored with the line.
-std::optional<FormProblem> ListProblem(const PayLineTexts& line, int index) {
-    const auto quads = ReadRanks(line.bonusQuads);
-    const FieldPlace place{FormField::kBonusQuads, index};
-    if (quads && quads->empty() && NeedsQuads(line.rank)) {
-        return {
-            {"Bonus quad can not be blank if Bonus 4/5 of a Kind or 5K w/1 Wild rank is selected",
-             place}};
-    }
-    if (!quads) {
-        return {
-            {"You can not specify more than 13 Bonus quads and they must be 2-9,T,J,Q,K, or A "
-             "and seperated by a comma",
-             place}};
-    }
-    if (!ReadRanks(line.kickers)) {
-        return {
-            {"You can not specify more than 13 Trailers and they must be 2-9,T,J,Q,K, or A "
-             "and seperated by a comma",
-             {FormField::kKickers, index}}};
-    }
-    return std::nullopt;
-}
-
 std::optional<FormProblem> LineProblem(const PayTableTexts& table, int index) {
     using enum FormField;
     const PayLineTexts& line = table.lines[static_cast<std::size_t>(index)];
     const bool wilds = table.usesWilds || table.type == GameType::kOneEyedJacks;
-    if (RequiresWilds(line.rank) && !wilds) {
-        return {{"A hand rank that requires wild cards can not be used if there are no wild cards",
-                 {kRank, index}}};
-    }
-    if (line.description.empty()) return {{"Description can not be blank", {kDescription, index}}};
-    if (NumberOf(line.payout) <= 0) {
-        return {{"Payout can not be blank and must be numeric", {kPayout, index}}};
-    }
-    if (NumberOf(line.maxPayout) <= 0) {
-        return {{"Max Payout can not be blank and must be numeric", {kMaxPayout, index}}};
-    }
-    if (auto problem = ListProblem(line, index)) return problem;
-    if (line.rank == HandRank::kOnePair && table.minPair.empty()) {
-        return {{"Minimum pair can not be blank if 1 Pair rank is selected", {kMinPair}}};
-    }
-    return std::nullopt;
+    const auto quads = ReadRanks(line.bonusQuads);
+    // A list that a line does not take must be readable too: it is stored with the line.
+    return FirstBroken({
+        {wilds || !RequiresWilds(line.rank),
+         "A hand rank that requires wild cards can not be used if there are no wild cards",
+         {kRank, index}},
+        {!line.description.empty(), "Description can not be blank", {kDescription, index}},
+        {NumberOf(line.payout) > 0,
+         "Payout can not be blank and must be numeric",
+         {kPayout, index}},
+        {NumberOf(line.maxPayout) > 0,
+         "Max Payout can not be blank and must be numeric",
+         {kMaxPayout, index}},
+        {!quads || !quads->empty() || !NeedsQuads(line.rank),
+         "Bonus quad can not be blank if Bonus 4/5 of a Kind or 5K w/1 Wild rank is selected",
+         {kBonusQuads, index}},
+        {quads.has_value(),
+         "You can not specify more than 13 Bonus quads and they must be 2-9,T,J,Q,K, or A "
+         "and seperated by a comma",
+         {kBonusQuads, index}},
+        {IsRankList(line.kickers),
+         "You can not specify more than 13 Trailers and they must be 2-9,T,J,Q,K, or A "
+         "and seperated by a comma",
+         {kKickers, index}},
+        {line.rank != HandRank::kOnePair || !table.minPair.empty(),
+         "Minimum pair can not be blank if 1 Pair rank is selected",
+         {kMinPair}},
+    });
 }
 
 std::vector<int> RanksOf(const std::string& typed) {

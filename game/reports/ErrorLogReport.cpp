@@ -4,6 +4,7 @@
 
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
+#include "game/engine/Dealing.h"
 #include "game/engine/GameEngine.h"
 #include "game/engine/PlayErrorText.h"
 #include "game/reports/Quotient.h"
@@ -23,18 +24,14 @@ std::string Line(std::string_view label, std::string_view value) {
     return std::string(label) + '\t' + std::string(value) + std::string(kEnd);
 }
 
-std::string EntryOf(const GameEngine& engine, const GameFiles& files, int index) {
-    return ReadErrorText(files.Game(), StatsSection(engine), index);
-}
-
 }  // namespace
 
 bool HasLoggedError(const GameEngine& engine, const GameFiles& files, int index) {
-    return index >= 0 && index < kErrorLogSize && !EntryOf(engine, files, index).empty();
+    return index >= 0 && index < kErrorLogSize && !LoggedText(engine, files, index).empty();
 }
 
 ErrorLogEntry LoggedError(const GameEngine& engine, const GameFiles& files, int index) {
-    return ParseEntry(EntryOf(engine, files, index));
+    return ParseEntry(LoggedText(engine, files, index));
 }
 
 std::string ErrorTitle(int index) { return "Error " + std::to_string(index + 1); }

@@ -22,7 +22,7 @@ constexpr std::size_t kVarianceCell = 11;
 // The analysis of one table.
 class Figures {
   public:
-    Figures(const GameEngine& engine, const AnalysisCache& cache)
+    Figures(const GameEngine& engine, const ProfileOnDisk& cache)
         : cache(cache), section(StatsSection(engine)) {}
 
     std::string Of(std::string_view key, std::string_view otherwise = "0") const {
@@ -32,7 +32,7 @@ class Figures {
     std::string OfLine(std::size_t line) const { return Of("Payline" + std::to_string(line)); }
 
   private:
-    const AnalysisCache& cache;
+    const ProfileOnDisk& cache;
     std::string section;
 };
 
@@ -113,16 +113,16 @@ void ComputeShares(std::vector<LineShare>& shares) {
 
 }  // namespace
 
-bool IsAnalyzed(const GameEngine& engine, const AnalysisCache& cache) {
+bool IsAnalyzed(const GameEngine& engine, const ProfileOnDisk& cache) {
     return !SameText(Figures(engine, cache).Of("ER", kMissing), kMissing);
 }
 
-std::string GameReport(const GameEngine& engine, const AnalysisCache& cache) {
+std::string GameReport(const GameEngine& engine, const ProfileOnDisk& cache) {
     if (!IsAnalyzed(engine, cache)) return PaysText(engine);
     return AnalysisText(engine, Figures(engine, cache));
 }
 
-std::vector<LineShare> LineShares(const GameEngine& engine, const AnalysisCache& cache) {
+std::vector<LineShare> LineShares(const GameEngine& engine, const ProfileOnDisk& cache) {
     if (!IsAnalyzed(engine, cache)) return {};
     const Figures figures(engine, cache);
     std::vector<LineShare> shares;

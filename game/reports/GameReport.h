@@ -5,20 +5,15 @@
 #include <string>
 #include <vector>
 
-class ProfileFile;
 struct GameEngine;
-
-struct AnalysisCache {
-    ProfileFile& file;
-    std::string path;
-};
+struct ProfileOnDisk;
 
 // Whether the cache has an analysis of the engine's game and table.
-bool IsAnalyzed(const GameEngine& engine, const AnalysisCache& cache);
+bool IsAnalyzed(const GameEngine& engine, const ProfileOnDisk& cache);
 
 // Of the engine's game and table: the figures of its analysis, cells parted by tabs, or when there
 // is none its pays and what to do about it. Lines end in "\r\n", but for the last one.
-std::string GameReport(const GameEngine& engine, const AnalysisCache& cache);
+std::string GameReport(const GameEngine& engine, const ProfileOnDisk& cache);
 
 // What a pay line adds to the return and to the variance of the game.
 struct LineShare {
@@ -31,4 +26,4 @@ struct LineShare {
 
 // The pay lines in table order, then the hands that pay nothing; empty when the table was not
 // analysed.
-std::vector<LineShare> LineShares(const GameEngine& engine, const AnalysisCache& cache);
+std::vector<LineShare> LineShares(const GameEngine& engine, const ProfileOnDisk& cache);

@@ -45,18 +45,12 @@ void TakeHand(GameEngine& spare) {
     AnalyzeDealtHand(spare);
 }
 
-std::string WinnersCell(const HoldResult& hold, HandDisplay display) {
-    const std::int64_t winners = hold.totalHands - hold.nothing;
-    if (display == HandDisplay::kHands) return FormatCount(winners);
-    if (display == HandDisplay::kShareOfReturn) return "100.00";
-    if (hold.nothing == 0) return "1:1";
-    return Odds(static_cast<double>(hold.totalHands), static_cast<double>(winners));
-}
-
-std::string LosersCell(const HoldResult& hold, HandDisplay display) {
-    if (display == HandDisplay::kHands) return FormatCount(hold.nothing);
-    if (display == HandDisplay::kShareOfReturn) return "0";
-    return Odds(static_cast<double>(hold.totalHands), static_cast<double>(hold.nothing));
+// Of the draws that win or of those that lose, which make that share of the return.
+std::string DrawsCell(const HoldResult& hold, std::int64_t draws, HandDisplay display,
+                      const char* share) {
+    if (display == HandDisplay::kHands) return FormatCount(draws);
+    if (display == HandDisplay::kShareOfReturn) return share;
+    return Odds(static_cast<double>(hold.totalHands), static_cast<double>(draws));
 }
 
 // A hold and a line that its draws can end in.
@@ -105,10 +99,13 @@ struct Cell {
 
 std::string Row(const GameEngine& engine, HoldMask hold, HandDisplay display) {
     const HoldResult& result = ResultOf(engine, hold);
+    const bool sure = result.nothing == 0 && display == HandDisplay::kOdds;
+    const auto winners =
+        sure ? "1:1" : DrawsCell(result, result.totalHands - result.nothing, display, "100.00");
     std::string text = HoldPattern(engine, hold) + '\t' +
                        FormatDecimals("%-9.4f", result.expectedReturn) + '\t' +
-                       FormatCount(result.totalHands) + '\t' + WinnersCell(result, display) + '\t' +
-                       LosersCell(result, display);
+                       FormatCount(result.totalHands) + '\t' + winners + '\t' +
+                       DrawsCell(result, result.nothing, display, "0");
     for (std::size_t line = engine.payTable.lines.size(); line-- > 0;) {
         text += '\t' + Cell{engine, hold, line}.Text(display);
     }

@@ -42,14 +42,16 @@ class GivenBack {
     const std::int32_t creditsPlayed;
 };
 
+StoredState StateOf(GameEngine& engine) {
+    return {engine.settings, engine.statistics, engine.payTable};
+}
+
 enum class Session { kGoesOn, kBegins };
 
 // In memory alone when the file is not the machine's: there it waits for another file.
 bool Write(Seat& seat, Session session, bool toDisk) {
-    GameEngine& engine = seat.engine;
     const GameFiles& files = seat.files;
-    const StoredState state{engine.settings, engine.statistics, engine.payTable};
-    WriteSession(files.Game(), state, session == Session::kBegins, seat.clock.Now());
+    WriteSession(files.Game(), StateOf(seat.engine), session == Session::kBegins, seat.clock.Now());
     if (!toDisk) return false;
     const bool saved = files.file.Save(files.gamePath);
     if (saved) NoteKept(seat);
@@ -103,10 +105,8 @@ bool WriteCopy(Seat& seat, const std::string& path) {
     const GameFiles& files = seat.files;
     files.file.Flush();
     const std::string text = files.file.WholeText(files.gamePath).value_or("");
-    GameEngine& engine = seat.engine;
     return files.file.Make(path, text, [&] {
-        const StoredState state{engine.settings, engine.statistics, engine.payTable};
-        WriteSession({files.file, path}, state, false, seat.clock.Now());
+        WriteSession({files.file, path}, StateOf(seat.engine), false, seat.clock.Now());
     });
 }
 
@@ -132,9 +132,7 @@ bool SaveGameToStop(Seat& seat) {
 void SaveGameQuietly(Seat& seat) {
     if (StandingOf(seat) != Standing::kOurs) return;
     const GivenBack bet(seat.engine);
-    const GameFiles& files = seat.files;
-    const StoredState state{seat.engine.settings, seat.engine.statistics, seat.engine.payTable};
-    SaveSettings(files.Game(), state, false, seat.clock.Now());
+    SaveSettings(seat.files.Game(), StateOf(seat.engine), false, seat.clock.Now());
 }
 
 bool OwnsGameFile(Seat& seat) {

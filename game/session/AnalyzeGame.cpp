@@ -1,7 +1,7 @@
 #include "game/session/AnalyzeGame.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <optional>
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
@@ -18,70 +18,33 @@ namespace {
 
 constexpr int kCallsBetweenLooks = 64;  // at the window: some hundred microseconds
 
-std::string ProgressText(int percent) {
-    return "Analyzing game..." + std::to_string(percent) + "%";
+// The progress is gone before files are written.
+GameTotals Analyze(Seat& seat, const GameEngine& spare, std::optional<DetailFile>& detail) {
+    GameAnalysisWatcher watcher;
+    if (detail) watcher.hand = [&detail](const PlayedHand& hand) { detail->Write(hand); };
+    WorkProgress progress(seat.player, "Analyzing game...", kCallsBetweenLooks);
+    watcher.progress = [&progress](double done, double all) {
+        return progress.Show(static_cast<int>(done / all * 100));
+    };
+    const auto tables = seat.tables.For(spare.payTable);
+    return AnalyzeGame(*tables, spare.payTable, spare.settings.coin, watcher);
 }
 
-// Shows a run's progress, seldom enough to cost nothing.
-class RunProgress {
-  public:
-    explicit RunProgress(Player& player) : progress(player.ShowProgress(ProgressText(0))) {}
-
-    bool Show(double done, double all) {
-        const int percent = static_cast<int>(done / all * 100);
-        if (percent == shown && ++calls % kCallsBetweenLooks != 0) return true;
-        shown = percent;
-        return progress->Show(ProgressText(percent), percent);
-    }
-
-  private:
-    std::unique_ptr<Progress> progress;
-    int shown = 0;
-    int calls = 0;
-};
-
 // One run, on the game and the table of the spare engine.
-class AnalysisRun {
-  public:
-    AnalysisRun(const GameEngine& spare, const DataFilePaths& paths)
-        : spare(spare),
-          files(AnalysisFilesOf(spare.settings.gameName, spare.settings.activeTable, paths)),
-          cachePath(paths.analysisCache) {}
-
-    void Play(Seat& seat, AnalysisFilesChoice choice) {
-        const PayTable& payTable = spare.payTable;
-        std::optional<DetailFile> detail;
-        if (choice.detail) detail.emplace(files.detail, payTable);
-        GameAnalysisWatcher watcher;
-        if (detail) watcher.hand = [&detail](const PlayedHand& hand) { detail->Write(hand); };
-        {
-            RunProgress progress(seat.player);
-            watcher.progress = [&progress](double done, double all) {
-                return progress.Show(done, all);
-            };
-            const auto tables = seat.tables.For(payTable);
-            totals = AnalyzeGame(*tables, payTable, spare.settings.coin, watcher);
-        }
-        if (detail) detail->Close();
-        Write(seat.files.file, choice);
-    }
-
-  private:
-    void Write(ProfileFile& file, AnalysisFilesChoice choice) const {
-        const auto entries = AnalysisEntries(totals, spare.payTable, spare.settings.coin);
-        if (choice.summary) ReplaceFile(files.summary, SummaryText(entries));
-        // A profile file starts from an empty one; it creates none by itself.
-        std::error_code error;
-        if (!std::filesystem::exists(cachePath, error)) ReplaceFile(cachePath, "");
-        WriteToCache(entries, StatsSection(spare), cachePath, file);
-        file.Flush();  // or a later one: what the disk does not take is kept
-    }
-
-    const GameEngine& spare;
-    AnalysisFilePaths files;
-    const std::string& cachePath;
-    GameTotals totals;
-};
+void Run(Seat& seat, const GameEngine& spare, const DataFilePaths& paths,
+         AnalysisFilesChoice choice) {
+    const auto& [gameId, gameName, tableIndex] = CurrentTable(spare.settings);
+    const AnalysisFilePaths files = AnalysisFilesOf(gameName, tableIndex, paths);
+    std::optional<DetailFile> detail;
+    if (choice.detail) detail.emplace(files.detail, spare.payTable);
+    const GameTotals totals = Analyze(seat, spare, detail);
+    if (detail) detail->Close();
+    const auto entries = AnalysisEntries(totals, spare.payTable, spare.settings.coin);
+    if (choice.summary) ReplaceFile(files.summary, SummaryText(entries));
+    ProfileFile& file = seat.files.file;
+    WriteToCache(entries, StatsSection(spare), {file, paths.analysisCache});
+    file.Flush();  // or a later one: what the disk does not take is kept
+}
 
 // Before a run on a table behind the first hundred of its game the player is asked.
 constexpr int kTablesRunUnasked = 100;
@@ -107,7 +70,7 @@ bool RunShownTable(Seat& seat, GameEngine& spare, const DataFilePaths& paths,
     const auto choice = seat.player.AskAnalysisFiles(AnalysisFilesOf(game, index, paths));
     if (!choice) return false;
     pages.Show(game, index);
-    AnalysisRun(spare, paths).Play(seat, *choice);
+    Run(seat, spare, paths, *choice);
     pages.Show(game, index);
     return true;
 }
@@ -120,13 +83,8 @@ GameReportPages::GameReportPages(Seat& seat, GameEngine& spare, const DataFilePa
 void GameReportPages::ShowCurrent() { LoadSpare(seat, spare); }
 
 void GameReportPages::Show(const std::string& gameName, int tableIndex) {
-    const GameFiles& files = seat.files;
-    MachineSettings& settings = spare.settings;
-    settings.gameId = GameIdFromName(files.Main(), gameName);
-    settings.gameName = gameName;
-    settings.activeTable = tableIndex;
-    LoadGame(spare, files, seat.tables);
-    LoadSettings(files.Game(), settings, spare.statistics, seat.clock.Now());
+    LoadSpareTable(seat, spare,
+                   {GameIdFromName(seat.files.Main(), gameName), gameName, tableIndex});
 }
 
 bool GameReportPages::Choose(const std::string& gameName) {
@@ -152,14 +110,14 @@ std::vector<std::string> GameReportPages::Games() const {
     return SelectableGames(seat.files.Main());
 }
 
-int GameReportPages::NextIndex() const { return NextTable(Files(), GameName(), TableIndex()); }
+int GameReportPages::NextIndex() const {
+    return NextTable(seat.files.Main(), GameName(), TableIndex());
+}
 
 // The first table has none, whatever stands in the file.
 int GameReportPages::PreviousIndex() const {
-    return TableIndex() > 0 ? PreviousTable(Files(), GameName(), TableIndex()) : kNoTable;
+    return TableIndex() > 0 ? PreviousTable(seat.files.Main(), GameName(), TableIndex()) : kNoTable;
 }
-
-PayTableFiles GameReportPages::Files() const { return {seat.files.Main(), cache.path}; }
 
 AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
                                   const DataFilePaths& paths) {
@@ -176,8 +134,7 @@ void AnalyzeGameCommand(Seat& seat, GameEngine& spare, const DataFilePaths& path
                          MessageIcon::kError);
         return;
     }
-    const MachineSettings& settings = seat.engine.settings;
-    if (!TableExists(seat.files.Main(), settings.gameName, 0)) {
+    if (!TableExists(seat.files.Main(), seat.engine.settings.gameName, 0)) {
         TellOfMissingPayTable(seat.player);
         return;
     }

@@ -9,8 +9,6 @@
 #include "game/reports/GameReport.h"
 #include "game/seat/Seat.h"
 
-struct PayTableFiles;
-
 // The report on one table after another. The one shown is the game and the active table of the
 // spare engine; nothing is stored of it. The objects referred to outlive the pages.
 class GameReportPages {
@@ -42,11 +40,10 @@ class GameReportPages {
 
     int NextIndex() const;
     int PreviousIndex() const;
-    PayTableFiles Files() const;
 
     Seat& seat;
     GameEngine& spare;
-    AnalysisCache cache;
+    ProfileOnDisk cache;
 };
 
 // In the data folder; a '/' in the name of the game is a '_' here.

@@ -1,5 +1,7 @@
 #include "game/session/SpareEngine.h"
 
+#include <utility>
+
 #include "core/profile/ProfileFile.h"
 #include "core/store/Session.h"
 #include "game/engine/Autoplay.h"
@@ -10,32 +12,37 @@ namespace {
 
 constexpr std::uint32_t kSpareSeed = 0x9E3779B9;
 constexpr int kShufflePasses = 10;
-constexpr std::int64_t kHandsBetweenLooks = 256;  // at the window: some milliseconds
-
-std::string ProgressText(int percent) { return "Hands played..." + std::to_string(percent) + "%"; }
+constexpr int kHandsBetweenLooks = 256;  // at the window: some milliseconds
 
 void PlayWithProgress(Seat& seat, GameEngine& spare, const GameFiles& files, std::int64_t count) {
-    const auto progress = seat.player.ShowProgress(ProgressText(0));
-    int shown = 0;
+    WorkProgress progress(seat.player, "Hands played...", kHandsBetweenLooks);
     PlayHands(spare, files, count, [&](std::int64_t played) {
         // Of the hands before this one, so that 100 % is never reached.
-        const int percent = static_cast<int>((played - 1) * 100 / count);
-        if (percent == shown && played % kHandsBetweenLooks != 0) return true;
-        shown = percent;
-        return progress->Show(ProgressText(percent), percent);
+        return progress.Show(static_cast<int>((played - 1) * 100 / count));
     });
 }
 
 }  // namespace
 
+WorkProgress::WorkProgress(Player& player, std::string named, int callsBetweenLooks)
+    : work(std::move(named)),
+      callsBetweenLooks(callsBetweenLooks),
+      progress(player.ShowProgress(Text(0))) {}
+
+bool WorkProgress::Show(int percent) {
+    if (++calls % callsBetweenLooks != 0 && percent == shown) return true;
+    shown = percent;
+    return progress->Show(Text(percent), percent);
+}
+
+void LoadSpareTable(Seat& seat, GameEngine& spare, const TableOfGame& table) {
+    SetCurrentTable(spare.settings, table);
+    LoadGame(spare, seat.files, seat.tables);
+    LoadSettings(seat.files.Game(), spare.settings, spare.statistics, seat.clock.Now());
+}
+
 void LoadSpare(Seat& seat, GameEngine& spare) {
-    const GameFiles& files = seat.files;
-    const MachineSettings& players = seat.engine.settings;
-    spare.settings.gameId = players.gameId;
-    spare.settings.gameName = players.gameName;
-    spare.settings.activeTable = players.activeTable;
-    LoadGame(spare, files, seat.tables);
-    LoadSettings(files.Game(), spare.settings, spare.statistics, seat.clock.Now());
+    LoadSpareTable(seat, spare, CurrentTable(seat.engine.settings));
     spare.deck.random.RandomInit(static_cast<std::uint32_t>(seat.clock.Now()) ^ kSpareSeed);
     spare.deck.Shuffle(kShufflePasses);
 }

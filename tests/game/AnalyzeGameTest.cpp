@@ -78,23 +78,18 @@ TEST_F(AnalyzeGameTest, GamesThatCannotBeAnalyzedAreRefused) {
     EXPECT_TRUE(shown.empty());
 }
 
-TEST_F(AnalyzeGameTest, ARunShowsItsProgressAndLeavesThePlayersMachineAlone) {
+TEST_F(AnalyzeGameTest, ARunShowsItsProgressMakesTheFilesAndLeavesThePlayersMachineAlone) {
     const MachineSettings settings = engine.settings;
+    const TemporaryFolder& folder = machine.folder;
+    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
     Command(1);
     const std::string steps = TakeLog();
+    EXPECT_TRUE(steps.starts_with("ask files " + folder.Path("Jacks or Better(0) Summary.txt\n")));
     for (const char* step :
          {"\nprogress Analyzing game...0%\n", "game...1% (1)\n", "game...99% (99)\n"}) {
         EXPECT_NE(steps.find(step), std::string::npos) << step;
     }
     EXPECT_EQ(engine.settings, settings);
-}
-
-TEST_F(AnalyzeGameTest, FilesAreMadeWhereTheDialogSays) {
-    const TemporaryFolder& folder = machine.folder;
-    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
-    Command(1);
-    EXPECT_TRUE(
-        TakeLog().starts_with("ask files " + folder.Path("Jacks or Better(0) Summary.txt\n")));
     const std::string summary = folder.Read("Jacks or Better(0) Summary.txt");
     EXPECT_NE(summary.find("Payout%;99.5439\n"), std::string::npos);
     const std::string detail = folder.Read("Jacks or Better(0) Detail.txt");

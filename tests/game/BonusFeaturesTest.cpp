@@ -166,6 +166,7 @@ TEST_F(BonusFeaturesTest, FeaturesPlayedInOneAnotherArePaidOutAsIfTheyHadBeenPla
         EXPECT_EQ(engine.statistics.bonusCredits.total, bonus);
         EXPECT_EQ(engine.statistics.bonusTries.total - tries.total, begun ? 1 : 3);
         EXPECT_FALSE(FeaturePending(engine));
+        EXPECT_EQ(seat.scene.message, "250 Bonus Credits") << "of the last one, the spin";
         EXPECT_EQ(seat.scene, SceneOf(seat));
         SettleFeatures(seat);
         EXPECT_EQ(engine.settings.credits, owned + bonus) << "once";

@@ -27,7 +27,7 @@ struct GameReportTest : testing::Test {
     TemporaryFolder folder;
     ProfileFile file;
     GameEngine engine;
-    AnalysisCache cache{file, folder.Write("cache.ini", kCache)};
+    ProfileOnDisk cache{file, folder.Write("cache.ini", kCache)};
 };
 
 TEST_F(GameReportTest, ATableIsAnalyzedWhenTheCacheHasItsReturn) {

@@ -101,13 +101,10 @@ TEST_F(HandReportTest, TheHandLentIsTheOneDealtEvenAfterTheDraw) {
     EXPECT_FALSE(spare.fixedHand) << "autoplay would deal it for ever";
 }
 
-TEST_F(HandReportTest, AnIncompleteHandIsNotTaken) {
+TEST_F(HandReportTest, AnIncompleteHandIsNotTakenAndOneNeverCompletedSaysSo) {
     Lend("AS KD TC 9H 2S");
     spare.statistics.setCards[4] = kNoCard;
     EXPECT_FALSE(TakeFixedHand(spare));
-}
-
-TEST_F(HandReportTest, AHandNeverCompletedSaysSo) {
     LoadSpare();
     engine.dealtCopy = {0, 1, 2, 3, kNoCard};
     LendHand(engine, spare);

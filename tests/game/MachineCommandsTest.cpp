@@ -27,8 +27,6 @@ struct MachineCommandsTest : testing::Test, TestSeat {
         return machine.file.GetString(section, key, "(none)", 80, machine.files.gamePath);
     }
 };
-struct MoneyTest : MachineCommandsTest {};
-struct GameSelectionTest : MachineCommandsTest {};
 struct SpareEngineTest : MachineCommandsTest {
     GameEngine spare;
 };
@@ -155,7 +153,7 @@ TEST_F(MachineCommandsTest, TheLogIsClearedWithItsCounts) {
     EXPECT_EQ(engine.replayIndex, 0);
 }
 
-TEST_F(MoneyTest, DollarsBecomeCreditsAndBack) {
+TEST_F(MachineCommandsTest, DollarsBecomeCreditsAndBack) {
     engine.settings.credits = 0;
     engine.settings.coin = 0.05;
     EnterDollars(engine, 100);
@@ -175,7 +173,7 @@ TEST_F(MoneyTest, DollarsBecomeCreditsAndBack) {
     EXPECT_EQ(engine.settings.creditsEntered, 0) << "never below 0";
 }
 
-TEST_F(MoneyTest, CreditsNeverWrap) {
+TEST_F(MachineCommandsTest, CreditsNeverWrap) {
     engine.settings.coin = 0.05;
     engine.settings.credits = INT_MAX - 5;
     engine.settings.creditsEntered = INT_MAX;
@@ -187,9 +185,10 @@ TEST_F(MoneyTest, CreditsNeverWrap) {
     EXPECT_EQ(engine.settings.credits, INT_MAX);
 }
 
-TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
+TEST_F(MachineCommandsTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
     SaveNewSession(seat);
     engine.statistics.handsPlayed.Add(7);
+    engine.payTable.lines[8].totalWins = engine.payTable.lines[8].sessionWins = 5;
     engine.replayIndex = 4;
     ports.now += 3600;
     EXPECT_EQ(ChooseGame(seat, 330), GameChoice::kChosen);
@@ -199,12 +198,15 @@ TEST_F(GameSelectionTest, AnotherGameKeepsTheMoneyAndBothGamesTheirStatistics) {
     EXPECT_EQ(engine.replayIndex, 0);
     EXPECT_EQ(Stored("main", "GameID"), "330");
     EXPECT_EQ(Stored("Deuces Wild(0)", "HandsPlayed"), "0");
+    EXPECT_EQ(engine.statistics.elapsedBase, 0) << "the hours of the other game stay with it";
     ChooseGame(seat, 300);
     EXPECT_EQ(engine.statistics.handsPlayed.total, 7);
     EXPECT_EQ(engine.statistics.elapsedBase, 1);
+    EXPECT_EQ(engine.payTable.lines[8].totalWins, 5);
+    EXPECT_EQ(engine.payTable.lines[8].sessionWins, 0);
 }
 
-TEST_F(GameSelectionTest, GamesThatAreNotThereChangeNothing) {
+TEST_F(MachineCommandsTest, GamesThatAreNotThereChangeNothing) {
     machine.files.mainPath =
         machine.folder.Write("own.ini",
                              "[User Games]\n2=9002,Empty\n7=9007,Practice\n"

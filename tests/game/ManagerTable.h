@@ -75,7 +75,7 @@ class ManagerTable : public TestSeat {
 
     // "My Game" in slot 1, a copy of Jacks or Better, with so many tables.
     void MakeMyGame(int tables = 1) {
-        const auto texts = ReadPayTableTexts(Files(), "Jacks or Better", 0);
+        const auto texts = ReadPayTableTexts(Files().main, "Jacks or Better", 0);
         for (int i = 0; i < tables; ++i) AppendTable(Files(), {9001, "My Game"}, texts);
     }
 

@@ -37,7 +37,8 @@ TEST_F(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
     EXPECT_EQ(EnabledFields(editor, 11), (Fields{kMaxBet})) << "no such line";
     editor.texts.lines[0].kickers = "x";  // from a file edited by hand, which could not be saved
     EXPECT_EQ(EnabledFields(editor, 0), (Fields{kMaxBet, kPayout, kMaxPayout, kKickers}));
-    AppendTable(Files(), {301, "Bonus Poker"}, ReadPayTableTexts(Files(), "Jacks or Better", 0));
+    AppendTable(Files(), {301, "Bonus Poker"},
+                ReadPayTableTexts(Files().main, "Jacks or Better", 0));
     editor.GoToPreviousTable();
     editor.GoToNextTable();
     EXPECT_EQ(editor.TableIndex(), 1);
@@ -89,7 +90,7 @@ TEST_F(PayTableEditorTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
 TEST_F(PayTableEditorTest, ANewGameTakesNoNameOfAnother) {
     MakeMyGame();
     auto editor = Manager("User Game 2", 9002, 0, true);
-    editor.texts = ReadPayTableTexts(Files(), "My Game", 0);
+    editor.texts = ReadPayTableTexts(Files().main, "My Game", 0);
     const std::pair<const char*, const char*> refusals[] = {
         {"", "Game name can not be blank"},
         {"deuces wild",

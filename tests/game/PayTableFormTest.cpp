@@ -196,7 +196,7 @@ TEST(PayTableFormTest, ShippedTextsBecomeTheTableThatIsLoaded) {
     const std::string path = TOLVANE_DATA_FOLDER "/Tolvane.ini";
     for (const BuiltInGame& game : BuiltInGames()) {
         const std::string name(game.name);
-        const auto texts = ReadPayTableTexts({file, path, ""}, name, 0);
+        const auto texts = ReadPayTableTexts({file, path}, name, 0);
         EXPECT_EQ(TableOf(texts, game.id),
                   WithoutDescriptions(LoadPayTable({file, path}, {game.id, name}, "")))
             << name;

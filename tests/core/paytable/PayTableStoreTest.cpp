@@ -8,7 +8,7 @@
 
 namespace {
 
-const GameOfTables kMine{9003, "My Game"};
+const TableOfGame kMine{9003, "My Game"};
 
 // A table with so many lines, of payouts 1, 2, ...
 PayTableTexts Table(int lines) {
@@ -42,7 +42,7 @@ class PayTableStoreTest : public testing::Test {
         std::string text;
         int before = -1;
         for (const int index : TableChain(files.main, game)) {
-            EXPECT_EQ(PreviousTable(files, game, index), before);
+            EXPECT_EQ(PreviousTable(files.main, game, index), before);
             text += (before < 0 ? "" : ">") + std::to_string(index);
             before = index;
         }
@@ -93,12 +93,12 @@ TEST_F(PayTableStoreTest, AShippedTableReadAndWrittenIsTheSame) {
         const std::string name(game.name);
         const TableOfGame built{game.id, name};
         ASSERT_TRUE(
-            WritePayTable(files, built, ReadPayTableTexts(release, name, 0), kNoNeighbours));
+            WritePayTable(files, built, ReadPayTableTexts(release.main, name, 0), kNoNeighbours));
         const std::string section = TableSection(name, 0);
         EXPECT_EQ(file.GetSectionText(section, files.main.path),
                   file.GetSectionText(section, shipped));
     }
-    EXPECT_EQ(UserGameName(files, 3), "My Game") << "a built-in game has no slot";
+    EXPECT_EQ(UserGameName(files.main, 3), "My Game") << "a built-in game has no slot";
 }
 
 TEST_F(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
@@ -107,7 +107,7 @@ TEST_F(PayTableStoreTest, OnlyWildJacksAreTakenIntoNewLinesByThemselves) {
         table.type = type;
         table.usesWilds = true;
         ASSERT_TRUE(WritePayTable(files, {9003, "My Game", 0}, table, kNoNeighbours));
-        const auto read = ReadPayTableTexts(files, kMine.name, 0);
+        const auto read = ReadPayTableTexts(files.main, kMine.gameName, 0);
         EXPECT_FALSE(read.lines[1].wildsOK) << "as stored";
         EXPECT_EQ(read.lines[2].wildsOK, type == GameType::kOneEyedJacks);
         EXPECT_EQ(read.minPair, "") << "a blank lowest pair is stored blank";
@@ -122,7 +122,7 @@ TEST_F(PayTableStoreTest, AShorterTableLeavesNoLinesOfALongerOneAndKeepsTheChain
     const auto text = file.GetSectionText("My Game(1)", files.main.path);
     EXPECT_EQ(text->find("Rank4="), std::string::npos);
     EXPECT_EQ(text->find("14="), std::string::npos);
-    EXPECT_EQ(ReadPayTableTexts(files, "My Game", 1), Table(4));
+    EXPECT_EQ(ReadPayTableTexts(files.main, "My Game", 1), Table(4));
     EXPECT_EQ(Chain(), "0>1>2");
 }
 
@@ -131,7 +131,7 @@ TEST_F(PayTableStoreTest, AppendingOverwritesNoTableThatTheChainMisses) {
     file.WriteString("My Game(0)", "NextIndex", "-1", files.main.path);
     EXPECT_EQ(AppendTable(files, kMine, Table(9)), 3);
     EXPECT_EQ(Chain(), "0>3");
-    EXPECT_EQ(ReadPayTableTexts(files, "My Game", 1), Table(2));
+    EXPECT_EQ(ReadPayTableTexts(files.main, "My Game", 1), Table(2));
     ASSERT_TRUE(WritePayTable(files, {9003, "My Game", kLastTableIndex - 1}, Table(1), {-1, 3}));
     file.WriteInt("My Game(3)", "NextIndex", kLastTableIndex - 1, files.main.path);
     EXPECT_EQ(AppendTable(files, kMine, Table(1)), kLastTableIndex);
@@ -158,8 +158,8 @@ TEST_F(PayTableStoreTest, RenamingAndDeletingAGameReachItsTablesBehindAGapAndNoO
     file.WriteString("Other(3)", "PayLines", "7", files.main.path);  // left over
     ASSERT_TRUE(RenameGameTables(files, kMine, "Other"));
     EXPECT_EQ(Chain("Other"), "0>2>3");
-    EXPECT_EQ(ReadPayTableTexts(files, "Other", 1), Table(2));
-    EXPECT_EQ(ReadPayTableTexts(files, "Other", 3), Table(4));
+    EXPECT_EQ(ReadPayTableTexts(files.main, "Other", 1), Table(2));
+    EXPECT_EQ(ReadPayTableTexts(files.main, "Other", 3), Table(4));
     EXPECT_TRUE(HasAnalysis("Other", 1));
     EXPECT_EQ(Main().find("My Game("), std::string::npos);
     EXPECT_EQ(GameIdFromName(files.main, "other"), 9003);

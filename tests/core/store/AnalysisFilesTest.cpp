@@ -83,10 +83,10 @@ TEST(AnalysisFilesTest, SummaryAndCacheSectionAreTheGoldenOnes) {
     EXPECT_EQ(ValueOf(quarter, "Coin"), "0.25");
     EXPECT_EQ(ValueOf(quarter, "Cost"), "3,248,700.0000");  // a quarter of 12,994,800
     EXPECT_EQ(ValueOf(quarter, "Payout%"), "99.5439");
-    WriteToCache(quarter, kSection, path, file);
+    WriteToCache(quarter, kSection, {file, path});
     const auto entries = EntriesOf(JacksOrBetter(), 1);
     EXPECT_EQ(SummaryText(entries), Golden("jacks-or-better-summary.txt"));
-    WriteToCache(entries, kSection, path, file);
+    WriteToCache(entries, kSection, {file, path});
     ASSERT_TRUE(file.Flush());
     EXPECT_EQ(folder.Read("cache.ini"), others + Golden("jacks-or-better-cache.ini"))
         << "another run replaces every key of its section";

@@ -58,6 +58,13 @@ class MigrationTest : public testing::Test {
         EXPECT_EQ(Read("Tolvane.old"), "of an earlier time");
     }
 
+    // The program lies in a folder that its player cannot write.
+    void Install() {
+        paths = FindDataFiles(
+            {folder.Path(std::string(kData) + "Tolvane"), false, folder.Path("share"), ""});
+        ASSERT_TRUE(CreateDataFolder(*paths));
+    }
+
     std::string Read(const std::string& name) const { return folder.Read(kData + name); }
 
     FileMap Files(const std::string& subfolder = kData) const {
@@ -93,9 +100,7 @@ TEST_F(MigrationTest, TheFirstStartMakesTheShippedFilesTheLiveOnes) {
 TEST_F(MigrationTest, AProgramInAFolderThatCannotBeWrittenStartsOnCopies) {
     WriteShippedFiles();
     const FileMap shipped = Files();
-    paths = FindDataFiles(
-        {folder.Path(std::string(kData) + "Tolvane"), false, folder.Path("share"), ""});
-    ASSERT_TRUE(CreateDataFolder(*paths));
+    Install();
     Start();
     EXPECT_EQ(Files("share/Tolvane/"), kFreshFiles);
     EXPECT_EQ(Files(), shipped);
@@ -258,9 +263,7 @@ TEST_F(InterruptedMigrationTest, WhatCannotBeBroughtOverIsNamedAndWaitedFor) {
 
 // A start with no room for the shipped pay tables ended so once, the main profile file gone.
 TEST_F(InterruptedMigrationTest, WhatAnInstalledProgramCouldNotFetchIsFetched) {
-    paths = FindDataFiles(
-        {folder.Path(std::string(kData) + "Tolvane"), false, folder.Path("share"), ""});
-    ASSERT_TRUE(CreateDataFolder(*paths));
+    Install();
     folder.Write("share/Tolvane/Tolvane.old", "[User Games]\n1=401,Mine\n");
     folder.Write("share/Tolvane/Game Analyses.old", "[Mine(0)]\nER=98\nNothing=5\t6\n");
     Start();

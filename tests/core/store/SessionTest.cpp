@@ -16,19 +16,9 @@ class SessionTest : public testing::Test {
   protected:
     void Open(const std::string& contents) {
         path = folder.Write("game.qdx", contents);
-        LoadGame();
-        LoadSettings({file, path}, settings, statistics, kNoon);
-    }
-    void LoadGame() {
         LoadStatistics({file, path}, Section(), 52, statistics);
         table = LoadPayTable({file, mainPath}, CurrentTable(settings), path);
-    }
-    void SwitchTo(const std::string& game, int tableIndex, std::int64_t now) {
-        EXPECT_TRUE(Save(false, now));
-        settings.gameName = game;
-        settings.activeTable = tableIndex;
-        LoadGame();
-        EXPECT_TRUE(Save(true, now));
+        LoadSettings({file, path}, settings, statistics, kNoon);
     }
     bool Save(bool startSession, std::int64_t now) {
         return SaveSettings({file, path}, {settings, statistics, table}, startSession, now);
@@ -42,10 +32,7 @@ class SessionTest : public testing::Test {
     std::string HoursStored() const { return Stored(Section(), "ElapsedTime"); }
 
     TemporaryFolder folder;
-    const std::string mainPath =
-        folder.Write("main.ini",
-                     "[Jacks or Better(0)]\nPayLines=2\n[Jacks or Better(2)]\nPayLines=1\n"
-                     "[Deuces Wild(0)]\nPayLines=1\n");
+    const std::string mainPath = folder.Write("main.ini", "[Jacks or Better(0)]\nPayLines=2\n");
     std::string path;
     ProfileFile file;
     MachineSettings settings;
@@ -112,26 +99,6 @@ TEST_F(SessionTest, ASaveLeavesTheRestOfTheFileAsItWas) {
 
     EXPECT_TRUE(Save(false, kNoon));
     EXPECT_EQ(folder.Read("game.qdx"), saved) << "what is not changed is the same to the byte";
-}
-
-TEST_F(SessionTest, SwitchingGamesAndTablesKeepsTheTotalsOfEach) {
-    Open("[Jacks or Better(0)]\nHandsPlayed=100\nPayLine1Won=4\nElapsedTime=1.00\n");
-    statistics.handsPlayed.Add(3);
-    table.lines[1].sessionWins++;
-    table.lines[1].totalWins++;
-    statistics.sessionDollarsIn = 20;
-    SwitchTo("Deuces Wild", 0, kNoon + 30 * kMinute);
-    EXPECT_EQ(statistics.elapsedBase, 0) << "the hours of the other game stay with it";
-    EXPECT_EQ(statistics.sessionDollarsIn, 0);
-    statistics.handsPlayed.Add(7);
-    SwitchTo("Jacks or Better", 2, kNoon + 60 * kMinute);
-    EXPECT_EQ(statistics.handsPlayed, Counter());
-    SwitchTo("Jacks or Better", 0, kNoon + 90 * kMinute);
-    EXPECT_EQ(statistics.handsPlayed, (Counter{0, 103}));
-    EXPECT_EQ(table.lines[1].totalWins, 5);
-    EXPECT_EQ(table.lines[1].sessionWins, 0);
-    EXPECT_EQ(Stored("Deuces Wild(0)", "HandsPlayed"), "7");
-    EXPECT_EQ(Stored("Deuces Wild(0)", "ElapsedTime"), "0.50");
 }
 
 TEST_F(SessionTest, AResetStoresZeroesAndKeepsTheLogAndTheFixedHand) {
