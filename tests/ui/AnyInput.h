@@ -39,10 +39,10 @@ class AnyInput {
                 program.Click(spot);
         }
     }
-    void Key(const TestProgram& program, Qt::Key key) {
+    void Key(const TestProgram& program, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         const int part = Any(0, 5);
-        if (part != 0) QTest::keyPress(program.view, key);
-        if (part != 1) QTest::keyRelease(program.view, key);
+        if (part != 0) QTest::keyPress(program.view, key, modifiers);
+        if (part != 1) QTest::keyRelease(program.view, key, modifiers);
     }
 
   private:

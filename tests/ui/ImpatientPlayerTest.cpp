@@ -226,11 +226,8 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
         constexpr int kCommands[] = {kModeCasino,  kModeAutoHold, kModeErrorLog,   kFixedHand,
                                      kSpeedNormal, kToggleSounds, kToggleDoubleUp, kCoinDollar,
                                      kCoinQuarter, kCashOut};
-        constexpr int kDialogs[] = {kFileSaveAs,   kFileOpen,    kEditPayTable,   kViewErrorLog,
-                                    kCombinations, kAnalyzeHand, kPlayStatistics, kAbout};
         ++holds;
         if (OneIn(30)) return p().document->Run(AnyOf(kCommands));
-        if (OneIn(500)) return p().document->Run(AnyOf(kDialogs));
         if (OneIn(2)) return Mouse(p());
         const auto key = static_cast<Qt::Key>(AnyOf(kKeys));
         if (key != Qt::Key_S || E().spinPending) Key(p(), key);
