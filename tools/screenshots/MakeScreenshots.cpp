@@ -6,8 +6,10 @@
 #include <QTabWidget>
 #include <cstdlib>
 
+#include "app/PaletteKeeper.h"
 #include "tests/ui/TestProgram.h"
 #include "ui/help/HelpWindow.h"
+#include "ui/parts/FocusStyle.h"
 
 namespace {
 
@@ -202,6 +204,8 @@ void ShootDialogs(Studio& studio) {
 TEST(MakeScreenshots, TakesThemAll) {
     const char* folder = std::getenv("TOLVANE_SCREENSHOTS");
     ASSERT_TRUE(folder && QDir().mkpath(folder)) << "TOLVANE_SCREENSHOTS must name a folder";
+    QApplication::setStyle(new FocusStyle);
+    const PaletteKeeper palettes;
     Studio studio(QString::fromLocal8Bit(folder));
     ShootGames(studio);
     ShootDoubleUp(studio);
