@@ -1,7 +1,6 @@
 #include "game/reports/HandReport.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "tests/game/TestMachine.h"
 

@@ -152,18 +152,6 @@ TEST_F(CMorvikViewTest, AtRestNothingIsPaintedAndNoTimerRuns) {
     EXPECT_EQ(watch.timers, 0);
 }
 
-TEST_F(CMorvikViewTest, ALargeWindowPaintsATurnedCardWhereItShowsIt) {
-    view.resize(2048, 1600);
-    QApplication::processEvents();
-    const PaintWatch watch(view);
-    t.seat.scene.places[4].card = 3;
-    view.ShowScene();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return watch.paints > 0; }));
-    const QRect card(view.places.cards[4].topLeft() * 2 + QPoint(0, 100), view.places.cardSize * 2);
-    EXPECT_TRUE(watch.last.contains(card));
-    EXPECT_TRUE((watch.last - card.adjusted(-9, -9, 19, 19)).isEmpty());
-}
-
 TEST_F(CMorvikViewTest, AnotherStyleOfCardsIsSeenAtOnce) {
     const QImage before = Seen();
     const PaintWatch watch(view);

@@ -1,7 +1,6 @@
 // The machine's objects as screen readers and voice control find them.
 #include <QAccessible>
 #include <QDialog>
-#include <algorithm>
 
 #include "game/seat/ShowScene.h"
 #include "tests/ui/TestProgram.h"

@@ -26,7 +26,6 @@ TEST_F(MachinePlayTest, ANewcomerIsToldTheKeysUntilThreeHandsArePlayedAndNeverAg
         p.Key(Qt::Key_D);
     }
     EXPECT_EQ(p.ShownScene().hint, "");
-    p.Choose(330);
     EXPECT_EQ(Start().ShownScene().hint, "");
 }
 
