@@ -155,7 +155,9 @@ QRegion ChangedRegion(const Moment& before, const Moment& now, const Scene& scen
                                place.move != CardMove::kLeave && place.move != CardMove::kCome;
             add(CoveredByMove(card, turns ? 0 : SlideOf(layout, i)));
         }
-        if (old.lit != place.lit) add(WithGlow(card));
+        if (old.lit != place.lit) {
+            for (const QRect& side : FrameOfGlow(card)) add(side);
+        }
         if (old.held != place.held) add(WithGlow(layout.holdButtons[i]));
         if (before.verdict != now.verdict) add(WithGlow(card));
     }

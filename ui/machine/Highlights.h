@@ -1,6 +1,7 @@
 // What of a scene the player's eye is to be drawn to, and where that is.
 #pragma once
 #include <QRect>
+#include <QRegion>
 #include <vector>
 
 struct MachineLayout;
@@ -12,6 +13,12 @@ inline constexpr int kGlowReach = 5;
 
 inline QRect WithGlow(const QRect& place) {
     return place.adjusted(-kGlowReach, -kGlowReach, kGlowReach, kGlowReach);
+}
+
+// All that the light of a card changes: not the middle, which is most of the card.
+inline QRegion FrameOfGlow(const QRect& card) {
+    const int inside = card.width() / 16 + 5;  // past its round corners
+    return QRegion(WithGlow(card)) - card.adjusted(inside, inside, -inside, -inside);
 }
 
 // Features and picks that wait to be pressed.
