@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr const char* kPractice = "Fixed Hand: credits do not count";
 constexpr int kAceValue = 14;
 constexpr int kWildValue = 15;
 
@@ -31,19 +30,27 @@ std::array<ButtonLook*, 4 + kHandSize> ButtonsOf(Scene& scene) {
             &places[2].holdButton, &places[3].holdButton, &places[4].holdButton};
 }
 
-std::string DetailsOf(const GameEngine& engine) {
-    const std::string table = "Table " + std::to_string(engine.settings.activeTable) + ", ";
-    switch (engine.settings.mode) {
-        case PlayMode::kErrorLog:
-            return table + "Error Log: credits do not count";
+std::string NameOf(PlayMode mode) {
+    switch (mode) {
         case PlayMode::kWarning:
-            return table + (engine.fixedHand ? kPractice : "Warning");
+            return "Warning";
         case PlayMode::kAutoHold:
-            return table + (engine.fixedHand ? kPractice : "AutoHold");
+            return "AutoHold";
+        case PlayMode::kErrorLog:
+            return "Error Log";
         case PlayMode::kCasino:
             break;
     }
-    return table + (engine.fixedHand ? kPractice : "Casino");
+    return "Casino";
+}
+
+// The hands of the error log are fixed ones until the player deals others in that mode.
+std::string DetailsOf(const GameEngine& engine) {
+    const MachineSettings& settings = engine.settings;
+    const bool ownHand = engine.fixedHand && settings.mode != PlayMode::kErrorLog;
+    return "Table " + std::to_string(settings.activeTable) + ", " +
+           (ownHand ? "Fixed Hand" : NameOf(settings.mode)) +
+           (engine.fixedHand ? ": credits do not count" : "");
 }
 
 // The keys that do something next.

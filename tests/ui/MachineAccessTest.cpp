@@ -105,8 +105,9 @@ TEST_F(MachineAccessTest, PilesAndFeaturesAreToldAndPressed) {
     EXPECT_TRUE(p.engine.handOver);
 
     Scene& scene = p.document->PlayersSeat().scene;
-    p.engine.targetPending = scene.redBlack.shown = true;
-    scene.redBlack.lit = CardColour::kRed;
+    p.engine.targetPending = true;
+    ShowAtRest(p.document->PlayersSeat());
+    scene.redBlack = {.shown = true, .lit = CardColour::kRed};
     scene.targets = {TargetLook{TargetFace::kHidden, 0}, TargetLook{TargetFace::kShot, 25}};
     EXPECT_TRUE(IsEnabled("target 1, not shot") && !IsEnabled("target 2, 25"));
     EXPECT_TRUE(IsShown("Red or Black?") && IsShown("red, drawn last") && IsShown("black"));

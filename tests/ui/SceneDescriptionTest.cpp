@@ -37,6 +37,12 @@ TEST(SceneDescriptionTest, AHandIsToldWithItsMarksItsWinAndItsMeters) {
     t.engine.doubleUpPick = false;
     ShowAtRest(t.seat);
     expectToldIn(t, "Table 0, Fixed Hand: credits do not count. D: deal");
+    t.engine.settings.mode = PlayMode::kErrorLog;
+    ShowAtRest(t.seat);
+    expectToldIn(t, "Table 0, Error Log: credits do not count.");
+    t.engine.fixedHand = false;
+    ShowAtRest(t.seat);
+    expectToldIn(t, "Table 0, Error Log. ");
     TestSeat wild("Deuces Wild", 330);
     wild.seat.scene.places[0].card = FindCard(wild.engine.deck.table, 2, kHearts);
     expectToldIn(wild, "1 2 of Hearts, wild; 2 face down");

@@ -70,6 +70,7 @@ void CMorvikView::LayOutMachine() {
     StopMoving();
     shown = seat.scene;
     update();
+    LightButton();
     emit LaidOut();
 }
 
@@ -215,7 +216,7 @@ void CMorvikView::mouseMoveEvent(QMouseEvent* event) {
     const bool begun = leftDown && leftPress && leftPress->state == Press::State::kBegun;
     const QPoint point = fit.ToTable(event->position());
     if (begun && !actions.Busy()) input.Drag(leftAt, point);
-    pointer = point;
+    pointer = event->position();
     LightButton();
 }
 
@@ -226,7 +227,7 @@ void CMorvikView::leaveEvent(QEvent*) {
 
 // The button under the pointer is a shade brighter while it can be pressed.
 void CMorvikView::LightButton() {
-    const QRect now = pointer ? ButtonUnder(*pointer, seat, places) : QRect();
+    const QRect now = pointer ? ButtonUnder(fit.ToTable(*pointer), seat, places) : QRect();
     if (now == lightButton) return;
     Repaint(QRegion(now) + lightButton);
     lightButton = now;

@@ -107,7 +107,7 @@ class CMorvikView : public QWidget, public AccessibleMachine {
     PressInHand leftPress;  // the last one
     PressInHand rightPress;
     bool leftDown = false;
-    std::optional<QPoint> pointer;     // on the table, while it is over the window
+    std::optional<QPointF> pointer;    // while it is over the window, in its coordinates
     QRect lightButton;                 // under it; null when there is none
     QPoint leftAt;                     // where it went down
     QHash<int, PressInHand> keysDown;  // pressed here: a key let go after a dialog is no input

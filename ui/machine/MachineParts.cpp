@@ -110,7 +110,6 @@ class PartTeller {
     void TellMeter();
     void TellFeature();
     void TellTarget();
-    bool PlaceActs() const;
     QString NameOfPlace() const;
 
     const MachinePart& part;
@@ -137,12 +136,6 @@ void PartTeller::TellLine() {
     look.name = Tr("%1, won %2").arg(look.name, QString::number(line.payout));
 }
 
-// Whether a press on a card or its button would be taken.
-bool PartTeller::PlaceActs() const {
-    if (engine.doubleUpPick) return index > 0 && !engine.doubleUpClosed;
-    return !engine.handOver && (!IsPickEm(engine) || part.index >= kLeftPilePosition);
-}
-
 QString PartTeller::NameOfPlace() const {
     if (scene.doubleUp.shown && index == 0) return Tr("dealer");
     if (scene.places[index].pileTop) {
@@ -157,19 +150,18 @@ void PartTeller::TellCard() {
     if (place.held) name += Tr(", held");
     if (!place.label.empty()) name += ", " + QString::fromStdString(place.label);
     SayNews(name, true);
-    look.enabled = PlaceActs();
+    look.enabled = !place.holdDimmed;
 }
 
 void PartTeller::TellHoldButton() {
     const PlaceLook& place = scene.places[index];
     const QString name =
         place.pileTop ? Tr("HOLD, %1").arg(NameOfPlace()) : Tr("HOLD %1").arg(part.index + 1);
-    SayButton(name, place.holdButton, PlaceActs());
+    SayButton(name, place.holdButton, !place.holdDimmed);
     look.checked = place.held;
 }
 
 void PartTeller::TellPlayed() {
-    const bool waits = FeaturePending(engine);
     const MachineButtons& buttons = scene.buttons;
     switch (part.kind) {
         case kCard:
@@ -177,12 +169,11 @@ void PartTeller::TellPlayed() {
         case kHoldButton:
             return TellHoldButton();
         case kDealButton:
-            return SayButton(Tr("DEAL/DRAW"), buttons.deal,
-                             !waits && (engine.handOver || !IsPickEm(engine)));
+            return SayButton(Tr("DEAL/DRAW"), buttons.deal, !buttons.dealDimmed);
         case kBetOneButton:
-            return SayButton(Tr("BET ONE"), buttons.betOne, !waits && engine.handOver);
+            return SayButton(Tr("BET ONE"), buttons.betOne, !buttons.betsDimmed);
         case kMaxBetButton:
-            return SayButton(Tr("MAX BET"), buttons.maxBet, !waits && engine.handOver);
+            return SayButton(Tr("MAX BET"), buttons.maxBet, !buttons.betsDimmed);
         default:
             SayButton(Tr("DBL UP"), buttons.doubleUp, CanDoubleUp(engine));
             look.news = Tr("double up offered");
