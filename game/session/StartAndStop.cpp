@@ -7,6 +7,7 @@
 #include "game/paytables/PayTableGameFiles.h"
 #include "game/saving/GameFile.h"
 #include "game/saving/SaveGame.h"
+#include "game/seat/ShowScene.h"
 
 namespace {
 
@@ -26,6 +27,7 @@ void StartGame(Seat& seat, const DataFilePaths& paths) {
 
 void FinishStart(Seat& seat, const std::string& gameFile) {
     EnterStoredMode(seat);
+    ShowAtRest(seat);
     const std::string stored = seat.files.gamePath;
     if (!gameFile.empty()) OpenNamedGameFile(seat, gameFile);
     if (seat.files.gamePath != stored) return;  // that was told then

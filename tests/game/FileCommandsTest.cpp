@@ -339,7 +339,7 @@ TEST_F(StartAndStopTest, TheNextStartGoesOnWhereTheLastOneEnded) {
     EXPECT_EQ(Title(seat, paths), "5 Card Charlie (game.qdx)");
     EXPECT_FALSE(engine.fixedHand) << "until the window is shown";
     FinishStart(seat);
-    EXPECT_TRUE(engine.fixedHand);
+    EXPECT_TRUE(engine.fixedHand && seat.scene == SceneOf(seat));
 }
 
 TEST_F(StartAndStopTest, AStartWithoutItsFileOrGameFallsBack) {

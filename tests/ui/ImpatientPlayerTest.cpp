@@ -283,9 +283,7 @@ class ImpatientPlayerTest : public ProgramTest, protected AnyInput {
         ASSERT_EQ(counted.handsPlayed.session, books.hands);
         ASSERT_EQ(counted.creditsPlayed.session, books.bets);
         ASSERT_EQ(counted.bonusCredits.session, books.bonus);
-        if (!FeaturePending(E())) {
-            ASSERT_EQ(counted.bonusTries.session, books.bonusTries);
-        }
+        ASSERT_TRUE(FeaturePending(E()) || counted.bonusTries.session == books.bonusTries);
     }
 
     void ExpectCounted() {
@@ -386,8 +384,7 @@ TEST_F(ImpatientPlayerTest, TheBooksAgreeAndNothingIsForetoldWhateverIsPressedWh
     ChooseGame(300);
     std::cout << deals << " deals, " << hands << " hands, " << features << " features, "
               << doubleUps << " picks; " << memory[0] << " kB, then " << memory[1] << " kB\n";
-    EXPECT_GT(features, hands / 100);
-    EXPECT_GT(doubleUps, hands / 100);
+    EXPECT_GT(std::min(features, doubleUps), hands / 100);
     EXPECT_TRUE(kSanitized || memory[1] - memory[0] < kMostGrowth);
     looker.stop();
     p().clock.inEveryPause = nullptr;
