@@ -1,5 +1,6 @@
 #include "ui/reports/HandAnalysisDialog.h"
 
+#include <QDate>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -185,6 +186,16 @@ void HandAnalysisDialog::ShowChart() {
                      Grouped(result.totalHands - result.nothing));
         holds.push_back(hold);
     }
+    const MachineSettings& settings = spare.settings;
+    QStringList hand;
+    for (const CardFace& card : cards) {
+        if (card != CardFace()) hand << ShortName(card);
+    }
+    const QString subject =
+        PictureSubject(settings.gameName, settings.activeTable, settings.bet, settings.coin,
+                       QDate::currentDate().toString(Qt::ISODate));
+    chart->SetSubject(hand.join(u' ') + " – " + subject,
+                      tr("%1 hand").arg(QString::fromStdString(settings.gameName)));
     chart->ShowHolds(std::move(holds));
 }
 
