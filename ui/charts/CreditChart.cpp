@@ -42,11 +42,14 @@ struct CreditChart::Canvas {
     double line;  // height of a line of text
 };
 
-CreditChart::CreditChart(CreditHistory shown, QWidget* parent)
-    : Chart("creditChart", tr("Net gain of the session, hand by hand"), parent),
-      history(std::move(shown)),
-      amounts(AmountAxis()) {
+CreditChart::CreditChart(QWidget* parent)
+    : Chart("creditChart", tr("Net gain of the session, hand by hand"), parent) {
     FiguresChanged();
+}
+
+void CreditChart::ShowSession(CreditHistory shown) {
+    history = std::move(shown);
+    ShowExpected(std::nullopt, {});
 }
 
 void CreditChart::ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says) {
