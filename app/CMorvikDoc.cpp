@@ -37,6 +37,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
            .paths = paths,
            .pictures = parts.pictures,
            .desktop = desktop,
+           .aside = aside,
            .window = window} {
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);

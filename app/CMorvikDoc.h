@@ -14,6 +14,7 @@
 #include "core/store/DataFiles.h"
 #include "game/seat/Seat.h"
 #include "ui/machine/ActionQueue.h"
+#include "ui/reports/AsideWindows.h"
 
 class PictureStore;
 class ProfileFile;
@@ -78,6 +79,9 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void RefuseQuestions();
     void AnswerQuestions();
 
+    // With the machine's window go the reports that were put aside.
+    void CloseReports() { aside.CloseAll(); }
+
     Seat& PlayersSeat() { return seat; }
     DesktopSettings& Desktop() { return desktop; }
     ActionQueue& Actions() { return actions; }  // all that acts on the table goes through it
@@ -104,6 +108,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     WindowPlayer player;
     ActionQueue actions;
     Seat seat;
+    AsideWindows aside;
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

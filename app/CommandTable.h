@@ -6,6 +6,7 @@
 
 #include "ui/machine/Commands.h"
 
+class AsideWindows;
 class DesktopSettings;
 class HelpWindow;
 class PictureStore;
@@ -21,6 +22,7 @@ struct CommandDesk {
     const DataFilePaths& paths;
     PictureStore& pictures;
     DesktopSettings& desktop;
+    AsideWindows& aside;         // reports that stay open while the machine is played
     QWidget& window;             // the program's; dialogs are over it
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };

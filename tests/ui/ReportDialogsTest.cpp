@@ -273,7 +273,7 @@ TEST(ChartsTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {
 
 TEST(ChartsTest, HandsOfTheSessionAreReadByPointerAndKeys) {
     CreditHistory history;
-    for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 15 - 5 * hand, 0.25);
+    for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 15 - 5 * hand, 0.25, 5);
     CreditChart chart(history, nullptr);
     chart.resize(chart.sizeHint());
     chart.show();
@@ -294,7 +294,7 @@ TEST(ChartsTest, AnySessionCanBeDrawn) {
     for (const Session& session : {Session{}, {0}, {7, 7, 7}, {kMost, -kMost, kMost}}) {
         CreditHistory history;
         std::int64_t hand = 0;
-        for (const std::int64_t credits : session) history.Record(++hand, credits, 1000);
+        for (const std::int64_t credits : session) history.Record(++hand, credits, 1000, 5);
         CreditChart chart(history, nullptr);
         for (const QSize size : {QSize(1, 1), chart.sizeHint()}) {
             chart.resize(size);
