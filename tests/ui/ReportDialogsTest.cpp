@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QScrollBar>
+#include <QToolButton>
 #include <QToolTip>
 #include <map>
 
@@ -256,6 +257,7 @@ TEST(ChartsTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {
         palette.setColor(QPalette::Text, ground.lightness() > 128 ? Qt::black : Qt::white);
         for (QWidget* chart : std::initializer_list<QWidget*>{&shares, &holds}) {
             chart->setPalette(palette);
+            chart->findChild<QToolButton*>("picture")->hide();
             chart->resize(chart->sizeHint());
             const QImage image = chart->grab().toImage();
             std::map<QRgb, int> counts;
@@ -278,7 +280,7 @@ TEST(ChartsTest, HandsOfTheSessionAreReadByPointerAndKeys) {
     CreditChart chart(history, nullptr);
     chart.resize(chart.sizeHint());
     chart.show();
-    EXPECT_EQ(chart.accessibleDescription(), "Hand 10: $-8.75");
+    EXPECT_TRUE(chart.accessibleDescription().startsWith("Hand 10: $-8.75\n"));
     EXPECT_EQ(chart.TextOf(0), "Hand 1: $2.50");
     QTest::keyClick(&chart, Qt::Key_End);
     const QImage last = chart.grab().toImage();

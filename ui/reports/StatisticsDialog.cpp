@@ -1,5 +1,6 @@
 #include "ui/reports/StatisticsDialog.h"
 
+#include <QDateTime>
 #include <QDialogButtonBox>
 #include <QFontInfo>
 #include <QFontMetrics>
@@ -11,7 +12,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "game/engine/GameEngine.h"
+#include "core/analysis/GameAnalysis.h"
+#include "core/analysis/LineTableCache.h"
 #include "ui/charts/CreditChart.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
@@ -58,16 +60,16 @@ void Widen(ColumnWidths& widths, const QFontMetrics& font, const QList<std::stri
 
 }  // namespace
 
-StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent)
-    : QDialog(parent), gameName(engine.settings.gameName) {
+StatisticsDialog::StatisticsDialog(const GameEngine& shown, std::int64_t now, QWidget* parent)
+    : QDialog(parent),
+      engine(shown),
+      date(QDateTime::fromSecsSinceEpoch(now).date().toString(Qt::ISODate)) {
     setObjectName("statistics");
     setWindowTitle(tr("Game Play Analysis"));
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName("tabs");
-    tabs->addTab(MakeReports(engine, now), tr("R&eport"));
-    const bool played = engine.statistics.handsPlayed.session > 0;
-    tabs->addTab(new CreditChart(played ? engine.creditHistory : CreditHistory(), tabs),
-                 tr("&Session"));
+    tabs->addTab(MakeReports(now), tr("R&eport"));
+    tabs->addTab(MakeChart(), tr("&Session"));
 
     auto* buttons = OkAlone(*this);
     auto* layout = new QVBoxLayout(this);
@@ -75,9 +77,45 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
     layout->addWidget(buttons);
     FitToScreen();
     buttons->button(QDialogButtonBox::Ok)->setFocus();
+    ShowExpected(std::nullopt);
+    Analyze();
 }
 
-QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t now) {
+QWidget* StatisticsDialog::MakeChart() {
+    const bool played = engine.statistics.handsPlayed.session > 0;
+    chart = new CreditChart(played ? engine.creditHistory : CreditHistory(), this);
+    const MachineSettings& settings = engine.settings;
+    chart->SetSubject(
+        PictureSubject(settings.gameName, settings.activeTable, settings.bet, settings.coin, date),
+        tr("%1 session").arg(QString::fromStdString(settings.gameName)));
+    return chart;
+}
+
+void StatisticsDialog::Analyze() {
+    if (!CanAnalyzeGame(engine.payTable)) return;
+    analysis = std::jthread([this, table = engine.payTable](const std::stop_token& stop) {
+        LineTableCache tables;
+        const auto goesOn = [&stop] { return !stop.stop_requested(); };
+        const auto expected = AnalyzePlay(table, tables, goesOn);
+        if (!expected) return;
+        QMetaObject::invokeMethod(
+            this, [this, expected] { ShowExpected(expected); }, Qt::QueuedConnection);
+    });
+}
+
+void StatisticsDialog::ShowExpected(const std::optional<ExpectedPlay>& expected) {
+    QString note =
+        tr("Expected, with its standard deviations: of the best play of these hands as "
+           "they were bet, without bonuses and double ups.");
+    if (!expected && CanAnalyzeGame(engine.payTable)) {
+        note = tr("What is expected is being analysed.");
+    } else if (!expected) {
+        note = tr("What is expected is not known: there is no exact analysis of this game.");
+    }
+    chart->ShowExpected(expected, note);
+}
+
+QWidget* StatisticsDialog::MakeReports(std::int64_t now) {
     auto* reports = new QWidget(this);
     auto* layout = new QGridLayout(reports);
     AddBox(*layout, 0, 0, tr("Hands"), "hands", {StatisticsHands(engine, now)});
@@ -189,6 +227,7 @@ void StatisticsDialog::Save() {
         report += section.box->accessibleName().toStdString() + "\r\n";
         report += section.reports[section.shown];
     }
-    const QString name = tr("%1 statistics.txt").arg(QString::fromStdString(gameName));
+    const QString name =
+        tr("%1 statistics.txt").arg(QString::fromStdString(engine.settings.gameName));
     SaveReport(report, name, this);
 }

@@ -4,10 +4,13 @@
 #include <QList>
 #include <cstdint>
 #include <string>
+#include <thread>
 
+#include "game/engine/GameEngine.h"
+#include "game/reports/ExpectedPlay.h"
 #include "game/reports/StatisticsReport.h"
 
-struct GameEngine;
+class CreditChart;
 class QGridLayout;
 class ReportBox;
 
@@ -25,7 +28,10 @@ class StatisticsDialog : public QDialog {
         int shown = 0;  // the one in the box, with long labels cut
     };
 
-    QWidget* MakeReports(const GameEngine& engine, std::int64_t now);
+    QWidget* MakeReports(std::int64_t now);
+    QWidget* MakeChart();
+    void Analyze();
+    void ShowExpected(const std::optional<ExpectedPlay>& expected);
     void AddBox(QGridLayout& layout, int row, int column, const QString& title, const char* name,
                 const QList<std::string>& reports);
     void ShowReports(qreal fontSize);
@@ -35,8 +41,11 @@ class StatisticsDialog : public QDialog {
     QSize WantedSize() const;
     void Save();
 
-    std::string gameName;
+    GameEngine engine;  // as it was
+    QString date;
+    CreditChart* chart = nullptr;
     QList<Section> sections;
     bool namesHaveRoom = true;  // on this screen, for long names of games
     int labelWidth = 0;         // of the first column, in logical pixels
+    std::jthread analysis;      // last, so that it ends before what it tells
 };
