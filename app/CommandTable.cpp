@@ -14,6 +14,7 @@
 #include "game/flows/DealSteps.h"
 #include "game/flows/FixedHand.h"
 #include "game/paytables/EditPayTable.h"
+#include "game/reports/HandReport.h"
 #include "game/saving/SaveGame.h"
 #include "game/session/AnalyzeGame.h"
 #include "game/session/SpareEngine.h"
@@ -271,5 +272,5 @@ void RunCommand(int id, CommandDesk& desk) {
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
     LoadSpare(desk.seat, desk.spare);
     LendHand(desk.seat.engine, desk.spare);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
 }

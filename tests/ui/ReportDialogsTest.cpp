@@ -8,6 +8,7 @@
 #include <map>
 
 #include "core/store/ErrorLog.h"
+#include "game/reports/HandReport.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"

@@ -192,9 +192,7 @@ void StatisticsPage::ShowExpected(const std::optional<ExpectedPlay>& expected) {
         note = tr("What is expected is not known: there is no exact analysis of this game.");
     }
     chart->ShowExpected(expected, note);
-    table->SetTable(StatisticsRows(
-        engine, expected,
-        QDateTime::fromSecsSinceEpoch(taken).toString("yyyy-MM-dd HH:mm").toStdString()));
+    table->SetTable(StatisticsRows(engine, expected, taken));
 }
 
 // In a font of so many points. Each box is as large as the largest of its reports asks for, and
