@@ -138,8 +138,8 @@ int CreditChart::PointAt(QPoint place) const {
 
 QRect CreditChart::PlaceOf(int point) const {
     const QRectF plot = Plot();
-    const double left = XOf(plot, static_cast<double>(FirstHandOf(point) - 1));
-    const double right = XOf(plot, static_cast<double>(LastHandOf(point)));
+    const double left = XOf(plot, static_cast<double>(FirstHandOf(point)) - 0.5);
+    const double right = XOf(plot, static_cast<double>(LastHandOf(point)) + 0.5);
     return QRectF(left, plot.top(), right - left, plot.height()).toAlignedRect();
 }
 
