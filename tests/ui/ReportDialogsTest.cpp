@@ -277,7 +277,8 @@ TEST(ChartsTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {
 TEST(ChartsTest, HandsOfTheSessionAreReadByPointerAndKeys) {
     CreditHistory history;
     for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 15 - 5 * hand, 0.25, 5);
-    CreditChart chart(history, nullptr);
+    CreditChart chart(nullptr);
+    chart.ShowSession(history);
     chart.resize(chart.sizeHint());
     chart.show();
     EXPECT_TRUE(chart.accessibleDescription().startsWith("Hand 10: $-8.75\n"));
@@ -298,7 +299,8 @@ TEST(ChartsTest, AnySessionCanBeDrawn) {
         CreditHistory history;
         std::int64_t hand = 0;
         for (const std::int64_t credits : session) history.Record(++hand, credits, 1000, 5);
-        CreditChart chart(history, nullptr);
+        CreditChart chart(nullptr);
+        chart.ShowSession(history);
         for (const QSize size : {QSize(1, 1), chart.sizeHint()}) {
             chart.resize(size);
             EXPECT_FALSE(chart.grab().isNull());

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QClipboard>
-#include <QDir>
 #include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
@@ -14,7 +13,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScrollArea>
-#include <QStandardPaths>
 #include <QSvgGenerator>
 #include <QToolButton>
 #include <QToolTip>
@@ -22,9 +20,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/profile/AtomicFile.h"
 #include "ui/charts/ChartAccess.h"
-#include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
 
 namespace {
@@ -74,10 +70,7 @@ void Chart::AddCommands() {
         addAction(action);
     };
     add(tr("&Copy Picture"), "copyPicture", QKeySequence::Copy, [this] { Copy(); });
-    add(tr("Save As P&NG..."), "savePng", {},
-        [this] { Save(tr("PNG pictures (*.png)"), QStringLiteral("png"), Png()); });
-    add(tr("Save As &SVG..."), "saveSvg", QKeySequence::Save,
-        [this] { Save(tr("SVG drawings (*.svg)"), QStringLiteral("svg"), Svg()); });
+    add(tr("&Save As..."), "savePicture", QKeySequence::Save, [this] { Save(); });
     add(tr("&Print..."), "printPicture", QKeySequence::Print, [this] { Print(); });
     setContextMenuPolicy(Qt::ActionsContextMenu);
 
@@ -220,15 +213,14 @@ void Chart::Copy() const {
     QGuiApplication::clipboard()->setMimeData(data);
 }
 
-void Chart::Save(const QString& filter, const QString& extension, const QByteArray& picture) {
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
-    QString name = proposedName + u'.' + extension;
-    const QString proposed = folder.filePath(name.replace(u'/', u'-'));
-    const auto path =
-        AskFileToSave(tr("Save As"), {filter, extension}, proposed.toStdString(), this);
-    if (!path || ReplaceFile(*path, picture.toStdString())) return;
-    ShowMessage("saveFailed", QMessageBox::Critical, tr("Save As"),
-                tr("%1 could not be written.").arg(QString::fromStdString(*path)), this);
+void Chart::Save() {
+    const FileKind kinds[] = {{tr("PNG pictures (*.png)"), QStringLiteral("png")},
+                              {tr("SVG drawings (*.svg)"), QStringLiteral("svg")}};
+    const auto file = AskFileToSave(tr("Save As"), kinds,
+                                    ProposedFile(proposedName + QStringLiteral(".png")), this);
+    if (!file) return;
+    const QByteArray picture = file->kind == 0 ? Png() : Svg();
+    WriteFileOrTell(file->path, picture.toStdString(), this);
 }
 
 void Chart::Print() {

@@ -78,7 +78,7 @@ class Chart : public QWidget {
     double HeadHeight() const;
     QSizeF PaperSize() const;
     void PaintPaper(QPainter& painter) const;
-    void Save(const QString& filter, const QString& extension, const QByteArray& picture);
+    void Save();
     void Print();
     void SetRead(std::optional<int> point);
     void ReadByKey(int point);

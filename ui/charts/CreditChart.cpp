@@ -42,11 +42,14 @@ struct CreditChart::Canvas {
     double line;  // height of a line of text
 };
 
-CreditChart::CreditChart(CreditHistory shown, QWidget* parent)
-    : Chart("creditChart", tr("Net gain of the session, hand by hand"), parent),
-      history(std::move(shown)),
-      amounts(AmountAxis()) {
+CreditChart::CreditChart(QWidget* parent)
+    : Chart("creditChart", tr("Net gain of the session, hand by hand"), parent) {
     FiguresChanged();
+}
+
+void CreditChart::ShowSession(CreditHistory shown) {
+    history = std::move(shown);
+    ShowExpected(std::nullopt, {});
 }
 
 void CreditChart::ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says) {
@@ -135,8 +138,8 @@ int CreditChart::PointAt(QPoint place) const {
 
 QRect CreditChart::PlaceOf(int point) const {
     const QRectF plot = Plot();
-    const double left = XOf(plot, static_cast<double>(FirstHandOf(point) - 1));
-    const double right = XOf(plot, static_cast<double>(LastHandOf(point)));
+    const double left = XOf(plot, static_cast<double>(FirstHandOf(point)) - 0.5);
+    const double right = XOf(plot, static_cast<double>(LastHandOf(point)) + 0.5);
     return QRectF(left, plot.top(), right - left, plot.height()).toAlignedRect();
 }
 

@@ -13,8 +13,10 @@ class CreditChart : public Chart {
     Q_OBJECT
 
   public:
+    explicit CreditChart(QWidget* parent);
+
     // Shows the history as it is now. One without hands gives a chart that says so.
-    CreditChart(CreditHistory shown, QWidget* parent);
+    void ShowSession(CreditHistory shown);
 
     // Draws what is expected behind the course; a note says of what it is, or why it is not there.
     void ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says);
