@@ -164,6 +164,16 @@ void LookAtHand(const Terms& terms, const StartingHand& hand, LookAt at, HandLoo
     }
 }
 
+// The ranks missing between the lowest and the highest; the ace is the lower or the higher end,
+// whichever leaves less.
+static int GapsIn(RankSet ranks) {
+    const auto inside = [](unsigned set) {
+        return static_cast<int>(std::bit_width(set)) - std::countr_zero(set) - std::popcount(set);
+    };
+    const unsigned low = (ranks >> kAceRank & 1) | (ranks & ((1U << kAceRank) - 1)) << 1;
+    return std::min(inside(ranks), inside(low | (ranks >> kAceRank & 1U)));
+}
+
 HoldTraits TraitsOf(const Terms& terms, HoldLook look) {
     HoldTraits hold;
     hold.wilds = FieldOf(look, kWildField);
@@ -200,6 +210,7 @@ HoldTraits TraitsOf(const Terms& terms, HoldLook look) {
     }
     hold.distinct = most == 1;
     hold.straights = hold.distinct ? std::popcount(straights) : 0;
+    if (hold.straights > 0) hold.gaps = GapsIn(hold.ranks);
     return hold;
 }
 
@@ -310,7 +321,7 @@ bool Fits(const Row& row, const HoldTraits& hold, const Terms& terms) {
     const bool suitingFits = row.suiting == Suiting::kAny ||
                              (row.suiting == Suiting::kSuited) == hold.suited;
     return FitsBase(row, hold, terms) && suitingFits && FitsHeight(row.height, hold, terms) &&
-           row.straights.Holds(hold.straights) && row.highCards.Holds(hold.highCards) &&
+           row.straights.Holds(hold.straights) && row.gaps.Holds(hold.gaps) && row.highCards.Holds(hold.highCards) &&
            row.straightsAndHighCards.Holds(hold.straights + hold.highCards) &&
            row.wildCards.Holds(hold.wilds) && row.jokers.Holds(hold.jokers) &&
            FitsRanks(row, hold) && FitsDiscards(row, hold);

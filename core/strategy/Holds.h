@@ -63,6 +63,7 @@ struct HoldTraits {
     bool suited = false;    // the natural cards are of one suit, and there are some
     bool distinct = false;  // they are all of different ranks, and there are some
     int straights = 0;      // that hold all of them; 0 when ranks are equal
+    int gaps = 0;       // ranks missing inside them; 0 without a straight
     int highCards = 0;
 
     bool flushPenalty = false;

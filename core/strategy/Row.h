@@ -83,6 +83,7 @@ struct Row {
 
     Suiting suiting = Suiting::kAny;
     Amount straights;
+    Amount gaps;
     Amount highCards;
     Amount straightsAndHighCards;
     Amount wildCards;

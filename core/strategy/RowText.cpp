@@ -45,6 +45,7 @@ struct AmountName {
 };
 constexpr AmountName kAmountNames[] = {
     {&Row::straights, "straight", "straights"},
+    {&Row::gaps, "gap", "gaps"},
     {&Row::highCards, "high card", "high cards"},
     {&Row::straightsAndHighCards, "straight or high card", "straights and high cards"},
     {&Row::wildCards, "wild card", "wild cards"},
