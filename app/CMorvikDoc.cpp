@@ -53,6 +53,8 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     };
     seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
+    player.aside = &aside;
+    player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
     ShowAtRest(seat);

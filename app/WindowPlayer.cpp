@@ -211,6 +211,5 @@ std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
 
 void WindowPlayer::ShowStatistics(const GameEngine& engine) {
     if (refusing) return;
-    StatisticsDialog dialog(engine, clock.Now(), &window);
-    dialog.exec();
+    StatisticsDialog(engine, clock.Now(), &window, machine, aside).exec();
 }

@@ -212,7 +212,8 @@ QByteArray Chart::Svg() const {
     painter.end();
     // Where the face is not installed, another one without serifs does as well.
     const QByteArray face = "font-family=\"" + Paper().font.family().toUtf8();
-    return bytes.data().replace(face + '"', face + ", sans-serif\"");
+    QByteArray text = bytes.data();
+    return text.replace(face + '"', face + ", sans-serif\"");
 }
 
 // Both, since a word processor takes the drawing and most others the picture.
