@@ -7,6 +7,7 @@
 
 #include "core/store/DataFiles.h"
 #include "game/reports/GameReport.h"
+#include "game/reports/GameRows.h"
 #include "game/seat/Seat.h"
 
 // The report on one table after another. The one shown is the game and the active table of the
@@ -15,8 +16,6 @@ class GameReportPages {
   public:
     GameReportPages(Seat& seat, GameEngine& spare, const DataFilePaths& paths);
 
-    // The current game at its active table.
-    void ShowCurrent();
     void Show(const std::string& gameName, int tableIndex);
 
     // A game at the table it was last played on. False for one that cannot be analysed: the player
@@ -33,7 +32,9 @@ class GameReportPages {
     const std::string& GameName() const { return spare.settings.gameName; }
     int TableIndex() const { return spare.settings.activeTable; }
     std::string Report() const { return GameReport(spare, cache); }
+    std::string Warning() const { return AnalysisWarning(spare, cache); }
     std::vector<LineShare> Shares() const { return LineShares(spare, cache); }
+    ReportTable Table() const { return GameTable(spare, cache); }
 
   private:
     static constexpr int kNoTable = -1;
@@ -52,5 +53,10 @@ AnalysisFilePaths AnalysisFilesOf(const std::string& gameName, int tableIndex,
 
 // Shows the report on the current game and runs what it asks for, until it is left for good. A run
 // that the player cancels leaves all entries and files, with the figures of the hands played until
-// then.
+// then: the entries are marked, the files have names of their own. The entries of a whole analysis
+// are only replaced by these when he says so.
 void AnalyzeGameCommand(Seat& seat, GameEngine& spare, const DataFilePaths& paths);
+
+// The same for any table.
+void AnalyzeTableCommand(Seat& seat, GameEngine& spare, const DataFilePaths& paths,
+                         const TableOfGame& table);

@@ -287,7 +287,7 @@ struct DialogKeysTest : testing::Test, ManagerTable {
         look(RenameGameDialog("My Game", nullptr));
         LoadSpare(seat, spare);
         GameReportPages pages(seat, spare, paths);
-        pages.ShowCurrent();
+        pages.Show("Jacks or Better", 0);
         look(GameAnalysisDialog(pages, nullptr));
         look(HandAnalysisDialog(spare, store, nullptr));
         look(ErrorLogDialog(engine, machine.files, store, nullptr));

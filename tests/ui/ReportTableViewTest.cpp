@@ -212,7 +212,7 @@ TEST_F(ReportTableViewTest, LongNamesAndMarksAreSeenAndHeard) {
     EXPECT_EQ(heard(1, 0), "best, and your hold: a");
     EXPECT_EQ(heard(2, 1), "ace of spades, no card");
     EXPECT_TRUE(PartOf<QLabel>(*view, "warning").isVisible());
-    EXPECT_TRUE(Table().accessibleDescription().startsWith("stopped at 24 %\nGame: Jacks"));
+    EXPECT_TRUE(Table().accessibleDescription().startsWith("stopped at 24 %\nGame:\u00a0Jacks"));
     const QImage image = Table().grab().toImage();
     view->SetTable(Four());
     EXPECT_NE(Table().grab().toImage(), image);

@@ -1,6 +1,7 @@
 #include "ui/reports/GameAnalysisDialog.h"
 
 #include <QComboBox>
+#include <QDate>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -126,6 +127,10 @@ void GameAnalysisDialog::SetTabStops() {
 
 void GameAnalysisDialog::ShowPage() {
     report->ShowReport(pages.Report());
+    const QString table = QString::number(pages.TableIndex());
+    chart->SetSubject(PictureSubject(pages.GameName(), pages.TableIndex(), kFullBet, 0,
+                                     QDate::currentDate().toString(Qt::ISODate)),
+                      tr("%1(%2) shares").arg(QString::fromStdString(pages.GameName()), table));
     chart->SetShares(pages.Shares());
     index->setText(QString::number(pages.TableIndex()));
     previous->setEnabled(pages.HasPrevious());

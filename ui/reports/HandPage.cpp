@@ -306,6 +306,7 @@ void HandPage::ShowHand() {
     typed->setText(QString::fromStdString(HandInWords(engine)));
     SayProblem({});
     ShowReport();
+    NameChart();
     ShowChart();
     ShowTable();
     emit CaptionChanged();
@@ -345,6 +346,15 @@ void HandPage::ShowChart() {
         holds.push_back(hold);
     }
     chart->ShowHolds(std::move(holds));
+}
+
+void HandPage::NameChart() {
+    const MachineSettings& settings = engine.settings;
+    const QString subject =
+        PictureSubject(settings.gameName, settings.activeTable, settings.bet, settings.coin,
+                       QDateTime::fromSecsSinceEpoch(taken).date().toString(Qt::ISODate));
+    const QString hand = QString::fromStdString(HandInWords(engine));
+    chart->SetSubject(hand + QString::fromUtf8(" – ") + subject, FileName());
 }
 
 QString HandPage::FileName() const {

@@ -60,6 +60,7 @@ class HandPage : public ReportPage {
     void SayProblem(const QString& problem);
     void ShowHand();
     void ShowReport();
+    void NameChart();
     void ShowChart();
     void ShowTable();
     void Save();
