@@ -157,6 +157,8 @@ TEST_F(ReportTableViewTest, WhatIsShownIsSavedInEveryFormatAndPrinted) {
     EXPECT_EQ(Saved("saveTable", "saved.txt", "saved.txt"), PlainText(view->Shown()));
     const std::string pdf = Saved("tableToPdf", "saved", "saved.pdf");
     EXPECT_TRUE(pdf.starts_with("%PDF-") && pdf.find("/ToUnicode") != std::string::npos);
+    EXPECT_NE(pdf.find("/MediaBox [0 0 842"), std::string::npos) << "wide";
+    EXPECT_EQ(TablePdf({.title = "Narrow", .columns = {{.title = "A"}}}).indexOf("[0 0 842"), -1);
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(QString::fromStdString(folder.Path("printed.pdf")));
