@@ -86,6 +86,12 @@ ReportTable ErrorTable(const GameEngine& engine, const std::vector<ErrorLogEntry
     return report;
 }
 
+ReportTable OnlyKind(ReportTable errors, const std::string& kind) {
+    std::erase_if(errors.rows, [&](const ReportRow& row) { return row.cells.back().text != kind; });
+    errors.head.push_back({"Kind of hold", kind});
+    return errors;
+}
+
 ReportTable ErrorKindTable(const GameEngine& engine, const std::vector<ErrorLogEntry>& errors) {
     struct Total {
         std::string kind;
