@@ -285,7 +285,7 @@ void RunCommand(int id, CommandDesk& desk) {
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
     LoadSpare(desk.seat, desk.spare);
     LendHand(desk.seat.engine, desk.spare);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
 }
 
 void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over) {
@@ -294,5 +294,6 @@ void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over) {
     LendHand(desk.seat.engine, desk.spare);
     desk.spare.statistics.setCards = entry.hand;
     desk.spare.statistics.setDraws = entry.draws;
-    if (TakeFixedHand(desk.spare)) HandAnalysisDialog(desk.spare, desk.pictures, &over).exec();
+    if (!TakeFixedHand(desk.spare)) return;
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
 }

@@ -9,6 +9,8 @@
 #include "game/engine/GameEngine.h"
 #include "game/reports/Chance.h"
 #include "game/reports/Quotient.h"
+#include "game/reports/ReportCells.h"
+#include "game/reports/ReportHead.h"
 
 namespace {
 
@@ -24,14 +26,6 @@ constexpr Copy kCopies[] = {{&Counter::session, &DollarSum::session, &PayLine::s
 
 ReportCell CountCell(std::int64_t count) {
     return {FormatCount(count), static_cast<double>(count), {}};
-}
-
-ReportCell Decimals(std::string_view format, double value) {
-    return {FormatDecimals(format, value), value, {}};
-}
-
-std::string CoinText(const MachineSettings& settings) {
-    return FormatDollars("%.2f", settings.coin);
 }
 
 std::string BetText(const MachineSettings& settings) {
@@ -70,7 +64,7 @@ class RowMaker {
     // Three cells for each copy: what was seen, what is expected, how unusual that is.
     template <typename Cells>
     static ReportRow Row(int id, const std::string& label, ReportCell onceIn, Cells cells) {
-        ReportRow row{.id = id, .cells = {{label, {}, {}}, std::move(onceIn)}};
+        ReportRow row{.id = id, .cells = {TextCell(label), std::move(onceIn)}};
         for (const Copy& copy : kCopies) {
             for (ReportCell& cell : cells(copy)) row.cells.push_back(std::move(cell));
         }
@@ -88,12 +82,12 @@ class RowMaker {
     template <typename Count>
     ReportRow Seen(int id, const std::string& label, double probability, Count count) const {
         const ReportCell onceIn =
-            probability > 0 ? Decimals("%.2f", 1 / probability) : ReportCell();
+            probability > 0 ? NumberCell("%.2f", 1 / probability) : ReportCell();
         return Row(id, label, onceIn, [&](const Copy& copy) {
             std::array<ReportCell, 3> cells{CountCell(count(copy)), {}, {}};
             const std::int64_t hands = Hands(copy);
             if (!law || hands <= 0) return cells;
-            cells[1] = Decimals("%.2f", static_cast<double>(hands) * probability);
+            cells[1] = NumberCell("%.2f", static_cast<double>(hands) * probability);
             const Rarity rarity = RarityOf(count(copy), hands, probability);
             if (!rarity.words.empty()) cells[2] = {rarity.words, rarity.chance, {}};
             return cells;
@@ -105,7 +99,7 @@ class RowMaker {
     ReportRow Earned(StatisticsRow id, const std::string& label, double each, Count count) const {
         return Row(static_cast<int>(id), label, {}, [&](const Copy& copy) {
             std::array<ReportCell, 3> cells{CountCell(count(copy)), {}, {}};
-            if (law) cells[1] = Decimals("%.1f", static_cast<double>(Played(copy)) * each);
+            if (law) cells[1] = NumberCell("%.1f", static_cast<double>(Played(copy)) * each);
             return cells;
         });
     }
@@ -139,9 +133,9 @@ class RowMaker {
         rows.push_back(
             Row(static_cast<int>(StatisticsRow::kReturn), "Return, %", {}, [&](const Copy& copy) {
                 const double seen = share(copy, won(copy));
-                std::array<ReportCell, 3> cells{Decimals("%.2f", seen * 100)};
+                std::array<ReportCell, 3> cells{NumberCell("%.2f", seen * 100)};
                 if (!law) return cells;
-                cells[1] = Decimals("%.4f", mean * 100);
+                cells[1] = NumberCell("%.4f", mean * 100);
                 if (Played(copy) > 0) cells[2] = Spread(seen, copy);
                 return cells;
             }));
@@ -149,7 +143,7 @@ class RowMaker {
                            "Return with bonuses and double ups, %", {}, [&](const Copy& copy) {
                                const auto all = CreditsReturned(statistics, copy.counter);
                                return std::array<ReportCell, 3>{
-                                   Decimals("%.2f", share(copy, all) * 100)};
+                                   NumberCell("%.2f", share(copy, all) * 100)};
                            }));
     }
 
@@ -162,11 +156,12 @@ class RowMaker {
         };
         add(StatisticsRow::kPlayErrors, "Play errors",
             [this](const Copy& copy) { return CountCell(statistics.playErrors.*copy.counter); });
-        add(StatisticsRow::kErrorCost, "Cost of play errors, $",
-            [this](const Copy& copy) { return Decimals("%.4f", statistics.errorCosts.*copy.sum); });
+        add(StatisticsRow::kErrorCost, "Cost of play errors, $", [this](const Copy& copy) {
+            return NumberCell("%.4f", statistics.errorCosts.*copy.sum);
+        });
         add(StatisticsRow::kErrorShare, "Return lost to play errors, %", [this](const Copy& copy) {
             const double cost = statistics.errorCosts.*copy.sum;
-            return Decimals("%.4f", Quotient(cost, statistics.bestReturns.*copy.sum) * 100);
+            return NumberCell("%.4f", Quotient(cost, statistics.bestReturns.*copy.sum) * 100);
         });
     }
 
@@ -177,7 +172,7 @@ class RowMaker {
 
 std::vector<ReportColumn> Columns() {
     const std::string unusual = "The chance, by the binomial law, of so few or of so many";
-    return {{"", "", false, ""},
+    return {{"Figure", "", false, ""},
             {"Once in", "hands", true, "How rare it is when every hand is played best"},
             {"Session", "", true, "Seen since the session began"},
             {"Expected in session", "", true, "Of as many hands, played best at the present bet"},
@@ -213,16 +208,12 @@ std::string MixedBets(const GameEngine& engine) {
 }  // namespace
 
 ReportTable StatisticsRows(const GameEngine& engine, const std::optional<ExpectedPlay>& expected,
-                           const std::string& date) {
-    const MachineSettings& settings = engine.settings;
+                           std::int64_t time) {
     ReportTable table;
     table.title = "Game Play Analysis";
-    table.head = {{"Game", settings.gameName},
-                  {"Table", std::to_string(settings.activeTable)},
-                  {"Bet", BetText(settings)},
-                  {"Coin", CoinText(settings)},
-                  {"Date", date},
-                  {"Expected", ExpectedText(engine, expected.has_value())}};
+    table.head = GameFacts(engine);
+    table.head.push_back(DateFact(time));
+    table.head.push_back({"Expected", ExpectedText(engine, expected.has_value())});
     table.warning = MixedBets(engine);
     table.columns = Columns();
     table.rows = RowMaker(engine, expected).Rows();

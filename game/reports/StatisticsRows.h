@@ -1,8 +1,8 @@
 // The play statistics as a table: what was seen in the session and in the whole game, beside what
 // the exact analysis expects of as many hands, and how unusual that is.
 #pragma once
+#include <cstdint>
 #include <optional>
-#include <string>
 
 #include "game/reports/ExpectedPlay.h"
 #include "game/reports/ReportTable.h"
@@ -24,7 +24,7 @@ enum class StatisticsRow : int {
 };
 
 // Of the engine's game and table. What is expected is that of its present bet, which the counters
-// do not tell from others; without it the cells of it are empty, and the head says why. The date is
-// that of the figures, as it is to be shown.
+// do not tell from others; without it the cells of it are empty, and the head says why. The time is
+// that of the figures, in seconds since the epoch.
 ReportTable StatisticsRows(const GameEngine& engine, const std::optional<ExpectedPlay>& expected,
-                           const std::string& date);
+                           std::int64_t time);

@@ -27,7 +27,7 @@ struct StatisticsRowsTest : testing::Test {
         statistics.errorCosts = {2.5, 12.5};
         engine.payTable.lines[0].totalWins = 3;
     }
-    ReportTable Table() { return StatisticsRows(engine, expected, "2026-11-23"); }
+    ReportTable Table() { return StatisticsRows(engine, expected, 0); }
 
     // From the column of what was seen in the session on.
     static std::string Cells(const ReportTable& table, int id) {

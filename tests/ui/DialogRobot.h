@@ -27,7 +27,8 @@ class DialogRobot : public QObject {
         killTimer(timer);
         LookLater();
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isActiveWindow() || dialog->objectName() == "progress") return;
+        if (!dialog || !dialog->isVisible() || dialog->objectName() == "progress") return;
+        if (!dialog->isActiveWindow()) return dialog->activateWindow();  // as a desktop does
         if (!steps.empty()) {
             const Step step = steps.front();
             steps.pop_front();

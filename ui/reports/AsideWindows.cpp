@@ -9,7 +9,6 @@
 #include <QTime>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <utility>
 
 #include "ui/parts/DialogParts.h"
 #include "ui/reports/ReportFrame.h"
@@ -19,13 +18,14 @@ namespace {
 
 constexpr int kStep = 28;  // logical pixels from one window to the next
 constexpr double kShareOfScreen = 0.9;
+constexpr int kWidest = 160;  // characters
 
 // A window without a parent, so that the machine's can be brought in front of it.
 class AsideWindow : public QWidget {
   public:
     AsideWindow(std::unique_ptr<ReportPage> shown, const QString& name)
         : page(shown.release()), taken(new QLabel(this)) {
-        setObjectName(name);
+        setObjectName(name + "Aside");
         setAttribute(Qt::WA_DeleteOnClose);
         setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
         page->setParent(this);
@@ -43,8 +43,9 @@ class AsideWindow : public QWidget {
         connect(page, &ReportPage::CaptionChanged, this, [this] { ShowCaption(); });
         ShowCaption();
         ShowTime();
-        resize(sizeHint().boundedTo(screen()->availableSize() * kShareOfScreen));
-        page->KeepIn(*new ReportFrame(*this, name));
+        const QSize widest(WidthOf(*this, kWidest), QWIDGETSIZE_MAX);
+        resize(sizeHint().boundedTo(screen()->availableSize() * kShareOfScreen).boundedTo(widest));
+        page->KeepIn(*new ReportFrame(*this, name, "asidePlace"));
     }
 
   private:
@@ -86,10 +87,12 @@ void MoveBeside(QWidget& window, const std::vector<QPointer<QWidget>>& others) {
 
 AsideWindows::AsideWindows(QObject* parent) : QObject(parent) {}
 
-AsideWindows::~AsideWindows() { CloseAll(); }
+AsideWindows::~AsideWindows() {
+    for (const QPointer<QWidget>& window : windows) delete window;
+}
 
 void AsideWindows::PutAside(const ReportPage& page, const QString& name) {
-    auto* window = new AsideWindow(page.Copy(), name + "Aside");
+    auto* window = new AsideWindow(page.Copy(), name);
     std::erase_if(windows, [](const QPointer<QWidget>& old) { return old.isNull(); });
     if (!windows.empty()) MoveBeside(*window, windows);
     windows.emplace_back(window);
@@ -98,11 +101,12 @@ void AsideWindows::PutAside(const ReportPage& page, const QString& name) {
     window->activateWindow();
 }
 
-// Deleted at once: nothing of them may outlive what their pages know of the program.
+// Not deleted yet: a dialog over one of them may be waiting for its answer, further up the stack.
 void AsideWindows::CloseAll() {
-    for (const QPointer<QWidget>& window : std::exchange(windows, {})) {
-        if (window) window->hide();
-        delete window;
+    for (const QPointer<QWidget>& window : windows) {
+        if (!window) continue;
+        for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
+        window->hide();
     }
 }
 
@@ -110,8 +114,8 @@ QPushButton* PutAsideButton(QDialog& dialog, const ReportPage& page, AsideWindow
                             const QString& name) {
     auto* button =
         ActionButton(dialog, QObject::tr("Put Aside"), "putAside", [&dialog, &page, &aside, name] {
+            dialog.accept();  // which notes how it is left
             aside.PutAside(page, name);
-            dialog.accept();
         });
     button->setToolTip(
         QObject::tr("Keeps this report in a window of its own, beside which you can play on"));

@@ -18,12 +18,14 @@ class AsideWindows : public QObject {
 
   public:
     explicit AsideWindows(QObject* parent = nullptr);
-    ~AsideWindows() override;  // CloseAll
+    ~AsideWindows() override;
 
-    // Shows a copy of the page in a window, whose place is remembered under the name. A second one
-    // lies a little beside the first.
+    // Shows a copy of the page in a window as the dialog of that name was left; the place of the
+    // window is its own. A second one lies a little beside the first.
     void PutAside(const ReportPage& page, const QString& name);
 
+    // The machine's window is closed: nothing of them is seen any more, and what one of them asks
+    // is cancelled.
     void CloseAll();
 
   private:

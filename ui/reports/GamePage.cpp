@@ -1,5 +1,6 @@
 #include "ui/reports/GamePage.h"
 
+#include <QDate>
 #include <QFontMetrics>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -74,6 +75,9 @@ void GamePage::SetTabStops() {
 void GamePage::Show(GameReportView now) {
     shown = std::move(now);
     report->ShowReport(shown.report);
+    chart->SetSubject(PictureSubject(shown.place.gameName, shown.place.tableIndex, kFullBet, 0,
+                                     QDate::currentDate().toString(Qt::ISODate)),
+                      FileName(tr("shares")));
     chart->SetShares(shown.shares);
     table->SetTable(shown.table);
     table->SetFileName(FileName(tr("lines")));

@@ -7,10 +7,10 @@
 
 #include "ui/tables/ReportTableView.h"
 
-ReportFrame::ReportFrame(QWidget& window, const QString& name)
+ReportFrame::ReportFrame(QWidget& window, const QString& name, const QString& placeName)
     : QObject(&window), window(window), name(name) {
     window.installEventFilter(this);
-    const QString key = KeyOf("place");
+    const QString key = KeyOf(placeName);
     window.restoreGeometry(QSettings().value(key).toByteArray());
     notes.emplace_back([this, key] { QSettings().setValue(key, this->window.saveGeometry()); });
 }
@@ -34,7 +34,7 @@ void ReportFrame::Keep(ReportTableView& table) {
 }
 
 void ReportFrame::KeepDisplay(QWidget& choice) {
-    const QString key = KeyOf("display");
+    const QString key = KeyOf(choice.objectName());
     const QString wanted = QSettings().value(key).toString();
     const auto options = choice.findChildren<QRadioButton*>();
     for (QRadioButton* option : options) {

@@ -20,7 +20,8 @@ class ReportFrame : public QObject {
   public:
     // Belongs to the window. What was remembered under the name is taken up at once; a place on a
     // screen that is gone is moved onto one that is there. It is noted when the window is hidden.
-    ReportFrame(QWidget& window, const QString& name);
+    // A window of another kind may share all but its place with the dialog of that name.
+    ReportFrame(QWidget& window, const QString& name, const QString& placeName = "place");
 
     // They belong to the window. A tab and a display are known by the names of their objects.
     void Keep(QTabWidget& tabs);

@@ -1,15 +1,10 @@
 // The play statistics of an engine's game and table, as they were when the dialog was made.
 #pragma once
 #include <QDialog>
-#include <QList>
 #include <cstdint>
-#include <string>
 
-#include "game/reports/StatisticsReport.h"
-
+class AsideWindows;
 struct GameEngine;
-class QGridLayout;
-class ReportBox;
 
 class StatisticsDialog : public QDialog {
     Q_OBJECT
@@ -18,25 +13,11 @@ class StatisticsDialog : public QDialog {
     // now is the time of the wall clock in seconds since the epoch.
     StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent);
 
+    // It can be put aside too, and the window takes new figures of the player's engine.
+    StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
+                     const GameEngine& player, AsideWindows& aside);
+
   private:
-    struct Section {
-        ReportBox* box;
-        QList<std::string> reports;
-        int shown = 0;  // the one in the box, with long labels cut
-    };
-
-    QWidget* MakeReports(const GameEngine& engine, std::int64_t now);
-    void AddBox(QGridLayout& layout, int row, int column, const QString& title, const char* name,
-                const QList<std::string>& reports);
-    void ShowReports(qreal fontSize);
-    void ShowReport(Section& section, int chosen);
-    void SetTabStops();
-    void FitToScreen();
-    QSize WantedSize() const;
-    void Save();
-
-    std::string gameName;
-    QList<Section> sections;
-    bool namesHaveRoom = true;  // on this screen, for long names of games
-    int labelWidth = 0;         // of the first column, in logical pixels
+    StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
+                     const GameEngine* player, AsideWindows* aside);
 };

@@ -252,7 +252,7 @@ void ReportTableView::NoteSort(int column, Qt::SortOrder order) {
         sortedBy.clear();
     } else if (at < Table().columns.size()) {
         sortedBy = (order == Qt::DescendingOrder ? "-" : "") +
-                   QString::fromStdString(Table().columns[at].title);
+                   QString::fromStdString(Heading(Table().columns[at]));
     }
 }
 
@@ -260,7 +260,7 @@ void ReportTableView::ApplySort() {
     const bool down = sortedBy.startsWith(u'-');
     const std::string title = sortedBy.mid(down ? 1 : 0).toStdString();
     const auto& columns = Table().columns;
-    const auto found = std::ranges::find(columns, title, &ReportColumn::title);
+    const auto found = std::ranges::find(columns, title, Heading);
     const bool known = !title.empty() && found != columns.end();
     const int column = known ? static_cast<int>(found - columns.begin()) : -1;
     const QString wished = sortedBy;

@@ -48,8 +48,8 @@ class ReportTableView : public QWidget {
     // Nothing for an id that is not shown.
     void SetCurrentRow(std::int64_t id);
 
-    // "Return" upwards, "-Return" downwards; empty for the report's own order. A title that the
-    // table does not have is waited for.
+    // "Return ($)" upwards, "-Return ($)" downwards; empty for the report's own order. A heading that
+    // the table does not have is waited for.
     QString SortedBy() const;
     void SortBy(const QString& column);
 

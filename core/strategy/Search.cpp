@@ -1,0 +1,303 @@
+#include "core/strategy/Search.h"
+
+#include <algorithm>
+#include <future>
+#include <optional>
+#include <thread>
+
+#include "core/strategy/Board.h"
+#include "core/strategy/Candidates.h"
+
+namespace {
+
+constexpr double kNoGain = 1e-8;            // percent: smaller changes are rounding
+constexpr std::size_t kMostPasses = 60;     // over the hands of rows that a guess speaks for
+constexpr std::size_t kMostSweeps = 6;
+constexpr std::size_t kDropsTried = 6;      // rows that are missed least
+constexpr std::uint32_t kNone = UINT32_MAX;
+
+// The parts of the work by which its progress is told.
+constexpr double kReadingPart = 0.1;
+
+class Searcher {
+  public:
+    Searcher(const StartingHands& hands, const Terms& terms, const PayTable& table,
+             const SearchWish& wish, const Progress& progress)
+        : wish(wish),
+          progress(progress),
+          board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
+                [this] { return GoOn(); }) {
+        result.chart = {Row()};
+        if (stopped) return;
+        candidates = MakeCandidates(terms, table, board.Index(), {wish.penalties});
+        std::erase_if(candidates, [this](const Candidate& candidate) {
+            return candidate.row.base != Base::kNothing &&
+                   std::ranges::none_of(candidate.looks, [this](std::uint32_t look) {
+                       return board.IsEverBest(look);
+                   });
+        });
+        if (!GoOn()) return;
+        board.Prepare(candidates);
+    }
+
+    SearchResult Run() {
+        const std::vector<double> tolerances = Tolerances();
+        for (std::size_t i = 0; i < tolerances.size() && !stopped; ++i) {
+            const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
+            done = kReadingPart + each * static_cast<double>(i);
+            Start(tolerances[i]);
+            Polish();
+            Lengthen();
+            Shrink();
+        }
+        if (best) result.chart = best->rows;
+        result.cancelled = stopped;
+        return std::move(result);
+    }
+
+  private:
+    using Rows = std::vector<std::uint32_t>;  // numbers of candidates
+    struct Pick {
+        Board::Change change;
+        std::uint32_t candidate = kNone;
+    };
+
+    bool GoOn() {
+        if (!stopped && progress && !progress(done)) stopped = true;
+        return !stopped;
+    }
+
+    // What rows of the first list may lose; several, since a coarser beginning is not always the
+    // worse one.
+    std::vector<double> Tolerances() const {
+        if (wish.mostLoss > 0) return {3 * wish.mostLoss, 0.3 * wish.mostLoss};
+        if (wish.mostLoss == 0) return {0};
+        return {0.03, 0.003, 0};
+    }
+
+    bool FitsWish(std::size_t size, double loss) const {
+        return size <= wish.mostRows && (wish.mostLoss < 0 || loss <= wish.mostLoss + kNoGain);
+    }
+
+    // What is wished for comes first, then what is short enough, then what loses less.
+    bool IsBetter(const SearchResult::Found& a, const SearchResult::Found& b) const {
+        const bool aFits = FitsWish(a.rows.size(), a.loss);
+        const bool bFits = FitsWish(b.rows.size(), b.loss);
+        if (aFits != bFits) return aFits;
+        if (aFits && wish.mostLoss >= 0 && a.rows.size() != b.rows.size()) {
+            return a.rows.size() < b.rows.size();
+        }
+        const bool aShort = a.rows.size() <= wish.mostRows;
+        const bool bShort = b.rows.size() <= wish.mostRows;
+        if (aShort != bShort) return aShort;
+        return a.loss < b.loss - kNoGain;
+    }
+
+    // Takes the list down when it is better than what was found before.
+    void Note() {
+        SearchResult::Found found{{}, board.Loss()};
+        for (const std::uint32_t row : rows) found.rows.push_back(candidates[row].row);
+        if (result.bySize.size() <= rows.size()) result.bySize.resize(rows.size() + 1);
+        SearchResult::Found& known = result.bySize[rows.size()];
+        if (known.rows.empty() || found.loss < known.loss - kNoGain) known = found;
+        if (!best || IsBetter(found, *best)) best = std::move(found);
+    }
+
+    void InsertRow(std::uint32_t candidate, std::size_t place) {
+        board.Insert(candidates[candidate].looks, place);
+        rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(place), candidate);
+    }
+
+    void RemoveRow(std::size_t row) {
+        board.Remove(row);
+        rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(row));
+    }
+
+    // Puts the rows of a list on the board, those that stand there in their places being left.
+    void Restore(const Rows& list) {
+        for (std::size_t row = rows.size(); row-- > 0;) {
+            if (std::ranges::find(list, rows[row]) == list.end()) RemoveRow(row);
+        }
+        for (std::size_t row = 0; row < list.size(); ++row) {
+            if (row < rows.size() && rows[row] == list[row]) continue;
+            const auto elsewhere = std::ranges::find(rows, list[row]);
+            if (elsewhere != rows.end()) {
+                RemoveRow(static_cast<std::size_t>(elsewhere - rows.begin()));
+            }
+            InsertRow(list[row], row);
+        }
+    }
+
+    // The first candidate is to discard everything: the last row of every list.
+    void Start(double tolerance) {
+        Rows list = board.FirstList(candidates, tolerance);
+        std::erase(list, 0U);
+        list.push_back(0);
+        while (!rows.empty()) RemoveRow(rows.size() > 1 ? 0 : rows.size() - 1);
+        for (std::size_t row = list.size(); row-- > 0;) InsertRow(list[row], 0);
+        Tidy();
+        Note();
+    }
+
+    // Drops the rows that nothing is lost without.
+    void Tidy() {
+        for (std::size_t row = 0; row + 1 < rows.size();) {
+            if (board.LossWithout(row) <= board.Loss() + kNoGain) {
+                RemoveRow(row);
+            } else {
+                ++row;
+            }
+        }
+    }
+
+    void GuessAll(std::size_t from, std::size_t to) {
+        for (std::size_t i = from; i < to; ++i) {
+            guesses[i] = board.GuessInsertion(candidates[i].looks).loss;
+        }
+    }
+
+    // The row that gains most; of those that gain the same, the plainest.
+    Pick BestRow() {
+        guesses.resize(candidates.size());
+        const std::size_t half = twoThreads ? candidates.size() / 2 : candidates.size();
+        if (twoThreads) {
+            const auto other = std::async(std::launch::async,
+                                          [&] { GuessAll(half, candidates.size()); });
+            GuessAll(0, half);
+        } else {
+            GuessAll(0, half);
+        }
+        std::vector<std::uint32_t> hopes;
+        for (std::uint32_t i = 0; i < guesses.size(); ++i) {
+            if (guesses[i] < -kNoGain) hopes.push_back(i);
+        }
+        const std::size_t count = std::min(hopes.size(), kMostPasses);
+        const auto end = hopes.begin() + static_cast<std::ptrdiff_t>(count);
+        std::partial_sort(hopes.begin(), end, hopes.end(), [this](auto a, auto b) {
+            return guesses[a] != guesses[b] ? guesses[a] < guesses[b] : a < b;
+        });
+        Pick pick;
+        for (std::size_t i = 0; i < count; ++i) {
+            if (guesses[hopes[i]] > pick.change.loss + kNoGain) break;
+            const auto change = board.BestInsertion(candidates[hopes[i]].looks);
+            const double gain = pick.change.loss - change.loss;
+            if (gain > kNoGain || (gain > -kNoGain && hopes[i] < pick.candidate)) {
+                pick = {change, hopes[i]};
+            }
+        }
+        return pick;
+    }
+
+    // Takes each row out and puts the best one in. False when nothing changed.
+    bool Sweep() {
+        bool changed = false;
+        for (std::size_t row = 0; row + 1 < rows.size() && GoOn(); ++row) {
+            const std::uint32_t old = rows[row];
+            RemoveRow(row);
+            const Pick pick = BestRow();
+            const auto back = board.BestInsertion(candidates[old].looks);
+            const double gain = back.loss - pick.change.loss;
+            if (gain > kNoGain || (gain > -kNoGain && pick.candidate < old)) {
+                InsertRow(pick.candidate, pick.change.place);
+                changed = true;
+            } else {
+                changed = changed || back.place != row;
+                InsertRow(old, back.place);
+            }
+        }
+        return changed;
+    }
+
+    void Polish() {
+        double before = board.Loss();
+        for (std::size_t i = 0; i < kMostSweeps && !stopped; ++i) {
+            const std::size_t size = rows.size();
+            const bool changed = Sweep();
+            Tidy();
+            Note();
+            const bool gained = board.Loss() < before - kNoGain || rows.size() < size;
+            if (!changed || (!gained && i > 0)) break;
+            before = board.Loss();
+        }
+    }
+
+    // Adds rows as long as they help and there is room, when the loss is what matters.
+    void Lengthen() {
+        const bool lossMatters = wish.mostLoss < 0 || board.Loss() > wish.mostLoss + kNoGain;
+        if (!lossMatters) return;
+        const std::size_t size = rows.size();
+        while (rows.size() < wish.mostRows && GoOn()) {
+            const Pick pick = BestRow();
+            if (pick.change.loss > -kNoGain) break;
+            InsertRow(pick.candidate, pick.change.place);
+            Note();
+        }
+        if (rows.size() > size) Polish();
+    }
+
+    // Places of all rows but the last, least missed first.
+    std::vector<std::size_t> ByDamage() {
+        std::vector<std::pair<double, std::size_t>> damages;
+        for (std::size_t row = 0; row + 1 < rows.size(); ++row) {
+            damages.emplace_back(board.LossWithout(row), row);
+        }
+        std::ranges::sort(damages);
+        std::vector<std::size_t> places;
+        for (const auto& [damage, row] : damages) places.push_back(row);
+        return places;
+    }
+
+    // Drops the row that is missed least. Where that leaves a list that is not good enough, tries
+    // others: what is missed much may be made up for by its neighbours. False when nothing was.
+    bool DropRow() {
+        const Rows before = rows;
+        const std::vector<std::size_t> places = ByDamage();
+        const bool tooLong = rows.size() > wish.mostRows;
+        const bool careful = rows.size() <= wish.mostRows + kDropsTried / 2;
+        Rows bestRows;
+        double bestLoss = 1e9;
+        for (std::size_t i = 0; i < std::min(places.size(), kDropsTried) && !stopped; ++i) {
+            RemoveRow(places[i]);
+            Polish();
+            const double loss = board.Loss();
+            const bool enough = wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain;
+            if (loss < bestLoss - kNoGain) {
+                bestLoss = loss;
+                bestRows = rows;
+            }
+            if (enough || (tooLong && !careful)) return true;
+            Restore(before);
+        }
+        if (stopped || bestRows.empty() || !tooLong) return false;
+        Restore(bestRows);
+        return true;
+    }
+
+    void Shrink() {
+        while (rows.size() > 1 && !stopped) {
+            const bool longer = rows.size() > wish.mostRows;
+            const bool good = wish.mostLoss >= 0 && board.Loss() <= wish.mostLoss + kNoGain;
+            if (!longer && !good) break;
+            if (!DropRow()) break;
+        }
+    }
+
+    const SearchWish& wish;
+    const Progress& progress;
+    bool stopped = false;
+    double done = 0;
+    Board board;
+    std::vector<Candidate> candidates;
+    Rows rows;  // as they stand on the board
+    std::vector<double> guesses;
+    bool twoThreads = std::thread::hardware_concurrency() > 1;
+    SearchResult result;
+    std::optional<SearchResult::Found> best;
+};
+
+}  // namespace
+
+SearchResult FindChart(const StartingHands& hands, const Terms& terms, const PayTable& table,
+                       const SearchWish& wish, const Progress& progress) {
+    return Searcher(hands, terms, table, wish, progress).Run();
+}
