@@ -18,8 +18,8 @@
 namespace {
 
 constexpr int kLookInterval = 100;  // milliseconds
-constexpr int kShownCharacters = 130;
-constexpr int kShownLines = 32;
+constexpr int kShownCharacters = 160;
+constexpr int kShownLines = 40;
 constexpr double kShareOfScreen = 0.9;
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QEvent>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -10,7 +11,9 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSyntaxHighlighter>
 #include <QTabWidget>
+#include <QTextDocument>
 #include <algorithm>
 #include <utility>
 
@@ -36,6 +39,23 @@ int WidestLabel(const QFontMetrics& font, const QString& report) {
     return widest;
 }
 
+// The holds of the first two lines are told apart where an underscore is as wide as a letter.
+class FixedHolds : public QSyntaxHighlighter {
+  public:
+    using QSyntaxHighlighter::QSyntaxHighlighter;
+
+  protected:
+    void highlightBlock(const QString& line) override {
+        constexpr int kHoldLines = 2;
+        if (currentBlock().blockNumber() >= kHoldLines) return;
+        QTextCharFormat fixed;
+        fixed.setFontFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
+        fixed.setFontFixedPitch(true);
+        const auto hold = static_cast<int>(line.indexOf(u'\t')) + 1;
+        setFormat(hold, static_cast<int>(line.size()) - hold, fixed);
+    }
+};
+
 QPushButton* Button(const QString& caption, const char* name, QWidget* parent,
                     const std::function<void()>& action) {
     auto* button = new QPushButton(caption, parent);
@@ -60,7 +80,15 @@ ErrorLogPage::ErrorLogPage(ErrorLogView first, Reader read, ErrorActions actions
       store(store) {
     tabs = new QTabWidget(this);
     tabs->setObjectName("tabs");
-    tabs->addTab(MakeEntryPage(), tr("&Entry"));
+    // The boxes are fitted before: a page that is in a tab asks for what it did when it came there.
+    QWidget* entry = MakeEntryPage();
+    SetTabStops();
+    ShowEntry();
+    for (ReportBox* box : {text, summary}) {
+        box->FitToText();
+        box->saveAs = [this] { SaveEntry(); };
+    }
+    tabs->addTab(entry, tr("&Entry"));
     tabs->addTab(MakeTablePage(), tr("&All Entries"));
     kinds = new ReportTableView("kinds", tr("Play errors by kind of hold"), tabs);
     connect(kinds, &ReportTableView::RowActivated, this, &ErrorLogPage::ShowKind);
@@ -68,13 +96,7 @@ ErrorLogPage::ErrorLogPage(ErrorLogView first, Reader read, ErrorActions actions
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(tabs);
-    SetTabStops();
-    ShowEntry();
     ShowTables();
-    for (ReportBox* box : {text, summary}) {
-        box->FitToText();
-        box->saveAs = [this] { SaveEntry(); };
-    }
 }
 
 QWidget* ErrorLogPage::MakeEntryPage() {
@@ -87,6 +109,7 @@ QWidget* ErrorLogPage::MakeEntryPage() {
     title->setMinimumWidth(WidthOf(*title, 16));
     title->installEventFilter(this);
     text = new ReportBox("entry", tr("Play error"), page);
+    new FixedHolds(text->document());
     auto* layout = new QGridLayout(page);
     layout->addWidget(title, 0, 0, Qt::AlignLeft);
     layout->addWidget(text, 1, 0);
