@@ -59,6 +59,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.aside = &aside;
     desk.showAllGames = [this] { ShowAllGames(); };
+    player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
     ShowAtRest(seat);

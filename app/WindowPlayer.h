@@ -17,6 +17,9 @@ class WindowPlayer : public Player {
     // Where reports are put aside; without it none is.
     AsideWindows* aside = nullptr;
 
+    // The engine of the machine, of which statistics that are put aside take new ones.
+    const GameEngine* machine = nullptr;
+
     // Shows the analysis of the hand over a dialog; without it a play error offers none.
     std::function<void(QWidget& over)> showAnalysis;
 

@@ -140,7 +140,7 @@ class RowMaker {
                 return cells;
             }));
         rows.push_back(Row(static_cast<int>(StatisticsRow::kReturnWithExtras),
-                           "Return with bonuses and double ups, %", {}, [&](const Copy& copy) {
+                           "Return with bonuses, %", {}, [&](const Copy& copy) {
                                const auto all = CreditsReturned(statistics, copy.counter);
                                return std::array<ReportCell, 3>{
                                    NumberCell("%.2f", share(copy, all) * 100)};
