@@ -96,7 +96,10 @@ void WindowPlayer::RefuseAll() {
     const auto dialogs = window.findChildren<QDialog*>();
     // Those that stand over others last in the list, first to go.
     std::for_each(dialogs.rbegin(), dialogs.rend(), [](QDialog* dialog) {
-        if (dialog->isVisible()) dialog->reject();
+        if (!dialog->isVisible()) return;
+        // It would ask what to do with changes.
+        const bool asks = qobject_cast<PayTableManagerDialog*>(dialog) != nullptr;
+        asks ? dialog->done(QDialog::Rejected) : dialog->reject();
     });
 }
 

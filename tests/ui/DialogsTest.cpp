@@ -83,7 +83,7 @@ TEST(AutoplayHandsDialogTest, OnlyAWholeNumberIsAccepted) {
 }
 
 TEST(RenameGameDialogTest, ANameHasEightyBytesAtMostAndCanBeKeptInAFile) {
-    RenameGameDialog dialog("Deuces", nullptr);
+    RenameGameDialog dialog("Deuces", "Deuces", nullptr);
     const auto fill = [](QDialog& open) {
         Paste("Deuces\n" + QString(36, QChar(0xE4)))(open);
         Type("xyz")(open);
@@ -284,7 +284,7 @@ struct DialogKeysTest : testing::Test, ManagerTable {
         look(CombinationsDialog(nullptr));
         look(CreateAnalysisFilesDialog({}, nullptr));
         look(EnterDollarsDialog(1, nullptr));
-        look(RenameGameDialog("My Game", nullptr));
+        look(RenameGameDialog("My Game", "My Game", nullptr));
         LoadSpare(seat, spare);
         GameReportPages pages(seat, spare, paths);
         pages.Show("Jacks or Better", 0);

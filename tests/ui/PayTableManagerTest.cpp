@@ -129,6 +129,7 @@ TEST(PayTableManagerTest, ARefusalPutsTheCursorWhereItBelongs) {
         Press(Qt::Key_Return),
         ExpectText("gameName", "Better Jacks"),
         ClickOn("done"),
+        Choose(QMessageBox::Discard),
     };
     auto editor = m.Manager("My Game", 9001);
     EXPECT_TRUE(m.player.ShowPayTableManager(editor));
@@ -137,7 +138,7 @@ TEST(PayTableManagerTest, ARefusalPutsTheCursorWhereItBelongs) {
         << question;
 }
 
-TEST(PayTableManagerTest, TheLineUnderTheTableFollowsTyping) {
+TEST(PayTableManagerTest, TheLineAboveTheTableFollowsTyping) {
     OpenManager m("Jacks or Better", 300);
     QTRY_COMPARE_WITH_TIMEOUT(m.Live(), QString("Return 99.5439%  Variance 19.51"), 20000);
     auto& fullHouse = m.Part<QLineEdit>("maxPayout3");
