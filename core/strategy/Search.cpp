@@ -20,6 +20,7 @@ constexpr std::uint32_t kNone = UINT32_MAX;
 
 // The parts of the work by which its progress is told.
 constexpr double kReadingPart = 0.1;
+constexpr double kStepTowardsLimit = 0.005;
 
 class Searcher {
   public:
@@ -47,6 +48,7 @@ class Searcher {
         for (std::size_t i = 0; i < tolerances.size() && !stopped; ++i) {
             const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
             done = kReadingPart + each * static_cast<double>(i);
+            limit = done + each;
             Start(tolerances[i]);
             Lengthen();
             Shrink();
@@ -65,6 +67,8 @@ class Searcher {
     };
 
     bool GoOn() {
+        // How long the search goes on is not known: each step comes nearer to the end of its part.
+        done += (limit - done) * kStepTowardsLimit;
         if (!stopped && progress && !progress(done)) stopped = true;
         return !stopped;
     }
@@ -130,14 +134,19 @@ class Searcher {
         }
     }
 
+    void Lay(const Rows& list) {
+        while (!rows.empty()) RemoveRow(0);
+        for (std::size_t row = list.size(); row-- > 0;) InsertRow(list[row], 0);
+    }
+
     // The first candidate is to discard everything: the last row of every list.
     void Start(double tolerance) {
         Rows list = board.FirstList(candidates, tolerance);
         std::erase(list, 0U);
         list.push_back(0);
-        while (!rows.empty()) RemoveRow(rows.size() > 1 ? 0 : rows.size() - 1);
-        for (std::size_t row = list.size(); row-- > 0;) InsertRow(list[row], 0);
+        Lay(list);
         Tidy();
+        Lay(Rows(rows));  // the board is the faster the fewer places were ever taken
         Note();
         polished = false;
     }
@@ -329,6 +338,7 @@ class Searcher {
     bool stopped = false;
     bool polished = false;  // nothing was dropped since
     double done = 0;
+    double limit = kReadingPart;  // of done, in the part at work
     Board board;
     std::vector<Candidate> candidates;
     Rows rows;  // as they stand on the board
