@@ -175,7 +175,7 @@ bool WindowPlayer::ShowPayTableManager(PayTableEditor& editor) {
 
 ReportAnswer WindowPlayer::ShowGameReport(GameReportPages& pages) {
     if (refusing) return ReportAnswer::kDone;
-    GameAnalysisDialog dialog(pages, &window);
+    GameAnalysisDialog dialog(pages, aside, &window);
     dialog.exec();
     return dialog.Answer();
 }
