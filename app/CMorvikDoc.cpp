@@ -113,7 +113,10 @@ QString CMorvikDoc::WaitingNote() const {
     return tr("%1 waits to be opened").arg(QFileInfo(waitingFile).fileName());
 }
 
-void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
+void CMorvikDoc::RefuseQuestions() {
+    player.RefuseAll();
+    aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+}
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 

@@ -101,12 +101,18 @@ void AsideWindows::PutAside(const ReportPage& page, const QString& name) {
     window->activateWindow();
 }
 
-// Not deleted yet: a dialog over one of them may be waiting for its answer, further up the stack.
-void AsideWindows::CloseAll() {
+void AsideWindows::RefuseQuestions() {
     for (const QPointer<QWidget>& window : windows) {
         if (!window) continue;
         for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
-        window->hide();
+    }
+}
+
+// Not deleted yet: a dialog over one of them may be on its way back, further up the stack.
+void AsideWindows::CloseAll() {
+    RefuseQuestions();
+    for (const QPointer<QWidget>& window : windows) {
+        if (window) window->hide();
     }
 }
 
