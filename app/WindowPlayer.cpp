@@ -96,7 +96,10 @@ void WindowPlayer::RefuseAll() {
     const auto dialogs = window.findChildren<QDialog*>();
     // Those that stand over others last in the list, first to go.
     std::for_each(dialogs.rbegin(), dialogs.rend(), [](QDialog* dialog) {
-        if (dialog->isVisible()) dialog->reject();
+        if (!dialog->isVisible()) return;
+        // It would ask what to do with changes.
+        const bool asks = qobject_cast<PayTableManagerDialog*>(dialog) != nullptr;
+        asks ? dialog->done(QDialog::Rejected) : dialog->reject();
     });
 }
 
@@ -172,7 +175,7 @@ bool WindowPlayer::ShowPayTableManager(PayTableEditor& editor) {
 
 ReportAnswer WindowPlayer::ShowGameReport(GameReportPages& pages) {
     if (refusing) return ReportAnswer::kDone;
-    GameAnalysisDialog dialog(pages, &window);
+    GameAnalysisDialog dialog(pages, aside, &window);
     dialog.exec();
     return dialog.Answer();
 }
@@ -211,6 +214,5 @@ std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
 
 void WindowPlayer::ShowStatistics(const GameEngine& engine) {
     if (refusing) return;
-    StatisticsDialog dialog(engine, clock.Now(), &window);
-    dialog.exec();
+    StatisticsDialog(engine, clock.Now(), &window, machine, aside).exec();
 }

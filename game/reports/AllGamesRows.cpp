@@ -73,10 +73,14 @@ ReportRow RowOf(const ListedTable& table, const ProfileOnDisk& cache) {
         AddFigures(*analysis, row.cells);
     } else {
         row.cells.resize(kDateColumn);
-        row.cells.push_back(
-            TextCell(can ? WhyNoFigures(standing, analysis ? analysis->stamp : AnalysisStamp{})
-                         : "not available"));
-        if (can) row.mark = RowMark::kBad;
+        const std::string reason =
+            can ? WhyNoFigures(standing, analysis ? analysis->stamp : AnalysisStamp{})
+                : "not available";
+        row.cells.push_back(TextCell(reason));
+        if (can) {
+            row.mark = RowMark::kBad;
+            row.remark = reason;
+        }
     }
     row.cells.push_back(TextCell(KindOf(table.place)));
     return row;

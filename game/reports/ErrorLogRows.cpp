@@ -34,6 +34,19 @@ ReportCell Cards(const GameEngine& engine, const ErrorLogEntry& error) {
     return cell;
 }
 
+// The cards that are held, in their places. Where none is, the text says so.
+ReportCell HoldCell(const GameEngine& engine, const ErrorLogEntry& error, HoldMask mask) {
+    ReportCell cell = TextCell(HoldText(engine, error.hand, error.draws[0], mask));
+    if (mask == 0) return cell;
+    const Hand faces = PlacesOf(engine, error.hand, error.draws[0]);
+    cell.cards.resize(kHandSize);
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        const bool held = IsPickEm(engine) ? cell.text[i] != '_' : Holds(mask, i);
+        if (held) cell.cards[i] = faces[i];
+    }
+    return cell;
+}
+
 std::vector<ReportFact> Head(const GameEngine& engine, std::size_t errors) {
     return {{"Game", engine.settings.gameName},
             {"Table", std::to_string(engine.settings.activeTable)},
@@ -68,22 +81,25 @@ ReportTable ErrorTable(const GameEngine& engine, const std::vector<ErrorLogEntry
     };
     std::int64_t number = 0;
     for (const ErrorLogEntry& error : errors) {
-        const auto hold = [&](HoldMask mask) {
-            return TextCell(HoldText(engine, error.hand, error.draws[0], mask));
-        };
         const double cost = CostOf(error);
         ReportRow row{number++, {}, {}};
         row.cells = {NumberCell("%.0f", static_cast<double>(number)),
                      DateCell(error.date),
                      Cards(engine, error),
-                     hold(error.best),
-                     hold(error.player),
+                     HoldCell(engine, error, error.best),
+                     HoldCell(engine, error, error.player),
                      NumberCell("%.4f", cost),
                      NumberCell("%.4f", Quotient(cost, engine.settings.coin)),
                      TextCell(KindOf(engine, error))};
         report.rows.push_back(std::move(row));
     }
     return report;
+}
+
+ReportTable OnlyKind(ReportTable errors, const std::string& kind) {
+    std::erase_if(errors.rows, [&](const ReportRow& row) { return row.cells.back().text != kind; });
+    errors.head.push_back({"Kind of hold", kind});
+    return errors;
 }
 
 ReportTable ErrorKindTable(const GameEngine& engine, const std::vector<ErrorLogEntry>& errors) {

@@ -125,8 +125,28 @@ bool RunShownTable(Seat& seat, GameEngine& spare, const DataFilePaths& paths,
 
 }  // namespace
 
+GameReportView ReadGameReport(const Seat& seat, const DataFilePaths& paths,
+                              const TableOfGame& table) {
+    GameEngine engine;
+    SetCurrentTable(engine.settings, table);
+    engine.payTable = LoadPayTable(seat.files.Main(), table, "");
+    const ProfileOnDisk cache{seat.files.file, paths.analysisCache};
+    return {table, GameReport(engine, cache), AnalysisWarning(engine, cache),
+            LineShares(engine, cache), GameTable(engine, cache)};
+}
+
 GameReportPages::GameReportPages(Seat& seat, GameEngine& spare, const DataFilePaths& paths)
-    : seat(seat), spare(spare), cache{seat.files.file, paths.analysisCache} {}
+    : seat(seat), spare(spare), paths(paths) {}
+
+GameReportView GameReportPages::View() const {
+    return ReadGameReport(seat, paths, CurrentTable(spare.settings));
+}
+
+std::function<GameReportView(const TableOfGame&)> GameReportPages::Reader() const {
+    return [&seat = seat, &paths = paths](const TableOfGame& table) {
+        return ReadGameReport(seat, paths, table);
+    };
+}
 
 void GameReportPages::Show(const std::string& gameName, int tableIndex) {
     LoadSpareTable(seat, spare,

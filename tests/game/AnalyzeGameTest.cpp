@@ -15,8 +15,8 @@ struct AnalyzeGameTest : testing::Test, TestSeat {
     void Command(int runs) {
         ports.atReport = [this, runs](GameReportPages& pages) mutable {
             shown.push_back(TableSection(pages.GameName(), pages.TableIndex()));
-            lastReport = pages.Report();
-            warning = pages.Warning();
+            lastReport = pages.View().report;
+            warning = pages.View().warning;
             if (look) look(pages);
             return runs-- > 0 ? ReportAnswer::kRunAnalysis : ReportAnswer::kDone;
         };

@@ -28,8 +28,9 @@ namespace {
 constexpr double kDotsPerInch = 300;   // of a picture that is copied or saved
 constexpr double kPixelsPerInch = 96;  // logical ones
 constexpr double kMetresPerInch = 0.0254;
-constexpr int kPaperFont = 13;      // logical pixels
-constexpr double kTitleSize = 1.3;  // of the title, in that font
+constexpr int kPaperFont = 13;            // logical pixels
+constexpr double kPaperCharacters = 110;  // the width of a chart on paper, at least
+constexpr double kTitleSize = 1.3;        // of the title, in that font
 
 constexpr double kMargin = 1.2;  // around the chart on paper, in line heights
 constexpr double kTitle = 1.7;   // the height of the title
@@ -38,9 +39,16 @@ constexpr double kHead = 3.6;    // of the title and the subject
 constexpr int kPages = 10;  // so many presses of Page Down go through all points
 
 ChartSheet Paper() {
-    QFont font = QApplication::font();
+    QFont font(QFontInfo(QApplication::font()).family());  // a face by its own name
     font.setPixelSize(kPaperFont);
     return {{}, font, PaperColours(), {}};
+}
+
+// That of the title.
+QFont Large(QFont font) {
+    font.setPixelSize(qRound(kPaperFont * kTitleSize));
+    font.setBold(true);
+    return font;
 }
 
 }  // namespace
@@ -145,7 +153,10 @@ void Chart::paintEvent(QPaintEvent* /*event*/) {
 QSizeF Chart::PaperSize() const {
     const ChartSheet paper = Paper();
     const QSizeF chart = SizeFor(paper);
-    return {chart.width() + 2 * kMargin * paper.Line(),
+    const double width =
+        std::max({chart.width(), kPaperCharacters * paper.Character(), paper.WidthOf(subject),
+                  QFontMetricsF(Large(paper.font)).horizontalAdvance(title)});
+    return {width + 2 * kMargin * paper.Line(),
             chart.height() + (kHead + 2 * kMargin) * paper.Line()};
 }
 
@@ -159,10 +170,7 @@ void Chart::PaintPaper(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(QRectF(QPointF(), PaperSize()), paper.colours.ground);
     painter.setPen(paper.colours.text);
-    QFont large = paper.font;
-    large.setPixelSize(qRound(kPaperFont * kTitleSize));
-    large.setBold(true);
-    painter.setFont(large);
+    painter.setFont(Large(paper.font));
     const QRectF top(inside.left(), inside.top(), inside.width(), kTitle * line);
     painter.drawText(top, Qt::AlignLeft | Qt::AlignTop, title);
     painter.setFont(paper.font);
@@ -202,7 +210,10 @@ QByteArray Chart::Svg() const {
     QPainter painter(&drawing);
     PaintPaper(painter);
     painter.end();
-    return bytes.data();
+    // Where the face is not installed, another one without serifs does as well.
+    const QByteArray face = "font-family=\"" + Paper().font.family().toUtf8();
+    QByteArray text = bytes.data();
+    return text.replace(face + '"', face + ", sans-serif\"");
 }
 
 // Both, since a word processor takes the drawing and most others the picture.

@@ -21,7 +21,7 @@ constexpr double kMostDeviations = 2;
 
 // In line heights.
 constexpr double kAboveLegend = 0.3;
-constexpr double kBelowLegend = 0.6;
+constexpr double kBelowLegend = 0.8;
 constexpr double kFoot = 2.8;  // the numbers of the hands and the title of their axis
 constexpr double kNote = 2.3;  // two lines below them
 constexpr double kSide = 2.5;  // the title left of the amounts, with the spaces beside them

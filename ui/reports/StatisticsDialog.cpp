@@ -18,13 +18,6 @@ constexpr double kShareOfScreen = 0.95;
 
 }  // namespace
 
-StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent)
-    : StatisticsDialog(engine, now, parent, nullptr, nullptr) {}
-
-StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
-                                   const GameEngine& player, AsideWindows& aside)
-    : StatisticsDialog(engine, now, parent, &player, &aside) {}
-
 StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
                                    const GameEngine* player, AsideWindows* aside)
     : QDialog(parent) {
@@ -32,9 +25,10 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
     setWindowTitle(tr("Game Play Analysis"));
     auto* page = new StatisticsPage(engine, now, player, this);
     auto* buttons = OkAlone(*this);
+    buttons->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     auto* bottom = new QHBoxLayout;
     bottom->addStretch();
-    if (aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));
+    if (player && aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));
     bottom->addWidget(buttons);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(page, 1);

@@ -10,14 +10,8 @@ class StatisticsDialog : public QDialog {
     Q_OBJECT
 
   public:
-    // now is the time of the wall clock in seconds since the epoch.
-    StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent);
-
-    // It can be put aside too, and the window takes new figures of the player's engine.
+    // now is the time of the wall clock in seconds since the epoch. With the player's engine and
+    // windows for it, it can be put aside too, and then takes new figures of that engine.
     StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
-                     const GameEngine& player, AsideWindows& aside);
-
-  private:
-    StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
-                     const GameEngine* player, AsideWindows* aside);
+                     const GameEngine* player = nullptr, AsideWindows* aside = nullptr);
 };

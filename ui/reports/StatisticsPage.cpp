@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -23,8 +24,9 @@ namespace {
 
 // Of the width of the columns before the last one.
 constexpr double kLabelShare = 0.65;
-constexpr qreal kSmallestFont = 6.0;  // points
-constexpr int kBorder = 4;            // within a frame; the dialog holds much for a small screen
+constexpr qreal kSmallestFont = 6.0;    // points
+constexpr double kShareOfScreen = 0.8;  // of a page put aside, whose window needs some room too
+constexpr int kBorder = 4;              // within a frame; the dialog holds much for a small screen
 
 // In average characters, where the screen has the room: enough for the names of the built-in games.
 constexpr int kLongestLabel = 32;
@@ -93,7 +95,9 @@ QString StatisticsPage::Caption() const {
 }
 
 std::unique_ptr<ReportPage> StatisticsPage::Copy() const {
-    return std::make_unique<StatisticsPage>(engine, taken, player, nullptr);
+    auto copy = std::make_unique<StatisticsPage>(engine, taken, player, nullptr);
+    copy->FitInto(screen()->availableSize() * kShareOfScreen);
+    return copy;
 }
 
 void StatisticsPage::Refresh() {

@@ -175,21 +175,20 @@ void ReportTableView::Connect() {
 }
 
 void ReportTableView::SetTable(ReportTable shown) {
-    const bool sameColumns = SameColumns(model->Table(), shown);
+    // Widths that were fitted to no rows fit none.
+    const bool keepsWidths = SameColumns(model->Table(), shown) && !model->Table().rows.empty();
     const Place place = CurrentPlace();
+    const QString order = sortedBy;  // which the header forgets with its columns
     const int before = static_cast<int>(model->Table().columns.size());
     QList<int> widths;
     for (int i = 0; i < before; ++i) widths.append(table->columnWidth(i));
-    {
-        const QSignalBlocker quiet(table->horizontalHeader());
-        model->SetTable(std::move(shown));
-    }
-    if (sameColumns) {
+    model->SetTable(std::move(shown));
+    if (keepsWidths) {
         for (int i = 0; i < before; ++i) table->setColumnWidth(i, widths[i]);
     } else {
         FitColumns();
     }
-    ApplySort();
+    SortBy(order);
     GoBackTo(place);
     ShowHead();
     ShowCount();
@@ -363,10 +362,13 @@ void ReportTableView::changeEvent(QEvent* event) {
 void ReportTableView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     const auto views = window()->findChildren<ReportTableView*>();
-    const auto seen = std::ranges::count_if(views, &QWidget::isVisible);
+    const bool alone = std::ranges::count_if(views, &QWidget::isVisible) == 1;
+    for (ReportTableView* view : views) view->TakeKeys(alone);
+}
+
+void ReportTableView::TakeKeys(bool alone) {
     for (QAction* command : commands) {
-        const bool everywhere =
-            seen == 1 && command->shortcut() != QKeySequence(QKeySequence::Copy);
+        const bool everywhere = alone && command->shortcut() != QKeySequence(QKeySequence::Copy);
         command->setShortcutContext(everywhere ? Qt::WindowShortcut
                                                : Qt::WidgetWithChildrenShortcut);
     }

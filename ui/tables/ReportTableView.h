@@ -72,6 +72,7 @@ class ReportTableView : public QWidget {
     QLayout* MakeButtons();
     void AddCommand(QBoxLayout& row, const QString& caption, const char* name,
                     const QKeySequence& key, const QString& tip, void (ReportTableView::*action)());
+    void TakeKeys(bool alone);
     void Connect();
     void SortCurrentColumn(Qt::SortOrder order);
     void ApplySort();
