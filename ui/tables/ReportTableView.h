@@ -20,6 +20,7 @@ class QLabel;
 class QLineEdit;
 class ReportTableModel;
 class SortedReport;
+class TableHead;
 
 class ReportTableView : public QWidget {
     Q_OBJECT
@@ -82,7 +83,6 @@ class ReportTableView : public QWidget {
     void FitColumns();
     void ShowHead();
     void ShowCount();
-    void ColourWarning();
     std::int64_t IdAt(const QModelIndex& index) const;
     QString FileName() const;
     void Activate();
@@ -97,8 +97,7 @@ class ReportTableView : public QWidget {
     SortedReport* rows;
     FrozenTable* table;
     FindBar* findBar;
-    QLabel* head;
-    QLabel* warning;
+    TableHead* head;
     QLabel* count;
     QLineEdit* filter;
     QList<QAction*> commands;
