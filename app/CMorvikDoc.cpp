@@ -159,7 +159,10 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
     });
 }
 
-void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
+void CMorvikDoc::RefuseQuestions() {
+    player.RefuseAll();
+    aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+}
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 
