@@ -85,6 +85,7 @@ TEST_F(ReportWindowsTest, AllGamesAnalyzesWhatIsMissingWhileTheMachineIsPlayed) 
     QWidget* window = &TopLevel("allGames");
     auto& games = TableIn(*window, "games");
     EXPECT_EQ(games.model()->rowCount(), 42);
+    EXPECT_EQ(TextAt(games, games.currentIndex().row(), 0), "Jacks or Better") << "is played";
     EXPECT_EQ(PartOf<QLabel>(*window, "state").text(), "2 tables are not analyzed");
     QTest::keyClick(window, Qt::Key_M, Qt::AltModifier);
     const auto& progress = PartOf<QWidget>(*window, "progress");
