@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -171,6 +172,32 @@ TEST_F(ReportWindowsTest, TheGameReportSaysWhatItsFiguresAreOfAndComesBackAsItWa
     QTest::keyClick(&TopLevel("gameAside"), Qt::Key_F5);
     EXPECT_TRUE(warning.text().contains("of other pays")) << warning.text().toStdString();
     EXPECT_EQ(aside->windowTitle(), "Game Analysis: Jacks or Better, table 0");
+}
+
+TEST_F(ReportWindowsTest, TheLongestNamesAndFifteenLinesHaveTheirPlace) {
+    const std::string name(80, 'W');
+    std::string lines = "PayLines=15\n";
+    for (int i = 0; i < 15; ++i) {
+        const std::string n = std::to_string(i);
+        lines += "Rank" + n + "=" + n + "\nPayout" + n + "=1\nMaxPayout" + n + "=5\nDescr" + n +
+                 "=" + std::string(80, 'M') + "\n";
+    }
+    TestProgram& p = Start();
+    p.file.WriteString("User Games", "1", "9001," + name, p.paths.mainProfile);
+    p.file.SetSectionText(name + "(0)", lines, p.paths.mainProfile);
+    p.Choose(kAllGames);
+    QWidget& window = TopLevel("allGames");
+    auto& games = TableIn(window, "games");
+    EXPECT_EQ(games.model()->rowCount(), 43);
+    GoTo(games, name);
+    const auto look = [&](QDialog& dialog) {
+        PartOf<QTabWidget>(dialog, "tabs").setCurrentIndex(2);
+        EXPECT_EQ(TableIn(dialog, "lines").model()->rowCount(), 16);
+        EXPECT_TRUE(dialog.screen()->availableSize().width() >= dialog.width());
+        EXPECT_EQ(PartOf<QComboBox>(dialog, "game").currentText().toStdString(), name);
+        dialog.reject();
+    };
+    Answer({look}, [&] { QTest::keyClick(&games, Qt::Key_Return); });
 }
 
 TEST_F(ReportWindowsTest, AWholeErrorLogIsSortedFilteredAndAddedUp) {
