@@ -67,22 +67,6 @@ bool IsSameFile(const std::string& a, const std::string& b) {
     return !full.empty() && full == FullPath(b);
 }
 
-// True of the pay tables, game files, analyses, sounds and programs in the named data folder, in
-// the player's and beside the program, whether there already or not, and of every game file that is
-// there. What is compared are the files, as by IsSameFile.
-bool IsOwnFile(const std::string& path, const std::optional<std::string>& dataFolder) {
-    const fs::path file = FullPath(path);
-    std::error_code error;
-    if (SameText(file.extension().string(), kGameFileEnding) && fs::exists(file, error))
-        return true;
-    const DataEnvironment environment = ReadDataEnvironment();
-    const std::array<fs::path, 3> folders = {DataFolder(dataFolder), FindDataFolder(environment),
-                                             fs::path(environment.programFile).parent_path()};
-    return std::ranges::any_of(folders, [&file](const fs::path& folder) {
-        return !folder.empty() && IsOwnFileOf(folder, file);
-    });
-}
-
 bool IsFolder(const std::string& path) {
     std::error_code error;
     return fs::is_directory(path, error);
@@ -108,6 +92,20 @@ std::int64_t TimeOfAnalysis() {
 }
 
 }  // namespace
+
+// What is compared are the files, as by IsSameFile.
+bool IsOwnFile(const std::string& path, const std::optional<std::string>& dataFolder) {
+    const fs::path file = FullPath(path);
+    std::error_code error;
+    if (SameText(file.extension().string(), kGameFileEnding) && fs::exists(file, error))
+        return true;
+    const DataEnvironment environment = ReadDataEnvironment();
+    const std::array<fs::path, 3> folders = {DataFolder(dataFolder), FindDataFolder(environment),
+                                             fs::path(environment.programFile).parent_path()};
+    return std::ranges::any_of(folders, [&file](const fs::path& folder) {
+        return !folder.empty() && IsOwnFileOf(folder, file);
+    });
+}
 
 std::optional<Failure> ResultFiles::Check() const {
     const auto& summary = options.summaryPath;

@@ -37,8 +37,9 @@ class Board {
     // Whether a hold of that look is the best one of some hand.
     bool IsEverBest(std::uint32_t look) const { return everBest[look]; }
 
-    // Forgets the looks that none of the rows fits. To be called once, before all below.
-    void Prepare(std::span<const Candidate> candidates);
+    // Forgets the looks that none of the rows fits, and makes one of those that no row tells apart:
+    // the candidates' looks are numbered anew. To be called once, before all below.
+    void Prepare(std::span<Candidate> candidates);
 
     // A first list of candidates, from the top: each time the one that decides most of the hands
     // left, of those that lose on them at most the tolerance times their share of all hands; the
@@ -49,6 +50,10 @@ class Board {
     std::size_t Rows() const { return order.size(); }
     double Loss() const { return loss; }
     double LossWithout(std::size_t row);
+
+    // The rows that would decide the row's hands without it, those of most hands first; at most so
+    // many, without the last row.
+    std::vector<std::size_t> HeirsOf(std::size_t row, std::size_t most);
 
     // The best place for a row. The last row has to stay the last, and to fit all hands.
     Change BestInsertion(const Looks& looks);
@@ -73,12 +78,14 @@ class Board {
 
     bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
                    const std::function<bool()>& goOn);
+    void Renumber(const std::vector<std::uint32_t>& numbers);
     std::vector<Entry> Cover(const Looks& looks);
     void Decide(std::uint32_t hand, Decision decision);
     std::span<const Entry> LooksOf(std::uint32_t hand) const;
     std::size_t FreeSlot();
 
     LookIndex index;
+    std::size_t lookCount = 0;                // after Prepare
     std::vector<bool> everBest;               // by look
     std::vector<float> shares;                // of all hands, by hand
     std::vector<std::uint32_t> handStarts;    // of the entries, by hand
@@ -92,5 +99,6 @@ class Board {
     std::size_t slots = 0;                    // those in use have lower numbers
     double loss = 0;
     std::vector<double> sums;  // by look and slot: what taking the slot's hands would change
+    std::vector<float> rounded;  // the same, half as wide
     std::vector<float> scratch;  // by hand; below 0 where it is free
 };

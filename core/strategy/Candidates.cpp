@@ -146,7 +146,9 @@ class Words {
                 Add({Ask::kBoth, AddAmount<&Row::straightsAndHighCards>, n, Amount::kNoEnd});
             }
         }
-        for (std::int8_t rank = 0; rank < kRanks; ++rank) {
+        // Single ranks matter little to a flush, and there are many sets of them.
+        const std::int8_t ranks = row.base == Base::kToFlush ? 0 : kRanks;
+        for (std::int8_t rank = 0; rank < ranks; ++rank) {
             Add({Ask::kWith, AddRank<&Row::with>, rank});
             Add({Ask::kWithout, AddRank<&Row::without>, rank});
             if (rank > 0 && rank < kAceRank) {

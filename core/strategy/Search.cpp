@@ -13,11 +13,14 @@ namespace {
 constexpr double kNoGain = 1e-8;            // percent: smaller changes are rounding
 constexpr std::size_t kMostPasses = 60;     // over the hands of rows that a guess speaks for
 constexpr std::size_t kMostSweeps = 6;
-constexpr std::size_t kDropsTried = 6;      // rows that are missed least
+constexpr std::size_t kDropsTried = 12;    // rows that are missed least
+constexpr std::size_t kDropsPolished = 4;  // of the lists that are left without one of them
+constexpr std::size_t kHeirsMoved = 3;
 constexpr std::uint32_t kNone = UINT32_MAX;
 
 // The parts of the work by which its progress is told.
 constexpr double kReadingPart = 0.1;
+constexpr double kStepTowardsLimit = 0.005;
 
 class Searcher {
   public:
@@ -45,10 +48,11 @@ class Searcher {
         for (std::size_t i = 0; i < tolerances.size() && !stopped; ++i) {
             const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
             done = kReadingPart + each * static_cast<double>(i);
+            limit = done + each;
             Start(tolerances[i]);
-            Polish();
             Lengthen();
             Shrink();
+            if (!polished) Polish();
         }
         if (best) result.chart = best->rows;
         result.cancelled = stopped;
@@ -63,6 +67,8 @@ class Searcher {
     };
 
     bool GoOn() {
+        // How long the search goes on is not known: each step comes nearer to the end of its part.
+        done += (limit - done) * kStepTowardsLimit;
         if (!stopped && progress && !progress(done)) stopped = true;
         return !stopped;
     }
@@ -128,15 +134,21 @@ class Searcher {
         }
     }
 
+    void Lay(const Rows& list) {
+        while (!rows.empty()) RemoveRow(0);
+        for (std::size_t row = list.size(); row-- > 0;) InsertRow(list[row], 0);
+    }
+
     // The first candidate is to discard everything: the last row of every list.
     void Start(double tolerance) {
         Rows list = board.FirstList(candidates, tolerance);
         std::erase(list, 0U);
         list.push_back(0);
-        while (!rows.empty()) RemoveRow(rows.size() > 1 ? 0 : rows.size() - 1);
-        for (std::size_t row = list.size(); row-- > 0;) InsertRow(list[row], 0);
+        Lay(list);
         Tidy();
+        Lay(Rows(rows));  // the board is the faster the fewer places were ever taken
         Note();
+        polished = false;
     }
 
     // Drops the rows that nothing is lost without.
@@ -209,6 +221,7 @@ class Searcher {
     }
 
     void Polish() {
+        polished = true;
         double before = board.Loss();
         for (std::size_t i = 0; i < kMostSweeps && !stopped; ++i) {
             const std::size_t size = rows.size();
@@ -235,49 +248,87 @@ class Searcher {
         if (rows.size() > size) Polish();
     }
 
-    // Places of all rows but the last, least missed first.
-    std::vector<std::size_t> ByDamage() {
+    // Takes a row out, and moves those that inherit its hands to their best places.
+    void DropAndMove(std::size_t row) {
+        Rows heirs;
+        for (const std::size_t place : board.HeirsOf(row, kHeirsMoved)) {
+            heirs.push_back(rows[place]);
+        }
+        RemoveRow(row);
+        for (const std::uint32_t heir : heirs) {
+            const auto place = static_cast<std::size_t>(std::ranges::find(rows, heir) -
+                                                        rows.begin());
+            RemoveRow(place);
+            InsertRow(heir, board.BestInsertion(candidates[heir].looks).place);
+        }
+    }
+
+    struct Drop {
+        double loss = 0;
+        Rows rows;  // what is left
+    };
+
+    // What is left without one row or another, the best list first. Rows whose hands would be lost
+    // are not tried.
+    std::vector<Drop> Drops() {
         std::vector<std::pair<double, std::size_t>> damages;
         for (std::size_t row = 0; row + 1 < rows.size(); ++row) {
             damages.emplace_back(board.LossWithout(row), row);
         }
         std::ranges::sort(damages);
-        std::vector<std::size_t> places;
-        for (const auto& [damage, row] : damages) places.push_back(row);
-        return places;
-    }
-
-    // Drops the row that is missed least. Where that leaves a list that is not good enough, tries
-    // others: what is missed much may be made up for by its neighbours. False when nothing was.
-    bool DropRow() {
+        damages.resize(std::min(damages.size(), kDropsTried));
         const Rows before = rows;
-        const std::vector<std::size_t> places = ByDamage();
-        const bool tooLong = rows.size() > wish.mostRows;
-        const bool careful = rows.size() <= wish.mostRows + kDropsTried / 2;
-        Rows bestRows;
-        double bestLoss = 1e9;
-        for (std::size_t i = 0; i < std::min(places.size(), kDropsTried) && !stopped; ++i) {
-            RemoveRow(places[i]);
-            Polish();
-            const double loss = board.Loss();
-            const bool enough = wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain;
-            if (loss < bestLoss - kNoGain) {
-                bestLoss = loss;
-                bestRows = rows;
-            }
-            if (enough || (tooLong && !careful)) return true;
+        std::vector<Drop> drops;
+        for (const auto& [damage, row] : damages) {
+            if (!GoOn()) break;
+            DropAndMove(row);
+            drops.push_back({board.Loss(), rows});
             Restore(before);
         }
-        if (stopped || bestRows.empty() || !tooLong) return false;
-        Restore(bestRows);
+        std::ranges::stable_sort(drops, {}, &Drop::loss);
+        return drops;
+    }
+
+    bool IsTooLong() const { return rows.size() > wish.mostRows; }
+    bool IsGood(double loss) const {
+        return wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain;
+    }
+
+    // Drops a row; false when the chart is as short as it can be. As long as the list is good enough
+    // without more work, that is all. Then it is polished, and at last several lists are, since what
+    // is missed much may be made up for.
+    bool DropRow() {
+        const std::vector<Drop> drops = Drops();
+        if (drops.empty()) return false;
+        const bool far = rows.size() > wish.mostRows + kDropsPolished;
+        if (IsGood(drops.front().loss) || (IsTooLong() && far)) {
+            Restore(drops.front().rows);
+            Note();
+            polished = false;
+            return true;
+        }
+        if (!polished) {
+            Polish();
+            return true;
+        }
+        const Rows before = rows;
+        Drop bestDrop{1e9, {}};
+        for (std::size_t i = 0; i < std::min(drops.size(), kDropsPolished) && GoOn(); ++i) {
+            Restore(drops[i].rows);
+            Polish();
+            if (board.Loss() < bestDrop.loss - kNoGain) bestDrop = {board.Loss(), rows};
+            if (IsGood(board.Loss())) return true;
+        }
+        if (stopped || !IsTooLong()) {
+            Restore(before);
+            return false;
+        }
+        Restore(bestDrop.rows);
         return true;
     }
 
     void Shrink() {
-        while (rows.size() > 1 && !stopped) {
-            const bool longer = rows.size() > wish.mostRows;
-            const bool good = wish.mostLoss >= 0 && board.Loss() <= wish.mostLoss + kNoGain;
-            if (!longer && !good) break;
+        while (rows.size() > 1 && GoOn() && (IsTooLong() || IsGood(board.Loss()))) {
             if (!DropRow()) break;
         }
     }
@@ -285,7 +336,9 @@ class Searcher {
     const SearchWish& wish;
     const Progress& progress;
     bool stopped = false;
+    bool polished = false;  // nothing was dropped since
     double done = 0;
+    double limit = kReadingPart;  // of done, in the part at work
     Board board;
     std::vector<Candidate> candidates;
     Rows rows;  // as they stand on the board

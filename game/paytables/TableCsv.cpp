@@ -95,7 +95,7 @@ struct Row {
     std::vector<std::string> cells;
 };
 
-// The rows of the text that are not empty. Nothing when a quote is not closed.
+// The rows of the text that are not empty.
 class RowReader {
   public:
     explicit RowReader(std::string_view text) : text(WithoutMark(text)) {
@@ -162,9 +162,12 @@ class Reader {
         while (read.problem.empty()) {
             const auto row = rows.Next();
             if (!row) break;
-            TakeRow(*row);
+            if (rows.IsQuoteOpen()) {
+                Refuse(row->line, row->cells.back(), "begins with a quote that is not closed.");
+            } else {
+                TakeRow(*row);
+            }
         }
-        if (read.problem.empty() && rows.IsQuoteOpen()) read.problem = "A quote is not closed.";
         EndTable();
         if (read.problem.empty() && read.tables.empty()) {
             read.problem =

@@ -48,7 +48,8 @@ std::string TableDraft::Problem() const {
     const auto problem = FindProblem(table.texts);
     if (!problem) return "";
     const auto found = places.find({problem->where.field, problem->where.line});
-    if (found == places.end()) {
+    const bool ofField = problem->ofLine || problem->where.field < FormField::kRank;
+    if (!ofField || found == places.end()) {
         return LineProblemText(line, TableSection(table.gameName, table.tableIndex),
                                "has a fault: " + problem->text);
     }

@@ -7,7 +7,8 @@
 namespace {
 
 constexpr std::string_view kMinusSign = "\u2212";
-constexpr std::size_t kGap = 2;  // blanks between the columns of PlainText
+constexpr std::size_t kLongText = 40;  // characters
+constexpr std::size_t kGap = 2;        // blanks between the columns of PlainText
 
 void ReplaceAll(std::string& text, std::string_view what, std::string_view by) {
     for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
@@ -97,8 +98,10 @@ const char* Colour(RowMark mark) {
     return nullptr;
 }
 
+// A row is one line, unless a name is long.
 std::string HtmlCell(const std::string& text, bool number) {
-    return (number ? R"(<td align="right">)" : "<td>") + Escaped(text) + "</td>";
+    const char* plain = Length(text) > kLongText ? R"(<td style="white-space: normal">)" : "<td>";
+    return (number ? R"(<td align="right">)" : plain) + Escaped(text) + "</td>";
 }
 
 template <typename Text>
@@ -226,7 +229,9 @@ std::string Csv(const ReportTable& plain) {
 std::string Html(const ReportTable& plain) {
     const ReportTable table = WithMarks(plain);
     std::string html = "<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>" +
-                       Escaped(table.title) + "</title>\n</head>\n<body>\n<h2>" +
+                       Escaped(table.title) +
+                       "</title>\n<style>td, th { white-space: nowrap; }</style>\n</head>\n"
+                       "<body text=\"#000000\" bgcolor=\"#ffffff\">\n<h2>" +
                        Escaped(table.title) + "</h2>\n";
     if (!table.head.empty()) {
         html += "<p>";

@@ -80,15 +80,16 @@ class RowMaker {
 
     // What comes in a hand with a probability.
     template <typename Count>
-    ReportRow Seen(int id, const std::string& label, double probability, Count count) const {
+    ReportRow Seen(int id, const std::string& label, double probability, Count seen) const {
         const ReportCell onceIn =
             probability > 0 ? NumberCell("%.2f", 1 / probability) : ReportCell();
         return Row(id, label, onceIn, [&](const Copy& copy) {
-            std::array<ReportCell, 3> cells{CountCell(count(copy)), {}, {}};
+            std::array<ReportCell, 3> cells{CountCell(seen(copy)), {}, {}};
             const std::int64_t hands = Hands(copy);
             if (!law || hands <= 0) return cells;
-            cells[1] = NumberCell("%.2f", static_cast<double>(hands) * probability);
-            const Rarity rarity = RarityOf(count(copy), hands, probability);
+            const double count = static_cast<double>(hands) * probability;
+            cells[1] = NumberCell(count < 1 ? "%.4f" : "%.2f", count);
+            const Rarity rarity = RarityOf(seen(copy), hands, probability);
             if (!rarity.words.empty()) cells[2] = {rarity.words, rarity.chance, {}};
             return cells;
         });

@@ -2,8 +2,10 @@
 // with Alt in all of them.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QKeySequence>
 #include <QLabel>
@@ -269,6 +271,29 @@ TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
         dialog.reject();
     };
     Answer({okWaits}, [&] { EXPECT_EQ(AskGame(games, "Gone", nullptr), std::nullopt); });
+}
+
+TEST(SelectGameDialogTest, AGameIsFoundByTypingItsNameWithBlanksClosedAndOpen) {
+    const std::vector<std::string> games{"Double Bonus", "Double Double Bonus", "Deuces Wild",
+                                         "Joker Poker - 2 Pair"};
+    const auto chosen = [&](std::initializer_list<DialogRobot::Step> steps) {
+        std::optional<std::string> game;
+        Answer(steps, [&] { game = AskGame(games, "Deuces Wild", nullptr); });
+        return game;
+    };
+    const auto inOpenList = [](QDialog& dialog) {
+        auto& list = PartOf<QComboBox>(dialog, "game");
+        list.showPopup();
+        QTest::keyClicks(list.view(), "double double");
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_FALSE(list.view()->isVisible());
+    };
+    const auto enter = Press(Qt::Key_Return);
+    EXPECT_EQ(chosen({Type("double d"), enter}), "Double Double Bonus");
+    EXPECT_EQ(chosen({Type("2 pair"), enter}), "Joker Poker - 2 Pair") << "in the middle";
+    EXPECT_EQ(chosen({Type("double x"), Press(Qt::Key_Backspace), Type("b"), enter}),
+              "Double Bonus");
+    EXPECT_EQ(chosen({inOpenList, enter}), "Double Double Bonus");
 }
 
 struct DialogKeysTest : testing::Test, ManagerTable {

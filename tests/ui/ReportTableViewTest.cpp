@@ -157,6 +157,8 @@ TEST_F(ReportTableViewTest, WhatIsShownIsSavedInEveryFormatAndPrinted) {
     EXPECT_EQ(Saved("saveTable", "saved.txt", "saved.txt"), PlainText(view->Shown()));
     const std::string pdf = Saved("tableToPdf", "saved", "saved.pdf");
     EXPECT_TRUE(pdf.starts_with("%PDF-") && pdf.find("/ToUnicode") != std::string::npos);
+    EXPECT_NE(pdf.find("/MediaBox [0 0 842"), std::string::npos) << "wide";
+    EXPECT_EQ(TablePdf({.title = "Narrow", .columns = {{.title = "A"}}}).indexOf("[0 0 842"), -1);
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(QString::fromStdString(folder.Path("printed.pdf")));
@@ -212,7 +214,7 @@ TEST_F(ReportTableViewTest, LongNamesAndMarksAreSeenAndHeard) {
     EXPECT_EQ(heard(1, 0), "best, and your hold: a");
     EXPECT_EQ(heard(2, 1), "ace of spades, no card");
     EXPECT_TRUE(PartOf<QLabel>(*view, "warning").isVisible());
-    EXPECT_TRUE(Table().accessibleDescription().startsWith("stopped at 24 %\nGame: Jacks"));
+    EXPECT_TRUE(Table().accessibleDescription().startsWith("stopped at 24 %\nGame:\u00a0Jacks"));
     const QImage image = Table().grab().toImage();
     view->SetTable(Four());
     EXPECT_NE(Table().grab().toImage(), image);

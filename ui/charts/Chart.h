@@ -8,11 +8,12 @@
 #include <optional>
 
 #include "ui/charts/ChartParts.h"
+#include "ui/charts/ChartPoints.h"
 
 class QPrinter;
 class QToolButton;
 
-class Chart : public QWidget {
+class Chart : public QWidget, public ChartPoints {
     Q_OBJECT
 
   public:
@@ -22,21 +23,6 @@ class Chart : public QWidget {
     // What stands below the title on paper, see PictureSubject, and the name that is proposed for a
     // file, without its extension.
     void SetSubject(const QString& shown, const QString& fileName);
-
-    // The points that are read one by one, from 0 on, and what is said of one. A chart that is
-    // being destroyed may still be asked where they are, and then has none.
-    virtual int Points() const { return 0; }
-    virtual QString TextOf(int point) const = 0;
-
-    // The same for a tool tip: several lines, and more in them.
-    virtual QString NoteOf(int point) const { return TextOf(point); }
-
-    // Where a point is in the window, and the one at a place there, -1 for none.
-    virtual QRect PlaceOf(int /*point*/) const { return {}; }
-    virtual int PointAt(QPoint /*place*/) const { return -1; }
-
-    // The point that is being read.
-    std::optional<int> Read() const { return read; }
 
     QByteArray Png() const;  // of 300 dots per inch
     QByteArray Svg() const;
@@ -87,5 +73,4 @@ class Chart : public QWidget {
     QString subject;
     QString proposedName;
     QToolButton* button;
-    std::optional<int> read;
 };

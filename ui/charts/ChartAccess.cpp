@@ -2,32 +2,34 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QWidget>
 #include <map>
 
-#include "ui/charts/Chart.h"
+#include "ui/charts/ChartPoints.h"
 
 namespace {
 
 class PointAccess : public QAccessibleInterface {
   public:
-    PointAccess(const Chart& ofChart, int of) : chart(ofChart), point(of) {}
+    PointAccess(QWidget& ofChart, const ChartPoints& points, int of)
+        : chart(ofChart), points(points), point(of) {}
 
-    bool isValid() const override { return point < chart.Points(); }
+    bool isValid() const override { return point < points.Points(); }
     QObject* object() const override { return nullptr; }
     QWindow* window() const override { return chart.window()->windowHandle(); }
     QAccessibleInterface* parent() const override {
-        return QAccessible::queryAccessibleInterface(const_cast<Chart*>(&chart));
+        return QAccessible::queryAccessibleInterface(&chart);
     }
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
     QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name && isValid() ? chart.TextOf(point) : QString();
+        return kind == QAccessible::Name && isValid() ? points.TextOf(point) : QString();
     }
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
     QRect rect() const override {
-        const QRect place = chart.PlaceOf(point);
+        const QRect place = points.PlaceOf(point);
         return {chart.mapToGlobal(place.topLeft()), place.size()};
     }
     QAccessible::Role role() const override { return QAccessible::ListItem; }
@@ -35,30 +37,32 @@ class PointAccess : public QAccessibleInterface {
         QAccessible::State state;
         state.invisible = !chart.isVisible();
         state.readOnly = state.focusable = state.selectable = true;
-        state.focused = state.selected = chart.hasFocus() && chart.Read() == point;
+        state.focused = state.selected = chart.hasFocus() && points.Read() == point;
         return state;
     }
 
     int Point() const { return point; }
 
   private:
-    const Chart& chart;
+    QWidget& chart;
+    const ChartPoints& points;
     int point;
 };
 
 // The widgets in the chart come before its points.
 class ChartAccess : public QAccessibleWidget {
   public:
-    explicit ChartAccess(Chart& of) : QAccessibleWidget(&of, QAccessible::Chart), chart(of) {}
+    ChartAccess(QWidget& ofChart, const ChartPoints& points)
+        : QAccessibleWidget(&ofChart, QAccessible::Chart), chart(ofChart), points(points) {}
     ~ChartAccess() override {
-        for (const auto& [point, made] : points) {
-            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(made));
+        for (const auto& [point, access] : made) {
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(access));
         }
     }
     ChartAccess(const ChartAccess&) = delete;
     ChartAccess& operator=(const ChartAccess&) = delete;
 
-    int childCount() const override { return QAccessibleWidget::childCount() + chart.Points(); }
+    int childCount() const override { return QAccessibleWidget::childCount() + points.Points(); }
     QAccessibleInterface* child(int index) const override {
         const int widgets = QAccessibleWidget::childCount();
         if (index < widgets) return QAccessibleWidget::child(index);
@@ -72,28 +76,30 @@ class ChartAccess : public QAccessibleWidget {
     }
     QAccessibleInterface* childAt(int x, int y) const override {
         if (auto* part = QAccessibleWidget::childAt(x, y)) return part;
-        const int point = chart.PointAt(chart.mapFromGlobal(QPoint(x, y)));
+        const int point = points.PointAt(chart.mapFromGlobal(QPoint(x, y)));
         return point < 0 ? nullptr : Point(point);
     }
 
     // A session may have thousands, so they are made when somebody asks.
     PointAccess* Point(int point) const {
-        auto& made = points[point];
-        if (!made) {
-            made = new PointAccess(chart, point);
-            QAccessible::registerAccessibleInterface(made);
+        PointAccess*& access = made[point];
+        if (!access) {
+            access = new PointAccess(chart, points, point);
+            QAccessible::registerAccessibleInterface(access);
         }
-        return made;
+        return access;
     }
 
   private:
-    Chart& chart;
-    mutable std::map<int, PointAccess*> points;  // of the accessibility's own registry
+    QWidget& chart;
+    const ChartPoints& points;
+    mutable std::map<int, PointAccess*> made;  // of the accessibility's own registry
 };
 
 QAccessibleInterface* MakeAccess(const QString& /*name*/, QObject* object) {
-    auto* chart = qobject_cast<Chart*>(object);
-    return chart ? new ChartAccess(*chart) : nullptr;
+    auto* chart = qobject_cast<QWidget*>(object);
+    const auto* points = dynamic_cast<const ChartPoints*>(object);
+    return chart && points ? new ChartAccess(*chart, *points) : nullptr;
 }
 
 }  // namespace
@@ -106,7 +112,7 @@ void InstallChartAccess() {
     Q_UNUSED(kInstalled)
 }
 
-void TellPoint(Chart& chart, int point) {
+void TellPoint(QWidget& chart, int point) {
     if (!QAccessible::isActive()) return;
     auto* access = dynamic_cast<ChartAccess*>(QAccessible::queryAccessibleInterface(&chart));
     if (access) {

@@ -24,9 +24,11 @@ LineArea::LineArea(LineRows* rows, QWidget* firstPayout, QWidget* parent)
     for (int column = 0; column < captions.size(); ++column) {
         auto* heading = new QLabel(captions[column], head);
         heading->setToolTip(tips[column]);
-        if (column >= kFirstFigure) heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        const bool isFigure = column >= kFirstFigure;
+        if (isFigure) heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         headings.append(heading);
-        rows->SetLeastWidth(column, heading->sizeHint().width());
+        const int gap = isFigure ? WidthOf(*this, 2) : 0;
+        rows->SetLeastWidth(column, heading->sizeHint().width() + gap);
     }
     rows->SetLeastWidth(0, WidthOf(*this, 5));
     headings[kPayoutColumn]->setBuddy(firstPayout);  // a way into the lines

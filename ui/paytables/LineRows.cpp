@@ -72,7 +72,13 @@ QStringList LineRows::HeadingTips() {
                "for each of the five coins, as long as the best holds stay the same")};
 }
 
-QRect LineRows::ColumnRect(int column) const { return layout->cellRect(0, column); }
+// From the field on, which may be smaller than its cell.
+QRect LineRows::ColumnRect(int column) const {
+    QRect rect = layout->cellRect(0, column);
+    const auto* field = qobject_cast<QLineEdit*>(layout->itemAtPosition(0, column)->widget());
+    if (field) rect.setLeft(field->x());
+    return rect;
+}
 
 void LineRows::SetLeastWidth(int column, int width) {
     layout->setColumnMinimumWidth(column, width);

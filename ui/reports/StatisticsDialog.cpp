@@ -25,6 +25,7 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
     setWindowTitle(tr("Game Play Analysis"));
     auto* page = new StatisticsPage(engine, now, player, this);
     auto* buttons = OkAlone(*this);
+    buttons->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     auto* bottom = new QHBoxLayout;
     bottom->addStretch();
     if (player && aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));

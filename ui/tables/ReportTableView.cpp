@@ -49,7 +49,8 @@ QLabel* TextLine(const char* name, QWidget* parent) {
 QString HeadText(const ReportTable& table) {
     QStringList facts;
     for (const ReportFact& fact : table.head) {
-        facts.append(QString::fromStdString(fact.label + ": " + fact.value));
+        const QString label = QString::fromStdString(fact.label) + u':' + QChar(QChar::Nbsp);
+        facts.append(label + QString::fromStdString(fact.value));
     }
     return facts.join(kBetweenFacts);
 }
@@ -147,9 +148,7 @@ void ReportTableView::AddCommand(QBoxLayout& row, const QString& caption, const 
     command->setShortcut(key);
     command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(command, &QAction::triggered, this, action);
-    table->addAction(command);
-    findBar->addAction(command);
-    filter->addAction(command);
+    addAction(command);
     commands.append(command);
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
@@ -359,6 +358,20 @@ void ReportTableView::changeEvent(QEvent* event) {
     }
 }
 
+// The only table that is seen takes its keys from all over the window, but for Copy, which a text
+// has too.
+void ReportTableView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    const auto views = window()->findChildren<ReportTableView*>();
+    const auto seen = std::ranges::count_if(views, &QWidget::isVisible);
+    for (QAction* command : commands) {
+        const bool everywhere =
+            seen == 1 && command->shortcut() != QKeySequence(QKeySequence::Copy);
+        command->setShortcutContext(everywhere ? Qt::WindowShortcut
+                                               : Qt::WidgetWithChildrenShortcut);
+    }
+}
+
 // In a dialog, Enter presses its default button: not where somebody listens for the row, nor in the
 // box for the filter, which Esc empties first.
 bool ReportTableView::eventFilter(QObject* watched, QEvent* event) {
@@ -396,10 +409,10 @@ void ReportTableView::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setObjectName("tableMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (!actions().isEmpty()) {
-        menu->addActions(actions());
-        menu->addSeparator();
+    for (QAction* action : actions()) {
+        if (!commands.contains(action)) menu->addAction(action);
     }
+    if (!menu->isEmpty()) menu->addSeparator();
     menu->addActions(commands);
     menu->addAction(tr("Select All"), QKeySequence::SelectAll, table, &QTableView::selectAll)
         ->setObjectName("selectAllRows");

@@ -48,8 +48,8 @@ class ReportTableView : public QWidget {
     // Nothing for an id that is not shown.
     void SetCurrentRow(std::int64_t id);
 
-    // "Return ($)" upwards, "-Return ($)" downwards; empty for the report's own order. A heading that
-    // the table does not have is waited for.
+    // "Return ($)" upwards, "-Return ($)" downwards; empty for the report's own order. A heading
+    // that the table does not have is waited for.
     QString SortedBy() const;
     void SortBy(const QString& column);
 
@@ -64,6 +64,7 @@ class ReportTableView : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     struct Place;
