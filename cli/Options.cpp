@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "cli/Texts.h"
+#include "core/strategy/Search.h"
 
 namespace cli {
 namespace {
@@ -47,6 +48,21 @@ std::uint32_t ReadSeed(const std::string& text, std::string& problem) {
     const auto seed = ReadNumber<std::uint32_t>(text);
     if (!seed) problem = ": write a whole number from 0 to 4294967295";
     return seed.value_or(0);
+}
+
+int ReadLines(const std::string& text, std::string& problem) {
+    const auto lines = ReadNumber<int>(text);
+    if (lines && *lines >= 1 && *lines <= static_cast<int>(SearchWish::kMostRows)) return *lines;
+    problem = ": write how many lines the chart may have, from 1 to " +
+              std::to_string(SearchWish::kMostRows);
+    return 1;
+}
+
+double ReadLoss(const std::string& text, std::string& problem) {
+    const auto loss = ReadNumber<double>(text);
+    if (loss && *loss >= 0 && *loss <= 100) return *loss;
+    problem = ": write what the chart may lose in percent of the bet, such as 0.01";
+    return 0;
 }
 
 template <typename Read, typename Value>
@@ -119,6 +135,18 @@ void AddResultFiles(CLI::App& parser, Options& options) {
                   "Write every starting hand and its best play, likewise");
     parser.add_flag("--cache", options.cache,
                     "Keep the figures for the window program, in \"Game Analyses.ini\"");
+}
+
+void AddChart(CLI::App& parser, Options& options) {
+    AddValue(parser, "--lines", "N", ReadLines, options.lines,
+             "The best chart of at most N lines, instead of the standard chart");
+    AddValue(parser, "--loss", "PERCENT", ReadLoss, options.loss,
+             "The shortest chart that loses at most so much of the bet");
+    parser.add_flag("--no-penalties", options.noPenalties,
+                    "Ask nothing of the cards discarded, as the standard chart does not");
+    AddResultFile(parser, "--card", options.cardPath, "Write the chart's text, for --check too");
+    AddResultFile(parser, "--check", options.checkPath,
+                  "Grade the chart in the file instead of making one");
 }
 
 }  // namespace cli

@@ -24,6 +24,11 @@ struct Options {
     std::int64_t hands = 0;                  // to play, at least 1
     std::optional<std::uint32_t> seed;       // of the generator; otherwise the clock's
     bool cache = false;                      // write the analysis cache
+    std::optional<int> lines;                // of a strategy chart, at least 1
+    std::optional<double> loss;              // of a chart, percent of the bet, from 0 on
+    bool noPenalties = false;                // a chart's rows ask nothing of the discards
+    std::optional<std::string> cardPath;     // the file for a chart's text
+    std::optional<std::string> checkPath;    // a chart to grade
 };
 
 // The options of every command.
@@ -35,5 +40,6 @@ void AddCards(CLI::App& parser, Options& options, const std::string& help);
 void AddBet(CLI::App& parser, Options& options);
 void AddHandsAndSeed(CLI::App& parser, Options& options);
 void AddResultFiles(CLI::App& parser, Options& options);
+void AddChart(CLI::App& parser, Options& options);
 
 }  // namespace cli

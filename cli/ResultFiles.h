@@ -9,6 +9,11 @@
 
 namespace cli {
 
+// True of the pay tables, game files, analyses, sounds and programs in the named data folder, in
+// the player's and beside the program, whether there already or not, and of every game file that is
+// there.
+bool IsOwnFile(const std::string& path, const std::optional<std::string>& dataFolder);
+
 class ResultFiles {
   public:
     explicit ResultFiles(const Options& options) : options(options) {}

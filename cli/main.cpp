@@ -8,7 +8,8 @@
 
 int main(int argc, char** argv) {
     const std::array commands = {cli::GamesCommand(), cli::ClassifyCommand(), cli::HandCommand(),
-                                 cli::AnalyzeCommand(), cli::AutoplayCommand()};
+                                 cli::AnalyzeCommand(), cli::StrategyCommand(),
+                                 cli::AutoplayCommand()};
     cli::Answer answer = cli::AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {

@@ -71,6 +71,7 @@ void FillResult(const Draws& draws, const Candidate& best, double coin, HoldResu
     const auto total = static_cast<double>(draws.total);
     hold.expectedReturn = static_cast<double>(best.worth) / (total * total) * coin;
     result.drawAgainLine = best.line;
+    result.worth = best.worth;
     if (best.worth == 0) return;
     for (std::size_t line = 0; line < kMaxPayLines; ++line) {
         const double share = static_cast<double>(draws.counts[line]) / total;

@@ -38,6 +38,8 @@ struct DrawAgainResult {
     // A first draw that ends in this line, or in a worse one of matching ranks down to heldLine, is
     // best drawn again. -1 where fewer than two aces are held.
     int drawAgainLine = -1;
+    // What the hold is worth with its second draw, in whole numbers: coins x draws x draws.
+    std::int64_t worth = 0;
     std::array<double, kMaxPayLines> contributions{};  // to the return, in dollars, per line
     std::array<double, kMaxPayLines> probabilities{};  // of ending in the line
 };

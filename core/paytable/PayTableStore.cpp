@@ -111,6 +111,12 @@ std::string GameNameProblem(std::string_view name) {
     if (hasLineBreak || name.starts_with('[') || name.find_first_of("]=") != std::string::npos) {
         return "Game name can not contain ] or = or line breaks, and can not begin with [";
     }
+    // Where a game file keeps the dates of the errors of a game, which would mix with the
+    // statistics.
+    constexpr std::string_view kTaken = "Error Dates ";
+    if (SameText(name.substr(0, kTaken.size()), kTaken)) {
+        return "Game name can not begin with Error Dates";
+    }
     if (name.front() == ' ' || name.back() == ' ') {
         return "Game name can not begin or end with a blank";
     }

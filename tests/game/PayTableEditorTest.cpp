@@ -309,7 +309,8 @@ struct ThreeGameFilesTest : PayTableEditorTest {
         machine.Play("My Game", 9001);
         engine.statistics.handsPlayed.total = 77;
         const std::string statistics =
-            "[My Game(0)]\nCreditsPlayed=10\n\n[My Game(3)]\nCreditsPlayed=13\nErr0=x\n\n";
+            "[My Game(0)]\nCreditsPlayed=10\n\n[My Game(3)]\nCreditsPlayed=13\nErr0=x\n\n"
+            "[Error Dates My Game(3)]\nError0=y\n\n";
         machine.folder.Write("a.qdx",
                              "[main]\nGameName=My Game\n[ActiveTbl]\nMy Game=3\n" + statistics);
         machine.folder.Write("b.QDX",
@@ -367,6 +368,7 @@ TEST_F(ThreeGameFilesTest, ARenamedGameKeepsItsStatisticsInAllGameFiles) {
     EXPECT_EQ(In("game.qdx", "Your Game(2)", "HandsPlayed"), "77");
     EXPECT_EQ(In("a.qdx", "main", "GameName"), "Your Game");
     EXPECT_EQ(In("a.qdx", "Your Game(3)", "Err0"), "x");
+    EXPECT_EQ(In("a.qdx", "Error Dates Your Game(3)", "Error0"), "y");
     EXPECT_EQ(In("b.QDX", "ActiveTbl", "Your Game"), "2");
 }
 

@@ -35,6 +35,7 @@
 #include "ui/questions/CreateAnalysisFilesDialog.h"
 #include "ui/questions/EnterDollarsDialog.h"
 #include "ui/questions/ProgressDialog.h"
+#include "ui/reports/AsideWindows.h"
 #include "ui/reports/ErrorLogDialog.h"
 #include "ui/reports/GameAnalysisDialog.h"
 #include "ui/reports/HandAnalysisDialog.h"
@@ -311,9 +312,10 @@ struct DialogKeysTest : testing::Test, ManagerTable {
         look(EnterDollarsDialog(1, nullptr));
         look(RenameGameDialog("My Game", "My Game", nullptr));
         LoadSpare(seat, spare);
+        AsideWindows aside;
         GameReportPages pages(seat, spare, paths);
-        pages.ShowCurrent();
-        look(GameAnalysisDialog(pages, nullptr));
+        pages.Show("Jacks or Better", 0);
+        look(GameAnalysisDialog(pages, &aside, nullptr));
         look(HandAnalysisDialog(spare, store, nullptr));
         look(ErrorLogDialog(engine, machine.files, store, nullptr));
         look(StatisticsDialog(engine, 0, nullptr));

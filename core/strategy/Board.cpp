@@ -1,0 +1,357 @@
+#include "core/strategy/Board.h"
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+#include <unordered_map>
+
+#include "core/analysis/WideVectors.h"
+
+namespace {
+
+constexpr float kFree = -1;
+constexpr std::uint32_t kHandsBetweenQuestions = 4096;
+constexpr std::uint32_t kForgotten = UINT32_MAX;
+
+std::uint64_t Scramble(std::uint64_t number) {
+    number = (number ^ (number >> 30)) * 0xBF58476D1CE4E5B9U;  // splitmix64
+    number = (number ^ (number >> 27)) * 0x94D049BB133111EBU;
+    return (number ^ (number >> 31)) + 0x9E3779B97F4A7C15U;
+}
+
+}  // namespace
+
+Board::Board(const StartingHands& hands, const Terms& terms, LookAt at,
+             const std::function<bool()>& goOn) {
+    if (!ReadHands(hands, terms, at, goOn)) return;
+    decisions.resize(shares.size());
+    scratch.assign(shares.size(), kFree);
+}
+
+bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
+                      const std::function<bool()>& goOn) {
+    const double percent = 100 / (static_cast<double>(hands.Count()) *
+                                  static_cast<double>(hands.PartsOfCoin()) * kFullBet);
+    HandLooks looks;
+    handStarts.push_back(0);
+    return hands.ForEach([&](const StartingHand& hand) {
+        LookAtHand(terms, hand, at, looks);
+        for (std::size_t held = 0; held < kSubsets; ++held) {
+            const std::uint32_t look = index.NumberOf(looks[held]);
+            if (look == everBest.size()) everBest.push_back(false);
+            if (hand.values[held] == hand.best) everBest[look] = true;
+            const auto cost = static_cast<float>(static_cast<double>(hand.best - hand.values[held]) *
+                                                 static_cast<double>(hand.weight) * percent);
+            // Holds of a hand that look alike count as one, the worst of them.
+            const auto first = byHand.begin() + static_cast<std::ptrdiff_t>(handStarts.back());
+            const auto same = std::ranges::find(first, byHand.end(), look, &Entry::at);
+            if (same == byHand.end()) {
+                byHand.push_back({look, cost});
+            } else {
+                same->cost = std::max(same->cost, cost);
+            }
+        }
+        handStarts.push_back(static_cast<std::uint32_t>(byHand.size()));
+        shares.push_back(static_cast<float>(static_cast<double>(hand.weight) /
+                                            static_cast<double>(hands.Count())));
+        return shares.size() % kHandsBetweenQuestions != 0 || goOn();
+    });
+}
+
+void Board::Prepare(std::span<Candidate> candidates) {
+    // The sum of the keys of all candidates that fit a look tells it from the others.
+    std::vector<std::uint64_t> keys(index.Count());
+    std::uint64_t key = 0;
+    for (const Candidate& candidate : candidates) {
+        key = Scramble(key + 1);
+        for (const std::uint32_t look : candidate.looks) keys[look] += key;
+    }
+    std::unordered_map<std::uint64_t, std::uint32_t> known;
+    std::vector<std::uint32_t> numbers(keys.size(), kForgotten);
+    for (std::size_t look = 0; look < keys.size(); ++look) {
+        if (keys[look] == 0) continue;
+        numbers[look] = known.try_emplace(keys[look], known.size()).first->second;
+    }
+    lookCount = known.size();
+    for (Candidate& candidate : candidates) {
+        for (std::uint32_t& look : candidate.looks) look = numbers[look];
+        std::ranges::sort(candidate.looks);
+        const auto rest = std::ranges::unique(candidate.looks);
+        candidate.looks.erase(rest.begin(), rest.end());
+    }
+    Renumber(numbers);
+    std::partial_sum(lookStarts.begin(), lookStarts.end(), lookStarts.begin());
+    byLook.resize(byHand.size());
+    std::vector<std::uint32_t> next(lookStarts.begin(), lookStarts.end() - 1);
+    for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
+        for (const Entry& entry : LooksOf(hand)) byLook[next[entry.at]++] = {hand, entry.cost};
+    }
+    sums.assign(lookCount * kMostRows, 0);
+    rounded.assign(sums.size(), 0);
+}
+
+// Of a hand's looks that have become one, the worst counts. Leaves in lookStarts how many hands
+// have each look, one place further on.
+void Board::Renumber(const std::vector<std::uint32_t>& numbers) {
+    lookStarts.assign(lookCount + 1, 0);
+    std::uint32_t kept = 0;
+    std::uint32_t first = 0;
+    for (std::size_t hand = 0; hand < shares.size(); ++hand) {
+        const std::uint32_t start = kept;
+        for (; first < handStarts[hand + 1]; ++first) {
+            const Entry entry{numbers[byHand[first].at], byHand[first].cost};
+            if (entry.at == kForgotten) continue;
+            std::uint32_t same = start;
+            while (same < kept && byHand[same].at != entry.at) ++same;
+            if (same < kept) {
+                byHand[same].cost = std::max(byHand[same].cost, entry.cost);
+                continue;
+            }
+            byHand[kept++] = entry;
+            ++lookStarts[entry.at + 1];
+        }
+        handStarts[hand] = start;
+    }
+    // The start of each hand was overwritten with its own; the end of the last is left.
+    handStarts.back() = kept;
+    byHand.resize(kept);
+    byHand.shrink_to_fit();
+}
+
+std::span<const Board::Entry> Board::LooksOf(std::uint32_t hand) const {
+    return std::span(byHand).subspan(handStarts[hand], handStarts[hand + 1] - handStarts[hand]);
+}
+
+std::vector<std::uint32_t> Board::FirstList(std::span<const Candidate> candidates,
+                                            double tolerance) const {
+    struct Sum {
+        double loss = 0;
+        double share = 0;
+    };
+    std::vector<Sum> left(lookCount);  // of the hands that are not decided, by look
+    for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
+        for (const Entry& entry : LooksOf(hand)) {
+            left[entry.at].loss += static_cast<double>(entry.cost);
+            left[entry.at].share += static_cast<double>(shares[hand]);
+        }
+    }
+    std::vector<bool> decided(shares.size());
+    std::vector<std::uint32_t> list;
+    while (list.size() + 1 < kMostRows) {
+        constexpr double nothing = 1e-12;  // what rounding may leave
+        std::uint32_t widest = 0;
+        double widestShare = 0;
+        std::uint32_t mildest = 0;
+        double mildestRate = 1e9;
+        for (std::uint32_t i = 0; i < candidates.size(); ++i) {
+            Sum sum;
+            for (const std::uint32_t look : candidates[i].looks) {
+                sum.loss += left[look].loss;
+                sum.share += left[look].share;
+            }
+            if (sum.share <= nothing) continue;
+            if (sum.loss <= tolerance * sum.share + nothing &&
+                sum.share > widestShare * (1 + 1e-9)) {
+                widest = i;
+                widestShare = sum.share;
+            }
+            if (sum.loss < mildestRate * sum.share * (1 - 1e-9)) {
+                mildestRate = sum.loss / sum.share;
+                mildest = i;
+            }
+        }
+        if (widestShare == 0 && mildestRate == 1e9) break;
+        list.push_back(widestShare > 0 ? widest : mildest);
+        for (const std::uint32_t look : candidates[list.back()].looks) {
+            for (std::uint32_t i = lookStarts[look]; i < lookStarts[look + 1]; ++i) {
+                const std::uint32_t hand = byLook[i].at;
+                if (decided[hand]) continue;
+                decided[hand] = true;
+                for (const Entry& entry : LooksOf(hand)) {
+                    left[entry.at].loss -= static_cast<double>(entry.cost);
+                    left[entry.at].share -= static_cast<double>(shares[hand]);
+                }
+            }
+        }
+    }
+    return list;
+}
+
+double Board::LossWithout(std::size_t row) {
+    const std::size_t slot = order[row];
+    double without = loss;
+    std::size_t waiting = 0;
+    for (const Entry& entry : rows[slot].cover) {
+        if (decisions[entry.at].slot != slot) continue;
+        scratch[entry.at] = decisions[entry.at].cost;
+        ++waiting;
+    }
+    for (std::size_t next = row + 1; next < order.size() && waiting > 0; ++next) {
+        for (const Entry& entry : rows[order[next]].cover) {
+            float& now = scratch[entry.at];
+            if (now == kFree) continue;
+            without += static_cast<double>(entry.cost) - static_cast<double>(now);
+            now = kFree;
+            --waiting;
+        }
+    }
+    return without;
+}
+
+std::vector<std::size_t> Board::HeirsOf(std::size_t row, std::size_t most) {
+    const std::size_t slot = order[row];
+    std::size_t waiting = 0;
+    for (const Entry& entry : rows[slot].cover) {
+        if (decisions[entry.at].slot != slot) continue;
+        scratch[entry.at] = 0;
+        ++waiting;
+    }
+    std::vector<std::pair<float, std::size_t>> heirs;
+    for (std::size_t next = row + 1; next < order.size() && waiting > 0; ++next) {
+        float share = 0;
+        for (const Entry& entry : rows[order[next]].cover) {
+            if (scratch[entry.at] == kFree) continue;
+            share += shares[entry.at];
+            scratch[entry.at] = kFree;
+            --waiting;
+        }
+        if (share > 0 && next + 1 < order.size()) heirs.emplace_back(-share, next);
+    }
+    std::ranges::sort(heirs);
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < std::min(most, heirs.size()); ++i) {
+        places.push_back(heirs[i].second);
+    }
+    return places;
+}
+
+std::vector<Board::Entry> Board::Cover(const Looks& looks) {
+    std::vector<Entry> cover;
+    std::size_t size = 0;
+    for (const std::uint32_t look : looks) size += lookStarts[look + 1] - lookStarts[look];
+    cover.reserve(size);
+    for (const std::uint32_t look : looks) {
+        for (std::uint32_t i = lookStarts[look]; i < lookStarts[look + 1]; ++i) {
+            const Entry& entry = byLook[i];
+            float& worst = scratch[entry.at];
+            if (worst == kFree) cover.push_back(entry);
+            worst = std::max(worst, entry.cost);
+        }
+    }
+    for (Entry& entry : cover) {
+        entry.cost = scratch[entry.at];
+        scratch[entry.at] = kFree;
+    }
+    return cover;
+}
+
+Board::Change Board::BestInsertion(const Looks& looks) {
+    std::array<double, kMostRows> bySlot{};
+    for (const Entry& entry : Cover(looks)) {
+        const Decision& decision = decisions[entry.at];
+        bySlot[decision.slot] += static_cast<double>(entry.cost) -
+                                 static_cast<double>(decision.cost);
+    }
+    Change best;
+    double sum = 0;
+    for (std::size_t place = Rows(); place-- > 0;) {
+        sum += bySlot[order[place]];
+        if (sum < best.loss) best = {sum, place};
+    }
+    return best;
+}
+
+// What the looks add up to, by slot: for so many slots at a time as a cache line holds.
+TOLVANE_WIDE_VECTORS
+static void AddUp(const Board::Looks& looks, const float* sums, std::size_t slots,
+                  std::array<float, Board::kMostRows>& total) {
+    using Sixteen = float __attribute__((vector_size(64)));
+    for (std::size_t slot = 0; slot < slots; slot += sizeof(Sixteen) / sizeof(float)) {
+        Sixteen all{};
+        for (const std::uint32_t look : looks) {
+            Sixteen some;
+            std::memcpy(&some, sums + look * Board::kMostRows + slot, sizeof some);
+            all += some;
+        }
+        std::memcpy(&total[slot], &all, sizeof all);
+    }
+}
+
+Board::Change Board::GuessInsertion(const Looks& looks) const {
+    std::array<float, kMostRows> bySlot{};
+    AddUp(looks, rounded.data(), slots, bySlot);
+    Change best;
+    double sum = 0;
+    for (std::size_t place = Rows(); place-- > 0;) {
+        sum += static_cast<double>(bySlot[order[place]]);
+        if (sum < best.loss) best = {sum, place};
+    }
+    return best;
+}
+
+void Board::Decide(std::uint32_t hand, Decision decision) {
+    const Decision before = decisions[hand];
+    decisions[hand] = decision;
+    loss += static_cast<double>(decision.cost) - static_cast<double>(before.cost);
+    for (const Entry& entry : LooksOf(hand)) {
+        const std::size_t of = entry.at * kMostRows;
+        const auto cost = static_cast<double>(entry.cost);
+        sums[of + before.slot] -= cost - static_cast<double>(before.cost);
+        sums[of + decision.slot] += cost - static_cast<double>(decision.cost);
+        rounded[of + before.slot] = static_cast<float>(sums[of + before.slot]);
+        rounded[of + decision.slot] = static_cast<float>(sums[of + decision.slot]);
+    }
+}
+
+std::size_t Board::FreeSlot() {
+    std::size_t slot = 0;
+    while (rows[slot].used) ++slot;
+    slots = std::max(slots, slot + 1);
+    return slot;
+}
+
+void Board::Insert(const Looks& looks, std::size_t place) {
+    const bool first = order.empty();
+    const std::size_t slot = FreeSlot();
+    rows[slot] = {Cover(looks), true};
+    order.insert(order.begin() + static_cast<std::ptrdiff_t>(place), slot);
+    for (std::size_t i = place; i < order.size(); ++i) placeOf[order[i]] = i;
+    if (first) {
+        // The slots of hands that nothing decides are never looked at.
+        std::ranges::fill(sums, 0);
+        std::ranges::fill(rounded, 0);
+        loss = 0;
+        std::ranges::fill(decisions, Decision{0, static_cast<std::uint32_t>(slot)});
+        for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
+            for (const Entry& entry : LooksOf(hand)) {
+                sums[entry.at * kMostRows + slot] += static_cast<double>(entry.cost);
+            }
+        }
+    }
+    for (const Entry& entry : rows[slot].cover) {
+        if (first || placeOf[decisions[entry.at].slot] > place) {
+            Decide(entry.at, {entry.cost, static_cast<std::uint32_t>(slot)});
+        }
+    }
+}
+
+void Board::Remove(std::size_t row) {
+    const std::size_t slot = order[row];
+    std::size_t waiting = 0;
+    for (const Entry& entry : rows[slot].cover) {
+        if (decisions[entry.at].slot == slot) ++waiting;
+    }
+    for (std::size_t next = row + 1; next < order.size() && waiting > 0; ++next) {
+        for (const Entry& entry : rows[order[next]].cover) {
+            if (decisions[entry.at].slot != slot) continue;
+            Decide(entry.at, {entry.cost, static_cast<std::uint32_t>(order[next])});
+            --waiting;
+        }
+    }
+    rows[slot] = {};
+    while (slots > 0 && !rows[slots - 1].used) --slots;
+    order.erase(order.begin() + static_cast<std::ptrdiff_t>(row));
+    for (std::size_t i = row; i < order.size(); ++i) placeOf[order[i]] = i;
+    // The rounding of sums that grew and shrank does not outlive the row.
+    for (std::size_t at = slot; at < sums.size(); at += kMostRows) sums[at] = rounded[at] = 0;
+}

@@ -1,0 +1,104 @@
+// A chart in the making and what it loses on every hand. Losses are percent of the bet over all
+// hands.
+//
+// Inserting a row at a place takes the hands that it fits from the rows at this place and behind
+// it. So one pass over the hands of a row, summing by deciding row what each would gain, gives the
+// change of the whole loss for every place at once. The same sums are kept by look for all looks,
+// and brought up to date only for hands that change their row: those of a row are the sums of its
+// looks together, but where several holds of a hand fit, of which the worst counts. Such a guess is
+// cheap, and tells which rows are worth a pass.
+#pragma once
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "core/strategy/Candidates.h"
+#include "core/strategy/LookIndex.h"
+#include "core/strategy/StartingHands.h"
+
+class Board {
+  public:
+    static constexpr std::size_t kMostRows = 80;
+    using Looks = std::vector<std::uint32_t>;
+
+    struct Change {
+        double loss = 1e9;      // of the whole, with its sign
+        std::size_t place = 0;  // the row comes to stand there
+    };
+
+    // Reads the hands; without all of them when the progress says so, and then it is of no use.
+    Board(const StartingHands& hands, const Terms& terms, LookAt at,
+          const std::function<bool()>& goOn);
+
+    const LookIndex& Index() const { return index; }
+
+    // Whether a hold of that look is the best one of some hand.
+    bool IsEverBest(std::uint32_t look) const { return everBest[look]; }
+
+    // Forgets the looks that none of the rows fits, and makes one of those that no row tells apart:
+    // the candidates' looks are numbered anew. To be called once, before all below.
+    void Prepare(std::span<Candidate> candidates);
+
+    // A first list of candidates, from the top: each time the one that decides most of the hands
+    // left, of those that lose on them at most the tolerance times their share of all hands; the
+    // one that loses least when there is none such.
+    std::vector<std::uint32_t> FirstList(std::span<const Candidate> candidates,
+                                         double tolerance) const;
+
+    std::size_t Rows() const { return order.size(); }
+    double Loss() const { return loss; }
+    double LossWithout(std::size_t row);
+
+    // The rows that would decide the row's hands without it, those of most hands first; at most so
+    // many, without the last row.
+    std::vector<std::size_t> HeirsOf(std::size_t row, std::size_t most);
+
+    // The best place for a row. The last row has to stay the last, and to fit all hands.
+    Change BestInsertion(const Looks& looks);
+    Change GuessInsertion(const Looks& looks) const;
+
+    void Insert(const Looks& looks, std::size_t place);
+    void Remove(std::size_t row);
+
+  private:
+    struct Entry {
+        std::uint32_t at = 0;  // a hand, or a look
+        float cost = 0;
+    };
+    struct Decision {
+        float cost = 0;
+        std::uint32_t slot = 0;
+    };
+    struct Row {
+        std::vector<Entry> cover;  // the hands that it fits
+        bool used = false;
+    };
+
+    bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
+                   const std::function<bool()>& goOn);
+    void Renumber(const std::vector<std::uint32_t>& numbers);
+    std::vector<Entry> Cover(const Looks& looks);
+    void Decide(std::uint32_t hand, Decision decision);
+    std::span<const Entry> LooksOf(std::uint32_t hand) const;
+    std::size_t FreeSlot();
+
+    LookIndex index;
+    std::size_t lookCount = 0;                // after Prepare
+    std::vector<bool> everBest;               // by look
+    std::vector<float> shares;                // of all hands, by hand
+    std::vector<std::uint32_t> handStarts;    // of the entries, by hand
+    std::vector<Entry> byHand;                // looks with their costs
+    std::vector<std::uint32_t> lookStarts;    // by look
+    std::vector<Entry> byLook;                // hands with their costs
+    std::vector<Decision> decisions;          // by hand
+    std::array<Row, kMostRows> rows;          // by slot
+    std::vector<std::size_t> order;           // slots, by place
+    std::array<std::size_t, kMostRows> placeOf{};  // by slot
+    std::size_t slots = 0;                    // those in use have lower numbers
+    double loss = 0;
+    std::vector<double> sums;  // by look and slot: what taking the slot's hands would change
+    std::vector<float> rounded;  // the same, half as wide
+    std::vector<float> scratch;  // by hand; below 0 where it is free
+};
