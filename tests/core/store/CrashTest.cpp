@@ -202,11 +202,6 @@ void EditTable(Program& program) {
     editor.Save(program.manager);
 }
 
-void AddTable(Program& program) {
-    auto editor = program.Editor(1);
-    editor.Add(program.manager);
-}
-
 template <int index>
 void Delete(Program& program) {
     auto editor = program.Editor(index);
@@ -220,7 +215,6 @@ void RenameOwnGame(Program& program) {
     editor.Rename(program.manager);
 }
 
-// Both tables of the game, as they come in a mail, into a free slot.
 void ImportGame(Program& program) {
     const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText);
     PayTableEditor editor(program.seat, program.paths, {9002, "Theirs", 0}, true);
@@ -230,8 +224,7 @@ void ImportGame(Program& program) {
 
 FileMap WithOtherPays() {
     FileMap files = Played();
-    std::string& main = files[kMain];
-    main.replace(main.find("MaxPayout0=4000"), 15, "MaxPayout0=5000");
+    files[kMain].replace(files[kMain].find("=4000"), 5, "=5000");
     files[kCache] = "[Jacks or Better(0)]\nER=101.00\n\n";
     return files;
 }
@@ -275,7 +268,6 @@ std::vector<Scenario> Scenarios() {
          {Save, [](Program& program) { ChooseGame(program.seat, 330); }},
          HasItsMoney},
         {"EditTable", WithOwnGame, {EditTable}},
-        {"AddTable", WithOwnGame, {AddTable}},
         {"ImportGame", WithOwnGame, {ImportGame}},
         {"RestoreTable", WithOtherPays, {RestoreTable}},
         {"DeleteTable", WithOwnGame, {Delete<1>}},
