@@ -216,10 +216,10 @@ void RenameOwnGame(Program& program) {
 }
 
 void ImportGame(Program& program) {
-    const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText);
-    PayTableEditor editor(program.seat, program.paths, {9002, "Theirs", 0}, true);
+    const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText).value();
     program.manager.answers = {"ok"};
-    editor.Import(program.manager, game.value_or(""));
+    PayTableEditor(program.seat, program.paths, {9002, "Theirs", 0}, true)
+        .Import(program.manager, game);
 }
 
 FileMap WithOtherPays() {
@@ -230,9 +230,8 @@ FileMap WithOtherPays() {
 }
 
 void RestoreTable(Program& program) {
-    PayTableEditor editor(program.seat, program.paths, {300, "Jacks or Better", 0});
     program.manager.answers = {"ok"};
-    editor.Restore(program.manager);
+    PayTableEditor(program.seat, program.paths, {300, "Jacks or Better"}).Restore(program.manager);
 }
 
 void HasItsStatistics(const Program& program) {
