@@ -42,8 +42,11 @@ std::optional<int> BreakEvenPay(int presentPay,
         high = static_cast<int>(std::clamp(next, low + 1.0, kMostPay));
         at = returnAt(high);
     }
-    while (at && high - low > 1) {
-        const double root = at->percentForCoin > 0 ? TangentRoot(high, *at) : low;
+    // Of three steps one halves what is left, so that a few dozen are enough for any function.
+    for (int step = 1; at && high - low > 1; ++step) {
+        const double middle = low + (high - low) / 2.0;
+        const bool newton = step % 3 != 0 && at->percentForCoin > 0;
+        const double root = newton ? TangentRoot(high, *at) : middle;
         const int pay = static_cast<int>(std::clamp(std::ceil(root), low + 1.0, high - 1.0));
         const auto tried = returnAt(pay);
         if (!tried) return std::nullopt;

@@ -115,6 +115,17 @@ TEST(LiveAnalysisTest, TheBreakEvenPayIsTheLeastThatReturnsAll) {
     EXPECT_EQ(BreakEvenPay(1, slow), 15000);
     EXPECT_EQ(BreakEvenPay(60000, slow), 15000);
     EXPECT_EQ(BreakEvenPay(50, [](int) { return ReturnAtPay{101, 0.1}; }), 0);
+    // Slopes that say nothing.
+    for (const int least : {1, 2, 7, 1'000'000}) {
+        int runs = 0;
+        const auto steep = [&](int pay) -> std::optional<ReturnAtPay> {
+            ++runs;
+            return {{pay < least ? 90.0 : 100.0, 1e6}};
+        };
+        EXPECT_EQ(BreakEvenPay(2'000'000, steep), least);
+        EXPECT_EQ(BreakEvenPay(least + 1, steep), least);
+        EXPECT_LT(runs, 200);
+    }
     EXPECT_EQ(BreakEvenPay(50, [](int) { return ReturnAtPay{10, 0}; }), std::nullopt);
     EXPECT_EQ(BreakEvenPay(50, [](int) { return std::nullopt; }), std::nullopt);
 }

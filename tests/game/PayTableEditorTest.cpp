@@ -184,9 +184,12 @@ TEST_F(PayTableEditorTest, TwoHundredRandomEditsAreUndoneAndDoneAgain) {
     while (editor.CanRedo()) editor.Redo();
     EXPECT_EQ(editor.texts, last);
     editor.Undo();
+    const auto branch = editor.texts;
     editor.texts.maxBet = "77";
     editor.NoteChange();
     EXPECT_FALSE(editor.CanRedo());
+    editor.Undo();
+    EXPECT_EQ(editor.texts, branch) << "what was undone is forgotten";
 }
 
 TEST_F(PayTableEditorTest, ChangesAreAskedAboutAndARefusalKeepsThem) {

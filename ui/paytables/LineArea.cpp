@@ -3,13 +3,13 @@
 #include <QEvent>
 #include <QLabel>
 #include <QScrollBar>
-#include <QTimer>
 
 #include "ui/parts/DialogParts.h"
 
 namespace {
 
 constexpr int kPayoutColumn = 3;
+constexpr int kBoxColumn = 7;
 constexpr int kFirstFigure = 8;
 
 }  // namespace
@@ -35,6 +35,9 @@ LineArea::LineArea(LineRows* rows, QWidget* firstPayout, QWidget* parent)
     setViewportMargins(0, HeadHeight(), 0, 0);
     setWidget(rows);
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &LineArea::PlaceHeadings);
+    settled.setSingleShot(true);
+    settled.setInterval(0);
+    connect(&settled, &QTimer::timeout, this, &LineArea::PlaceHeadings);
     connect(rows, &LineRows::DraggedTo, this, [this](QPoint place) {
         ensureVisible(horizontalScrollBar()->value(), place.y(), 0, 20);
     });
@@ -55,11 +58,13 @@ void LineArea::resizeEvent(QResizeEvent* event) {
 
 bool LineArea::eventFilter(QObject* watched, QEvent* event) {
     const bool handled = QScrollArea::eventFilter(watched, event);
-    if (watched != rows) return handled;
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceHeadings();
-    // The columns get their places when the request has been met.
-    if (event->type() == QEvent::LayoutRequest)
-        QTimer::singleShot(0, this, [this] { PlaceHeadings(); });
+    // The columns get their places when the rows have taken the event themselves, in rows whose
+    // texts are wrapped some by the next time they are painted.
+    if (watched == rows &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::Move ||
+         event->type() == QEvent::LayoutRequest || event->type() == QEvent::Paint)) {
+        settled.start();
+    }
     return handled;
 }
 
@@ -67,7 +72,11 @@ void LineArea::PlaceHeadings() {
     const QRect seen = viewport()->geometry();
     head->setGeometry(seen.left(), seen.top() - HeadHeight(), seen.width(), HeadHeight());
     for (int column = 0; column < headings.size(); ++column) {
-        const QRect place = rows->ColumnRect(column);
-        headings[column]->setGeometry(place.left() + rows->x(), 0, place.width(), HeadHeight());
+        const QRect place = rows->ColumnRect(column).translated(rows->pos());
+        const int width = headings[column]->sizeHint().width();
+        const int left = column >= kFirstFigure ? place.right() + 1 - width
+                         : column == kBoxColumn ? place.center().x() - width / 2
+                                                : place.left();
+        headings[column]->setGeometry(left, 0, width, HeadHeight());
     }
 }

@@ -1,6 +1,7 @@
 // The lines of the pay table manager in a box that scrolls, under headings that do not scroll away.
 #pragma once
 #include <QScrollArea>
+#include <QTimer>
 
 #include "ui/paytables/LineRows.h"
 
@@ -25,4 +26,5 @@ class LineArea : public QScrollArea {
     LineRows* rows;
     QWidget* head;
     QList<QLabel*> headings;
+    QTimer settled;
 };

@@ -72,12 +72,17 @@ QStringList LineRows::HeadingTips() {
                "for each of the five coins, as long as the best holds stay the same")};
 }
 
-// From the field on, which may be smaller than its cell.
+// Of the first row that has something to be seen there: what is hidden has no place.
 QRect LineRows::ColumnRect(int column) const {
-    QRect rect = layout->cellRect(0, column);
-    const auto* field = qobject_cast<QLineEdit*>(layout->itemAtPosition(0, column)->widget());
-    if (field) rect.setLeft(field->x());
-    return rect;
+    int row = 0;
+    while (row + 1 < kMaxPayLines && layout->itemAtPosition(row, column)->widget()->isHidden()) {
+        ++row;
+    }
+    return layout->itemAtPosition(row, column)->widget()->geometry();
+}
+
+QRect LineRows::RowRect(int line) const {
+    return rows[static_cast<std::size_t>(line)].handle->geometry();
 }
 
 void LineRows::SetLeastWidth(int column, int width) {
@@ -200,14 +205,14 @@ void LineRows::SetMovable(bool movable) {
 // The line whose row is nearest to a height.
 int LineRows::LineAt(int y) const {
     int line = 0;
-    while (line + 1 < kMaxPayLines && y > layout->cellRect(line, 0).bottom()) ++line;
+    while (line + 1 < kMaxPayLines && y > RowRect(line).bottom()) ++line;
     return line;
 }
 
 void LineRows::MarkDrop(int from, QPoint place) {
     const QPoint at = mapFromGlobal(place);
     const int to = LineAt(at.y());
-    const QRect row = layout->cellRect(to, 0);
+    const QRect row = RowRect(to);
     dropMark->setGeometry(0, (to > from ? row.bottom() : row.top()) - 2, width(), 4);
     dropMark->setVisible(to != from);
     dropMark->raise();

@@ -23,7 +23,7 @@ class LineRows : public QWidget {
     static QStringList Headings();
     static QStringList HeadingTips();
 
-    // Where a column is, and that it is at least so wide.
+    // Where what stands in a column is, and that the column is at least so wide.
     QRect ColumnRect(int column) const;
     void SetLeastWidth(int column, int width);
 
@@ -48,6 +48,7 @@ class LineRows : public QWidget {
     void AddFields(int line);
     Row MakeFigures(int line);
     void ShowLine(int line, const LiveLine* figures, const QString& reason);
+    QRect RowRect(int line) const;
     int LineAt(int y) const;
     void MarkDrop(int from, QPoint place);
     void Drop(int from, QPoint place);

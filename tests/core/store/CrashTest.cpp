@@ -203,11 +203,6 @@ void EditTable(Program& program) {
     editor.Save(program.manager);
 }
 
-void AddTable(Program& program) {
-    auto editor = program.Editor(1);
-    editor.Add(program.manager);
-}
-
 template <int index>
 void Delete(Program& program) {
     auto editor = program.Editor(index);
@@ -248,24 +243,22 @@ void HasEveryErrorWithItsDate(const Program& program) {
 
 // Both tables of the game, as they come in a mail, into a free slot.
 void ImportGame(Program& program) {
-    const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText);
-    PayTableEditor editor(program.seat, program.paths, {9002, "Theirs", 0}, true);
+    const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText).value();
     program.manager.answers = {"ok"};
-    editor.Import(program.manager, game.value_or(""));
+    PayTableEditor(program.seat, program.paths, {9002, "Theirs", 0}, true)
+        .Import(program.manager, game);
 }
 
 FileMap WithOtherPays() {
     FileMap files = Played();
-    std::string& main = files[kMain];
-    main.replace(main.find("MaxPayout0=4000"), 15, "MaxPayout0=5000");
+    files[kMain].replace(files[kMain].find("=4000"), 5, "=5000");
     files[kCache] = "[Jacks or Better(0)]\nER=101.00\n\n";
     return files;
 }
 
 void RestoreTable(Program& program) {
-    PayTableEditor editor(program.seat, program.paths, {300, "Jacks or Better", 0});
     program.manager.answers = {"ok"};
-    editor.Restore(program.manager);
+    PayTableEditor(program.seat, program.paths, {300, "Jacks or Better"}).Restore(program.manager);
 }
 
 void HasItsStatistics(const Program& program) {
@@ -305,7 +298,6 @@ std::vector<Scenario> Scenarios() {
          {[](Program& program) { ForgetError(program.seat, 0); }},
          HasEveryErrorWithItsDate},
         {"EditTable", WithOwnGame, {EditTable}},
-        {"AddTable", WithOwnGame, {AddTable}},
         {"ImportGame", WithOwnGame, {ImportGame}},
         {"RestoreTable", WithOtherPays, {RestoreTable}},
         {"DeleteTable", WithOwnGame, {Delete<1>}},
