@@ -68,6 +68,7 @@ class Words {
         wilds = deck.usesWilds && (otherWilds || deck.jokers > 0);
         jokers = wilds && otherWilds && deck.jokers > 0;
         for (int rank = 0; rank < kRanks; ++rank) {
+            allStarts.push_back(static_cast<std::int8_t>(rank));
             if (rank == 0 || TellsApart(terms, table, rank - 1, rank)) {
                 starts.push_back(static_cast<std::int8_t>(rank));
             }
@@ -80,8 +81,10 @@ class Words {
             AddAmounts<&Row::wildCards>(Ask::kWilds, 0, 3);
         }
         if (jokers) AddAmounts<&Row::jokers>(Ask::kJokers, 0, 2);
-        if (IsGroup(row)) AddSpans<&Row::of>(Ask::kOf);
-        if (HasKicker(row)) AddSpans<&Row::kicker>(Ask::kKicker);
+        // A pair stands against single cards, whose straights its rank may be in the way of.
+        const bool isPair = row.base == Base::kOfAKind && row.count == 2;
+        if (IsGroup(row)) AddSpans<&Row::of>(Ask::kOf, isPair ? allStarts : starts);
+        if (HasKicker(row)) AddSpans<&Row::kicker>(Ask::kKicker, starts);
         if (IsDraw(row)) AddDrawWords(row);
         if (row.base == Base::kRanks) AddSuitings();
         const bool discards = row.base != Base::kPat && row.base != Base::kNothing;
@@ -125,7 +128,7 @@ class Words {
     }
 
     template <RankSpan Row::* Member>
-    void AddSpans(Ask ask) {
+    void AddSpans(Ask ask, const std::vector<std::int8_t>& starts) {
         for (std::size_t first = 0; first < starts.size(); ++first) {
             for (std::size_t behind = first + 1; behind <= starts.size(); ++behind) {
                 const int last = behind < starts.size() ? starts[behind] - 1 : kAceRank;
@@ -163,6 +166,7 @@ class Words {
     bool jokers = false;
     bool high = false;
     bool penalties = false;
+    std::vector<std::int8_t> allStarts;
     std::vector<std::int8_t> starts;  // the ranks from which on groups and kickers are treated alike
     std::vector<Word> words;
 };
@@ -362,5 +366,18 @@ std::vector<Candidate> MakeCandidates(const Terms& terms, const PayTable& table,
         }
     }
     for (const Worded& hold : holds) AddWithTwoWords(gatherer, hold);
+    return std::move(gatherer.candidates);
+}
+
+std::vector<Candidate> Refined(const Terms& terms, const PayTable& table, const LookIndex& index,
+                               const Wording& wording, const Candidate& candidate) {
+    Gatherer gatherer(terms, index);
+    Words words(terms, table, wording);
+    const Worded worded = WithWords(gatherer, words, candidate.row, candidate.looks);
+    for (std::size_t i = 0; i < worded.words.size(); ++i) {
+        Row row = worded.row;
+        worded.words[i].add(row, worded.words[i]);
+        gatherer.Add(row, Gatherer::Chosen(worded.bits[i], worded.looks));
+    }
     return std::move(gatherer.candidates);
 }
