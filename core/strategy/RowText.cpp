@@ -187,6 +187,7 @@ class RowReader {
     }
 
     bool Fail(std::size_t where, std::string_view what) {
+        if (refused) return false;
         if (where > furthest) {
             furthest = where;
             expected.clear();
@@ -194,6 +195,14 @@ class RowReader {
         if (where == furthest && std::ranges::find(expected, what) == expected.end()) {
             expected.emplace_back(what);
         }
+        return false;
+    }
+
+    // Nothing else is tried then.
+    bool Refuse(std::size_t where, std::string_view what) {
+        furthest = where;
+        expected = {std::string(what)};
+        refused = true;
         return false;
     }
 
@@ -311,8 +320,14 @@ class RowReader {
         return true;
     }
 
-    // The furthest try of all three tells what is wrong.
-    bool ReadBase() { return ReadPat() || ReadNamed() || ReadRanks(); }
+    // The furthest try of all three tells what is wrong. A number of cards may look like a rank.
+    bool ReadBase() {
+        if (ReadPat() || ReadNamed()) return true;
+        if (at + 1 < phraseEnd && words[at + 1].text == "to" && furthest <= at + 1) {
+            return Refuse(at, "a number of cards from 2 to 4");
+        }
+        return ReadRanks();
+    }
 
     std::optional<Amount> ReadAmount(std::string_view text) const {
         if (text.ends_with('+')) {
@@ -333,8 +348,9 @@ class RowReader {
         for (const AmountName& name : kAmountNames) {
             for (const std::string_view noun : {name.many, name.one}) {
                 std::size_t place = at + 1;
-                if (!Take(noun, place) || !Accept(place)) continue;
-                if (!(row.*name.amount).IsAny()) return Fail(at, "each amount once");
+                if (!Take(noun, place) || !AtPhraseEnd(place)) continue;
+                if (!(row.*name.amount).IsAny()) return Refuse(at, "each amount once");
+                at = place;
                 row.*name.amount = *amount;
                 return true;
             }
@@ -391,6 +407,7 @@ class RowReader {
     std::size_t at = 0;
     std::size_t phraseEnd = 0;
     std::size_t furthest = 0;
+    bool refused = false;
     std::vector<std::string> expected;
     Row row;
 };

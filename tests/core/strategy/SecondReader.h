@@ -14,6 +14,7 @@
 
 #include "core/analysis/AceOrder.h"
 #include "core/analysis/Combinations.h"
+#include "core/analysis/GameAnalysis.h"
 #include "tests/core/TestGames.h"
 
 namespace second {
@@ -289,6 +290,23 @@ class Reader {
         return false;
     }
 
+    // The fewest ranks missing in a run of neighbours that holds them, the ace at either end.
+    static int Gaps(const Cards& c) {
+        int gaps = c.straights > 0 ? 99 : 0;
+        for (int straight = 0; straight < 10; ++straight) {
+            int lowest = 99, highest = -1, ranks = 0;
+            for (int rank = 0; rank < 13; ++rank) {
+                if (!c.HasRank(rank)) continue;
+                const int at = rank == 12 && straight == 0 ? -1 : rank;
+                lowest = std::min(lowest, at);
+                highest = std::max(highest, at);
+                ranks += Stands(rank, straight) ? 1 : 99;
+            }
+            if (ranks < 99) gaps = std::min(gaps, highest - lowest + 1 - ranks);
+        }
+        return gaps;
+    }
+
     Test AmountTest(const std::string& amount, const std::string& what) const {
         const auto mark = amount.find_first_of("+-");
         const int least = std::stoi(amount);
@@ -298,6 +316,7 @@ class Reader {
         return [this, least, most, what](const Cards& c) {
             int number = -1;
             if (what == "straight" || what == "straights") number = c.straights;
+            if (what == "gap" || what == "gaps") number = Gaps(c);
             if (what == "high card" || what == "high cards") number = Highs(c);
             if (what.find("straight") == 0 && what.find(" high card") != std::string::npos)
                 number = c.straights + Highs(c);
