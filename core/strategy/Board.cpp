@@ -32,8 +32,9 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
             const std::uint32_t look = index.NumberOf(looks[held]);
             if (look == everBest.size()) everBest.push_back(false);
             if (hand.values[held] == hand.best) everBest[look] = true;
-            const auto cost = static_cast<float>(static_cast<double>(hand.best - hand.values[held]) *
-                                                 static_cast<double>(hand.weight) * percent);
+            const auto cost =
+                static_cast<float>(static_cast<double>(hand.best - hand.values[held]) *
+                                   static_cast<double>(hand.weight) * percent);
             // Holds of a hand that look alike count as one, the worst of them.
             const auto first = byHand.begin() + static_cast<std::ptrdiff_t>(handStarts.back());
             const auto same = std::ranges::find(first, byHand.end(), look, &Entry::at);
@@ -211,8 +212,8 @@ Board::Change Board::BestInsertion(const Looks& looks) {
     std::array<double, kMostRows> bySlot{};
     for (const Entry& entry : Cover(looks)) {
         const Decision& decision = decisions[entry.at];
-        bySlot[decision.slot] += static_cast<double>(entry.cost) -
-                                 static_cast<double>(decision.cost);
+        bySlot[decision.slot] +=
+            static_cast<double>(entry.cost) - static_cast<double>(decision.cost);
     }
     Change best;
     double sum = 0;

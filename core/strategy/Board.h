@@ -83,19 +83,19 @@ class Board {
     std::size_t FreeSlot();
 
     LookIndex index;
-    std::vector<bool> everBest;               // by look
-    std::vector<float> shares;                // of all hands, by hand
-    std::vector<std::uint32_t> handStarts;    // of the entries, by hand
-    std::vector<Entry> byHand;                // looks with their costs
-    std::vector<std::uint32_t> lookStarts;    // by look
-    std::vector<Entry> byLook;                // hands with their costs
-    std::vector<Decision> decisions;          // by hand
-    std::array<Row, kMostRows> rows;          // by slot
-    std::vector<std::size_t> order;           // slots, by place
+    std::vector<bool> everBest;                    // by look
+    std::vector<float> shares;                     // of all hands, by hand
+    std::vector<std::uint32_t> handStarts;         // of the entries, by hand
+    std::vector<Entry> byHand;                     // looks with their costs
+    std::vector<std::uint32_t> lookStarts;         // by look
+    std::vector<Entry> byLook;                     // hands with their costs
+    std::vector<Decision> decisions;               // by hand
+    std::array<Row, kMostRows> rows;               // by slot
+    std::vector<std::size_t> order;                // slots, by place
     std::array<std::size_t, kMostRows> placeOf{};  // by slot
-    std::size_t slots = 0;                    // those in use have lower numbers
+    std::size_t slots = 0;                         // those in use have lower numbers
     double loss = 0;
-    std::vector<double> sums;  // by look and slot: what taking the slot's hands would change
+    std::vector<double> sums;    // by look and slot: what taking the slot's hands would change
     std::vector<float> rounded;  // the same, half as wide
     std::vector<float> scratch;  // by hand; below 0 where it is free
 };

@@ -7,8 +7,20 @@ namespace {
 
 // What a further word asks about; two of one kind do not go together, but for single ranks.
 enum class Ask : std::uint8_t {
-    kSuiting, kStraights, kGaps, kHighCards, kBoth, kWilds, kJokers, kOf, kKicker, kAll, kWith, kWithout,
-    kFlushPenalty, kStraightPenalty,
+    kSuiting,
+    kStraights,
+    kGaps,
+    kHighCards,
+    kBoth,
+    kWilds,
+    kJokers,
+    kOf,
+    kKicker,
+    kAll,
+    kWith,
+    kWithout,
+    kFlushPenalty,
+    kStraightPenalty,
 };
 
 struct Word {
@@ -21,19 +33,19 @@ struct Word {
 void AddSuiting(Row& row, const Word& word) {
     row.suiting = word.first != 0 ? Suiting::kSuited : Suiting::kUnsuited;
 }
-template <Amount Row::* Member>
+template <Amount Row::*Member>
 void AddAmount(Row& row, const Word& word) {
     row.*Member = {word.first, word.last};
 }
-template <RankSpan Row::* Member>
+template <RankSpan Row::*Member>
 void AddSpan(Row& row, const Word& word) {
     row.*Member = {word.first, word.last};
 }
-template <RankSet Row::* Member>
+template <RankSet Row::*Member>
 void AddRank(Row& row, const Word& word) {
     row.*Member |= static_cast<RankSet>(1 << word.first);
 }
-template <Condition Row::* Member>
+template <Condition Row::*Member>
 void AddCondition(Row& row, const Word& word) {
     row.*Member = word.first != 0 ? Condition::kPresent : Condition::kAbsent;
 }
@@ -106,7 +118,7 @@ class Words {
     }
 
     // Every number from least on, alone and with more; and from none to it.
-    template <Amount Row::* Member>
+    template <Amount Row::*Member>
     void AddAmounts(Ask ask, int least, int most) {
         for (auto n = static_cast<std::int8_t>(least); n <= most; ++n) {
             Add({ask, AddAmount<Member>, n, n});
@@ -127,7 +139,7 @@ class Words {
                });
     }
 
-    template <RankSpan Row::* Member>
+    template <RankSpan Row::*Member>
     void AddSpans(Ask ask, const std::vector<std::int8_t>& starts) {
         for (std::size_t first = 0; first < starts.size(); ++first) {
             for (std::size_t behind = first + 1; behind <= starts.size(); ++behind) {
@@ -167,7 +179,8 @@ class Words {
     bool high = false;
     bool penalties = false;
     std::vector<std::int8_t> allStarts;
-    std::vector<std::int8_t> starts;  // the ranks from which on groups and kickers are treated alike
+    std::vector<std::int8_t>
+        starts;  // the ranks from which on groups and kickers are treated alike
     std::vector<Word> words;
 };
 

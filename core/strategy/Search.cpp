@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr double kNoGain = 1e-8;            // percent: smaller changes are rounding
-constexpr std::size_t kMostPasses = 60;     // over the hands of rows that a guess speaks for
+constexpr double kNoGain = 1e-8;         // percent: smaller changes are rounding
+constexpr std::size_t kMostPasses = 60;  // over the hands of rows that a guess speaks for
 constexpr std::size_t kMostSweeps = 6;
 constexpr std::size_t kDropsTried = 12;    // rows that are missed least
 constexpr std::size_t kDropsPolished = 4;  // of the lists that are left without one of them
@@ -188,8 +188,8 @@ class Searcher {
         }
         const std::size_t half = twoThreads ? candidates.size() / 2 : candidates.size();
         if (twoThreads) {
-            const auto other = std::async(std::launch::async,
-                                          [&] { GuessAll(half, candidates.size()); });
+            const auto other =
+                std::async(std::launch::async, [&] { GuessAll(half, candidates.size()); });
             GuessAll(0, half);
         } else {
             GuessAll(0, half);
@@ -249,9 +249,7 @@ class Searcher {
         }
     }
 
-    bool LossMatters() const {
-        return wish.mostLoss < 0 || board.Loss() > wish.mostLoss + kNoGain;
-    }
+    bool LossMatters() const { return wish.mostLoss < 0 || board.Loss() > wish.mostLoss + kNoGain; }
 
     // Adds rows as long as they help and there is room, when the loss is what matters.
     void Lengthen() {
@@ -270,8 +268,8 @@ class Searcher {
     void Refine() {
         const Rows list = rows;
         for (const std::uint32_t row : list) {
-            for (Candidate& refined : Refined(terms, table, board.Index(), {wish.penalties},
-                                              candidates[row])) {
+            for (Candidate& refined :
+                 Refined(terms, table, board.Index(), {wish.penalties}, candidates[row])) {
                 const bool known =
                     std::ranges::any_of(candidates, [&refined](const Candidate& candidate) {
                         return candidate.looks == refined.looks;
@@ -289,8 +287,8 @@ class Searcher {
         }
         RemoveRow(row);
         for (const std::uint32_t heir : heirs) {
-            const auto place = static_cast<std::size_t>(std::ranges::find(rows, heir) -
-                                                        rows.begin());
+            const auto place =
+                static_cast<std::size_t>(std::ranges::find(rows, heir) - rows.begin());
             RemoveRow(place);
             InsertRow(heir, board.BestInsertion(candidates[heir].looks).place);
         }
@@ -323,13 +321,11 @@ class Searcher {
     }
 
     bool IsTooLong() const { return rows.size() > wish.mostRows; }
-    bool IsGood(double loss) const {
-        return wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain;
-    }
+    bool IsGood(double loss) const { return wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain; }
 
-    // Drops a row; false when the chart is as short as it can be. As long as the list is good enough
-    // without more work, that is all. Then it is polished, and at last several lists are, since what
-    // is missed much may be made up for.
+    // Drops a row; false when the chart is as short as it can be. As long as the list is good
+    // enough without more work, that is all. Then it is polished, and at last several lists are,
+    // since what is missed much may be made up for.
     bool DropRow() {
         const std::vector<Drop> drops = Drops();
         if (drops.empty()) return false;

@@ -39,8 +39,8 @@ TEST_F(StrategyCommandTest, AChartIsGradedLineByLine) {
 
 TEST_F(StrategyCommandTest, ACardIsReadBackAsTheSameChart) {
     const std::string card = folder.Path("card.txt");
-    const Json made = AskForJson("strategy 'my caf\xE9' --lines 2 --no-penalties --card " +
-                                 InQuotes(card));
+    const Json made =
+        AskForJson("strategy 'my caf\xE9' --lines 2 --no-penalties --card " + InQuotes(card));
     ASSERT_FALSE(made["rows"].empty());
     EXPECT_LE(made["rows"].size(), 2U);
     const std::string text = folder.Read("card.txt");

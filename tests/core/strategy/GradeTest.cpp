@@ -128,11 +128,12 @@ TEST_P(OddCharts, AreGradedAsASlowReaderGradesThem) {
 #if defined(__SANITIZE_ADDRESS__)
 INSTANTIATE_TEST_SUITE_P(Words, OddCharts, testing::Values(std::pair{kWild, &DeucesAndJoker}));
 #else
-INSTANTIATE_TEST_SUITE_P(
-    Words, OddCharts,
-    testing::Values(std::pair{kAllWords, &DoubleDoubleBonus}, std::pair{kAllWords, &FiveAces},
-                    std::pair{kWild, &DeucesAndJoker}, std::pair{kWild, &OneEyedJacks},
-                    std::pair{kWild, +[] { return JokerPoker(2); }}));
+INSTANTIATE_TEST_SUITE_P(Words, OddCharts,
+                         testing::Values(std::pair{kAllWords, &DoubleDoubleBonus},
+                                         std::pair{kAllWords, &FiveAces},
+                                         std::pair{kWild, &DeucesAndJoker},
+                                         std::pair{kWild, &OneEyedJacks},
+                                         std::pair{kWild, +[] { return JokerPoker(2); }}));
 #endif
 
 }  // namespace

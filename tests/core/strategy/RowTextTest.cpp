@@ -11,7 +11,9 @@ namespace {
 
 // Rows with words of every kind, whether or not they make sense.
 Row RandomRow(std::mt19937& random) {
-    const auto below = [&random](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+    const auto below = [&random](int end) {
+        return static_cast<int>(random() % static_cast<unsigned>(end));
+    };
     const auto amount = [&] {
         const auto least = static_cast<std::int8_t>(below(4));
         if (below(3) == 0) return Amount{least, static_cast<std::int8_t>(least + below(3))};
@@ -52,13 +54,13 @@ Row RandomRow(std::mt19937& random) {
                                                    : static_cast<std::int8_t>(2 + below(3));
     }
     row.suiting = static_cast<Suiting>(below(3));
-    for (Amount Row::* member : {&Row::straights, &Row::gaps, &Row::highCards,
-                                 &Row::straightsAndHighCards, &Row::wildCards, &Row::jokers,
-                                 &Row::highDiscards}) {
+    for (Amount Row::*member :
+         {&Row::straights, &Row::gaps, &Row::highCards, &Row::straightsAndHighCards,
+          &Row::wildCards, &Row::jokers, &Row::highDiscards}) {
         row.*member = amount();
     }
-    for (RankSpan Row::* member : {&Row::of, &Row::kicker, &Row::all}) row.*member = span();
-    for (RankSet Row::* member :
+    for (RankSpan Row::*member : {&Row::of, &Row::kicker, &Row::all}) row.*member = span();
+    for (RankSet Row::*member :
          {&Row::with, &Row::without, &Row::discarding, &Row::notDiscarding}) {
         row.*member = ranks();
     }
@@ -96,19 +98,15 @@ TEST(RowTextTest, AnUnreadableChartIsAnsweredByLineAndWord) {
         const char* found;
         const char* expected;
     };
-    for (const auto& [text, line, word, found, expected] : {
-             Case{"two pair\n4 to a gutshot", 2, 4, "gutshot", "straight"},
-             Case{"4 to a straight, 2 straigths", 1, 6, "straigths", "straights"},
-             Case{"pat full", 1, 3, "", "house"},
-             Case{"pair, of 5-2", 1, 3, "5-2", "span"},
-             Case{"pair, of", 1, 3, "", "span"},
-             Case{"5 to a flush", 1, 1, "5", "number"},
-             Case{"K Q J T 9", 1, 1, "k", "rank"},
-             Case{"pair suited", 1, 2, "suited", "comma"},
-             Case{"pair, 2 straights, 1 straight", 1, 4, "1", "once"},
-             Case{"\n# nothing\n", 1, 1, "", "row"},
-             Case{"pair, with W", 1, 3, "w", "rank"},
-             Case{"99999999999 to a flush", 1, 1, "99999999999", "number"}}) {
+    for (const auto& [text, line, word, found, expected] :
+         {Case{"two pair\n4 to a gutshot", 2, 4, "gutshot", "straight"},
+          Case{"4 to a straight, 2 straigths", 1, 6, "straigths", "straights"},
+          Case{"pat full", 1, 3, "", "house"}, Case{"pair, of 5-2", 1, 3, "5-2", "span"},
+          Case{"pair, of", 1, 3, "", "span"}, Case{"5 to a flush", 1, 1, "5", "number"},
+          Case{"K Q J T 9", 1, 1, "k", "rank"}, Case{"pair suited", 1, 2, "suited", "comma"},
+          Case{"pair, 2 straights, 1 straight", 1, 4, "1", "once"},
+          Case{"\n# nothing\n", 1, 1, "", "row"}, Case{"pair, with W", 1, 3, "w", "rank"},
+          Case{"99999999999 to a flush", 1, 1, "99999999999", "number"}}) {
         const ReadChart chart = ParseChart(text);
         EXPECT_FALSE(chart.valid) << text;
         EXPECT_EQ(chart.problem.line, line) << text;

@@ -100,13 +100,13 @@ TEST_P(OddTables, HaveChartsThatDecideEveryHand) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, OddTables,
-                         testing::Values(&WithoutLines, &OneLineOnly, &OddWilds, &NaturalJokers,
-                                         &AcesBonus, &DoubleDraw,
-                                         +[] { return JokerPoker(5); }));
+                         testing::Values(
+                             &WithoutLines, &OneLineOnly, &OddWilds, &NaturalJokers, &AcesBonus,
+                             &DoubleDraw, +[] { return JokerPoker(5); }));
 
 TEST(SearchTest, TheBestPlayIsThatOfTheWholeGame) {
-    for (const PayTable& table : {AcesBonus(), DoubleDraw(), WithLine(JacksOrBetter(),
-                                                                      Natural(kFourAcesInOrder, 800))}) {
+    for (const PayTable& table :
+         {AcesBonus(), DoubleDraw(), WithLine(JacksOrBetter(), Natural(kFourAcesInOrder, 800))}) {
         const Game game(table);
         const ChartGrade grade = game.Grade({Row()});
         const GameTotals totals = AnalyzeGame(game.tables, game.table, 1, {});
@@ -144,8 +144,9 @@ TEST(SearchTest, TablesThatNoChartServesAreRefused) {
 
 // Any pays on a game that is drawn too.
 PayTable RandomTable(std::mt19937& random) {
-    constexpr PayTable (*games[])() = {&JacksOrBetter, &DoubleDoubleBonus, &DeucesWild,
-                                       &DeucesDeluxe, &FiveAces, +[] { return JokerPoker(1); }};
+    constexpr PayTable (*games[])() = {&JacksOrBetter, &DoubleDoubleBonus,
+                                       &DeucesWild,    &DeucesDeluxe,
+                                       &FiveAces,      +[] { return JokerPoker(1); }};
     PayTable table = games[random() % std::size(games)]();
     table.minPair = 5 + static_cast<int>(random() % 11);
     for (PayLine& line : table.lines) {
@@ -163,8 +164,7 @@ TEST(SearchTest, ASecondReaderConfirmsTheLossOfRandomTables) {
         const ChartGrade grade = game.Grade(found.chart);
         const second::Grade slow = second::GradeSlowly(game.table, ChartText(found.chart));
         ASSERT_EQ(grade.partsOfCoin, slow.parts);
-        EXPECT_TRUE(grade.best == slow.best && grade.worst == slow.worst)
-            << ChartText(found.chart);
+        EXPECT_TRUE(grade.best == slow.best && grade.worst == slow.worst) << ChartText(found.chart);
         EXPECT_EQ(grade.ambiguousHands, slow.ambiguous);
     }
 }
