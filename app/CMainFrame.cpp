@@ -313,6 +313,7 @@ bool CMainFrame::SaveToClose() {
                              "played since the last time it was?")
                               .toStdString());
     if (!closed) return false;
+    document->CloseReports();
     NotePlace(*this, document->Desktop());
     return true;
 }

@@ -6,10 +6,13 @@
 
 #include "core/profile/ProfileFile.h"
 #include "game/commands/FileCommands.h"
+#include "game/commands/GameSelection.h"
 #include "game/commands/MachineCommands.h"
+#include "game/paytables/EditPayTable.h"
 #include "game/saving/SaveGame.h"
 #include "game/seat/ShowScene.h"
 #include "game/seat/Wins.h"
+#include "game/session/AnalyzeGame.h"
 #include "game/session/StartAndStop.h"
 #include "ui/machine/Commands.h"
 #include "ui/machine/SceneSounds.h"
@@ -37,6 +40,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
            .paths = paths,
            .pictures = parts.pictures,
            .desktop = desktop,
+           .aside = aside,
            .window = window} {
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);
@@ -47,11 +51,15 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     };
     actions.settled = [this] {
         CountHands();
+        if (allGames) allGames->UpdateButtons();
         emit Settled();
         OpenWaitingFile();
     };
     seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
+    player.aside = &aside;
+    desk.showAllGames = [this] { ShowAllGames(); };
+    player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
     ShowAtRest(seat);
@@ -110,6 +118,45 @@ QString CMorvikDoc::Title() const {
 QString CMorvikDoc::WaitingNote() const {
     if (waitingFile.isEmpty()) return {};
     return tr("%1 waits to be opened").arg(QFileInfo(waitingFile).fileName());
+}
+
+void CMorvikDoc::CloseReports() {
+    aside.CloseAll();
+    allGames.reset();
+}
+
+void CMorvikDoc::ShowAllGames() {
+    if (!allGames) allGames = std::make_unique<AllGamesWindow>(seat, paths, ActionsOnTables());
+    allGames->Open();
+}
+
+TableActions CMorvikDoc::ActionsOnTables() {
+    return {.play =
+                [this](const TableOfGame& table) {
+                    RunAs(table.gameId,
+                          [this, table] { ChooseGame(seat, table.gameId, table.tableIndex); });
+                },
+            .edit =
+                [this](const TableOfGame& table) {
+                    RunAs(kEditPayTable, [this, table] { EditPayTableAt(seat, paths, table); });
+                },
+            .analyze =
+                [this](const TableOfGame& table) {
+                    RunAs(kAnalyzeGame,
+                          [this, table] { AnalyzeTableCommand(seat, desk.spare, paths, table); });
+                },
+            .mayChange = [this] { return IsEnabled(kEditPayTable); }};
+}
+
+// Runs what a command of the menus would do in another way, when that may be given.
+void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
+    PressInHand choice;
+    actions.Begin(choice, PressKind::kOther, [this, command, action] {
+        if (!IsEnabled(command)) return;
+        action();
+        emit TitleChanged();
+        if (allGames) allGames->Reload();
+    });
 }
 
 void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }

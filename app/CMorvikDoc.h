@@ -14,6 +14,8 @@
 #include "core/store/DataFiles.h"
 #include "game/seat/Seat.h"
 #include "ui/machine/ActionQueue.h"
+#include "ui/reports/AllGamesWindow.h"
+#include "ui/reports/AsideWindows.h"
 
 class PictureStore;
 class ProfileFile;
@@ -78,6 +80,9 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void RefuseQuestions();
     void AnswerQuestions();
 
+    // With the machine's window go the reports that were put aside.
+    void CloseReports();
+
     Seat& PlayersSeat() { return seat; }
     DesktopSettings& Desktop() { return desktop; }
     ActionQueue& Actions() { return actions; }  // all that acts on the table goes through it
@@ -92,6 +97,9 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Show(const Scene& scene) override;
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
+    void ShowAllGames();
+    TableActions ActionsOnTables();
+    void RunAs(int command, const std::function<void()>& action);
     void OpenWaitingFile();
     void AskForHoldsAgain();
     void CountHands();
@@ -104,6 +112,8 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     WindowPlayer player;
     ActionQueue actions;
     Seat seat;
+    AsideWindows aside;
+    std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

@@ -14,6 +14,8 @@
 #include "game/flows/DealSteps.h"
 #include "game/flows/FixedHand.h"
 #include "game/paytables/EditPayTable.h"
+#include "game/reports/ErrorLogReport.h"
+#include "game/reports/HandReport.h"
 #include "game/saving/SaveGame.h"
 #include "game/session/AnalyzeGame.h"
 #include "game/session/SpareEngine.h"
@@ -61,10 +63,21 @@ void ReadStatistics(CommandDesk& desk, int) { desk.seat.player.ShowStatistics(de
 void EditAnyTable(CommandDesk& desk, int) { EditPayTable(desk.seat, desk.paths); }
 void EditTable(CommandDesk& desk, int) { EditCurrentPayTable(desk.seat, desk.paths); }
 void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.seat, desk.spare, desk.paths); }
+void ReadAllGames(CommandDesk& desk, int) {
+    if (desk.showAllGames) desk.showAllGames();
+}
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
 void ReadErrorLog(CommandDesk& desk, int) {
     if (TellIfErrorLogIsEmpty(desk.seat)) return;
-    ErrorLogDialog(desk.seat.engine, desk.seat.files, desk.pictures, &desk.window).exec();
+    const ErrorActions actions{
+        .analyze = [&desk](int index, QWidget& over) { ShowLoggedHandAnalysis(desk, index, over); },
+        .deal = {},
+        .forget = [&desk](int index) { ForgetError(desk.seat, index); },
+        .mayForget = [&desk] { return IsEnabled(kClearErrorLog, desk.seat.engine); }};
+    ErrorLogDialog dialog(desk.seat.engine, desk.seat.files, desk.pictures, &desk.window, actions,
+                          &desk.aside);
+    dialog.exec();
+    if (const auto index = dialog.ToDeal()) DealLoggedHand(desk.seat, *index);
 }
 void CountCombinations(CommandDesk& desk, int) { CombinationsDialog(&desk.window).exec(); }
 void OpenHelp(CommandDesk& desk, int) {
@@ -197,6 +210,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kPlayStatistics,    "Game Play",              'S', "",       kNever,          ReadStatistics},
     Row{kAnalyzeHand,       "Hand",                   'H', "",       kNever,          ReadHand},
     Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
+    Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
 
     PopupRow{"helpMenu", "&Help"},
     Row{kHelpIndex,         "Help Index",     Qt::Key_F1,  "F1",     kNever,          OpenHelp},
@@ -271,5 +285,15 @@ void RunCommand(int id, CommandDesk& desk) {
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
     LoadSpare(desk.seat, desk.spare);
     LendHand(desk.seat.engine, desk.spare);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
+}
+
+void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over) {
+    const ErrorLogEntry entry = LoggedError(desk.seat.engine, desk.seat.files, index);
+    LoadSpare(desk.seat, desk.spare);
+    LendHand(desk.seat.engine, desk.spare);
+    desk.spare.statistics.setCards = entry.hand;
+    desk.spare.statistics.setDraws = entry.draws;
+    if (!TakeFixedHand(desk.spare)) return;
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
 }

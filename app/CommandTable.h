@@ -1,11 +1,13 @@
 // The one table of the commands: what each is called, by which keys and when it may be given, when
 // it has a check mark, and what it does. Its rows stand as the menus show them.
 #pragma once
+#include <functional>
 #include <span>
 #include <variant>
 
 #include "ui/machine/Commands.h"
 
+class AsideWindows;
 class DesktopSettings;
 class HelpWindow;
 class PictureStore;
@@ -21,7 +23,9 @@ struct CommandDesk {
     const DataFilePaths& paths;
     PictureStore& pictures;
     DesktopSettings& desktop;
-    QWidget& window;             // the program's; dialogs are over it
+    AsideWindows& aside;  // reports that stay open while the machine is played
+    QWidget& window;      // the program's; dialogs are over it
+    std::function<void()> showAllGames = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
 
@@ -93,3 +97,6 @@ void RunCommand(int id, CommandDesk& desk);
 
 // Shows the report on the dealt hand over a window.
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
+
+// The same of an entry of the error log, 0 the oldest.
+void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over);

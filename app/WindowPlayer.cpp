@@ -1,9 +1,13 @@
 #include "app/WindowPlayer.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QShowEvent>
+#include <QUrl>
 #include <algorithm>
 
 #include "game/seat/Clock.h"
@@ -60,6 +64,26 @@ class FlowBox : public QMessageBox {
     }
 };
 
+// What was written and what was not, each with its folder told once.
+QString TextOf(const std::vector<WrittenFile>& files) {
+    QString written;
+    QString failed;
+    for (const auto& [path, problem] : files) {
+        const QFileInfo file(QString::fromStdString(path));
+        if (problem.empty()) {
+            written += "\n" + file.fileName();
+        } else {
+            failed += QString("\n%1: %2.").arg(file.fileName(), QString::fromStdString(problem));
+        }
+    }
+    const QString folder =
+        QFileInfo(QString::fromStdString(files.front().path)).absolutePath() + "/";
+    QStringList parts;
+    if (!written.isEmpty()) parts += QObject::tr("Written in %1:").arg(folder) + written;
+    if (!failed.isEmpty()) parts += QObject::tr("Not written in %1:").arg(folder) + failed;
+    return parts.join("\n\n");
+}
+
 bool IsAccepted(QDialog& dialog) { return dialog.exec() == QDialog::Accepted; }
 
 }  // namespace
@@ -72,7 +96,10 @@ void WindowPlayer::RefuseAll() {
     const auto dialogs = window.findChildren<QDialog*>();
     // Those that stand over others last in the list, first to go.
     std::for_each(dialogs.rbegin(), dialogs.rend(), [](QDialog* dialog) {
-        if (dialog->isVisible()) dialog->reject();
+        if (!dialog->isVisible()) return;
+        // It would ask what to do with changes.
+        const bool asks = qobject_cast<PayTableManagerDialog*>(dialog) != nullptr;
+        asks ? dialog->done(QDialog::Rejected) : dialog->reject();
     });
 }
 
@@ -148,7 +175,7 @@ bool WindowPlayer::ShowPayTableManager(PayTableEditor& editor) {
 
 ReportAnswer WindowPlayer::ShowGameReport(GameReportPages& pages) {
     if (refusing) return ReportAnswer::kDone;
-    GameAnalysisDialog dialog(pages, &window);
+    GameAnalysisDialog dialog(pages, aside, &window);
     dialog.exec();
     return dialog.Answer();
 }
@@ -158,6 +185,23 @@ std::optional<AnalysisFilesChoice> WindowPlayer::AskAnalysisFiles(const Analysis
     CreateAnalysisFilesDialog dialog(files, &window);
     if (!IsAccepted(dialog)) return std::nullopt;
     return dialog.Choice();
+}
+
+void WindowPlayer::TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) {
+    if (refusing) return;
+    const bool failed =
+        std::ranges::any_of(files, [](const WrittenFile& file) { return !file.problem.empty(); });
+    FlowBox box(failed ? QMessageBox::Warning : QMessageBox::NoIcon, caption,
+                TextOf(files).toStdString(), QMessageBox::Ok, window);
+    box.setObjectName("writtenFiles");
+    auto* open = box.addButton(QObject::tr("Open &Folder"), QMessageBox::ActionRole);
+    open->setObjectName("openFolder");
+    box.setDefaultButton(QMessageBox::Ok);
+    box.setEscapeButton(QMessageBox::Ok);
+    box.exec();
+    if (box.clickedButton() != open) return;
+    const QFileInfo file(QString::fromStdString(files.front().path));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(file.absolutePath()));
 }
 
 std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
@@ -170,6 +214,5 @@ std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
 
 void WindowPlayer::ShowStatistics(const GameEngine& engine) {
     if (refusing) return;
-    StatisticsDialog dialog(engine, clock.Now(), &window);
-    dialog.exec();
+    StatisticsDialog(engine, clock.Now(), &window, machine, aside).exec();
 }

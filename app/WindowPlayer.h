@@ -4,6 +4,7 @@
 
 #include "game/seat/Player.h"
 
+class AsideWindows;
 class Clock;
 class PictureStore;
 class QWidget;
@@ -12,6 +13,12 @@ class WindowPlayer : public Player {
   public:
     // All three outlive the player.
     WindowPlayer(QWidget& window, PictureStore& store, Clock& clock);
+
+    // Where reports are put aside; without it none is.
+    AsideWindows* aside = nullptr;
+
+    // The engine of the machine, of which statistics that are put aside take new ones.
+    const GameEngine* machine = nullptr;
 
     // Shows the analysis of the hand over a dialog; without it a play error offers none.
     std::function<void(QWidget& over)> showAnalysis;
@@ -40,6 +47,7 @@ class WindowPlayer : public Player {
     bool ShowPayTableManager(PayTableEditor& editor) override;
     ReportAnswer ShowGameReport(GameReportPages& pages) override;
     std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override;
+    void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) override;
     std::unique_ptr<Progress> ShowProgress(const std::string& text) override;
     void ShowStatistics(const GameEngine& engine) override;
 

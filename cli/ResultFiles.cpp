@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdlib>
 #include <filesystem>
 
 #include "cli/TableChoice.h"
 #include "cli/Texts.h"
+#include "core/cards/Deck.h"
 #include "core/profile/OutputFile.h"
-#include "core/store/AnalysisFiles.h"
+#include "core/store/AnalysisCache.h"
 #include "core/store/DataFiles.h"
 #include "core/text/Numbers.h"
 
@@ -15,6 +18,8 @@ namespace fs = std::filesystem;
 
 namespace cli {
 namespace {
+
+using enum AnalysisStanding;
 
 constexpr const char* kGameFileEnding = ".qdx";
 constexpr const char* kCacheName = "Game Analyses.ini";
@@ -73,6 +78,17 @@ std::optional<std::string> FileOf(const std::optional<std::string>& path, std::s
     if (!path || !IsFolder(*path)) return path;
     std::ranges::replace(name, '/', '_');
     return (fs::path(*path) / name).string();
+}
+
+// Now, or what a build that is to give the same bytes again asks for:
+// https://reproducible-builds.org/specs/source-date-epoch
+std::int64_t TimeOfAnalysis() {
+    const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
+    std::int64_t seconds = 0;
+    const std::string_view text = fixed ? fixed : "";
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    return whole ? seconds : SystemSeconds();
 }
 
 }  // namespace
@@ -144,7 +160,11 @@ void ResultFiles::Write(const GameReport& report, std::vector<std::string>& prob
     if (!options.cache) return;
     const std::string path = CachePath();
     const std::string section = TableSection(chosen.place.gameName, chosen.place.tableIndex);
-    WriteToCache(entries, section, {cache, path});
+    const AnalysisStamp stamp =
+        StampOf(report.totals, chosen.payTable, report.coin, TimeOfAnalysis());
+    const bool whole = StandingOf({cache, path}, section, chosen.payTable) == kWhole;
+    if (stamp.stoppedAt && whole) return;  // a part must not take the place of all
+    WriteToCache(entries, stamp, section, {cache, path});
     // What it cannot take, as when there is no such file, it drops without a word.
     const auto& [key, label, value] = entries.front();
     const auto kept = cache.GetString(section, key, "", ProfileFile::kWholeValue, path);

@@ -63,8 +63,9 @@ CardCode ReadCard(std::string_view word, const CardTable& table, int jokersBefor
         if (joker == kNoCard) problem = MissingJoker(table);
         return joker;
     }
-    const int rank = word.size() == 2 ? RankFromChar(word[0]) : -1;
-    const int suit = word.size() == 2 ? SuitFromChar(word[1]) : kNoSuit;
+    const bool ten = word.size() == 3 && word.starts_with("10");
+    const int rank = ten ? 10 : word.size() == 2 ? RankFromChar(word[0]) : -1;
+    const int suit = ten || word.size() == 2 ? SuitFromChar(word.back()) : kNoSuit;
     if (rank == 0 && suit != kNoSuit) {
         problem = Quoted(word) + ": a joker is written W, without a suit";
         return kNoCard;

@@ -1,5 +1,6 @@
-// Cards as people write them: a rank character (A 2..9 T J Q K) and a suit character (S H C D, $
-// the suit of the fifth ace), a joker as W alone; either letter case, blanks between the cards.
+// Cards as people write them: a rank character (A 2..9 T J Q K, or 10) and a suit character (S H C
+// D, $ the suit of the fifth ace), a joker as W alone; either letter case, blanks between the
+// cards.
 #pragma once
 #include <string>
 #include <string_view>

@@ -1,11 +1,11 @@
 #include "core/paytable/PayTableStore.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/profile/ProfileFile.h"
 #include "core/text/Numbers.h"
-#include "core/text/Ranks.h"
 
 namespace {
 
@@ -13,17 +13,6 @@ constexpr std::string_view kUserGames = "User Games";
 constexpr std::string_view kUnfinished = "Unfinished";
 constexpr std::size_t kTextSize = 81;  // texts of a pay table have at most 80 bytes
 constexpr std::size_t kStoredIdLength = 4;
-constexpr int kHighAce = 14;  // as which a lowest pair of aces is stored
-
-struct LineKeys {
-    std::string rank, description, payout, maxPayout, bonusQuads, kickers, wildsOK;
-};
-
-LineKeys KeysOf(int line) {
-    const std::string i = std::to_string(line);
-    return {"Rank" + i,       "Descr" + i,   "Payout" + i, "MaxPayout" + i,
-            "BonusQuads" + i, "Trailer" + i, "WildsOK" + i};
-}
 
 // One section of the main profile file.
 class TableSectionAccess {
@@ -31,14 +20,16 @@ class TableSectionAccess {
     TableSectionAccess(const ProfileOnDisk& main, const std::string& gameName, int tableIndex)
         : file(main.file), path(main.path), section(TableSection(gameName, tableIndex)) {}
 
-    std::string Text(const std::string& key, std::string_view otherwise = "") const {
-        return file.GetString(section, key, otherwise, kTextSize, path);
+    // Nothing when the key is missing.
+    std::optional<std::string> Value(const std::string& key) const {
+        constexpr std::string_view kNone = "\n";  // no value holds a line break
+        std::string value = file.GetString(section, key, kNone, kTextSize, path);
+        if (value == kNone) return std::nullopt;
+        return value;
     }
     int Int(const std::string& key, int otherwise) const {
         return file.GetInt(section, key, otherwise, path);
     }
-    bool Flag(const std::string& key) const { return Int(key, 0) != 0; }
-    std::string Ranks(const std::string& key) const { return FormatRankList(Text(key)); }
 
     void Write(const std::string& key, std::string_view value) const {
         file.WriteString(section, key, value, path);
@@ -46,15 +37,9 @@ class TableSectionAccess {
     void Write(const std::string& key, int value) const {
         file.WriteInt(section, key, value, path);
     }
-    void WriteRanks(const std::string& key, const std::string& typed) const {
-        Write(key, ParseRankList(typed).value_or(""));
-    }
     // Removes a key; false when there was none.
     bool Remove(const std::string& key) const {
-        constexpr std::string_view kNone = "\n";  // no value holds a line break
-        if (file.GetString(section, key, kNone, ProfileFile::kWholeValue, path) == kNone) {
-            return false;
-        }
+        if (!Value(key)) return false;
         file.WriteString(section, key, std::nullopt, path);
         return true;
     }
@@ -65,57 +50,10 @@ class TableSectionAccess {
     std::string section;
 };
 
-PayLineTexts ReadLine(const TableSectionAccess& table, int index) {
-    const LineKeys keys = KeysOf(index);
-    PayLineTexts line;
-    line.rank = HandRankFromNumber(table.Int(keys.rank, -1));
-    line.description = table.Text(keys.description);
-    line.payout = table.Text(keys.payout);
-    line.maxPayout = table.Text(keys.maxPayout);
-    line.bonusQuads = table.Ranks(keys.bonusQuads);
-    line.kickers = table.Ranks(keys.kickers);
-    line.wildsOK = table.Flag(keys.wildsOK);
-    return line;
-}
-
-void WriteLine(const TableSectionAccess& table, int index, const PayLineTexts& line) {
-    const LineKeys keys = KeysOf(index);
-    table.Write(keys.rank, static_cast<int>(line.rank));
-    table.Write(keys.description, line.description);
-    table.Write(keys.payout, line.payout);
-    table.Write(keys.maxPayout, line.maxPayout);
-    table.WriteRanks(keys.bonusQuads, line.bonusQuads);
-    table.WriteRanks(keys.kickers, line.kickers);
-    table.Write(keys.wildsOK, line.wildsOK ? 1 : 0);
-}
-
 bool RemoveLine(const TableSectionAccess& table, int index) {
-    const LineKeys keys = KeysOf(index);
     bool found = false;
-    for (const auto& key : {keys.rank, keys.description, keys.payout, keys.maxPayout,
-                            keys.bonusQuads, keys.kickers, keys.wildsOK}) {
-        found = table.Remove(key) || found;
-    }
+    for (const auto& key : KeysOfLine(index).All()) found = table.Remove(key) || found;
     return found;
-}
-
-std::string StoredMinPair(const std::string& typed) {
-    if (typed.empty()) return "";
-    const int rank = ParseInt(ParseRankList(typed).value_or(""));
-    return std::to_string(rank == 1 ? kHighAce : rank);
-}
-
-void WriteSettings(const TableSectionAccess& section, const PayTableTexts& table) {
-    section.Write("Type", static_cast<int>(table.type));
-    section.Write("UsesWilds", table.usesWilds ? 1 : 0);
-    section.Write("Jokers", table.jokers);
-    section.WriteRanks("WildCard", table.wildRanks);
-    section.Write("MinPair", StoredMinPair(table.minPair));
-    section.Write("MaxBet", table.maxBet);
-    section.Write("CharlieBonus", table.charlieBonus ? 1 : 0);
-    section.Write("RBBonus", table.redBlackBonus ? 1 : 0);
-    section.Write("SpinBonus", table.spinBonus ? 1 : 0);
-    section.Write("TgtBonus", table.targetBonus ? 1 : 0);
 }
 
 void WriteSlot(const PayTableFiles& files, int gameId, const std::string& name) {
@@ -131,11 +69,8 @@ void Write(const PayTableFiles& files, const TableOfGame& place, const PayTableT
     const TableSectionAccess section(files.main, place.gameName, place.tableIndex);
     if (links.next) section.Write("NextIndex", *links.next);
     if (links.previous) section.Write("PrevIndex", *links.previous);
-    WriteSettings(section, table);
-    const int count = LineCount(table);
-    for (int i = 0; i < count; ++i) WriteLine(section, i, table.lines[static_cast<std::size_t>(i)]);
-    section.Write("PayLines", count);
-    for (int i = count; RemoveLine(section, i) || i < kMaxPayLines; ++i) {
+    for (const auto& [key, value] : KeysOfTable(table)) section.Write(key, value);
+    for (int i = LineCount(table); RemoveLine(section, i) || i < kMaxPayLines; ++i) {
     }
 }
 
@@ -155,11 +90,6 @@ void Note(const PayTableFiles& files, const TableEdit& edit) {
 }
 
 }  // namespace
-
-int LineCount(const PayTableTexts& table) {
-    const auto end = std::ranges::find(table.lines, HandRank::kUnknown, &PayLineTexts::rank);
-    return static_cast<int>(end - table.lines.begin());
-}
 
 bool IsUserGame(int gameId) {
     return gameId >= kFirstUserGameId && gameId < kFirstUserGameId + kMaxUserGames;
@@ -181,6 +111,12 @@ std::string GameNameProblem(std::string_view name) {
     if (hasLineBreak || name.starts_with('[') || name.find_first_of("]=") != std::string::npos) {
         return "Game name can not contain ] or = or line breaks, and can not begin with [";
     }
+    // Where a game file keeps the dates of the errors of a game, which would mix with the
+    // statistics.
+    constexpr std::string_view kTaken = "Error Dates ";
+    if (SameText(name.substr(0, kTaken.size()), kTaken)) {
+        return "Game name can not begin with Error Dates";
+    }
     if (name.front() == ' ' || name.back() == ' ') {
         return "Game name can not begin or end with a blank";
     }
@@ -190,23 +126,7 @@ std::string GameNameProblem(std::string_view name) {
 PayTableTexts ReadPayTableTexts(const ProfileOnDisk& main, const std::string& gameName,
                                 int tableIndex) {
     const TableSectionAccess section(main, gameName, tableIndex);
-    PayTableTexts table;
-    const int type = section.Int("Type", 1);
-    if (type >= 1 && type <= 6) table.type = static_cast<GameType>(type);
-    const bool wildJacks = table.type == GameType::kOneEyedJacks;
-    for (PayLineTexts& line : table.lines) line.wildsOK = wildJacks;
-    table.usesWilds = section.Flag("UsesWilds");
-    table.jokers = section.Text("Jokers");
-    table.wildRanks = section.Ranks("WildCard");
-    table.minPair = section.Ranks("MinPair");
-    table.maxBet = section.Text("MaxBet", "5");
-    table.charlieBonus = section.Flag("CharlieBonus");
-    table.redBlackBonus = section.Flag("RBBonus");
-    table.spinBonus = section.Flag("SpinBonus");
-    table.targetBonus = section.Flag("TgtBonus");
-    const int count = std::clamp(section.Int("PayLines", 0), 0, kMaxPayLines);
-    for (int i = 0; i < count; ++i) table.lines[static_cast<std::size_t>(i)] = ReadLine(section, i);
-    return table;
+    return TextsOfKeys([&](const std::string& key) { return section.Value(key); });
 }
 
 int NextTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex) {
@@ -227,18 +147,45 @@ bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const P
 
 std::optional<int> AppendTable(const PayTableFiles& files, const TableOfGame& game,
                                const PayTableTexts& table) {
+    return AppendTables(files, game, {&table, 1});
+}
+
+std::optional<int> AppendTables(const PayTableFiles& files, const TableOfGame& game,
+                                std::span<const PayTableTexts> tables) {
     const auto chain = TableChain(files.main, game.gameName);
-    const int last = chain.empty() ? -1 : chain.back();
-    int index = last + 1;
-    // A file edited by hand may have a table there that the chain does not lead to.
-    while (!chain.empty() && TableExists(files.main, game.gameName, index)) ++index;
-    if (index > kLastTableIndex) return std::nullopt;
+    int last = chain.empty() ? -1 : chain.back();
+    std::vector<int> indices;
+    for (int index = last + 1; indices.size() < tables.size(); ++index) {
+        if (index > kLastTableIndex) return std::nullopt;
+        // A file edited by hand may have a table there that the chain does not lead to.
+        if (chain.empty() || !TableExists(files.main, game.gameName, index)) {
+            indices.push_back(index);
+        }
+    }
     const bool written = files.main.file.Change(files.main.path, [&] {
-        if (last >= 0)
-            TableSectionAccess(files.main, game.gameName, last).Write("NextIndex", index);
-        Write(files, {game.gameId, game.gameName, index}, table, {-1, last});
+        for (std::size_t i = 0; i < tables.size(); ++i) {
+            if (last >= 0) {
+                TableSectionAccess(files.main, game.gameName, last).Write("NextIndex", indices[i]);
+            }
+            Write(files, {game.gameId, game.gameName, indices[i]}, tables[i], {-1, last});
+            last = indices[i];
+        }
     });
-    return written ? std::optional(index) : std::nullopt;
+    return written ? std::optional(indices.front()) : std::nullopt;
+}
+
+bool WriteTableSection(const PayTableFiles& files, const TableOfGame& place,
+                       std::string_view text) {
+    const TableSectionAccess section(files.main, place.gameName, place.tableIndex);
+    return files.main.file.Change(files.main.path, [&] {
+        const auto next = section.Value("NextIndex");
+        const auto previous = section.Value("PrevIndex");
+        files.main.file.SetSectionText(TableSection(place.gameName, place.tableIndex), text,
+                                       files.main.path);
+        if (next) section.Write("NextIndex", *next);
+        if (previous) section.Write("PrevIndex", *previous);
+        Note(files, {TableEdit::Kind::kTableWritten, place.gameName, place.tableIndex});
+    });
 }
 
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex) {

@@ -5,49 +5,16 @@
 // it was. Analyses of tables that are gone go with them; that of a table whose pays have changed is
 // left to the caller, as is the end of a note (TableEdit).
 #pragma once
-#include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
-#include "core/paytable/PayTable.h"
+#include "core/paytable/PayTableTexts.h"
 #include "core/profile/ProfileFile.h"
 
 inline constexpr int kLastTableIndex = 254;
 inline constexpr std::size_t kLongestGameName = 80;  // bytes
-
-// A pay table as it stands in the boxes of an editor. Numbers are stored as typed; rank lists are
-// typed with letters ("2,K,A").
-struct PayLineTexts {
-    HandRank rank = HandRank::kUnknown;  // kUnknown: none, which ends the table
-    std::string description;             // at most 80 bytes, the short one after a ';'
-    std::string payout;
-    std::string maxPayout;
-    std::string bonusQuads;
-    std::string kickers;
-    bool wildsOK = false;
-
-    bool operator==(const PayLineTexts&) const = default;
-};
-
-struct PayTableTexts {
-    GameType type = GameType::kStandard;
-    bool usesWilds = false;
-    std::string jokers;
-    std::string wildRanks;
-    std::string minPair;  // one rank
-    std::string maxBet = "5";
-    bool charlieBonus = false;
-    bool redBlackBonus = false;
-    bool spinBonus = false;
-    bool targetBonus = false;
-    std::array<PayLineTexts, kMaxPayLines> lines;
-
-    bool operator==(const PayTableTexts&) const = default;
-};
-
-// The number of lines before the first one without a rank.
-int LineCount(const PayTableTexts& table);
 
 struct PayTableFiles {
     ProfileOnDisk main;
@@ -95,8 +62,7 @@ std::string UserGameName(const ProfileOnDisk& main, int slot);
 // Why the files could not keep a game under this name, as a sentence; empty when they can.
 std::string GameNameProblem(std::string_view name);
 
-// Everything is empty and the bet 5 where the table does not exist. Lines that are added to a table
-// with wild jacks may be made with them; where other cards are wild, the player decides.
+// Everything is empty and the bet 5 where the table does not exist.
 PayTableTexts ReadPayTableTexts(const ProfileOnDisk& main, const std::string& gameName,
                                 int tableIndex);
 
@@ -104,8 +70,8 @@ PayTableTexts ReadPayTableTexts(const ProfileOnDisk& main, const std::string& ga
 int NextTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex);
 int PreviousTable(const ProfileOnDisk& main, const std::string& gameName, int tableIndex);
 
-// Keys of lines that the table does not have any more are removed. A rank list that cannot be read
-// is stored as an empty one. The name of a user game goes to its slot.
+// Keys of lines that the table does not have any more are removed. The name of a user game goes to
+// its slot.
 bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const PayTableTexts& table,
                    const TableLinks& links);
 
@@ -114,6 +80,14 @@ bool WritePayTable(const PayTableFiles& files, const TableOfGame& place, const P
 // a game is meant whatever its table index.
 std::optional<int> AppendTable(const PayTableFiles& files, const TableOfGame& game,
                                const PayTableTexts& table);
+
+// Adds several tables, which are not none, so and at once. The index of the first one; the others
+// have those behind it that no table had. Nothing when there are not as many left.
+std::optional<int> AppendTables(const PayTableFiles& files, const TableOfGame& game,
+                                std::span<const PayTableTexts> tables);
+
+// Gives the section of a table this text, each line ended by '\n', but leaves its neighbours.
+bool WriteTableSection(const PayTableFiles& files, const TableOfGame& place, std::string_view text);
 
 // Removes a table, of index 1 or more, from the chain and from the files.
 bool UnlinkTable(const PayTableFiles& files, const std::string& gameName, int tableIndex);

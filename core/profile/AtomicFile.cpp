@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
+#include <system_error>
 #include <utility>
 
 #include "core/text/Numbers.h"
@@ -147,12 +148,15 @@ bool WriteAll(int descriptor, std::string_view contents) {
 
 // Not mkstemp: it would give a file that is new for good the mode of a private one.
 FileReplacement::FileReplacement(const std::string& path) {
+    error = ELOOP;
     const auto behind = BehindLinks(path);
     if (!behind || behind->empty()) return;
     target = *behind;
     struct stat old = {};
     const bool exists = stat(target.c_str(), &old) == 0;
+    error = exists && S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
     if (exists && !S_ISREG(old.st_mode)) return;
+    error = EACCES;
     if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return;
 
     const auto folder = FolderOf(target);
@@ -162,7 +166,11 @@ FileReplacement::FileReplacement(const std::string& path) {
     workingName = (folder / name).string();
     descriptor = open(workingName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                       exists ? kPrivateMode : kOrdinaryMode);
-    if (descriptor >= 0 && exists && !CopyOwnerAndMode(descriptor, old)) GiveUp();
+    error = descriptor < 0 ? errno : 0;
+    if (descriptor >= 0 && exists && !CopyOwnerAndMode(descriptor, old)) {
+        Fail();
+        GiveUp();
+    }
 }
 
 FileReplacement::~FileReplacement() { GiveUp(); }
@@ -173,19 +181,26 @@ void FileReplacement::GiveUp() {
     unlink(workingName.c_str());
 }
 
+// Notes why.
+bool FileReplacement::Fail() {
+    error = errno;
+    return false;
+}
+
 bool FileReplacement::Write(std::string_view piece) {
     if (descriptor < 0) return false;
     if (WriteAll(descriptor, piece)) return true;
+    Fail();
     GiveUp();
     return false;
 }
 
 bool FileReplacement::Commit() {
     if (descriptor < 0) return false;
-    const bool written = fsync(descriptor) == 0;
+    const bool written = fsync(descriptor) == 0 || Fail();
     // A network file system may report here only that it could not write.
-    const bool closed = close(std::exchange(descriptor, -1)) == 0;
-    if (!written || !closed || std::rename(workingName.c_str(), target.c_str()) != 0) {
+    const bool closed = close(std::exchange(descriptor, -1)) == 0 || Fail();
+    if (!written || !closed || (std::rename(workingName.c_str(), target.c_str()) != 0 && !Fail())) {
         unlink(workingName.c_str());
         return false;
     }
@@ -193,10 +208,18 @@ bool FileReplacement::Commit() {
     return true;
 }
 
+bool FileReplacement::CommitAs(const std::string& path) {
+    if (descriptor < 0) return false;
+    target = FolderOf(target) / std::filesystem::path(path).filename();
+    return Commit();
+}
+
 bool ReplaceFile(const std::string& path, std::string_view contents) {
     FileReplacement file(path);
     return file.Write(contents) && file.Commit();
 }
+
+std::string SystemErrorText(int error) { return std::generic_category().message(error); }
 
 bool RenameFile(const std::string& from, const std::string& to) {
     if (std::rename(from.c_str(), to.c_str()) != 0) return false;

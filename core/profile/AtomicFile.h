@@ -46,18 +46,28 @@ class FileReplacement {
     // Puts the new contents into place. True when the file has them; otherwise it is as it was. To
     // be called at most once.
     bool Commit();
+    // The same under another name in the folder of the path, whose file stays as it was.
+    bool CommitAs(const std::string& path);
+
+    // The error number of the step that failed; 0 = none has, or the system does not tell.
+    int Error() const { return error; }
 
   private:
     void GiveUp();
+    bool Fail();
 
     std::filesystem::path target;  // behind the links
     std::string workingName;
     int descriptor = -1;  // -1 = could not begin, failed or ended
+    int error = 0;
 };
 
 // Gives the file at path these contents, as FileReplacement does. False when any step fails: the
 // old file is then as it was, and nothing is left beside it.
 bool ReplaceFile(const std::string& path, std::string_view contents);
+
+// What an error number means, in words: "No space left on device".
+std::string SystemErrorText(int error);
 
 // Gives a file another name in its folder, in place of any file that has it. False when nothing
 // changed.

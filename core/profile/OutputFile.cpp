@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 namespace {
@@ -37,6 +38,7 @@ OutputFile::OutputFile(const std::string& path) {
     } else {
         stream = OpenStream(path, status);
         failed = stream < 0;
+        if (failed) error = errno;
     }
 }
 
@@ -47,6 +49,7 @@ OutputFile::~OutputFile() {
 void OutputFile::Write(std::string_view piece) {
     if (failed || closed) return;
     failed = !(replacement ? replacement->Write(piece) : WriteAll(stream, piece));
+    if (failed) error = errno;
 }
 
 bool OutputFile::Close() {
@@ -57,6 +60,18 @@ bool OutputFile::Close() {
         failed = close(std::exchange(stream, -1)) != 0 || failed;
     }
     return !failed;
+}
+
+bool OutputFile::CloseAs(const std::string& path) {
+    if (!replacement || failed || closed) return Close();
+    closed = true;
+    failed = !replacement->CommitAs(path);
+    return !failed;
+}
+
+std::string OutputFile::Problem() const {
+    const int number = replacement ? replacement->Error() : error;
+    return failed && number != 0 ? SystemErrorText(number) : "";
 }
 
 bool WriteOutputFile(const std::string& path, std::string_view contents) {

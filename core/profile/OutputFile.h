@@ -22,11 +22,18 @@ class OutputFile {
 
     // True when all has reached the file; asked again, the answer is the same.
     bool Close();
+    // The same, but a plain file gets another name in the folder of the path, and the one there
+    // stays as it was.
+    bool CloseAs(const std::string& path);
+
+    // Why a step failed, in words of the system; empty when none did, or the system does not tell.
+    std::string Problem() const;
 
   private:
     std::optional<FileReplacement> replacement;
     int stream = -1;  // -1 = the file is replaced, or could not be opened
     bool failed = false;
+    int error = 0;  // of a stream
     bool closed = false;
 };
 

@@ -4,17 +4,12 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <filesystem>
 #include <span>
 #include <string_view>
 
 #include "core/cards/CardText.h"
-#include "core/profile/AtomicFile.h"
-#include "core/profile/ProfileFile.h"
 #include "core/text/Amount.h"
 #include "core/text/Ranks.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -180,24 +175,17 @@ std::string SummaryText(const std::vector<AnalysisEntry>& entries) {
     return text;
 }
 
-void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& section,
-                  const ProfileOnDisk& cache) {
-    // An empty file is what a profile file starts from; it creates none by itself.
-    std::error_code error;
-    fs::create_directories(fs::path(cache.path).parent_path(), error);
-    if (!fs::exists(cache.path, error)) ReplaceFile(cache.path, "");
-    for (const AnalysisEntry& entry : entries) {
-        if (entry.key.empty()) continue;
-        cache.file.WriteString(section, entry.key, entry.value, cache.path);
-    }
-}
-
 std::string SummaryFileName(const std::string& gameName, int tableIndex) {
     return TableSection(gameName, tableIndex) + " Summary.txt";
 }
 
 std::string DetailFileName(const std::string& gameName, int tableIndex) {
     return TableSection(gameName, tableIndex) + " Detail.txt";
+}
+
+std::string PartialFileName(const std::string& name) {
+    const auto ending = std::min(name.rfind('.'), name.size());
+    return name.substr(0, ending) + " partial" + name.substr(ending);
 }
 
 DetailFile::DetailFile(const std::string& path, const PayTable& table)
@@ -217,6 +205,11 @@ void DetailFile::Write(const PlayedHand& hand) {
 bool DetailFile::Close() {
     Flush();
     return file.Close();
+}
+
+bool DetailFile::CloseAs(const std::string& path) {
+    Flush();
+    return file.CloseAs(path);
 }
 
 void DetailFile::Flush() {

@@ -1,6 +1,6 @@
-// What a whole-game analysis leaves behind: the entries of the analysis cache, the Summary text
-// with the same figures, and the Detail text with a line for every starting hand analysed.
-// docs/analysis-files.md has the formats.
+// What a whole-game analysis leaves behind: the entries of the analysis cache (AnalysisCache.h),
+// the Summary text with the same figures, and the Detail text with a line for every starting hand
+// analysed. docs/analysis-files.md has the formats.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -8,8 +8,6 @@
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/profile/OutputFile.h"
-
-struct ProfileOnDisk;
 
 // One line of the Summary: the label, and the value that the cache stores under the key. The row of
 // column headings has neither key nor label; a label that ends in ';' leaves the payout column
@@ -27,15 +25,12 @@ std::vector<AnalysisEntry> AnalysisEntries(const GameTotals& totals, const PayTa
 // The Summary: "label;value" lines.
 std::string SummaryText(const std::vector<AnalysisEntry>& entries);
 
-// Replaces the keys of a table's section ("%s(%i)") in the cache, which is begun with its folder
-// where there is none; the caller flushes. Like all changes to a profile file, dropped when the
-// file cannot be read.
-void WriteToCache(const std::vector<AnalysisEntry>& entries, const std::string& section,
-                  const ProfileOnDisk& cache);
-
 // "%s(%i) Summary.txt" and "%s(%i) Detail.txt".
 std::string SummaryFileName(const std::string& gameName, int tableIndex);
 std::string DetailFileName(const std::string& gameName, int tableIndex);
+
+// The name that marks such a file as that of a run that was cancelled: "... Summary partial.txt".
+std::string PartialFileName(const std::string& name);
 
 // Writes a Detail file while a game is analysed, through a buffer of its own. It takes an older
 // one's place when it is closed. A file that cannot be created or written is told by Close; until
@@ -52,6 +47,11 @@ class DetailFile {
 
     // True when all has reached the file; again asked, the answer is the same.
     bool Close();
+    // The same, into another file of the folder: the one named first stays as it was.
+    bool CloseAs(const std::string& path);
+
+    // Why not; empty when nothing failed.
+    std::string Problem() const { return file.Problem(); }
 
   private:
     void Flush();

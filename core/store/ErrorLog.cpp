@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/profile/ProfileFile.h"
+#include "core/text/IsoTime.h"
 #include "core/text/Numbers.h"
 
 namespace {
@@ -44,7 +45,26 @@ void WriteCounts(const ProfileOnDisk& game, const std::string& section, const Er
     game.file.WriteDouble(section, "ErrCost", counts.errorCosts, format, game.path);
 }
 
+// Moves the entries first + 1 to last, with their dates, down by one; the last one stays as well.
+void MoveDown(const ProfileOnDisk& game, const std::string& section, int first, int last) {
+    const auto& [file, path] = game;
+    const std::string dates = ErrorDatesSection(section);
+    for (int i = first; i < last; ++i) {
+        file.WriteString(
+            section, ErrorKey(i),
+            file.GetString(section, ErrorKey(i + 1), "", ProfileFile::kWholeValue, path), path);
+        const std::string date =
+            file.GetString(dates, ErrorKey(i + 1), "", ProfileFile::kWholeValue, path);
+        file.WriteString(dates, ErrorKey(i), date.empty() ? std::nullopt : std::optional(date),
+                         path);
+    }
+}
+
 }  // namespace
+
+std::string ErrorDatesSection(const std::string& section) {
+    return std::string(kErrorDates) + section;
+}
 
 std::string FormatEntry(const ErrorLogEntry& entry) {
     std::string text;
@@ -71,20 +91,21 @@ std::string ReadErrorText(const ProfileOnDisk& game, const std::string& section,
     return game.file.GetString(section, ErrorKey(index), "", kEntryBuffer, game.path);
 }
 
+std::int64_t ReadErrorDate(const ProfileOnDisk& game, const std::string& section, int index) {
+    return ParseIsoTime(game.file.GetString(ErrorDatesSection(section), ErrorKey(index), "",
+                                            kEntryBuffer, game.path))
+        .value_or(0);
+}
+
 void AppendError(const ProfileOnDisk& game, const std::string& section, const ErrorLogEntry& entry,
                  std::int32_t& nextError) {
     nextError = std::clamp(nextError, 0, kErrorLogSize);
-    if (nextError == kErrorLogSize) {
-        for (int i = 0; i + 1 < kErrorLogSize; ++i) {
-            game.file.WriteString(section, ErrorKey(i),
-                                  game.file.GetString(section, ErrorKey(i + 1), "",
-                                                      ProfileFile::kWholeValue, game.path),
-                                  game.path);
-        }
-        --nextError;
-    }
-    game.file.WriteString(section, ErrorKey(nextError), FormatEntry(entry), game.path);
-    ++nextError;
+    if (nextError == kErrorLogSize) MoveDown(game, section, 0, --nextError);
+    const std::string key = ErrorKey(nextError++);
+    game.file.WriteString(section, key, FormatEntry(entry), game.path);
+    std::optional<std::string> date;
+    if (entry.date != 0) date = IsoTime(entry.date);
+    game.file.WriteString(ErrorDatesSection(section), key, date, game.path);
 }
 
 bool SaveErrorCounts(const ProfileOnDisk& game, const std::string& section,
@@ -98,6 +119,23 @@ bool ClearErrorLog(const ProfileOnDisk& game, const std::string& section) {
     for (int i = 0; i < kErrorLogSize; ++i) {
         game.file.WriteString(section, ErrorKey(i), "", game.path);
     }
+    game.file.DeleteSection(ErrorDatesSection(section), game.path);
     WriteCounts(game, section, ErrorCounts(), "%3.2f");
+    return game.file.Save(game.path);
+}
+
+bool DeleteError(const ProfileOnDisk& game, const std::string& section, int index,
+                 std::int32_t& nextError) {
+    const auto isEntry = [&](int i) {
+        return i >= 0 && i < kErrorLogSize && !ReadErrorText(game, section, i).empty();
+    };
+    if (!isEntry(index)) return true;
+    int last = index;
+    while (isEntry(last + 1)) ++last;
+    MoveDown(game, section, index, last);
+    game.file.WriteString(section, ErrorKey(last), "", game.path);
+    game.file.WriteString(ErrorDatesSection(section), ErrorKey(last), std::nullopt, game.path);
+    if (index < nextError) --nextError;
+    game.file.WriteInt(section, "NextError", nextError, game.path);
     return game.file.Save(game.path);
 }

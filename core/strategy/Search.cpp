@@ -11,6 +11,7 @@
 namespace {
 
 constexpr double kNoGain = 1e-8;         // percent: smaller changes are rounding
+constexpr double kCoarse = 0.005;        // percent: a chart that loses less has to be fine
 constexpr std::size_t kMostPasses = 60;  // over the hands of rows that a guess speaks for
 constexpr std::size_t kMostSweeps = 6;
 constexpr std::size_t kDropsTried = 12;    // rows that are missed least
@@ -88,7 +89,8 @@ class Searcher {
     // What rows of the first list may lose; several, since a coarser beginning is not always the
     // worse one.
     std::vector<double> Tolerances() const {
-        if (wish.mostLoss > 0) return {3 * wish.mostLoss, 0.3 * wish.mostLoss};
+        if (wish.mostLoss >= kCoarse) return {3 * wish.mostLoss, 0.3 * wish.mostLoss};
+        if (wish.mostLoss > 0) return {3 * wish.mostLoss, 0.3 * wish.mostLoss, 0};
         if (wish.mostLoss == 0) return {0};
         return {0.03, 0.003, 0};
     }

@@ -130,6 +130,13 @@ void ForgetErrors(Seat& seat) {
     ReportSave(seat, ClearErrorLog(seat.files.Game(), StatsSection(engine)));
 }
 
+void ForgetError(Seat& seat, int index) {
+    GameEngine& engine = seat.engine;
+    if (engine.replayIndex > index) --engine.replayIndex;
+    ReportSave(seat, DeleteError(seat.files.Game(), StatsSection(engine), index,
+                                 engine.statistics.nextError));
+}
+
 bool TellIfErrorLogIsEmpty(Seat& seat) {
     if (seat.engine.statistics.playErrors.total != 0) return false;
     seat.player.Tell("Empty Error Log", "No errors in log", MessageIcon::kNone);

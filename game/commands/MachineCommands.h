@@ -36,5 +36,9 @@ void ResetAllStatistics(Seat& seat);
 void ResetStatisticsOnly(Seat& seat);
 void ForgetErrors(Seat& seat);
 
+// Takes one entry, 0 the oldest, out of the error log; those behind it move down. The counts of the
+// errors and what they cost stay.
+void ForgetError(Seat& seat, int index);
+
 // True when no play error of the current game and table is counted, and the player is told so.
 bool TellIfErrorLogIsEmpty(Seat& seat);

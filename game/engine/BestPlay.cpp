@@ -29,7 +29,8 @@ bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfter
     if (own == best) return true;
 
     const ErrorLogEntry entry{
-        engine.dealtCopy, engine.drawCards, engine.analysis.best, held, best, own};
+        engine.dealtCopy,   engine.drawCards, engine.analysis.best, held, best, own,
+        engine.deck.clock()};
     if (counts) LogError(engine, files, entry);
     return goesOn(BestPlayErrorText(engine, entry));
 }

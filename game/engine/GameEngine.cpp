@@ -26,7 +26,7 @@ void NoteCredits(GameEngine& engine) {
     const std::int32_t hands = engine.statistics.handsPlayed.session;
     if (hands == 0) return;
     engine.creditHistory.Record(hands, NetCredits(engine.statistics, &Counter::session),
-                                engine.settings.coin);
+                                engine.settings.coin, engine.settings.bet);
 }
 
 std::string StatsSection(const GameEngine& engine) {

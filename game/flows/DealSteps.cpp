@@ -21,7 +21,7 @@ void EnterCredits(Seat& seat) {
 void TellOfMissingPayTable(Player& player) {
     player.Tell("Missing pay table",
                 "Pay table does not exist for this game. Select Options->Edit Pay Table to "
-                "create pay table.",
+                "create pay table. For a user game choose its entry under Games->User Games.",
                 MessageIcon::kError);
 }
 

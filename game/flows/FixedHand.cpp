@@ -1,5 +1,6 @@
 #include "game/flows/FixedHand.h"
 
+#include "core/store/ErrorLog.h"
 #include "game/engine/Dealing.h"
 #include "game/flows/BonusFeatures.h"
 #include "game/flows/DealSteps.h"
@@ -52,6 +53,17 @@ void AssignFixedHand(Seat& seat) {
     if (!seat.player.AskFixedHand(seat.engine)) return;
     SettleFeatures(seat);
     seat.engine.fixedHand = true;
+    FixedDealDraw(seat);
+}
+
+void DealLoggedHand(Seat& seat, int index) {
+    GameEngine& engine = seat.engine;
+    const ErrorLogEntry entry = ParseEntry(LoggedText(engine, seat.files, index));
+    SettleFeatures(seat);
+    engine.statistics.setCards = entry.hand;
+    engine.statistics.setDraws = entry.draws;
+    engine.replayIndex = index;
+    engine.fixedHand = true;
     FixedDealDraw(seat);
 }
 

@@ -6,6 +6,10 @@
 // Lets the player choose the fixed hand and deals it.
 void AssignFixedHand(Seat& seat);
 
+// Deals an entry of the error log, 0 the oldest, as the fixed hand; in Error Log mode the replay
+// goes on behind it.
+void DealLoggedHand(Seat& seat, int index);
+
 // DEAL/DRAW in fixed-hand mode.
 void FixedDealDraw(Seat& seat);
 

@@ -38,7 +38,11 @@ void EditPayTable(Seat& seat, const DataFilePaths& paths) {
 }
 
 void EditCurrentPayTable(Seat& seat, const DataFilePaths& paths) {
-    PayTableEditor editor(seat, paths, CurrentTable(seat.engine.settings));
+    EditPayTableAt(seat, paths, CurrentTable(seat.engine.settings));
+}
+
+void EditPayTableAt(Seat& seat, const DataFilePaths& paths, const TableOfGame& table) {
+    PayTableEditor editor(seat, paths, table);
     Edit(seat, editor);
 }
 

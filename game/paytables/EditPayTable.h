@@ -9,6 +9,9 @@ void EditPayTable(Seat& seat, const DataFilePaths& paths);
 // For the game and table that are played.
 void EditCurrentPayTable(Seat& seat, const DataFilePaths& paths);
 
+// For any table.
+void EditPayTableAt(Seat& seat, const DataFilePaths& paths, const TableOfGame& table);
+
 // A game of the player's own, by its id kFirstUserGameId..; one that has no pay table yet is made
 // first. Cancelled, the current game goes on.
 void ChooseUserGame(Seat& seat, int id, const DataFilePaths& paths);

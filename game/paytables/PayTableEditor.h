@@ -8,10 +8,13 @@
 #include <vector>
 
 #include "core/store/DataFiles.h"
+#include "game/paytables/FormHistory.h"
 #include "game/paytables/PayTableForm.h"
+#include "game/paytables/TableImport.h"
 #include "game/seat/Seat.h"
 
 enum class OverwriteChoice { kOverwrite, kAppend, kCancel };
+enum class LeaveChoice { kSave, kDiscard, kCancel };
 
 // What the manager tells and asks; messages have an error icon.
 class PayTableQuestions {
@@ -22,13 +25,20 @@ class PayTableQuestions {
     virtual void Refuse(const std::string& caption, const std::string& text, FieldPlace where) = 0;
     virtual void Tell(const std::string& caption, const std::string& text) = 0;
     virtual OverwriteChoice Overwrites(const std::string& caption, const std::string& question) = 0;
-    virtual bool Confirms(const std::string& caption, const std::string& question) = 0;
+    virtual LeaveChoice Leaves(const std::string& caption, const std::string& question) = 0;
 
-    // Nothing when cancelled.
+    // OK or Cancel, and Yes or No.
+    virtual bool Confirms(const std::string& caption, const std::string& question) = 0;
+    virtual bool Agrees(const std::string& caption, const std::string& question) = 0;
+
+    // Nothing when cancelled. The new name is proposed as it was typed last.
     virtual std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
                                                    const std::string& current) = 0;
-    virtual std::optional<std::string> RenamesGame(const std::string& current) = 0;
+    virtual std::optional<std::string> RenamesGame(const std::string& current,
+                                                   const std::string& typed) = 0;
 };
+
+enum class TableFormat { kText, kCsv };
 
 class PayTableEditor {
   public:
@@ -51,8 +61,18 @@ class PayTableEditor {
     // renamed.
     bool HasOwnTable() const { return HasTable() && IsUserGame(); }
 
+    // Whether the table may be deleted: any of a user game, and those that were added to a built-in
+    // one.
+    bool HasDeletableTable() const { return HasOwnTable() || tableIndex > 0; }
+
+    // Whether the program came with the table.
+    bool HasShippedTable() const;
+
     // Whether the player may use a field. The types without a box cannot be changed.
     bool IsEnabled(FieldPlace place) const;
+
+    // Whether a cell of a spreadsheet may go there, with others of its line.
+    bool TakesCell(FieldPlace place) const;
     bool HasNextTable() const;
     bool HasPreviousTable() const;
 
@@ -60,6 +80,29 @@ class PayTableEditor {
     // what to do where there is none.
     std::optional<FormProblem> Problem() const;
 
+    // Of the table alone, whatever its name.
+    std::optional<FormProblem> TableProblem() const;
+
+    // Whether saving would change what is stored. What stands below the end of the table counts.
+    bool IsChanged() const;
+
+    // What is stored where the shown table is; nothing where it has never been saved.
+    std::optional<PayTable> StoredFigures() const;
+
+    // The window says what the player has done to the fields; what is typed into one of them
+    // without anything else in between is one step.
+    void NoteTyped(FieldPlace place);
+    void NoteChange();
+    bool CanUndo() const { return history.CanUndo(); }
+    bool CanRedo() const { return history.CanRedo(); }
+    void Undo();
+    void Redo();
+
+    // Whether another table or game, or none, may be shown now: asks what to do with changes. False
+    // when they stay: on Cancel, and when they cannot be saved.
+    bool MayLeave(PayTableQuestions& questions);
+
+    // These two do not ask.
     void GoToNextTable();
     void GoToPreviousTable();
     void Clear();
@@ -73,8 +116,23 @@ class PayTableEditor {
     // Saves the table as a new one of the game, whichever it is. A game without tables is saved.
     bool Add(PayTableQuestions& questions);
 
-    // Saves the table in place without a question, the first one of a built-in game too.
+    // Saves the table in place; asks first where that would change the first one of a built-in
+    // game.
     bool MakeActive(PayTableQuestions& questions);
+
+    // Writes the shipped table over the stored one and shows it. It is no step to be undone.
+    bool Restore(PayTableQuestions& questions);
+
+    // The shown table, or all tables of the game with this one as it is shown. Nothing when it is
+    // refused.
+    std::optional<std::string> ExportTable(PayTableQuestions& questions, TableFormat format) const;
+    std::optional<std::string> ExportGame(PayTableQuestions& questions, TableFormat format) const;
+
+    // Takes the tables of a text. A single one is shown as a change of the table that is shown;
+    // several are added to the game, all or none, and the first one is shown. A text that begins
+    // with a section is no CSV. What was done, for the player; nothing when it is refused or
+    // cancelled.
+    std::optional<std::string> Import(PayTableQuestions& questions, const std::string& text);
 
     void Delete(PayTableQuestions& questions);
     void Rename(PayTableQuestions& questions);
@@ -86,6 +144,10 @@ class PayTableEditor {
     PayTableFiles Files() const;
     TableOfGame Shown() const { return {gameId, gameName, tableIndex}; }
     const std::string& StoredName() const;
+    FormState State() const;
+    void Show(const FormState& state);
+    void KeepStored();
+    void BeginTable();
     void UseSavedName();
     void Load(const std::string& fromGame, int fromIndex);
     void GoTo(int index);
@@ -96,6 +158,13 @@ class PayTableEditor {
     bool WriteInPlace(PayTableQuestions& questions);
     PayTable StoredTable() const;
     bool Append(PayTableQuestions& questions);
+    void ForgetAnalysis();
+    NamedTable NamedShown() const { return {gameName, tableIndex, texts}; }
+    std::string MisfitOf(const PayTableTexts& table) const;
+    void ImportOne(const NamedTable& table);
+    void TakeImportedName(const std::string& name);
+    std::optional<std::string> ImportAll(PayTableQuestions& questions,
+                                         const std::vector<NamedTable>& tables);
     void LeaveDeletedTable();
     bool RenameTo(PayTableQuestions& questions, const std::string& newName);
     std::vector<std::string> FinishInGameFiles(TableEdit edit);
@@ -110,5 +179,8 @@ class PayTableEditor {
     std::string savedName;                          // of the new game, when it was last saved
     std::array<bool, kMaxPayLines> payoutLoaded{};  // lines that had a value when it was loaded
     std::array<bool, kMaxPayLines> maxPayoutLoaded{};
+    PayTableTexts kept;    // what is stored, as AsKept has it
+    std::string keptName;  // under which it was loaded or saved
+    FormHistory history;
     std::optional<TableOfGame> madeActive;
 };

@@ -6,6 +6,7 @@
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
 #include "core/store/DataFiles.h"
+#include "core/store/ErrorLog.h"
 #include "core/store/Settings.h"
 #include "core/text/Numbers.h"
 
@@ -58,6 +59,13 @@ void FollowInSettings(const ProfileOnDisk& game, const TableEdit& edit) {
     if (renamed) file.WriteString(kActiveTables, edit.newName, active, path);
 }
 
+// The dates of the error log stand in sections of their own, beside those of the tables.
+TableEdit OfErrorDates(TableEdit edit) {
+    edit.gameName.insert(0, kErrorDates);
+    edit.newName.insert(0, kErrorDates);
+    return edit;
+}
+
 }  // namespace
 
 std::vector<std::string> FollowInGameFiles(ProfileFile& file, const TableEdit& edit,
@@ -68,6 +76,7 @@ std::vector<std::string> FollowInGameFiles(ProfileFile& file, const TableEdit& e
         const bool saved = file.Change(path, [&] {
             FollowInSettings({file, path}, edit);
             FollowInSections({file, path}, edit);
+            FollowInSections({file, path}, OfErrorDates(edit));
         });
         if (!saved) unsaved.push_back(path);
     }

@@ -4,20 +4,15 @@
 #include <string_view>
 
 #include "core/profile/ProfileFile.h"
-#include "core/text/Numbers.h"
+#include "core/store/AnalysisCache.h"
 #include "game/engine/GameEngine.h"
 
 namespace {
 
-constexpr std::string_view kMissing = "not found";
 constexpr std::size_t kValueSize = 255;
 constexpr std::string_view kColumns =
     "\tPayout\tDraw 0\tDraw 1\tDraw 2\tDraw 3\tDraw 4\tDraw 5\tTotal Best Play\tTotal All "
     "Possible\tOdds\t% of Return\tVariance\r\n";
-
-// Cells of a row of the cache.
-constexpr std::size_t kReturnCell = 10;
-constexpr std::size_t kVarianceCell = 11;
 
 // The analysis of one table.
 class Figures {
@@ -78,23 +73,11 @@ std::string PaysText(const GameEngine& engine) {
            "** Click \"Run Analysis\" button to run analysis. **";
 }
 
-// The number in a cell of a row, its commas left out; 0 for one that is missing or below 0.
-double CellNumber(std::string_view row, std::size_t cell) {
-    for (; cell > 0; --cell) {
-        const auto end = row.find(';');
-        if (end == std::string_view::npos) return 0;
-        row.remove_prefix(end + 1);
-    }
-    std::string number(row.substr(0, row.find(';')));
-    std::erase(number, ',');
-    return std::max(ParseDouble(number), 0.0);
-}
-
-LineShare ShareOfRow(const std::string& description, const std::string& row) {
+LineShare ShareOf(const std::string& description, const StoredLine& line) {
     LineShare share;
     share.description = description;
-    share.percentReturn = CellNumber(row, kReturnCell);
-    share.variance = CellNumber(row, kVarianceCell);
+    share.percentReturn = line.percentReturn;
+    share.variance = line.variance;
     return share;
 }
 
@@ -114,7 +97,28 @@ void ComputeShares(std::vector<LineShare>& shares) {
 }  // namespace
 
 bool IsAnalyzed(const GameEngine& engine, const ProfileOnDisk& cache) {
-    return !SameText(Figures(engine, cache).Of("ER", kMissing), kMissing);
+    return HasAnalysis(cache, StatsSection(engine));
+}
+
+std::string AnalysisWarning(const GameEngine& engine, const ProfileOnDisk& cache) {
+    using enum AnalysisStanding;
+    const std::string section = StatsSection(engine);
+    switch (StandingOf(cache, section, engine.payTable)) {
+        case kStopped: {
+            const int percent = ReadStamp(cache, section).stoppedAt.value_or(0);
+            return "Analysis stopped at " + std::to_string(percent) +
+                   " %: not the return of the game";
+        }
+        case kOtherPays:
+            return "Figures of other pays: the pay table has been changed since the analysis";
+        case kUnknownPays:
+            return "Figures perhaps of other pays: an earlier release kept them, and not of which "
+                   "pays they are";
+        case kNone:
+        case kWhole:
+            break;
+    }
+    return "";
 }
 
 std::string GameReport(const GameEngine& engine, const ProfileOnDisk& cache) {
@@ -123,14 +127,14 @@ std::string GameReport(const GameEngine& engine, const ProfileOnDisk& cache) {
 }
 
 std::vector<LineShare> LineShares(const GameEngine& engine, const ProfileOnDisk& cache) {
-    if (!IsAnalyzed(engine, cache)) return {};
-    const Figures figures(engine, cache);
-    std::vector<LineShare> shares;
     const auto& lines = engine.payTable.lines;
+    const auto analysis = ReadAnalysis(cache, StatsSection(engine), lines.size());
+    if (!analysis) return {};
+    std::vector<LineShare> shares;
     for (std::size_t line = 0; line < lines.size(); ++line) {
-        shares.push_back(ShareOfRow(lines[line].description, figures.OfLine(line)));
+        shares.push_back(ShareOf(lines[line].description, analysis->lines[line]));
     }
-    shares.push_back(ShareOfRow("NOTHING", figures.Of("Nothing")));
+    shares.push_back(ShareOf("NOTHING", analysis->nothing));
     ComputeShares(shares);
     return shares;
 }

@@ -11,6 +11,10 @@ struct ProfileOnDisk;
 // Whether the cache has an analysis of the engine's game and table.
 bool IsAnalyzed(const GameEngine& engine, const ProfileOnDisk& cache);
 
+// Why the figures that the cache has of the engine's table are not those of the table; empty when
+// they are, and when there are none.
+std::string AnalysisWarning(const GameEngine& engine, const ProfileOnDisk& cache);
+
 // Of the engine's game and table: the figures of its analysis, cells parted by tabs, or when there
 // is none its pays and what to do about it. Lines end in "\r\n", but for the last one.
 std::string GameReport(const GameEngine& engine, const ProfileOnDisk& cache);

@@ -5,9 +5,11 @@
 #include <span>
 #include <utility>
 
+#include "core/cards/CardText.h"
 #include "core/text/Amount.h"
 #include "game/engine/Dealing.h"
 #include "game/engine/PlayErrorText.h"
+#include "game/reports/HoldLine.h"
 
 namespace {
 
@@ -17,10 +19,6 @@ constexpr int kOtherPilePlace = 4;
 // "1:12.50"; "0" for what never happens.
 std::string Odds(double total, double times) {
     return times > 0 ? "1:" + FormatDecimals("%-9.2f", total / times) : "0";
-}
-
-const HoldResult& ResultOf(const GameEngine& engine, HoldMask hold) {
-    return engine.analysis.holds[static_cast<std::size_t>(hold)];
 }
 
 // The cards of a hand that an analysis looks at.
@@ -39,9 +37,19 @@ HandCards DrawsBeside(const GameEngine& engine) {
     return draws;
 }
 
+// The cards that make up the hand to those who type it.
+std::vector<CardCode> CardsToType(const GameEngine& engine) {
+    const auto seen = SeenCards(engine, engine.dealtCopy);
+    std::vector<CardCode> cards(seen.begin(), seen.end());
+    if (IsPickEm(engine) || IsSneakPeak(engine)) cards.push_back(engine.drawCards[0]);
+    return cards;
+}
+
 void TakeHand(GameEngine& spare) {
     spare.hand = spare.dealtCopy = spare.statistics.setCards;
     spare.drawCards = DrawsBeside(spare);
+    spare.held = {};
+    spare.handOver = true;
     AnalyzeDealtHand(spare);
 }
 
@@ -53,49 +61,15 @@ std::string DrawsCell(const HoldResult& hold, std::int64_t draws, HandDisplay di
     return Odds(static_cast<double>(hold.totalHands), static_cast<double>(draws));
 }
 
-// A hold and a line that its draws can end in.
-struct Cell {
-    const GameEngine& engine;
-    HoldMask hold;
-    std::size_t line;
-
-    std::int64_t Draws() const { return ResultOf(engine, hold).lineCounts[line]; }
-    const DrawAgainResult& Again() const {
-        return engine.analysis.drawAgain[static_cast<std::size_t>(hold)];
-    }
-
-    bool CountsSecondDraw() const {
-        return engine.payTable.type == GameType::kDoubleDraw && hold != kStandPat &&
-               RankInfo(engine.payTable.lines[line].rank).pairs != 0 && Again().heldAces > 1;
-    }
-
-    std::string OddsText() const {
-        if (CountsSecondDraw()) return Odds(1, Again().probabilities[line]);
-        return Odds(static_cast<double>(ResultOf(engine, hold).totalHands),
-                    static_cast<double>(Draws()));
-    }
-
-    double Dollars() const {
-        if (CountsSecondDraw()) return Again().contributions[line];
-        const int pay = LineUnitPay(engine.payTable, static_cast<int>(line), engine.settings.bet);
-        return pay * static_cast<double>(Draws()) /
-               static_cast<double>(ResultOf(engine, hold).totalHands) * engine.settings.coin;
-    }
-
-    std::string ShareText() const {
-        const double all = ResultOf(engine, hold).expectedReturn;
-        return FormatDecimals("%-6.2f", all == 0 ? 0 : Dollars() / all * 100);
-    }
-
-    std::string Text(HandDisplay display) const {
-        if (Draws() == 0) return "0";
-        const bool drawsAgain =
-            CountsSecondDraw() && static_cast<int>(line) >= Again().drawAgainLine;
-        const std::string mark = drawsAgain ? "*" : "";
-        if (display == HandDisplay::kHands) return mark + FormatCount(Draws());
-        return mark + (display == HandDisplay::kOdds ? OddsText() : ShareText());
-    }
-};
+// "1:12.50" of odds that are known; "0" for what never happens.
+std::string LineText(const HoldLine& line, HandDisplay display) {
+    if (line.Draws() == 0) return "0";
+    const std::string mark = line.IsDrawnAgain() ? "*" : "";
+    if (display == HandDisplay::kHands) return mark + FormatCount(line.Draws());
+    if (display == HandDisplay::kShareOfReturn)
+        return mark + FormatDecimals("%-6.2f", line.Share());
+    return mark + (line.Odds() > 0 ? "1:" + FormatDecimals("%-9.2f", line.Odds()) : "0");
+}
 
 std::string Row(const GameEngine& engine, HoldMask hold, HandDisplay display) {
     const HoldResult& result = ResultOf(engine, hold);
@@ -107,7 +81,7 @@ std::string Row(const GameEngine& engine, HoldMask hold, HandDisplay display) {
                        FormatCount(result.totalHands) + '\t' + winners + '\t' +
                        DrawsCell(result, result.nothing, display, "0");
     for (std::size_t line = engine.payTable.lines.size(); line-- > 0;) {
-        text += '\t' + Cell{engine, hold, line}.Text(display);
+        text += '\t' + LineText({engine, hold, line}, display);
     }
     return text + "\r\n";
 }
@@ -125,6 +99,8 @@ void LendHand(const GameEngine& player, GameEngine& spare) {
         if (draw == kNoCard) draw = player.drawCards[i];
     }
     TakeHand(spare);
+    spare.held = player.held;
+    spare.handOver = player.handOver;
 }
 
 bool TakeFixedHand(GameEngine& spare) {
@@ -135,6 +111,39 @@ bool TakeFixedHand(GameEngine& spare) {
     if (IsPickEm(spare) && chosen.setDraws[0] == kNoCard) return false;
     TakeHand(spare);
     return true;
+}
+
+std::string HandInWords(const GameEngine& engine) {
+    std::string text;
+    for (const CardCode code : CardsToType(engine)) {
+        text += (text.empty() ? "" : " ") + CardText(engine.deck.table, code);
+    }
+    return text;
+}
+
+std::string TakeTypedHand(GameEngine& spare, std::string_view text) {
+    // The card that Sneak Peak shows may stay as it is.
+    const std::size_t all = CardsToType(spare).size();
+    const bool five =
+        IsSneakPeak(spare) && ParseCards(text, spare.deck.table, kHandSize).problem.empty();
+    const auto parsed = ParseCards(text, spare.deck.table, five ? kHandSize : all);
+    if (!parsed.problem.empty()) return parsed.problem;
+    Statistics& fixed = spare.statistics;
+    const std::size_t inHand = IsPickEm(spare) ? all - 1 : kHandSize;
+    std::copy_n(parsed.cards.begin(), inHand, fixed.setCards.begin());
+    if (parsed.cards.size() > inHand) {
+        // It may be another of the draw cards, which the old one then replaces.
+        auto& first = fixed.setDraws[0];
+        std::ranges::replace(fixed.setDraws, parsed.cards.back(), first);
+        first = parsed.cards.back();
+    }
+    TakeHand(spare);
+    return {};
+}
+
+std::optional<HoldMask> HoldAtMachine(const GameEngine& engine) {
+    if (engine.handOver || IsPickEm(engine)) return std::nullopt;
+    return HeldMask(engine);
 }
 
 bool IsAnalyzed(const GameEngine& spare) {

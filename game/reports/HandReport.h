@@ -2,7 +2,9 @@
 // spare engine, which has been given the player's hand or another one.
 #pragma once
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/eval/HandEvaluator.h"
@@ -18,14 +20,26 @@ enum class HandDisplay {
 };
 
 // Gives the spare engine, on which LoadSpare has put the player's game, the player's bet and coin
-// and the hand last dealt (before any deal the fixed one), and analyses it. The player's engine may
-// be in the middle of the hand.
+// and the hand last dealt (before any deal the fixed one) with what is held of it, and analyses it.
+// The player's engine may be in the middle of the hand.
 void LendHand(const GameEngine& player, GameEngine& spare);
 
 // Takes the fixed hand of the spare engine, as the editor leaves it, for the dealt one and analyses
 // it. False, with nothing changed, when a place of the hand is empty. The spare engine goes on
 // without a fixed hand.
 bool TakeFixedHand(GameEngine& spare);
+
+// The hand as it is typed: "AS KD 7H 2C 2D". In Pick 'Em these are the player's two cards and the
+// tops of the left and the right pile; in Sneak Peak Poker the known draw card comes last.
+std::string HandInWords(const GameEngine& engine);
+
+// Takes such a text for the dealt hand and analyses it; Sneak Peak's known card may be left out and
+// stays. What is wrong and how to mend it, with nothing changed, or empty.
+std::string TakeTypedHand(GameEngine& spare, std::string_view text);
+
+// What the player holds of the hand that is played, as it was lent; nothing when no hand is in
+// play, and in Pick 'Em, where a hand is over with its choice.
+std::optional<HoldMask> HoldAtMachine(const GameEngine& engine);
 
 // Whether the hand could be analysed: its cards are in the deck, none of them twice.
 bool IsAnalyzed(const GameEngine& spare);

@@ -28,6 +28,12 @@ struct AnalysisFilePaths {
     std::string detail;
 };
 
+// A file that work was to leave behind.
+struct WrittenFile {
+    std::string path;
+    std::string problem;  // why it could not be written, as a sentence goes on; empty = it was
+};
+
 // Shown while long work goes on, with which the player cannot do anything but cancel it; gone with
 // the object.
 class Progress {
@@ -76,6 +82,9 @@ class Player {
 
     // Nothing when cancelled.
     virtual std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) = 0;
+
+    // At least one file. The player may have their folder opened.
+    virtual void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) = 0;
 
     virtual std::unique_ptr<Progress> ShowProgress(const std::string& text) = 0;
     virtual void ShowStatistics(const GameEngine& engine) = 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "core/store/AnalysisFiles.h"
 #include "tests/game/FakePorts.h"
@@ -14,7 +15,8 @@ struct AnalyzeGameTest : testing::Test, TestSeat {
     void Command(int runs) {
         ports.atReport = [this, runs](GameReportPages& pages) mutable {
             shown.push_back(TableSection(pages.GameName(), pages.TableIndex()));
-            lastReport = pages.Report();
+            lastReport = pages.View().report;
+            warning = pages.View().warning;
             if (look) look(pages);
             return runs-- > 0 ? ReportAnswer::kRunAnalysis : ReportAnswer::kDone;
         };
@@ -28,6 +30,7 @@ struct AnalyzeGameTest : testing::Test, TestSeat {
     std::function<void(GameReportPages&)> look;  // what the player does in each report
     std::vector<std::string> shown;              // "Jacks or Better(0)" for each report
     std::string lastReport;
+    std::string warning;  // above the last report
     const DataFilePaths& paths = machine.paths;
 };
 
@@ -103,15 +106,73 @@ TEST_F(AnalyzeGameTest, ARunThatIsCancelledInTimeLeavesNothing) {
     EXPECT_EQ(machine.folder.FileCount(), 1);
 }
 
-TEST_F(AnalyzeGameTest, ACancelledRunEndsSoonWithWholeFilesOfItsHands) {
-    ports.analysisFiles = AnalysisFilesChoice{.summary = false, .detail = true};
+TEST_F(AnalyzeGameTest, ACancelledRunEndsSoonWithFilesAndFiguresThatAreMarkedAsAPart) {
+    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
+    machine.folder.Write("Jacks or Better(0) Detail.txt", "whole");
     ports.progressSteps = 1;
     Command(1);
-    const std::string detail = machine.folder.Read("Jacks or Better(0) Detail.txt");
+    const std::string detail = machine.folder.Read("Jacks or Better(0) Detail partial.txt");
     EXPECT_EQ(std::ranges::count(detail, '\n'), 128 + 1) << "two looks at the player";
     EXPECT_EQ(detail.back(), '\n');
-    EXPECT_EQ(machine.folder.FileCount(), 3) << "with the cache and the game file";
+    EXPECT_EQ(machine.folder.Read("Jacks or Better(0) Detail.txt"), "whole");
+    EXPECT_EQ(machine.folder.FileCount(), 5) << "with the cache, the game file and the summary";
     EXPECT_EQ(Cached("Jacks or Better(0)", "Cost"), "12,994,800.0000");
+    EXPECT_EQ(Cached("Jacks or Better(0)", "Stopped"), "0 %");
+    EXPECT_EQ(warning, "Analysis stopped at 0 %: not the return of the game");
+    EXPECT_EQ(log.back(),
+              "told Analysis Files: Jacks or Better(0) Summary partial.txt Jacks or Better(0) "
+              "Detail partial.txt");
+}
+
+TEST_F(AnalyzeGameTest, AWholeAnalysisStaysUnlessThePlayerWantsThePartInItsPlace) {
+    Command(1);
+    const auto cancelledAt25 = [&] {
+        ports.progressSteps = 25;
+        Command(1);
+        return Cached("Jacks or Better(0)", "Payout%");
+    };
+    const auto asked = [&] {
+        return std::ranges::count_if(
+            log, [](const std::string& line) { return line.starts_with("ask Run Analysis: "); });
+    };
+    answers = {"no", "yes"};
+    EXPECT_EQ(cancelledAt25(), "99.5439");
+    EXPECT_EQ(Cached("Jacks or Better(0)", "Stopped"), "(none)");
+    EXPECT_EQ(warning, "");
+    EXPECT_NE(cancelledAt25(), "99.5439");
+    cancelledAt25();
+    EXPECT_EQ(asked(), 2) << "a part may take the place of a part";
+    ports.progressSteps = -1;
+    Command(1);
+    EXPECT_EQ(Cached("Jacks or Better(0)", "Stopped"), "(none)");
+    // Figures of other pays are nothing to keep.
+    machine.file.WriteString("Jacks or Better(0)", "Pays", "0", paths.analysisCache);
+    Command(0);
+    EXPECT_TRUE(warning.starts_with("Figures of other pays")) << warning;
+    cancelledAt25();
+    EXPECT_EQ(asked(), 2);
+}
+
+TEST_F(AnalyzeGameTest, WhatCouldNotBeWrittenIsToldWithItsReason) {
+    ports.analysisFiles = AnalysisFilesChoice{.summary = true, .detail = true};
+    for (const char* name : {"Jacks or Better(0) Summary.txt", "Game Analyses.ini"}) {
+        std::filesystem::create_directory(machine.folder.Path(name));
+    }
+    Command(1);
+    EXPECT_TRUE(log.back().starts_with(
+        "told Analysis Files: Jacks or Better(0) Summary.txt not written, Is a directory Jacks or "
+        "Better(0) Detail.txt Game Analyses.ini not written, which keeps the figures."))
+        << log.back();
+}
+
+TEST_F(AnalyzeGameTest, AnyTableIsReportedOnThoseThatNoMenuHasToo) {
+    ports.atReport = [&](GameReportPages& pages) {
+        EXPECT_EQ(pages.Games().back(), "Spin Bonus Poker");
+        return ReportAnswer::kDone;
+    };
+    AnalyzeTableCommand(seat, spare, paths, {354, "Spin Bonus Poker", 0});
+    AnalyzeTableCommand(seat, spare, paths, {351, "Sneak Peak Poker", 0});
+    EXPECT_TRUE(log.back().starts_with("told Game Analysis Not Available: "));
 }
 
 TEST_F(AnalyzeGameTest, ASlashInAGamesNameLeadsToNoOtherFolder) {

@@ -32,6 +32,7 @@ TEST_F(BestPlayTest, AnErrorIsSaidEveryTimeAndLoggedOnce) {
     const auto entry = ParseEntry(ReadErrorText({file, files.gamePath}, StatsSection(engine), 0));
     EXPECT_EQ(entry.hand, engine.hand);
     EXPECT_EQ(entry.player, 0b10000);
+    EXPECT_EQ(ReadErrorDate({file, files.gamePath}, StatsSection(engine), 0), 1'790'000'000);
     EXPECT_NE(folder.Read("game.qdx").find("PlayErrors=1"), std::string::npos)
         << "on the disk at once";
 }

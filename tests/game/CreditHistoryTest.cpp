@@ -13,14 +13,14 @@ constexpr auto kMost = static_cast<std::int64_t>(CreditHistory::kMostStretches);
 
 TEST(CreditHistoryTest, ALongSessionKeepsItsPeaksInFewerStretches) {
     CreditHistory history;
-    for (std::int64_t hand = 1; hand <= kMost; ++hand) history.Record(hand, 1000, 1);
+    for (std::int64_t hand = 1; hand <= kMost; ++hand) history.Record(hand, 1000, 1, 5);
     EXPECT_EQ(history.HandsPerStretch(), 1);
-    history.Record(kMost + 1, 5000, 1);
+    history.Record(kMost + 1, 5000, 1, 5);
     EXPECT_EQ(history.HandsPerStretch(), 2);
-    history.Record(kMost + 2, 7, 1);
-    history.Record(kMost + 2, 9, 1);
+    history.Record(kMost + 2, 7, 1, 5);
+    history.Record(kMost + 2, 9, 1, 5);
     EXPECT_EQ(history.Stretches().back(), (Stretch{7, 5000, 9}));
-    for (std::int64_t hand = kMost + 3; hand <= 40 * kMost; ++hand) history.Record(hand, 800, 1);
+    for (std::int64_t hand = kMost + 3; hand <= 40 * kMost; ++hand) history.Record(hand, 800, 1, 5);
     EXPECT_EQ(history.HandsPerStretch(), 64);
     EXPECT_EQ(history.Stretches().size(), 40U * CreditHistory::kMostStretches / 64);
     EXPECT_EQ(history.Stretches()[kMost / 64], (Stretch{7, 5000, 800}));

@@ -38,7 +38,10 @@ TEST_F(EditPayTableTest, ChangedPaysArePaidInTheSameSession) {
     engine.payTable.lines[3].totalWins = engine.payTable.lines[3].sessionWins = 2;
     script = [&](PayTableEditor& editor) {
         editor.texts.lines[3].payout = "8";
-        editor.MakeActive(player);
+        editor.MakeActive(player.Saying({"no"}));
+        EXPECT_EQ(InMain("Jacks or Better(0)", "Payout3"), "9");
+        editor.MakeActive(player.Saying({"yes"}));
+        editor.MakeActive(player);  // changes nothing and asks nothing
     };
     done = false;
     EditCurrentPayTable(seat, paths);

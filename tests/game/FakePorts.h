@@ -120,6 +120,13 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
         Add("ask files ", files.summary);
         return analysisFiles;
     }
+    void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) override {
+        Add("told ", caption, ":");
+        for (const auto& [path, problem] : files) {
+            log.back() += " " + path.substr(path.rfind('/') + 1);
+            if (!problem.empty()) log.back() += " not written, " + problem;
+        }
+    }
     std::unique_ptr<Progress> ShowProgress(const std::string& text) override {
         Add("progress ", text);
         return std::make_unique<Steps>(*this);

@@ -35,6 +35,19 @@ TEST_F(FixedHandTest, TheChosenHandIsDealtAgainAndAgainAndNeverPaid) {
     EXPECT_EQ(TakeLog(), "ask fixed hand\n") << "nothing is dealt";
 }
 
+TEST_F(FixedHandTest, ALoggedHandIsDealtAsTheFixedOneInAnyMode) {
+    Log("AS KS QS JS TS");
+    Log("2S 3S 4S 5S 7S");
+    for (const auto mode : {PlayMode::kCasino, PlayMode::kErrorLog}) {
+        engine.settings.mode = mode;
+        DealLoggedHand(seat, 1);
+        EXPECT_EQ(machine.HandText(), "2S 3S 4S 5S 7S ");
+        EXPECT_TRUE(engine.fixedHand && !engine.handOver);
+        engine.handOver = engine.readyToDeal = true;
+    }
+    EXPECT_EQ(engine.settings.credits, 100);
+}
+
 TEST_F(FixedHandTest, ADrawCardThatTheHandWasGivenIsReplaced) {
     machine.Play("Sneak Peak Poker", 351);
     engine.fixedHand = true;

@@ -153,6 +153,22 @@ TEST_F(MachineCommandsTest, TheLogIsClearedWithItsCounts) {
     EXPECT_EQ(engine.replayIndex, 0);
 }
 
+TEST_F(MachineCommandsTest, OneEntryIsForgottenAndTheReplayStaysWithItsHand) {
+    Statistics& statistics = engine.statistics;
+    for (int i = 0; i < 3; ++i) {
+        AppendError(machine.files.Game(), "Jacks or Better(0)", {}, statistics.nextError);
+    }
+    statistics.playErrors.Add(3);
+    engine.replayIndex = 1;
+    ForgetError(seat, 1);
+    EXPECT_EQ(engine.replayIndex, 1) << "the next hand has taken its place";
+    ForgetError(seat, 0);
+    EXPECT_EQ(engine.replayIndex, 0);
+    EXPECT_EQ(statistics.nextError, 1);
+    EXPECT_EQ(Stored("Jacks or Better(0)", "NextError"), "1");
+    EXPECT_EQ(statistics.playErrors.total, 3) << "the errors were made";
+}
+
 TEST_F(MachineCommandsTest, DollarsBecomeCreditsAndBack) {
     engine.settings.credits = 0;
     engine.settings.coin = 0.05;

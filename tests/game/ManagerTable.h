@@ -6,7 +6,7 @@
 #include "game/paytables/EditPayTable.h"
 #include "tests/game/FakePorts.h"
 
-// Answers are "yes", "no", "ok", "cancel" or a name.
+// Answers are "yes", "no", "ok", "save", "discard", "cancel" or a name.
 class ManagerRecorder : public Answering, public PayTableQuestions {
   public:
     FieldPlace where;  // of the last refusal
@@ -29,8 +29,17 @@ class ManagerRecorder : public Answering, public PayTableQuestions {
                : answer == "no" ? OverwriteChoice::kAppend
                                 : OverwriteChoice::kCancel;
     }
+    LeaveChoice Leaves(const std::string& caption, const std::string& question) override {
+        const std::string answer = Answer(caption + ": " + question);
+        return answer == "save"      ? LeaveChoice::kSave
+               : answer == "discard" ? LeaveChoice::kDiscard
+                                     : LeaveChoice::kCancel;
+    }
     bool Confirms(const std::string& caption, const std::string& question) override {
         return Answer(caption + ": " + question) == "ok";
+    }
+    bool Agrees(const std::string& caption, const std::string& question) override {
+        return Answer(caption + ": " + question) == "yes";
     }
     std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
                                            const std::string& current) override {
@@ -39,8 +48,9 @@ class ManagerRecorder : public Answering, public PayTableQuestions {
         EXPECT_TRUE(!answer || std::ranges::count(games, *answer) == 1) << *answer;
         return answer;
     }
-    std::optional<std::string> RenamesGame(const std::string& current) override {
-        log.push_back("rename " + current);
+    std::optional<std::string> RenamesGame(const std::string& current,
+                                           const std::string& typed) override {
+        log.push_back("rename " + current + (typed == current ? "" : ", typed " + typed));
         return NextUnlessCancelled();
     }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "game/paytables/PayTableLines.h"
+
 #include <map>
 #include <ranges>
 
@@ -225,6 +227,60 @@ TEST(PayTableFormTest, TypedTextsBecomeTheTableThatIsLoaded) {
                                                 {file, files.main.path}, {9001, "Typed"}, "")));
         }
     }
+}
+
+TEST(PayTableLinesTest, LinesMoveAndNoneFallsOffTheEnd) {
+    PayTableTexts table;
+    for (int i = 0; i < kMaxPayLines; ++i) {
+        ChooseRank(table.lines[static_cast<std::size_t>(i)], HandRankFromNumber(i));
+    }
+    const auto order = [&table] {
+        std::string letters;
+        for (const PayLineTexts& line : table.lines) {
+            letters +=
+                line.rank == kUnknown ? '-' : static_cast<char>('a' + static_cast<int>(line.rank));
+        }
+        return letters;
+    };
+    EXPECT_FALSE(InsertLine(table, 3) || DuplicateLine(table, 3));
+    MoveLine(table, 1, 4);
+    EXPECT_EQ(order(), "acdebfghijklmno");
+    MoveLine(table, 14, 0);
+    EXPECT_EQ(order(), "oacdebfghijklmn");
+    DeleteLine(table, 14);
+    DeleteLine(table, 0);
+    EXPECT_EQ(order(), "acdebfghijklm--");
+    EXPECT_TRUE(DuplicateLine(table, 0) && InsertLine(table, 1));
+    EXPECT_EQ(order(), "a-acdebfghijklm");
+    EXPECT_FALSE(DuplicateLine(table, 14));
+}
+
+TEST(PayTableLinesTest, CellsOfASpreadsheetArePastedAllOrNone) {
+    PayTableTexts table;
+    const auto any = [](FieldPlace) { return true; };
+    EXPECT_EQ(PasteCells(table, {kRank, 2},
+                         "royal flush\t\"Big \"\"one\"\";RF\"\t1,000\t 4000\t\t\tyes\r\n5K\n", any),
+              std::nullopt);
+    EXPECT_EQ(table.lines[2],
+              (PayLineTexts{kRoyalFlush, "Big \"one\";RF", "1,000", " 4000", "", "", true}));
+    EXPECT_EQ(table.lines[3].description, "5 OF A KIND;5K");
+    EXPECT_EQ(PasteCells(table, {kPayout, 13}, "1\t5\n2\t10", any), std::nullopt);
+    EXPECT_EQ(table.lines[14].maxPayout, "10");
+    const auto before = table;
+    const std::tuple<FieldPlace, const char*, const char*> faults[] = {
+        {{kPayout, 0}, "1\nten", "Row 2: \"ten\" is no whole number."},
+        {{kRank, 0}, "FLUSCH", "Row 1: \"FLUSCH\" is no hand rank."},
+        {{kBonusQuads, 0}, "1,X", "Row 1: \"1,X\" is no list of ranks."},
+        {{kWildsOK, 0}, "perhaps", "Row 1: \"perhaps\" is neither yes nor no."},
+        {{kKickers, 0}, "2\t1\t1", "Row 1: there are more cells than columns."},
+        {{kPayout, 14}, "1\n2", "There are 2 rows and only 1 lines from here on."},
+    };
+    for (const auto& [at, cells, problem] : faults) {
+        EXPECT_EQ(PasteCells(table, at, cells, any), problem);
+    }
+    EXPECT_EQ(PasteCells(table, {kPayout, 0}, "8", [](FieldPlace) { return false; }),
+              "Row 1: \"8\" is for a field that can not be changed.");
+    EXPECT_EQ(table, before);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Stands in for the person at a dialog that is shown with exec(): looks for it every 10 ms and
-// takes one step after the other, each as soon as some dialog is open. It waits while a meter shows
-// the progress of long work.
+// takes one step after the other, each as soon as some dialog has the keys. It waits while a meter
+// shows the progress of long work.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -28,6 +28,7 @@ class DialogRobot : public QObject {
         LookLater();
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (!dialog || !dialog->isVisible() || dialog->objectName() == "progress") return;
+        if (!dialog->isActiveWindow()) return dialog->activateWindow();  // as a desktop does
         if (!steps.empty()) {
             const Step step = steps.front();
             steps.pop_front();

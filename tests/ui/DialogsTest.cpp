@@ -2,8 +2,10 @@
 // with Alt in all of them.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QKeySequence>
 #include <QLabel>
@@ -33,6 +35,7 @@
 #include "ui/questions/CreateAnalysisFilesDialog.h"
 #include "ui/questions/EnterDollarsDialog.h"
 #include "ui/questions/ProgressDialog.h"
+#include "ui/reports/AsideWindows.h"
 #include "ui/reports/ErrorLogDialog.h"
 #include "ui/reports/GameAnalysisDialog.h"
 #include "ui/reports/HandAnalysisDialog.h"
@@ -83,7 +86,7 @@ TEST(AutoplayHandsDialogTest, OnlyAWholeNumberIsAccepted) {
 }
 
 TEST(RenameGameDialogTest, ANameHasEightyBytesAtMostAndCanBeKeptInAFile) {
-    RenameGameDialog dialog("Deuces", nullptr);
+    RenameGameDialog dialog("Deuces", "Deuces", nullptr);
     const auto fill = [](QDialog& open) {
         Paste("Deuces\n" + QString(36, QChar(0xE4)))(open);
         Type("xyz")(open);
@@ -270,6 +273,29 @@ TEST(SelectGameDialogTest, TheCurrentGameIsSelectedInAnyLetterCaseOrNone) {
     Answer({okWaits}, [&] { EXPECT_EQ(AskGame(games, "Gone", nullptr), std::nullopt); });
 }
 
+TEST(SelectGameDialogTest, AGameIsFoundByTypingItsNameWithBlanksClosedAndOpen) {
+    const std::vector<std::string> games{"Double Bonus", "Double Double Bonus", "Deuces Wild",
+                                         "Joker Poker - 2 Pair"};
+    const auto chosen = [&](std::initializer_list<DialogRobot::Step> steps) {
+        std::optional<std::string> game;
+        Answer(steps, [&] { game = AskGame(games, "Deuces Wild", nullptr); });
+        return game;
+    };
+    const auto inOpenList = [](QDialog& dialog) {
+        auto& list = PartOf<QComboBox>(dialog, "game");
+        list.showPopup();
+        QTest::keyClicks(list.view(), "double double");
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_FALSE(list.view()->isVisible());
+    };
+    const auto enter = Press(Qt::Key_Return);
+    EXPECT_EQ(chosen({Type("double d"), enter}), "Double Double Bonus");
+    EXPECT_EQ(chosen({Type("2 pair"), enter}), "Joker Poker - 2 Pair") << "in the middle";
+    EXPECT_EQ(chosen({Type("double x"), Press(Qt::Key_Backspace), Type("b"), enter}),
+              "Double Bonus");
+    EXPECT_EQ(chosen({inOpenList, enter}), "Double Double Bonus");
+}
+
 struct DialogKeysTest : testing::Test, ManagerTable {
     PictureStore store;
     GameEngine spare;
@@ -284,11 +310,12 @@ struct DialogKeysTest : testing::Test, ManagerTable {
         look(CombinationsDialog(nullptr));
         look(CreateAnalysisFilesDialog({}, nullptr));
         look(EnterDollarsDialog(1, nullptr));
-        look(RenameGameDialog("My Game", nullptr));
+        look(RenameGameDialog("My Game", "My Game", nullptr));
         LoadSpare(seat, spare);
+        AsideWindows aside;
         GameReportPages pages(seat, spare, paths);
-        pages.ShowCurrent();
-        look(GameAnalysisDialog(pages, nullptr));
+        pages.Show("Jacks or Better", 0);
+        look(GameAnalysisDialog(pages, &aside, nullptr));
         look(HandAnalysisDialog(spare, store, nullptr));
         look(ErrorLogDialog(engine, machine.files, store, nullptr));
         look(StatisticsDialog(engine, 0, nullptr));

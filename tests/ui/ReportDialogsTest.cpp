@@ -3,10 +3,14 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QToolButton>
 #include <QToolTip>
 #include <map>
 
 #include "core/store/ErrorLog.h"
+#include "game/reports/HandReport.h"
 #include "tests/game/TestMachine.h"
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
@@ -17,6 +21,7 @@
 #include "ui/reports/ErrorLogDialog.h"
 #include "ui/reports/HandAnalysisDialog.h"
 #include "ui/reports/StatisticsDialog.h"
+#include "ui/tables/ReportTableView.h"
 
 namespace {
 
@@ -92,6 +97,51 @@ TEST_F(HandAnalysisDialogTest, TheHandInPlayIsShownAndCountedAsTheRadiosSay) {
     EXPECT_FALSE(machine->engine.handOver || machine->engine.fixedHand) << "left alone";
     const std::string saved = Saved("report", "Jacks or Better hand.txt");
     EXPECT_NE(saved.find("\t100.00\t0\t"), std::string::npos) << saved;
+    EXPECT_TRUE(
+        saved.starts_with("Hand Analysis\nGame: Jacks or Better\nTable: 0\nBet: 5 coins\n"
+                          "Coin: $1.00\nCards: AS KS QS JS 9S\nDate: 20"))
+        << saved;
+}
+
+TEST_F(HandAnalysisDialogTest, PatternsOfHoldsAreOfOneWidthAndTheColumnsStayInLine) {
+    OpenJacks();
+    const QTextDocument& text = *Part<ReportBox>("report").document();
+    const auto placeOf = [&](int line, int character) {
+        return text.findBlockByNumber(line).layout()->lineAt(0).cursorToX(character);
+    };
+    const qreal letter = placeOf(2, 1) - placeOf(2, 0);
+    for (int line = 2; line < text.blockCount(); ++line) {
+        for (int i = 0; i < 5; ++i)
+            EXPECT_NEAR(placeOf(line, i + 1) - placeOf(line, i), letter, 0.1);
+        EXPECT_EQ(placeOf(line, 6), placeOf(0, 5)) << "the column behind the tab";
+    }
+}
+
+TEST_F(HandAnalysisDialogTest, AHandIsTypedAndWhatIsWrongIsSaidInPlace) {
+    OpenJacks();
+    QTest::keyClick(dialog.get(), Qt::Key_T, Qt::AltModifier);
+    auto& typed = Part<QLineEdit>("typedHand");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return typed.hasFocus(); }));
+    EXPECT_EQ(typed.text(), "AS KS QS JS 9S");
+    QTest::keyClicks(&typed, "as 1x");
+    PressKey(Qt::Key_Return);
+    EXPECT_TRUE(NameOf("handProblem").startsWith("\"1x\" is not a card")) << "and not closed";
+    EXPECT_TRUE(BestLine().starts_with("AKQJ_"));
+    typed.selectAll();
+    QTest::keyClicks(&typed, "10s as ks qs js");
+    EXPECT_EQ(NameOf("handProblem"), "");
+    PressKey(Qt::Key_Return);
+    EXPECT_TRUE(BestLine().starts_with("TAKQJ\t4,000.0000"));
+    EXPECT_EQ(BestBar(), "T♠ A♠ K♠ Q♠ J♠");
+    EXPECT_EQ(NameOf("placeRank0"), "place 1, 10 of spades");
+    auto& holds = Part<ReportTableView>("holds");
+    EXPECT_EQ(holds.Table().head[4].value, "TS AS KS QS JS");
+    EXPECT_EQ(holds.Table().columns.back().unit, "%");
+    QTest::keyClick(dialog.get(), Qt::Key_L, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return holds.isVisible(); }));
+    Click("figureHands");
+    EXPECT_EQ(holds.Table().columns.back().unit, "draws");
+    EXPECT_EQ(holds.Shown().rows.size(), kHolds);
 }
 
 TEST_F(HandAnalysisDialogTest, AMissingCardIsAskedForUntilItIsThere) {
@@ -255,6 +305,7 @@ TEST(ChartsTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {
         palette.setColor(QPalette::Text, ground.lightness() > 128 ? Qt::black : Qt::white);
         for (QWidget* chart : std::initializer_list<QWidget*>{&shares, &holds}) {
             chart->setPalette(palette);
+            chart->findChild<QToolButton*>("picture")->hide();
             chart->resize(chart->sizeHint());
             const QImage image = chart->grab().toImage();
             std::map<QRgb, int> counts;
@@ -273,11 +324,12 @@ TEST(ChartsTest, TheChartsKeepTheirContrastOnLightAndDarkGround) {
 
 TEST(ChartsTest, HandsOfTheSessionAreReadByPointerAndKeys) {
     CreditHistory history;
-    for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 15 - 5 * hand, 0.25);
-    CreditChart chart(history, nullptr);
+    for (int hand = 1; hand <= 10; ++hand) history.Record(hand, 15 - 5 * hand, 0.25, 5);
+    CreditChart chart(nullptr);
+    chart.ShowSession(history);
     chart.resize(chart.sizeHint());
     chart.show();
-    EXPECT_EQ(chart.accessibleDescription(), "Hand 10: $-8.75");
+    EXPECT_TRUE(chart.accessibleDescription().startsWith("Hand 10: $-8.75\n"));
     EXPECT_EQ(chart.TextOf(0), "Hand 1: $2.50");
     QTest::keyClick(&chart, Qt::Key_End);
     const QImage last = chart.grab().toImage();
@@ -294,8 +346,9 @@ TEST(ChartsTest, AnySessionCanBeDrawn) {
     for (const Session& session : {Session{}, {0}, {7, 7, 7}, {kMost, -kMost, kMost}}) {
         CreditHistory history;
         std::int64_t hand = 0;
-        for (const std::int64_t credits : session) history.Record(++hand, credits, 1000);
-        CreditChart chart(history, nullptr);
+        for (const std::int64_t credits : session) history.Record(++hand, credits, 1000, 5);
+        CreditChart chart(nullptr);
+        chart.ShowSession(history);
         for (const QSize size : {QSize(1, 1), chart.sizeHint()}) {
             chart.resize(size);
             EXPECT_FALSE(chart.grab().isNull());

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QPlainTextEdit>
 #include <QTextOption>
+#include <QUrl>
 
 #include "game/paytables/PayTableEditor.h"
 #include "game/session/AnalyzeGame.h"
@@ -13,6 +15,20 @@
 #include "tests/ui/DialogRobot.h"
 #include "ui/art/PictureStore.h"
 #include "ui/charts/ShareChart.h"
+
+// Takes what is to be shown to the desktop.
+class OpenedFolder : public QObject {
+    Q_OBJECT
+
+  public:
+    OpenedFolder() { QDesktopServices::setUrlHandler("file", this, "Open"); }
+    ~OpenedFolder() override { QDesktopServices::unsetUrlHandler("file"); }
+
+    QUrl url;
+
+  public slots:
+    void Open(const QUrl& shown) { url = shown; }
+};
 
 namespace {
 
@@ -142,10 +158,19 @@ TEST_F(WindowPlayerTest, ARunIsAskedForAndItsReportAndTheFilesThatAreCheckedFoll
         }
         dialog.reject();
     };
-    Answer({ClickOn("run"), lookAtFiles, ClickOn("ok"), lookAtReport},
+    const OpenedFolder opened;
+    std::string told;
+    Answer({ClickOn("run"), lookAtFiles, ClickOn("ok"),
+            [&](QDialog& box) {
+                told = dynamic_cast<QMessageBox&>(box).text().toStdString();
+                QTest::mouseClick(&PartOf<QPushButton>(box, "openFolder"), Qt::LeftButton);
+            },
+            lookAtReport},
            [this] { AnalyzeGameCommand(seat, spare, machine.paths); });
     EXPECT_TRUE(summaryText.endsWith(
         QString::fromStdString("named " + machine.folder.Path("Jacks or Better(0) Summary.txt."))));
+    EXPECT_EQ(told, "Written in " + machine.folder.Path() + "/:\nJacks or Better(0) Detail.txt");
+    EXPECT_EQ(opened.url, QUrl::fromLocalFile(QString::fromStdString(machine.folder.Path())));
     EXPECT_EQ(machine.folder.Read("Jacks or Better(0) Summary.txt"), "(missing)");
     EXPECT_NE(machine.folder.Read("Jacks or Better(0) Detail.txt"), "(missing)");
 }
@@ -174,3 +199,5 @@ TEST_F(WindowPlayerTest, GamesAndTablesOfTheReportAreBrowsedByKeys) {
 }
 
 }  // namespace
+
+#include "WindowPlayerTest.moc"

@@ -7,9 +7,11 @@
 #include <cstdlib>
 
 #include "app/PaletteKeeper.h"
+#include "tests/ui/Palettes.h"
 #include "tests/ui/TestProgram.h"
 #include "ui/help/HelpWindow.h"
 #include "ui/parts/FocusStyle.h"
+#include "ui/tables/ReportTableView.h"
 
 namespace {
 
@@ -44,6 +46,21 @@ class Studio {
     void Save(QWidget& widget, const QString& name) {
         QApplication::processEvents();
         EXPECT_TRUE(widget.grab().save(target + "/" + name + ".png")) << qPrintable(name);
+    }
+
+    // On a light and on a dark desktop, on a screen of single and of double density.
+    void SaveEachWay(QWidget& widget, const QString& name) {
+        const QPalette light = QApplication::palette();
+        for (const auto& [palette, kind] : {std::pair{light, ""}, {DarkPalette(), "-dark"}}) {
+            QApplication::setPalette(palette);
+            Save(widget, name + kind);
+            QPixmap dense(widget.size() * 2);
+            dense.setDevicePixelRatio(2);
+            widget.render(&dense);
+            EXPECT_TRUE(dense.save(target + "/" + name + kind + "-2x.png")) << qPrintable(name);
+        }
+        QApplication::setPalette(light);
+        QApplication::processEvents();
     }
 
     TestProgram& Program() { return program; }
@@ -157,8 +174,15 @@ void ShootAutoplay(Studio& studio) {
                            // The screen that is not there is smaller than most that are.
                            dialog.resize(dialog.sizeHint());
                            studio.Save(dialog, "play-statistics");
+                           auto* table = dialog.findChild<ReportTableView*>();
+                           const auto analysed = [table] {
+                               return table->Table().rows[1].cells[3].value.has_value();
+                           };
+                           EXPECT_TRUE(QTest::qWaitFor(analysed, 60'000));
                            dialog.findChild<QTabWidget*>()->setCurrentIndex(1);
-                           studio.Save(dialog, "play-statistics-session");
+                           studio.SaveEachWay(dialog, "play-statistics-session");
+                           dialog.findChild<QTabWidget*>()->setCurrentIndex(2);
+                           studio.SaveEachWay(dialog, "play-statistics-table");
                            dialog.reject();
                        }});
     studio.Program().document->Run(kAutoplay);

@@ -1,16 +1,13 @@
 #include "ui/charts/CreditChart.h"
 
 #include <QFontMetricsF>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
-#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
 #include "core/text/Amount.h"
-#include "ui/charts/ChartParts.h"
 #include "ui/parts/DialogParts.h"
 
 namespace {
@@ -18,10 +15,16 @@ namespace {
 constexpr int kAmountLines = 6;  // about so many
 constexpr int kMostHandMarks = 8;
 constexpr double kCourseWidth = 1.5;
-constexpr double kHeadLines = 1.8;  // in line heights: the reading above the plot
-constexpr double kFootLines = 2.8;  // the numbers and the title below it
-constexpr double kSideLines = 2.5;  // the title left of the amounts, with the spaces beside them
 constexpr double kSmallestStep = 0.05;  // dollars, a nickel
+constexpr double kBandShade = 0.13;     // of each of the two, one over the other
+constexpr double kMostDeviations = 2;
+
+// In line heights.
+constexpr double kAboveLegend = 0.3;
+constexpr double kBelowLegend = 0.8;
+constexpr double kFoot = 2.8;  // the numbers of the hands and the title of their axis
+constexpr double kNote = 2.3;  // two lines below them
+constexpr double kSide = 2.5;  // the title left of the amounts, with the spaces beside them
 
 // Whole cents, and never less than nothing of nothing: sums of nickels have a rounding error.
 QString Amount(double dollars) {
@@ -31,37 +34,42 @@ QString Amount(double dollars) {
 
 }  // namespace
 
-// What all parts of the picture are drawn on and measured by.
-struct CreditChart::Sheet {
+// What the parts of the picture are drawn on.
+struct CreditChart::Canvas {
     QPainter& painter;
-    ChartColours colours;
-    QFontMetricsF font;
+    const ChartSheet& sheet;
     QRectF plot;
     double line;  // height of a line of text
 };
 
-CreditChart::CreditChart(CreditHistory shown, QWidget* parent)
-    : QWidget(parent), history(std::move(shown)), amounts(AmountAxis()) {
-    setObjectName("creditChart");
-    setAccessibleName(tr("Net gain of the session, hand by hand"));
-    setBackgroundRole(QPalette::Base);
-    setAutoFillBackground(true);
-    setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
-    if (history.Hands() > 0) setAccessibleDescription(TextOf(history.Stretches().size() - 1));
+CreditChart::CreditChart(QWidget* parent)
+    : Chart("creditChart", tr("Net gain of the session, hand by hand"), parent) {
+    FiguresChanged();
 }
 
-QSize CreditChart::sizeHint() const {
-    const QFontMetrics font(this->font());
-    return {font.averageCharWidth() * 90, font.lineSpacing() * 22};
+void CreditChart::ShowSession(CreditHistory shown) {
+    history = std::move(shown);
+    ShowExpected(std::nullopt, {});
+}
+
+void CreditChart::ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says) {
+    expected = shown;
+    note = says;
+    amounts = AmountAxis();
+    FiguresChanged();
+}
+
+QSizeF CreditChart::SizeFor(const ChartSheet& sheet) const {
+    return {sheet.Character() * 90, sheet.Line() * 25};
 }
 
 QSize CreditChart::minimumSizeHint() const {
     const QFontMetrics font(this->font());
-    return {font.averageCharWidth() * 40, font.lineSpacing() * 10};
+    return {font.averageCharWidth() * 40, font.lineSpacing() * 14};
 }
 
-// All that was ever won or lost, and 0, with whole steps below and above.
+// All that was ever won or lost, what is expected in the end, and 0, with whole steps below and
+// above.
 CreditChart::Axis CreditChart::AmountAxis() const {
     double low = 0;
     double high = 0;
@@ -69,28 +77,36 @@ CreditChart::Axis CreditChart::AmountAxis() const {
         low = std::min(low, stretch.lowest);
         high = std::max(high, stretch.highest);
     }
+    for (int stretch = 0; expected && stretch < Points(); ++stretch) {
+        const auto [mean, deviation] = ExpectedAt(stretch);
+        low = std::min(low, mean - kMostDeviations * deviation);
+        high = std::max(high, mean + kMostDeviations * deviation);
+    }
     const double step = RoundStep((high - low) / kAmountLines, kSmallestStep);
     Axis axis{std::floor(low / step) * step, std::ceil(high / step) * step, step};
     if (axis.to <= axis.from) axis.to = axis.from + step;
     return axis;
 }
 
-std::int64_t CreditChart::HandStep() const {
-    const QFontMetricsF font(this->font());
-    const double widest = font.horizontalAdvance(Grouped(history.Hands())) * 1.5;
-    const double marks = std::clamp(Plot().width() / widest, 1.0, double{kMostHandMarks});
+ExpectedGain CreditChart::ExpectedAt(int stretch) const {
+    return GainOf(history.WagersUntil()[static_cast<std::size_t>(stretch)], *expected);
+}
+
+std::int64_t CreditChart::HandStep(const ChartSheet& sheet, const QRectF& plot) const {
+    const double widest = sheet.WidthOf(Grouped(history.Hands())) * 1.5;
+    const double marks = std::clamp(plot.width() / widest, 1.0, double{kMostHandMarks});
     return std::llround(RoundStep(static_cast<double>(history.Hands()) / marks, 1));
 }
 
-QRectF CreditChart::Plot() const {
-    const QFontMetricsF font(this->font());
-    const double line = font.lineSpacing();
-    const double labels = std::max(font.horizontalAdvance(Amount(amounts.from)),
-                                   font.horizontalAdvance(Amount(amounts.to)));
-    const double lastNumber = font.horizontalAdvance(Grouped(history.Hands())) / 2;
-    const QRectF all(0, 0, width(), height());
-    return all.adjusted(labels + kSideLines * line, kHeadLines * line, -line - lastNumber,
-                        -kFootLines * line);
+QRectF CreditChart::Plot(const ChartSheet& sheet) const {
+    const double line = sheet.Line();
+    const double labels =
+        std::max(sheet.WidthOf(Amount(amounts.from)), sheet.WidthOf(Amount(amounts.to)));
+    const double lastNumber = sheet.WidthOf(Grouped(history.Hands())) / 2;
+    const double legend = LegendHeight(sheet, sheet.area.width() - 2 * line, LegendTexts());
+    const double foot = kFoot + (note.isEmpty() ? 0 : kNote);
+    return sheet.area.adjusted(labels + kSide * line, legend + (kAboveLegend + kBelowLegend) * line,
+                               -line - lastNumber, -foot * line);
 }
 
 double CreditChart::XOf(const QRectF& plot, double hand) const {
@@ -102,103 +118,199 @@ double CreditChart::YOf(const QRectF& plot, double value) const {
     return plot.bottom() - plot.height() * (value - amounts.from) / (amounts.to - amounts.from);
 }
 
-double CreditChart::HandsUntil(std::size_t stretch) const {
-    const auto hands = static_cast<std::int64_t>(stretch + 1) * history.HandsPerStretch();
-    return static_cast<double>(std::min(hands, history.Hands()));
+std::int64_t CreditChart::FirstHandOf(int stretch) const {
+    return stretch * history.HandsPerStretch() + 1;
 }
 
-std::size_t CreditChart::StretchAt(double x) const {
+std::int64_t CreditChart::LastHandOf(int stretch) const {
+    return std::min((stretch + 1) * history.HandsPerStretch(), history.Hands());
+}
+
+int CreditChart::PointAt(QPoint place) const {
+    if (history.Hands() == 0) return -1;
     const QRectF plot = Plot();
-    const double share = std::clamp((x - plot.left()) / std::max(plot.width(), 1.0), 0.0, 1.0);
+    const double share =
+        std::clamp((place.x() - plot.left()) / std::max(plot.width(), 1.0), 0.0, 1.0);
     const double hand = std::max(1.0, std::round(share * static_cast<double>(history.Hands())));
     const auto stretch = (static_cast<std::int64_t>(hand) - 1) / history.HandsPerStretch();
-    return std::min(static_cast<std::size_t>(stretch), history.Stretches().size() - 1);
+    return std::min(static_cast<int>(stretch), Points() - 1);
 }
 
-QString CreditChart::TextOf(std::size_t stretch) const {
-    const CreditHistory::Stretch& part = history.Stretches()[stretch];
-    const auto first = static_cast<std::int64_t>(stretch) * history.HandsPerStretch() + 1;
-    const auto last = static_cast<std::int64_t>(HandsUntil(stretch));
-    const QString amount = Amount(part.last);
-    if (first == last) return tr("Hand %1: %2").arg(Grouped(first), amount);
-    return tr("Hands %1 to %2: %3, between %4 and %5")
-        .arg(Grouped(first), Grouped(last), amount, Amount(part.lowest), Amount(part.highest));
+QRect CreditChart::PlaceOf(int point) const {
+    const QRectF plot = Plot();
+    const double left = XOf(plot, static_cast<double>(FirstHandOf(point)) - 0.5);
+    const double right = XOf(plot, static_cast<double>(LastHandOf(point)) + 0.5);
+    return QRectF(left, plot.top(), right - left, plot.height()).toAlignedRect();
 }
 
-void CreditChart::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setPen(ColoursOf(palette()).text);
+std::optional<int> CreditChart::PointAtRest() const {
+    return Points() > 0 ? std::optional(Points() - 1) : std::nullopt;
+}
+
+QString CreditChart::TextOf(int point) const {
+    const auto& part = history.Stretches()[static_cast<std::size_t>(point)];
+    const std::int64_t first = FirstHandOf(point);
+    const std::int64_t last = LastHandOf(point);
+    QString text = tr("Hand %1: %2").arg(Grouped(last), Amount(part.last));
+    if (first < last) {
+        text = tr("Hands %1 to %2: %3, between %4 and %5")
+                   .arg(Grouped(first), Grouped(last), Amount(part.last), Amount(part.lowest),
+                        Amount(part.highest));
+    }
+    if (!expected) return text;
+    const auto [mean, deviation] = ExpectedAt(point);
+    return tr("%1; expected %2, give or take %3").arg(text, Amount(mean), Amount(deviation));
+}
+
+QString CreditChart::Facts() const {
+    if (Points() == 0) return tr("No hand has been played in this session.");
+    const auto stretches = history.Stretches();
+    const auto lowest = std::ranges::min_element(stretches, {}, &CreditHistory::Stretch::lowest);
+    const auto highest = std::ranges::max_element(stretches, {}, &CreditHistory::Stretch::highest);
+    QStringList facts{
+        TextOf(Points() - 1),
+        tr("Lowest %1, highest %2").arg(Amount(lowest->lowest), Amount(highest->highest))};
+    if (expected) {
+        const auto [mean, deviation] = ExpectedAt(Points() - 1);
+        const double apart = deviation > 0 ? (stretches.back().last - mean) / deviation : 0;
+        facts << tr("%1 standard deviations %2 what is expected")
+                     .arg(std::abs(apart), 0, 'f', 1)
+                     .arg(apart < 0 ? tr("below") : tr("above"));
+    }
+    if (!note.isEmpty()) facts << note;
+    return facts.join('\n');
+}
+
+void CreditChart::Draw(QPainter& painter, const ChartSheet& sheet) const {
+    painter.setFont(sheet.font);
     if (history.Hands() == 0) {
-        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
+        painter.drawText(sheet.area, Qt::AlignCenter | Qt::TextWordWrap,
                          tr("No hand has been played in this session."));
         return;
     }
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QFontMetricsF letters(font());
-    const Sheet sheet{painter, ColoursOf(palette()), letters, Plot(), letters.lineSpacing()};
-    DrawAmounts(sheet);
-    DrawHands(sheet);
-    DrawCourse(sheet);
-    DrawEven(sheet);
-    DrawReading(sheet);
-    if (!hasFocus()) return;
-    painter.setPen(QPen(sheet.colours.text, 1, Qt::DotLine));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
+    const Canvas canvas{painter, sheet, Plot(sheet), sheet.Line()};
+    if (canvas.plot.width() < 1 || canvas.plot.height() < 1) return;
+    if (expected) DrawExpected(canvas);
+    DrawAmounts(canvas);
+    DrawHands(canvas);
+    DrawCourse(canvas);
+    DrawKey(canvas);
+    DrawMark(canvas);
 }
 
-void CreditChart::DrawAmounts(const Sheet& sheet) const {
-    const auto& [painter, colours, font, plot, line] = sheet;
+void CreditChart::DrawAmounts(const Canvas& canvas) const {
+    const auto& [painter, sheet, plot, line] = canvas;
     const int lines = qRound((amounts.to - amounts.from) / amounts.step);
     for (int i = 0; i <= lines; ++i) {
         const double value = amounts.from + i * amounts.step;
-        const double y = YOf(plot, value);
-        painter.setPen(QPen(colours.line, 1));
+        const double y = OnPixel(YOf(plot, value));
+        painter.setPen(QPen(sheet.colours.line, 1));
         painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
-        painter.setPen(colours.text);
-        painter.drawText(QRectF(0, y - line / 2, plot.left() - 0.5 * line, line),
+        painter.setPen(sheet.colours.text);
+        painter.drawText(QRectF(sheet.area.left(), y - line / 2,
+                                plot.left() - sheet.area.left() - 0.5 * line, line),
                          Qt::AlignRight | Qt::AlignVCenter, Amount(value));
     }
+    const double even = OnPixel(YOf(plot, 0));
+    painter.setPen(QPen(sheet.colours.text, 1));
+    painter.drawLine(QPointF(plot.left(), even), QPointF(plot.right(), even));
     painter.save();
-    painter.translate(0.9 * line, plot.center().y());
+    painter.translate(sheet.area.left() + 0.9 * line, plot.center().y());
     painter.rotate(-90);
     painter.drawText(QRectF(-plot.height() / 2, -line / 2, plot.height(), line), Qt::AlignCenter,
-                     tr("Net gain"));
+                     tr("Net gain, dollars"));
     painter.restore();
 }
 
-void CreditChart::DrawHands(const Sheet& sheet) const {
-    const auto& [painter, colours, font, plot, line] = sheet;
-    const std::int64_t step = HandStep();
+void CreditChart::DrawHands(const Canvas& canvas) const {
+    const auto& [painter, sheet, plot, line] = canvas;
+    const std::int64_t step = HandStep(sheet, plot);
     for (std::int64_t hand = 0; hand <= history.Hands(); hand += step) {
-        const double x = XOf(plot, static_cast<double>(hand));
-        painter.setPen(QPen(colours.line, 1));
+        const double x = OnPixel(XOf(plot, static_cast<double>(hand)));
+        painter.setPen(QPen(sheet.colours.line, 1));
         painter.drawLine(QPointF(x, plot.bottom()), QPointF(x, plot.bottom() + 0.3 * line));
-        painter.setPen(colours.text);
+        painter.setPen(sheet.colours.text);
         const QString number = Grouped(hand);
-        const double width = font.horizontalAdvance(number) + 2;
+        const double width = sheet.WidthOf(number) + 2;
         painter.drawText(QRectF(x - width / 2, plot.bottom() + 0.35 * line, width, line),
                          Qt::AlignCenter, number);
     }
-    painter.drawText(QRectF(plot.left(), plot.bottom() + 1.4 * line, plot.width(), line),
-                     Qt::AlignCenter, tr("Hands played"));
+    const double top = plot.bottom() + 1.4 * line;
+    painter.drawText(QRectF(plot.left(), top, plot.width(), line), Qt::AlignCenter,
+                     tr("Hands played"));
+    const QRectF below(sheet.area.left() + line, top + 1.3 * line, sheet.area.width() - 2 * line,
+                       2 * line);
+    painter.drawText(below, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, note);
+}
+
+// The last stretch of each column of pixels.
+QList<int> CreditChart::Columns(const QRectF& plot) const {
+    QList<int> columns;
+    double right = plot.left() - 1;
+    for (int stretch = 0; stretch < Points(); ++stretch) {
+        const double x = XOf(plot, static_cast<double>(LastHandOf(stretch)));
+        if (!columns.isEmpty() && x < right + 1) {
+            columns.last() = stretch;
+        } else {
+            columns.append(stretch);
+            right = x;
+        }
+    }
+    return columns;
+}
+
+void CreditChart::DrawExpected(const Canvas& canvas) const {
+    const QColor& colour = canvas.sheet.colours.second;
+    DrawBand(canvas, 2, QPen(colour, 0.8, Qt::DotLine));
+    DrawBand(canvas, 1, QPen(colour, 0.8));
+    QPolygonF mean{QPointF(XOf(canvas.plot, 0), YOf(canvas.plot, 0))};
+    for (const int stretch : Columns(canvas.plot)) {
+        mean << QPointF(XOf(canvas.plot, static_cast<double>(LastHandOf(stretch))),
+                        YOf(canvas.plot, ExpectedAt(stretch).mean));
+    }
+    canvas.painter.setPen(QPen(colour, 1.6, Qt::DashLine));
+    canvas.painter.drawPolyline(mean);
+}
+
+void CreditChart::DrawBand(const Canvas& canvas, double deviations, const QPen& edge) const {
+    const auto& [painter, sheet, plot, line] = canvas;
+    QPolygonF above{QPointF(XOf(plot, 0), YOf(plot, 0))};
+    QPolygonF below = above;
+    for (const int stretch : Columns(plot)) {
+        const auto [mean, deviation] = ExpectedAt(stretch);
+        const double x = XOf(plot, static_cast<double>(LastHandOf(stretch)));
+        above << QPointF(x, YOf(plot, mean + deviations * deviation));
+        below << QPointF(x, YOf(plot, mean - deviations * deviation));
+    }
+    QPolygonF band = above;
+    std::copy(below.crbegin(), below.crend(), std::back_inserter(band));
+    QColor shade = edge.color();
+    shade.setAlphaF(static_cast<float>(kBandShade));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(shade);
+    painter.drawPolygon(band);
+    painter.setPen(edge);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(above);
+    painter.drawPolyline(below);
 }
 
 // From hand to hand; where several share a column of pixels, an upright line of what was won in
 // it. Single lines, since stroking one path of thousands of corners takes a quarter of a second.
-void CreditChart::DrawCourse(const Sheet& sheet) const {
-    const QRectF& plot = sheet.plot;
+void CreditChart::DrawCourse(const Canvas& canvas) const {
+    const QRectF& plot = canvas.plot;
     const auto stretches = history.Stretches();
     QList<QLineF> lines;
     QPointF from(XOf(plot, 0), YOf(plot, 0));
-    for (std::size_t i = 0; i < stretches.size();) {
-        const double x = XOf(plot, HandsUntil(i));
-        CreditHistory::Stretch column = stretches[i];
-        for (++i; i < stretches.size() && XOf(plot, HandsUntil(i)) < x + 1; ++i) {
-            column.lowest = std::min(column.lowest, stretches[i].lowest);
-            column.highest = std::max(column.highest, stretches[i].highest);
-            column.last = stretches[i].last;
+    int next = 0;
+    for (const int last : Columns(plot)) {
+        CreditHistory::Stretch column = stretches[static_cast<std::size_t>(last)];
+        for (; next <= last; ++next) {
+            const auto& part = stretches[static_cast<std::size_t>(next)];
+            column.lowest = std::min(column.lowest, part.lowest);
+            column.highest = std::max(column.highest, part.highest);
         }
+        const double x = XOf(plot, static_cast<double>(LastHandOf(last)));
         const QPointF to(x, YOf(plot, column.last));
         lines.append(QLineF(from, to));
         if (column.lowest < column.highest) {
@@ -206,68 +318,65 @@ void CreditChart::DrawCourse(const Sheet& sheet) const {
         }
         from = to;
     }
-    sheet.painter.setPen(QPen(sheet.colours.first, kCourseWidth, Qt::SolidLine, Qt::RoundCap));
-    sheet.painter.drawLines(lines);
+    canvas.painter.setPen(
+        QPen(canvas.sheet.colours.first, kCourseWidth, Qt::SolidLine, Qt::RoundCap));
+    canvas.painter.drawLines(lines);
 }
 
-void CreditChart::DrawEven(const Sheet& sheet) const {
-    const auto& [painter, colours, font, plot, line] = sheet;
-    const double y = YOf(plot, 0);
-    const QPen dashes(colours.second, 1.4, Qt::DashLine);
-    painter.setPen(dashes);
-    painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
-    const QRectF sample(plot.left(), plot.bottom() + 1.4 * line, 2 * line, line);
-    painter.drawLine(QPointF(sample.left(), sample.center().y()),
-                     QPointF(sample.right(), sample.center().y()));
-    painter.setPen(colours.text);
-    painter.drawText(sample.translated(2.5 * line, 0).adjusted(0, 0, plot.width(), 0),
-                     Qt::AlignLeft | Qt::AlignVCenter, tr("Even"));
+QStringList CreditChart::LegendTexts() const {
+    QStringList texts{tr("Net gain"), tr("Even")};
+    if (expected) {
+        texts << tr("Expected") << tr("One standard deviation") << tr("Two standard deviations");
+    }
+    return texts;
 }
 
-// A mark on the hand that is read, and what is said of it in words above.
-void CreditChart::DrawReading(const Sheet& sheet) const {
-    const auto& [painter, colours, font, plot, line] = sheet;
-    const auto stretches = history.Stretches();
-    const std::size_t at = read.value_or(stretches.size() - 1);
-    painter.setPen(colours.text);
-    const QRectF above(0.5 * line, 0.4 * line, plot.right() - 0.5 * line, line);
-    painter.drawText(above, Qt::AlignRight | Qt::AlignVCenter,
-                     font.elidedText(TextOf(at), Qt::ElideRight, above.width()));
-    const QPointF mark(XOf(plot, HandsUntil(at)), YOf(plot, stretches[at].last));
-    if (read) painter.drawLine(QPointF(mark.x(), plot.top()), QPointF(mark.x(), plot.bottom()));
-    painter.setBrush(colours.first);
+void CreditChart::DrawKey(const Canvas& canvas) const {
+    const auto& [painter, sheet, plot, line] = canvas;
+    const ChartColours& colours = sheet.colours;
+    const auto stroke = [&](const QPen& pen) {
+        return [&painter = painter, pen](const QRectF& place) {
+            painter.setPen(pen);
+            painter.drawLine(QPointF(place.left(), place.center().y()),
+                             QPointF(place.right(), place.center().y()));
+        };
+    };
+    const auto shade = [&](float alpha, Qt::PenStyle edge) {
+        QColor fill = colours.second;
+        fill.setAlphaF(alpha);
+        return
+            [&painter = painter, fill, pen = QPen(colours.second, 0.8, edge)](const QRectF& place) {
+                painter.setPen(pen);
+                painter.setBrush(fill);
+                painter.drawRect(place.adjusted(0, 0.2 * place.height(), 0, -0.2 * place.height()));
+            };
+    };
+    const auto band = static_cast<float>(kBandShade);
+    const std::function<void(const QRectF&)> samples[] = {
+        stroke(QPen(colours.first, kCourseWidth)), stroke(QPen(colours.text, 1)),
+        stroke(QPen(colours.second, 1.6, Qt::DashLine)), shade(2 * band, Qt::SolidLine),
+        shade(band, Qt::DotLine)};
+    QList<LegendItem> items;
+    for (const QString& text : LegendTexts()) items.append({text, samples[items.size()]});
+    DrawLegend(painter, sheet, sheet.area.adjusted(line, kAboveLegend * line, -line, 0), items);
+}
+
+// On the hand that is read, or the last one.
+void CreditChart::DrawMark(const Canvas& canvas) const {
+    const auto& [painter, sheet, plot, line] = canvas;
+    const int at = sheet.read.value_or(Points() - 1);
+    const QPointF mark(XOf(plot, static_cast<double>(LastHandOf(at))),
+                       YOf(plot, history.Stretches()[static_cast<std::size_t>(at)].last));
+    painter.setPen(sheet.colours.text);
+    if (sheet.read) {
+        painter.drawLine(QPointF(mark.x(), plot.top()), QPointF(mark.x(), plot.bottom()));
+    }
+    painter.setBrush(sheet.colours.first);
     painter.drawEllipse(mark, 0.25 * line, 0.25 * line);
 }
 
-void CreditChart::Read(std::optional<std::size_t> stretch) {
-    if (read == stretch) return;
-    read = stretch;
-    update();
-}
-
 void CreditChart::mouseMoveEvent(QMouseEvent* event) {
-    if (history.Hands() == 0) return;
-    const std::size_t stretch = StretchAt(event->position().x());
-    Read(stretch);
-    QToolTip::showText(event->globalPosition().toPoint(), TextOf(stretch), this);
-}
-
-void CreditChart::leaveEvent(QEvent* /*event*/) { Read(std::nullopt); }
-
-void CreditChart::focusOutEvent(QFocusEvent* event) {
-    Read(std::nullopt);
-    QWidget::focusOutEvent(event);
-}
-
-void CreditChart::keyPressEvent(QKeyEvent* event) {
-    if (history.Hands() == 0) return QWidget::keyPressEvent(event);
-    const auto last = static_cast<int>(history.Stretches().size()) - 1;
-    const int page = std::max(last / 20, 1);
-    const std::pair<int, int> steps[] = {{Qt::Key_Left, -1},      {Qt::Key_Right, 1},
-                                         {Qt::Key_PageUp, -page}, {Qt::Key_PageDown, page},
-                                         {Qt::Key_Home, -last},   {Qt::Key_End, last}};
-    const auto* step = std::ranges::find(steps, event->key(), &std::pair<int, int>::first);
-    if (step == std::end(steps)) return QWidget::keyPressEvent(event);
-    const int at = read ? static_cast<int>(*read) : last;
-    Read(static_cast<std::size_t>(std::clamp(at + step->second, 0, last)));
+    Chart::mouseMoveEvent(event);
+    const int point = PointAt(event->position().toPoint());
+    if (point >= 0) QToolTip::showText(event->globalPosition().toPoint(), TextOf(point), this);
 }

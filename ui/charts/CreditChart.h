@@ -1,34 +1,44 @@
-// The course of a session's net gain, hand by hand. The pointer, or the arrow keys, read single
-// hands; where hands are drawn together, an upright line is what their gains ran through.
+// The course of a session's net gain, hand by hand, before what the exact analysis expects of it:
+// the mean, and the bands of one and of two standard deviations. Where hands are drawn together, an
+// upright line is what their gains ran through.
 #pragma once
-#include <QWidget>
 #include <cstddef>
 #include <optional>
 
 #include "game/engine/CreditHistory.h"
+#include "game/reports/ExpectedPlay.h"
+#include "ui/charts/Chart.h"
 
-class CreditChart : public QWidget {
+class CreditChart : public Chart {
     Q_OBJECT
 
   public:
-    // Shows the history as it is now. One without hands gives a chart that says so.
-    CreditChart(CreditHistory shown, QWidget* parent);
+    explicit CreditChart(QWidget* parent);
 
-    QSize sizeHint() const override;
+    // Shows the history as it is now. One without hands gives a chart that says so.
+    void ShowSession(CreditHistory shown);
+
+    // Draws what is expected behind the course; a note says of what it is, or why it is not there.
+    void ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says);
+
     QSize minimumSizeHint() const override;
 
-    // Where the curve is drawn, in logical pixels.
-    QRectF Plot() const;
+    // Where the curve is drawn in the window, in logical pixels.
+    QRectF Plot() const { return Plot(Screen()); }
 
-    // What is said of a stretch of the history: "Hands 9 to 12: $5.00, between $-1.25 and $20.00".
-    QString TextOf(std::size_t stretch) const;
+    // A point is a stretch of the history, of one hand or more: "Hands 9 to 12: $5.00, between
+    // $-1.25 and $20.00".
+    int Points() const override { return static_cast<int>(history.Stretches().size()); }
+    QString TextOf(int point) const override;
+    QRect PlaceOf(int point) const override;
+    int PointAt(QPoint place) const override;
 
   protected:
-    void paintEvent(QPaintEvent* event) override;
+    QSizeF SizeFor(const ChartSheet& sheet) const override;
+    void Draw(QPainter& painter, const ChartSheet& sheet) const override;
+    QString Facts() const override;
+    std::optional<int> PointAtRest() const override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
   private:
     struct Axis {
@@ -36,23 +46,28 @@ class CreditChart : public QWidget {
         double to = 1;
         double step = 1;
     };
-
-    struct Sheet;
+    struct Canvas;
 
     Axis AmountAxis() const;
-    std::int64_t HandStep() const;  // between the numbers below the plot
+    std::int64_t HandStep(const ChartSheet& sheet, const QRectF& plot) const;
+    QRectF Plot(const ChartSheet& sheet) const;
     double XOf(const QRectF& plot, double hand) const;
     double YOf(const QRectF& plot, double value) const;
-    double HandsUntil(std::size_t stretch) const;  // the number of its last hand
-    std::size_t StretchAt(double x) const;
-    void Read(std::optional<std::size_t> stretch);
-    void DrawAmounts(const Sheet& sheet) const;
-    void DrawHands(const Sheet& sheet) const;
-    void DrawEven(const Sheet& sheet) const;
-    void DrawCourse(const Sheet& sheet) const;
-    void DrawReading(const Sheet& sheet) const;
+    std::int64_t FirstHandOf(int stretch) const;
+    std::int64_t LastHandOf(int stretch) const;
+    ExpectedGain ExpectedAt(int stretch) const;
+    QStringList LegendTexts() const;
+    QList<int> Columns(const QRectF& plot) const;
+    void DrawAmounts(const Canvas& canvas) const;
+    void DrawHands(const Canvas& canvas) const;
+    void DrawExpected(const Canvas& canvas) const;
+    void DrawBand(const Canvas& canvas, double deviations, const QPen& edge) const;
+    void DrawCourse(const Canvas& canvas) const;
+    void DrawKey(const Canvas& canvas) const;
+    void DrawMark(const Canvas& canvas) const;
 
     CreditHistory history;
+    std::optional<ExpectedPlay> expected;
+    QString note;
     Axis amounts;
-    std::optional<std::size_t> read;  // the stretch under the pointer
 };

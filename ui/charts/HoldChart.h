@@ -3,10 +3,11 @@
 // a heavier print, not by their colour alone.
 #pragma once
 #include <QStringList>
-#include <QWidget>
 #include <vector>
 
-class HoldChart : public QWidget {
+#include "ui/charts/Chart.h"
+
+class HoldChart : public Chart {
     Q_OBJECT
 
   public:
@@ -28,21 +29,24 @@ class HoldChart : public QWidget {
     int RowAt(QPoint point) const;
     QRect RowRect(int row) const;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    int Points() const override { return static_cast<int>(holds.size()); }
+    QString TextOf(int point) const override;
+    QString NoteOf(int point) const override;
+    QRect PlaceOf(int point) const override { return RowRect(point); }
+    int PointAt(QPoint place) const override { return RowAt(place); }
 
   protected:
-    bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    QSizeF SizeFor(const ChartSheet& sheet) const override;
+    void Draw(QPainter& painter, const ChartSheet& sheet) const override;
+    QString Facts() const override;
 
   private:
     struct Columns;
 
-    Columns Measure() const;
-    void PaintAxis(QPainter& painter, const Columns& columns) const;
-    void PaintRow(QPainter& painter, const Columns& columns, int row) const;
-    void PaintBar(QPainter& painter, const QRectF& bar, bool best) const;
+    Columns Measure(const ChartSheet& sheet) const;
+    QRectF RowOn(const ChartSheet& sheet, const Columns& columns, int row) const;
+    void DrawAxis(QPainter& painter, const ChartSheet& sheet, const Columns& columns) const;
+    void DrawRow(QPainter& painter, const ChartSheet& sheet, const Columns& columns, int row) const;
 
     std::vector<Hold> holds;
 };

@@ -113,7 +113,7 @@ QRegion CMorvikView::NextFrame() {
     const std::int64_t time = motionTime();
     const bool moves = motion.Moves(time);
     const Moment next = moves ? motion.At(time) : Moment{};
-    const QRegion changed = ChangedRegion(moment, next, shown, places);
+    QRegion changed = ChangedRegion(moment, next, shown, places);
     moment = next;
     if (moves && !frameDue.isActive()) frameDue.start(kFrameTime, Qt::PreciseTimer, this);
     if (!moves) {

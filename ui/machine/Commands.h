@@ -30,6 +30,7 @@ enum Command : int {
     kPlayStatistics = 700,
     kAnalyzeHand = 701,
     kAnalyzeGame = 702,
+    kAllGames = 710,
     kSpeedFast = 800,
     kSpeedNormal = 801,
     kSpeedSlow = 802,

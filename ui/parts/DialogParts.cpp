@@ -19,6 +19,7 @@
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
 #include "core/text/WholeNumber.h"
+#include "ui/parts/FindingList.h"
 
 namespace {
 
@@ -106,7 +107,7 @@ QLabel* Caption(const QString& text, QWidget* buddy) {
 }
 
 QComboBox* GameList(QDialog& dialog, const std::vector<std::string>& games, int shown) {
-    auto* list = new QComboBox(&dialog);
+    auto* list = new FindingList(&dialog);
     list->setObjectName("game");
     list->setMaxVisibleItems(20);
     list->setMinimumWidth(WidthOf(dialog, shown));

@@ -43,7 +43,8 @@ QDialogButtonBox* LayOutQuestion(QDialog& dialog, const QString& label, QWidget&
 // The caption of a widget, whose letter with Alt goes there.
 QLabel* Caption(const QString& text, QWidget* buddy);
 
-// A list of games (named "game") that shows about so many characters of each.
+// A list of games (named "game") that shows about so many characters of each, and finds them as
+// they are typed.
 QComboBox* GameList(QDialog& dialog, const std::vector<std::string>& games, int shown);
 
 // Selects a game, which is found in any letter case; nothing when it is not in the list.

@@ -2,7 +2,9 @@
 #pragma once
 #include <QString>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 
 class QWidget;
 
@@ -19,6 +21,22 @@ std::optional<std::string> AskFileToOpen(const FileKind& kind, const std::string
 // caption.
 std::optional<std::string> AskFileToSave(const QString& caption, const FileKind& kind,
                                          const std::string& proposed, QWidget* parent);
+
+struct FileOfKind {
+    std::string path;
+    std::size_t kind = 0;  // which of those offered
+};
+
+// The same with several kinds: the name's extension says which is meant, otherwise the filter that
+// was chosen.
+std::optional<FileOfKind> AskFileToSave(const QString& caption, std::span<const FileKind> kinds,
+                                        const std::string& proposed, QWidget* parent);
+
+// A file of this name in the folder of the documents, with a '-' for each '/' in the name.
+std::string ProposedFile(QString name);
+
+// Puts the contents in the place of the file's. The player is told when that could not be done.
+bool WriteFileOrTell(const std::string& path, std::string_view contents, QWidget* parent);
 
 // Asks for a place and writes the report there, its lines ended as files of this system have them.
 // The name is proposed in the folder of the documents, with a '-' for each '/' in it. The player is

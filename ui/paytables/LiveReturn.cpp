@@ -9,16 +9,10 @@ constexpr int kPauseMs = 200;
 }  // namespace
 
 LiveReturn::LiveReturn(const PayTableEditor& editor, QWidget* parent)
-    : QLabel(parent), editor(editor), analysis([this](const LiveResult& result) {
-          emit Reckoned(result.run, result.returnPercent, result.variance);
+    : QLabel(parent), editor(editor), analysis([this](const LiveResult& reported) {
+          QMetaObject::invokeMethod(
+              this, [this, reported] { Take(reported); }, Qt::QueuedConnection);
       }) {
-    connect(
-        this, &LiveReturn::Reckoned, this,
-        [this](quint64 run, double returnPercent, double variance) {
-            const LiveResult result{run, returnPercent, variance};
-            if (analysis.IsLatest(result)) Tell(QString::fromStdString(LiveText(result)));
-        },
-        Qt::QueuedConnection);
     setObjectName("live");
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
@@ -47,7 +41,8 @@ void LiveReturn::Note(const QString& text) {
 }
 
 LiveReturn::Subject LiveReturn::Shown() const {
-    return {editor.gameName, editor.GameId(), editor.TableIndex(), editor.texts};
+    return {editor.gameName, editor.GameId(), editor.TableIndex(), editor.texts,
+            editor.StoredFigures()};
 }
 
 // The last line stays to be read, but it does not hold any more.
@@ -60,15 +55,23 @@ void LiveReturn::Wait() {
 
 void LiveReturn::Begin() {
     reckoned = Shown();
-    if (const auto problem = editor.Problem()) {
+    if (const auto problem = editor.TableProblem()) {
+        result.reset();
         return Tell(QString::fromStdString(LiveText(*problem)));
     }
     PayTable table = TableOf(editor.texts, editor.GameId());
     if (!CanAnalyzeGame(table)) {
+        result.reset();
         return Tell(
             tr("Game analysis not available for %1.").arg(QString::fromStdString(editor.gameName)));
     }
-    analysis.Start(std::move(table));
+    analysis.Start(std::move(table), editor.StoredFigures());
+}
+
+void LiveReturn::Take(const LiveResult& reported) {
+    if (!analysis.IsLatest(reported)) return;
+    result = reported;
+    Tell(QString::fromStdString(LiveText(reported)));
 }
 
 void LiveReturn::Tell(const QString& text) {
@@ -83,4 +86,5 @@ void LiveReturn::ShowLine() {
     if (waiting) line = told.isEmpty() ? tr("…") : tr("%1 …").arg(told);
     setText(noted ? note + "  " + line : line);
     setEnabled(!waiting);
+    emit Refreshed();
 }

@@ -1,4 +1,4 @@
-// The line under a pay table that is edited: its exact return and variance a moment after the last
+// The line about a pay table that is edited: its exact return and variance a moment after the last
 // change, or what it still lacks, and what was last done with it. The window stays free meanwhile,
 // and the next change starts over.
 #pragma once
@@ -25,9 +25,14 @@ class LiveReturn : public QLabel {
     // Says what has been done with the table, from now until the next change. Changed follows.
     void Note(const QString& text);
 
+    // What is known of the table, or was of the one before while that is being found out; nothing
+    // where it has a fault.
+    const std::optional<LiveResult>& Result() const { return result; }
+    bool IsWaiting() const { return waiting; }
+
   signals:
-    // From the thread of the analysis.
-    void Reckoned(quint64 run, double returnPercent, double variance);
+    // Result or IsWaiting may be others.
+    void Refreshed();
 
   private:
     // All that the line depends on.
@@ -36,6 +41,7 @@ class LiveReturn : public QLabel {
         int gameId = 0;
         int tableIndex = 0;
         PayTableTexts texts;
+        std::optional<PayTable> stored;
 
         bool operator==(const Subject&) const = default;
     };
@@ -43,13 +49,15 @@ class LiveReturn : public QLabel {
     Subject Shown() const;
     void Wait();
     void Begin();
+    void Take(const LiveResult& reported);
     void Tell(const QString& text);
     void ShowLine();
 
     const PayTableEditor& editor;
     std::optional<Subject> reckoned;  // what the line is about, or will be when it is reckoned
-    QString told;                     // the last return or problem
-    bool waiting = false;             // for the next one
+    std::optional<LiveResult> result;
+    QString told;          // the last return or problem
+    bool waiting = false;  // for the next one
     QString note;
     std::optional<Subject> noted;  // for which the note holds
     QTimer pause;

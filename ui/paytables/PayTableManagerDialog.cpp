@@ -1,98 +1,67 @@
 #include "ui/paytables/PayTableManagerDialog.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QWheelEvent>
-#include <algorithm>
 
 #include "ui/parts/DialogParts.h"
+#include "ui/paytables/FieldKeys.h"
+#include "ui/paytables/FormFields.h"
+#include "ui/paytables/LineArea.h"
 #include "ui/paytables/LiveReturn.h"
-#include "ui/paytables/RenameGameDialog.h"
-#include "ui/paytables/SelectGameDialog.h"
+#include "ui/paytables/PayTableFileDialogs.h"
 
 namespace {
 
-constexpr int kLongestText = 80;  // bytes
-constexpr int kPayoutColumn = 2;
-constexpr int kOfferedRanks = 17;  // the last two are in tables made elsewhere
-constexpr int kEndOfTable = -1;    // data of that entry of a rank list
-constexpr int kNothing = -1;       // selected in a list
+constexpr int kLongestText = static_cast<int>(kLongestTableText);
+constexpr int kButtonsInRow = 5;
 constexpr bool (PayTableEditor::*kAlways)() const = nullptr;
 
-// Turned over, the wheel scrolls the lines instead of changing a rank that nobody looks at.
-class RankList : public QComboBox {
-  public:
-    using QComboBox::QComboBox;
-
-  protected:
-    void wheelEvent(QWheelEvent* event) override {
-        if (hasFocus()) {
-            QComboBox::wheelEvent(event);
-        } else {
-            event->ignore();
-        }
-    }
-};
-
-// As large as what it holds where the screen allows.
-class LineArea : public QScrollArea {
-  public:
-    using QScrollArea::QScrollArea;
-
-    QSize sizeHint() const override {
-        const int frame = 2 * frameWidth();
-        return widget()->sizeHint() + QSize(frame + verticalScrollBar()->sizeHint().width(), frame);
-    }
-};
-
-QString NameOfRank(HandRank rank) { return QString::fromUtf8(RankInfo(rank).longName); }
-
-void ShowText(QLineEdit& box, const std::string& shown) {
-    const QString text = QString::fromStdString(shown);
-    if (box.text() == text) return;
-    box.setText(text);
-    box.setCursorPosition(0);  // of a long text the beginning is seen
-}
-
-// A rank that is not offered stands in the list of the line that has it.
-void ShowRank(QComboBox& list, HandRank rank) {
-    const int number = static_cast<int>(rank);
-    if (number >= kOfferedRanks && list.findData(number) < 0) {
-        list.insertItem(kOfferedRanks, NameOfRank(rank), number);
-    }
-    list.setCurrentIndex(rank == HandRank::kUnknown ? kNothing : list.findData(number));
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 }  // namespace
 
 PayTableManagerDialog::PayTableManagerDialog(PayTableEditor& editor, QWidget* parent)
-    : QDialog(parent), editor(editor) {
+    : QDialog(parent),
+      editor(editor),
+      questions(*this, [this](FieldPlace place) { GoTo(place); }),
+      fields(new FormFields(editor, *this)),
+      live(new LiveReturn(editor, this)),
+      detail(new QLabel(this)) {
     setObjectName("payTableManager");
-    setWindowTitle(tr("Pay Table Manager"));
+    detail->setObjectName("liveDetail");
+    detail->setWordWrap(true);
+    detail->setTextFormat(Qt::PlainText);
+    detail->setToolTip(
+        tr("What a bet of one coin returns, the change of the return against the "
+           "table as it is stored, and the least Max Payout of the line that pays "
+           "most with which the game returns 100 %"));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeGameBand());
     layout->addLayout(MakeTypeBand());
-    layout->addWidget(MakeLines(), 1);
-    live = new LiveReturn(editor, this);
     layout->addWidget(live);
+    layout->addWidget(detail);
+    layout->addWidget(MakeLines(), 1);
+    keys = new FieldKeys(*fields, editor, *this);
     layout->addLayout(MakeButtons());
+    Connect();
     ShowAll();
     resize(sizeHint().boundedTo(screen()->availableSize() * 0.95));
-    QWidget* first = ControlAt({FormField::kName});
-    (first->isEnabled() ? first : ControlAt({FormField::kPayout, 0}))->setFocus();
+    QWidget* first = fields->ControlAt({FormField::kName});
+    (first->isEnabled() ? first : fields->ControlAt({FormField::kPayout, 0}))->setFocus();
 }
 
 QLayout* PayTableManagerDialog::MakeGameBand() {
     auto* layout = new QHBoxLayout;
-    auto* name = AddText("gameName", 24, editor.gameName, {FormField::kName});
+    auto* name = fields->AddText("gameName", 24, editor.gameName, {FormField::kName});
     layout->addWidget(Caption(tr("&Game Name"), name));
     layout->addWidget(name, 1);
     AddSetting(*layout, tr("Max &Bet"), "maxBet", 4, editor.texts.maxBet, FormField::kMaxBet);
@@ -108,15 +77,15 @@ QLayout* PayTableManagerDialog::MakeTypeBand() {
     using enum FormField;
     auto* layout = new QHBoxLayout;
     auto* types = RowInGroup(tr("Game Type"), "gameType", this);
-    types->addWidget(AddType(tr("&OEJ"), "oej", GameType::kOneEyedJacks, kOneEyedJacks));
-    types->addWidget(AddType(tr("&5 Aces"), "fiveAces", GameType::kFiveAces, kFiveAces));
-    types->addWidget(AddType(tr("Pic&k 'Em"), "pickEm", GameType::kPickEm, kPickEm));
+    types->addWidget(fields->AddType(tr("&OEJ"), "oej", GameType::kOneEyedJacks, kOneEyedJacks));
+    types->addWidget(fields->AddType(tr("&5 Aces"), "fiveAces", GameType::kFiveAces, kFiveAces));
+    types->addWidget(fields->AddType(tr("Pic&k 'Em"), "pickEm", GameType::kPickEm, kPickEm));
     layout->addWidget(types->parentWidget());
     layout->addStretch();
 
     PayTableTexts& texts = editor.texts;
     auto* settings = new QHBoxLayout;
-    settings->addWidget(AddCheck(
+    settings->addWidget(fields->AddCheck(
         tr("&Wilds"), "wilds", [&texts] { return texts.usesWilds; },
         [&texts](bool checked) { CheckWilds(texts, checked); }, {kWilds}));
     AddSetting(*settings, tr("&Jokers"), "jokers", 4, texts.jokers, kJokers);
@@ -135,7 +104,7 @@ QLayout* PayTableManagerDialog::MakeTypeBand() {
 QLineEdit* PayTableManagerDialog::AddSetting(QBoxLayout& layout, const QString& caption,
                                              const char* name, int shown, std::string& text,
                                              FormField field) {
-    auto* box = AddText(name, shown, text, {field});
+    auto* box = fields->AddText(name, shown, text, {field});
     box->setMaximumWidth(box->minimumWidth() * 2);
     layout.addWidget(Caption(caption, box));
     layout.addWidget(box);
@@ -143,231 +112,181 @@ QLineEdit* PayTableManagerDialog::AddSetting(QBoxLayout& layout, const QString& 
 }
 
 QWidget* PayTableManagerDialog::MakeLines() {
-    lines = new LineArea(this);
-    lines->setObjectName("lines");
-    lines->setFocusPolicy(Qt::NoFocus);
-    lines->setWidgetResizable(true);
-    auto* content = new QWidget(lines);
-    auto* layout = new QGridLayout(content);
-    const QStringList captions = {tr("Hand Rank"),  tr("Description"), tr("Pa&yout"),
-                                  tr("Max Payout"), tr("Bonus/Quads"), tr("Kicker"),
-                                  tr("Wilds OK")};
-    QList<QLabel*> headings;
-    for (int column = 0; column < captions.size(); ++column) {
-        headings.append(new QLabel(captions[column], content));
-        layout->addWidget(headings.back(), 0, column + 1);
-    }
-    layout->setColumnStretch(2, 3);
-    layout->setColumnStretch(5, 1);
-    layout->setColumnStretch(6, 1);
-    for (int line = 0; line < kMaxPayLines; ++line) MakeLine(*layout, line);
-    headings[kPayoutColumn]->setBuddy(ControlAt({FormField::kPayout, 0}));  // a way into the lines
-    layout->setRowStretch(kMaxPayLines + 1, 1);
-    lines->setWidget(content);
+    rows = new LineRows(*fields, editor, this);
+    lines = new LineArea(rows, fields->ControlAt({FormField::kPayout, 0}), this);
     return lines;
 }
 
-void PayTableManagerDialog::MakeLine(QGridLayout& layout, int line) {
-    using enum FormField;
-    PayLineTexts& texts = editor.texts.lines[static_cast<std::size_t>(line)];
-    const int row = line + 1;
-    int column = 0;
-    auto* number = new QLabel(QString::number(row));
-    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    layout.addWidget(number, row, column++);
-    layout.addWidget(AddRankList(line), row, column++);
-    const auto add = [&](const QString& caption, const char* name, int shown, std::string& text,
-                         FormField field) {
-        auto* box = AddText(name + QString::number(line), shown, text, {field, line});
-        box->setAccessibleName(tr("%1, line %2").arg(caption, QString::number(row)));
-        layout.addWidget(box, row, column++);
-        return box;
-    };
-    add(tr("Description"), "description", 24, texts.description, kDescription);
-    for (auto* box : {add(tr("Payout"), "payout", 7, texts.payout, kPayout),
-                      add(tr("Max Payout"), "maxPayout", 7, texts.maxPayout, kMaxPayout)}) {
-        box->setAlignment(Qt::AlignRight);
-        box->setMaximumWidth(WidthOf(*box, 12));
-    }
-    for (auto* box : {add(tr("Bonus/Quads"), "bonusQuads", 18, texts.bonusQuads, kBonusQuads),
-                      add(tr("Kicker"), "kicker", 9, texts.kickers, kKickers)}) {
-        connect(box, &QLineEdit::textChanged, box, &QWidget::setToolTip);
-    }
-    auto* wildsOK = AddCheck(
-        "", "wildsOK" + QString::number(line), [&texts] { return texts.wildsOK; },
-        [&texts](bool checked) { texts.wildsOK = checked; }, {kWildsOK, line});
-    wildsOK->setAccessibleName(tr("Wilds OK, line %1").arg(row));
-    layout.addWidget(wildsOK, row, column, Qt::AlignHCenter);
+QPushButton* PayTableManagerDialog::AddButton(QGridLayout& layout, const QString& caption,
+                                              const char* name, Condition isEnabled,
+                                              const std::function<void()>& command) {
+    auto* button = ActionButton(*this, caption, name, [this, command] {
+        command();
+        ShowAll();
+    });
+    if (isEnabled) conditions.push_back({button, isEnabled});
+    const int place = layout.count();
+    layout.addWidget(button, place / kButtonsInRow, place % kButtonsInRow);
+    return button;
 }
 
 QLayout* PayTableManagerDialog::MakeButtons() {
-    constexpr int kInRow = 5;
     auto* layout = new QGridLayout;
     using Editor = PayTableEditor;
-    int place = 0;
     const auto add = [&](const QString& caption, const char* name, Condition isEnabled,
                          const std::function<void()>& command) {
-        auto* button = ActionButton(*this, caption, name, [this, command] {
-            command();
-            ShowAll();
-        });
-        if (isEnabled) conditions.push_back({button, isEnabled});
-        layout->addWidget(button, place / kInRow, place % kInRow);
-        ++place;
-        return button;
+        return AddButton(*layout, caption, name, isEnabled, command);
     };
-    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable,
-        [this] { editor.GoToPreviousTable(); });
-    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable, [this] { editor.GoToNextTable(); });
+    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable, [this] {
+        if (editor.MayLeave(questions)) editor.GoToPreviousTable();
+    });
+    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable, [this] {
+        if (editor.MayLeave(questions)) editor.GoToNextTable();
+    });
     auto* changeGame =
-        add(tr("C&hange Game"), "changeGame", kAlways, [this] { editor.ChangeGame(*this); });
+        add(tr("C&hange Game"), "changeGame", kAlways, [this] { editor.ChangeGame(questions); });
     add(tr("&Load Template"), "loadTemplate", &Editor::HasOwnTable,
-        [this] { editor.LoadTemplate(*this); });
+        [this] { editor.LoadTemplate(questions); });
     add(tr("&Clear"), "clear", &Editor::HasTable, [this] { editor.Clear(); });
-    auto* save = add(tr("&Save Tbl"), "saveTable", &Editor::HasTable, [this] {
-        if (editor.Save(*this)) NoteTable(tr("Table %1 is saved."));
-    });
+    save = add(tr("&Save Tbl"), "saveTable", &Editor::HasTable, [this] { Save(); });
     save->setDefault(true);  // Enter, which may be pressed by chance, loses nothing then
+    save->installEventFilter(this);
     add(tr("Make &Active"), "makeActive", &Editor::HasTable, [this] {
-        if (editor.MakeActive(*this)) NoteTable(tr("Table %1 is saved and active."));
+        if (editor.MakeActive(questions)) NoteTable(tr("Table %1 is saved and active."));
     });
-    add(tr("&Rename Game"), "renameGame", &Editor::HasOwnTable, [this] { editor.Rename(*this); });
-    add(tr("D&elete Tbl"), "deleteTable", &Editor::HasOwnTable, [this, changeGame] {
-        editor.Delete(*this);
+    add(tr("&Rename Game"), "renameGame", &Editor::HasOwnTable,
+        [this] { editor.Rename(questions); });
+    add(tr("D&elete Tbl"), "deleteTable", &Editor::HasDeletableTable, [this, changeGame] {
+        editor.Delete(questions);
         if (!editor.HasTable()) changeGame->setFocus();
     });
     add(tr("Add &Tbl"), "addTable", &Editor::HasTable, [this] {
-        if (editor.Add(*this)) NoteTable(tr("Table %1 is saved."));
+        if (editor.Add(questions)) NoteTable(tr("Table %1 is saved."));
     });
-    layout->setColumnStretch(kInRow, 1);
+    AddMenus(*layout);
+    // It shares its letter with the button that is off when this one is there.
+    restore = add(tr("&Restore"), "restore", &Editor::HasShippedTable, [this] {
+        if (editor.Restore(questions)) NoteTable(tr("Table %1 is as it was shipped."));
+    });
+    layout->setColumnStretch(kButtonsInRow, 1);
     layout->addWidget(ActionButton(*this, tr("&Done"), "done", [this] { accept(); }), 0, 6);
     layout->addWidget(ActionButton(*this, tr("Cancel"), "cancel", [this] { reject(); }), 1, 6);
     return layout;
 }
 
-QLineEdit* PayTableManagerDialog::AddText(const QString& name, int shown, std::string& text,
-                                          FieldPlace place) {
-    auto* box = TypingBox(*this, name.toLatin1().constData(), shown, kLongestText);
-    LimitToBytes(*box, kLongestText);
-    fields.push_back({box, place, [box, &text] { ShowText(*box, text); }});
-    connect(box, &QLineEdit::textEdited, this, [this, &text](const QString& typed) {
-        text = typed.toStdString();
+void PayTableManagerDialog::AddMenus(QGridLayout& layout) {
+    const auto nothing = [] {};
+    AddButton(layout, tr("Re&vise"), "revise", kAlways, nothing)->setMenu(keys->MakeMenu());
+    auto* files = new QMenu(this);
+    files->setObjectName("filesMenu");
+    auto* import = files->addAction(tr("&Import..."), this,
+                                    [this] { NoteDone(ImportTables(editor, questions, this)); });
+    import->setObjectName("import");
+    files->addSeparator();
+    AddExports(*files);
+    AddButton(layout, tr("&Files"), "files", &PayTableEditor::HasTable, nothing)->setMenu(files);
+}
+
+void PayTableManagerDialog::AddExports(QMenu& menu) {
+    const auto add = [&](const QString& caption, const char* name, auto command,
+                         TableFormat format) {
+        auto* action = menu.addAction(caption, this, [this, command, format] {
+            NoteDone(command(editor, questions, format, this));
+        });
+        action->setObjectName(name);
+    };
+    add(tr("Export Table as &Text..."), "exportTable", &ExportTable, TableFormat::kText);
+    add(tr("Export Table as &CSV..."), "exportTableCsv", &ExportTable, TableFormat::kCsv);
+    add(tr("Export &Game as Text..."), "exportGame", &ExportGame, TableFormat::kText);
+    add(tr("Export Game as C&SV..."), "exportGameCsv", &ExportGame, TableFormat::kCsv);
+}
+
+void PayTableManagerDialog::Connect() {
+    connect(fields, &FormFields::Typed, this, [this] {
+        ShowState();
         live->Typed();
     });
-    return box;
-}
-
-QCheckBox* PayTableManagerDialog::AddCheck(const QString& caption, const QString& name,
-                                           const std::function<bool()>& isChecked,
-                                           const std::function<void(bool)>& check,
-                                           FieldPlace place) {
-    auto* box = new QCheckBox(caption, this);
-    box->setObjectName(name);
-    fields.push_back({box, place, [box, isChecked] { box->setChecked(isChecked()); }});
-    connect(box, &QCheckBox::clicked, this, [this, check](bool checked) {
-        check(checked);
-        ShowAll();
+    connect(fields, &FormFields::Changed, this, &PayTableManagerDialog::ShowAll);
+    connect(keys, &FieldKeys::Changed, this, &PayTableManagerDialog::ShowAll);
+    connect(keys, &FieldKeys::WentTo, this,
+            [this](QWidget* control) { lines->ensureWidgetVisible(control); });
+    connect(keys, &FieldKeys::Refused, this, [this](const QString& problem) {
+        questions.Tell(tr("Input Error").toStdString(), problem.toStdString());
     });
-    return box;
+    connect(rows, &LineRows::Moved, keys, &FieldKeys::MoveTo);
+    connect(live, &LiveReturn::Refreshed, this, &PayTableManagerDialog::ShowFigures);
 }
 
-QCheckBox* PayTableManagerDialog::AddType(const QString& caption, const QString& name,
-                                          GameType type, FormField field) {
-    PayTableTexts& texts = editor.texts;
-    return AddCheck(
-        caption, name, [&texts, type] { return texts.type == type; },
-        [&texts, type](bool checked) { CheckType(texts, type, checked); }, {field});
+void PayTableManagerDialog::accept() {
+    if (editor.MayLeave(questions) && isVisible()) return QDialog::accept();
+    ShowAll();
 }
 
-QComboBox* PayTableManagerDialog::AddRankList(int line) {
-    auto* list = new RankList(this);
-    list->setObjectName("rank" + QString::number(line));
-    list->setAccessibleName(tr("Hand Rank, line %1").arg(line + 1));
-    list->setFocusPolicy(Qt::StrongFocus);
-    list->setMaxVisibleItems(20);
-    for (int rank = 0; rank < kOfferedRanks; ++rank) {
-        list->addItem(NameOfRank(static_cast<HandRank>(rank)), rank);
-    }
-    list->addItem(tr("End of Table"), kEndOfTable);
-    PayLineTexts& texts = editor.texts.lines[static_cast<std::size_t>(line)];
-    fields.push_back(
-        {list, {FormField::kRank, line}, [list, &texts] { ShowRank(*list, texts.rank); }});
-    connect(list, &QComboBox::activated, this, [this, list, &texts](int chosen) {
-        ChooseRank(texts, HandRankFromNumber(list->itemData(chosen).toInt()));
-        ShowAll();
-    });
-    return list;
+void PayTableManagerDialog::reject() {
+    if (editor.MayLeave(questions) && isVisible()) return QDialog::reject();
+    ShowAll();
+}
+
+// On a table as it is stored Enter does nothing: pressed by chance, it adds no table.
+void PayTableManagerDialog::keyPressEvent(QKeyEvent* event) {
+    if (!IsEnter(*event) || editor.IsChanged()) QDialog::keyPressEvent(event);
+}
+
+bool PayTableManagerDialog::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKeyOfSave = watched == save && event->type() == QEvent::KeyPress;
+    if (isKeyOfSave && IsEnter(static_cast<QKeyEvent&>(*event)) && !editor.IsChanged()) return true;
+    return QDialog::eventFilter(watched, event);
+}
+
+void PayTableManagerDialog::Save() {
+    if (editor.Save(questions)) NoteTable(tr("Table %1 is saved."));
 }
 
 void PayTableManagerDialog::ShowAll() {
-    for (const Field& field : fields) {
-        field.show();
-        field.control->setEnabled(editor.IsEnabled(field.place));
-    }
+    editor.NoteChange();
+    fields->ShowAll();
     index->setText(editor.TableIndex() < 0 ? QString() : QString::number(editor.TableIndex()));
     for (const auto& [button, isEnabled] : conditions) {
         button->setEnabled((editor.*isEnabled)());
     }
+    restore->setVisible(!editor.IsUserGame());
+    rows->SetMovable(editor.HasOwnTable());
+    ShowState();
     live->Changed();
+}
+
+// What every key may change.
+void PayTableManagerDialog::ShowState() {
+    const bool changed = editor.IsChanged();
+    // The mark has its place in the caption only while it is shown.
+    setWindowTitle(changed ? tr("Pay Table Manager[*]") : tr("Pay Table Manager"));
+    setWindowModified(changed);
+    keys->ShowEnabled();
+}
+
+void PayTableManagerDialog::ShowFigures() {
+    const auto& result = live->Result();
+    QString text =
+        result ? QString::fromStdString(LiveDetailText(*result, editor.texts)) : QString();
+    const auto problem = editor.Problem();
+    const bool ofName = problem && problem->where.field == FormField::kName && editor.HasTable();
+    if (ofName) text = QString::fromStdString(problem->text) + (text.isEmpty() ? "" : "  ") + text;
+    detail->setText(text);
+    rows->ShowFigures(result);
 }
 
 void PayTableManagerDialog::NoteTable(const QString& text) {
     live->Note(text.arg(editor.TableIndex()));
 }
 
-QWidget* PayTableManagerDialog::ControlAt(FieldPlace place) const {
-    return std::ranges::find(fields, place, &Field::place)->control;
+void PayTableManagerDialog::NoteDone(const QString& text) {
+    if (!text.isEmpty()) live->Note(text);
+    ShowAll();
 }
 
-void PayTableManagerDialog::Refuse(const std::string& caption, const std::string& text,
-                                   FieldPlace where) {
-    Tell(caption, text);
-    QWidget* control = ControlAt(where);
-    if (where.field >= FormField::kRank) lines->ensureWidgetVisible(control);
+void PayTableManagerDialog::GoTo(FieldPlace place) {
+    QWidget* control = fields->ControlAt(place);
+    if (place.field >= FormField::kRank) lines->ensureWidgetVisible(control);
     control->setFocus();
     if (auto* box = qobject_cast<QLineEdit*>(control)) box->selectAll();
-}
-
-// Nothing is told or asked any more when the whole window closes in the middle of a command.
-void PayTableManagerDialog::Tell(const std::string& caption, const std::string& text) {
-    if (!isVisible()) return;
-    ShowMessage("message", QMessageBox::Critical, QString::fromStdString(caption),
-                QString::fromStdString(text), this);
-}
-
-OverwriteChoice PayTableManagerDialog::Overwrites(const std::string& caption,
-                                                  const std::string& question) {
-    if (!isVisible()) return OverwriteChoice::kCancel;
-    switch (ShowMessage("overwrite", QMessageBox::Question, QString::fromStdString(caption),
-                        QString::fromStdString(question), this,
-                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                        QMessageBox::No)) {
-        case QMessageBox::Yes:
-            return OverwriteChoice::kOverwrite;
-        case QMessageBox::No:
-            return OverwriteChoice::kAppend;
-        default:
-            return OverwriteChoice::kCancel;
-    }
-}
-
-bool PayTableManagerDialog::Confirms(const std::string& caption, const std::string& question) {
-    if (!isVisible()) return false;
-    return ShowMessage("confirm", QMessageBox::Warning, QString::fromStdString(caption),
-                       QString::fromStdString(question), this,
-                       QMessageBox::Ok | QMessageBox::Cancel,
-                       QMessageBox::Cancel) == QMessageBox::Ok;
-}
-
-std::optional<std::string> PayTableManagerDialog::SelectsGame(const std::vector<std::string>& games,
-                                                              const std::string& current) {
-    if (!isVisible()) return std::nullopt;
-    return AskGame(games, current, this);
-}
-
-std::optional<std::string> PayTableManagerDialog::RenamesGame(const std::string& current) {
-    if (!isVisible()) return std::nullopt;
-    RenameGameDialog dialog(current, this);
-    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return dialog.NewName();
 }

@@ -1,37 +1,41 @@
 // The pay table manager: shows the tables of any game one at a time and edits them. All rules are
-// the editor's; OK ("Done") and Cancel close it, and neither saves.
+// the editor's. OK ("Done") and Cancel close it; where something has been changed, both ask first.
 #pragma once
 #include <QDialog>
 #include <functional>
 #include <vector>
 
 #include "game/paytables/PayTableEditor.h"
+#include "ui/paytables/PayTableQuestionBoxes.h"
 
+class FieldKeys;
+class FormFields;
+class LineArea;
+class LineRows;
 class LiveReturn;
 class QBoxLayout;
-class QCheckBox;
-class QComboBox;
 class QGridLayout;
+class QLabel;
 class QLayout;
 class QLineEdit;
+class QMenu;
 class QPushButton;
-class QScrollArea;
 
-class PayTableManagerDialog : public QDialog, private PayTableQuestions {
+class PayTableManagerDialog : public QDialog {
     Q_OBJECT
 
   public:
     // The editor outlives the dialog.
     PayTableManagerDialog(PayTableEditor& editor, QWidget* parent);
 
-  private:
-    // A control, what it stands for in the editor, and what makes it show that.
-    struct Field {
-        QWidget* control;
-        FieldPlace place;
-        std::function<void()> show;
-    };
+    void accept() override;
+    void reject() override;
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
     using Condition = bool (PayTableEditor::*)() const;
     struct ConditionalButton {
         QPushButton* button;
@@ -43,30 +47,30 @@ class PayTableManagerDialog : public QDialog, private PayTableQuestions {
     QLineEdit* AddSetting(QBoxLayout& layout, const QString& caption, const char* name, int shown,
                           std::string& text, FormField field);
     QWidget* MakeLines();
-    void MakeLine(QGridLayout& layout, int line);
     QLayout* MakeButtons();
-    QLineEdit* AddText(const QString& name, int shown, std::string& text, FieldPlace place);
-    QCheckBox* AddCheck(const QString& caption, const QString& name,
-                        const std::function<bool()>& isChecked,
-                        const std::function<void(bool)>& check, FieldPlace place);
-    QCheckBox* AddType(const QString& caption, const QString& name, GameType type, FormField field);
-    QComboBox* AddRankList(int line);
+    QPushButton* AddButton(QGridLayout& layout, const QString& caption, const char* name,
+                           Condition isEnabled, const std::function<void()>& command);
+    void AddMenus(QGridLayout& layout);
+    void AddExports(QMenu& menu);
+    void Connect();
+    void Save();
     void ShowAll();
+    void ShowState();
+    void ShowFigures();
     void NoteTable(const QString& text);
-    QWidget* ControlAt(FieldPlace place) const;
-
-    void Refuse(const std::string& caption, const std::string& text, FieldPlace where) override;
-    void Tell(const std::string& caption, const std::string& text) override;
-    OverwriteChoice Overwrites(const std::string& caption, const std::string& question) override;
-    bool Confirms(const std::string& caption, const std::string& question) override;
-    std::optional<std::string> SelectsGame(const std::vector<std::string>& games,
-                                           const std::string& current) override;
-    std::optional<std::string> RenamesGame(const std::string& current) override;
+    void NoteDone(const QString& text);
+    void GoTo(FieldPlace place);
 
     PayTableEditor& editor;
-    std::vector<Field> fields;
-    std::vector<ConditionalButton> conditions;
+    PayTableQuestionBoxes questions;
+    FormFields* fields;
+    FieldKeys* keys = nullptr;
+    LineRows* rows = nullptr;
+    LineArea* lines = nullptr;
+    LiveReturn* live;
+    QLabel* detail;
     QLineEdit* index = nullptr;
-    QScrollArea* lines = nullptr;
-    LiveReturn* live = nullptr;
+    QPushButton* restore = nullptr;
+    QPushButton* save = nullptr;
+    std::vector<ConditionalButton> conditions;
 };

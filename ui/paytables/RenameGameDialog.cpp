@@ -13,16 +13,17 @@ constexpr int kLongestName = static_cast<int>(kLongestGameName);
 
 }  // namespace
 
-RenameGameDialog::RenameGameDialog(const std::string& name, QWidget* parent) : QDialog(parent) {
+RenameGameDialog::RenameGameDialog(const std::string& name, const std::string& typed,
+                                   QWidget* parent)
+    : QDialog(parent) {
     setObjectName("renameGame");
     setWindowTitle(tr("Rename Game"));
-    const QString current = QString::fromStdString(name);
     auto* oldName = TypingBox(*this, "oldName", 44, kLongestName);
-    oldName->setText(current);
+    oldName->setText(QString::fromStdString(name));
     oldName->setReadOnly(true);
     newName = TypingBox(*this, "newName", 44, kLongestName);
     LimitToBytes(*newName, kLongestName);
-    newName->setText(current);
+    newName->setText(QString::fromStdString(typed));
     newName->selectAll();
 
     auto* layout = new QFormLayout(this);

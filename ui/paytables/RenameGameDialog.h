@@ -9,7 +9,8 @@ class RenameGameDialog : public QDialog {
     Q_OBJECT
 
   public:
-    RenameGameDialog(const std::string& name, QWidget* parent);
+    // The new name is proposed as it was typed.
+    RenameGameDialog(const std::string& name, const std::string& typed, QWidget* parent);
 
     // Without blanks at its ends.
     std::string NewName() const;

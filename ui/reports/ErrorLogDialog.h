@@ -1,50 +1,31 @@
-// Walks through the play errors logged for an engine's game and table, the oldest first, with the
-// buttons or with Page Up, Page Down, Home and End. Nothing is changed. An empty log is for the
-// caller to tell of (TellIfErrorLogIsEmpty in game/MachineCommands.h).
+// The error log of an engine's game and table. Its pages are turned with the buttons or with Page
+// Up, Page Down, Home and End. An empty log is for the caller to tell of (TellIfErrorLogIsEmpty in
+// game/commands/MachineCommands.h).
 #pragma once
 #include <QDialog>
-#include <array>
+#include <optional>
 
-#include "game/engine/FixedHandEditor.h"
+#include "ui/reports/ErrorLogPage.h"
 
-class PictureStore;
-class QLayout;
-class QLineEdit;
-class QPushButton;
-class ReportBox;
-class SmallCard;
-struct GameFiles;
+class AsideWindows;
 
 class ErrorLogDialog : public QDialog {
     Q_OBJECT
 
   public:
-    // All of them outlive the dialog; entries are read when they are shown.
+    // All of them outlive the dialog. Without actions and windows to put it aside in, the log can
+    // only be read. Dealing a hand is for the caller, who is told by ToDeal.
     ErrorLogDialog(const GameEngine& engine, const GameFiles& files, PictureStore& store,
-                   QWidget* parent);
+                   QWidget* parent, ErrorActions actions = {}, AsideWindows* aside = nullptr);
 
-    int Index() const { return index; }
+    int Index() const { return page->Index(); }
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    // The entry whose hand is to be dealt as the fixed one, once the dialog is closed.
+    std::optional<int> ToDeal() const { return toDeal; }
 
   private:
-    QWidget* MakeSummary();
-    QLayout* MakeHand(PictureStore& store);
-    QLayout* MakeButtons();
-    void SetTabStops();
     void AddKeys();  // which turn pages from wherever the focus is
-    void ShowError(int shown);
-    int LastError() const;
-    void Save();
 
-    const GameEngine& engine;
-    const GameFiles& files;
-    int index = 0;
-    QLineEdit* title;
-    ReportBox* text;
-    ReportBox* summary;
-    std::array<SmallCard*, kPlaces> places{};
-    SmallCard* knownCard;
-    QPushButton* next;
-    QPushButton* previous;
+    ErrorLogPage* page;
+    std::optional<int> toDeal;
 };

@@ -7,38 +7,36 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QTabWidget>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "game/session/AnalyzeGame.h"
-#include "ui/charts/ShareChart.h"
 #include "ui/parts/DialogParts.h"
-#include "ui/parts/FileQuestions.h"
-#include "ui/parts/ReportBox.h"
+#include "ui/reports/AsideWindows.h"
+#include "ui/reports/GamePage.h"
+#include "ui/reports/ReportFrame.h"
 
 namespace {
 
-constexpr int kStops = 12;
+constexpr const char* kName = "game";
 constexpr int kShownCharacters = 120;  // at least, for a table of few figures or many
 constexpr int kShownLines = 34;
-constexpr int kUnitsPerCharacter = 4;  // columns are measured in quarters of a character
 
 }  // namespace
 
-GameAnalysisDialog::GameAnalysisDialog(GameReportPages& pages, QWidget* parent)
+GameAnalysisDialog::GameAnalysisDialog(GameReportPages& pages, AsideWindows* aside, QWidget* parent)
     : QDialog(parent), pages(pages) {
     setObjectName("gameAnalysis");
     setWindowTitle(tr("Game Analysis"));
+    page = new GamePage(pages.View(), pages.Reader(), this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeTop());
-    layout->addWidget(MakeTabs(), 1);
-    layout->addLayout(MakeBottom());
-    SetTabStops();
+    layout->addWidget(page, 1);
+    layout->addLayout(MakeBottom(aside));
     ShowPage();
-    Fit();
+    const QSize size = sizeHint().expandedTo(
+        {WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines});
+    resize(size.boundedTo(screen()->availableSize() * 0.95));
+    page->KeepIn(*new ReportFrame(*this, kName));
     games->setFocus();
 }
 
@@ -70,63 +68,19 @@ QLayout* GameAnalysisDialog::MakeTop() {
     return layout;
 }
 
-QLayout* GameAnalysisDialog::MakeBottom() {
+QLayout* GameAnalysisDialog::MakeBottom(AsideWindows* aside) {
     auto* layout = new QHBoxLayout;
     layout->addWidget(ActionButton(*this, tr("&Run Analysis"), "run", [this] {
         answer = ReportAnswer::kRunAnalysis;
         accept();
     }));
+    if (aside) layout->addWidget(PutAsideButton(*this, *page, *aside, kName));
     layout->addWidget(OkAlone(*this));
     return layout;
 }
 
-// The report is wider than most screens, so its lower bar will take a line.
-void GameAnalysisDialog::Fit() {
-    report->FitToText();
-    const int bar = report->horizontalScrollBar()->sizeHint().height();
-    const int needed = std::max(report->sizeHint().height() + bar, chart->sizeHint().height());
-    QSize size = sizeHint().expandedTo(
-        {WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines});
-    size.rheight() += std::max(needed - tabs->currentWidget()->sizeHint().height(), 0);
-    resize(size.boundedTo(screen()->availableSize() * 0.95));
-}
-
-QWidget* GameAnalysisDialog::MakeTabs() {
-    tabs = new QTabWidget(this);
-    tabs->setObjectName("tabs");
-    report = new ReportBox("report", tr("Game analysis"), tabs);
-    report->saveAs = [this] { Save(); };
-    tabs->addTab(report, tr("R&eport"));
-    auto* area = new QScrollArea(tabs);
-    area->setObjectName("shareArea");
-    area->setFrameShape(QFrame::NoFrame);
-    area->setBackgroundRole(QPalette::Base);
-    area->setWidgetResizable(true);
-    chart = new ShareChart(area);
-    area->setWidget(chart);
-    tabs->addTab(area, tr("&Shares"));
-    return tabs;
-}
-
-// A column has room for its widest text and three blanks.
-void GameAnalysisDialog::SetTabStops() {
-    const QFontMetrics font(report->font());
-    const int character = font.averageCharWidth();
-    const auto units = [&](const char* text) {
-        return font.horizontalAdvance(text) * kUnitsPerCharacter / character;
-    };
-    QList<qreal> stops;
-    int stop = units("   ") + units("STRAIGHT FLUSH W/2: ");
-    for (int i = 0; i < kStops; ++i) {
-        stops.append(static_cast<qreal>(stop) * character / kUnitsPerCharacter);
-        stop += units("   ") + units("999,999,999,999,999");
-    }
-    report->SetTabStops(stops);
-}
-
 void GameAnalysisDialog::ShowPage() {
-    report->ShowReport(pages.Report());
-    chart->SetShares(pages.Shares());
+    page->Show(pages.View());
     index->setText(QString::number(pages.TableIndex()));
     previous->setEnabled(pages.HasPrevious());
     next->setEnabled(pages.HasNext());
@@ -138,11 +92,4 @@ void GameAnalysisDialog::ChooseGame(int at) {
     } else {
         SelectGame(*games, pages.GameName());
     }
-}
-
-void GameAnalysisDialog::Save() {
-    const QString name =
-        tr("%1(%2) analysis.txt")
-            .arg(QString::fromStdString(pages.GameName()), QString::number(pages.TableIndex()));
-    SaveReport(report->toPlainText().toStdString() + '\n', name, this);
 }

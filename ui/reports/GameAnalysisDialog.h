@@ -5,34 +5,30 @@
 
 #include "game/seat/Player.h"
 
+class AsideWindows;
+class GamePage;
 class GameReportPages;
 class QComboBox;
 class QLayout;
 class QLineEdit;
 class QPushButton;
-class QTabWidget;
-class ReportBox;
-class ShareChart;
 
 class GameAnalysisDialog : public QDialog {
     Q_OBJECT
 
   public:
-    // The pages outlive the dialog.
-    GameAnalysisDialog(GameReportPages& pages, QWidget* parent);
+    // The pages outlive the dialog, as do the windows in which reports are put aside; where there
+    // are none, nothing can be.
+    GameAnalysisDialog(GameReportPages& pages, AsideWindows* aside, QWidget* parent);
 
     // Once it is closed, how the player left it.
     ReportAnswer Answer() const { return answer; }
 
   private:
     QLayout* MakeTop();
-    QWidget* MakeTabs();
-    QLayout* MakeBottom();
-    void Fit();
-    void SetTabStops();
+    QLayout* MakeBottom(AsideWindows* aside);
     void ShowPage();
     void ChooseGame(int at);
-    void Save();
 
     GameReportPages& pages;
     ReportAnswer answer = ReportAnswer::kDone;
@@ -40,7 +36,5 @@ class GameAnalysisDialog : public QDialog {
     QLineEdit* index = nullptr;
     QPushButton* previous = nullptr;
     QPushButton* next = nullptr;
-    QTabWidget* tabs = nullptr;
-    ReportBox* report = nullptr;
-    ShareChart* chart = nullptr;
+    GamePage* page = nullptr;
 };

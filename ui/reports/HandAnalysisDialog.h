@@ -1,22 +1,16 @@
-// The hand analysis: every hold of a hand with what it is worth, as a report and as a chart. It
-// works on the spare engine, which must have been given the hand:
+// The hand analysis as a dialog. It works on the spare engine, which must have been given the hand:
 //
-//     LoadSpare(table, spare);         // game/SpareEngine.h
-//     LendHand(table.engine, spare);   // game/reports/HandReport.h
+//     LoadSpare(seat, spare);         // game/session/SpareEngine.h
+//     LendHand(seat.engine, spare);   // game/reports/HandReport.h
 //     HandAnalysisDialog(spare, store, over).exec();
 //
 // The player's engine is not touched. The spare one keeps the hand last chosen.
 #pragma once
 #include <QDialog>
-#include <array>
 
-#include "game/reports/HandReport.h"
-
-class HoldChart;
+class AsideWindows;
 class PictureStore;
-class PlaceButtons;
-class ReportBox;
-class SmallCard;
+struct GameEngine;
 
 class HandAnalysisDialog : public QDialog {
     Q_OBJECT
@@ -25,22 +19,11 @@ class HandAnalysisDialog : public QDialog {
     // The engine and the store outlive the dialog.
     HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent);
 
-  private:
-    QWidget* MakeReportPage();
-    QWidget* MakeChartPage();
-    QWidget* MakePlaces();
-    void SetTabStops();
-    void ChangeHand();
-    void ShowHand();
-    void ShowReport();
-    void ShowChart();
-    void Save();
+    // It can be put aside too, and the window takes new hands of the player's.
+    HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent,
+                       const GameEngine& player, AsideWindows& aside);
 
-    GameEngine& spare;
-    PictureStore& store;
-    HandDisplay display = HandDisplay::kHands;
-    ReportBox* report;
-    HoldChart* chart;
-    std::array<PlaceButtons*, kPlaces> places{};
-    SmallCard* knownCard;
+  private:
+    HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent,
+                       const GameEngine* player, AsideWindows* aside);
 };

@@ -1,194 +1,41 @@
 #include "ui/reports/StatisticsDialog.h"
 
 #include <QDialogButtonBox>
-#include <QFontInfo>
-#include <QFontMetrics>
-#include <QGridLayout>
-#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
-#include <QTabWidget>
 #include <QVBoxLayout>
-#include <algorithm>
 
-#include "game/engine/GameEngine.h"
-#include "ui/charts/CreditChart.h"
 #include "ui/parts/DialogParts.h"
-#include "ui/parts/FileQuestions.h"
-#include "ui/parts/ReportBox.h"
+#include "ui/reports/AsideWindows.h"
+#include "ui/reports/ReportFrame.h"
+#include "ui/reports/StatisticsPage.h"
 
 namespace {
 
-// Of the width of the columns before the last one.
-constexpr double kLabelShare = 0.65;
-constexpr qreal kSmallestFont = 6.0;  // points
-constexpr int kBorder = 4;            // within a frame; the dialog holds much for a small screen
-
-// In average characters, where the screen has the room: enough for the names of the built-in games.
-constexpr int kLongestLabel = 32;
-
-struct ColumnWidths {
-    int label = 0;
-    int session = 0;
-};
-
-// A report with the labels of its lines cut to a width. What is cut is added to the list in whole.
-QString WithLabelsCut(const std::string& report, const QFontMetrics& font, int width,
-                      QStringList& cut) {
-    QStringList lines = QString::fromStdString(report).split(u'\n');
-    for (QString& line : lines) {
-        const QString label = line.section(u'\t', 0, 0);
-        if (!line.contains(u'\t') || font.horizontalAdvance(label) <= width) continue;
-        line.replace(0, label.size(), font.elidedText(label, Qt::ElideRight, width));
-        cut.append(label);
-    }
-    return lines.join(u'\n');
-}
-
-void Widen(ColumnWidths& widths, const QFontMetrics& font, const QList<std::string>& reports) {
-    for (const std::string& report : reports) {
-        for (const QString& line : QString::fromStdString(report).split(u'\n')) {
-            const QStringList cells = line.split(u'\t');
-            if (cells.size() < 3) continue;
-            widths.label = std::max(widths.label, font.horizontalAdvance(cells[0]));
-            widths.session = std::max(widths.session, font.horizontalAdvance(cells[1]));
-        }
-    }
-}
+constexpr const char* kName = "statistics";
+constexpr double kShareOfScreen = 0.95;
 
 }  // namespace
 
-StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent)
-    : QDialog(parent), gameName(engine.settings.gameName) {
-    setObjectName("statistics");
+StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, QWidget* parent,
+                                   const GameEngine* player, AsideWindows* aside)
+    : QDialog(parent) {
+    setObjectName(kName);
     setWindowTitle(tr("Game Play Analysis"));
-    auto* tabs = new QTabWidget(this);
-    tabs->setObjectName("tabs");
-    tabs->addTab(MakeReports(engine, now), tr("R&eport"));
-    const bool played = engine.statistics.handsPlayed.session > 0;
-    tabs->addTab(new CreditChart(played ? engine.creditHistory : CreditHistory(), tabs),
-                 tr("&Session"));
-
+    auto* page = new StatisticsPage(engine, now, player, this);
     auto* buttons = OkAlone(*this);
+    buttons->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    auto* bottom = new QHBoxLayout;
+    bottom->addStretch();
+    if (player && aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));
+    bottom->addWidget(buttons);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(tabs);
-    layout->addWidget(buttons);
-    FitToScreen();
+    layout->addWidget(page, 1);
+    layout->addLayout(bottom);
+    const QSize room = screen()->availableSize() * kShareOfScreen;
+    page->FitInto(room - (sizeHint() - page->sizeHint()));
+    resize(sizeHint().boundedTo(room));
+    page->KeepIn(*new ReportFrame(*this, kName));
     buttons->button(QDialogButtonBox::Ok)->setFocus();
-}
-
-QWidget* StatisticsDialog::MakeReports(const GameEngine& engine, std::int64_t now) {
-    auto* reports = new QWidget(this);
-    auto* layout = new QGridLayout(reports);
-    AddBox(*layout, 0, 0, tr("Hands"), "hands", {StatisticsHands(engine, now)});
-    AddBox(*layout, 1, 0, tr("Credits"), "credits", {StatisticsCredits(engine)});
-    AddBox(*layout, 1, 1, tr("Errors"), "errors", {StatisticsErrors(engine)});
-    AddBox(*layout, 0, 1, tr("Pay Table"), "lines",
-           {StatisticsLines(engine, StatisticsDisplay::kHands),
-            StatisticsLines(engine, StatisticsDisplay::kFrequency),
-            StatisticsLines(engine, StatisticsDisplay::kShareOfReturn)});
-    const auto show = [this](int chosen) { ShowReport(sections.last(), chosen); };
-    auto* choice = DisplayChoice({{tr("&Hands"), "displayHands"},
-                                  {tr("&Frequency"), "displayFrequency"},
-                                  {tr("% of &Return"), "displayShare"}},
-                                 show, reports);
-    choice->layout()->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
-    layout->addWidget(choice, 2, 0, 1, 2, Qt::AlignLeft);
-    return reports;
-}
-
-void StatisticsDialog::AddBox(QGridLayout& layout, int row, int column, const QString& title,
-                              const char* name, const QList<std::string>& reports) {
-    auto* group = new QGroupBox(title);
-    auto* box = new ReportBox(name, title, group);
-    box->saveAs = [this] { Save(); };
-    auto* inside = new QVBoxLayout(group);
-    inside->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
-    inside->addWidget(box);
-    layout.addWidget(group, row, column);
-    sections.append({box, reports});
-}
-
-// In a font of so many points. Each box is as large as the largest of its reports asks for, and
-// shows the first one.
-void StatisticsDialog::ShowReports(qreal fontSize) {
-    QFont used = font();
-    used.setPointSizeF(fontSize);
-    for (const Section& section : sections) section.box->UseFont(used);
-    SetTabStops();
-    for (Section& section : sections) {
-        for (int i = 0; i < section.reports.size(); ++i) {
-            ShowReport(section, i);
-            section.box->FitToText();
-        }
-        ShowReport(section, 0);
-    }
-}
-
-// The labels that are cut can be read in whole where the pointer rests on the box.
-void StatisticsDialog::ShowReport(Section& section, int chosen) {
-    QStringList cut;
-    const QFontMetrics letters(section.box->font());
-    const QString text = WithLabelsCut(section.reports[chosen], letters, labelWidth, cut);
-    section.shown = chosen;
-    section.box->ShowReport(text.toStdString());
-    section.box->setAccessibleDescription(cut.join(u'\n'));
-    section.box->setToolTip(
-        cut.isEmpty() ? QString() : "<qt>" + cut.join(u'\n').toHtmlEscaped().replace("\n", "<br>"));
-}
-
-// All boxes have the same stops, two thirds and the whole of a width in which every value of the
-// session finds room, and every label but a long name that a player has made.
-void StatisticsDialog::SetTabStops() {
-    const QFontMetrics letters(sections.first().box->font());
-    ColumnWidths widths;
-    ColumnWidths made;  // of the pay table, which comes last
-    for (const Section& section : sections) {
-        Widen(&section == &sections.last() ? made : widths, letters, section.reports);
-    }
-    const int longest = namesHaveRoom ? kLongestLabel * letters.averageCharWidth() : 0;
-    labelWidth = std::max(widths.label, std::min(made.label, longest));
-    const int session = std::max(widths.session, made.session);
-    const int gap = 2 * letters.averageCharWidth();
-    const double width =
-        std::max((labelWidth + gap) / kLabelShare, (session + gap) / (1 - kLabelShare));
-    for (const Section& section : sections) {
-        section.box->SetTabStops({kLabelShare * width, width});
-    }
-}
-
-// Cut names, and then smaller letters, are read more easily than reports behind scroll bars.
-void StatisticsDialog::FitToScreen() {
-    const QSize room = screen()->availableSize() * 0.95;
-    qreal fontSize = QFontInfo(font()).pointSizeF();
-    const auto fits = [&] { return WantedSize().boundedTo(room) == WantedSize(); };
-    ShowReports(fontSize);
-    namesHaveRoom = fits();
-    if (!namesHaveRoom) ShowReports(fontSize);
-    while (!fits() && fontSize > kSmallestFont) {
-        fontSize -= 0.5;
-        ShowReports(fontSize);
-    }
-    resize(WantedSize().boundedTo(room));
-}
-
-// While they are hidden, the layouts around a box do not pass on that it asks for another size.
-QSize StatisticsDialog::WantedSize() const {
-    for (const Section& section : sections) {
-        for (QWidget* part = section.box; part != this; part = part->parentWidget()) {
-            part->updateGeometry();
-        }
-    }
-    return sizeHint();
-}
-
-void StatisticsDialog::Save() {
-    std::string report;
-    for (const Section& section : sections) {
-        if (!report.empty()) report += "\r\n";
-        report += section.box->accessibleName().toStdString() + "\r\n";
-        report += section.reports[section.shown];
-    }
-    const QString name = tr("%1 statistics.txt").arg(QString::fromStdString(gameName));
-    SaveReport(report, name, this);
 }

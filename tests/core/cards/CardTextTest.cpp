@@ -14,7 +14,7 @@ CardTable Deck(int jokers, bool fifthAce = false) {
 
 TEST(CardTextTest, CardsAreReadInEitherLetterCase) {
     const CardTable table = Deck(2, true);
-    const auto parsed = ParseCards("  as Td w A$ W ", table, 5);
+    const auto parsed = ParseCards("  as 10d w A$ W ", table, 5);
     ASSERT_EQ(parsed.problem, "");
     std::string text;
     for (const CardCode card : parsed.cards) {
@@ -37,7 +37,8 @@ TEST(CardTextTest, AProblemNamesTheCardAndTheMend) {
                {"AS KS QS JS", 0, "4 cards given where 5 are needed"},
                {"AS KS QS JS TS 9S", 0, "6 cards given where 5 are needed"},
                {"AS KS as JS TS", 0, "\"as\" is given twice: a deck holds each card once"},
-               {"AS 10S QS JS TS", 0, "\"10S\"" + noCard},
+               {"AS 10S QS JS TS", 0, "\"TS\" is given twice: a deck holds each card once"},
+               {"11S KS QS JS TS", 0, "\"11S\"" + noCard},
                {"1S KS QS JS TS", 0, "\"1S\"" + noCard},
                {"WS KS QS JS TS", 1, "\"WS\": a joker is written W, without a suit"},
                {"W KS QS JS TS", 0, "\"W\": this game's deck holds no joker"},

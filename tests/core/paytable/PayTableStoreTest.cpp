@@ -171,7 +171,7 @@ TEST_F(PayTableStoreTest, RenamingAndDeletingAGameReachItsTablesBehindAGapAndNoO
 }
 
 TEST_F(PayTableStoreTest, NamesThatTheFilesWouldLoseAreTold) {
-    for (const char* name : {"", "a]b", "a=b", "[a", " a", "a ", "a\nb", "a\rb"}) {
+    for (const char* name : {"", "a]b", "a=b", "[a", " a", "a ", "a\nb", "a\rb", "error dates A"}) {
         EXPECT_NE(GameNameProblem(name), "") << name;
     }
     EXPECT_NE(GameNameProblem(std::string(81, 'x')), "");

@@ -7,6 +7,7 @@
 
 #include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
+#include "core/store/AnalysisCache.h"
 #include "tests/core/TestGames.h"
 #include "tests/core/profile/TemporaryFolder.h"
 
@@ -83,12 +84,14 @@ TEST(AnalysisFilesTest, SummaryAndCacheSectionAreTheGoldenOnes) {
     EXPECT_EQ(ValueOf(quarter, "Coin"), "0.25");
     EXPECT_EQ(ValueOf(quarter, "Cost"), "3,248,700.0000");  // a quarter of 12,994,800
     EXPECT_EQ(ValueOf(quarter, "Payout%"), "99.5439");
-    WriteToCache(quarter, kSection, {file, path});
+    WriteToCache(quarter, {}, kSection, {file, path});
     const auto entries = EntriesOf(JacksOrBetter(), 1);
     EXPECT_EQ(SummaryText(entries), Golden("jacks-or-better-summary.txt"));
-    WriteToCache(entries, kSection, {file, path});
+    WriteToCache(entries, {{}, "0123"}, kSection, {file, path});
     ASSERT_TRUE(file.Flush());
-    EXPECT_EQ(folder.Read("cache.ini"), others + Golden("jacks-or-better-cache.ini"))
+    std::string golden = Golden("jacks-or-better-cache.ini");
+    golden.insert(golden.size() - 1, "Pays=0123\n");
+    EXPECT_EQ(folder.Read("cache.ini"), others + golden)
         << "another run replaces every key of its section";
 }
 
@@ -143,9 +146,14 @@ TEST(AnalysisFilesTest, ADetailFileIsCreatedAnewCompleteWithoutCloseAndALostOneI
     const PlayedHand hand = HandOf(table, "AS KD TC 9H 2S");
     { DetailFile(folder.Write("detail.txt", std::string(100'000, 'x')), table).Write(hand); }
     EXPECT_EQ(Split(folder.Read("detail.txt"), '\n').size(), 2U);
+    DetailFile part(folder.Path("detail.txt"), table);
+    EXPECT_TRUE(part.CloseAs(PartialFileName(folder.Path("detail.txt"))));
+    EXPECT_EQ(Split(folder.Read("detail partial.txt"), '\n').size(), 1U);
+    EXPECT_EQ(Split(folder.Read("detail.txt"), '\n').size(), 2U) << "the whole one stays";
     DetailFile nowhere(folder.Path("missing/detail.txt"), table);
     nowhere.Write(hand);
     EXPECT_FALSE(nowhere.Close());
+    EXPECT_EQ(nowhere.Problem(), "No such file or directory");
     EXPECT_FALSE(DetailFile(folder.Path(), table).Close()) << "a folder is no file";
     if (std::filesystem::exists("/dev/full")) {
         EXPECT_FALSE(DetailFile("/dev/full", table).Close());

@@ -220,6 +220,28 @@ void RenameOwnGame(Program& program) {
     editor.Rename(program.manager);
 }
 
+// Both tables of the game, as they come in a mail, into a free slot.
+void ImportGame(Program& program) {
+    const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText);
+    PayTableEditor editor(program.seat, program.paths, {9002, "Theirs", 0}, true);
+    program.manager.answers = {"ok"};
+    editor.Import(program.manager, game.value_or(""));
+}
+
+FileMap WithOtherPays() {
+    FileMap files = Played();
+    std::string& main = files[kMain];
+    main.replace(main.find("MaxPayout0=4000"), 15, "MaxPayout0=5000");
+    files[kCache] = "[Jacks or Better(0)]\nER=101.00\n\n";
+    return files;
+}
+
+void RestoreTable(Program& program) {
+    PayTableEditor editor(program.seat, program.paths, {300, "Jacks or Better", 0});
+    program.manager.answers = {"ok"};
+    editor.Restore(program.manager);
+}
+
 void HasItsStatistics(const Program& program) {
     const std::string& game = program.engine.settings.gameName;
     EXPECT_TRUE(game == "Mine" || game == "Yours") << game;
@@ -254,6 +276,8 @@ std::vector<Scenario> Scenarios() {
          HasItsMoney},
         {"EditTable", WithOwnGame, {EditTable}},
         {"AddTable", WithOwnGame, {AddTable}},
+        {"ImportGame", WithOwnGame, {ImportGame}},
+        {"RestoreTable", WithOtherPays, {RestoreTable}},
         {"DeleteTable", WithOwnGame, {Delete<1>}},
         {"DeleteGame", WithOwnGame, {Delete<0>}},
         {"RenameGame", WithOwnGamePlayed, {Save, RenameOwnGame}, HasItsStatistics},

@@ -107,6 +107,14 @@ pair, 0 wild cards
 2 to a royal flush, without A, flush penalty
 )";
 
+// Few rows, since two suits that are unlike the others leave five times as many hands.
+constexpr const char* kShort = R"(
+4 to a royal flush, 0 wild cards
+W T
+three of a kind, 1+ wild cards
+3 to a flush, flush penalty
+)";
+
 TEST(GradeTest, JacksOrBetterReturnsWhatASlowReaderFinds) {
     ExpectSameGrade(JacksOrBetter(), kJacks);
 }
@@ -132,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(Words, OddCharts,
                          testing::Values(std::pair{kAllWords, &DoubleDoubleBonus},
                                          std::pair{kAllWords, &FiveAces},
                                          std::pair{kWild, &DeucesAndJoker},
-                                         std::pair{kWild, &OneEyedJacks},
+                                         std::pair{kShort, &OneEyedJacks},
                                          std::pair{kWild, +[] { return JokerPoker(2); }}));
 #endif
 

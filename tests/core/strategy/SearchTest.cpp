@@ -110,7 +110,7 @@ TEST(SearchTest, TheBestPlayIsThatOfTheWholeGame) {
         const Game game(table);
         const ChartGrade grade = game.Grade({Row()});
         const GameTotals totals = AnalyzeGame(game.tables, game.table, 1, {});
-        EXPECT_NEAR(Percent(grade.best, grade.Bet()), totals.payoutPercent, 1e-9);
+        EXPECT_NEAR(Percent(grade.best, grade.Bet()), totals.payoutPercent, 1e-8);
     }
 }
 
@@ -158,7 +158,7 @@ PayTable RandomTable(std::mt19937& random) {
 
 TEST(SearchTest, ASecondReaderConfirmsTheLossOfRandomTables) {
     std::mt19937 random(16);
-    for (int i = 0; i < (kSanitized ? 1 : 4); ++i) {
+    for (int i = 0; i < (kSanitized ? 1 : 3); ++i) {
         const Game game(RandomTable(random));
         const SearchResult found = game.FindFast({10, -1, i % 2 == 0});
         const ChartGrade grade = game.Grade(found.chart);

@@ -1,0 +1,18 @@
+// The cells of the reports' tables.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "game/reports/ReportTable.h"
+
+ReportCell TextCell(std::string text);
+
+// As FormatDecimals writes it.
+ReportCell NumberCell(std::string_view format, double value);
+
+// "2026-11-23 20:15" by the clock on the wall, sorted by the seconds since 1970; empty for 0.
+ReportCell DateCell(std::int64_t seconds);
+
+// How many hands it takes for one of that probability, 0..1: "40,390.55", or "never".
+ReportCell OddsCell(double probability);

@@ -1,0 +1,174 @@
+#include "ui/reports/AllGamesWindow.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "ui/parts/DialogParts.h"
+#include "ui/reports/ReportFrame.h"
+#include "ui/tables/ReportTableView.h"
+
+namespace {
+
+constexpr int kLookInterval = 100;  // milliseconds
+constexpr int kShownCharacters = 160;
+constexpr int kShownLines = 40;
+constexpr double kShareOfScreen = 0.9;
+
+}  // namespace
+
+AllGamesWindow::AllGamesWindow(Seat& seat, const DataFilePaths& paths, TableActions given)
+    : games(seat, paths),
+      actions(std::move(given)),
+      table(new ReportTableView("games", tr("All games"), this)) {
+    setObjectName("allGames");
+    setWindowTitle(tr("All Games"));
+    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
+    table->OfferFilter();
+    table->SetFileName(tr("all games"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(table, 1);
+    layout->addLayout(MakeRunLine());
+    layout->addLayout(MakeActionButtons());
+    connect(table, &ReportTableView::CurrentRowChanged, this, [this] { UpdateButtons(); });
+    connect(table, &ReportTableView::RowActivated, analyze, &QPushButton::click);
+    look.setInterval(kLookInterval);
+    connect(&look, &QTimer::timeout, this, &AllGamesWindow::LookAtRun);
+    new QShortcut(Qt::Key_F5, this, [this] { Reload(); });
+    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
+    ShowTable();
+    ShowRun();
+    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
+    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
+    (new ReportFrame(*this, "allGames"))->Keep(*table);
+}
+
+AllGamesWindow::~AllGamesWindow() = default;
+
+QLayout* AllGamesWindow::MakeRunLine() {
+    state = new QLabel(this);
+    state->setObjectName("state");
+    state->setTextFormat(Qt::PlainText);
+    bar = new QProgressBar(this);
+    bar->setObjectName("progress");
+    bar->setAccessibleName(tr("Percent done"));
+    bar->setRange(0, 100);
+    missing = new QPushButton(tr("Analyze &Missing"), this);
+    missing->setObjectName("analyzeMissing");
+    missing->setToolTip(tr("Analyzes all tables that have no figures, in the background"));
+    connect(missing, &QPushButton::clicked, this, &AllGamesWindow::AnalyzeMissing);
+    cancel = new QPushButton(tr("&Cancel"), this);
+    cancel->setObjectName("cancelRun");
+    connect(cancel, &QPushButton::clicked, this, [this] { games.Cancel(); });
+    auto* row = new QHBoxLayout;
+    row->addWidget(state);
+    row->addWidget(bar, 1);
+    row->addStretch();
+    row->addWidget(missing);
+    row->addWidget(cancel);
+    return row;
+}
+
+QLayout* AllGamesWindow::MakeActionButtons() {
+    auto* row = new QHBoxLayout;
+    play = AddAction(*row, tr("&Play"), "play", actions.play);
+    edit = AddAction(*row, tr("&Edit Pay Table"), "edit", actions.edit);
+    analyze = AddAction(*row, tr("&Analyze"), "analyze", actions.analyze);
+    row->addStretch();
+    auto* done = new QPushButton(tr("Close"), this);
+    done->setObjectName("close");
+    connect(done, &QPushButton::clicked, this, &QWidget::close);
+    row->addWidget(done);
+    return row;
+}
+
+// A button, and an entry in the context menu of the table.
+QPushButton* AllGamesWindow::AddAction(QLayout& row, const QString& caption, const char* name,
+                                       const std::function<void(const TableOfGame&)>& action) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, [this, action] {
+        if (const auto place = games.PlaceOf(table->CurrentRow())) action(*place);
+    });
+    row.addWidget(button);
+    auto* entry = new QAction(QString(caption).remove(u'&'), this);
+    connect(entry, &QAction::triggered, button, &QPushButton::click);
+    table->addAction(entry);
+    return button;
+}
+
+void AllGamesWindow::Open() {
+    Reload();
+    show();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+    table->setFocus();
+}
+
+void AllGamesWindow::Reload() {
+    games.Refresh();
+    ShowTable();
+    ShowRun();
+}
+
+void AllGamesWindow::ShowTable() {
+    table->SetTable(games.Table());
+    UpdateButtons();
+}
+
+void AllGamesWindow::UpdateButtons() {
+    const auto row = table->CurrentRow();
+    const bool chosen = games.PlaceOf(row).has_value();
+    for (QPushButton* button : {play, edit}) button->setEnabled(chosen && actions.mayChange());
+    analyze->setEnabled(games.CanAnalyze(row));
+}
+
+// What others have changed meanwhile is seen when the window is looked at again.
+void AllGamesWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !games.IsRunning()) {
+        Reload();
+    }
+}
+
+void AllGamesWindow::AnalyzeMissing() {
+    games.AnalyzeMissing();
+    look.start();
+    ShowRun();
+    if (games.IsRunning()) cancel->setFocus();
+}
+
+void AllGamesWindow::LookAtRun() {
+    const bool hadFocus = cancel->hasFocus();
+    if (games.Collect()) ShowTable();
+    if (!games.IsRunning()) look.stop();
+    ShowRun();
+    if (!games.IsRunning() && hadFocus) table->setFocus();
+}
+
+void AllGamesWindow::ShowRun() {
+    const bool running = games.IsRunning();
+    const int left = games.CountMissing();
+    bar->setVisible(running);
+    bar->setValue(static_cast<int>(games.Share() * 100));
+    cancel->setVisible(running);
+    missing->setVisible(!running);
+    missing->setEnabled(left > 0);
+    if (running) {
+        state->setText(tr("Analyzing, %1 to go").arg(left));
+    } else if (!games.IsKept()) {
+        state->setText(tr("The figures could not be written yet. Make room on the disk."));
+    } else {
+        state->setText(left == 0   ? tr("All tables are analyzed")
+                       : left == 1 ? tr("1 table is not analyzed")
+                                   : tr("%1 tables are not analyzed").arg(left));
+    }
+}

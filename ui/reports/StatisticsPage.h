@@ -1,0 +1,70 @@
+// The play statistics of an engine's game and table: as texts, as the course of the session, and as
+// a table beside what the exact analysis expects, which comes a moment later.
+#pragma once
+#include <QList>
+#include <cstdint>
+#include <string>
+#include <thread>
+
+#include "game/engine/GameEngine.h"
+#include "game/reports/ExpectedPlay.h"
+#include "game/reports/StatisticsReport.h"
+#include "ui/reports/ReportPage.h"
+
+class CreditChart;
+class QGridLayout;
+class QTabWidget;
+class ReportBox;
+class ReportTableView;
+
+class StatisticsPage : public ReportPage {
+    Q_OBJECT
+
+  public:
+    // As they are now, the time of the wall clock in seconds since the epoch. The player's engine
+    // is what Refresh copies; it outlives the page. Without one nothing is refreshed.
+    StatisticsPage(const GameEngine& engine, std::int64_t now, const GameEngine* player,
+                   QWidget* parent);
+
+    QString Caption() const override;
+    std::unique_ptr<ReportPage> Copy() const override;
+    void Refresh() override;
+    void KeepIn(ReportFrame& frame) override;
+
+    // Has the texts fit into so much room, in cut names or smaller letters where it must be. The
+    // page asks for what they need.
+    void FitInto(const QSize& room);
+
+  private:
+    struct Section {
+        ReportBox* box;
+        QList<std::string> reports;
+        int shown = 0;  // the one in the box, with long labels cut
+    };
+
+    void Take(const GameEngine& engine);
+    QWidget* MakeReports();
+    void AddBox(QGridLayout& layout, int row, int column, const QString& title, const char* name);
+    void MakeTexts();
+    void ShowFigures();
+    void Analyze();
+    void ShowExpected(const std::optional<ExpectedPlay>& expected);
+    void ShowReports(qreal fontSize);
+    void ShowReport(Section& section, int chosen);
+    void SetTabStops();
+    QSize WantedSize() const;
+    void Save();
+
+    GameEngine engine;  // as it was
+    std::int64_t taken;
+    const GameEngine* player;
+    QTabWidget* tabs;
+    QWidget* displayChoice = nullptr;
+    CreditChart* chart;
+    ReportTableView* table;
+    QList<Section> sections;
+    bool namesHaveRoom = true;  // on this screen, for long names of games
+    int labelWidth = 0;         // of the first column, in logical pixels
+    int runs = 0;               // of the analysis
+    std::jthread analysis;      // last, so that it ends before what it tells
+};
