@@ -18,8 +18,9 @@ std::optional<Failure> CheckOptions(const Options& options) {
         return Failure{kWrongUse, "--lines beside --loss: take one of them"};
     }
     if (options.checkPath && (options.lines || options.loss || options.noPenalties)) {
-        return Failure{kWrongUse, "--check grades a chart that is there: leave --lines, --loss "
-                                  "and --no-penalties away"};
+        return Failure{kWrongUse,
+                       "--check grades a chart that is there: leave --lines, --loss "
+                       "and --no-penalties away"};
     }
     if (options.cardPath && IsOwnFile(*options.cardPath, options.dataFolder)) {
         return Failure{kWrongUse, "--card " + QuotedPath(*options.cardPath) +
@@ -35,12 +36,11 @@ std::optional<Failure> ReadChartFile(const std::string& path, Chart& chart) {
     ReadChart read = ParseChart(*text);
     if (!read.valid) {
         const ChartProblem& problem = read.problem;
-        return Failure{kWrongUse, "line " + std::to_string(problem.line) + ", word " +
-                                      std::to_string(problem.word) + " of " + QuotedPath(path) +
-                                      ": " +
-                                      (problem.found.empty() ? "the line ends"
-                                                             : Quoted(problem.found)) +
-                                      ", expected " + problem.expected};
+        return Failure{kWrongUse,
+                       "line " + std::to_string(problem.line) + ", word " +
+                           std::to_string(problem.word) + " of " + QuotedPath(path) + ": " +
+                           (problem.found.empty() ? "the line ends" : Quoted(problem.found)) +
+                           ", expected " + problem.expected};
     }
     chart = std::move(read.rows);
     return std::nullopt;
@@ -105,8 +105,8 @@ std::optional<Failure> RunStrategy(const Options& options, std::string& output) 
 }  // namespace
 
 Command StrategyCommand() {
-    return {"strategy", "The best play as a short list of holds, and its exact price",
-            AddArguments, RunStrategy};
+    return {"strategy", "The best play as a short list of holds, and its exact price", AddArguments,
+            RunStrategy};
 }
 
 }  // namespace cli

@@ -68,9 +68,7 @@ std::string GameAndTable(const ChosenTable& chosen) {
 }
 
 // Two digits at least.
-std::string TwoDigits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
-}
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
 std::string Today() {
     const std::time_t now = std::time(nullptr);
@@ -124,8 +122,8 @@ std::string StrategyCard(const StrategyReport& report) {
     std::string pays;
     for (std::size_t line = 0; line < report.chosen.payTable.lines.size(); ++line) {
         const PayLine& payLine = report.chosen.payTable.lines[line];
-        const std::string& name = payLine.shortDescription.empty() ? payLine.description
-                                                                    : payLine.shortDescription;
+        const std::string& name =
+            payLine.shortDescription.empty() ? payLine.description : payLine.shortDescription;
         pays += (pays.empty() ? "" : ", ") + Printable(name) + " " +
                 std::to_string(LineCoinPay(payLine));
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 #include <numeric>
-#include <unordered_map>
 
 #include "core/analysis/WideVectors.h"
 
@@ -11,13 +10,6 @@ namespace {
 
 constexpr float kFree = -1;
 constexpr std::uint32_t kHandsBetweenQuestions = 4096;
-constexpr std::uint32_t kForgotten = UINT32_MAX;
-
-std::uint64_t Scramble(std::uint64_t number) {
-    number = (number ^ (number >> 30)) * 0xBF58476D1CE4E5B9U;  // splitmix64
-    number = (number ^ (number >> 27)) * 0x94D049BB133111EBU;
-    return (number ^ (number >> 31)) + 0x9E3779B97F4A7C15U;
-}
 
 }  // namespace
 
@@ -40,8 +32,9 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
             const std::uint32_t look = index.NumberOf(looks[held]);
             if (look == everBest.size()) everBest.push_back(false);
             if (hand.values[held] == hand.best) everBest[look] = true;
-            const auto cost = static_cast<float>(static_cast<double>(hand.best - hand.values[held]) *
-                                                 static_cast<double>(hand.weight) * percent);
+            const auto cost =
+                static_cast<float>(static_cast<double>(hand.best - hand.values[held]) *
+                                   static_cast<double>(hand.weight) * percent);
             // Holds of a hand that look alike count as one, the worst of them.
             const auto first = byHand.begin() + static_cast<std::ptrdiff_t>(handStarts.back());
             const auto same = std::ranges::find(first, byHand.end(), look, &Entry::at);
@@ -58,64 +51,34 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
     });
 }
 
-void Board::Prepare(std::span<Candidate> candidates) {
-    // The sum of the keys of all candidates that fit a look tells it from the others.
-    std::vector<std::uint64_t> keys(index.Count());
-    std::uint64_t key = 0;
+void Board::Prepare(std::span<const Candidate> candidates) {
+    std::vector<bool> wanted(index.Count());
     for (const Candidate& candidate : candidates) {
-        key = Scramble(key + 1);
-        for (const std::uint32_t look : candidate.looks) keys[look] += key;
+        for (const std::uint32_t look : candidate.looks) wanted[look] = true;
     }
-    std::unordered_map<std::uint64_t, std::uint32_t> known;
-    std::vector<std::uint32_t> numbers(keys.size(), kForgotten);
-    for (std::size_t look = 0; look < keys.size(); ++look) {
-        if (keys[look] == 0) continue;
-        numbers[look] = known.try_emplace(keys[look], known.size()).first->second;
-    }
-    lookCount = known.size();
-    for (Candidate& candidate : candidates) {
-        for (std::uint32_t& look : candidate.looks) look = numbers[look];
-        std::ranges::sort(candidate.looks);
-        const auto rest = std::ranges::unique(candidate.looks);
-        candidate.looks.erase(rest.begin(), rest.end());
-    }
-    Renumber(numbers);
-    std::partial_sum(lookStarts.begin(), lookStarts.end(), lookStarts.begin());
-    byLook.resize(byHand.size());
-    std::vector<std::uint32_t> next(lookStarts.begin(), lookStarts.end() - 1);
-    for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
-        for (const Entry& entry : LooksOf(hand)) byLook[next[entry.at]++] = {hand, entry.cost};
-    }
-    sums.assign(lookCount * kMostRows, 0);
-    rounded.assign(sums.size(), 0);
-}
-
-// Of a hand's looks that have become one, the worst counts. Leaves in lookStarts how many hands
-// have each look, one place further on.
-void Board::Renumber(const std::vector<std::uint32_t>& numbers) {
-    lookStarts.assign(lookCount + 1, 0);
+    lookStarts.assign(index.Count() + 1, 0);
     std::uint32_t kept = 0;
     std::uint32_t first = 0;
     for (std::size_t hand = 0; hand < shares.size(); ++hand) {
         const std::uint32_t start = kept;
         for (; first < handStarts[hand + 1]; ++first) {
-            const Entry entry{numbers[byHand[first].at], byHand[first].cost};
-            if (entry.at == kForgotten) continue;
-            std::uint32_t same = start;
-            while (same < kept && byHand[same].at != entry.at) ++same;
-            if (same < kept) {
-                byHand[same].cost = std::max(byHand[same].cost, entry.cost);
-                continue;
-            }
-            byHand[kept++] = entry;
-            ++lookStarts[entry.at + 1];
+            if (!wanted[byHand[first].at]) continue;
+            ++lookStarts[byHand[first].at + 1];
+            byHand[kept++] = byHand[first];
         }
         handStarts[hand] = start;
     }
-    // The start of each hand was overwritten with its own; the end of the last is left.
     handStarts.back() = kept;
     byHand.resize(kept);
     byHand.shrink_to_fit();
+    std::partial_sum(lookStarts.begin(), lookStarts.end(), lookStarts.begin());
+    byLook.resize(kept);
+    std::vector<std::uint32_t> next(lookStarts.begin(), lookStarts.end() - 1);
+    for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
+        for (const Entry& entry : LooksOf(hand)) byLook[next[entry.at]++] = {hand, entry.cost};
+    }
+    sums.assign(index.Count() * kMostRows, 0);
+    rounded.assign(sums.size(), 0);
 }
 
 std::span<const Board::Entry> Board::LooksOf(std::uint32_t hand) const {
@@ -128,7 +91,7 @@ std::vector<std::uint32_t> Board::FirstList(std::span<const Candidate> candidate
         double loss = 0;
         double share = 0;
     };
-    std::vector<Sum> left(lookCount);  // of the hands that are not decided, by look
+    std::vector<Sum> left(index.Count());  // of the hands that are not decided, by look
     for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
         for (const Entry& entry : LooksOf(hand)) {
             left[entry.at].loss += static_cast<double>(entry.cost);
@@ -249,8 +212,8 @@ Board::Change Board::BestInsertion(const Looks& looks) {
     std::array<double, kMostRows> bySlot{};
     for (const Entry& entry : Cover(looks)) {
         const Decision& decision = decisions[entry.at];
-        bySlot[decision.slot] += static_cast<double>(entry.cost) -
-                                 static_cast<double>(decision.cost);
+        bySlot[decision.slot] +=
+            static_cast<double>(entry.cost) - static_cast<double>(decision.cost);
     }
     Change best;
     double sum = 0;

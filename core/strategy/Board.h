@@ -37,9 +37,8 @@ class Board {
     // Whether a hold of that look is the best one of some hand.
     bool IsEverBest(std::uint32_t look) const { return everBest[look]; }
 
-    // Forgets the looks that none of the rows fits, and makes one of those that no row tells apart:
-    // the candidates' looks are numbered anew. To be called once, before all below.
-    void Prepare(std::span<Candidate> candidates);
+    // Forgets the looks that none of the rows fits. To be called once, before all below.
+    void Prepare(std::span<const Candidate> candidates);
 
     // A first list of candidates, from the top: each time the one that decides most of the hands
     // left, of those that lose on them at most the tolerance times their share of all hands; the
@@ -78,27 +77,25 @@ class Board {
 
     bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
                    const std::function<bool()>& goOn);
-    void Renumber(const std::vector<std::uint32_t>& numbers);
     std::vector<Entry> Cover(const Looks& looks);
     void Decide(std::uint32_t hand, Decision decision);
     std::span<const Entry> LooksOf(std::uint32_t hand) const;
     std::size_t FreeSlot();
 
     LookIndex index;
-    std::size_t lookCount = 0;                // after Prepare
-    std::vector<bool> everBest;               // by look
-    std::vector<float> shares;                // of all hands, by hand
-    std::vector<std::uint32_t> handStarts;    // of the entries, by hand
-    std::vector<Entry> byHand;                // looks with their costs
-    std::vector<std::uint32_t> lookStarts;    // by look
-    std::vector<Entry> byLook;                // hands with their costs
-    std::vector<Decision> decisions;          // by hand
-    std::array<Row, kMostRows> rows;          // by slot
-    std::vector<std::size_t> order;           // slots, by place
+    std::vector<bool> everBest;                    // by look
+    std::vector<float> shares;                     // of all hands, by hand
+    std::vector<std::uint32_t> handStarts;         // of the entries, by hand
+    std::vector<Entry> byHand;                     // looks with their costs
+    std::vector<std::uint32_t> lookStarts;         // by look
+    std::vector<Entry> byLook;                     // hands with their costs
+    std::vector<Decision> decisions;               // by hand
+    std::array<Row, kMostRows> rows;               // by slot
+    std::vector<std::size_t> order;                // slots, by place
     std::array<std::size_t, kMostRows> placeOf{};  // by slot
-    std::size_t slots = 0;                    // those in use have lower numbers
+    std::size_t slots = 0;                         // those in use have lower numbers
     double loss = 0;
-    std::vector<double> sums;  // by look and slot: what taking the slot's hands would change
+    std::vector<double> sums;    // by look and slot: what taking the slot's hands would change
     std::vector<float> rounded;  // the same, half as wide
     std::vector<float> scratch;  // by hand; below 0 where it is free
 };

@@ -7,8 +7,20 @@ namespace {
 
 // What a further word asks about; two of one kind do not go together, but for single ranks.
 enum class Ask : std::uint8_t {
-    kSuiting, kStraights, kGaps, kHighCards, kBoth, kWilds, kJokers, kOf, kKicker, kAll, kWith, kWithout,
-    kFlushPenalty, kStraightPenalty,
+    kSuiting,
+    kStraights,
+    kGaps,
+    kHighCards,
+    kBoth,
+    kWilds,
+    kJokers,
+    kOf,
+    kKicker,
+    kAll,
+    kWith,
+    kWithout,
+    kFlushPenalty,
+    kStraightPenalty,
 };
 
 struct Word {
@@ -21,19 +33,19 @@ struct Word {
 void AddSuiting(Row& row, const Word& word) {
     row.suiting = word.first != 0 ? Suiting::kSuited : Suiting::kUnsuited;
 }
-template <Amount Row::* Member>
+template <Amount Row::*Member>
 void AddAmount(Row& row, const Word& word) {
     row.*Member = {word.first, word.last};
 }
-template <RankSpan Row::* Member>
+template <RankSpan Row::*Member>
 void AddSpan(Row& row, const Word& word) {
     row.*Member = {word.first, word.last};
 }
-template <RankSet Row::* Member>
+template <RankSet Row::*Member>
 void AddRank(Row& row, const Word& word) {
     row.*Member |= static_cast<RankSet>(1 << word.first);
 }
-template <Condition Row::* Member>
+template <Condition Row::*Member>
 void AddCondition(Row& row, const Word& word) {
     row.*Member = word.first != 0 ? Condition::kPresent : Condition::kAbsent;
 }
@@ -68,6 +80,7 @@ class Words {
         wilds = deck.usesWilds && (otherWilds || deck.jokers > 0);
         jokers = wilds && otherWilds && deck.jokers > 0;
         for (int rank = 0; rank < kRanks; ++rank) {
+            allStarts.push_back(static_cast<std::int8_t>(rank));
             if (rank == 0 || TellsApart(terms, table, rank - 1, rank)) {
                 starts.push_back(static_cast<std::int8_t>(rank));
             }
@@ -80,8 +93,10 @@ class Words {
             AddAmounts<&Row::wildCards>(Ask::kWilds, 0, 3);
         }
         if (jokers) AddAmounts<&Row::jokers>(Ask::kJokers, 0, 2);
-        if (IsGroup(row)) AddSpans<&Row::of>(Ask::kOf);
-        if (HasKicker(row)) AddSpans<&Row::kicker>(Ask::kKicker);
+        // A pair stands against single cards, whose straights its rank may be in the way of.
+        const bool isPair = row.base == Base::kOfAKind && row.count == 2;
+        if (IsGroup(row)) AddSpans<&Row::of>(Ask::kOf, isPair ? allStarts : starts);
+        if (HasKicker(row)) AddSpans<&Row::kicker>(Ask::kKicker, starts);
         if (IsDraw(row)) AddDrawWords(row);
         if (row.base == Base::kRanks) AddSuitings();
         const bool discards = row.base != Base::kPat && row.base != Base::kNothing;
@@ -103,7 +118,7 @@ class Words {
     }
 
     // Every number from least on, alone and with more; and from none to it.
-    template <Amount Row::* Member>
+    template <Amount Row::*Member>
     void AddAmounts(Ask ask, int least, int most) {
         for (auto n = static_cast<std::int8_t>(least); n <= most; ++n) {
             Add({ask, AddAmount<Member>, n, n});
@@ -124,8 +139,8 @@ class Words {
                });
     }
 
-    template <RankSpan Row::* Member>
-    void AddSpans(Ask ask) {
+    template <RankSpan Row::*Member>
+    void AddSpans(Ask ask, const std::vector<std::int8_t>& starts) {
         for (std::size_t first = 0; first < starts.size(); ++first) {
             for (std::size_t behind = first + 1; behind <= starts.size(); ++behind) {
                 const int last = behind < starts.size() ? starts[behind] - 1 : kAceRank;
@@ -163,7 +178,9 @@ class Words {
     bool jokers = false;
     bool high = false;
     bool penalties = false;
-    std::vector<std::int8_t> starts;  // the ranks from which on groups and kickers are treated alike
+    std::vector<std::int8_t> allStarts;
+    std::vector<std::int8_t>
+        starts;  // the ranks from which on groups and kickers are treated alike
     std::vector<Word> words;
 };
 
@@ -362,5 +379,18 @@ std::vector<Candidate> MakeCandidates(const Terms& terms, const PayTable& table,
         }
     }
     for (const Worded& hold : holds) AddWithTwoWords(gatherer, hold);
+    return std::move(gatherer.candidates);
+}
+
+std::vector<Candidate> Refined(const Terms& terms, const PayTable& table, const LookIndex& index,
+                               const Wording& wording, const Candidate& candidate) {
+    Gatherer gatherer(terms, index);
+    Words words(terms, table, wording);
+    const Worded worded = WithWords(gatherer, words, candidate.row, candidate.looks);
+    for (std::size_t i = 0; i < worded.words.size(); ++i) {
+        Row row = worded.row;
+        worded.words[i].add(row, worded.words[i]);
+        gatherer.Add(row, Gatherer::Chosen(worded.bits[i], worded.looks));
+    }
     return std::move(gatherer.candidates);
 }

@@ -66,8 +66,8 @@ class Grader {
         if (number == firstRows.size()) {
             const HoldTraits hold = TraitsOf(terms, look);
             const auto fits = [&](const Row& row) { return Fits(row, hold, terms); };
-            firstRows.push_back(static_cast<std::uint32_t>(std::ranges::find_if(chart, fits) -
-                                                           chart.begin()));
+            firstRows.push_back(
+                static_cast<std::uint32_t>(std::ranges::find_if(chart, fits) - chart.begin()));
         }
         return firstRows[number];
     }

@@ -23,13 +23,13 @@ struct ChartGrade {
     std::vector<RowGrade> rows;  // by row
     // The hands that no row fits, which count as discarding everything.
     RowGrade rest;
-    Worth best = 0;                  // of the best play
-    Worth worst = 0;                 // of the chart, when the worst of the holds that fit is taken
-    Worth bestReading = 0;           // when the best of them is
+    Worth best = 0;                   // of the best play
+    Worth worst = 0;                  // of the chart, when the worst of the holds that fit is taken
+    Worth bestReading = 0;            // when the best of them is
     std::int64_t ambiguousHands = 0;  // several holds fit, and they are not worth the same
-    std::int64_t hands = 0;          // C(deck, 5)
+    std::int64_t hands = 0;           // C(deck, 5)
     std::int64_t partsOfCoin = 0;
-    bool cancelled = false;          // the figures are of no use
+    bool cancelled = false;  // the figures are of no use
 
     Worth Loss() const { return best - worst; }
     // What all hands bet.

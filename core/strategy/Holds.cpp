@@ -24,9 +24,7 @@ constexpr unsigned kAllSuits = 0xF;
 constexpr unsigned kAllStraights = (1U << kStraights) - 1;
 
 HoldLook OneOf(int field) { return kOne << (field * kCountBits); }
-int FieldOf(HoldLook look, int field) {
-    return static_cast<int>(look >> (field * kCountBits) & 7);
-}
+int FieldOf(HoldLook look, int field) { return static_cast<int>(look >> (field * kCountBits) & 7); }
 
 // The straights that hold a rank, by rank, and the ranks of sets of straights.
 constexpr auto kStraightsOfRank = [] {
@@ -157,8 +155,8 @@ void LookAtHand(const Terms& terms, const StartingHand& hand, LookAt at, HandLoo
             const RankSet wanted = kRanksOfStraights[in.straights] & ~in.ranks;
             look |= Flag(suited && (in.suits & out.suitsSeen) != 0, kFlushPenaltyBit);
             look |= Flag(in.ranks != 0 && (wanted & out.ranks) != 0, kStraightPenaltyBit);
-            if (at == LookAt::kDiscardsToo) look |= static_cast<HoldLook>(out.ranks)
-                                                    << kDiscardsShift;
+            if (at == LookAt::kDiscardsToo)
+                look |= static_cast<HoldLook>(out.ranks) << kDiscardsShift;
         }
         looks[held] = look;
     }
@@ -318,10 +316,11 @@ bool FitsDiscards(const Row& row, const HoldTraits& hold) {
 
 bool Fits(const Row& row, const HoldTraits& hold, const Terms& terms) {
     if (hold.blank && row.base != Base::kPat) return false;
-    const bool suitingFits = row.suiting == Suiting::kAny ||
-                             (row.suiting == Suiting::kSuited) == hold.suited;
+    const bool suitingFits =
+        row.suiting == Suiting::kAny || (row.suiting == Suiting::kSuited) == hold.suited;
     return FitsBase(row, hold, terms) && suitingFits && FitsHeight(row.height, hold, terms) &&
-           row.straights.Holds(hold.straights) && row.gaps.Holds(hold.gaps) && row.highCards.Holds(hold.highCards) &&
+           row.straights.Holds(hold.straights) && row.gaps.Holds(hold.gaps) &&
+           row.highCards.Holds(hold.highCards) &&
            row.straightsAndHighCards.Holds(hold.straights + hold.highCards) &&
            row.wildCards.Holds(hold.wilds) && row.jokers.Holds(hold.jokers) &&
            FitsRanks(row, hold) && FitsDiscards(row, hold);

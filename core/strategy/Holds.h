@@ -52,10 +52,10 @@ void LookAtHand(const Terms& terms, const StartingHand& hand, LookAt at, HandLoo
 struct HoldTraits {
     int cards = 0;
     int wilds = 0;
-    int jokers = 0;  // wild ones
-    bool blank = false;     // holds a joker that is not wild, which no row but a pat one names
-    int line = -1;          // of all five cards held
-    RankSet ranks = 0;      // natural cards
+    int jokers = 0;      // wild ones
+    bool blank = false;  // holds a joker that is not wild, which no row but a pat one names
+    int line = -1;       // of all five cards held
+    RankSet ranks = 0;   // natural cards
     int naturals = 0;
     std::array<std::int8_t, kRanks> countOf{};  // natural cards by rank
     int groupRank = -1;     // the rank of most of them, among equals the highest; -1 without
@@ -63,7 +63,7 @@ struct HoldTraits {
     bool suited = false;    // the natural cards are of one suit, and there are some
     bool distinct = false;  // they are all of different ranks, and there are some
     int straights = 0;      // that hold all of them; 0 when ranks are equal
-    int gaps = 0;       // ranks missing inside them; 0 without a straight
+    int gaps = 0;           // ranks missing inside them; 0 without a straight
     int highCards = 0;
 
     bool flushPenalty = false;

@@ -33,21 +33,21 @@ enum class PatHand : std::uint8_t {
 inline constexpr std::size_t kPatHands = 14;
 
 enum class Base : std::uint8_t {
-    kPat,              // a paid hand, all five cards
-    kOfAKind,          // count cards of one rank, wild cards among them
-    kOfAKindAndOne,    // the same and one card besides
-    kTwoPair,          // four cards
-    kToRoyalFlush,     // count cards
+    kPat,            // a paid hand, all five cards
+    kOfAKind,        // count cards of one rank, wild cards among them
+    kOfAKindAndOne,  // the same and one card besides
+    kTwoPair,        // four cards
+    kToRoyalFlush,   // count cards
     kToStraightFlush,
     kToFlush,
     kToStraight,
-    kHighCards,        // count cards that pay as a pair, all of different ranks
-    kRanks,            // the cards of the ranks, in any suits
-    kWildCards,        // count wild cards and nothing else
-    kNothing,          // discard everything
+    kHighCards,  // count cards that pay as a pair, all of different ranks
+    kRanks,      // the cards of the ranks, in any suits
+    kWildCards,  // count wild cards and nothing else
+    kNothing,    // discard everything
 };
 
-enum class Height : std::uint8_t { kAny, kHigh, kLow };           // of a pair
+enum class Height : std::uint8_t { kAny, kHigh, kLow };  // of a pair
 enum class Suiting : std::uint8_t { kAny, kSuited, kUnsuited };
 enum class Condition : std::uint8_t { kAny, kAbsent, kPresent };  // of discards
 
@@ -77,8 +77,8 @@ struct Row {
     Base base = Base::kNothing;
     std::int8_t count = 0;
     PatHand pat = PatHand::kRoyalFlush;
-    bool orBetter = false;                              // pat hands only
-    Height height = Height::kAny;                       // pairs only
+    bool orBetter = false;                             // pat hands only
+    Height height = Height::kAny;                      // pairs only
     std::array<std::int8_t, 4> ranks{-1, -1, -1, -1};  // falling, wild ones last
 
     Suiting suiting = Suiting::kAny;

@@ -24,8 +24,8 @@ struct ReadRow {
 ReadRow ParseRow(std::string_view text);
 
 struct ReadChart {
-    Chart rows;             // those before the problem
-    bool valid = false;     // there is at least one row, and no problem
+    Chart rows;          // those before the problem
+    bool valid = false;  // there is at least one row, and no problem
     ChartProblem problem;
 };
 

@@ -10,13 +10,19 @@
 
 namespace {
 
-constexpr double kNoGain = 1e-8;            // percent: smaller changes are rounding
-constexpr std::size_t kMostPasses = 60;     // over the hands of rows that a guess speaks for
+constexpr double kNoGain = 1e-8;         // percent: smaller changes are rounding
+constexpr double kCoarse = 0.005;        // percent: a chart that loses less has to be fine
+constexpr std::size_t kMostPasses = 60;  // over the hands of rows that a guess speaks for
 constexpr std::size_t kMostSweeps = 6;
 constexpr std::size_t kDropsTried = 12;    // rows that are missed least
 constexpr std::size_t kDropsPolished = 4;  // of the lists that are left without one of them
 constexpr std::size_t kHeirsMoved = 3;
 constexpr std::uint32_t kNone = UINT32_MAX;
+
+// All guesses together may add up so many sums. That ends a search after some seconds, and after
+// the same steps wherever it runs.
+constexpr std::size_t kMostSums = 700'000'000;
+constexpr std::size_t kSumsAtOnce = 16;
 
 // The parts of the work by which its progress is told.
 constexpr double kReadingPart = 0.1;
@@ -26,7 +32,9 @@ class Searcher {
   public:
     Searcher(const StartingHands& hands, const Terms& terms, const PayTable& table,
              const SearchWish& wish, const Progress& progress)
-        : wish(wish),
+        : terms(terms),
+          table(table),
+          wish(wish),
           progress(progress),
           board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
                 [this] { return GoOn(); }) {
@@ -49,8 +57,13 @@ class Searcher {
             const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
             done = kReadingPart + each * static_cast<double>(i);
             limit = done + each;
+            mostSums = sums + (kMostSums - std::min(sums, kMostSums)) / (tolerances.size() - i);
             Start(tolerances[i]);
             Lengthen();
+            if (LossMatters() && rows.size() < wish.mostRows) {
+                Refine();
+                Lengthen();
+            }
             Shrink();
             if (!polished) Polish();
         }
@@ -70,13 +83,14 @@ class Searcher {
         // How long the search goes on is not known: each step comes nearer to the end of its part.
         done += (limit - done) * kStepTowardsLimit;
         if (!stopped && progress && !progress(done)) stopped = true;
-        return !stopped;
+        return !stopped && sums < mostSums;
     }
 
     // What rows of the first list may lose; several, since a coarser beginning is not always the
     // worse one.
     std::vector<double> Tolerances() const {
-        if (wish.mostLoss > 0) return {3 * wish.mostLoss, 0.3 * wish.mostLoss};
+        if (wish.mostLoss >= kCoarse) return {3 * wish.mostLoss, 0.3 * wish.mostLoss};
+        if (wish.mostLoss > 0) return {3 * wish.mostLoss, 0.3 * wish.mostLoss, 0};
         if (wish.mostLoss == 0) return {0};
         return {0.03, 0.003, 0};
     }
@@ -171,10 +185,13 @@ class Searcher {
     // The row that gains most; of those that gain the same, the plainest.
     Pick BestRow() {
         guesses.resize(candidates.size());
+        for (const Candidate& candidate : candidates) {
+            sums += candidate.looks.size() * (rows.size() / kSumsAtOnce + 1);
+        }
         const std::size_t half = twoThreads ? candidates.size() / 2 : candidates.size();
         if (twoThreads) {
-            const auto other = std::async(std::launch::async,
-                                          [&] { GuessAll(half, candidates.size()); });
+            const auto other =
+                std::async(std::launch::async, [&] { GuessAll(half, candidates.size()); });
             GuessAll(0, half);
         } else {
             GuessAll(0, half);
@@ -223,7 +240,7 @@ class Searcher {
     void Polish() {
         polished = true;
         double before = board.Loss();
-        for (std::size_t i = 0; i < kMostSweeps && !stopped; ++i) {
+        for (std::size_t i = 0; i < kMostSweeps && GoOn(); ++i) {
             const std::size_t size = rows.size();
             const bool changed = Sweep();
             Tidy();
@@ -234,10 +251,11 @@ class Searcher {
         }
     }
 
+    bool LossMatters() const { return wish.mostLoss < 0 || board.Loss() > wish.mostLoss + kNoGain; }
+
     // Adds rows as long as they help and there is room, when the loss is what matters.
     void Lengthen() {
-        const bool lossMatters = wish.mostLoss < 0 || board.Loss() > wish.mostLoss + kNoGain;
-        if (!lossMatters) return;
+        if (!LossMatters()) return;
         const std::size_t size = rows.size();
         while (rows.size() < wish.mostRows && GoOn()) {
             const Pick pick = BestRow();
@@ -248,6 +266,21 @@ class Searcher {
         if (rows.size() > size) Polish();
     }
 
+    // Adds candidates with a third word to those there are: refinements of the rows of the list.
+    void Refine() {
+        const Rows list = rows;
+        for (const std::uint32_t row : list) {
+            for (Candidate& refined :
+                 Refined(terms, table, board.Index(), {wish.penalties}, candidates[row])) {
+                const bool known =
+                    std::ranges::any_of(candidates, [&refined](const Candidate& candidate) {
+                        return candidate.looks == refined.looks;
+                    });
+                if (!known) candidates.push_back(std::move(refined));
+            }
+        }
+    }
+
     // Takes a row out, and moves those that inherit its hands to their best places.
     void DropAndMove(std::size_t row) {
         Rows heirs;
@@ -256,8 +289,8 @@ class Searcher {
         }
         RemoveRow(row);
         for (const std::uint32_t heir : heirs) {
-            const auto place = static_cast<std::size_t>(std::ranges::find(rows, heir) -
-                                                        rows.begin());
+            const auto place =
+                static_cast<std::size_t>(std::ranges::find(rows, heir) - rows.begin());
             RemoveRow(place);
             InsertRow(heir, board.BestInsertion(candidates[heir].looks).place);
         }
@@ -280,7 +313,7 @@ class Searcher {
         const Rows before = rows;
         std::vector<Drop> drops;
         for (const auto& [damage, row] : damages) {
-            if (!GoOn()) break;
+            if (stopped) break;
             DropAndMove(row);
             drops.push_back({board.Loss(), rows});
             Restore(before);
@@ -290,13 +323,11 @@ class Searcher {
     }
 
     bool IsTooLong() const { return rows.size() > wish.mostRows; }
-    bool IsGood(double loss) const {
-        return wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain;
-    }
+    bool IsGood(double loss) const { return wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain; }
 
-    // Drops a row; false when the chart is as short as it can be. As long as the list is good enough
-    // without more work, that is all. Then it is polished, and at last several lists are, since what
-    // is missed much may be made up for.
+    // Drops a row; false when the chart is as short as it can be. As long as the list is good
+    // enough without more work, that is all. Then it is polished, and at last several lists are,
+    // since what is missed much may be made up for.
     bool DropRow() {
         const std::vector<Drop> drops = Drops();
         if (drops.empty()) return false;
@@ -319,7 +350,7 @@ class Searcher {
             if (board.Loss() < bestDrop.loss - kNoGain) bestDrop = {board.Loss(), rows};
             if (IsGood(board.Loss())) return true;
         }
-        if (stopped || !IsTooLong()) {
+        if (bestDrop.rows.empty() || !IsTooLong()) {
             Restore(before);
             return false;
         }
@@ -328,14 +359,18 @@ class Searcher {
     }
 
     void Shrink() {
-        while (rows.size() > 1 && GoOn() && (IsTooLong() || IsGood(board.Loss()))) {
+        while (rows.size() > 1 && !stopped && (IsTooLong() || IsGood(board.Loss()))) {
             if (!DropRow()) break;
         }
     }
 
+    const Terms& terms;
+    const PayTable& table;
     const SearchWish& wish;
     const Progress& progress;
     bool stopped = false;
+    std::size_t sums = 0;  // added up so far
+    std::size_t mostSums = kMostSums;
     bool polished = false;  // nothing was dropped since
     double done = 0;
     double limit = kReadingPart;  // of done, in the part at work

@@ -1,8 +1,8 @@
 // Finds charts: lists of rows that lose little in few rows.
 //
-// A first list is made from the top, of rows that lose next to nothing on the hands that are left to
-// them, the widest first. Then rows that became needless go, each row is taken out and the best one
-// for its place put in, itself included, and the row that is missed least is dropped, until the
+// A first list is made from the top, of rows that lose next to nothing on the hands that are left
+// to them, the widest first. Then rows that became needless go, each row is taken out and the best
+// one for its place put in, itself included, and the row that is missed least is dropped, until the
 // chart is as short as is wished. The same table gives the same chart: nothing depends on time.
 #pragma once
 #include <vector>

@@ -13,8 +13,8 @@
 namespace {
 
 constexpr std::uint8_t kAceKind = 0;
-constexpr std::int64_t kOrders = 120;   // of five cards
-constexpr std::int64_t kInOrder = 2;    // of these lay four aces in order
+constexpr std::int64_t kOrders = 120;          // of five cards
+constexpr std::int64_t kInOrder = 2;           // of these lay four aces in order
 constexpr std::size_t kLongestSecondDraw = 3;  // cards: two aces are held
 
 std::size_t SizeOf(std::size_t subset) { return static_cast<std::size_t>(std::popcount(subset)); }
@@ -184,8 +184,7 @@ void StartingHands::ComputeValues(StartingHand& hand) const {
         const std::size_t others = subset ^ (std::size_t{1} << last);
         const std::size_t size = SizeOf(subset);
         keys[subset] = keys[others] + SetKey::Add(static_cast<int>(size) - 1, hand.cards[last]);
-        values[subset] =
-            worth[size][tables.Classes(static_cast<int>(size)).ClassOf(keys[subset])];
+        values[subset] = worth[size][tables.Classes(static_cast<int>(size)).ClassOf(keys[subset])];
     }
     hand.line = tables.LineOfFive(hand.cards);
     values[kAllCards] = pays[LaneOf(hand.line)];
@@ -292,8 +291,8 @@ std::int64_t StartingHands::BestOverOrders(const StartingHand& hand) const {
                     if ((chance.held >> i & 1) == 0) continue;
                     const std::size_t beside = first == 0 ? kHandSize - 1 : 0;
                     const SetCard card = hand.cards[i];
-                    inOrder = inOrder && position[i] == (IsAceWithPlace(card) ? card.suit + first
-                                                                             : beside);
+                    inOrder = inOrder &&
+                              position[i] == (IsAceWithPlace(card) ? card.suit + first : beside);
                 }
                 if (inOrder) value += chance.gain;
             }

@@ -19,10 +19,10 @@ inline constexpr std::size_t kAllCards = kSubsets - 1;
 
 struct StartingHand {
     SortedCards cards{};
-    std::int64_t weight = 0;                     // hands of the class
+    std::int64_t weight = 0;                      // hands of the class
     std::array<std::int64_t, kSubsets> values{};  // parts of a coin, by hold
-    std::int64_t best = 0;                       // parts of a coin, played as well as can be
-    int line = -1;                               // that standing pat is paid on; -1 for none
+    std::int64_t best = 0;                        // parts of a coin, played as well as can be
+    int line = -1;                                // that standing pat is paid on; -1 for none
 };
 
 class StartingHands {
@@ -72,7 +72,7 @@ class StartingHands {
     bool ordered = false;
     std::int64_t parts = 0;
     std::int64_t count = 0;
-    std::array<std::int64_t, kLanes> pays{};              // coins, by lane
+    std::array<std::int64_t, kLanes> pays{};                // coins, by lane
     std::array<std::int64_t, kHandSize + 1> partsOfDraw{};  // parts of one draw, by cards drawn
     // The coins that all hands of a set are worth together, by size and class of the set.
     std::array<std::vector<std::int64_t>, kHandSize> worth;

@@ -75,7 +75,8 @@ high pair, straight penalty
 pair, discarding A K
 3 to a straight flush, 1 high card, 2+ straights
 K Q J suited
-4 to a straight, unsuited, 1-2 straights and high cards
+4 to a straight, unsuited, 1-2 straights and high cards, 0 gaps
+3 to a straight, 1 gap
 low pair, not discarding T 9
 3 to a flush, flush penalty
 2 high cards, suited, 1 straight or high card
@@ -106,6 +107,14 @@ pair, 0 wild cards
 2 to a royal flush, without A, flush penalty
 )";
 
+// Few rows, since two suits that are unlike the others leave five times as many hands.
+constexpr const char* kShort = R"(
+4 to a royal flush, 0 wild cards
+W T
+three of a kind, 1+ wild cards
+3 to a flush, flush penalty
+)";
+
 TEST(GradeTest, JacksOrBetterReturnsWhatASlowReaderFinds) {
     ExpectSameGrade(JacksOrBetter(), kJacks);
 }
@@ -123,10 +132,16 @@ TEST_P(OddCharts, AreGradedAsASlowReaderGradesThem) {
     ExpectSameGrade(GetParam().second(), GetParam().first);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Words, OddCharts,
-    testing::Values(std::pair{kAllWords, &DoubleDoubleBonus}, std::pair{kAllWords, &FiveAces},
-                    std::pair{kWild, &DeucesAndJoker}, std::pair{kWild, &OneEyedJacks},
-                    std::pair{kWild, +[] { return JokerPoker(2); }}));
+// All hands of a deck take the slow reader seconds; under the sanitizers one chart has to do.
+#if defined(__SANITIZE_ADDRESS__)
+INSTANTIATE_TEST_SUITE_P(Words, OddCharts, testing::Values(std::pair{kWild, &DeucesAndJoker}));
+#else
+INSTANTIATE_TEST_SUITE_P(Words, OddCharts,
+                         testing::Values(std::pair{kAllWords, &DoubleDoubleBonus},
+                                         std::pair{kAllWords, &FiveAces},
+                                         std::pair{kWild, &DeucesAndJoker},
+                                         std::pair{kShort, &OneEyedJacks},
+                                         std::pair{kWild, +[] { return JokerPoker(2); }}));
+#endif
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "core/analysis/AceOrder.h"
 #include "core/analysis/Combinations.h"
+#include "core/analysis/GameAnalysis.h"
 #include "tests/core/TestGames.h"
 
 namespace second {
@@ -111,14 +112,22 @@ class Reader {
     // In the words of the page; empty for lines that are passed over.
     static std::string NameOf(HandRank rank) {
         static const std::map<HandRank, std::string> names = {
-            {kRoyalFlush, "royal flush"},     {kWildRoyalFlush, "wild royal flush"},
-            {kFiveWilds, "five wild cards"},  {kFourWilds, "four wild cards"},
-            {kFiveOfAKind, "five of a kind"}, {kBonusFiveOfAKind, "five of a kind"},
-            {kStraightFlush, "straight flush"}, {kFiveOfAKindWithOneWild, "five of a kind"},
-            {kFourOfAKind, "four of a kind"}, {kBonusFourOfAKind, "four of a kind"},
-            {kFullHouse, "full house"},       {kFlush, "flush"},
-            {kStraight, "straight"},          {kThreeOfAKind, "three of a kind"},
-            {kTwoPair, "two pair"},           {kOnePair, "pair"},
+            {kRoyalFlush, "royal flush"},
+            {kWildRoyalFlush, "wild royal flush"},
+            {kFiveWilds, "five wild cards"},
+            {kFourWilds, "four wild cards"},
+            {kFiveOfAKind, "five of a kind"},
+            {kBonusFiveOfAKind, "five of a kind"},
+            {kStraightFlush, "straight flush"},
+            {kFiveOfAKindWithOneWild, "five of a kind"},
+            {kFourOfAKind, "four of a kind"},
+            {kBonusFourOfAKind, "four of a kind"},
+            {kFullHouse, "full house"},
+            {kFlush, "flush"},
+            {kStraight, "straight"},
+            {kThreeOfAKind, "three of a kind"},
+            {kTwoPair, "two pair"},
+            {kOnePair, "pair"},
             {kAllRedOrBlack, "one colour"}};
         const auto found = names.find(rank);
         return found == names.end() ? "" : found->second;
@@ -156,9 +165,11 @@ class Reader {
         if (words[0] == "pat") return PatTest(Join(words, 1));
         if (words[0] == "discard") return [](const Cards& c) { return Size(c) == 0; };
         const std::string text = Join(words, 0);
-        const std::map<std::string, std::size_t> kinds = {
-            {"pair", 2}, {"high pair", 2}, {"low pair", 2}, {"three of a kind", 3},
-            {"four of a kind", 4}};
+        const std::map<std::string, std::size_t> kinds = {{"pair", 2},
+                                                          {"high pair", 2},
+                                                          {"low pair", 2},
+                                                          {"three of a kind", 3},
+                                                          {"four of a kind", 4}};
         if (kinds.contains(text)) {
             return [this, n = kinds.at(text), word = words[0]](const Cards& c) {
                 if (Size(c) != n || !OneRank(c)) return false;
@@ -166,9 +177,8 @@ class Reader {
             };
         }
         if (text == "two pair") {
-            return [](const Cards& c) {
-                return Size(c) == 4 && std::ranges::count(c.count, 2) == 2;
-            };
+            return
+                [](const Cards& c) { return Size(c) == 4 && std::ranges::count(c.count, 2) == 2; };
         }
         if (text.ends_with("and a kicker")) {
             const std::size_t n = text.starts_with("pair") ? 3 : 4;
@@ -208,8 +218,8 @@ class Reader {
         return [words, suited](const Cards& c) {
             std::multiset<std::string> wanted(words.begin(), words.end()), held;
             for (const Card& card : c.held) {
-                held.insert(card.wild ? "W" : std::string(1, kOrder[static_cast<std::size_t>(
-                                                                 card.rank)]));
+                held.insert(
+                    card.wild ? "W" : std::string(1, kOrder[static_cast<std::size_t>(card.rank)]));
             }
             return wanted == held && (!suited || c.suited);
         };
@@ -289,6 +299,23 @@ class Reader {
         return false;
     }
 
+    // The fewest ranks missing in a run of neighbours that holds them, the ace at either end.
+    static int Gaps(const Cards& c) {
+        int gaps = c.straights > 0 ? 99 : 0;
+        for (int straight = 0; straight < 10; ++straight) {
+            int lowest = 99, highest = -1, ranks = 0;
+            for (int rank = 0; rank < 13; ++rank) {
+                if (!c.HasRank(rank)) continue;
+                const int at = rank == 12 && straight == 0 ? -1 : rank;
+                lowest = std::min(lowest, at);
+                highest = std::max(highest, at);
+                ranks += Stands(rank, straight) ? 1 : 99;
+            }
+            if (ranks < 99) gaps = std::min(gaps, highest - lowest + 1 - ranks);
+        }
+        return gaps;
+    }
+
     Test AmountTest(const std::string& amount, const std::string& what) const {
         const auto mark = amount.find_first_of("+-");
         const int least = std::stoi(amount);
@@ -298,6 +325,7 @@ class Reader {
         return [this, least, most, what](const Cards& c) {
             int number = -1;
             if (what == "straight" || what == "straights") number = c.straights;
+            if (what == "gap" || what == "gaps") number = Gaps(c);
             if (what == "high card" || what == "high cards") number = Highs(c);
             if (what.find("straight") == 0 && what.find(" high card") != std::string::npos)
                 number = c.straights + Highs(c);
@@ -335,7 +363,8 @@ inline std::int64_t Renamings(const PayTable& table, const CardTable& deck,
     for (const CardCode code : codes) {
         const CardInfo& card = deck.cards[static_cast<std::size_t>(code)];
         if (card.IsJoker()) ++jokers;
-        if (card.suit >= 1 && card.suit <= 4) suits[static_cast<std::size_t>(card.suit - 1)] |= 1 << card.rank;
+        if (card.suit >= 1 && card.suit <= 4)
+            suits[static_cast<std::size_t>(card.suit - 1)] |= 1 << card.rank;
     }
     // Of jokers, those of the lowest slots stand for the others.
     int seen = 0;
@@ -378,12 +407,15 @@ inline Grade GradeSlowly(const PayTable& table, const std::string& chart) {
         for (std::size_t mask = 0; mask < 32; ++mask) {
             const HoldResult& hold = analysis.holds[mask];
             for (std::size_t line = 0; line < table.lines.size(); ++line)
-                values[mask] += hold.lineCounts[line] * LineUnitPay(table, static_cast<int>(line), 5);
+                values[mask] +=
+                    hold.lineCounts[line] * LineUnitPay(table, static_cast<int>(line), 5);
             values[mask] *= grade.parts / hold.totalHands;
             Cards cards;
             for (std::size_t i = 0; i < 5; ++i) {
                 const CardInfo& info = deck.cards[static_cast<std::size_t>(codes[i])];
-                const Card card{info.IsJoker() ? -1 : info.rank == 1 ? 12 : info.rank - 2,
+                const Card card{info.IsJoker()   ? -1
+                                : info.rank == 1 ? 12
+                                                 : info.rank - 2,
                                 info.suit, info.wild};
                 (Holds(static_cast<int>(mask), static_cast<int>(i)) ? cards.held : cards.out)
                     .push_back(card);

@@ -1,0 +1,172 @@
+#include "core/strategy/Search.h"
+
+#include <optional>
+#include <random>
+
+#include "core/strategy/RowText.h"
+#include "tests/core/strategy/SecondReader.h"
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+
+// A table with what a search needs of it.
+struct Game {
+    explicit Game(PayTable wanted)
+        : table(std::move(wanted)), tables(table), hands(tables, table), terms(tables, table) {}
+
+    SearchResult Find(const SearchWish& wish, const Progress& progress = {}) const {
+        return FindChart(hands, terms, table, wish, progress);
+    }
+    // A search is asked to go on some hundred times; stopped early, it has a chart all the same.
+    SearchResult FindFast(const SearchWish& wish) const {
+        int asked = 0;
+        return Find(wish, [&asked](double) { return ++asked < 70; });
+    }
+    ChartGrade Grade(const Chart& chart) const { return GradeChart(hands, terms, chart); }
+    double Loss(const Chart& chart) const {
+        const ChartGrade grade = Grade(chart);
+        return Percent(grade.Loss(), grade.Bet());
+    }
+
+    PayTable table;
+    LineTables tables;
+    StartingHands hands;
+    Terms terms;
+};
+
+PayTable WithoutLines() {
+    PayTable table = JacksOrBetter();
+    table.lines.clear();
+    return table;
+}
+PayTable OneLineOnly() {
+    PayTable table = JacksOrBetter();
+    table.lines = {Natural(kFlush, 6)};
+    return table;
+}
+PayTable OddWilds() {
+    PayTable table = DeucesWild();
+    table.wildRanks = {2, 3, 11, 12, 1};
+    return table;
+}
+PayTable NaturalJokers() {
+    PayTable table = JacksOrBetter();
+    table.jokers = 2;
+    table.deckSize = 54;
+    return table;
+}
+
+TEST(SearchTest, TheStandardChartOfJacksOrBetterIsShort) {
+    if (kSanitized) GTEST_SKIP() << "takes minutes";
+    const Game game(JacksOrBetter());
+    const SearchResult found = game.Find(kStandardChart);
+    EXPECT_LE(found.chart.size(), 22U);
+    const ChartGrade grade = game.Grade(found.chart);
+    EXPECT_EQ(PercentText(grade.worst, grade.Bet(), 6), "99.536052");
+    EXPECT_EQ(found.chart.back(), Row());
+    for (const Row& row : found.chart) EXPECT_FALSE(row.AsksOfDiscards()) << RowText(row);
+    for (const RowGrade& row : grade.rows) EXPECT_GT(row.hands, 0);
+    for (std::size_t size = 1; size < found.bySize.size(); ++size) {
+        const auto& [rows, loss] = found.bySize[size];
+        if (rows.empty()) continue;
+        EXPECT_EQ(rows.size(), size);
+        EXPECT_NEAR(game.Loss(rows), loss, 1e-5) << size;
+    }
+}
+
+TEST(SearchTest, TheSameTableGivesTheSameChart) {
+    const SearchWish wish{12, -1, true};
+    const Game game(JacksOrBetter());
+    const Chart chart = game.FindFast(wish).chart;
+    EXPECT_GT(chart.size(), 12U);
+    EXPECT_LT(game.Loss(chart), 0.6);
+    EXPECT_EQ(ChartText(Game(JacksOrBetter()).FindFast(wish).chart), ChartText(chart));
+}
+
+class OddTables : public testing::TestWithParam<PayTable (*)()> {};
+
+TEST_P(OddTables, HaveChartsThatDecideEveryHand) {
+    const Game game(GetParam()());
+    const SearchResult found = game.FindFast({8, -1, false});
+    const ChartGrade grade = game.Grade(found.chart);
+    EXPECT_EQ(grade.hands, Combinations(game.table.deckSize, kHandSize));
+    EXPECT_EQ(grade.rest.hands, 0);
+    EXPECT_TRUE(grade.worst <= grade.bestReading && grade.bestReading <= grade.best);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, OddTables,
+                         testing::Values(
+                             &WithoutLines, &OneLineOnly, &OddWilds, &NaturalJokers, &AcesBonus,
+                             &DoubleDraw, +[] { return JokerPoker(5); }));
+
+TEST(SearchTest, TheBestPlayIsThatOfTheWholeGame) {
+    for (const PayTable& table :
+         {AcesBonus(), DoubleDraw(), WithLine(JacksOrBetter(), Natural(kFourAcesInOrder, 800))}) {
+        const Game game(table);
+        const ChartGrade grade = game.Grade({Row()});
+        const GameTotals totals = AnalyzeGame(game.tables, game.table, 1, {});
+        EXPECT_NEAR(Percent(grade.best, grade.Bet()), totals.payoutPercent, 1e-8);
+    }
+}
+
+TEST(SearchTest, ACancelledSearchHasAValidChart) {
+    const Game game(JacksOrBetter());
+    for (const int last : {0, 1, 40, 60}) {
+        int asked = 0;
+        const SearchResult found = game.Find(kStandardChart, [&](double done) {
+            EXPECT_GE(done, 0);
+            EXPECT_LE(done, 1);
+            return ++asked <= last;
+        });
+        EXPECT_TRUE(found.cancelled);
+        ASSERT_FALSE(found.chart.empty());
+        EXPECT_EQ(game.Grade(found.chart).rest.hands, 0);
+        EXPECT_LT(game.Loss(found.chart), last == 60 ? 0.1 : 100);
+    }
+}
+
+TEST(SearchTest, TablesThatNoChartServesAreRefused) {
+    EXPECT_NE(StartingHands::WhyNot(PickEm()), "");
+    EXPECT_NE(StartingHands::WhyNot(SneakPeak()), "");
+    EXPECT_EQ(StartingHands::WhyNot(JacksOrBetter()), "");
+    PayTable rich = DoubleDraw();
+    EXPECT_EQ(StartingHands::WhyNot(rich), "");
+    rich.lines[0].maxPayout = 2'000'000'000;
+    EXPECT_NE(StartingHands::WhyNot(rich), "") << "in whole numbers of 64 bits";
+    rich.type = GameType::kStandard;
+    EXPECT_EQ(StartingHands::WhyNot(rich), "");
+}
+
+// Any pays on a game that is drawn too.
+PayTable RandomTable(std::mt19937& random) {
+    constexpr PayTable (*games[])() = {&JacksOrBetter, &DoubleDoubleBonus,
+                                       &DeucesWild,    &DeucesDeluxe,
+                                       &FiveAces,      +[] { return JokerPoker(1); }};
+    PayTable table = games[random() % std::size(games)]();
+    table.minPair = 5 + static_cast<int>(random() % 11);
+    for (PayLine& line : table.lines) {
+        line.payout = static_cast<int>(static_cast<unsigned>(line.payout) * (random() % 4));
+        line.maxPayout = line.payout * 5;
+    }
+    return table;
+}
+
+TEST(SearchTest, ASecondReaderConfirmsTheLossOfRandomTables) {
+    std::mt19937 random(16);
+    for (int i = 0; i < (kSanitized ? 1 : 3); ++i) {
+        const Game game(RandomTable(random));
+        const SearchResult found = game.FindFast({10, -1, i % 2 == 0});
+        const ChartGrade grade = game.Grade(found.chart);
+        const second::Grade slow = second::GradeSlowly(game.table, ChartText(found.chart));
+        ASSERT_EQ(grade.partsOfCoin, slow.parts);
+        EXPECT_TRUE(grade.best == slow.best && grade.worst == slow.worst) << ChartText(found.chart);
+        EXPECT_EQ(grade.ambiguousHands, slow.ambiguous);
+    }
+}
+
+}  // namespace
