@@ -120,9 +120,10 @@ QString CMorvikDoc::WaitingNote() const {
     return tr("%1 waits to be opened").arg(QFileInfo(waitingFile).fileName());
 }
 
+// Nothing is deleted yet: what was begun in one of the windows may be waiting further up the stack.
 void CMorvikDoc::CloseReports() {
     aside.CloseAll();
-    allGames.reset();
+    if (allGames) allGames->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
@@ -159,7 +160,10 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
     });
 }
 
-void CMorvikDoc::RefuseQuestions() { player.RefuseAll(); }
+void CMorvikDoc::RefuseQuestions() {
+    player.RefuseAll();
+    aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+}
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }
 

@@ -1,6 +1,7 @@
 #include "game/reports/StatisticsRows.h"
 
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 #include "core/analysis/GameAnalysis.h"
@@ -11,6 +12,7 @@
 #include "game/reports/Quotient.h"
 #include "game/reports/ReportCells.h"
 #include "game/reports/ReportHead.h"
+#include "game/reports/ReportText.h"
 
 namespace {
 
@@ -183,6 +185,14 @@ std::vector<ReportColumn> Columns() {
             {"How unusual in game", "", true, unusual}};
 }
 
+// Without the columns of what is expected.
+ReportTable OnlySeen(const ReportTable& table) {
+    constexpr std::size_t seen[] = {0, 2, 5};
+    std::vector<std::size_t> rows(table.rows.size());
+    std::iota(rows.begin(), rows.end(), 0);
+    return PartOf(table, rows, seen);
+}
+
 std::string ExpectedText(const GameEngine& engine, bool isKnown) {
     if (isKnown) {
         return "best play of " + BetText(engine.settings) +
@@ -218,5 +228,5 @@ ReportTable StatisticsRows(const GameEngine& engine, const std::optional<Expecte
     table.warning = MixedBets(engine);
     table.columns = Columns();
     table.rows = RowMaker(engine, expected).Rows();
-    return table;
+    return expected ? table : OnlySeen(table);
 }

@@ -24,7 +24,7 @@ enum class StatisticsRow : int {
 };
 
 // Of the engine's game and table. What is expected is that of its present bet, which the counters
-// do not tell from others; without it the cells of it are empty, and the head says why. The time is
+// do not tell from others; without it its columns are left out, and the head says why. The time is
 // that of the figures, in seconds since the epoch.
 ReportTable StatisticsRows(const GameEngine& engine, const std::optional<ExpectedPlay>& expected,
                            std::int64_t time);

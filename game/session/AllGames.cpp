@@ -20,6 +20,10 @@ bool AllGames::CanAnalyze(std::int64_t id) const {
     return found != games.end() && CanAnalyzeGame(found->table);
 }
 
+std::int64_t AllGames::PlayedId() const {
+    return ListedTable{CurrentTable(seat.engine.settings), {}}.Id();
+}
+
 int AllGames::CountMissing() const {
     return static_cast<int>(std::ranges::count_if(
         games, [this](const ListedTable& game) { return IsMissing(game, Cache()); }));

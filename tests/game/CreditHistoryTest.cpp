@@ -24,6 +24,8 @@ TEST(CreditHistoryTest, ALongSessionKeepsItsPeaksInFewerStretches) {
     EXPECT_EQ(history.HandsPerStretch(), 64);
     EXPECT_EQ(history.Stretches().size(), 40U * CreditHistory::kMostStretches / 64);
     EXPECT_EQ(history.Stretches()[kMost / 64], (Stretch{7, 5000, 800}));
+    EXPECT_EQ(history.WagersUntil()[99].fullBets, 100 * 64 * 5);
+    EXPECT_EQ(history.WagersUntil().back().fullSquares, 40 * kMost * 25);
 }
 
 struct GainTest : testing::Test, TestSeat {

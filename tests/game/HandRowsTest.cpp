@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "core/cards/CardText.h"
 #include "game/engine/Dealing.h"
 #include "game/reports/HandReport.h"
 #include "tests/game/TestMachine.h"
@@ -110,6 +113,12 @@ TEST_F(HandRowsTest, GamesWithASecondRowKeepTheirParticulars) {
     EXPECT_EQ(Cells(table, 0, 3), "AS AH __ 7C __|1|7D at 3");
     EXPECT_EQ(Typed("AS AH KD 7C 3S"), "AS AH KD 7C 3S 7D") << "the known card stays";
     EXPECT_EQ(Typed("AS AH KD 7D 3S 10c"), "AS AH KD 7D 3S TC");
+    const HandCards draws = spare.drawCards;
+    const CardCode second = draws[1];
+    EXPECT_EQ(Typed("AS AH KD 7D 3S " + CardText(spare.deck.table, second)).substr(0, 14),
+              "AS AH KD 7D 3S");
+    EXPECT_EQ(std::ranges::count(spare.drawCards, second), 1);
+    EXPECT_EQ(spare.drawCards[1], draws[0]) << "the two change places";
     EXPECT_EQ(Typed("2S AH"), "2 cards given where 6 are needed");
     Play("Dbl Draw Bonus", 318);
     Lend("AS AH KS 9C 9D");

@@ -112,6 +112,10 @@ TEST_F(ReportRowsTest, ARunThatIsCancelledKeepsWhatIsDoneAndStoresNoPart) {
         EXPECT_EQ(ReadStamp(cache, game).stoppedAt, std::nullopt);
     }
     EXPECT_GT(games.CountMissing(), 30);
+    machine.files.mainPath += ".missing";
+    games.Refresh();
+    games.AnalyzeMissing();
+    EXPECT_TRUE(games.Table().rows.empty() && !games.IsRunning()) << "nothing is there to do";
 }
 
 TEST_F(ReportRowsTest, ALineHasItsChanceItsShareAndTheCardsThatAreDrawnForIt) {

@@ -75,6 +75,15 @@ double Difference(const QImage& a, const QImage& b) {
     return sum / (a.width() * a.height());
 }
 
+// Below the title.
+int DarkPixels(const QImage& image) {
+    int dark = 0;
+    for (int y = image.height() / 3; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, y)) < 64 ? 1 : 0;
+    }
+    return dark;
+}
+
 TEST_F(ChartPicturesTest, TheyAreDarkOnWhiteAndSayWhatTheyAreOf) {
     const QStringList axes[] = {{"Net gain, dollars", "Hands played", "One standard deviation",
                                  "Expected of the best play."},
@@ -91,6 +100,7 @@ TEST_F(ChartPicturesTest, TheyAreDarkOnWhiteAndSayWhatTheyAreOf) {
         EXPECT_EQ(png.dotsPerMeterX(), 11811);
         EXPECT_GT(png.width(), 900);
         EXPECT_EQ(png.pixelColor(0, 0), QColor(Qt::white));
+        EXPECT_GT(DarkPixels(png), 1000) << "what is written is dark";
         const QImage small =
             png.scaled(png.size() / 3, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         QImage blank(small.size(), QImage::Format_RGB32);

@@ -83,8 +83,13 @@ TEST_F(PutAsideTest, TheMachineIsPlayedOnBesideAReportThatKeepsItsMoment) {
     QTest::keyClick(&first, Qt::Key_F5);
     EXPECT_TRUE(first.windowTitle().contains(QString::fromStdString(p.engine.settings.gameName)));
     EXPECT_EQ(CardsOf(first), kNothing);
-    QTest::keyClick(&first, Qt::Key_Escape);
-    EXPECT_EQ(Aside().size(), 1U);
+    QTest::keyClick(&first, Qt::Key_L, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return PartOf<QWidget>(first, "holds").isVisible(); }));
+    QTest::keyClick(&first, Qt::Key_F, Qt::ControlModifier);
+    for (const std::size_t left : {2U, 1U}) {  // the first ends the search
+        QTest::keyClick(first.focusWidget(), Qt::Key_Escape);
+        EXPECT_EQ(Aside().size(), left);
+    }
 }
 
 TEST_F(PutAsideTest, NothingThatIsAsideHoldsTheEndUp) {
@@ -140,6 +145,8 @@ TEST_F(PutAsideTest, AReportOpensAsItWasLeft) {
         EXPECT_TRUE(dialog.screen()->availableGeometry().contains(dialog.geometry()));
         dialog.accept();
     });
+    p.frame->close();
+    EXPECT_TRUE(Aside().empty());
 }
 
 }  // namespace

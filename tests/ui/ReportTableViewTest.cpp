@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QMimeData>
 #include <QPrinter>
 #include <QScrollBar>
@@ -109,7 +111,8 @@ TEST_F(ReportTableViewTest, AHeadingSortsUpwardsThenDownwardsThenNotAtAll) {
 }
 
 TEST_F(ReportTableViewTest, FindGoesOnBackAndAroundAndSaysWhenThereIsNothing) {
-    Key(Qt::Key_F, Qt::ControlModifier);
+    ok->setFocus();
+    Key(Qt::Key_F, Qt::ControlModifier);  // from anywhere in the window
     QTest::keyClicks(QApplication::focusWidget(), "D");
     EXPECT_EQ(view->CurrentRow(), 103);
     EXPECT_EQ(Table().currentIndex().column(), 0);
@@ -164,6 +167,11 @@ TEST_F(ReportTableViewTest, WhatIsShownIsSavedInEveryFormatAndPrinted) {
     printer.setOutputFileName(QString::fromStdString(folder.Path("printed.pdf")));
     PrintTableTo(view->Table(), printer);
     EXPECT_NE(folder.Read("printed.pdf").find("/ToUnicode"), std::string::npos);
+    Answer({[](QDialog& print) {
+               EXPECT_EQ(print.objectName(), "print");
+               print.reject();
+           }},
+           [&] { Click("printTable"); });
 }
 
 TEST_F(ReportTableViewTest, TheFirstColumnStandsStillAndIsNeverInTheWay) {
@@ -182,6 +190,24 @@ TEST_F(ReportTableViewTest, TheFirstColumnStandsStillAndIsNeverInTheWay) {
                       Frozen().visualRect(Frozen().model()->index(2, 0)).center());
     EXPECT_EQ(view->CurrentRow(), 102);
     EXPECT_TRUE(Table().hasFocus());
+}
+
+TEST_F(ReportTableViewTest, TheMenuSortsByKeysAndBeginsWithWhatIsTheReports) {
+    QAction play("Play", nullptr);
+    view->addAction(&play);
+    Table().setCurrentIndex(Table().model()->index(0, 1));
+    for (const auto& [entry, order] :
+         {std::pair("sortDown", "bcda"), {"sortUp", "cdba"}, {"ownOrder", "cabd"}}) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
+        QApplication::sendEvent(Table().viewport(), &event);
+        auto* menu = view->findChild<QMenu*>("tableMenu");
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(menu->actions().first(), &play);
+        menu->findChild<QAction*>(entry)->trigger();
+        menu->close();
+        QTest::qWait(0);
+        EXPECT_EQ(Order(), order);
+    }
 }
 
 TEST_F(ReportTableViewTest, EnterIsForTheRowWhereSomebodyListens) {

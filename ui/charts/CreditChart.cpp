@@ -332,10 +332,10 @@ QStringList CreditChart::LegendTexts() const {
 }
 
 void CreditChart::DrawKey(const Canvas& canvas) const {
-    const auto& [painter, sheet, plot, line] = canvas;
-    const ChartColours& colours = sheet.colours;
+    QPainter& painter = canvas.painter;
+    const ChartColours& colours = canvas.sheet.colours;
     const auto stroke = [&](const QPen& pen) {
-        return [&painter = painter, pen](const QRectF& place) {
+        return [&painter, pen](const QRectF& place) {
             painter.setPen(pen);
             painter.drawLine(QPointF(place.left(), place.center().y()),
                              QPointF(place.right(), place.center().y()));
@@ -344,12 +344,11 @@ void CreditChart::DrawKey(const Canvas& canvas) const {
     const auto shade = [&](float alpha, Qt::PenStyle edge) {
         QColor fill = colours.second;
         fill.setAlphaF(alpha);
-        return
-            [&painter = painter, fill, pen = QPen(colours.second, 0.8, edge)](const QRectF& place) {
-                painter.setPen(pen);
-                painter.setBrush(fill);
-                painter.drawRect(place.adjusted(0, 0.2 * place.height(), 0, -0.2 * place.height()));
-            };
+        return [&painter, fill, pen = QPen(colours.second, 0.8, edge)](const QRectF& place) {
+            painter.setPen(pen);
+            painter.setBrush(fill);
+            painter.drawRect(place.adjusted(0, 0.2 * place.height(), 0, -0.2 * place.height()));
+        };
     };
     const auto band = static_cast<float>(kBandShade);
     const std::function<void(const QRectF&)> samples[] = {
@@ -358,7 +357,9 @@ void CreditChart::DrawKey(const Canvas& canvas) const {
         shade(band, Qt::DotLine)};
     QList<LegendItem> items;
     for (const QString& text : LegendTexts()) items.append({text, samples[items.size()]});
-    DrawLegend(painter, sheet, sheet.area.adjusted(line, kAboveLegend * line, -line, 0), items);
+    const double line = canvas.line;
+    DrawLegend(painter, canvas.sheet,
+               canvas.sheet.area.adjusted(line, kAboveLegend * line, -line, 0), items);
 }
 
 // On the hand that is read, or the last one.

@@ -104,8 +104,10 @@ QPushButton* AllGamesWindow::AddAction(QLayout& row, const QString& caption, con
     return button;
 }
 
+// At the first time the table that is played is the chosen one.
 void AllGamesWindow::Open() {
     Reload();
+    if (table->CurrentRow() < 0) table->SetCurrentRow(games.PlayedId());
     show();
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();

@@ -2,10 +2,10 @@
 
 #include <QDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QTime>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -32,11 +32,8 @@ class AsideWindow : public QWidget {
         taken->setObjectName("taken");
         auto* bottom = new QHBoxLayout;
         bottom->addWidget(taken, 1);
-        bottom->addWidget(MakeButton(tr("Refresh"), "refresh", Qt::Key_F5, [this] {
-            page->Refresh();
-            ShowTime();
-        }));
-        bottom->addWidget(MakeButton(tr("Close"), "close", Qt::Key_Escape, [this] { close(); }));
+        bottom->addWidget(MakeButton(tr("Refresh"), "refresh", Qt::Key_F5, &AsideWindow::Refresh));
+        bottom->addWidget(MakeButton(tr("Close"), "close", Qt::Key_Escape, &AsideWindow::Close));
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(page, 1);
         layout->addLayout(bottom);
@@ -48,16 +45,29 @@ class AsideWindow : public QWidget {
         page->KeepIn(*new ReportFrame(*this, name, "asidePlace"));
     }
 
+  protected:
+    // What has the focus may have another use for them, as Esc ends a search.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_F5) return Refresh();
+        if (event->key() == Qt::Key_Escape) return Close();
+        QWidget::keyPressEvent(event);
+    }
+
   private:
-    template <typename Action>
-    QPushButton* MakeButton(const QString& caption, const char* name, Qt::Key key, Action action) {
+    QPushButton* MakeButton(const QString& caption, const char* name, Qt::Key key,
+                            void (AsideWindow::*action)()) {
         auto* button = new QPushButton(caption, this);
         button->setObjectName(name);
         button->setToolTip(caption + " (" + QKeySequence(key).toString() + ")");
         connect(button, &QPushButton::clicked, this, action);
-        new QShortcut(key, this, action);
         return button;
     }
+
+    void Refresh() {
+        page->Refresh();
+        ShowTime();
+    }
+    void Close() { close(); }
 
     void ShowCaption() { setWindowTitle(page->Caption()); }
     void ShowTime() {
@@ -101,12 +111,18 @@ void AsideWindows::PutAside(const ReportPage& page, const QString& name) {
     window->activateWindow();
 }
 
-// Not deleted yet: a dialog over one of them may be waiting for its answer, further up the stack.
-void AsideWindows::CloseAll() {
+void AsideWindows::RefuseQuestions() {
     for (const QPointer<QWidget>& window : windows) {
         if (!window) continue;
         for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
-        window->hide();
+    }
+}
+
+// Not deleted yet: a dialog over one of them may be on its way back, further up the stack.
+void AsideWindows::CloseAll() {
+    RefuseQuestions();
+    for (const QPointer<QWidget>& window : windows) {
+        if (window) window->hide();
     }
 }
 

@@ -24,8 +24,10 @@ class AsideWindows : public QObject {
     // window is its own. A second one lies a little beside the first.
     void PutAside(const ReportPage& page, const QString& name);
 
-    // The machine's window is closed: nothing of them is seen any more, and what one of them asks
-    // is cancelled.
+    // Cancels whatever one of them asks.
+    void RefuseQuestions();
+
+    // The machine's window is closed: nothing of them is asked or seen any more.
     void CloseAll();
 
   private:

@@ -274,6 +274,8 @@ void ErrorLogPage::ShowTables() {
     const std::string only = kind->currentText().toStdString();
     entries->SetTable(kind->currentIndex() == 0 ? all : OnlyKind(std::move(all), only));
     kinds->SetTable(byKind);
+    const auto& rows = entries->Table().rows;
+    if (entries->CurrentRow() < 0 && !rows.empty()) entries->SetCurrentRow(rows.front().id);
     const QString game = QString::fromStdString(shown.engine.settings.gameName);
     entries->SetFileName(tr("%1 errors").arg(game));
     kinds->SetFileName(tr("%1 errors by kind").arg(game));

@@ -60,11 +60,23 @@ void Widen(ColumnWidths& widths, const QFontMetrics& font, const QList<std::stri
     }
 }
 
+// All of a table that what is expected of it depends on, and more.
+PayTable Pays(PayTable table) {
+    for (PayLine& line : table.lines) line.sessionWins = line.totalWins = 0;
+    return table;
+}
+
 }  // namespace
 
 StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
                                const GameEngine* playersOwn, QWidget* parent)
     : ReportPage(parent), taken(now), player(playersOwn), tabs(new QTabWidget(this)) {
+    const auto take = [this](int run, const ExpectedPlay& found) {
+        if (run != runs) return;
+        expected = found;
+        ShowExpected();
+    };
+    connect(this, &StatisticsPage::Analyzed, this, take, Qt::QueuedConnection);
     Take(shown);
     tabs->setObjectName("tabs");
     chart = new CreditChart(this);
@@ -82,6 +94,7 @@ StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
 
 // What needs other objects is left out: they may go before this page.
 void StatisticsPage::Take(const GameEngine& from) {
+    if (Pays(from.payTable) != Pays(engine.payTable)) expected.reset();
     engine = from;
     engine.lineTables = nullptr;
     engine.lineTableCache = nullptr;
@@ -166,8 +179,8 @@ void StatisticsPage::ShowFigures() {
         PictureSubject(settings.gameName, settings.activeTable, settings.bet, settings.coin, date),
         tr("%1 session").arg(name));
     table->SetFileName(tr("%1 statistics").arg(name));
-    ShowExpected(std::nullopt);
-    Analyze();
+    ShowExpected();
+    if (!expected) Analyze();
 }
 
 // What an earlier analysis has told, and is not shown yet, is of other figures.
@@ -177,16 +190,12 @@ void StatisticsPage::Analyze() {
     if (!CanAnalyzeGame(engine.payTable)) return;
     analysis = std::jthread([this, run, of = engine.payTable](const std::stop_token& stop) {
         LineTableCache tables;
-        const auto expected = AnalyzePlay(of, tables, [&stop] { return !stop.stop_requested(); });
-        if (!expected) return;
-        const auto show = [this, run, expected] {
-            if (run == runs) ShowExpected(expected);
-        };
-        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+        const auto found = AnalyzePlay(of, tables, [&stop] { return !stop.stop_requested(); });
+        if (found) emit Analyzed(run, *found);
     });
 }
 
-void StatisticsPage::ShowExpected(const std::optional<ExpectedPlay>& expected) {
+void StatisticsPage::ShowExpected() {
     QString note =
         tr("Expected, with its standard deviations: of the best play of these hands as "
            "they were bet, without bonuses and double ups.");

@@ -3,6 +3,7 @@
 #pragma once
 #include <QList>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -35,6 +36,10 @@ class StatisticsPage : public ReportPage {
     // page asks for what they need.
     void FitInto(const QSize& room);
 
+  signals:
+    // From the thread of the analysis.
+    void Analyzed(int run, const ExpectedPlay& found);
+
   private:
     struct Section {
         ReportBox* box;
@@ -48,14 +53,15 @@ class StatisticsPage : public ReportPage {
     void MakeTexts();
     void ShowFigures();
     void Analyze();
-    void ShowExpected(const std::optional<ExpectedPlay>& expected);
+    void ShowExpected();
     void ShowReports(qreal fontSize);
     void ShowReport(Section& section, int chosen);
     void SetTabStops();
     QSize WantedSize() const;
     void Save();
 
-    GameEngine engine;  // as it was
+    GameEngine engine;                     // as it was
+    std::optional<ExpectedPlay> expected;  // of its pay table, once it is known
     std::int64_t taken;
     const GameEngine* player;
     QTabWidget* tabs;

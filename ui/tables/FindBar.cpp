@@ -59,6 +59,7 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event) {
         switch (key.key()) {
             case Qt::Key_Return:
             case Qt::Key_Enter:
+            case Qt::Key_F3:
                 back ? FindPrevious() : FindNext();
                 return true;
             case Qt::Key_Escape:

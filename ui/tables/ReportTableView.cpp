@@ -18,13 +18,13 @@
 #include <utility>
 
 #include "game/reports/ReportText.h"
-#include "ui/art/Contrast.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/tables/FindBar.h"
 #include "ui/tables/FrozenTable.h"
 #include "ui/tables/ReportTableModel.h"
 #include "ui/tables/TableCellDelegate.h"
 #include "ui/tables/TableFiles.h"
+#include "ui/tables/TableHead.h"
 
 namespace {
 
@@ -32,28 +32,6 @@ constexpr int kWidestColumn = 40;       // characters
 constexpr int kWidestFirstColumn = 26;  // so that some of the others are seen beside it
 constexpr int kNarrowestColumn = 4;
 constexpr int kLeastRows = 5;
-constexpr double kHeadSize = 0.9;  // of the font
-constexpr const char* kBetweenFacts = "   ";
-constexpr QColor kWarningHue(0xff, 0xc8, 0x57);
-
-QLabel* TextLine(const char* name, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    return label;
-}
-
-QString HeadText(const ReportTable& table) {
-    QStringList facts;
-    for (const ReportFact& fact : table.head) {
-        const QString label = QString::fromStdString(fact.label) + u':' + QChar(QChar::Nbsp);
-        facts.append(label + QString::fromStdString(fact.value));
-    }
-    return facts.join(kBetweenFacts);
-}
 
 bool SameColumns(const ReportTable& a, const ReportTable& b) {
     return std::ranges::equal(a.columns, b.columns, {}, Heading, Heading);
@@ -76,8 +54,7 @@ ReportTableView::ReportTableView(const char* name, const QString& accessibleName
       rows(new SortedReport(*model, this)),
       table(new FrozenTable(this)),
       findBar(nullptr),
-      head(TextLine("head", this)),
-      warning(TextLine("warning", this)),
+      head(new TableHead(this)),
       count(new QLabel(this)),
       filter(new QLineEdit(this)) {
     setObjectName(name);
@@ -93,12 +70,6 @@ ReportTableView::ReportTableView(const char* name, const QString& accessibleName
     table->setMinimumSize(WidthOf(*this, 24), TableCellDelegate::RowHeight(*table) * kLeastRows);
     setFocusProxy(table);
     findBar = new FindBar(*table, this);
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * kHeadSize);
-    head->setFont(small);
-    warning->setAutoFillBackground(true);
-    warning->setMargin(4);
-    ColourWarning();
     count->setObjectName("count");
     filter->setObjectName("filter");
     filter->setAccessibleName(tr("Filter"));
@@ -111,7 +82,6 @@ ReportTableView::ReportTableView(const char* name, const QString& accessibleName
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(head);
-    layout->addWidget(warning);
     layout->addWidget(table, 1);
     layout->addWidget(findBar);
     layout->addLayout(MakeButtons());
@@ -175,21 +145,20 @@ void ReportTableView::Connect() {
 }
 
 void ReportTableView::SetTable(ReportTable shown) {
-    const bool sameColumns = SameColumns(model->Table(), shown);
+    // Widths that were fitted to no rows fit none.
+    const bool keepsWidths = SameColumns(model->Table(), shown) && !model->Table().rows.empty();
     const Place place = CurrentPlace();
+    const QString order = sortedBy;  // which the header forgets with its columns
     const int before = static_cast<int>(model->Table().columns.size());
     QList<int> widths;
     for (int i = 0; i < before; ++i) widths.append(table->columnWidth(i));
-    {
-        const QSignalBlocker quiet(table->horizontalHeader());
-        model->SetTable(std::move(shown));
-    }
-    if (sameColumns) {
+    model->SetTable(std::move(shown));
+    if (keepsWidths) {
         for (int i = 0; i < before; ++i) table->setColumnWidth(i, widths[i]);
     } else {
         FitColumns();
     }
-    ApplySort();
+    SortBy(order);
     GoBackTo(place);
     ShowHead();
     ShowCount();
@@ -319,15 +288,8 @@ void ReportTableView::FitColumns() {
 }
 
 void ReportTableView::ShowHead() {
-    const QString facts = HeadText(Table());
-    head->setText(facts);
-    head->setToolTip(facts.toHtmlEscaped().replace(kBetweenFacts, "<br>"));
-    head->setVisible(!facts.isEmpty());
-    const QString told = QString::fromStdString(Table().warning);
-    warning->setText(told.isEmpty() ? QString() : QString::fromUtf8("⚠ ") + told);
-    warning->setAccessibleName(told);
-    warning->setVisible(!told.isEmpty());
-    table->setAccessibleDescription(told.isEmpty() ? facts : told + "\n" + facts);
+    head->ShowHead(Table());
+    table->setAccessibleDescription(head->InWords());
 }
 
 void ReportTableView::ShowCount() {
@@ -340,19 +302,8 @@ void ReportTableView::ShowCount() {
     }
 }
 
-void ReportTableView::ColourWarning() {
-    QPalette colours = palette();
-    const bool high = IsHighContrast(colours);
-    const QColor ground = high ? colours.color(QPalette::Base) : kWarningHue;
-    colours.setColor(QPalette::Window, ground);
-    colours.setColor(QPalette::WindowText,
-                     ReadableOn(ground, high ? colours.color(QPalette::Text) : QColor(Qt::black)));
-    warning->setPalette(colours);
-}
-
 void ReportTableView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) ColourWarning();
     if (event->type() == QEvent::FontChange) {
         table->SetRowHeight(TableCellDelegate::RowHeight(*table));
     }
@@ -363,10 +314,13 @@ void ReportTableView::changeEvent(QEvent* event) {
 void ReportTableView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     const auto views = window()->findChildren<ReportTableView*>();
-    const auto seen = std::ranges::count_if(views, &QWidget::isVisible);
+    const bool alone = std::ranges::count_if(views, &QWidget::isVisible) == 1;
+    for (ReportTableView* view : views) view->TakeKeys(alone);
+}
+
+void ReportTableView::TakeKeys(bool alone) {
     for (QAction* command : commands) {
-        const bool everywhere =
-            seen == 1 && command->shortcut() != QKeySequence(QKeySequence::Copy);
+        const bool everywhere = alone && command->shortcut() != QKeySequence(QKeySequence::Copy);
         command->setShortcutContext(everywhere ? Qt::WindowShortcut
                                                : Qt::WidgetWithChildrenShortcut);
     }

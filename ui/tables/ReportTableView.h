@@ -20,6 +20,7 @@ class QLabel;
 class QLineEdit;
 class ReportTableModel;
 class SortedReport;
+class TableHead;
 
 class ReportTableView : public QWidget {
     Q_OBJECT
@@ -72,6 +73,7 @@ class ReportTableView : public QWidget {
     QLayout* MakeButtons();
     void AddCommand(QBoxLayout& row, const QString& caption, const char* name,
                     const QKeySequence& key, const QString& tip, void (ReportTableView::*action)());
+    void TakeKeys(bool alone);
     void Connect();
     void SortCurrentColumn(Qt::SortOrder order);
     void ApplySort();
@@ -81,7 +83,6 @@ class ReportTableView : public QWidget {
     void FitColumns();
     void ShowHead();
     void ShowCount();
-    void ColourWarning();
     std::int64_t IdAt(const QModelIndex& index) const;
     QString FileName() const;
     void Activate();
@@ -96,8 +97,7 @@ class ReportTableView : public QWidget {
     SortedReport* rows;
     FrozenTable* table;
     FindBar* findBar;
-    QLabel* head;
-    QLabel* warning;
+    TableHead* head;
     QLabel* count;
     QLineEdit* filter;
     QList<QAction*> commands;

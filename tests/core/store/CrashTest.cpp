@@ -11,6 +11,7 @@
 #include <map>
 #include <vector>
 
+#include "core/store/ErrorLog.h"
 #include "core/store/LockFile.h"
 #include "core/store/Migration.h"
 #include "game/commands/FileCommands.h"
@@ -215,6 +216,31 @@ void RenameOwnGame(Program& program) {
     editor.Rename(program.manager);
 }
 
+// Errors are known by their returns, which are their dates too.
+FileMap WithErrors() {
+    FileMap files = Played();
+    std::string log = "[Jacks or Better(0)]\nNextError=3\nPlayErrors=3\n";
+    std::string dates = "[Error Dates Jacks or Better(0)]\n";
+    for (const std::string number : {"0", "1", "2"}) {
+        log += "Error" + number + "=0,1,2,3,4,5,6,7,8,9,31,0," + number + ",0\n";
+        dates += "Error" + number + "=1970-01-01T00:00:0" + number + "Z\n";
+    }
+    files[kDefault] += log + "\n" + dates + "\n";
+    return files;
+}
+
+void HasEveryErrorWithItsDate(const Program& program) {
+    const int errors = program.engine.statistics.nextError;
+    EXPECT_TRUE(errors == 2 || errors == 3) << errors;
+    const ProfileOnDisk game = program.files.Game();
+    const std::string section = "Jacks or Better(0)";
+    for (int i = 0; i <= errors; ++i) {
+        const auto number = ParseEntry(ReadErrorText(game, section, i)).bestReturn;
+        EXPECT_EQ(ReadErrorDate(game, section, i), static_cast<std::int64_t>(number)) << i;
+    }
+    EXPECT_EQ(ReadErrorText(game, section, errors), "");
+}
+
 void ImportGame(Program& program) {
     const auto game = program.Editor(0).ExportGame(program.manager, TableFormat::kText).value();
     program.manager.answers = {"ok"};
@@ -266,6 +292,10 @@ std::vector<Scenario> Scenarios() {
          Played,
          {Save, [](Program& program) { ChooseGame(program.seat, 330); }},
          HasItsMoney},
+        {"ForgetError",
+         WithErrors,
+         {[](Program& program) { ForgetError(program.seat, 0); }},
+         HasEveryErrorWithItsDate},
         {"EditTable", WithOwnGame, {EditTable}},
         {"ImportGame", WithOwnGame, {ImportGame}},
         {"RestoreTable", WithOtherPays, {RestoreTable}},
