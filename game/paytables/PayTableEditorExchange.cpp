@@ -134,6 +134,7 @@ std::optional<std::string> PayTableEditor::ImportAll(PayTableQuestions& question
         kImport, "The file has " + count + " pay tables. Do you wish to add them to " + gameName +
                      "? No table of it is overwritten.");
     std::vector<PayTableTexts> added;
+    added.reserve(tables.size());
     for (const NamedTable& table : tables) added.push_back(WithPlainNumbers(table.texts));
     const auto first = confirmed ? AppendTables(Files(), Shown(), added) : std::nullopt;
     if (!first) {

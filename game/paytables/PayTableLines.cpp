@@ -82,7 +82,7 @@ std::string PutCell(PayLineTexts& line, FormField field, const std::string& cell
         if (!flag) return "is neither yes nor no";
         line.wildsOK = *flag;
     } else {
-        const std::string problem = TextProblem(field, cell);
+        std::string problem = TextProblem(field, cell);
         if (!problem.empty()) return problem;
         *TextAt(line, field) = cell;
     }
@@ -188,11 +188,11 @@ std::optional<std::string> PasteCells(PayTableTexts& table, FieldPlace from, std
             if (place.field > kWildsOK) return InRow(row, "there are more cells than columns.");
             const std::string word = Unquoted(cell);
             const PayLineTexts before = line;
-            const std::string problem = PutCell(line, place.field, word);
-            if (!problem.empty()) return InRow(row, "\"" + word + "\" " + problem + ".");
-            if (line != before && !mayChange(place)) {
-                return InRow(row, "\"" + word + "\" is for a field that can not be changed.");
+            std::string problem = PutCell(line, place.field, word);
+            if (problem.empty() && line != before && !mayChange(place)) {
+                problem = "is for a field that can not be changed";
             }
+            if (!problem.empty()) return InRow(row, "\"" + word + "\" " + problem.append("."));
             described = described || place.field == kDescription;
             place.field = static_cast<FormField>(static_cast<int>(place.field) + 1);
         }

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyleOptionButton>
 
 #include "ui/parts/DialogParts.h"
 #include "ui/paytables/FieldKeys.h"
@@ -26,6 +27,25 @@ constexpr bool (PayTableEditor::*kAlways)() const = nullptr;
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
+
+// Opens a menu and does not wait for its end, as a button with a menu of Qt's own does: the window
+// may close meanwhile.
+class MenuButton : public QPushButton {
+  public:
+    MenuButton(const QString& caption, QMenu& menu, QWidget* parent)
+        : QPushButton(caption, parent) {
+        setAutoDefault(false);
+        setAccessibleDescription(QObject::tr("opens a menu"));
+        connect(this, &QPushButton::clicked, &menu,
+                [this, &menu] { menu.popup(mapToGlobal(rect().bottomLeft())); });
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionButton* option) const override {
+        QPushButton::initStyleOption(option);
+        option->features |= QStyleOptionButton::HasMenu;
+    }
+};
 
 }  // namespace
 
@@ -124,10 +144,14 @@ QPushButton* PayTableManagerDialog::AddButton(QGridLayout& layout, const QString
         command();
         ShowAll();
     });
+    Place(layout, button, isEnabled);
+    return button;
+}
+
+void PayTableManagerDialog::Place(QGridLayout& layout, QPushButton* button, Condition isEnabled) {
     if (isEnabled) conditions.push_back({button, isEnabled});
     const int place = layout.count();
     layout.addWidget(button, place / kButtonsInRow, place % kButtonsInRow);
-    return button;
 }
 
 QLayout* PayTableManagerDialog::MakeButtons() {
@@ -175,8 +199,9 @@ QLayout* PayTableManagerDialog::MakeButtons() {
 }
 
 void PayTableManagerDialog::AddMenus(QGridLayout& layout) {
-    const auto nothing = [] {};
-    AddButton(layout, tr("Re&vise"), "revise", kAlways, nothing)->setMenu(keys->MakeMenu());
+    auto* revise = new MenuButton(tr("Re&vise"), *keys->MakeMenu(), this);
+    revise->setObjectName("revise");
+    Place(layout, revise, kAlways);
     auto* files = new QMenu(this);
     files->setObjectName("filesMenu");
     auto* import = files->addAction(tr("&Import..."), this,
@@ -184,7 +209,9 @@ void PayTableManagerDialog::AddMenus(QGridLayout& layout) {
     import->setObjectName("import");
     files->addSeparator();
     AddExports(*files);
-    AddButton(layout, tr("&Files"), "files", &PayTableEditor::HasTable, nothing)->setMenu(files);
+    auto* button = new MenuButton(tr("&Files"), *files, this);
+    button->setObjectName("files");
+    Place(layout, button, &PayTableEditor::HasTable);
 }
 
 void PayTableManagerDialog::AddExports(QMenu& menu) {
@@ -225,6 +252,11 @@ void PayTableManagerDialog::accept() {
 void PayTableManagerDialog::reject() {
     if (editor.MayLeave(questions) && isVisible()) return QDialog::reject();
     ShowAll();
+}
+
+void PayTableManagerDialog::done(int result) {
+    for (auto* menu : findChildren<QMenu*>()) menu->close();
+    QDialog::done(result);
 }
 
 // On a table as it is stored Enter does nothing: pressed by chance, it adds no table.

@@ -30,6 +30,7 @@ class PayTableManagerDialog : public QDialog {
 
     void accept() override;
     void reject() override;
+    void done(int result) override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +51,7 @@ class PayTableManagerDialog : public QDialog {
     QLayout* MakeButtons();
     QPushButton* AddButton(QGridLayout& layout, const QString& caption, const char* name,
                            Condition isEnabled, const std::function<void()>& command);
+    void Place(QGridLayout& layout, QPushButton* button, Condition isEnabled);
     void AddMenus(QGridLayout& layout);
     void AddExports(QMenu& menu);
     void Connect();
