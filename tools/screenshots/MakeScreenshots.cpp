@@ -153,17 +153,25 @@ void ShootFeatures(Studio& studio) {
     ShootFeature(studio, 353, 0, "2S 2D 3C 3H AC", "five-card-charlie", {});
 }
 
-// Opens a dialog by its command, and takes a picture of it and of its second tab.
-void ShootDialog(Studio& studio, int command, const QString& name, const QString& second = {}) {
+// Pictures of a window, and of each of its further tabs under a name of its own.
+void ShootTabs(Studio& studio, QWidget& window, const QString& name, const QStringList& further) {
+    auto* tabs = window.findChild<QTabWidget*>();
+    if (tabs) tabs->setCurrentIndex(0);
+    studio.SaveEachWay(window, name);
+    for (int i = 0; tabs && i < further.size(); ++i) {
+        tabs->setCurrentIndex(i + 1);
+        studio.SaveEachWay(window, further[i]);
+    }
+}
+
+// Opens a dialog by its command.
+void ShootDialog(Studio& studio, int command, const QString& name,
+                 const QStringList& further = {}) {
     DialogRobot robot({[&](QDialog& dialog) {
         // The pay table manager shows its return when that is reckoned.
         const auto* live = dialog.findChild<QLabel*>("live");
         EXPECT_TRUE(QTest::qWaitFor([live] { return !live || live->isEnabled(); }, 60'000));
-        studio.Save(dialog, name);
-        if (auto* tabs = dialog.findChild<QTabWidget*>(); tabs && !second.isEmpty()) {
-            tabs->setCurrentIndex(1);
-            studio.Save(dialog, second);
-        }
+        ShootTabs(studio, dialog, name, further);
         dialog.reject();
     }});
     studio.Program().document->Run(command);
@@ -173,16 +181,13 @@ void ShootAutoplay(Studio& studio) {
     DialogRobot robot({Type("1500"), Press(Qt::Key_Return), [&](QDialog& dialog) {
                            // The screen that is not there is smaller than most that are.
                            dialog.resize(dialog.sizeHint());
-                           studio.Save(dialog, "play-statistics");
                            auto* table = dialog.findChild<ReportTableView*>();
                            const auto analysed = [table] {
                                return table->Table().columns.size() > 3;
                            };
                            EXPECT_TRUE(QTest::qWaitFor(analysed, 60'000));
-                           dialog.findChild<QTabWidget*>()->setCurrentIndex(1);
-                           studio.SaveEachWay(dialog, "play-statistics-session");
-                           dialog.findChild<QTabWidget*>()->setCurrentIndex(2);
-                           studio.SaveEachWay(dialog, "play-statistics-table");
+                           ShootTabs(studio, dialog, "play-statistics",
+                                     {"play-statistics-session", "play-statistics-table"});
                            dialog.reject();
                        }});
     studio.Program().document->Run(kAutoplay);
@@ -195,32 +200,38 @@ void ShootErrors(Studio& studio) {
     for (const std::string_view cards : {"9S 9D TC 4H 2S", "KS QD JC TH 2H"}) {
         studio.Play(300, kWindow, cards, 5);
         DialogRobot robot({[&](QDialog& dialog) {
-            studio.Save(dialog, "best-play-error");
+            studio.SaveEachWay(dialog, "best-play-error");
             dialog.accept();
         }});
         p.Key(Qt::Key_D);
     }
     p.document->Run(kModeCasino);
-    ShootDialog(studio, kViewErrorLog, "error-log");
+    ShootDialog(studio, kViewErrorLog, "error-log", {"error-log-all", "error-log-kinds"});
 }
 
 void ShootDialogs(Studio& studio) {
     TestProgram& p = studio.Play(300, kWindow, "AS KS QS JS 9H", 5);
-    ShootDialog(studio, kAnalyzeHand, "hand-analysis", "hand-analysis-chart");
+    ShootDialog(studio, kAnalyzeHand, "hand-analysis",
+                {"hand-analysis-chart", "hand-analysis-holds"});
     ShootDialog(studio, kAssignFixedHand, "fixed-hand");
     p.Key(Qt::Key_D);
-    ShootDialog(studio, kAnalyzeGame, "game-analysis", "game-analysis-shares");
+    ShootDialog(studio, kAnalyzeGame, "game-analysis",
+                {"game-analysis-shares", "game-analysis-lines"});
     ShootDialog(studio, kEditCurrentPayTable, "pay-table-manager");
     ShootDialog(studio, kCombinations, "combinations");
     ShootDialog(studio, kEnterCredits, "enter-dollars");
     ShootDialog(studio, kAbout, "about");
     ShootAutoplay(studio);
     ShootErrors(studio);
-    p.document->Run(kHelpIndex);
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (!qobject_cast<HelpWindow*>(window)) continue;
-        studio.Save(*window, "help");
-        window->close();
+    for (const auto& [command, window, name] :
+         {std::tuple(kHelpIndex, "help", "help"), {kAllGames, "allGames", "all-games"}}) {
+        p.document->Run(command);
+        for (QWidget* shown : QApplication::topLevelWidgets()) {
+            if (shown->objectName() != window) continue;
+            shown->resize(shown->size().expandedTo(kWindow));
+            studio.SaveEachWay(*shown, name);
+            shown->close();
+        }
     }
 }
 
