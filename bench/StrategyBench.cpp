@@ -43,15 +43,9 @@ void FindStandardChart(benchmark::State& state, const std::string& game) {
     state.SetLabel("5 s; " + std::to_string(rows) + " lines");
 }
 
-BENCHMARK_CAPTURE(GradeAChart, 52 cards, "Jacks or Better")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(GradeAChart, deuces wild, "Deuces Wild")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(FindStandardChart, 52 cards, "Jacks or Better")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime()
-    ->Iterations(1);
-BENCHMARK_CAPTURE(FindStandardChart, deuces wild, "Deuces Wild")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime()
-    ->Iterations(1);
+BENCHMARK_CAPTURE(GradeAChart, 52_cards, "Jacks or Better")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(GradeAChart, deuces_wild, "Deuces Wild")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindStandardChart, 52_cards, "Jacks or Better")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindStandardChart, deuces_wild, "Deuces Wild")->Unit(benchmark::kMillisecond);
 
 }  // namespace

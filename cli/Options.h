@@ -15,20 +15,20 @@ struct Options {
     int table = 0;
     double coin = 1;         // dollars, above 0
     std::optional<int> bet;  // coins, as given: whether the table takes them is another question
-    bool json = false;
-    std::string game;  // a name or an id
+    std::string game;        // a name or an id
     std::string cards;
-    bool allGames = false;                   // instead of a game
     std::optional<std::string> summaryPath;  // a file, or a folder for files of the usual names
     std::optional<std::string> detailPath;   // the same
     std::int64_t hands = 0;                  // to play, at least 1
     std::optional<std::uint32_t> seed;       // of the generator; otherwise the clock's
-    bool cache = false;                      // write the analysis cache
     std::optional<int> lines;                // of a strategy chart, at least 1
     std::optional<double> loss;              // of a chart, percent of the bet, from 0 on
-    bool noPenalties = false;                // a chart's rows ask nothing of the discards
     std::optional<std::string> cardPath;     // the file for a chart's text
     std::optional<std::string> checkPath;    // a chart to grade
+    bool json = false;
+    bool allGames = false;     // instead of a game
+    bool cache = false;        // write the analysis cache
+    bool noPenalties = false;  // a chart's rows ask nothing of the discards
 };
 
 // The options of every command.

@@ -119,8 +119,8 @@ class Words {
 
     // Every number from least on, alone and with more; and from none to it.
     template <Amount Row::*Member>
-    void AddAmounts(Ask ask, int least, int most) {
-        for (auto n = static_cast<std::int8_t>(least); n <= most; ++n) {
+    void AddAmounts(Ask ask, std::int8_t least, std::int8_t most) {
+        for (std::int8_t n = least; n <= most; ++n) {
             Add({ask, AddAmount<Member>, n, n});
             if (n > least) Add({ask, AddAmount<Member>, n, Amount::kNoEnd});
             if (n > 0 && n < most && least == 0) Add({ask, AddAmount<Member>, 0, n});

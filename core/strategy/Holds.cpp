@@ -241,13 +241,13 @@ bool AreRanks(const HoldTraits& hold, const Row& row) {
     int cards = 0;
     int wilds = 0;
     std::array<std::int8_t, kRanks> wanted{};
-    for (const int rank : row.ranks) {
+    for (const std::int8_t rank : row.ranks) {
         if (rank < 0) continue;
         ++cards;
         if (rank == kWildRank) {
             ++wilds;
         } else {
-            ++wanted[static_cast<std::size_t>(rank)];
+            ++wanted[static_cast<std::uint8_t>(rank)];
         }
     }
     return hold.cards == cards && hold.wilds == wilds && hold.countOf == wanted;
@@ -255,7 +255,7 @@ bool AreRanks(const HoldTraits& hold, const Row& row) {
 
 bool FitsBase(const Row& row, const HoldTraits& hold, const Terms& terms) {
     constexpr RankSet royalRanks = StraightRanks(kStraights - 1);
-    const int count = row.count;
+    const std::int8_t count = row.count;
     switch (row.base) {
         case Base::kPat:
             return FitsPat(row, hold, terms);

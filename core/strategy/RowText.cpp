@@ -33,7 +33,7 @@ std::string BaseText(const Row& row) {
     }
     if (row.base == Base::kRanks) {
         std::string text;
-        for (const int rank : row.ranks) {
+        for (const std::int8_t rank : row.ranks) {
             if (rank >= 0) text += std::string(text.empty() ? "" : " ") + RankChar(rank);
         }
         return text;

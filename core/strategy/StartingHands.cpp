@@ -134,13 +134,14 @@ std::vector<StartingHands::SuitClass> StartingHands::ClassesOf(const Kinds& kind
     const auto jokers = static_cast<int>(std::ranges::count(kinds, kExtraKind));
     const std::int64_t choices = jokers == 0 ? 1 : Combinations(extras, jokers);
     std::vector<SuitClass> classes;
+    classes.reserve(counts.size());
     for (const auto& [suits, hands] : counts) classes.push_back({suits, hands * choices});
     return classes;
 }
 
 bool StartingHands::ForEach(const Visitor& visit) const {
     // Which suits are alike depends only on which kinds are equal.
-    std::map<std::array<bool, 2 * kHandSize>, std::vector<SuitClass>> known;
+    std::map<std::array<bool, std::size_t{2} * kHandSize>, std::vector<SuitClass>> known;
     const int kindCount = extras > 0 ? kMaxKinds : kMaxKinds - 1;
     Kinds kinds{};
     StartingHand hand;
@@ -148,7 +149,7 @@ bool StartingHands::ForEach(const Visitor& visit) const {
         const auto jokers = static_cast<int>(std::ranges::count(kinds, kExtraKind));
         const bool fiveAlike = kinds[0] == kinds[4] && kinds[0] != kExtraKind;
         if (!fiveAlike && jokers <= extras) {
-            std::array<bool, 2 * kHandSize> pattern{};
+            std::array<bool, std::size_t{2} * kHandSize> pattern{};
             for (std::size_t i = 0; i < kHandSize; ++i) {
                 pattern[i] = i > 0 && kinds[i] == kinds[i - 1];
                 pattern[kHandSize + i] = kinds[i] == kExtraKind;
@@ -245,7 +246,8 @@ std::int64_t StartingHands::AceGain(const StartingHand& hand, std::size_t held) 
     std::int64_t gain = 0;
     for (std::uint8_t kind = 1; kind < kMaxKinds; ++kind) {
         const bool extra = kind == kExtraKind;
-        for (std::uint8_t suit = 0; suit < (extra ? 1 : kSuits); ++suit) {
+        const std::uint8_t suits = extra ? 1 : kSuits;
+        for (std::uint8_t suit = 0; suit < suits; ++suit) {
             five[kAcesInOrder] = {kind, suit};
             const auto inHand = std::ranges::count(hand.cards, five[kAcesInOrder]);
             const std::int64_t unseen = (extra ? extras : 1) - inHand;

@@ -114,6 +114,16 @@ TEST(SearchTest, TheBestPlayIsThatOfTheWholeGame) {
     }
 }
 
+// Five cards drawn for five are any five of the deck in any order, so four aces with one of the 48
+// others beside them come in order in 2 of 120 orders.
+TEST(SearchTest, AcesInOrderAreWorthTheirMeanOverAllOrders) {
+    PayTable table = AcesBonus();
+    table.lines = {Natural(kFourAcesInOrder, 800)};
+    const Game game(table);
+    const ChartGrade grade = game.Grade({Row()});
+    EXPECT_NEAR(Percent(grade.worst, grade.Bet()), 100.0 * 800 * 48 / 60 / 2'598'960, 1e-12);
+}
+
 TEST(SearchTest, ACancelledSearchHasAValidChart) {
     const Game game(JacksOrBetter());
     for (const int last : {0, 1, 40, 60}) {
