@@ -137,7 +137,7 @@ void WriteToCache(const std::vector<AnalysisEntry>& entries, const AnalysisStamp
     std::error_code error;
     fs::create_directories(fs::path(cache.path).parent_path(), error);
     if (!fs::exists(cache.path, error)) ReplaceFile(cache.path, "");
-    const auto write = [&](std::string_view key, const std::optional<std::string>& value) {
+    const auto write = [&](std::string_view key, std::optional<std::string_view> value) {
         cache.file.WriteString(section, key, value, cache.path);
     };
     // A table may have got more lines, whose rows are to stand before these.
