@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <numbers>
-#include <string_view>
+#include <numeric>
+#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -163,11 +165,38 @@ GainLaw PaysOf(const HoldClass& hold, const std::vector<std::int64_t>& pays) {
     return law;
 }
 
+std::vector<std::int64_t> PaysInUnits(const PayTable& table, int bet) {
+    const std::int64_t unit = UnitOf(table, bet);
+    std::vector<std::int64_t> pays;
+    for (std::size_t line = 0; line < table.lines.size(); ++line) {
+        pays.push_back(LineUnitPay(table, static_cast<int>(line), bet) / unit);
+    }
+    return pays;
+}
+
+// The chance of one or more in so many, each having it with the probability.
+double OneOrMore(double probability, double hands) {
+    if (probability >= 1) return hands > 0 ? 1 : 0;
+    return -std::expm1(hands * std::log1p(-probability));
+}
+
 }  // namespace
 
-std::optional<GainLaw> DealLawOf(const PayTable& table, int bet, int lines, LineTableCache& tables,
-                                 const std::function<bool()>& goesOn) {
+double DealLaw::AtLeastOnce(std::size_t line, std::int64_t deals) const {
+    return OneOrMore(seen[line], static_cast<double>(deals));
+}
+
+std::optional<DealLaw> FindDealLaw(const PayTable& table, int bet, int lines,
+                                   LineTableCache& tables, const std::function<bool()>& goesOn) {
+    if (lines == 1) {
+        const auto hand = AnalyzeBet(table, bet, tables, goesOn);
+        if (!hand) return std::nullopt;
+        return DealLaw{GainLawOf(*hand, table, bet), hand->lines};
+    }
     if (!CanAnalyzeGame(table) || table.lines.empty()) return std::nullopt;
+    const std::vector<std::int64_t> pays = PaysInUnits(table, bet);
+    const std::int64_t most = *std::ranges::max_element(pays);
+    if (most * lines >= kMostPlaces) return std::nullopt;
     const PayTable schedule = ScheduleOf(table, bet);
     const auto lineTables = tables.For(table);
     HoldClasses holds(*lineTables, schedule);
@@ -176,27 +205,25 @@ std::optional<GainLaw> DealLawOf(const PayTable& table, int bet, int lines, Line
     watcher.hand = [&holds](const PlayedHand& hand) { holds.Add(hand); };
     if (AnalyzeGame(*lineTables, schedule, 1, watcher).cancelled) return std::nullopt;
 
-    const std::int64_t unit = UnitOf(table, bet);
-    std::vector<std::int64_t> pays;
-    for (std::size_t line = 0; line < table.lines.size(); ++line) {
-        pays.push_back(LineUnitPay(table, static_cast<int>(line), bet) / unit);
-    }
-    const std::int64_t most = *std::ranges::max_element(pays);
-    if (most * lines >= kMostPlaces) return std::nullopt;
+    DealLaw law;
     Mixture mixture(lines, most);
     for (const HoldClass& hold : holds.classes) {
         if (!goesOn()) return std::nullopt;
-        mixture.Add(PaysOf(hold, pays), hold.hands / holds.all);
+        const double share = hold.hands / holds.all;
+        mixture.Add(PaysOf(hold, pays), share);
+        for (std::size_t line = 0; line < pays.size(); ++line) {
+            law.seen[line] += share * OneOrMore(hold.lines[line], lines);
+        }
     }
-    GainLaw law;
-    law.stake = bet / unit * lines;
-    law.unit = static_cast<double>(unit) / bet;
+    const std::int64_t unit = UnitOf(table, bet);
+    law.gains.stake = bet / unit * lines;
+    law.gains.unit = static_cast<double>(unit) / bet;
     const std::vector<double>& paid = mixture.Law();
-    double all = 0;
-    for (const double probability : paid) all += probability;
+    const double all = std::accumulate(paid.begin(), paid.end(), 0.0);
     for (std::size_t i = 0; i < paid.size(); ++i) {
         if (paid[i] <= 0) continue;
-        law.outcomes.push_back({static_cast<std::int64_t>(i) - law.stake, paid[i] / all});
+        law.gains.outcomes.push_back(
+            {static_cast<std::int64_t>(i) - law.gains.stake, paid[i] / all});
     }
     return law;
 }

@@ -62,15 +62,21 @@ TEST(RuinTest, ManyLinesShareTheHoldOfTheirDeal) {
     const double shared = AnalyzeGame(*tables.For(table), table, 0.25, {}).holdVariance;
     EXPECT_NEAR(shared, 1.966389, 5e-7);
     for (const auto& [lines, known] : {std::pair{3, 23.45}, {10, 37.21}}) {
-        const auto deal = DealLawOf(table, kFullBet, lines, tables, kGoOn);
+        const auto deal = FindDealLaw(table, kFullBet, lines, tables, kGoOn);
         ASSERT_TRUE(deal);
-        EXPECT_EQ(deal->stake, lines);
-        EXPECT_NEAR(deal->Mean(), lines * one.Mean(), 1e-10);
-        EXPECT_NEAR(deal->Variance() / lines, known, 5e-3);
-        EXPECT_NEAR(deal->Variance() / lines, one.Variance() + (lines - 1) * shared, 1e-8);
+        EXPECT_EQ(deal->gains.stake, lines);
+        EXPECT_NEAR(deal->gains.Mean(), lines * one.Mean(), 1e-10);
+        EXPECT_NEAR(deal->gains.Variance() / lines, known, 5e-3);
+        EXPECT_NEAR(deal->gains.Variance() / lines, one.Variance() + (lines - 1) * shared, 1e-8);
     }
-    EXPECT_FALSE(DealLawOf(table, kFullBet, 3, tables, [] { return false; })) << "stopped";
-    const LongRun run = FindLongRun(*DealLawOf(table, kFullBet, 3, tables, kGoOn), 0.01);
+    EXPECT_FALSE(FindDealLaw(table, kFullBet, 3, tables, [] { return false; })) << "stopped";
+    // Three lines share a dealt royal, and so see one less often than three hands do.
+    const auto alone = FindDealLaw(table, kFullBet, 1, tables, kGoOn);
+    const auto three = FindDealLaw(table, kFullBet, 3, tables, kGoOn);
+    EXPECT_LT(three->AtLeastOnce(0, 1), 3 * alone->seen[0]);
+    EXPECT_GT(three->AtLeastOnce(0, 1), 2.8 * alone->seen[0]);
+    EXPECT_NEAR(alone->AtLeastOnce(0, 40'391), 1 - std::exp(-1), 1e-4);
+    const LongRun run = FindLongRun(three->gains, 0.01);
     EXPECT_GT(run.BankrollFor(0.5), 1200) << "three lines swing more than one";
     EXPECT_NEAR(run.KellyBankroll(), 3 / run.kelly, 1e-6);
 }
@@ -100,10 +106,10 @@ TEST(RuinTest, ThreeLinesAreThoseOfEveryDeal) {
         }
     };
     const double hands = AnalyzeGame(lineTables, table, 1, watcher).initHandsTotal;
-    const auto deal = DealLawOf(table, kFullBet, 3, tables, kGoOn);
+    const auto deal = FindDealLaw(table, kFullBet, 3, tables, kGoOn);
     ASSERT_TRUE(deal);
-    ASSERT_EQ(deal->unit, 0.2);
-    for (const auto& [gain, probability] : deal->outcomes) {
+    ASSERT_EQ(deal->gains.unit, 0.2);
+    for (const auto& [gain, probability] : deal->gains.outcomes) {
         double& known = paid[static_cast<std::size_t>(gain + 15)];
         ASSERT_NEAR(probability, known / hands, 1e-12) << gain;
         known = 0;
