@@ -16,11 +16,12 @@ std::string DescriptionOf(const Classification& result, const PayTable& table) {
 
 std::string ResultAsJson(const ChosenTable& chosen, const std::vector<std::string>& cards,
                          const Classification& result) {
-    const nlohmann::ordered_json json = {
+    nlohmann::ordered_json json = {
         {"game", chosen.place.gameName}, {"cards", cards},
         {"line", result.line},           {"description", DescriptionOf(result, chosen.payTable)},
         {"pay", result.Pay()},
     };
+    AddPayChanges(chosen, json);
     return JsonText(json);
 }
 
@@ -30,11 +31,11 @@ std::string ResultAsText(const ChosenTable& chosen, const std::vector<std::strin
                          const Classification& result, double coin) {
     std::string text;
     for (const std::string& card : cards) text += card + " ";
-    if (result.line < 0) return text + "  no win\n";
+    if (result.line < 0) return text + "  no win" + PayChangesText(chosen) + "\n";
     text += "  " + DescriptionOf(result, chosen.payTable) + " pays " + Coins(result.Pay()) +
             " for a bet of " + std::to_string(chosen.bet) + ": " + Dollars(result.Pay() * coin);
     if (result.charlie) text += ", five times its pay for adding up to 21";
-    return text + "\n";
+    return text + PayChangesText(chosen) + "\n";
 }
 
 void AddArguments(CLI::App& parser, Options& options) {

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <span>
 
+#include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
@@ -170,6 +171,7 @@ std::string HandAsJson(const HandReport& report) {
                  {"coin", report.coin},
                  {"cards", report.cards},
                  {"lines", Json::array()}};
+    AddPayChanges(chosen, json);
     for (const PayLine& line : chosen.payTable.lines) json["lines"].push_back(line.description);
     json["best"] = report.analysis.best;
     json["bestReturn"] = report.analysis.bestReturn;
@@ -178,6 +180,23 @@ std::string HandAsJson(const HandReport& report) {
         json["holds"].push_back(HoldAsJson(report, mask));
     }
     return JsonText(json);
+}
+
+// The holds that were evaluated, as in the text; the draws of each line have a column.
+std::string HandAsCsv(const HandReport& report) {
+    std::vector<CsvCell> cells = {"mask", "hold", "return", "winRate", "drawn", "total", "nothing"};
+    const auto& lines = report.chosen.payTable.lines;
+    for (const PayLine& line : lines) cells.emplace_back(line.description);
+    CsvTable table(cells);
+    for (const HoldMask mask : BestFirst(report)) {
+        const HoldResult& hold = HoldOf(report, mask);
+        cells = {mask,           HeldText(report, mask), hold.expectedReturn,
+                 hold.WinRate(), hold.cardsDrawn,        hold.totalHands,
+                 hold.nothing};
+        for (std::size_t i = 0; i < lines.size(); ++i) cells.emplace_back(hold.lineCounts[i]);
+        table.AddRow(cells);
+    }
+    return table.Text();
 }
 
 std::size_t CardsWanted(const PayTable& table) {
@@ -194,6 +213,7 @@ KnownCards KnownCardsOf(const ChosenTable& chosen, const std::vector<CardCode>& 
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
+    AddCsv(parser, options);
     AddCards(parser, options,
              "Five cards in one argument, such as \"AS KS QS JS 9H\";\n"
              "in a Pick 'Em game four: yours, the left pile's top, the right pile's top;\n"
@@ -214,7 +234,11 @@ std::optional<Failure> RunHand(const Options& options, std::string& output) {
     AnalyzeHand(tables, chosen.payTable, KnownCardsOf(chosen, cards), chosen.bet, options.coin,
                 report.analysis);
     report.cards = CardTexts(chosen.deck, cards);
-    output += options.json ? HandAsJson(report) : HandAsText(report);
+    if (options.csv) {
+        output += HandAsCsv(report);
+    } else {
+        output += options.json ? HandAsJson(report) : HandAsText(report);
+    }
     return std::nullopt;
 }
 
