@@ -132,6 +132,11 @@ void AddCards(CLI::App& parser, Options& options, const std::string& help) {
     parser.add_option("CARDS", options.cards, help)->type_name("")->required();
 }
 
+void AddBest(CLI::App& parser, Options& options) {
+    parser.add_flag("--best", options.best,
+                    "Print JSON of the best hold only, with its gap to the second best");
+}
+
 void AddBet(CLI::App& parser, Options& options) {
     AddValue(parser, "--bet", "N", ReadWhole, options.bet, "The coins bet (default 5)");
 }

@@ -29,6 +29,7 @@ struct Options {
     std::optional<std::string> checkPath;    // a chart to grade
     bool json = false;
     bool csv = false;
+    bool best = false;         // of a hand, print the best hold only
     bool allGames = false;     // instead of a game
     bool cache = false;        // write the analysis cache
     bool noPenalties = false;  // a chart's rows ask nothing of the discards
@@ -44,6 +45,7 @@ void AddCsv(CLI::App& parser, Options& options);
 void AddGame(CLI::App& parser, Options& options);
 void AddGameOrAll(CLI::App& parser, Options& options);
 void AddCards(CLI::App& parser, Options& options, const std::string& help);
+void AddBest(CLI::App& parser, Options& options);
 void AddBet(CLI::App& parser, Options& options);
 void AddHandsAndSeed(CLI::App& parser, Options& options);
 void AddResultFiles(CLI::App& parser, Options& options);
