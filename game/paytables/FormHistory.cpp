@@ -49,4 +49,10 @@ const FormState& FormHistory::Redo() {
 
 void FormHistory::ChangeAll(const std::function<void(FormState&)>& change) {
     std::ranges::for_each(states, change);
+    for (std::size_t i = states.size() - 1; i > 0; --i) {
+        if (states[i] != states[i - 1]) continue;
+        states.erase(states.begin() + static_cast<std::ptrdiff_t>(i));
+        if (at >= i) --at;
+    }
+    typing.reset();
 }

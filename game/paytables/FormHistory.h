@@ -39,7 +39,7 @@ class FormHistory {
     const FormState& Redo();
 
     // For what is no step and holds for all of them: a game has another name, a table another
-    // index.
+    // index. Steps that change nothing then are dropped.
     void ChangeAll(const std::function<void(FormState&)>& change);
 
   private:
