@@ -22,6 +22,11 @@ void FormHistory::Note(const FormState& state, std::optional<FieldPlace> typedIn
     states.resize(at + 1);
     if (typedIn && typedIn == typing && at > 0) {
         states[at] = state;
+        if (state == states[at - 1]) {  // all of it is deleted again
+            states.pop_back();
+            --at;
+            typedIn.reset();
+        }
     } else {
         states.push_back(state);
         if (states.size() > kMostStates) states.erase(states.begin());

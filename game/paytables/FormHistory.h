@@ -25,7 +25,8 @@ class FormHistory {
     void Begin(const FormState& state);
 
     // Notes a step unless nothing has changed. What is typed into one field without anything else
-    // in between is one step. Of more than a thousand steps the oldest are forgotten.
+    // in between is one step, or none where it is taken out again. Of more than a thousand steps
+    // the oldest are forgotten.
     void Note(const FormState& state, std::optional<FieldPlace> typedIn = std::nullopt);
 
     // Puts what has become of the last step in its place.
