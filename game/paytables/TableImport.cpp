@@ -34,10 +34,12 @@ bool IsUtf8(std::string_view text) {
 }  // namespace
 
 std::string LineProblemText(int line, std::string_view word, std::string_view problem) {
-    std::string text = "Line " + std::to_string(line) + ": ";
+    return "Line " + std::to_string(line) + ": " + QuotedWord(word) + " " + std::string(problem);
+}
+
+std::string QuotedWord(std::string_view word) {
     const std::string_view shown = CutText(word, kLongestWordShown);
-    text += "\"" + std::string(shown) + (shown.size() < word.size() ? "...\" " : "\" ");
-    return text + std::string(problem);
+    return "\"" + std::string(shown) + (shown.size() < word.size() ? "...\"" : "\"");
 }
 
 void TableDraft::Place(FieldPlace place, int lineOfFile, std::string_view word) {
