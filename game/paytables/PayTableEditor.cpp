@@ -151,19 +151,20 @@ bool PayTableEditor::HasPreviousTable() const {
     return CanBeGoneTo(PreviousTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
-void PayTableEditor::GoTo(int index) {
-    if (!CanBeGoneTo(index)) return;
+void PayTableEditor::GoTo(PayTableQuestions& questions, int index) {
+    if (!CanBeGoneTo(index) || !MayLeave(questions)) return;
     tableIndex = index;
     Load(gameName, index);
     BeginTable();
 }
 
-void PayTableEditor::GoToNextTable() {
-    GoTo(NextTable(seat.files.Main(), StoredName(), tableIndex));
+void PayTableEditor::GoToNextTable(PayTableQuestions& questions) {
+    GoTo(questions, NextTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
-void PayTableEditor::GoToPreviousTable() {
-    if (tableIndex != 0) GoTo(PreviousTable(seat.files.Main(), StoredName(), tableIndex));
+void PayTableEditor::GoToPreviousTable(PayTableQuestions& questions) {
+    if (tableIndex != 0)
+        GoTo(questions, PreviousTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
 void PayTableEditor::Clear() {

@@ -103,9 +103,11 @@ class PayTableEditor {
     // when they stay: on Cancel, and when they cannot be saved.
     bool MayLeave(PayTableQuestions& questions);
 
-    // These two do not ask.
-    void GoToNextTable();
-    void GoToPreviousTable();
+    // Along the chain as it was before the question: changes that are saved as a new table do not
+    // lead to its neighbours.
+    void GoToNextTable(PayTableQuestions& questions);
+    void GoToPreviousTable(PayTableQuestions& questions);
+
     void Clear();
     void LoadTemplate(PayTableQuestions& questions);
     void ChangeGame(PayTableQuestions& questions);
@@ -158,7 +160,7 @@ class PayTableEditor {
     void DropTypedName();
     bool TakeTypedName(PayTableQuestions& questions);
     void Load(const std::string& fromGame, int fromIndex);
-    void GoTo(int index);
+    void GoTo(PayTableQuestions& questions, int index);
     std::string NameProblem(const std::string& name) const;
     std::string NewNameProblem(const std::string& name) const;
     bool IsOtherUserGame(const std::string& name) const;

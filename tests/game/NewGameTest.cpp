@@ -46,13 +46,49 @@ struct NewGameTest : testing::Test, ManagerTable {
     PayTableEditor editor = Manager("User Game 2", 9002, 0, true);
 };
 
+TEST_F(NewGameTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
+    EXPECT_TRUE(editor.IsEnabled({FormField::kName}));
+    editor.LoadTemplate(player.Saying({"Bonus Poker"}));
+    EXPECT_EQ(editor.gameName, "User Game 2");
+    editor.gameName = "First";
+    editor.Save(player);
+    EXPECT_EQ(InMain("User Games", "2"), "9002,First");
+    editor.gameName = "Second";
+    editor.texts.lines[0].payout = "300";
+    editor.Save(player);
+    EXPECT_FALSE(Exists("First", 0));
+    EXPECT_EQ(InMain("Second(0)", "Payout0"), "300");
+    EXPECT_EQ(InMain("User Games", "2"), "9002,Second");
+}
+
+TEST_F(NewGameTest, ANewGameTakesNoNameOfAnother) {
+    editor.texts = ReadPayTableTexts(Files().main, "My Game", 0);
+    const std::pair<const char*, const char*> refusals[] = {
+        {"", "Game name can not be blank"},
+        {"deuces wild",
+         "\"deuces wild\" already exists. A user-defined game can not have the same name as a "
+         "pre-defined game."},
+        {"my game", "\"my game\" already exists"},
+        {"User Game 10", "\"User Game 10\" already exists"},
+        {"a]", "Game name can not contain ] or = or line breaks, and can not begin with ["},
+    };
+    for (const auto& [name, refusal] : refusals) {
+        editor.gameName = name;
+        editor.Save(player);
+        EXPECT_EQ(player.where, FieldPlace{FormField::kName});
+        EXPECT_EQ(player.Take(), "Input Error: " + std::string(refusal));
+    }
+    editor.gameName = "User Game 2";
+    EXPECT_TRUE(editor.Save(player)) << "its own";
+}
+
 TEST_F(NewGameTest, ImportedTablesStayInTheirChain) {
     ImportTwo();
     TypePay("77");
     EXPECT_FALSE(editor.Save(player.Saying({"cancel"})));
     EXPECT_TRUE(editor.MakeActive(player));
     EXPECT_EQ(PaysOf("Mine"), (Pays{"77", "111"}));
-    editor.GoToNextTable();
+    editor.GoToNextTable(player);
     TypePay("88");
     EXPECT_TRUE(editor.Save(player.Saying({"yes"})));
     EXPECT_EQ(PaysOf("Mine"), (Pays{"77", "88"}));
@@ -97,7 +133,7 @@ TEST_F(NewGameTest, ATableIsAddedUnderTheNameThatWasTypedLast) {
 
 TEST_F(NewGameTest, ADeletedTableLeavesTheGameToItself) {
     ImportTwo();
-    editor.GoToNextTable();
+    editor.GoToNextTable(player);
     editor.Delete(player.Saying({"ok"}));
     EXPECT_FALSE(editor.HasTable() || editor.IsEnabled({FormField::kName}));
     TypeName("Mine");
