@@ -1,8 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <array>
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "cli/Commands.h"
+#include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
@@ -54,7 +56,20 @@ std::string AsJson(const RuinReport& report) {
         json["bankrolls"].push_back(
             {{"risk", risk}, {"bankroll", bets}, {"bankrollDollars", bets * report.BetDollars()}});
     }
+    AddPayChanges(report.chosen, json);
     return JsonText(json);
+}
+
+// An empty cell where no bankroll will do.
+std::string AsCsv(const RuinReport& report) {
+    CsvTable table({"risk", "bankroll", "bankrollDollars"});
+    const auto add = [&](double risk, double bets) {
+        if (std::isfinite(bets)) return table.AddRow({risk, bets, bets * report.BetDollars()});
+        table.AddRow({risk, "", ""});
+    };
+    if (report.bankroll && report.risk) add(*report.risk, *report.bankroll);
+    for (const double risk : kRisks) add(risk, report.run.BankrollFor(risk));
+    return table.Text();
 }
 
 std::string Percent(double share) { return FormatDecimals("%.1f", share * 100) + "%"; }
@@ -86,6 +101,7 @@ std::string AsText(const RuinReport& report) {
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
+    AddCsv(parser, options);
     AddRuin(parser, options);
     parser.footer(
         "Every hand is played with its best hold, for ever; nothing is doubled up. Money is in "
@@ -116,7 +132,11 @@ std::optional<Failure> RunRuin(const Options& options, std::string& output) {
         report.risk = options.risk;
         report.bankroll = report.run.BankrollFor(*options.risk);
     }
-    output += options.json ? AsJson(report) : AsText(report);
+    if (options.csv) {
+        output += AsCsv(report);
+    } else {
+        output += options.json ? AsJson(report) : AsText(report);
+    }
     return std::nullopt;
 }
 

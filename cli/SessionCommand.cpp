@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/Commands.h"
+#include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/Terminal.h"
 #include "cli/TextTable.h"
@@ -55,7 +56,28 @@ std::string AsJson(const SessionReport& report) {
         json["lines"].push_back(
             {{"description", lines[i].description}, {"atLeastOne", report.AtLeastOnce(i)}});
     }
+    AddPayChanges(report.chosen, json);
     return JsonText(json);
+}
+
+std::string AsCsv(const SessionReport& report) {
+    const SessionLaw& law = report.law;
+    CsvTable table({"kind", "name", "value"});
+    table.AddRow({"session", "hands", report.wish.hands});
+    table.AddRow({"session", "expected", law.expected});
+    table.AddRow({"session", "deviation", law.deviation});
+    table.AddRow({"session", "ahead", law.ahead});
+    table.AddRow({"session", "even", law.even});
+    table.AddRow({"session", "broke", law.broke});
+    table.AddRow({"session", "goal", law.goal});
+    for (const int percent : kQuantiles) {
+        table.AddRow({"quantile", percent, law.Quantile(percent / 100.0)});
+    }
+    const auto& lines = report.chosen.payTable.lines;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        table.AddRow({"atLeastOne", lines[i].description, report.AtLeastOnce(i)});
+    }
+    return table.Text();
 }
 
 std::string Percent(double share) { return FormatDecimals("%.3f", share * 100) + "%"; }
@@ -113,6 +135,7 @@ std::string AsText(const SessionReport& report) {
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
+    AddCsv(parser, options);
     AddSession(parser, options);
     parser.footer(
         "Every hand is played with its best hold; nothing is doubled up. Results are in bets of "
@@ -159,7 +182,11 @@ std::optional<Failure> RunSession(const Options& options, std::string& output) {
     if (interrupt.Wanted()) return Failure{kFailed, "cancelled"};
     if (!answer.law) return Failure{kFailed, "no answer: " + answer.whyNot};
     report.law = std::move(*answer.law);
-    output += options.json ? AsJson(report) : AsText(report);
+    if (options.csv) {
+        output += AsCsv(report);
+    } else {
+        output += options.json ? AsJson(report) : AsText(report);
+    }
     return std::nullopt;
 }
 

@@ -73,6 +73,17 @@ TEST_F(SessionCommandTest, TheTextHasTheSentenceAndTheTables) {
               std::string::npos);
 }
 
+TEST_F(SessionCommandTest, OtherPaysAndSpreadsheetsAreTaken) {
+    const Json json = AskForJson("ruin 300 --pay 'FULL HOUSE=10' --pay FLUSH=7");
+    EXPECT_GT(json["edge"], 0.01) << "10/7 returns more than it takes";
+    EXPECT_EQ(json["pays"].size(), 2U);
+    const std::string csv = Ask("session 300 --hands 1000 --csv").output;
+    EXPECT_NE(csv.find("\nquantile,5,-120\n"), std::string::npos) << csv;
+    EXPECT_NE(csv.find("\natLeastOne,ROYAL FLUSH,0.0244"), std::string::npos) << csv;
+    EXPECT_NE(Ask("ruin 300 --csv").output.find("\n0.5,,\n"), std::string::npos);
+    EXPECT_EQ(LinesOf("ruin 300 --csv --cashback 1 --risk 0.3").size(), 9U);
+}
+
 TEST_F(SessionCommandTest, WhatCannotBeAnsweredSaysWhy) {
     ExpectRefused("session 300", 2, {"--hands is required"});
     ExpectRefused("session 300 --hands 10000001", 2, {"--hands", "0 to 10000000"});
