@@ -9,14 +9,15 @@
 
 namespace {
 
-constexpr double kBars = 40;  // about so many
-constexpr double kRare = 0.001;
-constexpr double kLeastStep = 0.01;  // dollars
+constexpr double kBars = 80;  // about so many
+constexpr double kRare = 0.005;
 constexpr double kRounding = 1e-9;
 constexpr double kMostBars = 400;  // a result of the player's own beyond them is not shown
 
-double NiceStep(double least) {
-    const double power = std::pow(10, std::floor(std::log10(std::max(least, kLeastStep))));
+// So many bets, a whole number, that every bar has as many results as the next.
+double BetsOfBar(double least) {
+    if (least <= 1) return 1;
+    const double power = std::pow(10, std::floor(std::log10(least)));
     for (const double factor : {1.0, 2.0, 5.0}) {
         if (power * factor >= least * (1 - kRounding)) return power * factor;
     }
@@ -44,7 +45,7 @@ std::vector<LawBar> BarsOf(const SessionLaw& law, double betDollars, std::option
     if (law.results.empty()) return {};
     double low = law.Quantile(kRare) * betDollars;
     double high = law.Quantile(1 - kRare) * betDollars;
-    const double step = NiceStep((high - low) / kBars);
+    const double step = BetsOfBar((high - low) / kBars / betDollars) * betDollars;
     if (own && std::abs(*own - low) < kMostBars * step) {
         low = std::min(low, *own);
         high = std::max(high, *own);

@@ -16,9 +16,9 @@ struct LawBar {
     double below = 0;  // all that bring less than "from"
 };
 
-// From the result that one of a thousand does not reach to the one that one of a thousand exceeds,
-// and as far as a result of the player's own, in dollars; some dozens of bars as wide as one of
-// 1, 2 or 5 times a power of ten. One bar for a law of one result.
+// From the result that five of a thousand fall below to the one that five of a thousand exceed,
+// and as far as a result of the player's own, in dollars; some dozens of bars, each as wide as
+// 1, 2 or 5 times a power of ten of bets. One bar for a law of one result.
 std::vector<LawBar> BarsOf(const SessionLaw& law, double betDollars, std::optional<double> own);
 
 // Chances and results, then the chance to see each line at least once.

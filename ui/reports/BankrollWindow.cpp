@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kPatience = 300;  // milliseconds
 constexpr int kUsualHands = 1000;
+constexpr int kFewHands = 100;   // of a session that is hardly begun
 constexpr int kUsualRate = 500;  // hands an hour
 constexpr int kMostRate = 5000;
 constexpr double kMostMoney = 1e9;  // dollars
@@ -106,7 +107,7 @@ QWidget* BankrollWindow::MakeSession() {
     page->setObjectName("session");
     auto* grid = new QGridLayout;
     const std::int64_t played = engine.creditHistory.Hands();
-    const double start = played > 0 ? static_cast<double>(played) : kUsualHands;
+    const double start = played > kFewHands ? static_cast<double>(played) : kUsualHands;
     hands = AddField<QSpinBox>(*grid, 0, 0, tr("&Hands"), "hands", SessionWish::kMostHands, start);
     hours = AddField<QDoubleSpinBox>(*grid, 0, 1, tr("H&ours"), "hours", SessionWish::kMostHands,
                                      start / kUsualRate);
