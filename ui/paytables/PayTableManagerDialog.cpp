@@ -302,7 +302,8 @@ void PayTableManagerDialog::ShowFigures() {
     const bool ofName = problem && problem->where.field == FormField::kName && editor.HasTable();
     if (ofName) text = QString::fromStdString(problem->text) + (text.isEmpty() ? "" : "  ") + text;
     detail->setText(text);
-    rows->ShowFigures(result);
+    detail->setEnabled(!live->IsWaiting());
+    rows->ShowFigures(result, live->IsWaiting());
 }
 
 void PayTableManagerDialog::NoteTable(const QString& text) {
