@@ -70,7 +70,7 @@ PayTableManagerDialog::PayTableManagerDialog(PayTableEditor& editor, QWidget* pa
     layout->addWidget(live);
     layout->addWidget(detail);
     layout->addWidget(MakeLines(), 1);
-    keys = new FieldKeys(*fields, editor, *this);
+    keys = new FieldKeys(*fields, editor, *this, *rows);
     layout->addLayout(MakeButtons());
     Connect();
     ShowAll();
