@@ -116,13 +116,13 @@ void LineRows::AddFields(int line) {
         layout->addWidget(box, line, column++);
         return box;
     };
-    add(tr("Description"), "description", 24, texts.description, kDescription);
+    add(tr("Description"), "description", 21, texts.description, kDescription);
     for (auto* box : {add(tr("Payout"), "payout", 7, texts.payout, kPayout),
                       add(tr("Max Payout"), "maxPayout", 7, texts.maxPayout, kMaxPayout)}) {
         box->setAlignment(Qt::AlignRight);
         box->setMaximumWidth(WidthOf(*box, 12));
     }
-    for (auto* box : {add(tr("Bonus/Quads"), "bonusQuads", 18, texts.bonusQuads, kBonusQuads),
+    for (auto* box : {add(tr("Bonus/Quads"), "bonusQuads", 12, texts.bonusQuads, kBonusQuads),
                       add(tr("Kicker"), "kicker", 9, texts.kickers, kKickers)}) {
         connect(box, &QLineEdit::textChanged, box, &QWidget::setToolTip);
     }
