@@ -128,17 +128,16 @@ void AllGamesWindow::ShowTable() {
 
 void AllGamesWindow::UpdateButtons() {
     const auto row = table->CurrentRow();
-    const bool chosen = games.PlaceOf(row).has_value();
+    const bool chosen = games.PlaceOf(row).has_value() && !actions.isBusy();
     for (QPushButton* button : {play, edit}) button->setEnabled(chosen && actions.mayChange());
-    analyze->setEnabled(games.CanAnalyze(row));
+    analyze->setEnabled(chosen && games.CanAnalyze(row));
 }
 
 // What others have changed meanwhile is seen when the window is looked at again.
 void AllGamesWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !games.IsRunning()) {
-        Reload();
-    }
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    games.IsRunning() ? UpdateButtons() : Reload();
 }
 
 void AllGamesWindow::AnalyzeMissing() {
@@ -151,8 +150,12 @@ void AllGamesWindow::AnalyzeMissing() {
 void AllGamesWindow::LookAtRun() {
     const bool hadFocus = cancel->hasFocus();
     if (games.Collect()) ShowTable();
-    if (!games.IsRunning()) look.stop();
-    ShowRun();
+    if (games.IsRunning()) {
+        ShowRun();
+    } else {
+        look.stop();
+        Reload();  // tables may have come, changed and gone
+    }
     if (!games.IsRunning() && hadFocus) table->setFocus();
 }
 
@@ -167,7 +170,9 @@ void AllGamesWindow::ShowRun() {
     if (running) {
         state->setText(tr("Analyzing, %1 to go").arg(left));
     } else if (!games.IsKept()) {
-        state->setText(tr("The figures could not be written yet. Make room on the disk."));
+        state->setText(tr("The figures could not be written yet. Make room on the disk, and see to "
+                          "it that you may write %1 and its folder; F5 tries again.")
+                           .arg(QString::fromStdString(games.CacheName())));
     } else {
         state->setText(left == 0   ? tr("All tables are analyzed")
                        : left == 1 ? tr("1 table is not analyzed")

@@ -22,6 +22,7 @@ struct TableActions {
     std::function<void(const TableOfGame&)> edit;
     std::function<void(const TableOfGame&)> analyze;
     std::function<bool()> mayChange;  // play and edit: no hand is in play
+    std::function<bool()> isBusy;     // all: the machine would not hear of them
 };
 
 class AllGamesWindow : public QWidget {
