@@ -86,7 +86,19 @@ void AddResultFile(CLI::App& parser, const std::string& name, std::optional<std:
     AddValue(parser, name, "FILE", read, path, help);
 }
 
+// May be given several times, with one value each.
+void AddList(CLI::App& parser, const std::string& name, const std::string& type,
+             std::vector<std::string>& values, const std::string& help) {
+    parser.add_option(name, values, help)
+        ->type_name(type)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
 CLI::Option* AddOptionalGame(CLI::App& parser, Options& options) {
+    AddList(parser, "--pay", "LINE=N", options.pays,
+            "Let the line pay N a coin, or SINGLE:FULL as a table stores them; LINE is its\n"
+            "description or its number from 0; may be given several times");
     return parser.add_option("GAME", options.game, "A name in any letter case, or an id")
         ->type_name("");
 }
@@ -105,6 +117,10 @@ void AddCommonOptions(CLI::App& parser, Options& options) {
     parser.add_flag("--json", options.json, "Print JSON");
 }
 
+void AddCsv(CLI::App& parser, Options& options) {
+    parser.add_flag("--csv", options.csv, "Print comma-separated values");
+}
+
 void AddGame(CLI::App& parser, Options& options) { AddOptionalGame(parser, options)->required(); }
 
 void AddGameOrAll(CLI::App& parser, Options& options) {
@@ -114,6 +130,11 @@ void AddGameOrAll(CLI::App& parser, Options& options) {
 
 void AddCards(CLI::App& parser, Options& options, const std::string& help) {
     parser.add_option("CARDS", options.cards, help)->type_name("")->required();
+}
+
+void AddBest(CLI::App& parser, Options& options) {
+    parser.add_flag("--best", options.best,
+                    "Print JSON of the best hold only, with its gap to the second best");
 }
 
 void AddBet(CLI::App& parser, Options& options) {
