@@ -98,8 +98,21 @@ TEST_F(ReportWindowsTest, AllGamesAnalyzesWhatIsMissingWhileTheMachineIsPlayed) 
     ASSERT_EQ(games.model()->rowCount(), 3);
     GoTo(games, "Deuces Wild");
     EXPECT_EQ(TextAt(games, games.currentIndex().row(), 2), "100.7620");
-    Click(*window, "play");
+    auto& play = PartOf<QWidget>(*window, "play");
+    play.setFocus();
+    QTest::keyClick(&play, Qt::Key_Space);
     EXPECT_EQ(p.engine.settings.gameName, "Deuces Wild");
+    EXPECT_TRUE(play.isEnabled() && play.hasFocus());
+    p.clock.inPause = [&] {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        EXPECT_FALSE(play.isEnabled()) << "the machine is busy";
+        p.frame->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(p.frame.get()));
+    };
+    p.Deal(kNothing);
+    p.Key(Qt::Key_D);
+    EXPECT_TRUE(play.isEnabled());
     Answer({[](QDialog& dialog) {
                EXPECT_TRUE(PartOf<QPlainTextEdit>(dialog, "report")
                                .toPlainText()

@@ -126,7 +126,20 @@ void AllGamesWindow::ShowTable() {
     UpdateButtons();
 }
 
+// A button that is greyed for a while, as by what it has begun itself, gets its focus back.
 void AllGamesWindow::UpdateButtons() {
+    QWidget* focus = focusWidget();
+    GreyButtons();
+    if (focus && !focus->isEnabled()) {
+        greyedWithFocus = focus;
+        table->setFocus();
+    } else if (greyedWithFocus && greyedWithFocus->isEnabled()) {
+        if (focus && table->isAncestorOf(focus)) greyedWithFocus->setFocus();
+        greyedWithFocus = nullptr;
+    }
+}
+
+void AllGamesWindow::GreyButtons() {
     const auto row = table->CurrentRow();
     const bool chosen = games.PlaceOf(row).has_value() && !actions.isBusy();
     for (QPushButton* button : {play, edit}) button->setEnabled(chosen && actions.mayChange());

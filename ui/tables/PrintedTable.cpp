@@ -66,7 +66,8 @@ void PrintedTable::DrawPage(QPainter& painter, int page) {
 
 void PrintedTable::PrintOn(QPagedPaintDevice& device) {
     LayOutFor(device);
-    QPainter painter(&device);
+    QPainter painter;
+    if (!painter.begin(&device)) return;
     bool first = true;
     for (int page = 0; page < PageCount(); ++page) {
         const QPageRanges wanted = device.pageRanges();
