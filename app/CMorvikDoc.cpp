@@ -1,6 +1,7 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <utility>
 
@@ -154,7 +155,8 @@ TableActions CMorvikDoc::ActionsOnTables() {
                     RunAs(kAnalyzeGame,
                           [this, table] { AnalyzeTableCommand(seat, desk.spare, paths, table); });
                 },
-            .mayChange = [this] { return IsEnabled(kEditPayTable); }};
+            .mayChange = [this] { return IsEnabled(kEditPayTable); },
+            .isBusy = [this] { return actions.Busy(); }};
 }
 
 // Runs what a command of the menus would do in another way, when that may be given.
@@ -171,6 +173,8 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
 void CMorvikDoc::RefuseQuestions() {
     player.RefuseAll();
     aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+    if (!allGames) return;
+    for (auto* dialog : allGames->findChildren<QDialog*>()) dialog->reject();
 }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }

@@ -98,6 +98,3 @@ void RunCommand(int id, CommandDesk& desk);
 
 // Shows the report on the dealt hand over a window.
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
-
-// The same of an entry of the error log, 0 the oldest.
-void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over);

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
@@ -69,7 +70,8 @@ PayTable Pays(PayTable table) {
 }  // namespace
 
 StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
-                               const GameEngine* playersOwn, QWidget* parent)
+                               const GameEngine* playersOwn, QWidget* parent,
+                               std::optional<ExpectedPlay> known)
     : ReportPage(parent), taken(now), player(playersOwn), tabs(new QTabWidget(this)) {
     const auto take = [this](int run, const ExpectedPlay& found,
                              const std::vector<BandPoint>& exact) {
@@ -80,6 +82,7 @@ StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
     };
     connect(this, &StatisticsPage::Analyzed, this, take, Qt::QueuedConnection);
     Take(shown);
+    expected = std::move(known);
     tabs->setObjectName("tabs");
     chart = new CreditChart(this);
     table = new ReportTableView("statisticsTable", tr("Play statistics"), this);
@@ -105,13 +108,13 @@ void StatisticsPage::Take(const GameEngine& from) {
 }
 
 QString StatisticsPage::Caption() const {
-    return tr("Game Play Analysis: %1(%2)")
+    return (player ? tr("Game Play Analysis: %1(%2)") : tr("Autoplay: %1(%2)"))
         .arg(QString::fromStdString(engine.settings.gameName))
         .arg(engine.settings.activeTable);
 }
 
 std::unique_ptr<ReportPage> StatisticsPage::Copy() const {
-    auto copy = std::make_unique<StatisticsPage>(engine, taken, player, nullptr);
+    auto copy = std::make_unique<StatisticsPage>(engine, taken, player, nullptr, expected);
     copy->FitInto(screen()->availableSize() * kShareOfScreen);
     return copy;
 }

@@ -25,12 +25,15 @@ class StatisticsPage : public ReportPage {
 
   public:
     // As they are now, the time of the wall clock in seconds since the epoch. The player's engine
-    // is what Refresh copies; it outlives the page. Without one nothing is refreshed.
+    // is what Refresh copies; it outlives the page. Without one the figures are Autoplay's, and
+    // nothing is refreshed.
+    // What is expected of the pay table is computed where it is not known.
     StatisticsPage(const GameEngine& engine, std::int64_t now, const GameEngine* player,
-                   QWidget* parent);
+                   QWidget* parent, std::optional<ExpectedPlay> known = {});
 
     QString Caption() const override;
     std::unique_ptr<ReportPage> Copy() const override;
+    bool CanRefresh() const override { return player != nullptr; }
     void Refresh() override;
     void KeepIn(ReportFrame& frame) override;
 
