@@ -53,6 +53,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     actions.settled = [this] {
         CountHands();
         if (allGames) allGames->UpdateButtons();
+        if (bankroll) bankroll->Follow();
         emit Settled();
         OpenWaitingFile();
     };
@@ -60,6 +61,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.aside = &aside;
     desk.showAllGames = [this] { ShowAllGames(); };
+    desk.showBankroll = [this] { ShowBankroll(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -125,11 +127,17 @@ QString CMorvikDoc::WaitingNote() const {
 void CMorvikDoc::CloseReports() {
     aside.CloseAll();
     if (allGames) allGames->hide();
+    if (bankroll) bankroll->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
     if (!allGames) allGames = std::make_unique<AllGamesWindow>(seat, paths, ActionsOnTables());
     allGames->Open();
+}
+
+void CMorvikDoc::ShowBankroll() {
+    if (!bankroll) bankroll = std::make_unique<BankrollWindow>(seat.engine);
+    bankroll->Open();
 }
 
 TableActions CMorvikDoc::ActionsOnTables() {

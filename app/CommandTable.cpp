@@ -72,6 +72,9 @@ void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.seat, desk.spare
 void ReadAllGames(CommandDesk& desk, int) {
     if (desk.showAllGames) desk.showAllGames();
 }
+void ReadBankroll(CommandDesk& desk, int) {
+    if (desk.showBankroll) desk.showBankroll();
+}
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
 
 void TellOfMissingCard(QWidget& over) {
@@ -247,6 +250,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kAnalyzeHand,       "Hand",                   'H', "",       kNever,          ReadHand},
     Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
     Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
+    Row{kBankroll,          "Bankroll",               0,   "",       kNever,          ReadBankroll},
 
     PopupRow{"helpMenu", "&Help"},
     Row{kHelpIndex,         "Help Index",     Qt::Key_F1,  "F1",     kNever,          OpenHelp},

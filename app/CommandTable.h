@@ -26,6 +26,7 @@ struct CommandDesk {
     AsideWindows& aside;  // reports that stay open while the machine is played
     QWidget& window;      // the program's; dialogs are over it
     std::function<void()> showAllGames = {};
+    std::function<void()> showBankroll = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
 

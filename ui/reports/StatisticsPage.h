@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "game/engine/GameEngine.h"
 #include "game/reports/ExpectedPlay.h"
+#include "game/reports/SessionBand.h"
 #include "game/reports/StatisticsReport.h"
 #include "ui/reports/ReportPage.h"
 
@@ -41,7 +43,7 @@ class StatisticsPage : public ReportPage {
 
   signals:
     // From the thread of the analysis.
-    void Analyzed(int run, const ExpectedPlay& found);
+    void Analyzed(int run, const ExpectedPlay& found, const std::vector<BandPoint>& exact);
 
   private:
     struct Section {
@@ -65,6 +67,7 @@ class StatisticsPage : public ReportPage {
 
     GameEngine engine;                     // as it was
     std::optional<ExpectedPlay> expected;  // of its pay table, once it is known
+    std::vector<BandPoint> band;           // of the session shown, likewise
     std::int64_t taken;
     const GameEngine* player;
     QTabWidget* tabs;
