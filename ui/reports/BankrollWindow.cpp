@@ -62,6 +62,7 @@ BankrollWindow::BankrollWindow(const GameEngine& machine)
     layout->addWidget(done, 0, Qt::AlignRight);
     new QShortcut(Qt::Key_F5, this, [this] { Ask(); });
     new QShortcut(Qt::Key_Escape, this, [this] { close(); });
+    connect(this, &BankrollWindow::Reckoned, this, &BankrollWindow::Take, Qt::QueuedConnection);
     wait.setSingleShot(true);
     wait.setInterval(kPatience);
     connect(&wait, &QTimer::timeout, this, [this] {
@@ -245,9 +246,7 @@ void BankrollWindow::Reckon() {
     thread = std::jthread([this, run, question = asked](const std::stop_token& stop) {
         const auto found = reckoner.Answer(
             question, [this, run, &stop] { return run == runs && !stop.stop_requested(); });
-        if (stop.stop_requested()) return;
-        QMetaObject::invokeMethod(
-            this, [this, run, found] { Take(run, found); }, Qt::QueuedConnection);
+        if (!stop.stop_requested()) emit Reckoned(run, found);
     });
 }
 

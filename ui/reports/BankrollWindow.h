@@ -12,7 +12,6 @@
 
 class LawChart;
 class QDoubleSpinBox;
-class QFormLayout;
 class QGridLayout;
 class QLabel;
 class QSpinBox;
@@ -31,6 +30,10 @@ class BankrollWindow : public QWidget {
 
     // Takes over what has changed at the machine; nothing while the window is hidden.
     void Follow();
+
+  signals:
+    // From the thread that reckons.
+    void Reckoned(int run, const std::optional<BankrollAnswer>& found);
 
   protected:
     void changeEvent(QEvent* event) override;

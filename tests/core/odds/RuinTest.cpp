@@ -76,6 +76,16 @@ TEST(RuinTest, ManyLinesShareTheHoldOfTheirDeal) {
     EXPECT_LT(three->AtLeastOnce(0, 1), 3 * alone->seen[0]);
     EXPECT_GT(three->AtLeastOnce(0, 1), 2.8 * alone->seen[0]);
     EXPECT_NEAR(alone->AtLeastOnce(0, 40'391), 1 - std::exp(-1), 1e-4);
+    // Two pair held end close together and far from nothing, on a ring that begins there.
+    PayTable close = table;
+    close.lines[3].maxPayout = 105;
+    close.lines[7].maxPayout = 100;
+    const auto far = FindDealLaw(close, kFullBet, 21, tables, kGoOn);
+    const GainLaw single = Gains(close);
+    EXPECT_NEAR(far->gains.Mean(), 21 * single.Mean(), 1e-9);
+    EXPECT_NEAR(far->gains.Variance() / 21,
+                single.Variance() + 20 * AnalyzeGame(*tables.For(close), close, 1, {}).holdVariance,
+                1e-6);
     const LongRun run = FindLongRun(three->gains, 0.01);
     EXPECT_GT(run.BankrollFor(0.5), 1200) << "three lines swing more than one";
     EXPECT_NEAR(run.KellyBankroll(), 3 / run.kelly, 1e-6);

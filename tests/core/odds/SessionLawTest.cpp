@@ -175,6 +175,10 @@ TEST(SessionLawTest, SmallAndImpossibleSessionsHaveTheirPlainAnswers) {
     EXPECT_EQ(one.Quantile(Jacks().outcomes[0].probability), -1);
     EXPECT_EQ(one.Quantile(Jacks().outcomes[0].probability + 1e-9), 0);
 
+    SessionLaw rounded;
+    rounded.results = {{0, 0.7}, {1, 0.1}, {2, 0.2}};  // 0.7 + 0.1 is a little less than 0.8
+    EXPECT_EQ(rounded.Quantile(0.8), 1);
+
     const SessionLaw poor = Session(Jacks(), {50, 0.9});
     EXPECT_EQ(poor.broke, 1);
     EXPECT_EQ(poor.expected, 0);
