@@ -27,7 +27,7 @@
 namespace {
 
 // The progress of work that has been cancelled before it began.
-class NoProgress : public Progress {
+class NoProgress : public ProgressMeter {
   public:
     bool Show(const std::string& /*text*/, int /*percent*/) override { return false; }
 };
@@ -204,7 +204,7 @@ void WindowPlayer::TellOfFiles(const std::string& caption, const std::vector<Wri
     QDesktopServices::openUrl(QUrl::fromLocalFile(file.absolutePath()));
 }
 
-std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
+std::unique_ptr<ProgressMeter> WindowPlayer::ShowProgress(const std::string& text) {
     if (refusing) return std::make_unique<NoProgress>();
     auto progress = std::make_unique<ProgressDialog>(text, &window);
     progress->show();

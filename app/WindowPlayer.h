@@ -48,7 +48,7 @@ class WindowPlayer : public Player {
     ReportAnswer ShowGameReport(GameReportPages& pages) override;
     std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override;
     void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) override;
-    std::unique_ptr<Progress> ShowProgress(const std::string& text) override;
+    std::unique_ptr<ProgressMeter> ShowProgress(const std::string& text) override;
     void ShowStatistics(const GameEngine& engine) override;
 
   private:
