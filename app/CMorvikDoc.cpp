@@ -35,12 +35,14 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
            .player = player,
            .sounds = parts.sounds,
            .clock = parts.clock},
+      charts(seat, paths),
       desk{.seat = seat,
            .spare = parts.spare,
            .paths = paths,
            .pictures = parts.pictures,
            .desktop = desktop,
            .aside = aside,
+           .charts = charts,
            .window = window} {
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);
@@ -58,7 +60,9 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.aside = &aside;
+    player.charts = &charts;
     desk.showAllGames = [this] { ShowAllGames(); };
+    desk.showStrategy = [this] { ShowStrategy(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -74,7 +78,10 @@ void CMorvikDoc::OnNewDocument(const std::string& gameFile) {
     });
 }
 
-bool CMorvikDoc::OnCloseDocument() { return StopGame(seat, paths); }
+bool CMorvikDoc::OnCloseDocument() {
+    charts.Stop();
+    return StopGame(seat, paths);
+}
 
 void CMorvikDoc::SaveForNow() {
     StoreCurrentGamePath(files.gamePath, paths, files.file);
@@ -124,11 +131,22 @@ QString CMorvikDoc::WaitingNote() const {
 void CMorvikDoc::CloseReports() {
     aside.CloseAll();
     if (allGames) allGames->hide();
+    if (strategy) strategy->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
     if (!allGames) allGames = std::make_unique<AllGamesWindow>(seat, paths, ActionsOnTables());
     allGames->Open();
+}
+
+void CMorvikDoc::ShowStrategy() {
+    if (!strategy) {
+        const auto analyze = [this](const TableOfGame& table, const std::string& hand) {
+            RunAs(kAnalyzeHand, [this, table, hand] { ShowHandOfTable(desk, table, hand); });
+        };
+        strategy = std::make_unique<StrategyWindow>(seat, charts, analyze);
+    }
+    strategy->Open();
 }
 
 TableActions CMorvikDoc::ActionsOnTables() {

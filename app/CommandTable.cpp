@@ -66,6 +66,9 @@ void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.seat, desk.spare
 void ReadAllGames(CommandDesk& desk, int) {
     if (desk.showAllGames) desk.showAllGames();
 }
+void ReadStrategy(CommandDesk& desk, int) {
+    if (desk.showStrategy) desk.showStrategy();
+}
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
 void ReadErrorLog(CommandDesk& desk, int) {
     if (TellIfErrorLogIsEmpty(desk.seat)) return;
@@ -75,7 +78,7 @@ void ReadErrorLog(CommandDesk& desk, int) {
         .forget = [&desk](int index) { ForgetError(desk.seat, index); },
         .mayForget = [&desk] { return IsEnabled(kClearErrorLog, desk.seat.engine); }};
     ErrorLogDialog dialog(desk.seat.engine, desk.seat.files, desk.pictures, &desk.window, actions,
-                          &desk.aside);
+                          &desk.aside, &desk.charts);
     dialog.exec();
     if (const auto index = dialog.ToDeal()) DealLoggedHand(desk.seat, *index);
 }
@@ -211,6 +214,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kAnalyzeHand,       "Hand",                   'H', "",       kNever,          ReadHand},
     Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
     Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
+    Row{kStrategy,          "Strategy",               0,   "",       kNever,          ReadStrategy},
 
     PopupRow{"helpMenu", "&Help"},
     Row{kHelpIndex,         "Help Index",     Qt::Key_F1,  "F1",     kNever,          OpenHelp},
@@ -285,7 +289,8 @@ void RunCommand(int id, CommandDesk& desk) {
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
     LoadSpare(desk.seat, desk.spare);
     LendHand(desk.seat.engine, desk.spare);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside, &desk.charts)
+        .exec();
 }
 
 void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over) {
@@ -295,5 +300,16 @@ void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over) {
     desk.spare.statistics.setCards = entry.hand;
     desk.spare.statistics.setDraws = entry.draws;
     if (!TakeFixedHand(desk.spare)) return;
-    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside, &desk.charts)
+        .exec();
+}
+
+void ShowHandOfTable(const CommandDesk& desk, const TableOfGame& table, const std::string& hand) {
+    LoadSpareTable(desk.seat, desk.spare, table);
+    desk.spare.settings.bet = kFullBet;
+    desk.spare.settings.coin = desk.seat.engine.settings.coin;
+    if (!TakeTypedHand(desk.spare, hand).empty()) return;
+    HandAnalysisDialog(desk.spare, desk.pictures, &desk.window, desk.seat.engine, desk.aside,
+                       &desk.charts)
+        .exec();
 }

@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "game/engine/Dealing.h"
 #include "game/seat/Clock.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
@@ -106,6 +107,10 @@ void WindowPlayer::RefuseAll() {
 bool WindowPlayer::GoesOnAfterError(const std::string& message) {
     if (refusing) return false;
     BestPlayErrorDialog dialog(message, showAnalysis, beep, &window);
+    // Whether a double-draw hand is drawn again is no hold.
+    if (machine && !machine->readyToDeal) {
+        dialog.TellReason(charts, AskedOf(*machine, machine->dealtCopy, HeldMask(*machine)));
+    }
     return IsAccepted(dialog);
 }
 

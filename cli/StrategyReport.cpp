@@ -8,7 +8,7 @@
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
-#include "core/strategy/ChartCard.h"
+#include "core/strategy/CardDrawing.h"
 #include "core/strategy/RowText.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"

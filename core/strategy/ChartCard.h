@@ -1,5 +1,5 @@
-// A strategy chart as a card for the pocket, of 90 x 130 mm: as a drawing, as a PDF, and as a text
-// that is read back as the same chart.
+// A strategy chart as a card for the pocket, of 90 x 130 mm: what stands on it, and the text of it
+// that is read back as the same chart. CardDrawing.h draws it.
 #pragma once
 #include <string>
 #include <vector>
@@ -29,9 +29,3 @@ ChartCard MakeCard(const TableOfGame& place, const PayTable& table, const ChartS
 
 // With the game, its pays and the figures as remarks.
 std::string CardAsText(const ChartCard& card);
-
-// Black on white, the lines in one column or two, as large as they fit.
-std::string CardAsSvg(const ChartCard& card);
-
-// The same in a PDF's own fonts, which know the letters of western Europe; others are '?'.
-std::string CardAsPdf(const ChartCard& card);

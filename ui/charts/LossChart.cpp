@@ -26,7 +26,7 @@ QString PowerText(int power) {
 }  // namespace
 
 LossChart::LossChart(QWidget* parent)
-    : Chart("lossChart", tr("Loss by the number of lines"), parent) {
+    : PictureChart("lossChart", tr("Loss by the number of lines"), parent) {
     FiguresChanged();
 }
 
@@ -196,13 +196,13 @@ void LossChart::DrawCourse(QPainter& painter, const ChartSheet& sheet, const QRe
 void LossChart::keyPressEvent(QKeyEvent* event) {
     const bool chooses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                          event->key() == Qt::Key_Space;
-    if (!chooses || !read) return Chart::keyPressEvent(event);
+    if (!chooses || !read) return PictureChart::keyPressEvent(event);
     emit Chosen(points[*read].lines);
 }
 
 void LossChart::mousePressEvent(QMouseEvent* event) {
     const int point = PointAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || point < 0) return Chart::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton || point < 0) return PictureChart::mousePressEvent(event);
     setFocus();
     emit Chosen(points[point].lines);
 }

@@ -1,9 +1,9 @@
 // What the best strategy chart of each length loses: percent of the bet against the number of
 // lines, each mark of the loss being a tenth of the one above.
 #pragma once
-#include "ui/charts/Chart.h"
+#include "ui/charts/PictureChart.h"
 
-class LossChart : public Chart {
+class LossChart : public PictureChart {
     Q_OBJECT
 
   public:

@@ -8,6 +8,7 @@
 #include "ui/reports/ErrorLogPage.h"
 
 class AsideWindows;
+class StrategyDesk;
 
 class ErrorLogDialog : public QDialog {
     Q_OBJECT
@@ -16,7 +17,8 @@ class ErrorLogDialog : public QDialog {
     // All of them outlive the dialog. Without actions and windows to put it aside in, the log can
     // only be read. Dealing a hand is for the caller, who is told by ToDeal.
     ErrorLogDialog(const GameEngine& engine, const GameFiles& files, PictureStore& store,
-                   QWidget* parent, ErrorActions actions = {}, AsideWindows* aside = nullptr);
+                   QWidget* parent, ErrorActions actions = {}, AsideWindows* aside = nullptr,
+                   StrategyDesk* charts = nullptr);
 
     int Index() const { return page->Index(); }
 

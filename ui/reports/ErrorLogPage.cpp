@@ -20,6 +20,7 @@
 #include "game/reports/ErrorLogReport.h"
 #include "game/reports/ErrorLogRows.h"
 #include "game/reports/HandReport.h"
+#include "ui/parts/ChartReasonLabel.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
 #include "ui/parts/ReportBox.h"
@@ -114,8 +115,10 @@ QWidget* ErrorLogPage::MakeEntryPage() {
     layout->addWidget(title, 0, 0, Qt::AlignLeft);
     layout->addWidget(text, 1, 0);
     layout->addWidget(MakeSummary(), 0, 1, 2, 1);
-    layout->addLayout(MakeHand(), 2, 0, 1, 2);
-    layout->addLayout(MakeTurnButtons(), 3, 0, 1, 2);
+    belowEntry = new QVBoxLayout;
+    layout->addLayout(belowEntry, 2, 0, 1, 2);
+    layout->addLayout(MakeHand(), 3, 0, 1, 2);
+    layout->addLayout(MakeTurnButtons(), 4, 0, 1, 2);
     layout->setRowStretch(1, 1);
     return page;
 }
@@ -251,6 +254,7 @@ void ErrorLogPage::ShowEntry() {
     const auto cards = PlacesOf(engine, entry.hand, entry.draws[0]);
     for (std::size_t i = 0; i < places.size(); ++i) places[i]->SetCard(cards[i]);
     knownCard->SetCard(FaceOf(engine.deck.table, entry.draws[0]));
+    ShowReason();
 
     const bool nextHadFocus = next->hasFocus();
     const bool previousHadFocus = previous->hasFocus();
@@ -259,6 +263,21 @@ void ErrorLogPage::ShowEntry() {
     // A key pressed once more at the end must not fall on another button than the opposite one.
     if (nextHadFocus && !next->isEnabled()) previous->setFocus();
     if (previousHadFocus && !previous->isEnabled()) next->setFocus();
+}
+
+void ErrorLogPage::TellReasons(StrategyDesk* desk) {
+    charts = desk;
+    reason = new ChartReasonLabel(charts, this);
+    belowEntry->addWidget(reason);
+    ShowReason();
+}
+
+void ErrorLogPage::ShowReason() {
+    if (!reason) return;
+    const auto at = static_cast<std::size_t>(index);
+    if (at >= shown.errors.size()) return reason->Ask(std::nullopt);
+    const ErrorLogEntry& entry = shown.errors[at];
+    reason->Ask(AskedOf(shown.engine, entry.hand, entry.player));
 }
 
 void ErrorLogPage::ShowTables() {
@@ -317,6 +336,7 @@ QString ErrorLogPage::Caption() const {
 
 std::unique_ptr<ReportPage> ErrorLogPage::Copy() const {
     auto copy = std::make_unique<ErrorLogPage>(shown, read, ErrorActions{}, store, nullptr);
+    if (charts) copy->TellReasons(charts);
     copy->ShowError(index);
     return copy;
 }

@@ -20,6 +20,7 @@
 #include "game/reports/HoldLine.h"
 #include "game/reports/ReportHead.h"
 #include "ui/charts/HoldChart.h"
+#include "ui/parts/ChartReasonLabel.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
 #include "ui/parts/PlaceButtons.h"
@@ -244,6 +245,7 @@ QString HandPage::Caption() const {
 std::unique_ptr<ReportPage> HandPage::Copy() const {
     auto copy = std::make_unique<HandPage>(CopyOf(engine), store, player, nullptr);
     copy->taken = taken;
+    if (charts) copy->TellReasons(charts);
     copy->ShowTable();
     return copy;
 }
@@ -306,10 +308,22 @@ void HandPage::ShowHand() {
     typed->setText(QString::fromStdString(HandInWords(engine)));
     SayProblem({});
     ShowReport();
+    ShowReason();
     NameChart();
     ShowChart();
     ShowTable();
     emit CaptionChanged();
+}
+
+void HandPage::TellReasons(StrategyDesk* desk) {
+    charts = desk;
+    reason = new ChartReasonLabel(charts, this);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, reason);
+    ShowReason();
+}
+
+void HandPage::ShowReason() {
+    if (reason) reason->Ask(AskedOf(engine, engine.hand, HoldAtMachine(engine)));
 }
 
 void HandPage::ShowReport() { report->ShowReport(HandReport(engine, display)); }

@@ -89,10 +89,10 @@ class StrategyWindow : public QWidget {
     StrategyDesk& desk;
     Analyze analyze;
     std::vector<ListedTable> tables;
-    TableOfGame place;            // the one that is shown
-    ChartLists lists;             // of the shown table and wording
-    double best = 0;              // percent that its best play returns
-    std::optional<int> wanted;    // lines that the player has chosen
+    TableOfGame place;          // the one that is shown
+    ChartLists lists;           // of the shown table and wording
+    double best = 0;            // percent that its best play returns
+    std::optional<int> wanted;  // lines that the player has chosen
     std::optional<ShownChart> shown;
     std::unique_ptr<Study> study;
     QTimer look;   // at what is reckoned

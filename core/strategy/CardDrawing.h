@@ -1,0 +1,11 @@
+// The drawings of a card.
+#pragma once
+#include <string>
+
+#include "core/strategy/ChartCard.h"
+
+// Black on white, the lines in one column or two, as large as they fit.
+std::string CardAsSvg(const ChartCard& card);
+
+// The same in a PDF's own fonts, which know the letters of western Europe; others are '?'.
+std::string CardAsPdf(const ChartCard& card);
