@@ -48,7 +48,7 @@ std::string WhyText(const Terms& terms, const Chart& chart, const StartingHand& 
         const std::string exception =
             ": an exception of the chart, worth " +
             WorthText(static_cast<double>(cost) / static_cast<double>(partsOfBet));
-        if (play.rowOf[best] == play.row) {
+        if (play.row < chart.size() && play.rowOf[best] == play.row) {
             return CardsText(terms, hand, best) + " is the better of the holds that fit " +
                    name(play.row, best) + exception;
         }

@@ -49,7 +49,12 @@ ReportCell CardsCell(const Hand& hand, HoldMask mask) {
 
 std::string LineName(const Chart& chart, std::size_t row) {
     if (row >= chart.size()) return "no line";
-    return RowText(chart[row]) + " (line " + std::to_string(row + 1) + ")";
+    return std::to_string(row + 1) + ". " + RowText(chart[row]);
+}
+
+// Several holds fit the row that decides, and the best of them is the best play.
+bool IsOneRow(const Chart& chart, const ExceptionGroup& group) {
+    return group.row == group.bestRow && group.row < chart.size();
 }
 
 ReportTable TableOf(const ShownChart& shown, const char* title) {
@@ -106,14 +111,14 @@ ReportTable ChartTable(const ShownChart& shown) {
         {"Line", "", true, "Hold what the first of these lines that fits your hand says"},
         {"Hold", "", false, "The cards to hold, in the words of the guide"},
         {"Example", "", false, "A hand that the line decides"},
-        {"Held", "", false, "What the line holds of it"},
         {"Hands", "%", true, "Of all hands those that the line decides"},
-        {"Loss", "%", true, "What they lose against the best play, in percent of all bets"}};
+        {"Loss", "%", true, "What they lose against the best play, in percent of all bets"},
+        {"Held", "", false, "What the line holds of the example"}};
     const auto add = [&](const RowGrade& row, ReportRow line, const HeldHand& example) {
         line.cells.push_back(CardsCell(example.hand, kStandPat));
-        line.cells.push_back(CardsCell(example.hand, example.held));
         line.cells.push_back(ShareCell(grade, row.hands));
         line.cells.push_back(NumberCell("%.6f", PercentOf(grade, row.loss)));
+        line.cells.push_back(CardsCell(example.hand, example.held));
         table.rows.push_back(std::move(line));
     };
     for (std::size_t i = 0; i < chart.size(); ++i) {
@@ -151,8 +156,8 @@ ReportTable ExceptionTable(const ShownChart& shown) {
         ReportRow row{
             static_cast<std::int64_t>(i),
             {TextCell(LineName(chart, group.row)),
-             TextCell(group.bestRow == group.row ? "another hold of the line"
-                                                 : LineName(chart, group.bestRow)),
+             TextCell(IsOneRow(chart, group) ? "another hold of the line"
+                                             : LineName(chart, group.bestRow)),
              ShareCell(grade, group.hands), NumberCell("%.6f", PercentOf(grade, group.loss))},
             {}};
         AddHand(grade, group.dearest.front(), row.cells);
@@ -185,8 +190,8 @@ ReportTable ExceptionHandTable(const ShownChart& shown, std::size_t number) {
 }
 
 std::string GroupName(const Chart& chart, const ExceptionGroup& group) {
-    if (group.row == group.bestRow) return LineName(chart, group.row) + ", another hold of it";
-    return LineName(chart, group.row) + " for " + LineName(chart, group.bestRow);
+    if (IsOneRow(chart, group)) return LineName(chart, group.row) + ", another hold of it";
+    return LineName(chart, group.row) + ", better " + LineName(chart, group.bestRow);
 }
 
 std::string TypedText(const Hand& hand) {

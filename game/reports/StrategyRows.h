@@ -34,8 +34,7 @@ ReportTable ExceptionTable(const ShownChart& shown);
 // A row for each hand of a group; their ids are those of the hands.
 ReportTable ExceptionHandTable(const ShownChart& shown, std::size_t group);
 
-// The name of a group: "4 to a flush (line 9) for low pair (line 11)", what is played for what is
-// better.
+// The name of a group: "9. 4 to a flush, better 11. low pair".
 std::string GroupName(const Chart& chart, const ExceptionGroup& group);
 
 // The hand as it is typed, "AS KD 7H 2C 2D".

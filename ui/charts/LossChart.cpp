@@ -36,12 +36,13 @@ void LossChart::ShowLosses(QList<Point> shown, double bestPlay) {
     best = bestPlay;
     marked = -1;
     least = 0;
-    most = 1;
+    most = 0;
     for (const Point& point : points) {
         const double power = std::log10(std::max(point.loss, std::pow(10, kLeastPower)));
         least = std::min(least, static_cast<int>(std::floor(power)));
         most = std::max(most, static_cast<int>(std::ceil(power)));
     }
+    least = std::min(least, most - 1);
     FiguresChanged();
 }
 
