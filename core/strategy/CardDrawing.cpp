@@ -128,7 +128,7 @@ std::string CardAsSvg(const ChartCard& card) {
         svg += "<path d=\"M " + Number(left) + " " + Number(top) + " L " + Number(right) + " " +
                Number(bottom) + "\" stroke=\"#000000\" stroke-width=\"0.1\"/>\n";
     }
-    svg += "<g font-family=\"Helvetica, Arial, Liberation Sans, sans-serif\" fill=\"#000000\">\n";
+    svg += "<g font-family=\"" + std::string(kCardFonts) + "\" fill=\"#000000\">\n";
     for (const auto& [left, base, size, bold, text] : page.texts) {
         svg += "<text x=\"" + Number(left) + "\" y=\"" + Number(base) + "\" font-size=\"" +
                Number(size) + "\"" + (bold ? " font-weight=\"bold\"" : "") + ">" + Escaped(text) +

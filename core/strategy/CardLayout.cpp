@@ -36,7 +36,7 @@ constexpr std::array<int, 95> kWidths = {
     222, 833, 556, 556, 556, 556, 333, 500, 278, 556, 500, 722, 500, 500,  500, 334, 260, 334, 584};
 constexpr int kOtherWidth = 600;
 // A reader that has another font has a wider one, mostly.
-constexpr double kSpare = 1.12;
+constexpr double kSpare = 1.15;
 
 double WidthOf(const std::string& text, double size) {
     int width = 0;

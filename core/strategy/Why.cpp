@@ -27,6 +27,17 @@ std::string CardsText(const Terms& terms, const StartingHand& hand, std::size_t 
     return text;
 }
 
+// Of the holds that stand in the chart, behind the row that decides; when there is none, the one
+// that decides.
+std::size_t SecondBest(const ChartPlay& play, std::size_t rows, const StartingHand& hand) {
+    std::size_t second = play.held;
+    for (std::size_t held = 0; held < kSubsets; ++held) {
+        if (play.rowOf[held] <= play.row || play.rowOf[held] >= rows) continue;
+        if (second == play.held || hand.values[held] > hand.values[second]) second = held;
+    }
+    return second;
+}
+
 std::string WorthText(double bets) {
     constexpr double kLeast = 0.00005;
     return bets < kLeast ? "less than 0.0001 bets" : FormatDouble("%.4f bets", bets);
@@ -35,7 +46,7 @@ std::string WorthText(double bets) {
 }  // namespace
 
 std::string WhyText(const Terms& terms, const Chart& chart, const StartingHand& hand,
-                    std::size_t other, std::int64_t partsOfBet) {
+                    std::optional<std::size_t> asked, std::int64_t partsOfBet) {
     const ChartPlay play = ChartReader(terms, chart).Play(hand);
     const auto best =
         static_cast<std::size_t>(std::ranges::max_element(hand.values) - hand.values.begin());
@@ -55,6 +66,7 @@ std::string WhyText(const Terms& terms, const Chart& chart, const StartingHand& 
         return name(play.rowOf[best], best) + " is better here than " + name(play.row, play.held) +
                exception;
     }
+    const std::size_t other = asked.value_or(SecondBest(play, chart.size(), hand));
     if (hand.values[other] == hand.values[best]) return "";
     if (play.rowOf[other] == chart.size()) {
         return name(play.row, play.held) + " stands in the chart, " +

@@ -50,11 +50,8 @@ std::string ChartReason(const LineTables& tables, const PayTable& table, const A
         hand.values[subsetOf(mask)] = std::llround(bets * static_cast<double>(kPartsOfBet));
     }
     hand.best = std::ranges::max(hand.values);
-    std::size_t other = subsetOf(asked.played.value_or(0));
-    if (!asked.played || hand.values[other] == hand.best) {
-        const auto worth = [&](std::int64_t value) { return value == hand.best ? -1 : value; };
-        other = static_cast<std::size_t>(std::ranges::max_element(hand.values, {}, worth) -
-                                         hand.values.begin());
-    }
+    std::optional<std::size_t> other;
+    if (asked.played) other = subsetOf(*asked.played);
+    if (other && hand.values[*other] == hand.best) other.reset();
     return WhyText(Terms(tables, table), chart, hand, other, kPartsOfBet);
 }

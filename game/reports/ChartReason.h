@@ -9,7 +9,7 @@
 #include "core/strategy/Row.h"
 
 // A hand as it is asked about: the best hold is compared with this one or, without one and where it
-// is a best one itself, with the second best.
+// is a best one itself, with what stands behind it in the chart.
 struct AskedHand {
     Hand hand;
     std::optional<HoldMask> played;

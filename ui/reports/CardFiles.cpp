@@ -1,6 +1,8 @@
 #include "ui/reports/CardFiles.h"
 
 #include <QBuffer>
+#include <QFont>
+#include <QFontInfo>
 #include <QMarginsF>
 #include <QObject>
 #include <QPageSize>
@@ -9,6 +11,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <array>
 
 #include "core/strategy/CardDrawing.h"
@@ -18,10 +21,20 @@ namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
 
+// Qt takes a list of fonts for the name of one, which it does not find.
 void Draw(const ChartCard& card, QPainter& painter, double dotsPerInch) {
-    QSvgRenderer drawing(QByteArray::fromStdString(CardAsSvg(card)));
+    QByteArray svg = QByteArray::fromStdString(CardAsSvg(card));
+    const QByteArray font = QFontInfo(QFont(QStringLiteral("Helvetica"))).family().toUtf8();
+    svg.replace(QByteArray::fromStdString(std::string(kCardFonts)), font);
+    QSvgRenderer drawing(svg);
     const double dots = dotsPerInch / kMillimetresPerInch;
     drawing.render(&painter, QRectF(0, 0, kCardWidth * dots, kCardHeight * dots));
+}
+
+// The fonts of every PDF have all letters of the card.
+bool IsWestern(const ChartCard& card) {
+    const QString text = QString::fromStdString(card.title + card.pays);
+    return std::ranges::all_of(text, [](QChar c) { return c.unicode() <= 0xFF; });
 }
 
 std::string TextOf(const ChartCard& card, std::size_t kind) {
@@ -54,6 +67,7 @@ void PrintCardTo(const ChartCard& card, QPrinter& printer) {
 }
 
 QByteArray CardPdf(const ChartCard& card) {
+    if (IsWestern(card)) return QByteArray::fromStdString(CardAsPdf(card));
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);

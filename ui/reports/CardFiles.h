@@ -17,5 +17,5 @@ void SaveCard(const ChartCard& card, const QString& name, QWidget* parent);
 void PrintCard(const ChartCard& card, QWidget* parent);
 void PrintCardTo(const ChartCard& card, QPrinter& printer);
 
-// On a page of the card's size, with the letters of the fonts in it.
+// On a page of the card's size, in any letters.
 QByteArray CardPdf(const ChartCard& card);

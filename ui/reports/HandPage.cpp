@@ -33,7 +33,7 @@
 namespace {
 
 constexpr int kColumnsBeforeLines = 5;
-constexpr int kLeastLines = 12;
+constexpr int kLeastLines = 10;
 constexpr int kTypedCharacters = 18;
 
 // Patterns of holds are told apart where an underscore is as wide as a letter. The heading is left
@@ -323,7 +323,9 @@ void HandPage::TellReasons(StrategyDesk* desk) {
 }
 
 void HandPage::ShowReason() {
-    if (reason) reason->Ask(AskedOf(engine, engine.hand, HoldAtMachine(engine)));
+    if (!reason) return;
+    const auto held = HoldAtMachine(engine);  // nothing is, as long as the player thinks
+    reason->Ask(AskedOf(engine, engine.hand, held == 0 ? std::nullopt : held));
 }
 
 void HandPage::ShowReport() { report->ShowReport(HandReport(engine, display)); }

@@ -77,7 +77,9 @@ QLayout* StrategyWindow::MakeChoice() {
     auto* row = new QHBoxLayout;
     row->addWidget(Caption(tr("&Game"), game));
     row->addWidget(game, 1);
-    row->addWidget(Caption(tr("&Table"), index));
+    auto* caption = Caption(tr("&Table"), index);
+    caption->setMinimumWidth(caption->sizeHint().width() + 2);  // kerned, it is wider than it says
+    row->addWidget(caption);
     row->addWidget(index);
     row->addWidget(penalties);
     return row;

@@ -19,7 +19,8 @@ constexpr const char* kRows =
 
 struct WhyTest : testing::Test {
     // Of the hand, sorted from the ace up: the best hold against the one of these cards.
-    std::string Why(std::string_view cards, std::size_t other, const char* rows = kRows) {
+    std::string Why(std::string_view cards, std::optional<std::size_t> other,
+                    const char* rows = kRows) {
         StartingHand hand;
         const CardTable deck = BuildCardTable(DeckOf(table));
         Hand faces;
@@ -54,6 +55,14 @@ TEST_F(WhyTest, TheBestHoldStandsAboveTheOther) {
               "(line 6)");
     EXPECT_EQ(Why("2S 5S 8S TS TD", 0b11100),
               "4 to a flush (line 3) stands in the chart, T T 8 does not");
+}
+
+TEST_F(WhyTest, WithoutAnotherHoldTheNextOneOfTheChartIsTold) {
+    EXPECT_EQ(Why("2S 5S 8S TS TD", std::nullopt),
+              "4 to a flush (line 3) stands above pair (line 4)");
+    EXPECT_EQ(Why("2S 5S 8S TS KS", std::nullopt),
+              "pat straight or better (line 1) stands above 4 to a flush (line 3)");
+    EXPECT_EQ(Why("2S 5D 8H TS 4C", std::nullopt), "") << "the last line has none behind it";
 }
 
 TEST_F(WhyTest, NothingIsSaidOfHoldsThatAreWorthTheSame) {
