@@ -1,6 +1,7 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <utility>
 
@@ -181,6 +182,11 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
 void CMorvikDoc::RefuseQuestions() {
     player.RefuseAll();
     aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+    for (const QWidget* window :
+         {static_cast<QWidget*>(allGames.get()), static_cast<QWidget*>(strategy.get())}) {
+        if (!window) continue;
+        for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
+    }
 }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }

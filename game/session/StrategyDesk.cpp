@@ -1,6 +1,8 @@
 #include "game/session/StrategyDesk.h"
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
 #include "core/profile/ProfileFile.h"
 #include "core/store/AnalysisCache.h"
