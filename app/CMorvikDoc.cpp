@@ -55,6 +55,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     actions.settled = [this] {
         CountHands();
         if (allGames) allGames->UpdateButtons();
+        if (bankroll) bankroll->Follow();
         emit Settled();
         OpenWaitingFile();
     };
@@ -64,6 +65,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     player.charts = &charts;
     desk.showAllGames = [this] { ShowAllGames(); };
     desk.showStrategy = [this] { ShowStrategy(); };
+    desk.showBankroll = [this] { ShowBankroll(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -133,6 +135,7 @@ void CMorvikDoc::CloseReports() {
     aside.CloseAll();
     if (allGames) allGames->hide();
     if (strategy) strategy->hide();
+    if (bankroll) bankroll->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
@@ -150,6 +153,11 @@ void CMorvikDoc::ShowStrategy() {
     strategy->Open();
 }
 
+void CMorvikDoc::ShowBankroll() {
+    if (!bankroll) bankroll = std::make_unique<BankrollWindow>(seat.engine);
+    bankroll->Open();
+}
+
 TableActions CMorvikDoc::ActionsOnTables() {
     return {.play =
                 [this](const TableOfGame& table) {
@@ -165,7 +173,8 @@ TableActions CMorvikDoc::ActionsOnTables() {
                     RunAs(kAnalyzeGame,
                           [this, table] { AnalyzeTableCommand(seat, desk.spare, paths, table); });
                 },
-            .mayChange = [this] { return IsEnabled(kEditPayTable); }};
+            .mayChange = [this] { return IsEnabled(kEditPayTable); },
+            .isBusy = [this] { return actions.Busy(); }};
 }
 
 // Runs what a command of the menus would do in another way, when that may be given.

@@ -17,6 +17,7 @@
 #include "ui/machine/ActionQueue.h"
 #include "ui/reports/AllGamesWindow.h"
 #include "ui/reports/AsideWindows.h"
+#include "ui/reports/BankrollWindow.h"
 #include "ui/reports/StrategyWindow.h"
 
 class PictureStore;
@@ -101,6 +102,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Dispatch(int command);
     void ShowAllGames();
     void ShowStrategy();
+    void ShowBankroll();
     TableActions ActionsOnTables();
     void RunAs(int command, const std::function<void()>& action);
     void OpenWaitingFile();
@@ -119,6 +121,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     AsideWindows aside;
     std::unique_ptr<AllGamesWindow> allGames;  // these are made when they are first opened
     std::unique_ptr<StrategyWindow> strategy;
+    std::unique_ptr<BankrollWindow> bankroll;
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

@@ -31,6 +31,7 @@ struct CommandDesk {
     QWidget& window;       // the program's; dialogs are over it
     std::function<void()> showAllGames = {};
     std::function<void()> showStrategy = {};
+    std::function<void()> showBankroll = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
 
@@ -102,9 +103,6 @@ void RunCommand(int id, CommandDesk& desk);
 
 // Shows the report on the dealt hand over a window.
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
-
-// The same of an entry of the error log, 0 the oldest.
-void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over);
 
 // The same of a hand as it is typed, of any table, for a bet of five coins; nothing when the table
 // has no such hand.

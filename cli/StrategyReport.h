@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "cli/TableChoice.h"
+#include "cli/ChosenTable.h"
 #include "core/strategy/ChartStudy.h"
 
 namespace cli {
@@ -16,6 +16,7 @@ struct StrategyReport {
 };
 
 std::string StrategyAsText(const StrategyReport& report);
+std::string StrategyAsCsv(const StrategyReport& report);
 std::string StrategyAsJson(const StrategyReport& report);
 
 // The chart as a card for the pocket: a drawing for a file of the ending .svg or .pdf, otherwise a

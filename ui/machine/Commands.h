@@ -32,6 +32,7 @@ enum Command : int {
     kAnalyzeGame = 702,
     kAllGames = 710,
     kStrategy = 711,
+    kBankroll = 714,
     kSpeedFast = 800,
     kSpeedNormal = 801,
     kSpeedSlow = 802,
