@@ -68,6 +68,10 @@ TEST(ChartStudyTest, ExamplesHoldWhatTheirRowsSay) {
         for (std::size_t i = 0; i < kHandSize; ++i) cards += Holds(study.examples[row].held, i);
         return cards;
     };
+    for (std::size_t row = 0; row < 6; ++row) {
+        EXPECT_EQ(study.examples[row].hand, study.grade.rows[row].example)
+            << "rightly played, where there is such a one";
+    }
     EXPECT_EQ(held(0), 5);
     EXPECT_EQ(held(1), 3);
     EXPECT_EQ(held(2), 4);

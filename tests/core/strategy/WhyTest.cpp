@@ -62,6 +62,8 @@ TEST_F(WhyTest, WithoutAnotherHoldTheNextOneOfTheChartIsTold) {
               "4 to a flush (line 3) stands above pair (line 4)");
     EXPECT_EQ(Why("2S 5S 8S TS KS", std::nullopt),
               "pat straight or better (line 1) stands above 4 to a flush (line 3)");
+    EXPECT_EQ(Why("2S 5S 8S TS TD", std::nullopt, "4 to a flush\ndiscard everything\n"),
+              "4 to a flush (line 1) stands above discard everything (line 2)");
     EXPECT_EQ(Why("2S 5D 8H TS 4C", std::nullopt), "") << "the last line has none behind it";
 }
 
