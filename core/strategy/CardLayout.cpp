@@ -181,7 +181,9 @@ class Layouter {
 CardPage LayOutCard(const ChartCard& card) {
     for (const auto& [examples, smallest] :
          {std::pair(true, kReadable), std::pair(false, kSmallest)}) {
-        for (double size = kLargest; size >= smallest; size -= kSizeStep) {
+        const auto steps = static_cast<int>((kLargest - smallest) / kSizeStep);
+        for (int step = 0; step <= steps; ++step) {
+            const double size = kLargest - step * kSizeStep;
             for (const int columns : {1, 2}) {
                 if (auto page = Layouter(card, columns, size, examples).LayOut()) return *page;
             }
