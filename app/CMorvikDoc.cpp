@@ -36,12 +36,14 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
            .player = player,
            .sounds = parts.sounds,
            .clock = parts.clock},
+      charts(seat, paths),
       desk{.seat = seat,
            .spare = parts.spare,
            .paths = paths,
            .pictures = parts.pictures,
            .desktop = desktop,
            .aside = aside,
+           .charts = charts,
            .window = window} {
     resetRead.setSingleShot(true);
     resetRead.setInterval(kResetShown);
@@ -60,7 +62,9 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     seat.showsHints = desktop.HandsPlayed() < DesktopSettings::kHintedHands;
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.aside = &aside;
+    player.charts = &charts;
     desk.showAllGames = [this] { ShowAllGames(); };
+    desk.showStrategy = [this] { ShowStrategy(); };
     desk.showBankroll = [this] { ShowBankroll(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
@@ -77,7 +81,10 @@ void CMorvikDoc::OnNewDocument(const std::string& gameFile) {
     });
 }
 
-bool CMorvikDoc::OnCloseDocument() { return StopGame(seat, paths); }
+bool CMorvikDoc::OnCloseDocument() {
+    charts.Stop();
+    return StopGame(seat, paths);
+}
 
 void CMorvikDoc::SaveForNow() {
     StoreCurrentGamePath(files.gamePath, paths, files.file);
@@ -127,12 +134,23 @@ QString CMorvikDoc::WaitingNote() const {
 void CMorvikDoc::CloseReports() {
     aside.CloseAll();
     if (allGames) allGames->hide();
+    if (strategy) strategy->hide();
     if (bankroll) bankroll->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
     if (!allGames) allGames = std::make_unique<AllGamesWindow>(seat, paths, ActionsOnTables());
     allGames->Open();
+}
+
+void CMorvikDoc::ShowStrategy() {
+    if (!strategy) {
+        const auto analyze = [this](const TableOfGame& table, const std::string& hand) {
+            RunAs(kAnalyzeHand, [this, table, hand] { ShowHandOfTable(desk, table, hand); });
+        };
+        strategy = std::make_unique<StrategyWindow>(seat, charts, analyze);
+    }
+    strategy->Open();
 }
 
 void CMorvikDoc::ShowBankroll() {
@@ -173,8 +191,11 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
 void CMorvikDoc::RefuseQuestions() {
     player.RefuseAll();
     aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
-    if (!allGames) return;
-    for (auto* dialog : allGames->findChildren<QDialog*>()) dialog->reject();
+    for (const QWidget* window :
+         {static_cast<QWidget*>(allGames.get()), static_cast<QWidget*>(strategy.get())}) {
+        if (!window) continue;
+        for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
+    }
 }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }

@@ -13,10 +13,12 @@
 #include "core/analysis/LineTableCache.h"
 #include "core/store/DataFiles.h"
 #include "game/seat/Seat.h"
+#include "game/session/StrategyDesk.h"
 #include "ui/machine/ActionQueue.h"
 #include "ui/reports/AllGamesWindow.h"
-#include "ui/reports/BankrollWindow.h"
 #include "ui/reports/AsideWindows.h"
+#include "ui/reports/BankrollWindow.h"
+#include "ui/reports/StrategyWindow.h"
 
 class PictureStore;
 class ProfileFile;
@@ -99,6 +101,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
     void ShowAllGames();
+    void ShowStrategy();
     void ShowBankroll();
     TableActions ActionsOnTables();
     void RunAs(int command, const std::function<void()>& action);
@@ -114,8 +117,10 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     WindowPlayer player;
     ActionQueue actions;
     Seat seat;
+    StrategyDesk charts;
     AsideWindows aside;
-    std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened, as is the next
+    std::unique_ptr<AllGamesWindow> allGames;  // these are made when they are first opened
+    std::unique_ptr<StrategyWindow> strategy;
     std::unique_ptr<BankrollWindow> bankroll;
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard

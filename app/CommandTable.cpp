@@ -72,6 +72,9 @@ void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.seat, desk.spare
 void ReadAllGames(CommandDesk& desk, int) {
     if (desk.showAllGames) desk.showAllGames();
 }
+void ReadStrategy(CommandDesk& desk, int) {
+    if (desk.showStrategy) desk.showStrategy();
+}
 void ReadBankroll(CommandDesk& desk, int) {
     if (desk.showBankroll) desk.showBankroll();
 }
@@ -89,7 +92,8 @@ void ShowLoggedHand(const CommandDesk& desk, const ErrorLogView& log, int index,
     LendHand(desk.seat.engine, desk.spare);
     const auto at = static_cast<std::size_t>(index);
     if (!LendLoggedHand(log.errors.at(at), desk.spare)) return TellOfMissingCard(over);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside, &desk.charts)
+        .exec();
 }
 
 // The machine may be playing another game by now, so the log lends its own.
@@ -98,7 +102,8 @@ void PutLoggedHandAside(const CommandDesk& desk, const ErrorLogView& log, int in
     auto engine = std::make_unique<GameEngine>(log.engine);
     const auto at = static_cast<std::size_t>(index);
     if (!LendLoggedHand(log.errors.at(at), *engine)) return TellOfMissingCard(over);
-    const HandPage page(std::move(engine), desk.pictures, &desk.seat.engine, nullptr);
+    HandPage page(std::move(engine), desk.pictures, &desk.seat.engine, nullptr);
+    page.TellReasons(&desk.charts);
     desk.aside.PutAside(page, "hand");
 }
 
@@ -114,7 +119,7 @@ void ReadErrorLog(CommandDesk& desk, int) {
         .forget = [&desk](int index) { ForgetError(desk.seat, index); },
         .mayChange = [&desk] { return !PaidHandIsOpen(desk.seat.engine); }};
     ErrorLogDialog dialog(desk.seat.engine, desk.seat.files, desk.pictures, &desk.window, actions,
-                          &desk.aside);
+                          &desk.aside, &desk.charts);
     dialog.exec();
     if (toDeal) DealLoggedHand(desk.seat, *toDeal);
 }
@@ -250,6 +255,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kAnalyzeHand,       "Hand",                   'H', "",       kNever,          ReadHand},
     Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
     Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
+    Row{kStrategy,          "Strategy",               0,   "",       kNever,          ReadStrategy},
     Row{kBankroll,          "Bankroll",               0,   "",       kNever,          ReadBankroll},
 
     PopupRow{"helpMenu", "&Help"},
@@ -323,5 +329,16 @@ void RunCommand(int id, CommandDesk& desk) {
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
     LoadSpare(desk.seat, desk.spare);
     LendHand(desk.seat.engine, desk.spare);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside, &desk.charts)
+        .exec();
+}
+
+void ShowHandOfTable(const CommandDesk& desk, const TableOfGame& table, const std::string& hand) {
+    LoadSpareTable(desk.seat, desk.spare, table);
+    desk.spare.settings.bet = kFullBet;
+    desk.spare.settings.coin = desk.seat.engine.settings.coin;
+    if (!TakeTypedHand(desk.spare, hand).empty()) return;
+    HandAnalysisDialog(desk.spare, desk.pictures, &desk.window, desk.seat.engine, desk.aside,
+                       &desk.charts)
+        .exec();
 }

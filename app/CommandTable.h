@@ -3,6 +3,7 @@
 #pragma once
 #include <functional>
 #include <span>
+#include <string>
 #include <variant>
 
 #include "ui/machine/Commands.h"
@@ -12,9 +13,11 @@ class DesktopSettings;
 class HelpWindow;
 class PictureStore;
 class QWidget;
+class StrategyDesk;
 struct DataFilePaths;
 struct GameEngine;
 struct Seat;
+struct TableOfGame;
 
 // What the commands work on. All but the help outlives the desk.
 struct CommandDesk {
@@ -23,9 +26,11 @@ struct CommandDesk {
     const DataFilePaths& paths;
     PictureStore& pictures;
     DesktopSettings& desktop;
-    AsideWindows& aside;  // reports that stay open while the machine is played
-    QWidget& window;      // the program's; dialogs are over it
+    AsideWindows& aside;   // reports that stay open while the machine is played
+    StrategyDesk& charts;  // of all tables
+    QWidget& window;       // the program's; dialogs are over it
     std::function<void()> showAllGames = {};
+    std::function<void()> showStrategy = {};
     std::function<void()> showBankroll = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
@@ -98,3 +103,7 @@ void RunCommand(int id, CommandDesk& desk);
 
 // Shows the report on the dealt hand over a window.
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
+
+// The same of a hand as it is typed, of any table, for a bet of five coins; nothing when the table
+// has no such hand.
+void ShowHandOfTable(const CommandDesk& desk, const TableOfGame& table, const std::string& hand);

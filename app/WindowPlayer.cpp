@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "game/engine/Dealing.h"
 #include "game/seat/Clock.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
@@ -27,7 +28,7 @@
 namespace {
 
 // The progress of work that has been cancelled before it began.
-class NoProgress : public Progress {
+class NoProgress : public ProgressMeter {
   public:
     bool Show(const std::string& /*text*/, int /*percent*/) override { return false; }
 };
@@ -106,6 +107,10 @@ void WindowPlayer::RefuseAll() {
 bool WindowPlayer::GoesOnAfterError(const std::string& message) {
     if (refusing) return false;
     BestPlayErrorDialog dialog(message, showAnalysis, beep, &window);
+    // Whether a double-draw hand is drawn again is no hold.
+    if (machine && !machine->readyToDeal) {
+        dialog.TellReason(charts, AskedOf(*machine, machine->dealtCopy, HeldMask(*machine)));
+    }
     return IsAccepted(dialog);
 }
 
@@ -204,7 +209,7 @@ void WindowPlayer::TellOfFiles(const std::string& caption, const std::vector<Wri
     QDesktopServices::openUrl(QUrl::fromLocalFile(file.absolutePath()));
 }
 
-std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
+std::unique_ptr<ProgressMeter> WindowPlayer::ShowProgress(const std::string& text) {
     if (refusing) return std::make_unique<NoProgress>();
     auto progress = std::make_unique<ProgressDialog>(text, &window);
     progress->show();

@@ -5,6 +5,7 @@
 #include "game/seat/Player.h"
 
 class AsideWindows;
+class StrategyDesk;
 class Clock;
 class PictureStore;
 class QWidget;
@@ -17,7 +18,11 @@ class WindowPlayer : public Player {
     // Where reports are put aside; without it none is.
     AsideWindows* aside = nullptr;
 
-    // The engine of the machine, of which statistics that are put aside take new ones.
+    // The charts by which a play error is told the reason of the best play; without it none is.
+    StrategyDesk* charts = nullptr;
+
+    // The engine of the machine: whose play is in error, and of which statistics that are put aside
+    // take new ones.
     const GameEngine* machine = nullptr;
 
     // Shows the analysis of the hand over a dialog; without it a play error offers none.
@@ -48,7 +53,7 @@ class WindowPlayer : public Player {
     ReportAnswer ShowGameReport(GameReportPages& pages) override;
     std::optional<AnalysisFilesChoice> AskAnalysisFiles(const AnalysisFilePaths& files) override;
     void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) override;
-    std::unique_ptr<Progress> ShowProgress(const std::string& text) override;
+    std::unique_ptr<ProgressMeter> ShowProgress(const std::string& text) override;
     void ShowStatistics(const GameEngine& engine) override;
 
   private:

@@ -205,7 +205,7 @@ void AddChart(CLI::App& parser, Options& options) {
              "The shortest chart that loses at most so much of the bet");
     parser.add_flag("--no-penalties", options.noPenalties,
                     "Ask nothing of the cards discarded, as the standard chart does not");
-    AddResultFile(parser, "--card", options.cardPath, "Write the chart's text, for --check too");
+    AddResultFile(parser, "--card", options.cardPath, "Write a card: .svg, .pdf or else text");
     AddResultFile(parser, "--check", options.checkPath,
                   "Grade the chart in the file instead of making one");
 }

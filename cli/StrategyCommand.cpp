@@ -100,7 +100,10 @@ std::optional<Failure> RunStrategy(const Options& options, std::string& output) 
     } else {
         output += options.json ? StrategyAsJson(report) : StrategyAsText(report);
     }
-    if (options.cardPath && !WriteOutputFile(*options.cardPath, StrategyCard(report))) {
+    if (options.cardPath &&
+        !WriteOutputFile(
+            *options.cardPath,
+            StrategyCard(report, StudyChart(hands, terms, report.chart), *options.cardPath))) {
         return Failure{kFailed,
                        "the card could not be written to " + QuotedPath(*options.cardPath)};
     }

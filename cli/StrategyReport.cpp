@@ -9,8 +9,10 @@
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
+#include "core/strategy/CardDrawing.h"
 #include "core/strategy/RowText.h"
 #include "core/text/Amount.h"
+#include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
 
 namespace cli {
@@ -62,10 +64,6 @@ std::string NeverReached(const StrategyReport& report) {
         lines += (lines.empty() ? "" : ", ") + std::to_string(row + 1);
     }
     return lines.empty() ? "" : "\nNever reached: line " + lines + "\n";
-}
-
-std::string GameAndTable(const ChosenTable& chosen) {
-    return Printable(chosen.place.gameName) + ", table " + std::to_string(chosen.place.tableIndex);
 }
 
 // Two digits at least.
@@ -130,19 +128,15 @@ std::string StrategyAsCsv(const StrategyReport& report) {
     return table.Text();
 }
 
-std::string StrategyCard(const StrategyReport& report) {
-    const ChartGrade& grade = report.grade;
-    std::string pays;
-    for (std::size_t line = 0; line < report.chosen.payTable.lines.size(); ++line) {
-        const PayLine& payLine = report.chosen.payTable.lines[line];
-        const std::string& name =
-            payLine.shortDescription.empty() ? payLine.description : payLine.shortDescription;
-        pays += (pays.empty() ? "" : ", ") + Printable(name) + " " +
-                std::to_string(LineCoinPay(payLine));
-    }
-    return "# " + GameAndTable(report.chosen) + "\n# " + pays + "\n# " + Today() + ", " +
-           LinesText(report.chart.size()) + ": " + PercentOf(grade.worst, grade) + ", " +
-           PercentOf(grade.Loss(), grade) + " below the best play\n" + ChartText(report.chart);
+std::string StrategyCard(const StrategyReport& report, const ChartStudy& study,
+                         const std::string& path) {
+    const ChartCard card = MakeCard(report.chosen.place, report.chosen.payTable, study, Today());
+    const auto endsIn = [&path](std::string_view ending) {
+        return path.size() > ending.size() &&
+               SameText(std::string_view(path).substr(path.size() - ending.size()), ending);
+    };
+    if (endsIn(".svg")) return CardAsSvg(card);
+    return endsIn(".pdf") ? CardAsPdf(card) : CardAsText(card);
 }
 
 }  // namespace cli

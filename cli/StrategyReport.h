@@ -3,7 +3,7 @@
 #include <string>
 
 #include "cli/ChosenTable.h"
-#include "core/strategy/Grade.h"
+#include "core/strategy/ChartStudy.h"
 
 namespace cli {
 
@@ -19,8 +19,9 @@ std::string StrategyAsText(const StrategyReport& report);
 std::string StrategyAsCsv(const StrategyReport& report);
 std::string StrategyAsJson(const StrategyReport& report);
 
-// The chart with its game, pays and figures as remarks, so that it can be read back. The date is
-// today's.
-std::string StrategyCard(const StrategyReport& report);
+// The chart as a card for the pocket: a drawing for a file of the ending .svg or .pdf, otherwise a
+// text that can be read back. The date is today's.
+std::string StrategyCard(const StrategyReport& report, const ChartStudy& study,
+                         const std::string& path);
 
 }  // namespace cli

@@ -268,5 +268,8 @@ void FollowInSections(const ProfileOnDisk& profile, const TableEdit& edit) {
 // What the disk does not take now, a later flush brings there.
 void FollowInAnalyses(const PayTableFiles& files, const TableEdit& edit) {
     FollowInSections({files.main.file, files.analysisPath}, edit);
+    if (!files.chartsPath.empty()) {
+        FollowInSections({files.main.file, files.chartsPath}, edit);
+    }
     files.main.file.Flush();
 }

@@ -19,6 +19,7 @@ inline constexpr std::size_t kLongestGameName = 80;  // bytes
 struct PayTableFiles {
     ProfileOnDisk main;
     std::string analysisPath;  // need not exist
+    std::string chartsPath{};  // of strategies; need not exist, empty = there are none
     std::string gamePath{};  // in use; when it is given, changes that other files follow are noted
 };
 

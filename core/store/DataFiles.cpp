@@ -59,6 +59,7 @@ std::optional<DataFilePaths> FindDataFiles(const DataEnvironment& environment) {
         .mainProfile = (folder / fs::path(name).replace_extension("ini")).string(),
         .defaultGame = (folder / "Default.qdx").string(),
         .analysisCache = (folder / "Game Analyses.ini").string(),
+        .strategyCharts = (folder / "Strategy Charts.ini").string(),
     };
 }
 

@@ -32,6 +32,7 @@ struct DataFilePaths {
     std::string mainProfile;    // the program file's name with the extension ini
     std::string defaultGame;
     std::string analysisCache;
+    std::string strategyCharts;
 };
 
 // The environment of the running program.

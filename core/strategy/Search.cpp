@@ -31,11 +31,12 @@ constexpr double kStepTowardsLimit = 0.005;
 class Searcher {
   public:
     Searcher(const StartingHands& hands, const Terms& terms, const PayTable& table,
-             const SearchWish& wish, const Progress& progress)
+             const SearchWish& wish, const Progress& progress, const ListFound& told)
         : terms(terms),
           table(table),
           wish(wish),
           progress(progress),
+          told(told),
           board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
                 [this] { return GoOn(); }) {
         result.chart = {Row()};
@@ -119,7 +120,10 @@ class Searcher {
         for (const std::uint32_t row : rows) found.rows.push_back(candidates[row].row);
         if (result.bySize.size() <= rows.size()) result.bySize.resize(rows.size() + 1);
         SearchResult::Found& known = result.bySize[rows.size()];
-        if (known.rows.empty() || found.loss < known.loss - kNoGain) known = found;
+        if (known.rows.empty() || found.loss < known.loss - kNoGain) {
+            known = found;
+            if (told) told(known);
+        }
         if (!best || IsBetter(found, *best)) best = std::move(found);
     }
 
@@ -368,6 +372,7 @@ class Searcher {
     const PayTable& table;
     const SearchWish& wish;
     const Progress& progress;
+    const ListFound& told;
     bool stopped = false;
     std::size_t sums = 0;  // added up so far
     std::size_t mostSums = kMostSums;
@@ -386,6 +391,6 @@ class Searcher {
 }  // namespace
 
 SearchResult FindChart(const StartingHands& hands, const Terms& terms, const PayTable& table,
-                       const SearchWish& wish, const Progress& progress) {
-    return Searcher(hands, terms, table, wish, progress).Run();
+                       const SearchWish& wish, const Progress& progress, const ListFound& told) {
+    return Searcher(hands, terms, table, wish, progress, told).Run();
 }

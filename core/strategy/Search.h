@@ -28,12 +28,19 @@ struct SearchResult {
     struct Found {
         Chart rows;
         double loss = 0;  // percent of the bet, nearly: GradeChart knows it exactly
+
+        bool operator==(const Found&) const = default;
     };
     Chart chart;                // always valid, be it that all is discarded
     std::vector<Found> bySize;  // the best one that was found, by number of rows; empty for none
     bool cancelled = false;     // the chart is what was found so far
 };
 
-// Works on two threads where there are two. The progress is asked from the calling one.
+// Told of each list that is better than those of its length before.
+using ListFound = std::function<void(const SearchResult::Found& found)>;
+
+// Works on two threads where there are two. The progress is asked, and what is found told, from the
+// calling one.
 SearchResult FindChart(const StartingHands& hands, const Terms& terms, const PayTable& table,
-                       const SearchWish& wish, const Progress& progress = {});
+                       const SearchWish& wish, const Progress& progress = {},
+                       const ListFound& told = {});

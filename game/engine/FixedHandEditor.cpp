@@ -39,7 +39,7 @@ CardFace FixedHandEditor::DrawCard(int position) const {
 }
 
 bool FixedHandEditor::IsFree(int suit, int rank) const {
-    if (suit < kSpades || suit > kStars || rank < 1 || rank > kRanks) return false;
+    if (suit < kSpades || suit > kStars || rank < 1 || rank > kCardRanks) return false;
     if (suit == kStars && (rank != 1 || !HasStars())) return false;
     return !used[static_cast<std::size_t>(suit - 1)][static_cast<std::size_t>(rank - 1)];
 }

@@ -10,7 +10,7 @@
 struct GameEngine;
 
 inline constexpr int kPlaces = 5;
-inline constexpr int kRanks = 13;
+inline constexpr int kCardRanks = 13;
 inline constexpr int kPickEmGap = 2;  // the place without a card
 
 class FixedHandEditor {
@@ -64,7 +64,7 @@ class FixedHandEditor {
     GameEngine& engine;
     Hand places;
     Hand draws;
-    std::array<std::array<bool, kRanks>, kStars> used{};  // by suit - 1 and rank - 1
+    std::array<std::array<bool, kCardRanks>, kStars> used{};  // by suit - 1 and rank - 1
     std::array<bool, kMaxJokers> jokersUsed{};
     int current = 0;
 };

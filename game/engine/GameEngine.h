@@ -23,6 +23,7 @@ struct GameFiles {
     std::string mainPath;        // pay tables
     std::string gamePath;        // settings and statistics; may name another file from time to time
     std::string cachePath = {};  // what analyses of games gave
+    std::string chartsPath = {};  // of strategies
 
     ProfileOnDisk Main() const { return {file, mainPath}; }
     ProfileOnDisk Game() const { return {file, gamePath}; }

@@ -27,7 +27,7 @@ PayTableEditor::PayTableEditor(Seat& seat, const DataFilePaths& paths, TableOfGa
 }
 
 PayTableFiles PayTableEditor::Files() const {
-    return {seat.files.Main(), paths.analysisCache, seat.files.gamePath};
+    return {seat.files.Main(), paths.analysisCache, paths.strategyCharts, seat.files.gamePath};
 }
 
 // The table need not be one of this game.

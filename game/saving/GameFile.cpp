@@ -124,12 +124,16 @@ void TellUnwritten(Seat& seat, const std::string& path) {
 }
 
 bool MayBeGameFile(Seat& seat, const std::string& path) {
-    const bool payTables = SameFile(path, seat.files.mainPath);
-    if (!payTables && !SameFile(path, seat.files.cachePath)) return true;
-    TellFileProblem(seat, path,
-                    std::string("holds the ") + (payTables ? "pay tables" : "analyses of games") +
-                        " and cannot be a game file.");
-    return false;
+    const GameFiles& files = seat.files;
+    for (const auto& [own, contents] : {std::pair(&files.mainPath, "pay tables"),
+                                        {&files.cachePath, "analyses of games"},
+                                        {&files.chartsPath, "strategy charts"}}) {
+        if (own->empty() || !SameFile(path, *own)) continue;
+        TellFileProblem(seat, path,
+                        std::string("holds the ") + contents + " and cannot be a game file.");
+        return false;
+    }
+    return true;
 }
 
 std::optional<LockFile> TakeLock(Seat& seat, const std::string& path) {

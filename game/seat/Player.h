@@ -36,9 +36,9 @@ struct WrittenFile {
 
 // Shown while long work goes on, which the player can cancel; gone with the object. Nothing else
 // can be done at the machine meanwhile, but what is put aside and All Games stay in use.
-class Progress {
+class ProgressMeter {
   public:
-    virtual ~Progress() = default;
+    virtual ~ProgressMeter() = default;
 
     // False when the player has cancelled the work.
     virtual bool Show(const std::string& text, int percent) = 0;
@@ -86,6 +86,6 @@ class Player {
     // At least one file. The player may have their folder opened.
     virtual void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) = 0;
 
-    virtual std::unique_ptr<Progress> ShowProgress(const std::string& text) = 0;
+    virtual std::unique_ptr<ProgressMeter> ShowProgress(const std::string& text) = 0;
     virtual void ShowStatistics(const GameEngine& engine) = 0;
 };

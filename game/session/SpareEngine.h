@@ -28,7 +28,7 @@ class WorkProgress {
 
     std::string work;
     int callsBetweenLooks;
-    std::unique_ptr<Progress> progress;
+    std::unique_ptr<ProgressMeter> progress;
     int shown = 0;
     int calls = 0;
 };

@@ -19,8 +19,10 @@ constexpr std::uint32_t kFeatureSeed = 0x7F4A7C15;
 void StartGame(Seat& seat, const DataFilePaths& paths) {
     seat.files.mainPath = paths.mainProfile;
     seat.files.cachePath = paths.analysisCache;
+    seat.files.chartsPath = paths.strategyCharts;
     TakeUpGameFile(seat, CurrentGamePath(paths, seat.files.file));
-    ResumeUnfinishedEdit({seat.files.file, paths.mainProfile, paths.analysisCache}, paths.folder);
+    ResumeUnfinishedEdit({seat.files.Main(), paths.analysisCache, paths.strategyCharts},
+                         paths.folder);
     seat.random.RandomInit(static_cast<std::uint32_t>(seat.clock.Now()) ^ kFeatureSeed);
     LoadGameFile(seat);
 }

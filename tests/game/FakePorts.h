@@ -129,7 +129,7 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
             if (!problem.empty()) log.back() += " not written, " + problem;
         }
     }
-    std::unique_ptr<Progress> ShowProgress(const std::string& text) override {
+    std::unique_ptr<ProgressMeter> ShowProgress(const std::string& text) override {
         Add("progress ", text);
         return std::make_unique<Steps>(*this);
     }
@@ -152,7 +152,7 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
     }
 
   private:
-    class Steps : public Progress {
+    class Steps : public ProgressMeter {
       public:
         explicit Steps(Recorder& recorder) : recorder(recorder) {}
         bool Show(const std::string& text, int percent) override {

@@ -122,6 +122,7 @@ TEST_F(FileCommandsTest, WhatIsNoGameFileIsNeitherOpenedNorWritten) {
     machine.folder.Write("letter.txt", "Dear Ada,\n");
     files.mainPath = machine.folder.Write("Tolvane.ini", "[main]\nVer=114\n");
     files.cachePath = machine.folder.Write("Game Analyses.ini", "[Jacks or Better(0)]\n");
+    files.chartsPath = machine.folder.Write("Strategy Charts.ini", "[Jacks or Better(0)]\n");
     fs::create_directory(Path("folder.qdx"));
     fs::create_symlink("Tolvane.ini", Path("link.qdx"));
     for (const auto* name : {"gone.qdx", "letter.txt", "folder.qdx", "Tolvane.ini", "link.qdx"}) {
@@ -129,8 +130,8 @@ TEST_F(FileCommandsTest, WhatIsNoGameFileIsNeitherOpenedNorWritten) {
         OpenGameFile(seat);
         EXPECT_EQ(TimesTold(), 1) << name;
     }
-    for (const auto* name :
-         {"folder.qdx", "nowhere/new.qdx", "Tolvane.ini", "Game Analyses.ini", "link.qdx"}) {
+    for (const auto* name : {"folder.qdx", "nowhere/new.qdx", "Tolvane.ini", "Game Analyses.ini",
+                             "Strategy Charts.ini", "link.qdx"}) {
         answers = {Path(name), Path(name)};
         NewGameFile(seat);
         SaveGameFileAs(seat);

@@ -74,6 +74,7 @@ class ManagerTable : public TestSeat {
     ManagerTable() {
         std::filesystem::copy_file(TOLVANE_DATA_FOLDER "/Tolvane.ini", paths.mainProfile);
         machine.folder.Write("Game Analyses.ini", "[x]\n");
+        machine.folder.Write("Strategy Charts.ini", "[x]\n");
         machine.files.mainPath = paths.mainProfile;
     }
 

@@ -92,15 +92,21 @@ TEST_F(PayTableEditorTest, OnlyAChangedTableLosesItsAnalysis) {
     MakeMyGame();
     const std::string section = TableSection("My Game", 0);
     machine.file.WriteString(section, "ER", "1.0", paths.analysisCache);
+    machine.file.WriteString(section, "Plain", "whole", paths.strategyCharts);
     auto editor = Manager("My Game", 9001);
     editor.Save(player.Saying({"yes", "yes"}));
     editor.texts.maxBet = "10";
     editor.texts.lines[3].description = "BOAT";
     editor.MakeActive(player);
     EXPECT_EQ(Stored(paths.analysisCache, section, "ER"), "1.0") << "of five coins, as before";
+    EXPECT_EQ(Stored(paths.strategyCharts, section, "Plain"), "whole");
+    editor.Rename(player.Saying({"Your Game"}));
+    const std::string renamed = TableSection("Your Game", 0);
+    EXPECT_EQ(Stored(paths.strategyCharts, renamed, "Plain"), "whole");
     editor.texts.lines[3].payout = "8";
-    editor.Save(player);
-    EXPECT_EQ(Stored(paths.analysisCache, section, "ER"), "(none)");
+    editor.Save(player.Saying({"yes"}));
+    EXPECT_EQ(Stored(paths.analysisCache, renamed, "ER"), "(none)");
+    EXPECT_EQ(Stored(paths.strategyCharts, renamed, "Plain"), "(none)");
 }
 
 TEST_F(PayTableEditorTest, TwoHundredRandomEditsAreUndoneAndDoneAgain) {

@@ -83,6 +83,7 @@ class TestMachine {
                         .releaseFolder = "",
                         .mainProfile = folder.Path("Tolvane.ini"),
                         .defaultGame = folder.Path("Default.qdx"),
-                        .analysisCache = folder.Path("Game Analyses.ini")};
+                        .analysisCache = folder.Path("Game Analyses.ini"),
+                        .strategyCharts = folder.Path("Strategy Charts.ini")};
     GameEngine engine;
 };

@@ -34,7 +34,7 @@ struct ChartPicturesTest : testing::Test {
         QPalette dark;
         dark.setColor(QPalette::Base, QColor(30, 30, 30));
         dark.setColor(QPalette::Text, Qt::white);
-        for (Chart* chart : charts) {
+        for (PictureChart* chart : charts) {
             chart->setPalette(dark);
             chart->SetSubject("Jacks or Better(0), 5 × $0.20, 2026-11-23", "Jacks 1/2");
             chart->resize(chart->sizeHint());
@@ -52,7 +52,7 @@ struct ChartPicturesTest : testing::Test {
     CreditChart course{nullptr};
     ShareChart shares{nullptr};
     HoldChart holds{nullptr};
-    std::array<Chart*, 3> charts{&course, &shares, &holds};
+    std::array<PictureChart*, 3> charts{&course, &shares, &holds};
 };
 
 QImage Drawn(const QByteArray& svg, QSize size) {
@@ -163,7 +163,7 @@ TEST_F(ChartPicturesTest, TheBandsAreThoseOfTheHandsAsTheyWereBet) {
 }
 
 TEST_F(ChartPicturesTest, ThePointsAreReadByKeysAndByScreenReaders) {
-    for (Chart* chart : charts) {
+    for (PictureChart* chart : charts) {
         QTest::keyClick(chart, Qt::Key_Home);
         EXPECT_EQ(chart->Read(), 0);
         QTest::keyClick(chart, Qt::Key_Down);

@@ -29,7 +29,8 @@ TestProgram::TestProgram(const TemporaryFolder& folder, bool realPauses)
             .releaseFolder = TOLVANE_DATA_FOLDER "/",
             .mainProfile = folder.Path("Tolvane.ini"),
             .defaultGame = folder.Path("Default.qdx"),
-            .analysisCache = folder.Path("Game Analyses.dat")} {
+            .analysisCache = folder.Path("Game Analyses.dat"),
+            .strategyCharts = folder.Path("Strategy Charts.ini")} {
     engine.deck.clock = spare.deck.clock = [] { return std::int64_t{1'790'000'000}; };
     frame = std::make_unique<CMainFrame>();
     frame->hurryClock = [this](bool on) { windowClock.Hurry(on); };

@@ -235,6 +235,20 @@ void ShootDialogs(Studio& studio) {
     }
 }
 
+// The search takes its time.
+void ShootStrategy(Studio& studio) {
+    studio.Program().document->Run(kStrategy);
+    for (QWidget* shown : QApplication::topLevelWidgets()) {
+        if (shown->objectName() != "strategy") continue;
+        shown->resize(kWindow);
+        const auto* state = shown->findChild<QLabel*>("state");
+        EXPECT_TRUE(QTest::qWaitFor([state] { return state->text().startsWith("Charts of all"); },
+                                    300'000));
+        ShootTabs(studio, *shown, "strategy", {"strategy-exceptions", "strategy-curve"});
+        shown->close();
+    }
+}
+
 // Not a test, but it needs the same program, set up in the same way.
 TEST(MakeScreenshots, TakesThemAll) {
     const char* folder = std::getenv("TOLVANE_SCREENSHOTS");
@@ -246,6 +260,7 @@ TEST(MakeScreenshots, TakesThemAll) {
     ShootDoubleUp(studio);
     ShootFeatures(studio);
     ShootDialogs(studio);
+    ShootStrategy(studio);
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ struct CreditChart::Canvas {
 };
 
 CreditChart::CreditChart(QWidget* parent)
-    : Chart("creditChart", tr("Net gain of the session, hand by hand"), parent) {
+    : PictureChart("creditChart", tr("Net gain of the session, hand by hand"), parent) {
     FiguresChanged();
 }
 
@@ -415,7 +415,7 @@ void CreditChart::DrawMark(const Canvas& canvas) const {
 }
 
 void CreditChart::mouseMoveEvent(QMouseEvent* event) {
-    Chart::mouseMoveEvent(event);
+    PictureChart::mouseMoveEvent(event);
     const int point = PointAt(event->position().toPoint());
     if (point >= 0) QToolTip::showText(event->globalPosition().toPoint(), TextOf(point), this);
 }

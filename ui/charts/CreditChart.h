@@ -10,9 +10,9 @@
 #include "game/engine/CreditHistory.h"
 #include "game/reports/ExpectedPlay.h"
 #include "game/reports/SessionBand.h"
-#include "ui/charts/Chart.h"
+#include "ui/charts/PictureChart.h"
 
-class CreditChart : public Chart {
+class CreditChart : public PictureChart {
     Q_OBJECT
 
   public:

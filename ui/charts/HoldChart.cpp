@@ -41,7 +41,7 @@ struct HoldChart::Columns {
 };
 
 HoldChart::HoldChart(QWidget* parent)
-    : Chart("chart", tr("Expected returns of the holds"), parent) {
+    : PictureChart("chart", tr("Expected returns of the holds"), parent) {
     FiguresChanged();
 }
 

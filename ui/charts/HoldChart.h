@@ -5,9 +5,9 @@
 #include <QStringList>
 #include <vector>
 
-#include "ui/charts/Chart.h"
+#include "ui/charts/PictureChart.h"
 
-class HoldChart : public Chart {
+class HoldChart : public PictureChart {
     Q_OBJECT
 
   public:

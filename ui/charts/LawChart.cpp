@@ -38,7 +38,7 @@ struct LawChart::Canvas {
 };
 
 LawChart::LawChart(const char* name, const QString& title, QWidget* parent)
-    : Chart(name, title, parent) {
+    : PictureChart(name, title, parent) {
     FiguresChanged();
 }
 

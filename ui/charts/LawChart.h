@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "game/reports/LawBars.h"
-#include "ui/charts/Chart.h"
+#include "ui/charts/PictureChart.h"
 
-class LawChart : public Chart {
+class LawChart : public PictureChart {
     Q_OBJECT
 
   public:

@@ -37,7 +37,7 @@ struct ShareChart::Columns {
 };
 
 ShareChart::ShareChart(QWidget* parent)
-    : Chart("shareChart", tr("Shares of the return and of the variance"), parent) {
+    : PictureChart("shareChart", tr("Shares of the return and of the variance"), parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     FiguresChanged();
 }

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "game/reports/GameReport.h"
-#include "ui/charts/Chart.h"
+#include "ui/charts/PictureChart.h"
 
-class ShareChart : public Chart {
+class ShareChart : public PictureChart {
     Q_OBJECT
 
   public:

@@ -18,7 +18,7 @@ Picture SuitPictureOf(const CardFace& card) {
 }
 
 QString NameOf(const CardFace& card) {
-    static const std::array<QString, kRanks + 1> kRankNames = {
+    static const std::array<QString, kCardRanks + 1> kRankNames = {
         "joker", "ace", "2", "3", "4", "5", "6", "7", "8", "9", "10", "jack", "queen", "king"};
     static const std::array<QString, kStars + 1> kSuitNames = {"",      "spades",   "hearts",
                                                                "clubs", "diamonds", "stars"};

@@ -90,7 +90,7 @@ AssignFixedHandDialog::AssignFixedHandDialog(GameEngine& engine, PictureStore& s
 void AssignFixedHandDialog::FillGrid(QGridLayout& layout) {
     layout.setSpacing(0);
     layout.setColumnMinimumWidth(0, TileSize(*this, kSuitTile).width() * 4 / 3);
-    for (int suit = kSpades; suit <= kDiamonds; ++suit) AddRow(layout, suit, kRanks);
+    for (int suit = kSpades; suit <= kDiamonds; ++suit) AddRow(layout, suit, kCardRanks);
     if (editor.HasStars()) AddRow(layout, kStars, 1);
     for (int joker = 0; joker < editor.JokerCount(); ++joker) {
         AddCard(layout, kLastRow, joker + 1, {0, joker});
@@ -225,7 +225,7 @@ const AssignFixedHandDialog::GridCard* AssignFixedHandDialog::Beside(const GridC
         const int rows = (card.row - from.row) * step;
         const int columns = (card.column - from.column) * step;
         const bool ahead = acrossRows ? rows > 0 : rows == 0 && columns > 0;
-        const int distance = std::abs(rows) * 2 * kRanks + std::abs(columns);
+        const int distance = std::abs(rows) * 2 * kCardRanks + std::abs(columns);
         if (!ahead || !IsFree(card) || (nearest && distance >= least)) continue;
         nearest = &card;
         least = distance;

@@ -33,6 +33,12 @@ BestPlayErrorDialog::BestPlayErrorDialog(const std::string& message,
     buttons->button(QDialogButtonBox::No)->setFocus();
 }
 
+void BestPlayErrorDialog::TellReason(StrategyDesk* charts, std::optional<ReasonAsked> asked) {
+    auto* reason = new ChartReasonLabel(charts, this);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, reason);
+    reason->Ask(std::move(asked));
+}
+
 // The letters answer without Alt too: nothing is typed here.
 void BestPlayErrorDialog::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;

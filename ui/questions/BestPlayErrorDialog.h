@@ -3,7 +3,10 @@
 #pragma once
 #include <QDialog>
 #include <functional>
+#include <optional>
 #include <string>
+
+#include "ui/parts/ChartReasonLabel.h"
 
 class BestPlayErrorDialog : public QDialog {
     Q_OBJECT
@@ -13,6 +16,10 @@ class BestPlayErrorDialog : public QDialog {
     // is given. The beep, if any, sounds when the dialog opens.
     BestPlayErrorDialog(const std::string& message, std::function<void(QWidget& over)> analysis,
                         std::function<void()> beep, QWidget* parent);
+
+    // Tells below the box why the best play is the best one, once that is known. The desk outlives
+    // the dialog.
+    void TellReason(StrategyDesk* charts, std::optional<ReasonAsked> asked);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

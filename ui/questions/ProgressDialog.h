@@ -10,7 +10,7 @@
 class QLineEdit;
 class QProgressBar;
 
-class ProgressDialog : public QDialog, public Progress {
+class ProgressDialog : public QDialog, public ProgressMeter {
     Q_OBJECT
 
   public:

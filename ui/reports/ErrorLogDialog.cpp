@@ -20,7 +20,7 @@ constexpr const char* kName = "errors";
 
 ErrorLogDialog::ErrorLogDialog(const GameEngine& engine, const GameFiles& files,
                                PictureStore& store, QWidget* parent, ErrorActions actions,
-                               AsideWindows* aside)
+                               AsideWindows* aside, StrategyDesk* charts)
     : QDialog(parent) {
     setObjectName("errorLog");
     setWindowTitle(tr("View Error Log"));
@@ -32,6 +32,7 @@ ErrorLogDialog::ErrorLogDialog(const GameEngine& engine, const GameFiles& files,
     }
     const auto read = [&engine, &files] { return ReadErrorLog(engine, files); };
     page = new ErrorLogPage(read(), read, std::move(actions), store, this);
+    if (charts) page->TellReasons(charts);
     auto* bottom = new QHBoxLayout;
     bottom->addStretch();
     if (aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));

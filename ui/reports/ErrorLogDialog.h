@@ -7,6 +7,7 @@
 #include "ui/reports/ErrorLogPage.h"
 
 class AsideWindows;
+class StrategyDesk;
 
 class ErrorLogDialog : public QDialog {
     Q_OBJECT
@@ -15,7 +16,8 @@ class ErrorLogDialog : public QDialog {
     // All of them outlive the dialog. Without actions and windows to put it aside in, the log can
     // only be read. A hand that is to be dealt closes the dialog first.
     ErrorLogDialog(const GameEngine& engine, const GameFiles& files, PictureStore& store,
-                   QWidget* parent, ErrorActions actions = {}, AsideWindows* aside = nullptr);
+                   QWidget* parent, ErrorActions actions = {}, AsideWindows* aside = nullptr,
+                   StrategyDesk* charts = nullptr);
 
     int Index() const { return page->Index(); }
 

@@ -18,6 +18,7 @@
 #include "game/reports/ErrorLogReport.h"
 #include "game/reports/ErrorLogRows.h"
 #include "game/reports/HandReport.h"
+#include "ui/parts/ChartReasonLabel.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
 #include "ui/parts/HoldPatterns.h"
@@ -104,8 +105,10 @@ QWidget* ErrorLogPage::MakeEntryPage() {
     layout->addWidget(title, 0, 0, Qt::AlignLeft);
     layout->addWidget(text, 1, 0);
     layout->addWidget(MakeSummary(), 0, 1, 2, 1);
-    layout->addLayout(MakeHand(), 2, 0, 1, 2);
-    layout->addLayout(MakeTurnButtons(), 3, 0, 1, 2);
+    belowEntry = new QVBoxLayout;
+    layout->addLayout(belowEntry, 2, 0, 1, 2);
+    layout->addLayout(MakeHand(), 3, 0, 1, 2);
+    layout->addLayout(MakeTurnButtons(), 4, 0, 1, 2);
     layout->setRowStretch(1, 1);
     return page;
 }
@@ -242,6 +245,7 @@ void ErrorLogPage::ShowEntry() {
     for (std::size_t i = 0; i < places.size(); ++i) places[i]->SetCard(cards[i]);
     knownCard->parentWidget()->setVisible(IsSneakPeak(engine));
     knownCard->SetCard(FaceOf(engine.deck.table, entry.draws[0]));
+    ShowReason();
 
     const bool nextHadFocus = next->hasFocus();
     const bool previousHadFocus = previous->hasFocus();
@@ -250,6 +254,21 @@ void ErrorLogPage::ShowEntry() {
     // A key pressed once more at the end must not fall on another button than the opposite one.
     if (nextHadFocus && !next->isEnabled()) previous->setFocus();
     if (previousHadFocus && !previous->isEnabled()) next->setFocus();
+}
+
+void ErrorLogPage::TellReasons(StrategyDesk* desk) {
+    charts = desk;
+    reason = new ChartReasonLabel(charts, this);
+    belowEntry->addWidget(reason);
+    ShowReason();
+}
+
+void ErrorLogPage::ShowReason() {
+    if (!reason) return;
+    const auto at = static_cast<std::size_t>(index);
+    if (at >= shown.errors.size()) return reason->Ask(std::nullopt);
+    const ErrorLogEntry& entry = shown.errors[at];
+    reason->Ask(AskedOf(shown.engine, entry.hand, entry.player));
 }
 
 void ErrorLogPage::ShowTables() {
@@ -314,6 +333,7 @@ std::unique_ptr<ReportPage> ErrorLogPage::Copy() const {
     ErrorActions looking;
     looking.analyze = looking.analyzeAside = actions.analyzeAside;
     auto copy = std::make_unique<ErrorLogPage>(shown, read, looking, store, nullptr);
+    if (charts) copy->TellReasons(charts);
     copy->ShowError(index);
     return copy;
 }

@@ -10,7 +10,9 @@
 #include "game/engine/GameEngine.h"
 #include "ui/reports/ReportPage.h"
 
+class ChartReasonLabel;
 class PictureStore;
+class QBoxLayout;
 class QComboBox;
 class QLayout;
 class QLineEdit;
@@ -19,6 +21,7 @@ class QTabWidget;
 class ReportBox;
 class ReportTableView;
 class SmallCard;
+class StrategyDesk;
 
 // The log and the machine that it belongs to, as they were at a moment.
 struct ErrorLogView {
@@ -50,6 +53,10 @@ class ErrorLogPage : public ReportPage {
     ErrorLogPage(ErrorLogView shown, Reader read, ErrorActions actions, PictureStore& store,
                  QWidget* parent);
 
+    // Tells below the entry, by the charts, why the best play is the best one. They outlive the
+    // page and its copies.
+    void TellReasons(StrategyDesk* charts);
+
     int Index() const { return index; }
 
     QString Caption() const override;
@@ -78,6 +85,7 @@ class ErrorLogPage : public ReportPage {
                    const std::function<void()>& action);
     void SetTabStops();
     void ShowEntry();
+    void ShowReason();
     void ShowTables();
     void ShowKind(std::int64_t row);
     void UpdateActions();
@@ -88,6 +96,9 @@ class ErrorLogPage : public ReportPage {
     Reader read;
     ErrorActions actions;
     PictureStore& store;
+    StrategyDesk* charts = nullptr;
+    ChartReasonLabel* reason = nullptr;
+    QBoxLayout* belowEntry = nullptr;  // where the reason is told
     int index = 0;
     QTabWidget* tabs = nullptr;
     QLineEdit* title = nullptr;

@@ -20,18 +20,21 @@ constexpr int kWidest = 160;  // characters
 }  // namespace
 
 HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent)
-    : HandAnalysisDialog(spare, store, parent, nullptr, nullptr) {}
+    : HandAnalysisDialog(spare, store, parent, nullptr, nullptr, nullptr) {}
 
 HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent,
-                                       const GameEngine& player, AsideWindows& aside)
-    : HandAnalysisDialog(spare, store, parent, &player, &aside) {}
+                                       const GameEngine& player, AsideWindows& aside,
+                                       StrategyDesk* charts)
+    : HandAnalysisDialog(spare, store, parent, &player, &aside, charts) {}
 
 HandAnalysisDialog::HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent,
-                                       const GameEngine* player, AsideWindows* aside)
+                                       const GameEngine* player, AsideWindows* aside,
+                                       StrategyDesk* charts)
     : QDialog(parent) {
     setObjectName("handAnalysis");
     setWindowTitle(tr("Hand Analysis"));
     auto* page = new HandPage(spare, store, player, this);
+    if (charts) page->TellReasons(charts);
     connect(page, &HandPage::ChangeCancelled, this, &QDialog::accept);
     auto* buttons = OkAlone(*this);
     auto* end = new QVBoxLayout;

@@ -10,6 +10,7 @@
 
 class AsideWindows;
 class PictureStore;
+class StrategyDesk;
 struct GameEngine;
 
 class HandAnalysisDialog : public QDialog {
@@ -19,11 +20,13 @@ class HandAnalysisDialog : public QDialog {
     // The engine and the store outlive the dialog.
     HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent);
 
-    // It can be put aside too, and the window takes new hands of the player's.
+    // It can be put aside too, and the window takes new hands of the player's. With the charts,
+    // which outlive both, it tells why the best hold is the best one.
     HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent,
-                       const GameEngine& player, AsideWindows& aside);
+                       const GameEngine& player, AsideWindows& aside,
+                       StrategyDesk* charts = nullptr);
 
   private:
     HandAnalysisDialog(GameEngine& spare, PictureStore& store, QWidget* parent,
-                       const GameEngine* player, AsideWindows* aside);
+                       const GameEngine* player, AsideWindows* aside, StrategyDesk* charts);
 };

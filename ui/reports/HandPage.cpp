@@ -19,6 +19,7 @@
 #include "game/reports/HoldLine.h"
 #include "game/reports/ReportHead.h"
 #include "ui/charts/HoldChart.h"
+#include "ui/parts/ChartReasonLabel.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
 #include "ui/parts/HoldPatterns.h"
@@ -32,7 +33,7 @@
 namespace {
 
 constexpr int kColumnsBeforeLines = 5;
-constexpr int kLeastLines = 12;
+constexpr int kLeastLines = 10;
 constexpr int kTypedCharacters = 18;
 
 // Each line but the heading begins with one.
@@ -233,6 +234,7 @@ std::unique_ptr<ReportPage> HandPage::Copy() const {
     auto copy = std::make_unique<HandPage>(CopyOf(engine), store, player, nullptr);
     copy->taken = taken;
     copy->NameChart();
+    if (charts) copy->TellReasons(charts);
     copy->ShowTable();
     return copy;
 }
@@ -296,10 +298,24 @@ void HandPage::ShowHand() {
     typed->setText(QString::fromStdString(HandInWords(engine)));
     SayProblem({});
     ShowReport();
+    ShowReason();
     NameChart();
     ShowChart();
     ShowTable();
     emit CaptionChanged();
+}
+
+void HandPage::TellReasons(StrategyDesk* desk) {
+    charts = desk;
+    reason = new ChartReasonLabel(charts, this);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, reason);
+    ShowReason();
+}
+
+void HandPage::ShowReason() {
+    if (!reason) return;
+    const auto held = PlayersHold(engine);  // nothing is, as long as the player thinks
+    reason->Ask(AskedOf(engine, engine.hand, held == 0 ? std::nullopt : held));
 }
 
 void HandPage::ShowReport() { report->ShowReport(HandReport(engine, display)); }

@@ -9,6 +9,7 @@
 #include "game/reports/HandRows.h"
 #include "ui/reports/ReportPage.h"
 
+class ChartReasonLabel;
 class HoldChart;
 class PictureStore;
 class PlaceButtons;
@@ -19,6 +20,7 @@ class QTabWidget;
 class ReportBox;
 class ReportTableView;
 class SmallCard;
+class StrategyDesk;
 
 class HandPage : public ReportPage {
     Q_OBJECT
@@ -37,6 +39,10 @@ class HandPage : public ReportPage {
     std::unique_ptr<ReportPage> Copy() const override;
     void Refresh() override;
     void KeepIn(ReportFrame& frame) override;
+
+    // Tells below the tabs, by the charts, why the best hold is the best one. They outlive the page
+    // and its copies.
+    void TellReasons(StrategyDesk* charts);
 
     // The row below the tabs, to which more can be added at its end.
     QBoxLayout& BottomRow() { return *bottom; }
@@ -60,6 +66,7 @@ class HandPage : public ReportPage {
     void SayProblem(const QString& problem);
     void ShowHand();
     void ShowReport();
+    void ShowReason();
     void NameChart();
     void ShowChart();
     void ShowTable();
@@ -70,10 +77,12 @@ class HandPage : public ReportPage {
     GameEngine& engine;
     PictureStore& store;
     const GameEngine* player;
+    StrategyDesk* charts = nullptr;
     HandDisplay display = HandDisplay::kHands;
     LineFigure figure = LineFigure::kProbability;
     std::int64_t taken = 0;  // when the hand was shown, in seconds since the epoch
     QTabWidget* tabs;
+    ChartReasonLabel* reason = nullptr;
     QBoxLayout* bottom;
     ReportBox* report;
     HoldChart* chart;

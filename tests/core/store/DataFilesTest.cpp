@@ -28,6 +28,7 @@ TEST(DataFilesTest, DataLieBesideAProgramWhoseFolderCanBeWrittenAndAreNamedAfter
     EXPECT_EQ(paths->mainProfile, "/media/Stick Ü.b/Poker 2.ini");
     EXPECT_EQ(paths->defaultGame, "/media/Stick Ü.b/Default.qdx");
     EXPECT_EQ(paths->analysisCache, "/media/Stick Ü.b/Game Analyses.ini");
+    EXPECT_EQ(paths->strategyCharts, "/media/Stick Ü.b/Strategy Charts.ini");
     EXPECT_EQ(FindDataFiles({"", false, "", "/h"})->mainProfile,
               "/h/.local/share/Tolvane/Tolvane.ini");
 }

@@ -13,12 +13,12 @@
 class QPrinter;
 class QToolButton;
 
-class Chart : public QWidget, public ChartPoints {
+class PictureChart : public QWidget, public ChartPoints {
     Q_OBJECT
 
   public:
     // The title is its accessible name too.
-    Chart(const char* name, const QString& title, QWidget* parent);
+    PictureChart(const char* name, const QString& title, QWidget* parent);
 
     // What stands below the title on paper, see PictureSubject, and the name that is proposed for a
     // file, without its extension.

@@ -1,4 +1,4 @@
-#include "ui/charts/Chart.h"
+#include "ui/charts/PictureChart.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -53,7 +53,7 @@ QFont Large(QFont font) {
 
 }  // namespace
 
-Chart::Chart(const char* name, const QString& title, QWidget* parent)
+PictureChart::PictureChart(const char* name, const QString& title, QWidget* parent)
     : QWidget(parent), title(title), button(new QToolButton(this)) {
     InstallChartAccess();
     setObjectName(name);
@@ -67,7 +67,7 @@ Chart::Chart(const char* name, const QString& title, QWidget* parent)
 }
 
 // In the menu of the button, which can be seen, and in the context menu of the chart.
-void Chart::AddCommands() {
+void PictureChart::AddCommands() {
     const auto add = [this](const QString& text, const char* name, const QKeySequence& key,
                             auto command) {
         auto* action = new QAction(text, this);
@@ -93,12 +93,12 @@ void Chart::AddCommands() {
     button->setMenu(menu);
 }
 
-void Chart::SetSubject(const QString& shown, const QString& fileName) {
+void PictureChart::SetSubject(const QString& shown, const QString& fileName) {
     subject = shown;
     proposedName = fileName;
 }
 
-void Chart::FiguresChanged() {
+void PictureChart::FiguresChanged() {
     SetRead(std::nullopt);
     setAccessibleDescription(Facts());
     button->setEnabled(Points() > 0);
@@ -107,31 +107,31 @@ void Chart::FiguresChanged() {
     update();
 }
 
-double Chart::HeadHeight() const {
+double PictureChart::HeadHeight() const {
     return std::max(1.5 * QFontMetricsF(font()).lineSpacing(), button->sizeHint().height() + 2.0);
 }
 
-ChartSheet Chart::Screen() const {
+ChartSheet PictureChart::Screen() const {
     return {QRectF(rect()).adjusted(0, HeadHeight(), 0, 0), font(), ColoursOf(palette()), read};
 }
 
-QSize Chart::sizeHint() const {
+QSize PictureChart::sizeHint() const {
     const QSizeF size = SizeFor(Screen());
     return {qCeil(size.width()), qCeil(size.height() + HeadHeight())};
 }
 
-void Chart::resizeEvent(QResizeEvent* event) {
+void PictureChart::resizeEvent(QResizeEvent* event) {
     const QSize size = button->sizeHint();
     button->setGeometry(std::max(0, width() - size.width() - 2), 2, size.width(), size.height());
     QWidget::resizeEvent(event);
 }
 
-void Chart::changeEvent(QEvent* event) {
+void PictureChart::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange) updateGeometry();
     QWidget::changeEvent(event);
 }
 
-void Chart::paintEvent(QPaintEvent* /*event*/) {
+void PictureChart::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const ChartSheet sheet = Screen();
@@ -150,7 +150,7 @@ void Chart::paintEvent(QPaintEvent* /*event*/) {
     DrawDottedFrame(painter, QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), sheet.colours.text);
 }
 
-QSizeF Chart::PaperSize() const {
+QSizeF PictureChart::PaperSize() const {
     const ChartSheet paper = Paper();
     const QSizeF chart = SizeFor(paper);
     const double width =
@@ -161,7 +161,7 @@ QSizeF Chart::PaperSize() const {
 }
 
 // Everything in logical pixels, which the painter may have been told to draw larger.
-void Chart::PaintPaper(QPainter& painter) const {
+void PictureChart::PaintPaper(QPainter& painter) const {
     ChartSheet paper = Paper();
     const double line = paper.Line();
     const QRectF inside =
@@ -179,7 +179,7 @@ void Chart::PaintPaper(QPainter& painter) const {
     Draw(painter, paper);
 }
 
-QByteArray Chart::Png() const {
+QByteArray PictureChart::Png() const {
     const double scale = kDotsPerInch / kPixelsPerInch;
     QImage image((PaperSize() * scale).toSize(), QImage::Format_RGB32);
     const int dots = qRound(kDotsPerInch / kMetresPerInch);
@@ -198,7 +198,7 @@ QByteArray Chart::Png() const {
     return bytes.data();
 }
 
-QByteArray Chart::Svg() const {
+QByteArray PictureChart::Svg() const {
     QBuffer bytes;
     QSvgGenerator drawing;
     drawing.setOutputDevice(&bytes);
@@ -217,14 +217,14 @@ QByteArray Chart::Svg() const {
 }
 
 // Both, since a word processor takes the drawing and most others the picture.
-void Chart::Copy() const {
+void PictureChart::Copy() const {
     auto* data = new QMimeData;
     data->setImageData(QImage::fromData(Png(), "PNG"));
     data->setData(QStringLiteral("image/svg+xml"), Svg());
     QGuiApplication::clipboard()->setMimeData(data);
 }
 
-void Chart::Save() {
+void PictureChart::Save() {
     const FileKind kinds[] = {{tr("PNG pictures (*.png)"), QStringLiteral("png")},
                               {tr("SVG drawings (*.svg)"), QStringLiteral("svg")}};
     const auto file = AskFileToSave(tr("Save As"), kinds,
@@ -234,7 +234,7 @@ void Chart::Save() {
     WriteFileOrTell(file->path, picture.toStdString(), this);
 }
 
-void Chart::Print() {
+void PictureChart::Print() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(proposedName);
     const QSizeF size = PaperSize();
@@ -245,7 +245,7 @@ void Chart::Print() {
     if (dialog.exec() == QDialog::Accepted) PrintOn(printer);
 }
 
-void Chart::PrintOn(QPrinter& printer) const {
+void PictureChart::PrintOn(QPrinter& printer) const {
     QPainter painter;
     if (!painter.begin(&printer)) return;
     const QRectF page(painter.viewport());
@@ -255,14 +255,14 @@ void Chart::PrintOn(QPrinter& printer) const {
     PaintPaper(painter);
 }
 
-void Chart::SetRead(std::optional<int> point) {
+void PictureChart::SetRead(std::optional<int> point) {
     if (read == point) return;
     read = point;
     update();
 }
 
 // The words are told where the eyes are: at the point, when the head is scrolled away.
-void Chart::ReadByKey(int point) {
+void PictureChart::ReadByKey(int point) {
     SetRead(point);
     const QRect place = PlaceOf(point);
     for (QWidget* around = parentWidget(); around; around = around->parentWidget()) {
@@ -277,7 +277,7 @@ void Chart::ReadByKey(int point) {
     TellPoint(*this, point);
 }
 
-void Chart::keyPressEvent(QKeyEvent* event) {
+void PictureChart::keyPressEvent(QKeyEvent* event) {
     const int last = Points() - 1;
     const int page = std::max(last / kPages, 1);
     const std::pair<int, int> steps[] = {{Qt::Key_Left, -1},      {Qt::Key_Right, 1},
@@ -291,19 +291,19 @@ void Chart::keyPressEvent(QKeyEvent* event) {
     ReadByKey(std::clamp(at, 0, last));
 }
 
-void Chart::mouseMoveEvent(QMouseEvent* event) {
+void PictureChart::mouseMoveEvent(QMouseEvent* event) {
     const int point = PointAt(event->position().toPoint());
     SetRead(point >= 0 ? std::optional(point) : std::nullopt);
 }
 
-void Chart::leaveEvent(QEvent* /*event*/) { SetRead(std::nullopt); }
+void PictureChart::leaveEvent(QEvent* /*event*/) { SetRead(std::nullopt); }
 
-void Chart::focusOutEvent(QFocusEvent* event) {
+void PictureChart::focusOutEvent(QFocusEvent* event) {
     SetRead(std::nullopt);
     QWidget::focusOutEvent(event);
 }
 
-bool Chart::event(QEvent* event) {
+bool PictureChart::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     const auto& help = static_cast<const QHelpEvent&>(*event);
     const int point = PointAt(help.pos());
