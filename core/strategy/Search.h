@@ -3,8 +3,10 @@
 // A first list is made from the top, of rows that lose next to nothing on the hands that are left
 // to them, the widest first. Then rows that became needless go, each row is taken out and the best
 // one for its place put in, itself included, and the row that is missed least is dropped, until the
-// chart is as short as is wished. The same table gives the same chart: nothing depends on time.
+// chart is as short as is wished. A chart that loses too much gets further rows, at last such of
+// more words than the others. The same table gives the same chart: nothing depends on time.
 #pragma once
+#include <functional>
 #include <vector>
 
 #include "core/strategy/Grade.h"
@@ -34,6 +36,10 @@ struct SearchResult {
     bool cancelled = false;     // the chart is what was found so far
 };
 
-// Works on two threads where there are two. The progress is asked from the calling one.
+// Is told each chart that is better than those before, the first of them when a tenth of the work
+// is done; the last one is the result.
+using BetterChart = std::function<void(const SearchResult::Found& found)>;
+
 SearchResult FindChart(const StartingHands& hands, const Terms& terms, const PayTable& table,
-                       const SearchWish& wish, const Progress& progress = {});
+                       const SearchWish& wish, const Progress& progress = {},
+                       const BetterChart& tellBetter = {});
