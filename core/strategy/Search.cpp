@@ -5,6 +5,7 @@
 
 #include "core/strategy/Board.h"
 #include "core/strategy/Candidates.h"
+#include "core/strategy/Finish.h"
 #include "core/strategy/RowFinder.h"
 #include "core/strategy/RowList.h"
 
@@ -34,7 +35,9 @@ class Searcher {
   public:
     Searcher(const StartingHands& hands, const Terms& terms, const PayTable& table,
              const SearchWish& wish, const Progress& progress, const BetterChart& tellBetter)
-        : wish(wish),
+        : hands(hands),
+          terms(terms),
+          wish(wish),
           progress(progress),
           tellBetter(tellBetter),
           board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
@@ -64,6 +67,7 @@ class Searcher {
             Shrink();
             if (!polished) Polish();
         }
+        if (!stopped && best && wish.penalties && wish.mostLoss >= 0) Touch();
         if (best) result.chart = best->rows;
         result.cancelled = stopped;
         return std::move(result);
@@ -81,6 +85,20 @@ class Searcher {
     }
 
     bool GoOn() { return TellProgress() && list.Sums() < mostSums; }
+
+    // Adds rows with finer conditions, where those of the search are not enough.
+    void Touch() {
+        if (best->loss <= wish.mostLoss) return;
+        SearchResult::Found found = *best;
+        found.loss = Finish(
+            hands, terms, {wish.mostRows, wish.mostLoss}, [this] { return TellProgress(); },
+            found.rows);
+        if (found.rows.size() <= best->rows.size() || !IsBetter(found, *best)) return;
+        result.bySize.resize(std::max(result.bySize.size(), found.rows.size() + 1));
+        result.bySize[found.rows.size()] = found;
+        best = std::move(found);
+        if (tellBetter) tellBetter(*best);
+    }
 
     // What rows of the first list may lose; several, since a coarser beginning is not always the
     // worse one.
@@ -296,6 +314,8 @@ class Searcher {
         }
     }
 
+    const StartingHands& hands;
+    const Terms& terms;
     const SearchWish& wish;
     const Progress& progress;
     const BetterChart& tellBetter;

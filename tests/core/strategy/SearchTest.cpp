@@ -79,6 +79,18 @@ TEST(SearchTest, TheStandardChartOfJacksOrBetterIsShort) {
     }
 }
 
+TEST(SearchTest, AChartOfJacksOrBetterWithConditionsLosesNothing) {
+    if (kSanitized) GTEST_SKIP() << "takes minutes";
+    const Game game(JacksOrBetter());
+    std::vector<SearchResult::Found> better;
+    const SearchResult found = FindChart(game.hands, game.terms, game.table, {45, 0, true}, {},
+                                         [&](const auto& chart) { better.push_back(chart); });
+    EXPECT_LE(found.chart.size(), 45U);
+    EXPECT_TRUE(game.Grade(found.chart).Loss() == 0) << ChartText(found.chart);
+    EXPECT_EQ(better.back().rows, found.chart);
+    EXPECT_GE(better.size(), 2U);
+}
+
 TEST(SearchTest, TheSameTableGivesTheSameChart) {
     const SearchWish wish{12, -1, true};
     const Game game(JacksOrBetter());
