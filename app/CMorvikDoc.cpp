@@ -1,6 +1,7 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <utility>
 
@@ -52,6 +53,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     actions.settled = [this] {
         CountHands();
         if (allGames) allGames->UpdateButtons();
+        if (bankroll) bankroll->Follow();
         emit Settled();
         OpenWaitingFile();
     };
@@ -59,6 +61,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     player.showAnalysis = [this](QWidget& over) { ShowHandAnalysis(desk, over); };
     player.aside = &aside;
     desk.showAllGames = [this] { ShowAllGames(); };
+    desk.showBankroll = [this] { ShowBankroll(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -124,11 +127,17 @@ QString CMorvikDoc::WaitingNote() const {
 void CMorvikDoc::CloseReports() {
     aside.CloseAll();
     if (allGames) allGames->hide();
+    if (bankroll) bankroll->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
     if (!allGames) allGames = std::make_unique<AllGamesWindow>(seat, paths, ActionsOnTables());
     allGames->Open();
+}
+
+void CMorvikDoc::ShowBankroll() {
+    if (!bankroll) bankroll = std::make_unique<BankrollWindow>(seat.engine);
+    bankroll->Open();
 }
 
 TableActions CMorvikDoc::ActionsOnTables() {
@@ -146,7 +155,8 @@ TableActions CMorvikDoc::ActionsOnTables() {
                     RunAs(kAnalyzeGame,
                           [this, table] { AnalyzeTableCommand(seat, desk.spare, paths, table); });
                 },
-            .mayChange = [this] { return IsEnabled(kEditPayTable); }};
+            .mayChange = [this] { return IsEnabled(kEditPayTable); },
+            .isBusy = [this] { return actions.Busy(); }};
 }
 
 // Runs what a command of the menus would do in another way, when that may be given.
@@ -163,6 +173,8 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
 void CMorvikDoc::RefuseQuestions() {
     player.RefuseAll();
     aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+    if (!allGames) return;
+    for (auto* dialog : allGames->findChildren<QDialog*>()) dialog->reject();
 }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }

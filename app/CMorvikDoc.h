@@ -15,6 +15,7 @@
 #include "game/seat/Seat.h"
 #include "ui/machine/ActionQueue.h"
 #include "ui/reports/AllGamesWindow.h"
+#include "ui/reports/BankrollWindow.h"
 #include "ui/reports/AsideWindows.h"
 
 class PictureStore;
@@ -98,6 +99,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
     void ShowAllGames();
+    void ShowBankroll();
     TableActions ActionsOnTables();
     void RunAs(int command, const std::function<void()>& action);
     void OpenWaitingFile();
@@ -113,7 +115,8 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     ActionQueue actions;
     Seat seat;
     AsideWindows aside;
-    std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened
+    std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened, as is the next
+    std::unique_ptr<BankrollWindow> bankroll;
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

@@ -26,6 +26,7 @@ struct CommandDesk {
     AsideWindows& aside;  // reports that stay open while the machine is played
     QWidget& window;      // the program's; dialogs are over it
     std::function<void()> showAllGames = {};
+    std::function<void()> showBankroll = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
 
@@ -97,6 +98,3 @@ void RunCommand(int id, CommandDesk& desk);
 
 // Shows the report on the dealt hand over a window.
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
-
-// The same of an entry of the error log, 0 the oldest.
-void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over);

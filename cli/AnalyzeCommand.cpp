@@ -4,6 +4,7 @@
 
 #include "cli/GameReport.h"
 #include "cli/ResultFiles.h"
+#include "cli/TableChoice.h"
 #include "cli/Terminal.h"
 #include "cli/Texts.h"
 #include "core/store/AnalysisFiles.h"
@@ -33,6 +34,9 @@ class AnalyzeRun {
     }
 
     std::string Text() const {
+        if (options.csv) {
+            return options.allGames ? GamesAsCsv(reports) : GameAsCsv(reports.front());
+        }
         if (options.allGames) return options.json ? GamesAsJson(reports) : GamesAsText(reports);
         return options.json ? GameAsJson(reports.front()) : GameAsText(reports.front());
     }
@@ -79,16 +83,22 @@ class AnalyzeRun {
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGameOrAll(parser, options);
+    AddCsv(parser, options);
     AddResultFiles(parser, options);
 }
 
-std::optional<Failure> CheckGame(const Options& options) {
+std::optional<Failure> CheckWish(const Options& options) {
     if (options.allGames && !options.game.empty()) {
         return Failure{kWrongUse,
                        Quoted(options.game) + " beside --all: name one game, or take all of them"};
     }
     if (!options.allGames && options.game.empty()) {
         return Failure{kWrongUse, "GAME is required, or --all; see \"tolvane-cli help analyze\""};
+    }
+    if (options.cache && !options.pays.empty()) {
+        return Failure{kWrongUse,
+                       "--cache beside --pay: the window program would take the figures for those "
+                       "of its own pay table; leave one of them away"};
     }
     return std::nullopt;
 }
@@ -112,7 +122,7 @@ std::optional<Failure> ChooseTables(const Options& options, std::vector<ChosenTa
 }
 
 std::optional<Failure> RunAnalyze(const Options& options, std::string& output) {
-    if (auto failure = CheckGame(options)) return failure;
+    if (auto failure = CheckWish(options)) return failure;
     const ResultFiles files(options);
     if (auto failure = files.Check()) return failure;
     std::vector<ChosenTable> tables;

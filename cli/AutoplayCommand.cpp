@@ -6,6 +6,7 @@
 #include <numeric>
 #include <string_view>
 
+#include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/Terminal.h"
 #include "cli/TextTable.h"
@@ -78,9 +79,25 @@ std::string AsJson(const Session& session, double coin) {
     for (const PayLine& line : session.engine.payTable.lines) {
         json["lines"].push_back(line.sessionWins);
     }
+    AddPayChanges(chosen, json);
     json["return"] = session.Return();
     json["handsPerSecond"] = session.HandsPerSecond();
     return JsonText(json);
+}
+
+// The counters by their keys, then the lines.
+std::string AsCsv(const Session& session) {
+    CsvTable table({"kind", "name", "value"});
+    table.AddRow({"run", "seed", session.seed});
+    table.AddRow({"run", "hands", session.hands});
+    table.AddRow({"run", "return", session.Return()});
+    for (const CounterKey& key : CounterKeys()) {
+        table.AddRow({"counter", key.key, (session.engine.statistics.*key.counter).total});
+    }
+    for (const PayLine& line : session.engine.payTable.lines) {
+        table.AddRow({"line", line.description, line.sessionWins});
+    }
+    return table.Text();
 }
 
 std::string Trimmed(std::string_view text) {
@@ -126,6 +143,7 @@ std::string AsText(const Session& session, double coin) {
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
+    AddCsv(parser, options);
     AddHandsAndSeed(parser, options);
     AddBet(parser, options);
     parser.footer(
@@ -139,7 +157,11 @@ std::optional<Failure> RunAutoplay(const Options& options, std::string& output) 
     LineTableCache tables;
     SetUp(options, tables, session);
     Play(options.hands, session);
-    output += options.json ? AsJson(session, options.coin) : AsText(session, options.coin);
+    if (options.csv) {
+        output += AsCsv(session);
+    } else {
+        output += options.json ? AsJson(session, options.coin) : AsText(session, options.coin);
+    }
     if (session.hands == options.hands) return std::nullopt;
     return Failure{kFailed, "cancelled: " + std::to_string(session.hands) + " of " +
                                 std::to_string(options.hands) + " hands were played"};

@@ -79,7 +79,9 @@ class CommandParser {
             return WrongUse(error.what());
         } catch (const CLI::ArgumentMismatch& error) {
             const std::string problem = error.what();  // begins with the option and a colon
-            return WrongUse(problem.substr(0, problem.find(':')) + " takes one value, once");
+            const std::string option = problem.substr(0, problem.find(':'));
+            const bool repeatable = option.starts_with("--pay");
+            return WrongUse(option + (repeatable ? " takes one value" : " takes one value, once"));
         } catch (const CLI::ParseError& error) {
             return WrongUse(error.what());
         }
@@ -156,6 +158,9 @@ class CommandParser {
                     "no command given: choose one of those in the help"};
         }
         if (help->parsed()) return Help(helpTopic);
+        if (options.json && options.csv) {
+            return WrongUse("--json beside --csv: take one of them");
+        }
         std::string output;
         const auto failure = FindEntry(name)->command->run(options, output);
         return failure ? AnswerOf(*failure, output) : Answer{0, output, ""};

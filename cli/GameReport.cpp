@@ -5,6 +5,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "cli/CsvTable.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/text/Amount.h"
@@ -167,6 +168,7 @@ Json ReportAsJson(const GameReport& report) {
                  {"representatives", totals.representatives},
                  {"denominator", Count(totals.denominator)},
                  {"lines", Json::array()}};
+    AddPayChanges(chosen, json);
     for (std::size_t line = 0; line < chosen.payTable.lines.size(); ++line) {
         json["lines"].push_back(LineAsJson(report, line));
     }
@@ -193,7 +195,9 @@ std::string GamesAsText(std::span<const GameReport> reports) {
                     {"starting hands", true},
                     {"seconds"}});
     double seconds = 0;
+    std::vector<const ChosenTable*> tables;
     for (const GameReport& report : reports) {
+        tables.push_back(&report.chosen);
         const GameTotals& totals = report.totals;
         text.AddRow(
             {std::to_string(report.chosen.place.gameId),
@@ -203,7 +207,7 @@ std::string GamesAsText(std::span<const GameReport> reports) {
             {FormatDouble("%7.3f", report.seconds) + (totals.cancelled ? "  cancelled" : "")});
         seconds += report.seconds;
     }
-    return text.Text() + "\n" + std::to_string(reports.size()) +
+    return PayChangesHeading(tables) + text.Text() + "\n" + std::to_string(reports.size()) +
            (reports.size() == 1 ? " game in " : " games in ") + FormatDouble("%.3f", seconds) +
            " s\n";
 }
@@ -214,6 +218,33 @@ std::string GamesAsJson(std::span<const GameReport> reports) {
     Json list = Json::array();
     for (const GameReport& report : reports) list.push_back(ReportAsJson(report));
     return JsonText(list);
+}
+
+std::string GameAsCsv(const GameReport& report) {
+    const GameTotals& totals = report.totals;
+    const PayTable& table = report.chosen.payTable;
+    CsvTable csv(
+        {"line", "description", "payout", "maxPayout", "probability", "percentReturn", "variance"});
+    for (std::size_t i = 0; i < table.lines.size(); ++i) {
+        const PayLine& line = table.lines[i];
+        csv.AddRow({i, line.description, line.payout, line.maxPayout,
+                    Quotient(totals.summary[i], totals.denominator),
+                    LinePercentReturn(totals, table, i), totals.lineVariance[i]});
+    }
+    csv.AddRow({-1, "NOTHING", 0, 0, Quotient(totals.summaryNothing, totals.denominator), 0,
+                totals.nothingVariance});
+    return csv.Text();
+}
+
+std::string GamesAsCsv(std::span<const GameReport> reports) {
+    CsvTable csv({"id", "game", "table", "payoutPercent", "variance", "initHandsTotal", "seconds"});
+    for (const GameReport& report : reports) {
+        const GameTotals& totals = report.totals;
+        csv.AddRow({report.chosen.place.gameId, report.chosen.place.gameName,
+                    report.chosen.place.tableIndex, totals.payoutPercent, totals.variance,
+                    totals.initHandsTotal, report.seconds});
+    }
+    return csv.Text();
 }
 
 }  // namespace cli

@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "cli/TableChoice.h"
+#include "cli/ChosenTable.h"
 #include "core/analysis/GameAnalysis.h"
 
 namespace cli {
@@ -25,5 +25,9 @@ std::string GameAsJson(const GameReport& report);
 
 // A list of what GameAsJson gives.
 std::string GamesAsJson(std::span<const GameReport> reports);
+
+// A row for each line, and for each game.
+std::string GameAsCsv(const GameReport& report);
+std::string GamesAsCsv(std::span<const GameReport> reports);
 
 }  // namespace cli

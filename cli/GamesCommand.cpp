@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
@@ -35,7 +36,13 @@ std::string GamesAsText(const std::vector<GameTables>& games) {
     return text.Text();
 }
 
-void NoArguments(CLI::App& /*parser*/, Options& /*options*/) {}
+std::string GamesAsCsv(const std::vector<GameTables>& games) {
+    CsvTable table({"id", "name", "tables", "offered"});
+    for (const auto& [game, tables] : games) {
+        table.AddRow({game.id, game.name, tables.size(), game.offered ? "true" : "false"});
+    }
+    return table.Text();
+}
 
 std::optional<Failure> RunGames(const Options& options, std::string& output) {
     Catalogue catalogue;
@@ -47,15 +54,19 @@ std::optional<Failure> RunGames(const Options& options, std::string& output) {
         if (tables.empty() && game.id >= kFirstUserGameId) continue;
         games.push_back({std::move(game), std::move(tables)});
     }
-    output += options.json ? GamesAsJson(games) : GamesAsText(games);
+    if (options.csv) {
+        output += GamesAsCsv(games);
+    } else {
+        output += options.json ? GamesAsJson(games) : GamesAsText(games);
+    }
     return std::nullopt;
 }
 
 }  // namespace
 
 Command GamesCommand() {
-    return {"games", "The catalogue: id, name, tables, whether the Games menu offers it",
-            NoArguments, RunGames};
+    return {"games", "The catalogue: id, name, tables, whether the Games menu offers it", AddCsv,
+            RunGames};
 }
 
 }  // namespace cli

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Commands.h"
 #include "cli/GameReport.h"
 #include "core/profile/ProfileFile.h"
 

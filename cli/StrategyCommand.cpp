@@ -3,6 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/ResultFiles.h"
 #include "cli/StrategyReport.h"
+#include "cli/TableChoice.h"
 #include "cli/Terminal.h"
 #include "cli/Texts.h"
 #include "core/profile/AtomicFile.h"
@@ -57,6 +58,7 @@ SearchWish WishOf(const Options& options) {
 
 void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
+    AddCsv(parser, options);
     AddChart(parser, options);
 }
 
@@ -93,7 +95,11 @@ std::optional<Failure> RunStrategy(const Options& options, std::string& output) 
         cancelled = found.cancelled;
     }
     report.grade = GradeChart(hands, terms, report.chart);
-    output += options.json ? StrategyAsJson(report) : StrategyAsText(report);
+    if (options.csv) {
+        output += StrategyAsCsv(report);
+    } else {
+        output += options.json ? StrategyAsJson(report) : StrategyAsText(report);
+    }
     if (options.cardPath && !WriteOutputFile(*options.cardPath, StrategyCard(report))) {
         return Failure{kFailed,
                        "the card could not be written to " + QuotedPath(*options.cardPath)};

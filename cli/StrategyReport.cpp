@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/CsvTable.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
@@ -103,6 +104,7 @@ std::string StrategyAsJson(const StrategyReport& report) {
                  {"return", percent(grade.worst)},
                  {"best", percent(grade.best)},
                  {"loss", percent(grade.Loss())}};
+    AddPayChanges(report.chosen, json);
     if (report.checked) {
         json["returnBestReading"] = percent(grade.bestReading);
         json["ambiguousHands"] = grade.ambiguousHands;
@@ -115,6 +117,17 @@ std::string StrategyAsJson(const StrategyReport& report) {
                                 {"example", ExampleText(grade.rows[row])}});
     }
     return JsonText(json);
+}
+
+std::string StrategyAsCsv(const StrategyReport& report) {
+    const ChartGrade& grade = report.grade;
+    CsvTable table({"line", "text", "hands", "loss", "example"});
+    for (std::size_t row = 0; row < report.chart.size(); ++row) {
+        const RowGrade& decided = grade.rows[row];
+        table.AddRow({row + 1, RowText(report.chart[row]), decided.hands,
+                      Percent(decided.loss, grade.Bet()), ExampleText(decided)});
+    }
+    return table.Text();
 }
 
 std::string StrategyCard(const StrategyReport& report) {

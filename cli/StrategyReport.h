@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "cli/TableChoice.h"
+#include "cli/ChosenTable.h"
 #include "core/strategy/Grade.h"
 
 namespace cli {
@@ -16,6 +16,7 @@ struct StrategyReport {
 };
 
 std::string StrategyAsText(const StrategyReport& report);
+std::string StrategyAsCsv(const StrategyReport& report);
 std::string StrategyAsJson(const StrategyReport& report);
 
 // The chart with its game, pays and figures as remarks, so that it can be read back. The date is

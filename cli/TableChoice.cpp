@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "cli/Pays.h"
+#include "cli/Terminal.h"
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
 #include "core/paytable/GameCatalogue.h"
@@ -102,6 +104,13 @@ bool LoadTable(Catalogue& catalogue, const CatalogueGame& game, int index, Chose
     return true;
 }
 
+std::optional<Failure> GivePays(const Options& options, std::span<ChosenTable> tables) {
+    std::vector<std::string> notes;
+    auto failure = ChangePays(options.pays, "--pay", tables, notes);
+    if (!failure) std::ranges::for_each(notes, Tell);
+    return failure;
+}
+
 }  // namespace
 
 std::string DataFolder(const std::optional<std::string>& named) {
@@ -128,6 +137,7 @@ std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen) 
     if (!LoadTable(catalogue, *game, options.table, chosen)) {
         return NoSuchTable(catalogue, chosen.place);
     }
+    if (auto failure = GivePays(options, {&chosen, 1})) return failure;
     return ChooseBet(options, chosen);
 }
 
@@ -141,15 +151,9 @@ std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
         if (auto failure = ChooseBet(options, table)) return failure;
         chosen.push_back(std::move(table));
     }
-    if (!chosen.empty()) return std::nullopt;
+    if (!chosen.empty()) return GivePays(options, chosen);
     return Failure{kFailed, "no game has a table " + std::to_string(options.table) + " in " +
                                 QuotedPath(catalogue.mainPath)};
-}
-
-std::string Heading(const ChosenTable& chosen, int bet, double coin) {
-    const auto& [gameId, gameName, tableIndex] = chosen.place;
-    return gameName + " (" + std::to_string(gameId) + "), table " + std::to_string(tableIndex) +
-           ", bet " + std::to_string(bet) + " x " + Dollars(coin);
 }
 
 std::optional<Failure> ReadCards(const std::string& text, const CardTable& deck, std::size_t count,

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/ChosenTable.h"
 #include "cli/Commands.h"
 #include "core/cards/CardTable.h"
-#include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
 
 namespace cli {
@@ -38,22 +38,14 @@ struct Catalogue {
 // program. One that is there and cannot be read is a failure: others would answer for it.
 std::optional<Failure> OpenCatalogue(const Options& options, Catalogue& catalogue);
 
-struct ChosenTable {
-    TableOfGame place;
-    PayTable payTable;
-    CardTable deck;
-    int bet = 0;  // 1..payTable.maxBet; when none was given, five or the most that the table takes
-};
-
-// The game is meant by its id, or by its name in any letter case.
+// The game is meant by its id, or by its name in any letter case. Of several pays for one line the
+// last counts, and a note on standard error says so.
 std::optional<Failure> ChooseTable(const Options& options, ChosenTable& chosen);
 
-// The table of that index of every game that has one, in the order of the catalogue.
+// The table of that index of every game that has one, in the order of the catalogue. A pay goes to
+// each that has the line; a note on standard error names the others.
 std::optional<Failure> ChooseTableOfEveryGame(const Options& options,
                                               std::vector<ChosenTable>& chosen);
-
-// "Jacks or Better (300), table 0, bet 5 x $1.00"; the coin in dollars.
-std::string Heading(const ChosenTable& chosen, int bet, double coin);
 
 // count distinct cards of the deck.
 std::optional<Failure> ReadCards(const std::string& text, const CardTable& deck, std::size_t count,

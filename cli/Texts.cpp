@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <nlohmann/json.hpp>
 #include <tuple>
@@ -101,6 +102,12 @@ std::string Alternatives(std::span<const std::string> texts) {
     return list;
 }
 
+std::string Listed(const std::vector<std::string>& texts) {
+    std::string list;
+    for (const std::string& text : texts) list += (list.empty() ? "" : ", ") + text;
+    return list;
+}
+
 std::string Dollars(double amount) {
     std::string twoDecimals = FormatDouble("%.2f", amount);
     if (ParseDouble(twoDecimals) == amount) return "$" + twoDecimals;
@@ -124,10 +131,30 @@ std::string Shortened(std::string_view text, std::size_t columns) {
     return shortened.append(kCut);
 }
 
+std::string SentencesOnLines(std::string text) {
+    for (auto at = text.find(". "); at != std::string::npos; at = text.find(". ", at + 2)) {
+        text[at + 1] = '\n';
+    }
+    return text;
+}
+
 std::string DidYouMean(std::string_view typed, const std::vector<std::string>& names) {
     std::vector<std::string> quoted;
     for (const std::string& name : NearestNames(typed, names)) quoted.push_back(Quoted(name));
     return quoted.empty() ? "" : ": did you mean " + Alternatives(quoted) + "?";
+}
+
+std::string NumberText(double number) {
+    if (!std::isfinite(number)) return "null";
+    constexpr double smallest = 1e-5;  // of those without an exponent
+    constexpr double largest = 1e15;
+    const double size = std::abs(number);
+    const bool plain = size == 0 || (size >= smallest && size < largest);
+    std::array<char, 40> digits{};
+    const auto format = plain ? std::chars_format::fixed : std::chars_format::scientific;
+    const auto [end, error] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number, format);
+    return {digits.data(), error == std::errc() ? end : digits.data()};
 }
 
 std::string JsonText(const nlohmann::ordered_json& json) {

@@ -7,9 +7,9 @@
 #include "cli/Terminal.h"
 
 int main(int argc, char** argv) {
-    const std::array commands = {cli::GamesCommand(),    cli::ClassifyCommand(),
-                                 cli::HandCommand(),     cli::AnalyzeCommand(),
-                                 cli::StrategyCommand(), cli::AutoplayCommand()};
+    const std::array commands = {
+        cli::GamesCommand(),    cli::ClassifyCommand(), cli::HandCommand(), cli::AnalyzeCommand(),
+        cli::StrategyCommand(), cli::SessionCommand(),  cli::RuinCommand(), cli::AutoplayCommand()};
     cli::Answer answer = cli::AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {

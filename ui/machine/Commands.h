@@ -31,6 +31,7 @@ enum Command : int {
     kAnalyzeHand = 701,
     kAnalyzeGame = 702,
     kAllGames = 710,
+    kBankroll = 714,
     kSpeedFast = 800,
     kSpeedNormal = 801,
     kSpeedSlow = 802,

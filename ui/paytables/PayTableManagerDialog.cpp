@@ -70,7 +70,7 @@ PayTableManagerDialog::PayTableManagerDialog(PayTableEditor& editor, QWidget* pa
     layout->addWidget(live);
     layout->addWidget(detail);
     layout->addWidget(MakeLines(), 1);
-    keys = new FieldKeys(*fields, editor, *this);
+    keys = new FieldKeys(*fields, editor, *this, *rows);
     layout->addLayout(MakeButtons());
     Connect();
     ShowAll();
@@ -161,12 +161,10 @@ QLayout* PayTableManagerDialog::MakeButtons() {
                          const std::function<void()>& command) {
         return AddButton(*layout, caption, name, isEnabled, command);
     };
-    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable, [this] {
-        if (editor.MayLeave(questions)) editor.GoToPreviousTable();
-    });
-    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable, [this] {
-        if (editor.MayLeave(questions)) editor.GoToNextTable();
-    });
+    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable,
+        [this] { editor.GoToPreviousTable(questions); });
+    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable,
+        [this] { editor.GoToNextTable(questions); });
     auto* changeGame =
         add(tr("C&hange Game"), "changeGame", kAlways, [this] { editor.ChangeGame(questions); });
     add(tr("&Load Template"), "loadTemplate", &Editor::HasOwnTable,
@@ -304,7 +302,8 @@ void PayTableManagerDialog::ShowFigures() {
     const bool ofName = problem && problem->where.field == FormField::kName && editor.HasTable();
     if (ofName) text = QString::fromStdString(problem->text) + (text.isEmpty() ? "" : "  ") + text;
     detail->setText(text);
-    rows->ShowFigures(result);
+    detail->setEnabled(!live->IsWaiting());
+    rows->ShowFigures(result, live->IsWaiting());
 }
 
 void PayTableManagerDialog::NoteTable(const QString& text) {
