@@ -1,7 +1,9 @@
 #include "core/strategy/Board.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <numeric>
 
 #include "core/analysis/WideVectors.h"
@@ -9,6 +11,7 @@
 namespace {
 
 constexpr float kFree = -1;
+constexpr double kBitsOfSums = 60;
 constexpr std::uint32_t kHandsBetweenQuestions = 4096;
 
 }  // namespace
@@ -25,9 +28,11 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
     const double percent = 100 / (static_cast<double>(hands.Count()) *
                                   static_cast<double>(hands.PartsOfCoin()) * kFullBet);
     HandLooks looks;
+    double most = 1;  // percent that any sum may come to
     handStarts.push_back(0);
-    return hands.ForEach([&](const StartingHand& hand) {
+    const bool all = hands.ForEach([&](const StartingHand& hand) {
         LookAtHand(terms, hand, at, looks);
+        most += static_cast<double>(hand.best) * static_cast<double>(hand.weight) * percent;
         for (std::size_t held = 0; held < kSubsets; ++held) {
             const std::uint32_t look = index.NumberOf(looks[held]);
             if (look == everBest.size()) everBest.push_back(false);
@@ -49,6 +54,8 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
                                             static_cast<double>(hands.Count())));
         return shares.size() % kHandsBetweenQuestions != 0 || goOn();
     });
+    units = std::exp2(kBitsOfSums - std::ceil(std::log2(most)));
+    return all;
 }
 
 void Board::Prepare(std::span<const Candidate> candidates) {
@@ -78,7 +85,6 @@ void Board::Prepare(std::span<const Candidate> candidates) {
         for (const Entry& entry : LooksOf(hand)) byLook[next[entry.at]++] = {hand, entry.cost};
     }
     sums.assign(index.Count() * kMostRows, 0);
-    rounded.assign(sums.size(), 0);
 }
 
 std::span<const Board::Entry> Board::LooksOf(std::uint32_t hand) const {
@@ -142,7 +148,7 @@ std::vector<std::uint32_t> Board::FirstList(std::span<const Candidate> candidate
 
 double Board::LossWithout(std::size_t row) {
     const std::size_t slot = order[row];
-    double without = loss;
+    Whole without = loss;
     std::size_t waiting = 0;
     for (const Entry& entry : rows[slot].cover) {
         if (decisions[entry.at].slot != slot) continue;
@@ -153,12 +159,12 @@ double Board::LossWithout(std::size_t row) {
         for (const Entry& entry : rows[order[next]].cover) {
             float& now = scratch[entry.at];
             if (now == kFree) continue;
-            without += static_cast<double>(entry.cost) - static_cast<double>(now);
+            without += InUnits(entry.cost) - InUnits(now);
             now = kFree;
             --waiting;
         }
     }
-    return without;
+    return InPercent(without);
 }
 
 std::vector<std::size_t> Board::HeirsOf(std::size_t row, std::size_t most) {
@@ -208,31 +214,37 @@ std::vector<Board::Entry> Board::Cover(const Looks& looks) {
     return cover;
 }
 
-Board::Change Board::BestInsertion(const Looks& looks) {
-    std::array<double, kMostRows> bySlot{};
-    for (const Entry& entry : Cover(looks)) {
-        const Decision& decision = decisions[entry.at];
-        bySlot[decision.slot] +=
-            static_cast<double>(entry.cost) - static_cast<double>(decision.cost);
-    }
-    Change best;
-    double sum = 0;
+Board::Change Board::BestPlace(const std::array<Whole, kMostRows>& bySlot) const {
+    Whole least = std::numeric_limits<Whole>::max();
+    std::size_t bestPlace = 0;
+    Whole sum = 0;
     for (std::size_t place = Rows(); place-- > 0;) {
         sum += bySlot[order[place]];
-        if (sum < best.loss) best = {sum, place};
+        if (sum >= least) continue;
+        least = sum;
+        bestPlace = place;
     }
-    return best;
+    return {InPercent(least), bestPlace};
+}
+
+Board::Change Board::BestInsertion(const Looks& looks) {
+    std::array<Whole, kMostRows> bySlot{};
+    for (const Entry& entry : Cover(looks)) {
+        const Decision& decision = decisions[entry.at];
+        bySlot[decision.slot] += InUnits(entry.cost) - InUnits(decision.cost);
+    }
+    return BestPlace(bySlot);
 }
 
 // What the looks add up to, by slot: for so many slots at a time as a cache line holds.
 TOLVANE_WIDE_VECTORS
-static void AddUp(const Board::Looks& looks, const float* sums, std::size_t slots,
-                  std::array<float, Board::kMostRows>& total) {
-    using Sixteen = float __attribute__((vector_size(64)));
-    for (std::size_t slot = 0; slot < slots; slot += sizeof(Sixteen) / sizeof(float)) {
-        Sixteen all{};
+static void AddUp(const Board::Looks& looks, const std::int64_t* sums, std::size_t slots,
+                  std::array<std::int64_t, Board::kMostRows>& total) {
+    using Eight = std::int64_t __attribute__((vector_size(64)));
+    for (std::size_t slot = 0; slot < slots; slot += sizeof(Eight) / sizeof(std::int64_t)) {
+        Eight all{};
         for (const std::uint32_t look : looks) {
-            Sixteen some;
+            Eight some;
             std::memcpy(&some, sums + look * Board::kMostRows + slot, sizeof some);
             all += some;
         }
@@ -241,28 +253,36 @@ static void AddUp(const Board::Looks& looks, const float* sums, std::size_t slot
 }
 
 Board::Change Board::GuessInsertion(const Looks& looks) const {
-    std::array<float, kMostRows> bySlot{};
-    AddUp(looks, rounded.data(), slots, bySlot);
-    Change best;
-    double sum = 0;
-    for (std::size_t place = Rows(); place-- > 0;) {
-        sum += static_cast<double>(bySlot[order[place]]);
-        if (sum < best.loss) best = {sum, place};
+    std::array<Whole, kMostRows> bySlot{};
+    AddUp(looks, sums.data(), slots, bySlot);
+    return BestPlace(bySlot);
+}
+
+void Board::WeighLooks() {
+    hopes.assign(index.Count(), 0);
+    for (std::size_t look = 0; look < hopes.size(); ++look) {
+        const Whole* bySlot = &sums[look * kMostRows];
+        Whole sum = 0;
+        Whole least = 0;
+        for (std::size_t place = Rows(); place-- > 0;) {
+            sum += bySlot[order[place]];
+            least = std::min(least, sum);
+        }
+        hopes[look] = static_cast<float>(-InPercent(least));
     }
-    return best;
 }
 
 void Board::Decide(std::uint32_t hand, Decision decision) {
     const Decision before = decisions[hand];
     decisions[hand] = decision;
-    loss += static_cast<double>(decision.cost) - static_cast<double>(before.cost);
+    const Whole costBefore = InUnits(before.cost);
+    const Whole costNow = InUnits(decision.cost);
+    loss += costNow - costBefore;
     for (const Entry& entry : LooksOf(hand)) {
-        const std::size_t of = entry.at * kMostRows;
-        const auto cost = static_cast<double>(entry.cost);
-        sums[of + before.slot] -= cost - static_cast<double>(before.cost);
-        sums[of + decision.slot] += cost - static_cast<double>(decision.cost);
-        rounded[of + before.slot] = static_cast<float>(sums[of + before.slot]);
-        rounded[of + decision.slot] = static_cast<float>(sums[of + decision.slot]);
+        const Whole cost = InUnits(entry.cost);
+        Whole* const bySlot = &sums[entry.at * kMostRows];
+        bySlot[before.slot] -= cost - costBefore;
+        bySlot[decision.slot] += cost - costNow;
     }
 }
 
@@ -282,12 +302,11 @@ void Board::Insert(const Looks& looks, std::size_t place) {
     if (first) {
         // The slots of hands that nothing decides are never looked at.
         std::ranges::fill(sums, 0);
-        std::ranges::fill(rounded, 0);
         loss = 0;
         std::ranges::fill(decisions, Decision{0, static_cast<std::uint32_t>(slot)});
         for (std::uint32_t hand = 0; hand < shares.size(); ++hand) {
             for (const Entry& entry : LooksOf(hand)) {
-                sums[entry.at * kMostRows + slot] += static_cast<double>(entry.cost);
+                sums[entry.at * kMostRows + slot] += InUnits(entry.cost);
             }
         }
     }
@@ -315,6 +334,4 @@ void Board::Remove(std::size_t row) {
     while (slots > 0 && !rows[slots - 1].used) --slots;
     order.erase(order.begin() + static_cast<std::ptrdiff_t>(row));
     for (std::size_t i = row; i < order.size(); ++i) placeOf[order[i]] = i;
-    // The rounding of sums that grew and shrank does not outlive the row.
-    for (std::size_t at = slot; at < sums.size(); at += kMostRows) sums[at] = rounded[at] = 0;
 }

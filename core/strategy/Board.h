@@ -47,7 +47,7 @@ class Board {
                                          double tolerance) const;
 
     std::size_t Rows() const { return order.size(); }
-    double Loss() const { return loss; }
+    double Loss() const { return InPercent(loss); }
     double LossWithout(std::size_t row);
 
     // The rows that would decide the row's hands without it, those of most hands first; at most so
@@ -58,10 +58,35 @@ class Board {
     Change BestInsertion(const Looks& looks);
     Change GuessInsertion(const Looks& looks) const;
 
+    // What a look would gain by itself, by place.
+    void GainsOf(std::uint32_t look, std::span<double> byPlace) const {
+        Whole sum = 0;
+        for (std::size_t place = Rows(); place-- > 0;) {
+            sum += sums[look * kMostRows + order[place]];
+            byPlace[place] = -InPercent(sum);
+        }
+    }
+
+    // What the row could gain if each of its looks had the best place for itself: nearly never less
+    // than it gains, and much cheaper than a guess. Looks are weighed first, after every change.
+    void WeighLooks();
+    double HopeOf(const Looks& looks) const {
+        float sum = 0;
+        for (const std::uint32_t look : looks) sum += hopes[look];
+        return static_cast<double>(sum);
+    }
+
     void Insert(const Looks& looks, std::size_t place);
     void Remove(std::size_t row);
 
   private:
+    // Sums are taken in whole numbers, so that what was added and taken away leaves nothing.
+    using Whole = std::int64_t;
+    Whole InUnits(float cost) const {
+        return static_cast<Whole>(static_cast<double>(cost) * units);
+    }
+    double InPercent(Whole sum) const { return static_cast<double>(sum) / units; }
+
     struct Entry {
         std::uint32_t at = 0;  // a hand, or a look
         float cost = 0;
@@ -78,6 +103,7 @@ class Board {
     bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
                    const std::function<bool()>& goOn);
     std::vector<Entry> Cover(const Looks& looks);
+    Change BestPlace(const std::array<Whole, kMostRows>& bySlot) const;
     void Decide(std::uint32_t hand, Decision decision);
     std::span<const Entry> LooksOf(std::uint32_t hand) const;
     std::size_t FreeSlot();
@@ -94,8 +120,9 @@ class Board {
     std::vector<std::size_t> order;                // slots, by place
     std::array<std::size_t, kMostRows> placeOf{};  // by slot
     std::size_t slots = 0;                         // those in use have lower numbers
-    double loss = 0;
-    std::vector<double> sums;    // by look and slot: what taking the slot's hands would change
-    std::vector<float> rounded;  // the same, half as wide
+    double units = 1;                              // in a percent: a power of two
+    Whole loss = 0;
+    std::vector<Whole> sums;     // by look and slot: what taking the slot's hands would change
+    std::vector<float> hopes;    // by look, percent
     std::vector<float> scratch;  // by hand; below 0 where it is free
 };

@@ -1,258 +1,12 @@
 #include "core/strategy/Candidates.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <bit>
+#include <unordered_map>
 
 namespace {
 
-// What a further word asks about; two of one kind do not go together, but for single ranks.
-enum class Ask : std::uint8_t {
-    kSuiting,
-    kStraights,
-    kGaps,
-    kHighCards,
-    kBoth,
-    kWilds,
-    kJokers,
-    kOf,
-    kKicker,
-    kAll,
-    kWith,
-    kWithout,
-    kFlushPenalty,
-    kStraightPenalty,
-};
-
-struct Word {
-    Ask ask = Ask::kSuiting;
-    void (*add)(Row& row, const Word& word) = nullptr;
-    std::int8_t first = 0;
-    std::int8_t last = 0;
-};
-
-void AddSuiting(Row& row, const Word& word) {
-    row.suiting = word.first != 0 ? Suiting::kSuited : Suiting::kUnsuited;
-}
-template <Amount Row::*Member>
-void AddAmount(Row& row, const Word& word) {
-    row.*Member = {word.first, word.last};
-}
-template <RankSpan Row::*Member>
-void AddSpan(Row& row, const Word& word) {
-    row.*Member = {word.first, word.last};
-}
-template <RankSet Row::*Member>
-void AddRank(Row& row, const Word& word) {
-    row.*Member |= static_cast<RankSet>(1 << word.first);
-}
-template <Condition Row::*Member>
-void AddCondition(Row& row, const Word& word) {
-    row.*Member = word.first != 0 ? Condition::kPresent : Condition::kAbsent;
-}
-
-bool IsGroup(const Row& row) {
-    return row.base == Base::kOfAKind || row.base == Base::kOfAKindAndOne ||
-           row.base == Base::kTwoPair ||
-           (row.base == Base::kPat && !row.orBetter &&
-            (row.pat == PatHand::kFourOfAKind || row.pat == PatHand::kFiveOfAKind ||
-             row.pat == PatHand::kFullHouse || row.pat == PatHand::kFourWilds ||
-             row.pat == PatHand::kThreeOfAKind || row.pat == PatHand::kPair));
-}
-
-bool HasKicker(const Row& row) {
-    return row.base == Base::kOfAKindAndOne || row.base == Base::kTwoPair ||
-           (row.base == Base::kPat && IsGroup(row));
-}
-
-bool IsDraw(const Row& row) {
-    return row.base == Base::kToRoyalFlush || row.base == Base::kToStraightFlush ||
-           row.base == Base::kToFlush || row.base == Base::kToStraight ||
-           row.base == Base::kHighCards;
-}
-
-// The words that may stand behind a hold.
-class Words {
-  public:
-    Words(const Terms& terms, const PayTable& table, const Wording& wording)
-        : high(terms.HighRanks() != 0), penalties(wording.penalties) {
-        const DeckDescription deck = DeckOf(table);
-        const bool otherWilds = deck.wildRanks[0] > 0 || deck.oneEyedJacksWild;
-        wilds = deck.usesWilds && (otherWilds || deck.jokers > 0);
-        jokers = wilds && otherWilds && deck.jokers > 0;
-        for (int rank = 0; rank < kRanks; ++rank) {
-            allStarts.push_back(static_cast<std::int8_t>(rank));
-            if (rank == 0 || TellsApart(terms, table, rank - 1, rank)) {
-                starts.push_back(static_cast<std::int8_t>(rank));
-            }
-        }
-    }
-
-    std::vector<Word> For(const Row& row) {
-        words.clear();
-        if (wilds && row.base != Base::kRanks && row.base != Base::kWildCards) {
-            AddAmounts<&Row::wildCards>(Ask::kWilds, 0, 3);
-        }
-        if (jokers) AddAmounts<&Row::jokers>(Ask::kJokers, 0, 2);
-        // A pair stands against single cards, whose straights its rank may be in the way of.
-        const bool isPair = row.base == Base::kOfAKind && row.count == 2;
-        if (IsGroup(row)) AddSpans<&Row::of>(Ask::kOf, isPair ? allStarts : starts);
-        if (HasKicker(row)) AddSpans<&Row::kicker>(Ask::kKicker, starts);
-        if (IsDraw(row)) AddDrawWords(row);
-        if (row.base == Base::kRanks) AddSuitings();
-        const bool discards = row.base != Base::kPat && row.base != Base::kNothing;
-        if (penalties && discards) {
-            for (const std::int8_t present : {std::int8_t{0}, std::int8_t{1}}) {
-                Add({Ask::kFlushPenalty, AddCondition<&Row::flushPenalty>, present});
-                Add({Ask::kStraightPenalty, AddCondition<&Row::straightPenalty>, present});
-            }
-        }
-        return words;
-    }
-
-  private:
-    void Add(const Word& word) { words.push_back(word); }
-
-    void AddSuitings() {
-        Add({Ask::kSuiting, AddSuiting, 1});
-        Add({Ask::kSuiting, AddSuiting, 0});
-    }
-
-    // Every number from least on, alone and with more; and from none to it.
-    template <Amount Row::*Member>
-    void AddAmounts(Ask ask, std::int8_t least, std::int8_t most) {
-        for (std::int8_t n = least; n <= most; ++n) {
-            Add({ask, AddAmount<Member>, n, n});
-            if (n > least) Add({ask, AddAmount<Member>, n, Amount::kNoEnd});
-            if (n > 0 && n < most && least == 0) Add({ask, AddAmount<Member>, 0, n});
-        }
-    }
-
-    // Whether the pay table treats groups or kickers of neighbouring ranks differently.
-    static bool TellsApart(const Terms& terms, const PayTable& table, int a, int b) {
-        const auto has = [](const std::vector<int>& printed, int rank) {
-            return std::ranges::find(printed, rank == kAceRank ? 1 : rank + 2) != printed.end();
-        };
-        return terms.IsHigh(a) != terms.IsHigh(b) ||
-               std::ranges::any_of(table.lines, [&](const PayLine& line) {
-                   return has(line.bonusQuads, a) != has(line.bonusQuads, b) ||
-                          has(line.trailers, a) != has(line.trailers, b);
-               });
-    }
-
-    template <RankSpan Row::*Member>
-    void AddSpans(Ask ask, const std::vector<std::int8_t>& starts) {
-        for (std::size_t first = 0; first < starts.size(); ++first) {
-            for (std::size_t behind = first + 1; behind <= starts.size(); ++behind) {
-                const int last = behind < starts.size() ? starts[behind] - 1 : kAceRank;
-                Add({ask, AddSpan<Member>, starts[first], static_cast<std::int8_t>(last)});
-            }
-        }
-    }
-
-    void AddDrawWords(const Row& row) {
-        if (row.base == Base::kHighCards || row.base == Base::kToStraight) AddSuitings();
-        if (row.base != Base::kToRoyalFlush && row.base != Base::kHighCards) {
-            AddAmounts<&Row::straights>(Ask::kStraights, 1, 4);
-            AddAmounts<&Row::gaps>(Ask::kGaps, 0, 3);
-        }
-        if (high && row.base != Base::kHighCards) {
-            AddAmounts<&Row::highCards>(Ask::kHighCards, 0, 4);
-            for (std::int8_t n = 2; n <= 8; ++n) {
-                Add({Ask::kBoth, AddAmount<&Row::straightsAndHighCards>, n, Amount::kNoEnd});
-            }
-        }
-        // Single ranks matter little to a flush, and there are many sets of them.
-        const std::int8_t ranks = row.base == Base::kToFlush ? 0 : kRanks;
-        for (std::int8_t rank = 0; rank < ranks; ++rank) {
-            Add({Ask::kWith, AddRank<&Row::with>, rank});
-            Add({Ask::kWithout, AddRank<&Row::without>, rank});
-            if (rank > 0 && rank < kAceRank) {
-                Add({Ask::kAll, AddSpan<&Row::all>, rank, kAceRank});
-                Add({Ask::kAll, AddSpan<&Row::all>, rank, kAceRank - 1});
-                Add({Ask::kAll, AddSpan<&Row::all>, 0, rank});
-            }
-        }
-    }
-
-    bool wilds = false;
-    bool jokers = false;
-    bool high = false;
-    bool penalties = false;
-    std::vector<std::int8_t> allStarts;
-    std::vector<std::int8_t>
-        starts;  // the ranks from which on groups and kickers are treated alike
-    std::vector<Word> words;
-};
-
-// The holds, plainest first.
-class Holdings {
-  public:
-    explicit Holdings(const Terms& terms) {
-        AddNamed(terms);
-        AddCounted();
-        AddRanks();
-    }
-    std::vector<Row> rows;
-
-  private:
-    Row& Add(Base base, int count) {
-        Row row;
-        row.base = base;
-        row.count = static_cast<std::int8_t>(count);
-        rows.push_back(row);
-        return rows.back();
-    }
-
-    void AddNamed(const Terms& terms) {
-        Add(Base::kNothing, 0);
-        for (std::size_t hand = 0; hand < kPatHands; ++hand) {
-            const auto pat = static_cast<PatHand>(hand);
-            if (terms.LastLineOf(pat) < 0) continue;
-            Add(Base::kPat, 0).pat = pat;
-            Row& better = Add(Base::kPat, 0);
-            better.pat = pat;
-            better.orBetter = true;
-        }
-        for (int count = 2; count <= 4; ++count) Add(Base::kOfAKind, count);
-        Add(Base::kOfAKind, 2).height = Height::kHigh;
-        Add(Base::kOfAKind, 2).height = Height::kLow;
-        Add(Base::kTwoPair, 4);
-    }
-
-    void AddCounted() {
-        for (int count = 1; count <= 4; ++count) Add(Base::kWildCards, count);
-        for (int count = 2; count <= 4; ++count) Add(Base::kToRoyalFlush, count);
-        for (int count = 2; count <= 4; ++count) Add(Base::kToStraightFlush, count);
-        for (int count = 2; count <= 4; ++count) Add(Base::kToFlush, count);
-        for (int count = 2; count <= 4; ++count) Add(Base::kToStraight, count);
-        for (int count = 1; count <= 4; ++count) Add(Base::kHighCards, count);
-        for (int count = 2; count <= 3; ++count) Add(Base::kOfAKindAndOne, count);
-    }
-
-    void AddRankRow(std::initializer_list<int> ranks) {
-        Row& row = Add(Base::kRanks, static_cast<int>(ranks.size()));
-        std::size_t at = 0;
-        for (const int rank : ranks) row.ranks[at++] = static_cast<std::int8_t>(rank);
-    }
-
-    void AddRanks() {
-        for (int a = kAceRank; a >= 0; --a) {
-            AddRankRow({a});
-            AddRankRow({a, kWildRank});
-            for (int b = a - 1; b >= 0; --b) {
-                AddRankRow({a, b});
-                if (b >= kTenRank - 1) AddRankRow({a, b, kWildRank});
-                for (int c = b - 1; c >= kTenRank - 1; --c) {
-                    AddRankRow({a, b, c});
-                    for (int d = c - 1; d >= kTenRank; --d) AddRankRow({a, b, c, d});
-                }
-            }
-        }
-    }
-};
-
-// Looks as bits, by their place among those of a hold.
-using Bits = std::vector<std::uint64_t>;
+using Bits = WordedHold::Bits;
 
 std::uint64_t KeyOf(std::uint32_t look) {
     std::uint64_t key = (look + 1) * 0x9E3779B97F4A7C15U;  // splitmix64
@@ -264,20 +18,37 @@ std::uint64_t KeyOf(std::uint32_t look) {
 // Gathers candidates, leaving out those whose looks others have.
 class Gatherer {
   public:
-    Gatherer(const Terms& terms, const LookIndex& index) : terms(terms) {
+    explicit Gatherer(const std::function<bool(std::uint32_t)>& isOfUse) : isOfUse(isOfUse) {}
+
+    // The number of the candidate that has the looks then; kNone when these are of no use.
+    std::uint32_t Add(Candidate candidate) {
+        const bool wanted =
+            candidate.row.base == Base::kNothing || std::ranges::any_of(candidate.looks, isOfUse);
+        if (!wanted) return Candidate::kNone;
+        std::uint64_t key = candidate.looks.size();
+        for (const std::uint32_t look : candidate.looks) key += KeyOf(look);
+        const auto next = static_cast<std::uint32_t>(candidates.size());
+        const auto [entry, isNew] = numbers.try_emplace(key, next);
+        if (isNew) candidates.push_back(std::move(candidate));
+        return entry->second;
+    }
+
+    std::vector<Candidate> candidates;
+
+  private:
+    const std::function<bool(std::uint32_t)>& isOfUse;
+    std::unordered_map<std::uint64_t, std::uint32_t> numbers;  // of candidates, by key
+};
+
+// The looks taken apart, to find those that a row fits.
+class LooksApart {
+  public:
+    LooksApart(const Terms& terms, const LookIndex& index) : terms(terms) {
         for (std::size_t i = 0; i < index.Count(); ++i) {
             traits.push_back(TraitsOf(terms, index.At(i)));
         }
     }
 
-    void Add(const Row& row, std::vector<std::uint32_t> looks) {
-        if (looks.empty()) return;
-        std::uint64_t key = looks.size();
-        for (const std::uint32_t look : looks) key += KeyOf(look);
-        if (seen.insert(key).second) candidates.push_back({row, std::move(looks)});
-    }
-
-    // Those of the looks that the row fits; all looks there are without a second argument.
     std::vector<std::uint32_t> LooksOf(const Row& row) const {
         std::vector<std::uint32_t> looks;
         for (std::uint32_t i = 0; i < traits.size(); ++i) {
@@ -294,103 +65,92 @@ class Gatherer {
         return bits;
     }
 
-    static std::vector<std::uint32_t> Chosen(const Bits& bits,
-                                             const std::vector<std::uint32_t>& among) {
-        std::vector<std::uint32_t> looks;
-        for (std::size_t i = 0; i < bits.size(); ++i) {
-            for (std::uint64_t word = bits[i]; word != 0; word &= word - 1) {
-                looks.push_back(among[i * 64 + static_cast<std::size_t>(std::countr_zero(word))]);
-            }
-        }
-        return looks;
-    }
-
-    std::vector<Candidate> candidates;
-
   private:
     const Terms& terms;
     std::vector<HoldTraits> traits;
-    std::unordered_set<std::uint64_t> seen;
 };
 
-// A hold with each of its words, and what these leave of its looks.
-struct Worded {
-    Row row;
-    std::vector<std::uint32_t> looks;
-    std::vector<Word> words;  // those that leave some looks and not all
-    std::vector<Bits> bits;   // by word
-};
-
-Worded WithWords(Gatherer& gatherer, Words& words, const Row& row,
-                 std::vector<std::uint32_t> looks) {
-    Worded worded{row, std::move(looks), {}, {}};
-    for (const Word& word : words.For(row)) {
-        Row further = row;
+void AddWords(const LooksApart& all, Words& words, WordedHold& hold) {
+    for (const Word& word : words.For(hold.row)) {
+        Row further = hold.row;
         word.add(further, word);
-        Bits bits = gatherer.BitsOf(further, worded.looks);
+        Bits bits = all.BitsOf(further, hold.looks);
         std::size_t left = 0;
         for (const std::uint64_t part : bits) left += static_cast<std::size_t>(std::popcount(part));
-        if (left == 0 || left == worded.looks.size()) continue;
+        if (left == 0 || left == hold.looks.size()) continue;
         // Of words that leave the same, the first is enough.
-        if (std::ranges::find(worded.bits, bits) != worded.bits.end()) continue;
-        worded.words.push_back(word);
-        worded.bits.push_back(std::move(bits));
+        if (std::ranges::find(hold.bits, bits) != hold.bits.end()) continue;
+        hold.words.push_back(word);
+        hold.bits.push_back(std::move(bits));
     }
-    return worded;
 }
 
-bool GoTogether(const Word& a, const Word& b) {
-    return a.ask != b.ask || a.ask == Ask::kWith || a.ask == Ask::kWithout;
+// The numbers of the hold's candidates with one word, by word.
+std::vector<std::uint32_t> AddWithOneWord(Gatherer& gatherer, const WordedHold& hold,
+                                          std::uint32_t plain) {
+    std::vector<std::uint32_t> numbers;
+    for (std::size_t i = 0; i < hold.words.size(); ++i) {
+        Row row = hold.row;
+        hold.words[i].add(row, hold.words[i]);
+        numbers.push_back(
+            gatherer.Add({row, hold.Chosen(hold.bits[i]), {plain, Candidate::kNone}}));
+    }
+    return numbers;
 }
 
-void AddWithTwoWords(Gatherer& gatherer, const Worded& worded) {
-    for (std::size_t a = 0; a < worded.words.size(); ++a) {
-        for (std::size_t b = a + 1; b < worded.words.size(); ++b) {
-            if (!GoTogether(worded.words[a], worded.words[b])) continue;
-            Bits both = worded.bits[a];
-            for (std::size_t i = 0; i < both.size(); ++i) both[i] &= worded.bits[b][i];
-            if (both == worded.bits[a] || both == worded.bits[b]) continue;
-            Row row = worded.row;
-            worded.words[a].add(row, worded.words[a]);
-            worded.words[b].add(row, worded.words[b]);
-            gatherer.Add(row, Gatherer::Chosen(both, worded.looks));
+void AddWithTwoWords(Gatherer& gatherer, const WordedHold& hold,
+                     const std::vector<std::uint32_t>& withOne) {
+    for (std::size_t a = 0; a < hold.words.size(); ++a) {
+        for (std::size_t b = a + 1; b < hold.words.size(); ++b) {
+            if (!GoTogether(hold.words[a], hold.words[b])) continue;
+            Bits both = hold.bits[a];
+            for (std::size_t i = 0; i < both.size(); ++i) both[i] &= hold.bits[b][i];
+            if (both == hold.bits[a] || both == hold.bits[b]) continue;
+            Row row = hold.row;
+            hold.words[a].add(row, hold.words[a]);
+            hold.words[b].add(row, hold.words[b]);
+            gatherer.Add({row, hold.Chosen(both), {withOne[a], withOne[b]}});
         }
     }
 }
 
 }  // namespace
 
-std::vector<Candidate> MakeCandidates(const Terms& terms, const PayTable& table,
-                                      const LookIndex& index, const Wording& wording) {
-    Gatherer gatherer(terms, index);
-    Words words(terms, table, wording);
-    std::vector<Worded> holds;
-    for (const Row& row : Holdings(terms).rows) {
-        auto looks = gatherer.LooksOf(row);
-        if (looks.empty()) continue;
-        gatherer.Add(row, looks);
-        holds.push_back(WithWords(gatherer, words, row, std::move(looks)));
-    }
-    for (const Worded& hold : holds) {
-        for (std::size_t i = 0; i < hold.words.size(); ++i) {
-            Row row = hold.row;
-            hold.words[i].add(row, hold.words[i]);
-            gatherer.Add(row, Gatherer::Chosen(hold.bits[i], hold.looks));
+std::vector<std::uint32_t> WordedHold::Chosen(const Bits& chosen) const {
+    std::vector<std::uint32_t> left;
+    for (std::size_t i = 0; i < chosen.size(); ++i) {
+        for (std::uint64_t word = chosen[i]; word != 0; word &= word - 1) {
+            left.push_back(looks[i * 64 + static_cast<std::size_t>(std::countr_zero(word))]);
         }
     }
-    for (const Worded& hold : holds) AddWithTwoWords(gatherer, hold);
-    return std::move(gatherer.candidates);
+    return left;
 }
 
-std::vector<Candidate> Refined(const Terms& terms, const PayTable& table, const LookIndex& index,
-                               const Wording& wording, const Candidate& candidate) {
-    Gatherer gatherer(terms, index);
+std::vector<WordedHold> MakeWordedHolds(const Terms& terms, const PayTable& table,
+                                        const LookIndex& index, const Wording& wording) {
+    const LooksApart all(terms, index);
     Words words(terms, table, wording);
-    const Worded worded = WithWords(gatherer, words, candidate.row, candidate.looks);
-    for (std::size_t i = 0; i < worded.words.size(); ++i) {
-        Row row = worded.row;
-        worded.words[i].add(row, worded.words[i]);
-        gatherer.Add(row, Gatherer::Chosen(worded.bits[i], worded.looks));
+    std::vector<WordedHold> holds;
+    for (const Row& row : Holdings(terms)) {
+        WordedHold hold{row, all.LooksOf(row), {}, {}};
+        if (hold.looks.empty()) continue;
+        AddWords(all, words, hold);
+        holds.push_back(std::move(hold));
+    }
+    return holds;
+}
+
+std::vector<Candidate> MakeCandidates(std::span<const WordedHold> holds,
+                                      const std::function<bool(std::uint32_t)>& isOfUse) {
+    Gatherer gatherer(isOfUse);
+    std::vector<std::uint32_t> plain;
+    for (const WordedHold& hold : holds) plain.push_back(gatherer.Add({hold.row, hold.looks}));
+    std::vector<std::vector<std::uint32_t>> withOne;
+    for (std::size_t i = 0; i < holds.size(); ++i) {
+        withOne.push_back(AddWithOneWord(gatherer, holds[i], plain[i]));
+    }
+    for (std::size_t i = 0; i < holds.size(); ++i) {
+        AddWithTwoWords(gatherer, holds[i], withOne[i]);
     }
     return std::move(gatherer.candidates);
 }

@@ -13,9 +13,10 @@ class Grader {
   public:
     Grader(const Terms& terms, const Chart& chart, const LineTables& tables)
         : terms(terms), chart(chart), tables(tables) {
-        const bool discards =
-            std::ranges::any_of(chart, [](const Row& row) { return row.AsksOfDiscards(); });
-        at = discards ? LookAt::kDiscardsToo : LookAt::kHeldCards;
+        const bool all = std::ranges::any_of(chart, [](const Row& row) {
+            return row.AsksOfDiscards() || row.suitedWild != Condition::kAny;
+        });
+        at = all ? LookAt::kDiscardsToo : LookAt::kHeldCards;
         grade.rows.resize(chart.size());
     }
 

@@ -6,25 +6,42 @@
 
 namespace {
 
-// The parts of a look. Cards are counted in fields of three bits: thirteen ranks, wild cards,
-// and jokers, wild or not. Behind these come flags, and the ranks discarded; all five cards discard
-// nothing and have their line there.
-constexpr int kCountBits = 3;
-constexpr int kWildField = 13;
-constexpr int kJokerField = 14;
-constexpr int kBlankBit = 45;
-constexpr int kSuitedBit = 46;
-constexpr int kFlushPenaltyBit = 47;
-constexpr int kStraightPenaltyBit = 48;
-constexpr int kDiscardsShift = 49;
+// The parts of a look. Natural cards are counted as the digits of one number, a rank each, wild
+// cards and jokers, wild or not, in fields of three bits. Behind these come flags, and what is
+// discarded; all five cards discard nothing and have their line there.
+constexpr HoldLook kDigit = kHandSize + 1;
+constexpr int kWildShift = 34;
+constexpr int kJokerShift = 37;
+constexpr int kBlankBit = 40;
+constexpr int kSuitedBit = 41;
+constexpr int kOneEyedBit = 42;
+constexpr int kSuitedWildBit = 43;
+constexpr int kFlushPenaltiesShift = 44;
+constexpr int kStraightPenaltyBit = 47;
+constexpr int kDiscardedSuitsShift = 48;
+constexpr int kDiscardsShift = 51;
 constexpr int kLineShift = kDiscardsShift;  // holds the line and one
 constexpr HoldLook kOne = 1;
+constexpr HoldLook kAllRanks = (1U << kRanks) - 1;
 
+constexpr std::uint8_t kJackKind = 10;
+constexpr std::array<std::uint8_t, kHandSize> kRoyalKinds = {0, 9, 10, 11, 12};
 constexpr unsigned kAllSuits = 0xF;
 constexpr unsigned kAllStraights = (1U << kStraights) - 1;
 
-HoldLook OneOf(int field) { return kOne << (field * kCountBits); }
-int FieldOf(HoldLook look, int field) { return static_cast<int>(look >> (field * kCountBits) & 7); }
+constexpr auto kOneOfRank = [] {
+    std::array<HoldLook, kRanks> one{};
+    HoldLook next = 1;
+    for (HoldLook& digit : one) {
+        digit = next;
+        next *= kDigit;
+    }
+    return one;
+}();
+constexpr HoldLook kAllCounts = (kOne << kWildShift) - 1;
+static_assert(kOneOfRank.back() * kDigit <= kAllCounts);
+
+int FieldOf(HoldLook look, int shift) { return static_cast<int>(look >> shift & 7); }
 
 // The straights that hold a rank, by rank, and the ranks of sets of straights.
 constexpr auto kStraightsOfRank = [] {
@@ -87,30 +104,41 @@ std::optional<PatHand> PatHandOf(HandRank rank) {
 // What the subsets of a hand have in common with those that lack their last card.
 struct SubsetSums {
     HoldLook counts = 0;
-    unsigned suits = kAllSuits;          // that all natural cards have
-    unsigned straights = kAllStraights;  // that hold all natural ranks
-    RankSet ranks = 0;                   // natural
-    unsigned suitsSeen = 0;              // of natural cards
+    std::array<std::uint8_t, kSuits> ofSuit{};  // natural cards
+    unsigned wildSuits = 0;                     // of wild cards that have one
+    unsigned suits = kAllSuits;                 // that all natural cards have
+    unsigned straights = kAllStraights;         // that hold all natural ranks
+    RankSet ranks = 0;                          // natural
+    unsigned suitsSeen = 0;                     // of natural cards
     bool blank = false;
 };
 
 SubsetSums With(SubsetSums sums, const Terms& terms, SetCard card) {
     const int rank = terms.RankOf(card);
     if (terms.IsWild(card)) {
-        sums.counts += OneOf(kWildField) + (terms.IsJoker(card) ? OneOf(kJokerField) : 0);
+        const bool joker = terms.IsJoker(card);
+        sums.counts += (kOne << kWildShift) + (joker ? kOne << kJokerShift : 0);
+        if (!joker) sums.wildSuits |= 1U << card.suit;
     } else if (rank < 0) {
-        sums.counts += OneOf(kJokerField);
+        sums.counts += kOne << kJokerShift;
         sums.blank = true;
     } else {
         const int suit = terms.SuitOf(card);
         const unsigned suitBit = suit < 0 ? 0 : 1U << suit;
-        sums.counts += OneOf(rank);
+        sums.counts += kOneOfRank[static_cast<std::size_t>(rank)];
+        if (suit >= 0) ++sums.ofSuit[static_cast<std::size_t>(suit)];
         sums.suits &= suitBit;
         sums.suitsSeen |= suitBit;
         sums.straights &= kStraightsOfRank[static_cast<std::size_t>(rank)];
         sums.ranks |= static_cast<RankSet>(1 << rank);
     }
     return sums;
+}
+
+// How many of the cards out have the one suit of those in; 1 for some when that will do.
+HoldLook FlushPenalties(const SubsetSums& in, const SubsetSums& out, LookAt at) {
+    const HoldLook penalties = out.ofSuit[static_cast<std::size_t>(std::countr_zero(in.suits))];
+    return at == LookAt::kDiscardsToo ? penalties : std::min(penalties, kOne);
 }
 
 HoldLook Flag(bool set, int bit) { return set ? kOne << bit : 0; }
@@ -132,6 +160,18 @@ Terms::Terms(const LineTables& tables, const PayTable& table)
         const int printed = rank == kAceRank ? 1 : rank + 2;
         if (::IsHigh(printed, table)) highRanks |= static_cast<RankSet>(1 << rank);
     }
+    for (std::uint8_t suit = 0; suit < kSuits; ++suit) {
+        if (IsWild({kJackKind, suit})) oneEyedSuits |= 1U << suit;
+    }
+    if (oneEyedSuits == kAllSuits) oneEyedSuits = 0;
+    const bool royalWilds = std::ranges::any_of(kRoyalKinds, [this](std::uint8_t kind) {
+        return IsWild({kind, 0}) || IsWild({kind, 1}) || IsWild({kind, 2}) || IsWild({kind, 3});
+    });
+    wildsKeepSuits = std::ranges::any_of(table.lines, [royalWilds](const PayLine& line) {
+        return !line.wildsOK &&
+               ((royalWilds && line.rank == HandRank::kRoyalFlush) ||
+                line.rank == HandRank::kStraightFlush || line.rank == HandRank::kFlush);
+    });
 }
 
 int Terms::RankOf(SetCard card) const {
@@ -149,14 +189,20 @@ void LookAtHand(const Terms& terms, const StartingHand& hand, LookAt at, HandLoo
         const SubsetSums& in = sums[held];
         const bool suited = in.ranks != 0 && in.suits != 0;
         HoldLook look = in.counts | Flag(in.blank, kBlankBit) | Flag(suited, kSuitedBit);
+        look |= Flag(suited && (in.suits & terms.OneEyedSuits()) != 0, kOneEyedBit);
+        if (terms.WildsKeepSuits() || at == LookAt::kDiscardsToo) {
+            look |= Flag(suited && (in.suits & in.wildSuits) != 0, kSuitedWildBit);
+        }
         if (held == kAllCards) look |= static_cast<HoldLook>(hand.line + 1) << kLineShift;
         if (at != LookAt::kHeldCards && held != kAllCards) {
             const SubsetSums& out = sums[held ^ kAllCards];
             const RankSet wanted = kRanksOfStraights[in.straights] & ~in.ranks;
-            look |= Flag(suited && (in.suits & out.suitsSeen) != 0, kFlushPenaltyBit);
+            if (suited) look |= FlushPenalties(in, out, at) << kFlushPenaltiesShift;
             look |= Flag(in.ranks != 0 && (wanted & out.ranks) != 0, kStraightPenaltyBit);
-            if (at == LookAt::kDiscardsToo)
+            if (at == LookAt::kDiscardsToo) {
                 look |= static_cast<HoldLook>(out.ranks) << kDiscardsShift;
+                look |= static_cast<HoldLook>(std::popcount(out.suitsSeen)) << kDiscardedSuitsShift;
+            }
         }
         looks[held] = look;
     }
@@ -174,16 +220,20 @@ static int GapsIn(RankSet ranks) {
 
 HoldTraits TraitsOf(const Terms& terms, HoldLook look) {
     HoldTraits hold;
-    hold.wilds = FieldOf(look, kWildField);
-    hold.jokers = FieldOf(look, kJokerField);
+    hold.wilds = FieldOf(look, kWildShift);
+    hold.jokers = FieldOf(look, kJokerShift);
     hold.blank = (look >> kBlankBit & 1) != 0;
     hold.suited = (look >> kSuitedBit & 1) != 0;
-    hold.flushPenalty = (look >> kFlushPenaltyBit & 1) != 0;
+    hold.oneEyed = (look >> kOneEyedBit & 1) != 0;
+    hold.suitedWild = (look >> kSuitedWildBit & 1) != 0;
+    hold.flushPenalties = FieldOf(look, kFlushPenaltiesShift);
     hold.straightPenalty = (look >> kStraightPenaltyBit & 1) != 0;
     unsigned straights = kAllStraights;
     int most = 0;
+    HoldLook counts = look & kAllCounts;
     for (int rank = 0; rank < kRanks; ++rank) {
-        const int count = FieldOf(look, rank);
+        const auto count = static_cast<int>(counts % kDigit);
+        counts /= kDigit;
         if (count == 0) continue;
         const auto at = static_cast<std::size_t>(rank);
         hold.countOf[at] = static_cast<std::int8_t>(count);
@@ -201,9 +251,10 @@ HoldTraits TraitsOf(const Terms& terms, HoldLook look) {
     }
     hold.cards = hold.naturals + hold.wilds + (hold.blank ? hold.jokers : 0);
     if (hold.cards == kHandSize) {
-        hold.line = static_cast<int>(look >> kLineShift) - 1;
+        hold.line = static_cast<int>(look >> kLineShift & kAllRanks) - 1;
     } else {
-        hold.discards = static_cast<RankSet>(look >> kDiscardsShift);
+        hold.suitsDiscarded = FieldOf(look, kDiscardedSuitsShift);
+        hold.discards = static_cast<RankSet>(look >> kDiscardsShift & kAllRanks);
         hold.highDiscards = std::popcount(static_cast<unsigned>(hold.discards & terms.HighRanks()));
     }
     hold.distinct = most == 1;
@@ -289,6 +340,22 @@ bool FitsHeight(Height height, const HoldTraits& hold, const Terms& terms) {
     return height == Height::kAny || (height == Height::kHigh) == terms.IsHigh(hold.groupRank);
 }
 
+bool FitsSuiting(Suiting suiting, const HoldTraits& hold) {
+    switch (suiting) {
+        case Suiting::kAny:
+            return true;
+        case Suiting::kSuited:
+            return hold.suited;
+        case Suiting::kUnsuited:
+            return !hold.suited;
+        case Suiting::kOneEyed:
+            return hold.oneEyed;
+        case Suiting::kTwoEyed:
+            return hold.suited && !hold.oneEyed;
+    }
+    return false;
+}
+
 bool FitsSpan(const RankSpan& span, int rank) { return span.IsAny() || span.Holds(rank); }
 
 bool FitsRanks(const Row& row, const HoldTraits& hold) {
@@ -305,7 +372,9 @@ bool FitsCondition(Condition condition, bool present) {
 }
 
 bool FitsDiscards(const Row& row, const HoldTraits& hold) {
-    return FitsCondition(row.flushPenalty, hold.flushPenalty) &&
+    return FitsCondition(row.flushPenalty, hold.flushPenalties > 0) &&
+           row.flushPenalties.Holds(hold.flushPenalties) &&
+           row.suitsDiscarded.Holds(hold.suitsDiscarded) &&
            FitsCondition(row.straightPenalty, hold.straightPenalty) &&
            row.highDiscards.Holds(hold.highDiscards) &&
            (hold.discards & row.discarding) == row.discarding &&
@@ -316,12 +385,11 @@ bool FitsDiscards(const Row& row, const HoldTraits& hold) {
 
 bool Fits(const Row& row, const HoldTraits& hold, const Terms& terms) {
     if (hold.blank && row.base != Base::kPat) return false;
-    const bool suitingFits =
-        row.suiting == Suiting::kAny || (row.suiting == Suiting::kSuited) == hold.suited;
-    return FitsBase(row, hold, terms) && suitingFits && FitsHeight(row.height, hold, terms) &&
-           row.straights.Holds(hold.straights) && row.gaps.Holds(hold.gaps) &&
-           row.highCards.Holds(hold.highCards) &&
+    return FitsBase(row, hold, terms) && FitsSuiting(row.suiting, hold) &&
+           FitsHeight(row.height, hold, terms) && row.straights.Holds(hold.straights) &&
+           row.gaps.Holds(hold.gaps) && row.highCards.Holds(hold.highCards) &&
            row.straightsAndHighCards.Holds(hold.straights + hold.highCards) &&
            row.wildCards.Holds(hold.wilds) && row.jokers.Holds(hold.jokers) &&
-           FitsRanks(row, hold) && FitsDiscards(row, hold);
+           FitsCondition(row.suitedWild, hold.suitedWild) && FitsRanks(row, hold) &&
+           FitsDiscards(row, hold);
 }

@@ -33,17 +33,23 @@ class Terms {
     int RankOf(SetCard card) const;
     // 0..3; the fifth ace and jokers have none of these, -1.
     int SuitOf(SetCard card) const { return card.kind == kExtraKind ? -1 : card.suit; }
+    // Suits as bits, whose jack is wild where others are not.
+    unsigned OneEyedSuits() const { return oneEyedSuits; }
+    // A line asks for a suit without wild cards, which wild ranks then have as well.
+    bool WildsKeepSuits() const { return wildsKeepSuits; }
 
   private:
     const LineTables& tables;
     bool fifthAce;
     RankSet highRanks = 0;
+    unsigned oneEyedSuits = 0;
+    bool wildsKeepSuits = false;
     std::array<std::optional<PatHand>, kMaxPayLines> lineHands;
     std::array<int, kPatHands> lastLines;
 };
 
 // The looks of the 32 holds of a hand. What no row asks for is better left out of them, so that
-// more holds look the same.
+// more holds look the same: what only some games need of the held cards as well.
 using HandLooks = std::array<HoldLook, kSubsets>;
 enum class LookAt : std::uint8_t { kHeldCards, kPenaltiesToo, kDiscardsToo };
 void LookAtHand(const Terms& terms, const StartingHand& hand, LookAt at, HandLooks& looks);
@@ -58,17 +64,20 @@ struct HoldTraits {
     RankSet ranks = 0;   // natural cards
     int naturals = 0;
     std::array<std::int8_t, kRanks> countOf{};  // natural cards by rank
-    int groupRank = -1;     // the rank of most of them, among equals the highest; -1 without
-    int kickerRank = -1;    // the highest besides; -1 without
-    bool suited = false;    // the natural cards are of one suit, and there are some
-    bool distinct = false;  // they are all of different ranks, and there are some
-    int straights = 0;      // that hold all of them; 0 when ranks are equal
-    int gaps = 0;           // ranks missing inside them; 0 without a straight
+    int groupRank = -1;       // the rank of most of them, among equals the highest; -1 without
+    int kickerRank = -1;      // the highest besides; -1 without
+    bool suited = false;      // the natural cards are of one suit, and there are some
+    bool oneEyed = false;     // suited in a one-eyed suit
+    bool suitedWild = false;  // suited, and a wild card held has the suit as well
+    bool distinct = false;    // they are all of different ranks, and there are some
+    int straights = 0;        // that hold all of them; 0 when ranks are equal
+    int gaps = 0;             // ranks missing inside them; 0 without a straight
     int highCards = 0;
 
-    bool flushPenalty = false;
+    int flushPenalties = 0;  // natural cards
     bool straightPenalty = false;
     RankSet discards = 0;  // natural cards
+    int suitsDiscarded = 0;
     int highDiscards = 0;  // ranks
 };
 HoldTraits TraitsOf(const Terms& terms, HoldLook look);

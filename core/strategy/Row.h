@@ -48,8 +48,14 @@ enum class Base : std::uint8_t {
 };
 
 enum class Height : std::uint8_t { kAny, kHigh, kLow };  // of a pair
-enum class Suiting : std::uint8_t { kAny, kSuited, kUnsuited };
-enum class Condition : std::uint8_t { kAny, kAbsent, kPresent };  // of discards
+enum class Suiting : std::uint8_t {
+    kAny,
+    kSuited,
+    kUnsuited,
+    kOneEyed,  // suited, in a suit whose jack is wild where other jacks are not
+    kTwoEyed,  // suited, in another suit
+};
+enum class Condition : std::uint8_t { kAny, kAbsent, kPresent };
 
 // How many there are to be, the ends included.
 struct Amount {
@@ -88,6 +94,7 @@ struct Row {
     Amount straightsAndHighCards;
     Amount wildCards;
     Amount jokers;
+    Condition suitedWild = Condition::kAny;
     RankSpan of;      // the rank that most of the cards have
     RankSpan kicker;  // the highest rank beside it
     RankSpan all;     // every rank
@@ -96,13 +103,16 @@ struct Row {
 
     Condition flushPenalty = Condition::kAny;
     Condition straightPenalty = Condition::kAny;
+    Amount flushPenalties;
+    Amount suitsDiscarded;
     Amount highDiscards;
     RankSet discarding = 0;
     RankSet notDiscarding = 0;
 
     bool AsksOfDiscards() const {
         return flushPenalty != Condition::kAny || straightPenalty != Condition::kAny ||
-               !highDiscards.IsAny() || discarding != 0 || notDiscarding != 0;
+               !flushPenalties.IsAny() || !suitsDiscarded.IsAny() || !highDiscards.IsAny() ||
+               discarding != 0 || notDiscarding != 0;
     }
     bool operator==(const Row&) const = default;
 };

@@ -48,6 +48,8 @@ inline constexpr AmountName kAmountNames[] = {
     {&Row::straightsAndHighCards, "straight or high card", "straights and high cards"},
     {&Row::wildCards, "wild card", "wild cards"},
     {&Row::jokers, "joker", "jokers"},
+    {&Row::flushPenalties, "flush penalty", "flush penalties"},
+    {&Row::suitsDiscarded, "suit discarded", "suits discarded"},
     {&Row::highDiscards, "high card discarded", "high cards discarded"},
 };
 
@@ -77,6 +79,14 @@ inline constexpr FlagName kFlagNames[] = {
      [](Row& row) { row.suiting = Suiting::kSuited; }},
     {"unsuited", [](const Row& row) { return row.suiting == Suiting::kUnsuited; },
      [](Row& row) { row.suiting = Suiting::kUnsuited; }},
+    {"one-eyed suit", [](const Row& row) { return row.suiting == Suiting::kOneEyed; },
+     [](Row& row) { row.suiting = Suiting::kOneEyed; }},
+    {"two-eyed suit", [](const Row& row) { return row.suiting == Suiting::kTwoEyed; },
+     [](Row& row) { row.suiting = Suiting::kTwoEyed; }},
+    {"no suited wild card", [](const Row& row) { return row.suitedWild == Condition::kAbsent; },
+     [](Row& row) { row.suitedWild = Condition::kAbsent; }},
+    {"suited wild card", [](const Row& row) { return row.suitedWild == Condition::kPresent; },
+     [](Row& row) { row.suitedWild = Condition::kPresent; }},
     {"no flush penalty", [](const Row& row) { return row.flushPenalty == Condition::kAbsent; },
      [](Row& row) { row.flushPenalty = Condition::kAbsent; }},
     {"flush penalty", [](const Row& row) { return row.flushPenalty == Condition::kPresent; },

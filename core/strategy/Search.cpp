@@ -1,28 +1,31 @@
 #include "core/strategy/Search.h"
 
 #include <algorithm>
-#include <future>
 #include <optional>
-#include <thread>
 
 #include "core/strategy/Board.h"
 #include "core/strategy/Candidates.h"
+#include "core/strategy/Finish.h"
+#include "core/strategy/RowFinder.h"
+#include "core/strategy/RowList.h"
 
 namespace {
 
-constexpr double kNoGain = 1e-8;         // percent: smaller changes are rounding
-constexpr double kCoarse = 0.005;        // percent: a chart that loses less has to be fine
-constexpr std::size_t kMostPasses = 60;  // over the hands of rows that a guess speaks for
+constexpr double kNoGain = RowList::kNoGain;
+constexpr double kCoarse = 0.005;  // percent: a chart that loses less has to be fine
 constexpr std::size_t kMostSweeps = 6;
 constexpr std::size_t kDropsTried = 12;    // rows that are missed least
 constexpr std::size_t kDropsPolished = 4;  // of the lists that are left without one of them
-constexpr std::size_t kHeirsMoved = 3;
-constexpr std::uint32_t kNone = UINT32_MAX;
+constexpr std::size_t kTrimmedParts = 2;   // of a first list that is too long, for better rows
+constexpr std::size_t kAllParts = 3;
+constexpr std::size_t kExchanges = 4;       // tried, of rows that are missed least
+constexpr std::size_t kDeepRowsAtOnce = 4;  // before the list is polished
+constexpr std::uint32_t kNone = RowList::kNone;
 
-// All guesses together may add up so many sums. That ends a search after some seconds, and after
-// the same steps wherever it runs.
-constexpr std::size_t kMostSums = 700'000'000;
-constexpr std::size_t kSumsAtOnce = 16;
+// All guesses together may add up so many list.Sums(). That ends a search after some seconds, and
+// after the same steps wherever it runs.
+constexpr std::size_t kMostSums = 300'000'000;
+constexpr std::size_t kMostSumsWithPenalties = 700'000'000;
 
 // The parts of the work by which its progress is told.
 constexpr double kReadingPart = 0.1;
@@ -32,24 +35,21 @@ class Searcher {
   public:
     Searcher(const StartingHands& hands, const Terms& terms, const PayTable& table,
              const SearchWish& wish, const Progress& progress, const ListFound& told)
-        : terms(terms),
-          table(table),
+        : hands(hands),
+          terms(terms),
           wish(wish),
           progress(progress),
           told(told),
           board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
-                [this] { return GoOn(); }) {
+                [this] { return TellProgress(); }) {
         result.chart = {Row()};
         if (stopped) return;
-        candidates = MakeCandidates(terms, table, board.Index(), {wish.penalties});
-        std::erase_if(candidates, [this](const Candidate& candidate) {
-            return candidate.row.base != Base::kNothing &&
-                   std::ranges::none_of(candidate.looks, [this](std::uint32_t look) {
-                       return board.IsEverBest(look);
-                   });
-        });
-        if (!GoOn()) return;
+        holds = MakeWordedHolds(terms, table, board.Index(), {wish.penalties});
+        candidates =
+            MakeCandidates(holds, [this](std::uint32_t look) { return board.IsEverBest(look); });
+        if (!TellProgress()) return;
         board.Prepare(candidates);
+        finder.emplace(holds);
     }
 
     SearchResult Run() {
@@ -58,33 +58,46 @@ class Searcher {
             const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
             done = kReadingPart + each * static_cast<double>(i);
             limit = done + each;
-            mostSums = sums + (kMostSums - std::min(sums, kMostSums)) / (tolerances.size() - i);
+            const std::size_t all = wish.penalties ? kMostSumsWithPenalties : kMostSums;
+            mostSums = list.Sums() + (all - std::min(list.Sums(), all)) / (tolerances.size() - i);
             Start(tolerances[i]);
             Lengthen();
-            if (LossMatters() && rows.size() < wish.mostRows) {
-                Refine();
-                Lengthen();
-            }
+            Deepen();
+            Exchange();
             Shrink();
             if (!polished) Polish();
         }
+        if (!stopped && best && wish.penalties && wish.mostLoss >= 0) Touch();
         if (best) result.chart = best->rows;
         result.cancelled = stopped;
         return std::move(result);
     }
 
   private:
-    using Rows = std::vector<std::uint32_t>;  // numbers of candidates
-    struct Pick {
-        Board::Change change;
-        std::uint32_t candidate = kNone;
-    };
+    using Rows = RowList::Rows;
 
-    bool GoOn() {
+    // False when it shall go no further.
+    bool TellProgress() {
         // How long the search goes on is not known: each step comes nearer to the end of its part.
         done += (limit - done) * kStepTowardsLimit;
         if (!stopped && progress && !progress(done)) stopped = true;
-        return !stopped && sums < mostSums;
+        return !stopped;
+    }
+
+    bool GoOn() { return TellProgress() && list.Sums() < mostSums; }
+
+    // Adds rows with finer conditions, where those of the search are not enough.
+    void Touch() {
+        if (best->loss <= wish.mostLoss) return;
+        SearchResult::Found found = *best;
+        found.loss = Finish(
+            hands, terms, {wish.mostRows, wish.mostLoss}, [this] { return TellProgress(); },
+            found.rows);
+        if (found.rows.size() <= best->rows.size() || !IsBetter(found, *best)) return;
+        result.bySize.resize(std::max(result.bySize.size(), found.rows.size() + 1));
+        result.bySize[found.rows.size()] = found;
+        best = std::move(found);
+        if (told) told(*best);
     }
 
     // What rows of the first list may lose; several, since a coarser beginning is not always the
@@ -117,9 +130,9 @@ class Searcher {
     // Takes the list down when it is better than what was found before.
     void Note() {
         SearchResult::Found found{{}, board.Loss()};
-        for (const std::uint32_t row : rows) found.rows.push_back(candidates[row].row);
-        if (result.bySize.size() <= rows.size()) result.bySize.resize(rows.size() + 1);
-        SearchResult::Found& known = result.bySize[rows.size()];
+        for (const std::uint32_t row : list.Get()) found.rows.push_back(candidates[row].row);
+        if (result.bySize.size() <= list.Size()) result.bySize.resize(list.Size() + 1);
+        SearchResult::Found& known = result.bySize[list.Size()];
         if (known.rows.empty() || found.loss < known.loss - kNoGain) {
             known = found;
             if (told) told(known);
@@ -127,115 +140,42 @@ class Searcher {
         if (!best || IsBetter(found, *best)) best = std::move(found);
     }
 
-    void InsertRow(std::uint32_t candidate, std::size_t place) {
-        board.Insert(candidates[candidate].looks, place);
-        rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(place), candidate);
-    }
-
-    void RemoveRow(std::size_t row) {
-        board.Remove(row);
-        rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(row));
-    }
-
-    // Puts the rows of a list on the board, those that stand there in their places being left.
-    void Restore(const Rows& list) {
-        for (std::size_t row = rows.size(); row-- > 0;) {
-            if (std::ranges::find(list, rows[row]) == list.end()) RemoveRow(row);
-        }
-        for (std::size_t row = 0; row < list.size(); ++row) {
-            if (row < rows.size() && rows[row] == list[row]) continue;
-            const auto elsewhere = std::ranges::find(rows, list[row]);
-            if (elsewhere != rows.end()) {
-                RemoveRow(static_cast<std::size_t>(elsewhere - rows.begin()));
-            }
-            InsertRow(list[row], row);
-        }
-    }
-
-    void Lay(const Rows& list) {
-        while (!rows.empty()) RemoveRow(0);
-        for (std::size_t row = list.size(); row-- > 0;) InsertRow(list[row], 0);
-    }
-
     // The first candidate is to discard everything: the last row of every list.
     void Start(double tolerance) {
-        Rows list = board.FirstList(candidates, tolerance);
-        std::erase(list, 0U);
-        list.push_back(0);
-        Lay(list);
-        Tidy();
-        Lay(Rows(rows));  // the board is the faster the fewer places were ever taken
+        Rows first = board.FirstList(candidates, tolerance);
+        std::erase(first, 0U);
+        first.push_back(0);
+        list.Lay(first);
+        list.Tidy();
+        if (IsTooLong()) list.Trim(wish.mostRows * kTrimmedParts / kAllParts);
+        list.Lay(Rows(list.Get()));  // the board is the faster the fewer places were ever taken
         Note();
         polished = false;
     }
 
-    // Drops the rows that nothing is lost without.
-    void Tidy() {
-        for (std::size_t row = 0; row + 1 < rows.size();) {
-            if (board.LossWithout(row) <= board.Loss() + kNoGain) {
-                RemoveRow(row);
-            } else {
-                ++row;
-            }
-        }
-    }
-
-    void GuessAll(std::size_t from, std::size_t to) {
-        for (std::size_t i = from; i < to; ++i) {
-            guesses[i] = board.GuessInsertion(candidates[i].looks).loss;
-        }
-    }
-
-    // The row that gains most; of those that gain the same, the plainest.
-    Pick BestRow() {
-        guesses.resize(candidates.size());
-        for (const Candidate& candidate : candidates) {
-            sums += candidate.looks.size() * (rows.size() / kSumsAtOnce + 1);
-        }
-        const std::size_t half = twoThreads ? candidates.size() / 2 : candidates.size();
-        if (twoThreads) {
-            const auto other =
-                std::async(std::launch::async, [&] { GuessAll(half, candidates.size()); });
-            GuessAll(0, half);
-        } else {
-            GuessAll(0, half);
-        }
-        std::vector<std::uint32_t> hopes;
-        for (std::uint32_t i = 0; i < guesses.size(); ++i) {
-            if (guesses[i] < -kNoGain) hopes.push_back(i);
-        }
-        const std::size_t count = std::min(hopes.size(), kMostPasses);
-        const auto end = hopes.begin() + static_cast<std::ptrdiff_t>(count);
-        std::partial_sort(hopes.begin(), end, hopes.end(), [this](auto a, auto b) {
-            return guesses[a] != guesses[b] ? guesses[a] < guesses[b] : a < b;
-        });
-        Pick pick;
-        for (std::size_t i = 0; i < count; ++i) {
-            if (guesses[hopes[i]] > pick.change.loss + kNoGain) break;
-            const auto change = board.BestInsertion(candidates[hopes[i]].looks);
-            const double gain = pick.change.loss - change.loss;
-            if (gain > kNoGain || (gain > -kNoGain && hopes[i] < pick.candidate)) {
-                pick = {change, hopes[i]};
-            }
-        }
-        return pick;
-    }
-
-    // Takes each row out and puts the best one in. False when nothing changed.
+    // Takes each row out and puts the best one in. False when nothing changed. A row that was tried
+    // since the last change is left in peace.
     bool Sweep() {
         bool changed = false;
-        for (std::size_t row = 0; row + 1 < rows.size() && GoOn(); ++row) {
-            const std::uint32_t old = rows[row];
-            RemoveRow(row);
-            const Pick pick = BestRow();
+        for (std::size_t row = 0; row + 1 < list.Size() && GoOn(); ++row) {
+            const std::uint32_t old = list.Get()[row];
+            if (std::ranges::find(tried, old) != tried.end()) continue;
+            list.Remove(row);
             const auto back = board.BestInsertion(candidates[old].looks);
+            const RowList::Pick pick = list.BestRow(-back.loss);
             const double gain = back.loss - pick.change.loss;
-            if (gain > kNoGain || (gain > -kNoGain && pick.candidate < old)) {
-                InsertRow(pick.candidate, pick.change.place);
+            if (pick.candidate != kNone &&
+                (gain > kNoGain || (gain > -kNoGain && pick.candidate < old))) {
+                list.Insert(pick.candidate, pick.change.place);
                 changed = true;
+                tried = {pick.candidate};
             } else {
-                changed = changed || back.place != row;
-                InsertRow(old, back.place);
+                list.Insert(old, back.place);
+                if (back.place != row) {
+                    changed = true;
+                    tried.clear();
+                }
+                tried.push_back(old);
             }
         }
         return changed;
@@ -243,13 +183,14 @@ class Searcher {
 
     void Polish() {
         polished = true;
+        tried.clear();
         double before = board.Loss();
         for (std::size_t i = 0; i < kMostSweeps && GoOn(); ++i) {
-            const std::size_t size = rows.size();
+            const std::size_t size = list.Size();
             const bool changed = Sweep();
-            Tidy();
+            if (list.Tidy()) tried.clear();
             Note();
-            const bool gained = board.Loss() < before - kNoGain || rows.size() < size;
+            const bool gained = board.Loss() < before - kNoGain || list.Size() < size;
             if (!changed || (!gained && i > 0)) break;
             before = board.Loss();
         }
@@ -260,44 +201,28 @@ class Searcher {
     // Adds rows as long as they help and there is room, when the loss is what matters.
     void Lengthen() {
         if (!LossMatters()) return;
-        const std::size_t size = rows.size();
-        while (rows.size() < wish.mostRows && GoOn()) {
-            const Pick pick = BestRow();
-            if (pick.change.loss > -kNoGain) break;
-            InsertRow(pick.candidate, pick.change.place);
+        const std::size_t size = list.Size();
+        while (list.Size() < wish.mostRows && GoOn()) {
+            const RowList::Pick pick = list.BestRow(kNoGain);
+            if (pick.candidate == kNone) break;
+            list.Insert(pick.candidate, pick.change.place);
             Note();
         }
-        if (rows.size() > size) Polish();
+        if (list.Size() > size) Polish();
     }
 
-    // Adds candidates with a third word to those there are: refinements of the rows of the list.
-    void Refine() {
-        const Rows list = rows;
-        for (const std::uint32_t row : list) {
-            for (Candidate& refined :
-                 Refined(terms, table, board.Index(), {wish.penalties}, candidates[row])) {
-                const bool known =
-                    std::ranges::any_of(candidates, [&refined](const Candidate& candidate) {
-                        return candidate.looks == refined.looks;
-                    });
-                if (!known) candidates.push_back(std::move(refined));
-            }
+    // Adds rows of more words than the candidates have, which they then join.
+    void Deepen() {
+        std::size_t fresh = 0;
+        while (LossMatters() && list.Size() < wish.mostRows && GoOn()) {
+            auto found = finder->Find(board, kNoGain);
+            if (!found) break;
+            candidates.push_back(std::move(found->candidate));
+            list.Insert(static_cast<std::uint32_t>(candidates.size() - 1), found->change.place);
+            Note();
+            if (++fresh % kDeepRowsAtOnce == 0) Polish();
         }
-    }
-
-    // Takes a row out, and moves those that inherit its hands to their best places.
-    void DropAndMove(std::size_t row) {
-        Rows heirs;
-        for (const std::size_t place : board.HeirsOf(row, kHeirsMoved)) {
-            heirs.push_back(rows[place]);
-        }
-        RemoveRow(row);
-        for (const std::uint32_t heir : heirs) {
-            const auto place =
-                static_cast<std::size_t>(std::ranges::find(rows, heir) - rows.begin());
-            RemoveRow(place);
-            InsertRow(heir, board.BestInsertion(candidates[heir].looks).place);
-        }
+        if (fresh % kDeepRowsAtOnce != 0) Polish();
     }
 
     struct Drop {
@@ -309,24 +234,46 @@ class Searcher {
     // are not tried.
     std::vector<Drop> Drops() {
         std::vector<std::pair<double, std::size_t>> damages;
-        for (std::size_t row = 0; row + 1 < rows.size(); ++row) {
+        for (std::size_t row = 0; row + 1 < list.Size(); ++row) {
             damages.emplace_back(board.LossWithout(row), row);
         }
         std::ranges::sort(damages);
         damages.resize(std::min(damages.size(), kDropsTried));
-        const Rows before = rows;
+        const Rows before = list.Get();
         std::vector<Drop> drops;
         for (const auto& [damage, row] : damages) {
             if (stopped) break;
-            DropAndMove(row);
-            drops.push_back({board.Loss(), rows});
-            Restore(before);
+            list.DropAndMove(row);
+            drops.push_back({board.Loss(), list.Get()});
+            list.Restore(before);
         }
         std::ranges::stable_sort(drops, {}, &Drop::loss);
         return drops;
     }
 
-    bool IsTooLong() const { return rows.size() > wish.mostRows; }
+    // Takes out a row that is missed little for one of more words, as long as that helps.
+    void Exchange() {
+        bool better = true;
+        while (better && LossMatters() && list.Size() == wish.mostRows && GoOn()) {
+            const Rows before = list.Get();
+            const double lossBefore = board.Loss();
+            const std::vector<Drop> drops = Drops();
+            better = false;
+            for (std::size_t i = 0; i < std::min(drops.size(), kExchanges) && GoOn(); ++i) {
+                list.Restore(drops[i].rows);
+                auto found = finder->Find(board, kNoGain);
+                if (!found) continue;
+                candidates.push_back(std::move(found->candidate));
+                list.Insert(static_cast<std::uint32_t>(candidates.size() - 1), found->change.place);
+                Polish();
+                better = board.Loss() < lossBefore - kNoGain;
+                if (better) break;
+            }
+            if (!better) list.Restore(before);
+        }
+    }
+
+    bool IsTooLong() const { return list.Size() > wish.mostRows; }
     bool IsGood(double loss) const { return wish.mostLoss >= 0 && loss <= wish.mostLoss + kNoGain; }
 
     // Drops a row; false when the chart is as short as it can be. As long as the list is good
@@ -335,9 +282,9 @@ class Searcher {
     bool DropRow() {
         const std::vector<Drop> drops = Drops();
         if (drops.empty()) return false;
-        const bool far = rows.size() > wish.mostRows + kDropsPolished;
+        const bool far = list.Size() > wish.mostRows + kDropsPolished;
         if (IsGood(drops.front().loss) || (IsTooLong() && far)) {
-            Restore(drops.front().rows);
+            list.Restore(drops.front().rows);
             Note();
             polished = false;
             return true;
@@ -346,44 +293,44 @@ class Searcher {
             Polish();
             return true;
         }
-        const Rows before = rows;
+        const Rows before = list.Get();
         Drop bestDrop{1e9, {}};
         for (std::size_t i = 0; i < std::min(drops.size(), kDropsPolished) && GoOn(); ++i) {
-            Restore(drops[i].rows);
+            list.Restore(drops[i].rows);
             Polish();
-            if (board.Loss() < bestDrop.loss - kNoGain) bestDrop = {board.Loss(), rows};
+            if (board.Loss() < bestDrop.loss - kNoGain) bestDrop = {board.Loss(), list.Get()};
             if (IsGood(board.Loss())) return true;
         }
         if (bestDrop.rows.empty() || !IsTooLong()) {
-            Restore(before);
+            list.Restore(before);
             return false;
         }
-        Restore(bestDrop.rows);
+        list.Restore(bestDrop.rows);
         return true;
     }
 
     void Shrink() {
-        while (rows.size() > 1 && !stopped && (IsTooLong() || IsGood(board.Loss()))) {
+        while (list.Size() > 1 && !stopped && (IsTooLong() || IsGood(board.Loss()))) {
             if (!DropRow()) break;
         }
     }
 
+    const StartingHands& hands;
     const Terms& terms;
-    const PayTable& table;
     const SearchWish& wish;
     const Progress& progress;
     const ListFound& told;
     bool stopped = false;
-    std::size_t sums = 0;  // added up so far
     std::size_t mostSums = kMostSums;
     bool polished = false;  // nothing was dropped since
     double done = 0;
     double limit = kReadingPart;  // of done, in the part at work
     Board board;
+    std::vector<WordedHold> holds;
+    std::optional<RowFinder> finder;
     std::vector<Candidate> candidates;
-    Rows rows;  // as they stand on the board
-    std::vector<double> guesses;
-    bool twoThreads = std::thread::hardware_concurrency() > 1;
+    RowList list{board, candidates};
+    Rows tried;
     SearchResult result;
     std::optional<SearchResult::Found> best;
 };
@@ -391,6 +338,7 @@ class Searcher {
 }  // namespace
 
 SearchResult FindChart(const StartingHands& hands, const Terms& terms, const PayTable& table,
-                       const SearchWish& wish, const Progress& progress, const ListFound& told) {
+                       const SearchWish& wish, const Progress& progress,
+                       const ListFound& told) {
     return Searcher(hands, terms, table, wish, progress, told).Run();
 }

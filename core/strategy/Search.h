@@ -3,8 +3,10 @@
 // A first list is made from the top, of rows that lose next to nothing on the hands that are left
 // to them, the widest first. Then rows that became needless go, each row is taken out and the best
 // one for its place put in, itself included, and the row that is missed least is dropped, until the
-// chart is as short as is wished. The same table gives the same chart: nothing depends on time.
+// chart is as short as is wished. A chart that loses too much gets further rows, at last such of
+// more words than the others. The same table gives the same chart: nothing depends on time.
 #pragma once
+#include <functional>
 #include <vector>
 
 #include "core/strategy/Grade.h"
@@ -36,7 +38,8 @@ struct SearchResult {
     bool cancelled = false;     // the chart is what was found so far
 };
 
-// Told of each list that is better than those of its length before.
+// Told of each chart that is better than those of its length before, the first of them when a tenth
+// of the work is done.
 using ListFound = std::function<void(const SearchResult::Found& found)>;
 
 // Works on two threads where there are two. The progress is asked, and what is found told, from the

@@ -1,7 +1,7 @@
 #include "core/strategy/Grade.h"
 
 #include "core/strategy/RowText.h"
-#include "tests/core/strategy/SecondReader.h"
+#include "tests/core/strategy/SecondGrade.h"
 
 namespace {
 
@@ -78,9 +78,10 @@ K Q J suited
 4 to a straight, unsuited, 1-2 straights and high cards, 0 gaps
 3 to a straight, 1 gap
 low pair, not discarding T 9
+3 to a flush, 2+ flush penalties
 3 to a flush, flush penalty
 2 high cards, suited, 1 straight or high card
-2 to a straight, ranks 9-J, no straight penalty
+2 to a straight, ranks 9-J, no straight penalty, 2-3 suits discarded
 1 high card, 1 high card discarded
 )";
 
@@ -104,15 +105,22 @@ pat three of a kind or better
 pair, 0 wild cards
 4 to a straight, 2+ straights
 3 to a royal flush
-2 to a royal flush, without A, flush penalty
+2 to a royal flush, without A, 1 flush penalty, 1 suit discarded
+W 5, suited wild card
+W 6, two-eyed suit
+3 to a straight flush, one-eyed suit
 )";
 
 // Few rows, since two suits that are unlike the others leave five times as many hands.
 constexpr const char* kShort = R"(
 4 to a royal flush, 0 wild cards
-W T
+4 to a straight flush, suited wild card
+W T, two-eyed suit
 three of a kind, 1+ wild cards
+3 to a royal flush, no suited wild card
 3 to a flush, flush penalty
+3 to a straight flush, one-eyed suit
+T
 )";
 
 TEST(GradeTest, JacksOrBetterReturnsWhatASlowReaderFinds) {

@@ -53,10 +53,11 @@ Row RandomRow(std::mt19937& random) {
             row.count = row.base == Base::kTwoPair ? std::int8_t{4}
                                                    : static_cast<std::int8_t>(2 + below(3));
     }
-    row.suiting = static_cast<Suiting>(below(3));
-    for (Amount Row::*member :
-         {&Row::straights, &Row::gaps, &Row::highCards, &Row::straightsAndHighCards,
-          &Row::wildCards, &Row::jokers, &Row::highDiscards}) {
+    row.suiting = static_cast<Suiting>(below(5));
+    row.suitedWild = condition();
+    for (Amount Row::*member : {&Row::straights, &Row::gaps, &Row::highCards,
+                                &Row::straightsAndHighCards, &Row::wildCards, &Row::jokers,
+                                &Row::flushPenalties, &Row::suitsDiscarded, &Row::highDiscards}) {
         row.*member = amount();
     }
     for (RankSpan Row::*member : {&Row::of, &Row::kicker, &Row::all}) row.*member = span();

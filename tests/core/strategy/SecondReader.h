@@ -1,25 +1,20 @@
-// Reads and grades charts as docs/strategy.md describes them, slowly and in plain steps. It shares
-// no code with the product but the evaluation of hands.
+// Reads charts as docs/strategy.md describes them, slowly and in plain steps. It shares no code
+// with the product but the evaluation of hands.
 #pragma once
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <functional>
 #include <map>
-#include <numeric>
 #include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "core/analysis/AceOrder.h"
-#include "core/analysis/Combinations.h"
-#include "core/analysis/GameAnalysis.h"
 #include "tests/core/TestGames.h"
 
 namespace second {
-
-__extension__ using Wide = __int128;
 
 inline const std::string kOrder = "23456789TJQKA";
 
@@ -36,7 +31,7 @@ struct Cards {
     int lineNumber = -1;
     std::array<int, 13> count{};
     int naturals = 0, wilds = 0, jokers = 0, blanks = 0, group = -1, kicker = -1, straights = 0;
-    bool suited = false;
+    bool suited = false, oneEyed = false, suitedWild = false;
 
     bool HasRank(int rank) const { return count[static_cast<std::size_t>(rank)] > 0; }
 };
@@ -45,7 +40,7 @@ inline bool Stands(int rank, int straight) {  // straight 0 is A2345, 9 is TJQKA
     return straight == 0 ? rank == 12 || rank <= 3 : rank >= straight - 1 && rank <= straight + 3;
 }
 
-inline void Describe(Cards& cards) {
+inline void Describe(Cards& cards, const std::set<int>& oneEyedSuits) {
     std::set<int> suits;
     for (const Card& card : cards.held) {
         if (card.rank < 0) ++cards.jokers;
@@ -57,6 +52,10 @@ inline void Describe(Cards& cards) {
         suits.insert(card.suit >= 1 && card.suit <= 4 ? card.suit : 9);
     }
     cards.suited = suits.size() == 1 && *suits.begin() != 9;
+    for (const Card& card : cards.held)
+        if (cards.suited && card.wild && card.rank >= 0)
+            cards.suitedWild = cards.suitedWild || suits.count(card.suit) > 0;
+    cards.oneEyed = cards.suited && oneEyedSuits.count(*suits.begin()) > 0;
     for (int rank = 0; rank < 13; ++rank) {
         const auto count = [&](int r) { return cards.count[static_cast<std::size_t>(r)]; };
         if (count(rank) > 0 && (cards.group < 0 || count(rank) >= count(cards.group)))
@@ -242,7 +241,12 @@ class Reader {
         const std::string text = Join(words, 0);
         if (text == "suited") return [](const Cards& c) { return c.suited; };
         if (text == "unsuited") return [](const Cards& c) { return !c.suited; };
-        if (text.ends_with("flush penalty")) return PenaltyTest(text, FlushPenalty);
+        if (text == "one-eyed suit") return [](const Cards& c) { return c.oneEyed; };
+        if (text == "two-eyed suit") return [](const Cards& c) { return c.suited && !c.oneEyed; };
+        if (text.ends_with("suited wild card"))
+            return [no = text.starts_with("no")](const Cards& c) { return c.suitedWild != no; };
+        if (text.ends_with("flush penalty") && !std::isdigit(text[0]))
+            return PenaltyTest(text, FlushPenalty);
         if (text.ends_with("straight penalty")) return PenaltyTest(text, StraightPenalty);
         if (words[0] == "of" || words[0] == "kicker" || words[0] == "ranks") {
             const int low = Rank(words[1].front()), top = Rank(words[1].back());
@@ -277,14 +281,21 @@ class Reader {
         const bool wanted = !text.starts_with("no ");
         return [wanted, penalty](const Cards& c) { return penalty(c) == wanted; };
     }
-    static bool FlushPenalty(const Cards& c) {
-        if (!c.suited) return false;
+    static bool FlushPenalty(const Cards& c) { return FlushPenalties(c) > 0; }
+    static int FlushPenalties(const Cards& c) {
+        if (!c.suited) return 0;
         int suit = 0;
         for (const Card& card : c.held)
             if (!card.wild) suit = card.suit;
-        return std::ranges::any_of(c.out, [suit](const Card& card) {
+        return static_cast<int>(std::ranges::count_if(c.out, [suit](const Card& card) {
             return !card.wild && card.rank >= 0 && card.suit == suit;
-        });
+        }));
+    }
+    static int SuitsDiscarded(const Cards& c) {
+        std::set<int> suits;
+        for (const Card& card : c.out)
+            if (!card.wild && card.rank >= 0 && card.suit <= 4) suits.insert(card.suit);
+        return static_cast<int>(suits.size());
     }
     static bool StraightPenalty(const Cards& c) {
         for (int straight = 0; straight < 10 && c.naturals > 0; ++straight) {
@@ -331,7 +342,9 @@ class Reader {
                 number = c.straights + Highs(c);
             if (what.starts_with("wild card")) number = c.wilds;
             if (what.starts_with("joker")) number = c.jokers;
-            if (what.ends_with("discarded")) {
+            if (what.starts_with("flush penalt")) number = FlushPenalties(c);
+            if (what.starts_with("suit")) number = SuitsDiscarded(c);
+            if (what.starts_with("high") && what.ends_with("discarded")) {
                 std::set<int> ranks;
                 for (const Card& card : c.out)
                     if (!card.wild && card.rank >= 0 && IsHigh(card.rank)) ranks.insert(card.rank);
@@ -345,114 +358,5 @@ class Reader {
     std::vector<std::string> names;
     std::array<bool, 13> high{};
 };
-
-// Sums over all starting hands, in coins of a five-coin bet times `parts`.
-struct Grade {
-    Wide best = 0, worst = 0, bestReading = 0;
-    std::int64_t hands = 0, ambiguous = 0, parts = 1;
-    std::vector<std::int64_t> handsOfRow;  // the last: no row
-    std::vector<Wide> lossOfRow;
-};
-
-// The hands whose suits, as sets of ranks, come in falling order stand for all that a renaming of
-// suits makes of them; where jacks of two suits are wild, only pairs of suits are renamed.
-inline std::int64_t Renamings(const PayTable& table, const CardTable& deck,
-                              const std::vector<CardCode>& codes) {
-    std::array<int, 4> suits{};
-    int jokers = 0;
-    for (const CardCode code : codes) {
-        const CardInfo& card = deck.cards[static_cast<std::size_t>(code)];
-        if (card.IsJoker()) ++jokers;
-        if (card.suit >= 1 && card.suit <= 4)
-            suits[static_cast<std::size_t>(card.suit - 1)] |= 1 << card.rank;
-    }
-    // Of jokers, those of the lowest slots stand for the others.
-    int seen = 0;
-    for (CardCode code = 0; code < deck.deckSize; ++code) {
-        if (!deck.cards[static_cast<std::size_t>(code)].IsJoker()) continue;
-        const bool held = std::ranges::find(codes, code) != codes.end();
-        if (held != (seen++ < jokers)) return 0;
-    }
-    std::int64_t ways = jokers == 0 ? 1 : Combinations(table.jokers, jokers);
-    if (table.type == GameType::kOneEyedJacks) {
-        if (suits[0] < suits[1] || suits[2] < suits[3]) return 0;
-        return ways * (suits[0] > suits[1] ? 2 : 1) * (suits[2] > suits[3] ? 2 : 1);
-    }
-    if (!std::ranges::is_sorted(suits, std::greater<>())) return 0;
-    std::int64_t orders = 0;
-    std::ranges::sort(suits);
-    do ++orders;
-    while (std::ranges::next_permutation(suits).found);
-    return ways * orders;
-}
-
-inline Grade GradeSlowly(const PayTable& table, const std::string& chart) {
-    const Reader reader(table);
-    const auto rows = reader.Read(chart);
-    const CardTable deck = BuildCardTable(DeckOf(table));
-    const LineTables tables(table);
-    Grade grade;
-    grade.handsOfRow.resize(rows.size() + 1);
-    grade.lossOfRow.resize(rows.size() + 1);
-    for (int drawn = 1; drawn <= 5; ++drawn)
-        grade.parts = std::lcm(grade.parts, Combinations(deck.deckSize - 5, drawn));
-    HoldAnalysis analysis;
-    ForEachChoice(deck, 5, [&](const std::vector<CardCode>& codes) {
-        const std::int64_t weight = Renamings(table, deck, codes);
-        if (weight == 0) return;
-        AnalyzeHand(tables, table, {FacesOf(deck, codes), {}}, 5, 1, analysis);
-        std::array<std::int64_t, 32> values{};
-        std::vector<std::size_t> fitting;
-        std::size_t row = rows.size();
-        for (std::size_t mask = 0; mask < 32; ++mask) {
-            const HoldResult& hold = analysis.holds[mask];
-            for (std::size_t line = 0; line < table.lines.size(); ++line)
-                values[mask] +=
-                    hold.lineCounts[line] * LineUnitPay(table, static_cast<int>(line), 5);
-            values[mask] *= grade.parts / hold.totalHands;
-            Cards cards;
-            for (std::size_t i = 0; i < 5; ++i) {
-                const CardInfo& info = deck.cards[static_cast<std::size_t>(codes[i])];
-                const Card card{info.IsJoker()   ? -1
-                                : info.rank == 1 ? 12
-                                                 : info.rank - 2,
-                                info.suit, info.wild};
-                (Holds(static_cast<int>(mask), static_cast<int>(i)) ? cards.held : cards.out)
-                    .push_back(card);
-            }
-            if (mask == 31) {
-                for (std::size_t line = 0; line < table.lines.size(); ++line)
-                    if (hold.lineCounts[line] > 0) cards.lineNumber = static_cast<int>(line);
-                if (cards.lineNumber >= 0)
-                    cards.line = Reader::NameOf(
-                        table.lines[static_cast<std::size_t>(cards.lineNumber)].rank);
-            }
-            Describe(cards);
-            for (std::size_t i = 0; i <= row && i < rows.size(); ++i) {
-                if (!std::ranges::all_of(rows[i], [&](const Test& test) { return test(cards); }))
-                    continue;
-                if (i < row) fitting.clear();
-                row = i;
-                fitting.push_back(mask);
-                break;
-            }
-        }
-        if (fitting.empty()) fitting.push_back(0);
-        std::int64_t worst = values[fitting[0]], best = worst;
-        for (const std::size_t mask : fitting) {
-            worst = std::min(worst, values[mask]);
-            best = std::max(best, values[mask]);
-        }
-        const std::int64_t most = std::ranges::max(values);
-        grade.best += Wide{most} * weight;
-        grade.worst += Wide{worst} * weight;
-        grade.bestReading += Wide{best} * weight;
-        grade.hands += weight;
-        grade.ambiguous += worst < best ? weight : 0;
-        grade.handsOfRow[row] += weight;
-        grade.lossOfRow[row] += Wide{most - worst} * weight;
-    });
-    return grade;
-}
 
 }  // namespace second
