@@ -338,7 +338,6 @@ class Searcher {
 }  // namespace
 
 SearchResult FindChart(const StartingHands& hands, const Terms& terms, const PayTable& table,
-                       const SearchWish& wish, const Progress& progress,
-                       const ListFound& told) {
+                       const SearchWish& wish, const Progress& progress, const ListFound& told) {
     return Searcher(hands, terms, table, wish, progress, told).Run();
 }
