@@ -9,7 +9,8 @@
 int main(int argc, char** argv) {
     const std::array commands = {cli::GamesCommand(),    cli::ClassifyCommand(),
                                  cli::HandCommand(),     cli::AnalyzeCommand(),
-                                 cli::StrategyCommand(), cli::AutoplayCommand()};
+                                 cli::StrategyCommand(), cli::CompareCommand(),
+                                 cli::MeterCommand(),    cli::AutoplayCommand()};
     cli::Answer answer = cli::AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {
