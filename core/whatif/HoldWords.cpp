@@ -77,7 +77,8 @@ Row Unsuited(const HoldTraits& hold) {
 Row Groups(const HoldTraits& hold) {
     const int group = hold.countOf[static_cast<std::size_t>(hold.groupRank)];
     const int beside = hold.naturals - group;
-    if (group == 2 && beside == 2 && hold.wilds == 0) return RowOf(Base::kTwoPair, hold.cards);
+    const int kicker = hold.countOf[static_cast<std::size_t>(hold.kickerRank)];
+    if (group == 2 && kicker == 2 && hold.wilds == 0) return RowOf(Base::kTwoPair, hold.cards);
     if (beside != 1 || group + hold.wilds < 2) return Ranks(hold);
     Row row = RowOf(Base::kOfAKindAndOne, group + hold.wilds);
     row.kicker = {static_cast<std::int8_t>(hold.kickerRank),
