@@ -22,6 +22,11 @@ void FormHistory::Note(const FormState& state, std::optional<FieldPlace> typedIn
     states.resize(at + 1);
     if (typedIn && typedIn == typing && at > 0) {
         states[at] = state;
+        if (state == states[at - 1]) {  // all of it is deleted again
+            states.pop_back();
+            --at;
+            typedIn.reset();
+        }
     } else {
         states.push_back(state);
         if (states.size() > kMostStates) states.erase(states.begin());
@@ -49,4 +54,10 @@ const FormState& FormHistory::Redo() {
 
 void FormHistory::ChangeAll(const std::function<void(FormState&)>& change) {
     std::ranges::for_each(states, change);
+    for (std::size_t i = states.size() - 1; i > 0; --i) {
+        if (states[i] != states[i - 1]) continue;
+        states.erase(states.begin() + static_cast<std::ptrdiff_t>(i));
+        if (at >= i) --at;
+    }
+    typing.reset();
 }

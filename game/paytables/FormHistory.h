@@ -25,7 +25,8 @@ class FormHistory {
     void Begin(const FormState& state);
 
     // Notes a step unless nothing has changed. What is typed into one field without anything else
-    // in between is one step. Of more than a thousand steps the oldest are forgotten.
+    // in between is one step, or none where it is taken out again. Of more than a thousand steps
+    // the oldest are forgotten.
     void Note(const FormState& state, std::optional<FieldPlace> typedIn = std::nullopt);
 
     // Puts what has become of the last step in its place.
@@ -39,7 +40,7 @@ class FormHistory {
     const FormState& Redo();
 
     // For what is no step and holds for all of them: a game has another name, a table another
-    // index.
+    // index. Steps that change nothing then are dropped.
     void ChangeAll(const std::function<void(FormState&)>& change);
 
   private:

@@ -26,12 +26,17 @@ double PercentForCoin(const GameTotals& totals, std::size_t line) {
     return ProbabilityOf(totals, line) / kFullBet * 100;
 }
 
+// Of double draw games the lines are those after the first draw, whose sum is not the return of the
+// game: the shares are of that sum, so that they always make 100 percent.
 std::vector<LiveLine> LinesOf(const GameTotals& totals, const PayTable& table) {
     std::vector<LiveLine> lines;
+    double all = 0;
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
-        lines.push_back({ProbabilityOf(totals, i), LinePercentReturn(totals, table, i),
-                         PercentForCoin(totals, i)});
+        const double percent = LinePercentReturn(totals, table, i);
+        lines.push_back({ProbabilityOf(totals, i), percent, PercentForCoin(totals, i)});
+        all += percent;
     }
+    for (LiveLine& line : lines) line.sharePercent = all > 0 ? line.sharePercent / all * 100 : 0;
     return lines;
 }
 

@@ -17,12 +17,12 @@
 #include "game/paytables/PayTableForm.h"
 #include "game/paytables/UnpaidLines.h"
 
-// What the analysis says of a line. Percentages are of the wager at the full bet.
+// What the analysis says of a line.
 struct LiveLine {
     double probability = 0;     // that a hand ends there
-    double sharePercent = 0;    // of the return
-    double percentForCoin = 0;  // that one coin more of the pay at the full bet adds to the return,
-                                // as long as the best holds stay the same
+    double sharePercent = 0;    // of what all lines return
+    double percentForCoin = 0;  // of the wager at the full bet: what one coin more of the pay there
+                                // adds to the return as long as the best holds stay the same
 };
 
 struct BreakEven {
@@ -49,7 +49,7 @@ struct LiveResult {
 // "Return 99.5439%  Variance 19.51".
 std::string LiveText(const LiveResult& result);
 
-// "Return at one coin 98.37 %  −1.10 % against stored  ROYAL FLUSH breaks even at 4,881"; what is
+// "Return at one coin 98.3735%  −1.10 % against stored  ROYAL FLUSH breaks even at 4,880"; what is
 // not known yet is left out.
 std::string LiveDetailText(const LiveResult& result, const PayTableTexts& texts);
 

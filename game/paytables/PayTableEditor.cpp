@@ -20,7 +20,7 @@ PayTableEditor::PayTableEditor(Seat& seat, const DataFilePaths& paths, TableOfGa
       paths(paths),
       gameId(shown.gameId),
       tableIndex(newGame ? 0 : shown.tableIndex),
-      newGame(newGame) {
+      making(newGame ? Making::kNothingStored : Making::kMade) {
     Load(gameName, tableIndex);
     if (newGame) CheckWilds(texts, texts.usesWilds);
     BeginTable();
@@ -47,9 +47,7 @@ void PayTableEditor::BeginTable() {
 }
 
 void PayTableEditor::KeepStored() {
-    const std::string& name = newGame && savedName.empty() ? keptName : StoredName();
-    kept =
-        HasTable() ? AsKept(ReadPayTableTexts(seat.files.Main(), name, tableIndex)) : AsKept(texts);
+    kept = AsKept(HasTable() ? ReadPayTableTexts(seat.files.Main(), keptName, tableIndex) : texts);
 }
 
 bool PayTableEditor::IsChanged() const {
@@ -113,7 +111,7 @@ bool PayTableEditor::IsEnabled(FieldPlace place) const {
     };
     switch (place.field) {
         case kName:
-            return IsUserGame() && newGame;
+            return IsUserGame() && MayName();
         case kOneEyedJacks:
             return mayCheck(GameType::kOneEyedJacks);
         case kFiveAces:
@@ -145,9 +143,6 @@ bool PayTableEditor::IsEnabled(FieldPlace place) const {
     return IsUserGame();
 }
 
-// Under which the shown table is stored; empty for a new game that is not.
-const std::string& PayTableEditor::StoredName() const { return newGame ? savedName : gameName; }
-
 bool PayTableEditor::HasNextTable() const {
     return CanBeGoneTo(NextTable(seat.files.Main(), StoredName(), tableIndex));
 }
@@ -156,20 +151,20 @@ bool PayTableEditor::HasPreviousTable() const {
     return CanBeGoneTo(PreviousTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
-void PayTableEditor::GoTo(int index) {
-    if (!CanBeGoneTo(index)) return;
+void PayTableEditor::GoTo(PayTableQuestions& questions, int index) {
+    if (!CanBeGoneTo(index) || !MayLeave(questions)) return;
     tableIndex = index;
-    UseSavedName();
-    Load(StoredName(), index);
+    Load(gameName, index);
     BeginTable();
 }
 
-void PayTableEditor::GoToNextTable() {
-    GoTo(NextTable(seat.files.Main(), StoredName(), tableIndex));
+void PayTableEditor::GoToNextTable(PayTableQuestions& questions) {
+    GoTo(questions, NextTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
-void PayTableEditor::GoToPreviousTable() {
-    if (tableIndex != 0) GoTo(PreviousTable(seat.files.Main(), StoredName(), tableIndex));
+void PayTableEditor::GoToPreviousTable(PayTableQuestions& questions) {
+    if (tableIndex != 0)
+        GoTo(questions, PreviousTable(seat.files.Main(), StoredName(), tableIndex));
 }
 
 void PayTableEditor::Clear() {
@@ -205,7 +200,7 @@ void PayTableEditor::ChangeGame(PayTableQuestions& questions) {
     const GameFiles& files = seat.files;
     const auto chosen = questions.SelectsGame(SelectableGames(files.Main()), gameName);
     if (!chosen) return;
-    newGame = false;
+    making = Making::kMade;
     gameName = *chosen;
     gameId = GameIdFromName(files.Main(), gameName);
     tableIndex = ActiveTable(files.Game(), files.mainPath, gameName);
@@ -220,7 +215,7 @@ std::optional<FormProblem> PayTableEditor::TableProblem() const {
 
 std::optional<FormProblem> PayTableEditor::Problem() const {
     if (!HasTable()) return TableProblem();
-    const std::string name = newGame || gameName.empty() ? NameProblem(gameName) : "";
+    const std::string name = MayName() || gameName.empty() ? NameProblem(gameName) : "";
     if (!name.empty()) return {{name, {FormField::kName}}};
     return TableProblem();
 }

@@ -42,20 +42,21 @@ enum class TableFormat { kText, kCsv };
 
 class PayTableEditor {
   public:
-    // The objects referred to outlive the editor. newGame: the first table of a user game is made,
-    // and the player may name the game.
+    // The objects referred to outlive the editor. newGame: the first table of a user game is made.
+    // The player may type the name of the game until it has a second table or another game is
+    // shown; what is saved under a new name renames it.
     PayTableEditor(Seat& seat, const DataFilePaths& paths, TableOfGame shown, bool newGame = false);
 
     std::string gameName;  // at most 80 bytes; empty after a deletion
     PayTableTexts texts;
 
     int GameId() const { return gameId; }
-    int TableIndex() const { return tableIndex; }  // -1 after a deletion
+    int TableIndex() const { return tableIndex; }  // -1 where there is none
     bool IsUserGame() const { return ::IsUserGame(gameId); }
 
     // Whether there is a table to be edited and saved. A deletion leaves none until a game is
-    // chosen; one that is being made can be begun again.
-    bool HasTable() const { return newGame || tableIndex >= 0; }
+    // chosen; a game that was being made can be begun again.
+    bool HasTable() const { return tableIndex >= 0; }
 
     // Whether the table is of a user game: it may be made from a template and deleted, and its game
     // renamed.
@@ -102,9 +103,11 @@ class PayTableEditor {
     // when they stay: on Cancel, and when they cannot be saved.
     bool MayLeave(PayTableQuestions& questions);
 
-    // These two do not ask.
-    void GoToNextTable();
-    void GoToPreviousTable();
+    // Along the chain as it was before the question: changes that are saved as a new table do not
+    // lead to its neighbours.
+    void GoToNextTable(PayTableQuestions& questions);
+    void GoToPreviousTable(PayTableQuestions& questions);
+
     void Clear();
     void LoadTemplate(PayTableQuestions& questions);
     void ChangeGame(PayTableQuestions& questions);
@@ -141,16 +144,23 @@ class PayTableEditor {
     const std::optional<TableOfGame>& MadeActive() const { return madeActive; }
 
   private:
+    // How far a game that is made here has come. Until kMade it has the table 0 at most, which is
+    // the one that is shown.
+    enum class Making { kNothingStored, kFirstTableStored, kMade };
+
     PayTableFiles Files() const;
     TableOfGame Shown() const { return {gameId, gameName, tableIndex}; }
-    const std::string& StoredName() const;
+    bool MayName() const { return making != Making::kMade; }
+    bool IsStored() const { return making != Making::kNothingStored; }
+    std::string StoredName() const { return IsStored() ? keptName : ""; }
     FormState State() const;
     void Show(const FormState& state);
     void KeepStored();
     void BeginTable();
-    void UseSavedName();
+    void DropTypedName();
+    bool TakeTypedName(PayTableQuestions& questions);
     void Load(const std::string& fromGame, int fromIndex);
-    void GoTo(int index);
+    void GoTo(PayTableQuestions& questions, int index);
     std::string NameProblem(const std::string& name) const;
     std::string NewNameProblem(const std::string& name) const;
     bool IsOtherUserGame(const std::string& name) const;
@@ -175,12 +185,11 @@ class PayTableEditor {
     const DataFilePaths& paths;
     int gameId;
     int tableIndex;
-    bool newGame;
-    std::string savedName;                          // of the new game, when it was last saved
+    Making making;
     std::array<bool, kMaxPayLines> payoutLoaded{};  // lines that had a value when it was loaded
     std::array<bool, kMaxPayLines> maxPayoutLoaded{};
     PayTableTexts kept;    // what is stored, as AsKept has it
-    std::string keptName;  // under which it was loaded or saved
+    std::string keptName;  // under which the game is stored, or what it is called until it is
     FormHistory history;
     std::optional<TableOfGame> madeActive;
 };

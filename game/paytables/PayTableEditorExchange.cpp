@@ -114,17 +114,17 @@ void PayTableEditor::ImportOne(const NamedTable& table) {
 
 // A new game that the player has not named yet gets the name that comes along, if no game has it.
 void PayTableEditor::TakeImportedName(const std::string& name) {
-    const bool unnamed = newGame && savedName.empty() && gameName == keptName;
+    const bool unnamed = !IsStored() && gameName == keptName;
     if (unnamed && NameProblem(name).empty()) gameName = name;
 }
 
 std::optional<std::string> PayTableEditor::ImportAll(PayTableQuestions& questions,
                                                      const std::vector<NamedTable>& tables) {
     if (!MayLeave(questions)) return std::nullopt;
-    UseSavedName();
+    DropTypedName();
     const std::string nameBefore = gameName;
     TakeImportedName(tables.front().gameName);
-    const std::string problem = newGame ? NameProblem(gameName) : "";
+    const std::string problem = MayName() ? NameProblem(gameName) : "";
     if (!problem.empty()) {
         questions.Refuse(kInputError, problem, {FormField::kName});
         return std::nullopt;
@@ -147,7 +147,7 @@ std::optional<std::string> PayTableEditor::ImportAll(PayTableQuestions& question
         }
         return std::nullopt;
     }
-    if (newGame) savedName = gameName;
+    making = Making::kMade;
     tableIndex = *first;
     Load(gameName, tableIndex);
     BeginTable();

@@ -88,7 +88,7 @@ bool PayTableEditor::Refuses(PayTableQuestions& questions) const {
 
 bool PayTableEditor::Save(PayTableQuestions& questions) {
     if (Refuses(questions)) return false;
-    if (newGame) return WriteInPlace(questions);
+    if (MayName()) return WriteInPlace(questions);
     if (!IsUserGame() && tableIndex == 0) {
         questions.Tell(kError,
                        "You can not overwrite the default pay table for a pre-defined game");
@@ -110,26 +110,20 @@ bool PayTableEditor::Save(PayTableQuestions& questions) {
 
 bool PayTableEditor::Add(PayTableQuestions& questions) {
     if (Refuses(questions)) return false;
-    return newGame ? WriteInPlace(questions) : Append(questions);
+    return IsStored() ? Append(questions) : WriteInPlace(questions);
 }
 
 bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
-    if (newGame) tableIndex = 0;
-    // A new game that is saved under one name and then under another is still one game.
-    const std::string typed = gameName;
-    UseSavedName();
-    if (typed != gameName && !RenameTo(questions, typed)) {
-        gameName = typed;
-        return false;
-    }
+    if (!TakeTypedName(questions)) return false;
     const PayTable before = StoredTable();
     texts = WithPlainNumbers(texts);
-    if (!WritePayTable(Files(), Shown(), texts, newGame ? kNoNeighbours : kStoredLinks)) {
+    if (!WritePayTable(Files(), Shown(), texts, IsStored() ? kStoredLinks : kNoNeighbours)) {
         return SaveFails(questions);
     }
+    if (!IsStored()) making = Making::kFirstTableStored;
     if (OfFigures(StoredTable()) != OfFigures(before)) ForgetAnalysis();
     FinishEdit(seat.files.Main());
-    savedName = keptName = gameName;
+    keptName = gameName;
     KeepStored();
     history.Amend(State());
     return true;
@@ -144,12 +138,22 @@ PayTable PayTableEditor::StoredTable() const {
     return LoadPayTable(seat.files.Main(), Shown(), "");
 }
 
-// A name that was typed since a new game was saved is dropped.
-void PayTableEditor::UseSavedName() {
-    if (newGame && !savedName.empty()) gameName = savedName;
+// A name that was typed since a new game was saved.
+void PayTableEditor::DropTypedName() {
+    if (IsStored()) gameName = keptName;
+}
+
+// A new game that is saved under one name and then under another is still one game.
+bool PayTableEditor::TakeTypedName(PayTableQuestions& questions) {
+    const std::string typed = gameName;
+    DropTypedName();
+    if (typed == gameName || RenameTo(questions, typed)) return true;
+    gameName = typed;
+    return false;
 }
 
 bool PayTableEditor::Append(PayTableQuestions& questions) {
+    if (!TakeTypedName(questions)) return false;
     const auto chain = TableChain(seat.files.Main(), gameName);
     if (!chain.empty() && chain.back() >= kLastTableIndex) {
         questions.Tell(kError, "There is no index left for another table of this game");
@@ -159,8 +163,12 @@ bool PayTableEditor::Append(PayTableQuestions& questions) {
     const auto index = AppendTable(Files(), Shown(), texts);
     if (!index) return SaveFails(questions);
     tableIndex = *index;
-    // The steps were taken for the table that it has become.
-    history.ChangeAll([this](FormState& state) { state.tableIndex = tableIndex; });
+    making = Making::kMade;
+    // The steps were taken for the table that it has become, and none can name the game any more.
+    history.ChangeAll([this](FormState& state) {
+        state.tableIndex = tableIndex;
+        state.gameName = gameName;
+    });
     history.Amend(State());
     KeepStored();
     return true;
@@ -203,7 +211,7 @@ void PayTableEditor::Delete(PayTableQuestions& questions) {
         wholeGame ? "Deleting the default pay table will delete the entire game? Continue?"
                   : "Are you sure you want to delete this pay table?");
     if (!confirmed) return;
-    UseSavedName();
+    DropTypedName();
     const bool deleted =
         wholeGame ? DeleteGameTables(Files(), Shown()) : UnlinkTable(Files(), gameName, tableIndex);
     if (!deleted) {
@@ -248,7 +256,7 @@ void PayTableEditor::LeaveDeletedTable() {
 
 void PayTableEditor::Rename(PayTableQuestions& questions) {
     if (Refuses(questions)) return;
-    UseSavedName();
+    DropTypedName();
     std::string typed = gameName;
     for (;;) {
         const auto newName = questions.RenamesGame(gameName, typed);
@@ -279,7 +287,6 @@ bool PayTableEditor::RenameTo(PayTableQuestions& questions, const std::string& n
         if (state.gameName == gameName) state.gameName = newName;
     });
     gameName = keptName = newName;
-    if (newGame && !savedName.empty()) savedName = newName;
     TellOfGameFiles(questions, unsaved);
     return true;
 }
@@ -294,8 +301,8 @@ void PayTableEditor::TellOfGameFiles(PayTableQuestions& questions,
 
 void PayTableEditor::Empty() {
     gameName.clear();
-    savedName.clear();
-    tableIndex = -1;
+    if (MayName()) making = Making::kNothingStored;
+    tableIndex = MayName() ? 0 : -1;
     texts = PayTableTexts();
     BeginTable();
 }

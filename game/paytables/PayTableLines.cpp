@@ -4,9 +4,11 @@
 #include <array>
 #include <vector>
 
+#include "core/text/Csv.h"
 #include "core/text/Numbers.h"
 #include "core/text/Ranks.h"
 #include "core/text/WholeNumber.h"
+#include "game/paytables/TableImport.h"
 
 namespace {
 
@@ -21,27 +23,6 @@ std::string_view Trimmed(std::string_view text) {
 std::string AsRead(const std::string& ranks) {
     const auto stored = ParseRankList(ranks);
     return stored ? FormatRankList(*stored) : ranks;
-}
-
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    for (;;) {
-        const auto end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return parts;
-        text.remove_prefix(end + 1);
-    }
-}
-
-// A spreadsheet puts a cell with marks of its own between quotes, and doubles those inside.
-std::string Unquoted(std::string_view cell) {
-    if (cell.size() < 2 || !cell.starts_with('"') || !cell.ends_with('"')) return std::string(cell);
-    std::string text;
-    for (std::size_t i = 1; i + 1 < cell.size(); ++i) {
-        text += cell[i];
-        if (cell[i] == '"' && cell[i + 1] == '"' && i + 2 < cell.size()) ++i;
-    }
-    return text;
 }
 
 std::string* TextAt(PayLineTexts& line, FormField field) {
@@ -62,27 +43,26 @@ std::string* TextAt(PayLineTexts& line, FormField field) {
 }
 
 // What is wrong with a text in that column; empty when nothing is.
-const char* TextProblem(FormField field, const std::string& text) {
+std::string ColumnProblem(FormField field, const std::string& text) {
     const bool isNumber = field == kPayout || field == kMaxPayout;
     const bool isList = field == kBonusQuads || field == kKickers;
-    if (text.size() > kLongestTableText) return "is longer than 80 characters";
-    if (isNumber && !text.empty() && !PlainWholeNumber(text)) return "is no whole number";
-    if (isList && !IsRankList(text)) return "is no list of ranks";
-    return "";
+    if (isNumber && !text.empty() && !PlainWholeNumber(text)) return "is no whole number.";
+    if (isList && !IsRankList(text)) return "is no list of ranks.";
+    return TextProblem(text);
 }
 
 // What is wrong with the cell; empty when it has been put into the line.
 std::string PutCell(PayLineTexts& line, FormField field, const std::string& cell) {
     if (field == kRank) {
         const auto rank = RankOfText(cell);
-        if (!rank) return "is no hand rank";
+        if (!rank) return "is no hand rank.";
         line.rank = *rank;
     } else if (field == kWildsOK) {
         const auto flag = FlagOfText(cell);
-        if (!flag) return "is neither yes nor no";
+        if (!flag) return "is neither yes nor no.";
         line.wildsOK = *flag;
     } else {
-        std::string problem = TextProblem(field, cell);
+        std::string problem = ColumnProblem(field, cell);
         if (!problem.empty()) return problem;
         *TextAt(line, field) = cell;
     }
@@ -91,6 +71,37 @@ std::string PutCell(PayLineTexts& line, FormField field, const std::string& cell
 
 std::string InRow(std::size_t row, const std::string& problem) {
     return "Row " + std::to_string(row + 1) + ": " + problem;
+}
+
+std::vector<CsvCells> RowsOf(std::string_view cells) {
+    std::vector<CsvCells> rows;
+    CsvReader reader(cells, '\t');
+    while (auto row = reader.Next()) rows.push_back(*std::move(row));
+    return rows;
+}
+
+using MayChange = std::function<bool(FieldPlace)>;
+
+// What is wrong with the row; empty when it has been put into the line, from the place on.
+std::string PutRow(PayLineTexts& line, FieldPlace place, const CsvCells& row,
+                   const MayChange& mayChange) {
+    const PayLineTexts whole = line;
+    bool described = place.field > kDescription;
+    for (const std::string& word : row.cells) {
+        if (place.field > kWildsOK) return "there are more cells than columns.";
+        const PayLineTexts before = line;
+        std::string problem = PutCell(line, place.field, word);
+        if (row.quoteOpen && &word == &row.cells.back()) {
+            problem = "begins with a quote that is not closed.";
+        } else if (problem.empty() && line != before && !mayChange(place)) {
+            problem = "is for a field that can not be changed.";
+        }
+        if (!problem.empty()) return QuotedWord(word) + " " + problem;
+        described = described || place.field == kDescription;
+        place.field = static_cast<FormField>(static_cast<int>(place.field) + 1);
+    }
+    if (!described && line.rank != whole.rank) ChooseRank(line, line.rank);
+    return "";
 }
 
 }  // namespace
@@ -169,34 +180,18 @@ PayTableTexts AsKept(PayTableTexts table) {
 }
 
 std::optional<std::string> PasteCells(PayTableTexts& table, FieldPlace from, std::string_view cells,
-                                      const std::function<bool(FieldPlace)>& mayChange) {
-    std::string text(cells);
-    std::erase(text, '\r');
-    if (text.ends_with('\n')) text.pop_back();
-    const auto rows = Split(text, '\n');
+                                      const MayChange& mayChange) {
+    const auto rows = RowsOf(cells);
     if (rows.size() > static_cast<std::size_t>(kMaxPayLines - from.line)) {
         return "There are " + std::to_string(rows.size()) + " rows and only " +
                std::to_string(kMaxPayLines - from.line) + " lines from here on.";
     }
     PayTableTexts pasted = table;
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        const auto number = static_cast<std::size_t>(from.line) + row;
-        PayLineTexts& line = pasted.lines[number];
-        FieldPlace place{from.field, static_cast<int>(number)};
-        bool described = from.field > kDescription;
-        for (const std::string_view cell : Split(rows[row], '\t')) {
-            if (place.field > kWildsOK) return InRow(row, "there are more cells than columns.");
-            const std::string word = Unquoted(cell);
-            const PayLineTexts before = line;
-            std::string problem = PutCell(line, place.field, word);
-            if (problem.empty() && line != before && !mayChange(place)) {
-                problem = "is for a field that can not be changed";
-            }
-            if (!problem.empty()) return InRow(row, "\"" + word + "\" " + problem.append("."));
-            described = described || place.field == kDescription;
-            place.field = static_cast<FormField>(static_cast<int>(place.field) + 1);
-        }
-        if (!described) ChooseRank(line, line.rank);
+        const FieldPlace place{from.field, from.line + static_cast<int>(row)};
+        PayLineTexts& line = pasted.lines[static_cast<std::size_t>(place.line)];
+        const std::string problem = PutRow(line, place, rows[row], mayChange);
+        if (!problem.empty()) return InRow(row, problem);
     }
     table = pasted;
     return std::nullopt;

@@ -32,7 +32,7 @@ std::optional<bool> FlagOfText(std::string_view text);
 PayTableTexts AsKept(PayTableTexts table);
 
 // Puts rows of cells, parted by tabs, into the table from a cell on, to the right and down. What
-// keeps it from being done, by row and word, and then nothing is; nothing when it is done. A rank
-// that comes without a description brings its own.
+// keeps it from being done, by row and word, and then nothing is; nothing when it is done. Another
+// rank that comes without a description brings its own.
 std::optional<std::string> PasteCells(PayTableTexts& table, FieldPlace from, std::string_view cells,
                                       const std::function<bool(FieldPlace)>& mayChange);

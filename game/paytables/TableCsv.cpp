@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/paytable/PayTableStore.h"
+#include "core/text/Csv.h"
 #include "core/text/Numbers.h"
 #include "core/text/WholeNumber.h"
 #include "game/paytables/PayTableLines.h"
@@ -16,7 +17,7 @@ using enum FormField;
 constexpr std::array<std::string_view, 6> kTypes = {"Standard", "5 Aces",     "OEJ",
                                                     "Pick 'Em", "Ace$ Bonus", "Double Draw Aces"};
 
-// Where a cell of a table, or of one of its lines, goes to. One of the four is set.
+// Where a cell of a table, or of one of its lines, goes to: one member at most.
 struct Column {
     std::string_view name;
     std::string PayTableTexts::*text = nullptr;
@@ -57,16 +58,6 @@ const std::array<Column, 19> kColumns = {{
     {"Wilds OK", {}, {}, {}, &Line::wildsOK, kWildsOK},
 }};
 
-std::string Quoted(const std::string& cell) {
-    if (cell.find_first_of(",;\t\"\r\n") == std::string::npos) return cell;
-    std::string quoted = "\"";
-    for (const char c : cell) {
-        quoted += c;
-        if (c == '"') quoted += c;
-    }
-    return quoted + "\"";
-}
-
 std::string FlagText(bool flag) { return flag ? "yes" : "no"; }
 
 std::string CellOf(const Column& column, const NamedTable& table, const PayLineTexts& line) {
@@ -90,79 +81,16 @@ std::optional<GameType> TypeOfText(const std::string& text) {
     return static_cast<GameType>(number);
 }
 
-struct Row {
-    int line = 0;  // of the file, where it begins
-    std::vector<std::string> cells;
-};
-
-// The rows of the text that are not empty.
-class RowReader {
-  public:
-    explicit RowReader(std::string_view text) : text(WithoutMark(text)) {
-        const std::string_view first = this->text.substr(0, this->text.find('\n'));
-        for (const char c : {',', ';', '\t'}) {
-            if (std::ranges::count(first, c) > std::ranges::count(first, separator)) separator = c;
-        }
-    }
-
-    std::optional<Row> Next() {
-        while (at < text.size()) {
-            Row row{line, {}};
-            do {
-                row.cells.push_back(Cell());
-            } while (at < text.size() && text[at++] == separator);
-            ++line;
-            if (std::ranges::any_of(row.cells, [](auto& cell) { return !cell.empty(); }))
-                return row;
-        }
-        return std::nullopt;
-    }
-
-    bool IsQuoteOpen() const { return open; }
-
-  private:
-    // Ends at the separator, the line feed or the end.
-    std::string Cell() {
-        std::string cell;
-        bool quoted = at < text.size() && text[at] == '"';
-        if (quoted) ++at;
-        for (; at < text.size(); ++at) {
-            const char c = text[at];
-            if (quoted && c == '"') {
-                if (at + 1 < text.size() && text[at + 1] == '"') {
-                    ++at;
-                } else {
-                    quoted = false;
-                    continue;
-                }
-            } else if (!quoted && (c == separator || c == '\n')) {
-                break;
-            }
-            if (c == '\n') ++line;
-            cell += c;
-        }
-        open = quoted;
-        while (cell.ends_with('\r')) cell.pop_back();
-        return cell;
-    }
-
-    std::string_view text;
-    std::size_t at = 0;
-    char separator = ',';
-    int line = 1;
-    bool open = false;
-};
-
 class Reader {
   public:
-    explicit Reader(std::string_view text) : rows(text) {}
+    explicit Reader(std::string_view text) : rows(text, CsvSeparator(text)) {}
 
     TablesRead Read() {
-        if (const auto head = rows.Next()) TakeHead(*head);
+        if (const auto head = NextRow()) TakeHead(*head);
         while (read.problem.empty()) {
-            const auto row = rows.Next();
+            const auto row = NextRow();
             if (!row) break;
-            if (rows.IsQuoteOpen()) {
+            if (row->quoteOpen) {
                 Refuse(row->line, row->cells.back(), "begins with a quote that is not closed.");
             } else {
                 TakeRow(*row);
@@ -179,11 +107,18 @@ class Reader {
     }
 
   private:
+    // The next one that is not empty.
+    std::optional<CsvCells> NextRow() {
+        auto row = rows.Next();
+        while (row && std::ranges::all_of(row->cells, &std::string::empty)) row = rows.Next();
+        return row;
+    }
+
     void Refuse(int line, std::string_view word, std::string_view problem) {
         if (read.problem.empty()) read.problem = LineProblemText(line, word, problem);
     }
 
-    void TakeHead(const Row& head) {
+    void TakeHead(const CsvCells& head) {
         for (const std::string& name : head.cells) {
             const auto column = std::ranges::find_if(
                 kColumns, [&](const Column& known) { return SameText(known.name, name); });
@@ -202,7 +137,7 @@ class Reader {
         }
     }
 
-    void TakeRow(const Row& row) {
+    void TakeRow(const CsvCells& row) {
         for (std::size_t i = columns.size(); i < row.cells.size(); ++i) {
             if (!row.cells[i].empty()) return Refuse(row.line, row.cells[i], "is in no column.");
         }
@@ -246,7 +181,7 @@ class Reader {
     }
 
     // What a row says of its table and what the rows before have said agree.
-    void AddLine(const Row& row, const NamedTable& named, const PayLineTexts& line) {
+    void AddLine(const CsvCells& row, const NamedTable& named, const PayLineTexts& line) {
         const bool goesOn = draft && SameText(draft->table.gameName, named.gameName) &&
                             draft->table.tableIndex == named.tableIndex;
         if (!goesOn) {
@@ -271,7 +206,7 @@ class Reader {
         }
     }
 
-    void BeginTable(const Row& row, const NamedTable& named) {
+    void BeginTable(const CsvCells& row, const NamedTable& named) {
         const std::string section = TableSection(named.gameName, named.tableIndex);
         const std::string problem = PlaceProblem(named.gameName, named.tableIndex);
         if (!problem.empty()) return Refuse(row.line, section, problem);
@@ -296,7 +231,7 @@ class Reader {
         draft.reset();
     }
 
-    RowReader rows;
+    CsvReader rows;
     std::vector<const Column*> columns;  // as they stand in the file
     TablesRead read;
     std::optional<TableDraft> draft;
@@ -308,11 +243,9 @@ class Reader {
 std::string TablesAsCsv(std::span<const NamedTable> tables) {
     std::string text;
     const auto addRow = [&text](const auto& cellOf) {
-        for (const Column& column : kColumns) {
-            text += &column == kColumns.data() ? "" : ",";
-            text += Quoted(cellOf(column));
-        }
-        text += "\r\n";
+        std::vector<std::string> cells;
+        for (const Column& column : kColumns) cells.push_back(cellOf(column));
+        text += CsvRow(cells) + "\r\n";
     };
     addRow([](const Column& column) { return std::string(column.name); });
     for (const NamedTable& table : tables) {
@@ -326,4 +259,4 @@ std::string TablesAsCsv(std::span<const NamedTable> tables) {
     return text;
 }
 
-TablesRead ReadTablesCsv(std::string_view text) { return Reader(text).Read(); }
+TablesRead ReadTablesCsv(std::string_view text) { return Reader(WithoutMark(text)).Read(); }

@@ -34,10 +34,12 @@ bool IsUtf8(std::string_view text) {
 }  // namespace
 
 std::string LineProblemText(int line, std::string_view word, std::string_view problem) {
-    std::string text = "Line " + std::to_string(line) + ": ";
+    return "Line " + std::to_string(line) + ": " + QuotedWord(word) + " " + std::string(problem);
+}
+
+std::string QuotedWord(std::string_view word) {
     const std::string_view shown = CutText(word, kLongestWordShown);
-    text += "\"" + std::string(shown) + (shown.size() < word.size() ? "...\" " : "\" ");
-    return text + std::string(problem);
+    return "\"" + std::string(shown) + (shown.size() < word.size() ? "...\"" : "\"");
 }
 
 void TableDraft::Place(FieldPlace place, int lineOfFile, std::string_view word) {
@@ -47,14 +49,18 @@ void TableDraft::Place(FieldPlace place, int lineOfFile, std::string_view word) 
 std::string TableDraft::Problem() const {
     const auto problem = FindProblem(table.texts);
     if (!problem) return "";
-    const auto found = places.find({problem->where.field, problem->where.line});
     const bool ofField = problem->ofLine || problem->where.field < FormField::kRank;
-    if (!ofField || found == places.end()) {
-        return LineProblemText(line, TableSection(table.gameName, table.tableIndex),
-                               "has a fault: " + problem->text);
+    if (const auto at = places.find({problem->where.field, problem->where.line});
+        ofField && at != places.end()) {
+        return LineProblemText(at->second.line, at->second.word, "is not taken: " + problem->text);
     }
-    return LineProblemText(found->second.line, found->second.word,
-                           "is not taken: " + problem->text);
+    // What is missing has no place of its own, but its line has one.
+    if (const auto at = places.find({FormField::kRank, problem->where.line});
+        problem->ofLine && at != places.end()) {
+        return LineProblemText(at->second.line, at->second.word, "has a fault: " + problem->text);
+    }
+    return LineProblemText(line, TableSection(table.gameName, table.tableIndex),
+                           "has a fault: " + problem->text);
 }
 
 std::string PlaceProblem(std::string_view gameName, int tableIndex) {

@@ -27,6 +27,9 @@ struct TablesRead {
 
 std::string LineProblemText(int line, std::string_view word, std::string_view problem);
 
+// In quotes, of a long one the beginning.
+std::string QuotedWord(std::string_view word);
+
 // One of them while it is read, and where its fields stand.
 class TableDraft {
   public:

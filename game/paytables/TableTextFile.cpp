@@ -11,6 +11,8 @@ namespace {
 
 using enum FormField;
 
+constexpr auto kPayLines = "PayLines";
+
 // A key that a table may have, and what its value is.
 struct KnownKey {
     enum class Kind { kText, kFlag, kNumber, kNeighbour };
@@ -37,7 +39,7 @@ std::vector<KnownKey> MakeKnownKeys() {
         {"RBBonus", {}, kFlag},
         {"SpinBonus", {}, kFlag},
         {"TgtBonus", {}, kFlag},
-        {"PayLines", {}, kNumber, 0, kMaxPayLines},
+        {kPayLines, {}, kNumber, 0, kMaxPayLines},
     };
     for (int line = 0; line < kMaxPayLines; ++line) {
         const PayLineKeys names = KeysOfLine(line);
@@ -145,6 +147,7 @@ class Reader {
         const std::string problem = ValueProblem(*key, value);
         if (!problem.empty()) return Refuse(value, problem);
         if (key->place) draft->Place(*key->place, line, value);
+        if (key->key == kPayLines) lineOfCount = line;
     }
 
     void EndTable() {
@@ -153,15 +156,29 @@ class Reader {
             const auto found = values.find(key);
             return found == values.end() ? std::nullopt : std::optional(found->second);
         });
-        read.problem = draft->Problem();
+        read.problem = MissingLine();
+        if (read.problem.empty()) read.problem = draft->Problem();
         read.tables.push_back(std::move(draft->table));
         draft.reset();
+    }
+
+    // A mail may have lost a line, or its end. Without a rank the table would end there, and nobody
+    // would see it.
+    std::string MissingLine() const {
+        const auto stored = values.find(kPayLines);
+        if (stored == values.end()) return LineProblemText(draft->line, kPayLines, "is missing.");
+        const int count = ParseInt(stored->second);
+        const int found = LineCount(draft->table.texts);
+        if (found >= count) return "";
+        return LineProblemText(lineOfCount, KeysOfLine(found).rank,
+                               "is missing: PayLines is " + std::to_string(count) + ".");
     }
 
     TablesRead read;
     std::optional<TableDraft> draft;
     std::map<std::string, std::string> values;  // of the draft, by KnownKey::key
     int line = 0;
+    int lineOfCount = 0;  // where PayLines stands
 };
 
 }  // namespace

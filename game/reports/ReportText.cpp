@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/text/Csv.h"
+
 namespace {
 
 constexpr std::string_view kMinusSign = "\u2212";
@@ -40,14 +42,6 @@ std::string ForSpreadsheet(const ReportCell& cell) {
     return number;
 }
 
-std::string Quoted(std::string text) {
-    const bool plain = text.find_first_of(",\"\r\n") == std::string::npos &&
-                       !text.starts_with(' ') && !text.ends_with(' ');
-    if (plain) return text;
-    ReplaceAll(text, "\"", "\"\"");
-    return '"' + text + '"';
-}
-
 std::string Escaped(std::string text) {
     ReplaceAll(text, "&", "&amp;");
     ReplaceAll(text, "<", "&lt;");
@@ -76,13 +70,7 @@ ReportTable WithMarks(const ReportTable& table) {
     return marked;
 }
 
-std::string CsvLine(const std::vector<std::string>& cells) {
-    std::string line;
-    for (const std::string& cell : cells) {
-        line += (&cell == &cells.front() ? "" : ",") + Quoted(cell);
-    }
-    return line + '\n';
-}
+std::string CsvLine(const std::vector<std::string>& cells) { return CsvRow(cells) + '\n'; }
 
 const char* Colour(RowMark mark) {
     switch (mark) {

@@ -56,14 +56,14 @@ TEST_F(EditPayTableTest, ATableOfAnotherGameMadeActiveIsPlayed) {
     MakeMyGame(2);
     answers = {"My Game"};
     script = [&](PayTableEditor& editor) {
-        editor.GoToNextTable();
+        editor.GoToNextTable(player);
         editor.MakeActive(player);
         editor.Rename(player.Saying({"Your Game"}));
     };
     EditPayTable(seat, paths);
     EXPECT_EQ(StatsSection(engine), "Your Game(1)");
     script = [&](PayTableEditor& editor) {
-        editor.GoToPreviousTable();
+        editor.GoToPreviousTable(player);
         editor.MakeActive(player);
     };
     EditCurrentPayTable(seat, paths);

@@ -41,8 +41,7 @@ TEST_F(PayTableEditorTest, OfABuiltInGameOnlyThePaysAndTheBetCanBeEdited) {
     EXPECT_EQ(EnabledFields(editor, 0), (Fields{kMaxBet, kPayout, kMaxPayout, kKickers}));
     AppendTable(Files(), {301, "Bonus Poker"},
                 ReadPayTableTexts(Files().main, "Jacks or Better", 0));
-    editor.GoToPreviousTable();
-    editor.GoToNextTable();
+    editor.GoToNextTable(player.Saying({"discard"}));
     EXPECT_EQ(editor.TableIndex(), 1);
     EXPECT_EQ(EnabledFields(editor, 10), (Fields{kMaxBet})) << "of this table, not of the last one";
 }
@@ -71,45 +70,6 @@ TEST_F(PayTableEditorTest, OfAUserGameEverythingCanBeEditedThatItsLineTakes) {
         boxes.insert({kMinPair, kMaxBet, kRank, kDescription, kPayout, kMaxPayout});
         EXPECT_EQ(EnabledFields(editor, 3), boxes) << "only its own box is left";
     }
-}
-
-TEST_F(PayTableEditorTest, ANewGameIsNamedSavedAndSavedAgainAsOneGame) {
-    auto editor = Manager("User Game 1", 9001, 0, true);
-    EXPECT_TRUE(On(editor, kName));
-    editor.LoadTemplate(player.Saying({"Bonus Poker"}));
-    EXPECT_EQ(editor.gameName, "User Game 1");
-    editor.gameName = "First";
-    editor.Save(player);
-    EXPECT_EQ(InMain("User Games", "1"), "9001,First");
-    editor.gameName = "Second";
-    editor.texts.lines[0].payout = "300";
-    editor.Save(player);
-    EXPECT_FALSE(Exists("First", 0));
-    EXPECT_EQ(InMain("Second(0)", "Payout0"), "300");
-    EXPECT_EQ(InMain("User Games", "1"), "9001,Second");
-}
-
-TEST_F(PayTableEditorTest, ANewGameTakesNoNameOfAnother) {
-    MakeMyGame();
-    auto editor = Manager("User Game 2", 9002, 0, true);
-    editor.texts = ReadPayTableTexts(Files().main, "My Game", 0);
-    const std::pair<const char*, const char*> refusals[] = {
-        {"", "Game name can not be blank"},
-        {"deuces wild",
-         "\"deuces wild\" already exists. A user-defined game can not have the same name as a "
-         "pre-defined game."},
-        {"my game", "\"my game\" already exists"},
-        {"User Game 10", "\"User Game 10\" already exists"},
-        {"a]", "Game name can not contain ] or = or line breaks, and can not begin with ["},
-    };
-    for (const auto& [name, refusal] : refusals) {
-        editor.gameName = name;
-        editor.Save(player);
-        EXPECT_EQ(player.where, FieldPlace{kName});
-        EXPECT_EQ(player.Take(), "Input Error: " + std::string(refusal));
-    }
-    editor.gameName = "User Game 2";
-    EXPECT_TRUE(editor.Save(player)) << "its own";
 }
 
 TEST_F(PayTableEditorTest, SavingOverwritesAppendsOrDoesNothing) {
@@ -209,6 +169,12 @@ TEST_F(PayTableEditorTest, ChangesAreAskedAboutAndARefusalKeepsThem) {
     EXPECT_TRUE(leaves({"save", "yes"}));
     EXPECT_EQ(InMain("My Game(1)", "Payout0"), "25");
     EXPECT_TRUE(leaves({}));
+    // Saved as a new table, at the end of the chain, the changes do not lead astray.
+    editor.GoToPreviousTable(player);
+    editor.texts.lines[0].payout = "26";
+    editor.GoToNextTable(player.Saying({"save", "no"}));
+    EXPECT_EQ(editor.TableIndex(), 1);
+    EXPECT_EQ(InMain("My Game(2)", "Payout0"), "26");
     // What stands below the end of the table would be lost.
     editor.texts.lines[12].payout = "9";
     EXPECT_FALSE(leaves({"cancel"}));
@@ -229,7 +195,7 @@ TEST_F(PayTableEditorTest, ASteppedSaveIsUndoneInTheTableThatItHasBecome) {
     EXPECT_EQ(editor.texts.lines[0].payout, "250");
     EXPECT_EQ(editor.TableIndex(), 2);
     EXPECT_TRUE(editor.IsChanged());
-    editor.GoToPreviousTable();
+    editor.GoToPreviousTable(player.Saying({"discard"}));
     EXPECT_FALSE(editor.CanUndo() || editor.CanRedo()) << "another table";
 }
 
@@ -244,13 +210,13 @@ TEST_F(PayTableEditorTest, TablesOfABuiltInGameAreAddedDeletedAndRestored) {
     editor.MakeActive(player.Saying({"yes"}));
     editor.Add(player);
     EXPECT_TRUE(editor.HasDeletableTable() && !editor.HasShippedTable());
-    editor.GoToPreviousTable();
+    editor.GoToPreviousTable(player);
     EXPECT_FALSE(editor.Restore(player.Saying({"cancel"})));
     EXPECT_TRUE(editor.Restore(player.Saying({"ok"})));
     EXPECT_EQ(editor.texts.lines[3].maxPayout, "45");
     EXPECT_EQ(InMain(section, "NextIndex"), "1") << "the other table stays in the chain";
     EXPECT_EQ(Stored(paths.analysisCache, section, "ER"), "(none)");
-    editor.GoToNextTable();
+    editor.GoToNextTable(player);
     editor.Delete(player.Saying({"ok"}));
     EXPECT_TRUE(player.Take().ends_with("Are you sure you want to delete this pay table?"));
     EXPECT_EQ(machine.folder.Read("Tolvane.ini"), shipped) << "byte for byte";
@@ -263,8 +229,8 @@ TEST_F(PayTableEditorTest, ATableOfTheLastIndexCanBeGoneToAndNoneBehindIt) {
                                  paths.mainProfile);
         auto editor = Manager("Jacks or Better", 300);
         EXPECT_EQ(editor.HasNextTable(), last == 254);
-        editor.GoToPreviousTable();  // none, whatever stands in the file
-        editor.GoToNextTable();
+        editor.GoToPreviousTable(player);  // none, whatever stands in the file
+        editor.GoToNextTable(player);
         EXPECT_EQ(editor.TableIndex(), last == 254 ? 254 : 0);
     }
 }

@@ -266,6 +266,9 @@ TEST(PayTableLinesTest, CellsOfASpreadsheetArePastedAllOrNone) {
     EXPECT_EQ(table.lines[3].description, "5 OF A KIND;5K");
     EXPECT_EQ(PasteCells(table, {kPayout, 13}, "1\t5\n2\t10", any), std::nullopt);
     EXPECT_EQ(table.lines[14].maxPayout, "10");
+    table.lines[3].description = "Mine";
+    EXPECT_EQ(PasteCells(table, {kRank, 2}, "ROYAL FLUSH\n5K\n", any), std::nullopt);
+    EXPECT_EQ(table.lines[3].description, "Mine") << "of the rank that it has";
     const auto before = table;
     const std::tuple<FieldPlace, const char*, const char*> faults[] = {
         {{kPayout, 0}, "1\nten", "Row 2: \"ten\" is no whole number."},
@@ -273,6 +276,10 @@ TEST(PayTableLinesTest, CellsOfASpreadsheetArePastedAllOrNone) {
         {{kBonusQuads, 0}, "1,X", "Row 1: \"1,X\" is no list of ranks."},
         {{kWildsOK, 0}, "perhaps", "Row 1: \"perhaps\" is neither yes nor no."},
         {{kKickers, 0}, "2\t1\t1", "Row 1: there are more cells than columns."},
+        {{kDescription, 0},
+         "\"two\nlines\"\t1",
+         "Row 1: \"two\nlines\" has a character that no text can keep."},
+        {{kDescription, 0}, "a\n\"b\t1", "Row 2: \"b\t1\" begins with a quote that is not closed."},
         {{kPayout, 14}, "1\n2", "There are 2 rows and only 1 lines from here on."},
     };
     for (const auto& [at, cells, problem] : faults) {

@@ -81,6 +81,10 @@ TEST(TableExchangeTest, WhatCannotBeReadIsSaidByLineAndWord) {
         {"MinPair=11", "MinPair=",
          "Line 3: \"\" is not taken: Minimum pair can not be blank if 1 Pair rank is selected"},
         {"Rank0=11", "Rank0=19", "Line 4: \"19\" is no whole number from 0 to 18."},
+        {"Rank0=11\n", "", "Line 7: \"Rank0\" is missing: PayLines is 1."},
+        {"PayLines=1", "", "Line 1: \"PayLines\" is missing."},
+        {"PayLines=1", "PayLines=3\nRank2=5", "Line 8: \"Rank1\" is missing: PayLines is 3."},
+        {"Descr0=PAIR\n", "", "Line 4: \"11\" has a fault: Description can not be blank"},
         {"Type=1", "Type=1\nUsesWilds=yes", "Line 3: \"yes\" is neither 0 nor 1."},
         {"[G(0)]", "Hi,\n[G(0)]", "Line 1: \"Hi,\" stands before the first pay table."},
         {"[G(0)]", "[G]", "Line 1: \"[G]\" is no pay table, such as [Jacks or Better(0)]."},
@@ -112,6 +116,8 @@ TEST(TableExchangeTest, WhatCannotBeReadIsSaidByLineAndWord) {
          "Line 3: \"Pay Table(0)\" has other settings here than in its first row."},
         {"FLUSH,1,5,,\r\nSTRAIGHT,one,5,,",
          "Line 3: \"one\" is not taken: Payout can not be blank and must be numeric"},
+        {"FLUSH,1,5\r\nSTRAIGHT,1",
+         "Line 3: \"STRAIGHT\" has a fault: Max Payout can not be blank and must be numeric"},
         {"\"FLUSH,1,5", "Line 2: \"FLUSH,1,5\" begins with a quote that is not closed."},
     };
     for (const auto& [row, problem] : rows) EXPECT_EQ(ReadTablesCsv(csv + row).problem, problem);

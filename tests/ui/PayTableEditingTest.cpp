@@ -130,7 +130,7 @@ TEST(PayTableEditingTest, EveryLineHasItsFiguresOrSaysWhyItHasNone) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return detail().endsWith("breaks even at 4,880"); }, 30000))
         << detail().toStdString();
     EXPECT_TRUE(detail().startsWith("\"deuces wild\" already exists")) << detail().toStdString();
-    EXPECT_EQ(m.Part<QLabel>("share0").text(), "1.9807");
+    EXPECT_EQ(m.Part<QLabel>("share0").text(), "1.9898");
     EXPECT_EQ(m.Part<QLabel>("probability8").text(), "21.4585");
     EXPECT_EQ(m.Part<QLabel>("coinMore8").text(), "4.29170");
     EXPECT_EQ(m.Part<QLabel>("share9").text(), "");

@@ -67,7 +67,7 @@ QStringList LineRows::HeadingTips() {
             "",
             "",
             tr("How often a hand ends on this line, played as the analysis plays it"),
-            tr("What this line adds to the return, in percent of the wager"),
+            tr("How much of what all lines return comes from this one"),
             tr("What one coin more of Max Payout adds to the return: the probability of the line "
                "for each of the five coins, as long as the best holds stay the same")};
 }

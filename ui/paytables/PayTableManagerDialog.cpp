@@ -161,12 +161,10 @@ QLayout* PayTableManagerDialog::MakeButtons() {
                          const std::function<void()>& command) {
         return AddButton(*layout, caption, name, isEnabled, command);
     };
-    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable, [this] {
-        if (editor.MayLeave(questions)) editor.GoToPreviousTable();
-    });
-    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable, [this] {
-        if (editor.MayLeave(questions)) editor.GoToNextTable();
-    });
+    add(tr("&Prev Tbl"), "prevTable", &Editor::HasPreviousTable,
+        [this] { editor.GoToPreviousTable(questions); });
+    add(tr("&Next Tbl"), "nextTable", &Editor::HasNextTable,
+        [this] { editor.GoToNextTable(questions); });
     auto* changeGame =
         add(tr("C&hange Game"), "changeGame", kAlways, [this] { editor.ChangeGame(questions); });
     add(tr("&Load Template"), "loadTemplate", &Editor::HasOwnTable,
