@@ -16,6 +16,8 @@
 #include "ui/machine/ActionQueue.h"
 #include "ui/reports/AllGamesWindow.h"
 #include "ui/reports/AsideWindows.h"
+#include "ui/reports/CompareWindow.h"
+#include "ui/reports/MeterWindow.h"
 
 class PictureStore;
 class ProfileFile;
@@ -98,6 +100,9 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
     void ShowAllGames();
+    template <typename Window>
+    void OpenWhatIf(std::unique_ptr<Window>& window);
+    void ShowHandOf(const TableOfGame& place, const PayTable& table, const Hand& hand);
     TableActions ActionsOnTables();
     void RunAs(int command, const std::function<void()>& action);
     void OpenWaitingFile();
@@ -114,6 +119,8 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     Seat seat;
     AsideWindows aside;
     std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened
+    std::unique_ptr<CompareWindow> compare;    // likewise
+    std::unique_ptr<MeterWindow> meter;        // likewise
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

@@ -66,6 +66,12 @@ void ReadGame(CommandDesk& desk, int) { AnalyzeGameCommand(desk.seat, desk.spare
 void ReadAllGames(CommandDesk& desk, int) {
     if (desk.showAllGames) desk.showAllGames();
 }
+void CompareTables(CommandDesk& desk, int) {
+    if (desk.showCompare) desk.showCompare();
+}
+void WatchMeter(CommandDesk& desk, int) {
+    if (desk.showMeter) desk.showMeter();
+}
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
 void ReadErrorLog(CommandDesk& desk, int) {
     if (TellIfErrorLogIsEmpty(desk.seat)) return;
@@ -211,6 +217,8 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kAnalyzeHand,       "Hand",                   'H', "",       kNever,          ReadHand},
     Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
     Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
+    Row{kCompare,           "Compare",                0,   "",       kNever,          CompareTables},
+    Row{kMeter,             "Meter",                  0,   "",       kNever,          WatchMeter},
 
     PopupRow{"helpMenu", "&Help"},
     Row{kHelpIndex,         "Help Index",     Qt::Key_F1,  "F1",     kNever,          OpenHelp},

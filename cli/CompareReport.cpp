@@ -5,6 +5,7 @@
 #include "cli/CsvTable.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
+#include "core/strategy/Grade.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <utility>
 
+#include "core/strategy/Grade.h"
 #include "core/whatif/HoldWords.h"
 
 namespace {
@@ -85,7 +86,7 @@ class Comparer {
 
 }  // namespace
 
-PlayComparison ComparePlay(const TwoTables& tables, const Progress& progress) {
+PlayComparison ComparePlay(const TwoTables& tables, const WhatIfProgress& progress) {
     Comparer comparer(tables);
     std::int64_t visited = 0;
     const bool all = tables.ForEach([&](const StartingHand& a, const StartingHand& b) {

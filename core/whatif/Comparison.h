@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "core/cards/Hand.h"
-#include "core/strategy/Grade.h"
 #include "core/whatif/TwoTables.h"
 
 // Hands for which A holds the one and B the other.
@@ -14,26 +13,26 @@ struct PlayDifference {
     std::string a;  // in the words of the charts
     std::string b;
     std::int64_t hands = 0;
-    Worth costOnA = 0;  // of B's hold, in parts of a coin over these hands
-    Worth costOnB = 0;  // of A's hold
+    Int128 costOnA = 0;  // of B's hold, in parts of a coin over these hands
+    Int128 costOnB = 0;  // of A's hold
     Hand example;       // one of those that it matters most for
 };
 
 struct PlayComparison {
     std::int64_t hands = 0;           // all starting hands
     std::int64_t differentHands = 0;  // no hold is a best one on both tables
-    Worth bestOnA = 0;
-    Worth bestOnB = 0;
-    Worth costOnA = 0;  // of B's best play
-    Worth costOnB = 0;  // of A's best play
+    Int128 bestOnA = 0;
+    Int128 bestOnB = 0;
+    Int128 costOnA = 0;  // of B's best play
+    Int128 costOnB = 0;  // of A's best play
     std::int64_t partsOfCoin = 0;
     std::vector<PlayDifference> classes;  // that which costs most on B first
     bool cancelled = false;               // the figures are of no use
 
     // What all hands bet.
-    Worth Bet() const { return static_cast<Worth>(hands) * partsOfCoin * kFullBet; }
+    Int128 Bet() const { return static_cast<Int128>(hands) * partsOfCoin * kFullBet; }
 };
 
 // Where several holds are as good on a table, the one is taken that the other table likes best. The
 // progress is asked from time to time, and ends the work by false.
-PlayComparison ComparePlay(const TwoTables& tables, const Progress& progress = {});
+PlayComparison ComparePlay(const TwoTables& tables, const WhatIfProgress& progress = {});

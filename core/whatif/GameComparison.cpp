@@ -71,7 +71,7 @@ std::vector<LineDifference> LinesOf(const PayTable& a, const GameTotals& totalsA
 
 }  // namespace
 
-GameComparison CompareGames(const PayTable& a, const PayTable& b, const Progress& progress) {
+GameComparison CompareGames(const PayTable& a, const PayTable& b, const WhatIfProgress& progress) {
     GameComparison comparison;
     double done = 0;
     const auto analyze = [&](const PayTable& table) {

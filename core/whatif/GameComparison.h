@@ -39,4 +39,4 @@ struct GameComparison {
 };
 
 // Only for tables that CanAnalyzeGame takes.
-GameComparison CompareGames(const PayTable& a, const PayTable& b, const Progress& progress = {});
+GameComparison CompareGames(const PayTable& a, const PayTable& b, const WhatIfProgress& progress = {});

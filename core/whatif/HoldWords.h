@@ -2,6 +2,7 @@
 // game that are played for the same reason have the same words; what is discarded, and which cards
 // of a draw they are, is left out.
 #pragma once
+#include <optional>
 #include <string>
 
 #include "core/strategy/Holds.h"

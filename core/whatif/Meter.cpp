@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "core/strategy/Grade.h"
 #include "core/whatif/HoldWords.h"
 
 namespace {
@@ -82,7 +83,7 @@ struct MeterCurve::Reader {
           first(first),
           last(last) {}
 
-    void Read(const Progress& progress) {
+    void Read(const WhatIfProgress& progress) {
         std::int64_t visited = 0;
         const auto visit = [&](const StartingHand& base, const StartingHand& slope) {
             Add(base, slope);
@@ -188,7 +189,7 @@ double CostOfIgnoring(const TurningPoint& point, double coins) {
 std::string MeterCurve::WhyNot(const PayTable& table) { return TwoTables::WhyNoPlainPlay(table); }
 
 MeterCurve::MeterCurve(const PayTable& table, std::size_t line, double first, double last,
-                       const Progress& progress) {
+                       const WhatIfProgress& progress) {
     Reader(*this, table, line, first, last).Read(progress);
 }
 

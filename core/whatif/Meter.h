@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "core/cards/Hand.h"
-#include "core/strategy/Grade.h"
 #include "core/whatif/TwoTables.h"
 
 // From this meter on some hands are played otherwise.
@@ -33,7 +32,7 @@ class MeterCurve {
     // The other lines pay what they pay in the table. The turning points are those above the first
     // meter, up to the last. Only for tables that have no reason against it, and a line of theirs.
     MeterCurve(const PayTable& table, std::size_t line, double first, double last,
-               const Progress& progress = {});
+               const WhatIfProgress& progress = {});
 
     bool Cancelled() const { return cancelled; }  // the curve is of no use
 
@@ -54,16 +53,16 @@ class MeterCurve {
     // A straight piece of the return, in parts of a coin over all hands.
     struct Piece {
         double from = 0;  // the meter where it begins
-        Worth base = 0;   // where it would meet a meter of 0
-        Worth slope = 0;
+        Int128 base = 0;   // where it would meet a meter of 0
+        Int128 slope = 0;
     };
     struct Reader;
 
     const Piece& PieceAt(double coins) const;
 
     std::vector<Piece> pieces;
-    Worth bet = 0;  // of all hands
-    Worth oneCoinOfEach = 0;
+    Int128 bet = 0;  // of all hands
+    Int128 oneCoinOfEach = 0;
     std::vector<TurningPoint> turningPoints;
     bool cancelled = false;
 };

@@ -7,6 +7,9 @@
 
 #include "core/strategy/StartingHands.h"
 
+// Asked from time to time, with the share of the work that is done; false ends it.
+using WhatIfProgress = std::function<bool(double done)>;
+
 class TwoTables {
   public:
     // Why the hands of the two cannot be set side by side, as a sentence; empty when they can.

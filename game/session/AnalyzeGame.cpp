@@ -131,8 +131,14 @@ GameReportView ReadGameReport(const Seat& seat, const DataFilePaths& paths,
     SetCurrentTable(engine.settings, table);
     engine.payTable = LoadPayTable(seat.files.Main(), table, "");
     const ProfileOnDisk cache{seat.files.file, paths.analysisCache};
-    return {table, GameReport(engine, cache), AnalysisWarning(engine, cache),
-            LineShares(engine, cache), GameTable(engine, cache)};
+    GameReportView view{table,
+                        GameReport(engine, cache),
+                        AnalysisWarning(engine, cache),
+                        LineShares(engine, cache),
+                        GameTable(engine, cache),
+                        {}};
+    if (CanAnalyzeGame(engine.payTable)) view.payTable = engine.payTable;
+    return view;
 }
 
 GameReportPages::GameReportPages(Seat& seat, GameEngine& spare, const DataFilePaths& paths)

@@ -31,6 +31,8 @@ enum Command : int {
     kAnalyzeHand = 701,
     kAnalyzeGame = 702,
     kAllGames = 710,
+    kCompare = 712,
+    kMeter = 713,
     kSpeedFast = 800,
     kSpeedNormal = 801,
     kSpeedSlow = 802,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/strategy/Grade.h"
 #include "core/whatif/HoldWords.h"
 #include "core/whatif/Sensitivity.h"
 #include "tests/core/whatif/WhatIfTables.h"
