@@ -43,7 +43,7 @@ std::string Royal(const TableFigures& figures) {
 
 std::string Figures(const std::string& name, const TableFigures& figures) {
     return name + " returns " + Percent(figures.percent) + ", variance " +
-           FormatDecimals("%.4f", figures.variance) + Royal(figures) + ".\n";
+           FormatDecimals("%.4f", figures.variance) + Royal(figures);
 }
 
 }  // namespace
@@ -102,11 +102,10 @@ ReportTable PlayedTable(const GameComparison& comparison, const ComparedNames& n
 }
 
 std::string ComparisonInWords(const GameComparison& comparison) {
-    std::string text = Figures("A", comparison.a) + Figures("B", comparison.b);
     const double more = comparison.b.percent - comparison.a.percent;
-    text += more == 0 ? std::string("Both return the same.\n")
-                      : "B returns " + Percent(std::abs(more)) + (more < 0 ? " less" : " more") +
-                            " than A.\n";
+    std::string text = Figures("A", comparison.a) + ".\n" + Figures("B", comparison.b);
+    text += more == 0 ? std::string(": the same.\n")
+                      : ": " + Percent(std::abs(more)) + (more < 0 ? " less" : " more") + ".\n";
     if (!comparison.play) return text + comparison.whyNoPlay;
     const PlayComparison& play = *comparison.play;
     if (play.classes.empty()) return text + "No hand is played differently.";

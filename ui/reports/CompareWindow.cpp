@@ -24,10 +24,10 @@ namespace {
 
 constexpr int kPause = 200;  // milliseconds
 constexpr int kLookInterval = 50;
-constexpr int kShownCharacters = 110;
+constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 36;
 constexpr double kShareOfScreen = 0.9;
-constexpr int kFewestRows = 4;  // shown of the grid, its head included
+constexpr int kFewestRows = 3;  // shown of the grid, its head included
 constexpr int kPart = 2;        // of the height for the grid, against kParts for the tables
 constexpr int kParts = 3;
 constexpr int kLineColumn = 0;

@@ -28,7 +28,7 @@ namespace {
 constexpr int kPause = 200;  // milliseconds
 constexpr int kSettle = 150;
 constexpr int kLookInterval = 50;
-constexpr int kShownCharacters = 100;
+constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 34;
 constexpr double kShareOfScreen = 0.9;
 constexpr int kMostMeter = std::numeric_limits<int>::max() / 4;
