@@ -1,6 +1,7 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <algorithm>
 #include <utility>
@@ -57,6 +58,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     actions.settled = [this] {
         CountHands();
         if (allGames) allGames->UpdateButtons();
+        if (bankroll) bankroll->Follow();
         emit Settled();
         OpenWaitingFile();
     };
@@ -66,6 +68,7 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     desk.showAllGames = [this] { ShowAllGames(); };
     desk.showCompare = [this] { OpenWhatIf(compare); };
     desk.showMeter = [this] { OpenWhatIf(meter); };
+    desk.showBankroll = [this] { ShowBankroll(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
     StartGame(seat, paths);
@@ -133,6 +136,7 @@ void CMorvikDoc::CloseReports() {
     if (allGames) allGames->hide();
     if (compare) compare->hide();
     if (meter) meter->hide();
+    if (bankroll) bankroll->hide();
 }
 
 void CMorvikDoc::ShowAllGames() {
@@ -166,6 +170,11 @@ void CMorvikDoc::ShowHandOf(const TableOfGame& place, const PayTable& table, con
     aside.PutAside(HandPage(std::move(engine), desk.pictures, nullptr, nullptr), "hand");
 }
 
+void CMorvikDoc::ShowBankroll() {
+    if (!bankroll) bankroll = std::make_unique<BankrollWindow>(seat.engine);
+    bankroll->Open();
+}
+
 TableActions CMorvikDoc::ActionsOnTables() {
     return {.play =
                 [this](const TableOfGame& table) {
@@ -181,7 +190,8 @@ TableActions CMorvikDoc::ActionsOnTables() {
                     RunAs(kAnalyzeGame,
                           [this, table] { AnalyzeTableCommand(seat, desk.spare, paths, table); });
                 },
-            .mayChange = [this] { return IsEnabled(kEditPayTable); }};
+            .mayChange = [this] { return IsEnabled(kEditPayTable); },
+            .isBusy = [this] { return actions.Busy(); }};
 }
 
 // Runs what a command of the menus would do in another way, when that may be given.
@@ -198,6 +208,8 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
 void CMorvikDoc::RefuseQuestions() {
     player.RefuseAll();
     aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
+    if (!allGames) return;
+    for (auto* dialog : allGames->findChildren<QDialog*>()) dialog->reject();
 }
 
 void CMorvikDoc::AnswerQuestions() { player.AnswerAgain(); }

@@ -16,6 +16,7 @@
 #include "ui/machine/ActionQueue.h"
 #include "ui/reports/AllGamesWindow.h"
 #include "ui/reports/AsideWindows.h"
+#include "ui/reports/BankrollWindow.h"
 #include "ui/reports/CompareWindow.h"
 #include "ui/reports/MeterWindow.h"
 
@@ -103,6 +104,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     template <typename Window>
     void OpenWhatIf(std::unique_ptr<Window>& window);
     void ShowHandOf(const TableOfGame& place, const PayTable& table, const Hand& hand);
+    void ShowBankroll();
     TableActions ActionsOnTables();
     void RunAs(int command, const std::function<void()>& action);
     void OpenWaitingFile();
@@ -118,9 +120,10 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     ActionQueue actions;
     Seat seat;
     AsideWindows aside;
-    std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened
-    std::unique_ptr<CompareWindow> compare;    // likewise
-    std::unique_ptr<MeterWindow> meter;        // likewise
+    std::unique_ptr<AllGamesWindow> allGames;  // made when it is first opened, as is the next
+    std::unique_ptr<BankrollWindow> bankroll;
+    std::unique_ptr<CompareWindow> compare;
+    std::unique_ptr<MeterWindow> meter;
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

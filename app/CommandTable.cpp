@@ -4,6 +4,9 @@
 #include <QWidget>
 #include <Qt>
 #include <array>
+#include <memory>
+#include <optional>
+#include <utility>
 
 #include "app/DesktopSettings.h"
 #include "app/WindowPlaces.h"
@@ -21,9 +24,12 @@
 #include "game/session/SpareEngine.h"
 #include "ui/help/AboutDialog.h"
 #include "ui/help/HelpWindow.h"
+#include "ui/parts/DialogParts.h"
 #include "ui/questions/CombinationsDialog.h"
+#include "ui/reports/AsideWindows.h"
 #include "ui/reports/ErrorLogDialog.h"
 #include "ui/reports/HandAnalysisDialog.h"
+#include "ui/reports/HandPage.h"
 
 namespace {
 
@@ -72,18 +78,51 @@ void CompareTables(CommandDesk& desk, int) {
 void WatchMeter(CommandDesk& desk, int) {
     if (desk.showMeter) desk.showMeter();
 }
+void ReadBankroll(CommandDesk& desk, int) {
+    if (desk.showBankroll) desk.showBankroll();
+}
 void ReadHand(CommandDesk& desk, int) { ShowHandAnalysis(desk, desk.window); }
+
+void TellOfMissingCard(QWidget& over) {
+    ShowMessage("missingCard", QMessageBox::Critical, QObject::tr("Missing Card"),
+                QObject::tr("A card of this hand is missing in the log, so that it cannot be "
+                            "analyzed. Delete the entry, or mend it in the game file."),
+                &over);
+}
+
+void ShowLoggedHand(const CommandDesk& desk, const ErrorLogView& log, int index, QWidget& over) {
+    LoadSpare(desk.seat, desk.spare);
+    LendHand(desk.seat.engine, desk.spare);
+    const auto at = static_cast<std::size_t>(index);
+    if (!LendLoggedHand(log.errors.at(at), desk.spare)) return TellOfMissingCard(over);
+    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
+}
+
+// The machine may be playing another game by now, so the log lends its own.
+void PutLoggedHandAside(const CommandDesk& desk, const ErrorLogView& log, int index,
+                        QWidget& over) {
+    auto engine = std::make_unique<GameEngine>(log.engine);
+    const auto at = static_cast<std::size_t>(index);
+    if (!LendLoggedHand(log.errors.at(at), *engine)) return TellOfMissingCard(over);
+    const HandPage page(std::move(engine), desk.pictures, &desk.seat.engine, nullptr);
+    desk.aside.PutAside(page, "hand");
+}
+
 void ReadErrorLog(CommandDesk& desk, int) {
     if (TellIfErrorLogIsEmpty(desk.seat)) return;
+    std::optional<int> toDeal;
     const ErrorActions actions{
-        .analyze = [&desk](int index, QWidget& over) { ShowLoggedHandAnalysis(desk, index, over); },
-        .deal = {},
+        .analyze = [&desk](const ErrorLogView& log, int index,
+                           QWidget& over) { ShowLoggedHand(desk, log, index, over); },
+        .analyzeAside = [&desk](const ErrorLogView& log, int index,
+                                QWidget& over) { PutLoggedHandAside(desk, log, index, over); },
+        .deal = [&toDeal](int index) { toDeal = index; },
         .forget = [&desk](int index) { ForgetError(desk.seat, index); },
-        .mayForget = [&desk] { return IsEnabled(kClearErrorLog, desk.seat.engine); }};
+        .mayChange = [&desk] { return !PaidHandIsOpen(desk.seat.engine); }};
     ErrorLogDialog dialog(desk.seat.engine, desk.seat.files, desk.pictures, &desk.window, actions,
                           &desk.aside);
     dialog.exec();
-    if (const auto index = dialog.ToDeal()) DealLoggedHand(desk.seat, *index);
+    if (toDeal) DealLoggedHand(desk.seat, *toDeal);
 }
 void CountCombinations(CommandDesk& desk, int) { CombinationsDialog(&desk.window).exec(); }
 void OpenHelp(CommandDesk& desk, int) {
@@ -219,6 +258,7 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
     Row{kCompare,           "Compare",                0,   "",       kNever,          CompareTables},
     Row{kMeter,             "Meter",                  0,   "",       kNever,          WatchMeter},
+    Row{kBankroll,          "Bankroll",               0,   "",       kNever,          ReadBankroll},
 
     PopupRow{"helpMenu", "&Help"},
     Row{kHelpIndex,         "Help Index",     Qt::Key_F1,  "F1",     kNever,          OpenHelp},
@@ -248,8 +288,6 @@ const CommandRow* RowOf(int id) {
     return FindRow([id](const CommandRow& row) { return row.id == id; });
 }
 
-bool HandIsOpen(const GameEngine& engine) { return !engine.handOver && !engine.fixedHand; }
-
 }  // namespace
 
 std::span<const MenuRow> MenuRows() { return kRows; }
@@ -278,7 +316,7 @@ bool IsDoneAtOnce(int id) {
 bool IsEnabled(int id, const GameEngine& engine) {
     const CommandRow* row = RowOf(id);
     if (!row || row->grey == kAlways) return false;
-    return row->grey == kNever || !HandIsOpen(engine);
+    return row->grey == kNever || !PaidHandIsOpen(engine);
 }
 
 bool IsEnabledByKey(int id, const GameEngine& engine) {
@@ -293,15 +331,5 @@ void RunCommand(int id, CommandDesk& desk) {
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over) {
     LoadSpare(desk.seat, desk.spare);
     LendHand(desk.seat.engine, desk.spare);
-    HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
-}
-
-void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over) {
-    const ErrorLogEntry entry = LoggedError(desk.seat.engine, desk.seat.files, index);
-    LoadSpare(desk.seat, desk.spare);
-    LendHand(desk.seat.engine, desk.spare);
-    desk.spare.statistics.setCards = entry.hand;
-    desk.spare.statistics.setDraws = entry.draws;
-    if (!TakeFixedHand(desk.spare)) return;
     HandAnalysisDialog(desk.spare, desk.pictures, &over, desk.seat.engine, desk.aside).exec();
 }

@@ -28,6 +28,7 @@ struct CommandDesk {
     std::function<void()> showAllGames = {};
     std::function<void()> showCompare = {};
     std::function<void()> showMeter = {};
+    std::function<void()> showBankroll = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };
 
@@ -99,6 +100,3 @@ void RunCommand(int id, CommandDesk& desk);
 
 // Shows the report on the dealt hand over a window.
 void ShowHandAnalysis(const CommandDesk& desk, QWidget& over);
-
-// The same of an entry of the error log, 0 the oldest.
-void ShowLoggedHandAnalysis(const CommandDesk& desk, int index, QWidget& over);

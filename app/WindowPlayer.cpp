@@ -214,5 +214,7 @@ std::unique_ptr<Progress> WindowPlayer::ShowProgress(const std::string& text) {
 
 void WindowPlayer::ShowStatistics(const GameEngine& engine) {
     if (refusing) return;
-    StatisticsDialog(engine, clock.Now(), &window, machine, aside).exec();
+    // Those of Autoplay are no machine's, and stay as they are.
+    const GameEngine* own = &engine == machine ? machine : nullptr;
+    StatisticsDialog(engine, clock.Now(), &window, own, aside).exec();
 }

@@ -49,6 +49,8 @@ Command AnalyzeCommand();   // the exact return of a whole game, or of every gam
 Command StrategyCommand();  // a chart of the best play, and what it costs
 Command CompareCommand();   // two games side by side
 Command MeterCommand();     // a growing jackpot
+Command SessionCommand();   // what so many hands bring
+Command RuinCommand();      // the money that it takes to play for ever
 Command AutoplayCommand();  // hands dealt by a generator and played with their best holds
 
 }  // namespace cli

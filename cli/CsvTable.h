@@ -6,26 +6,28 @@
 #include <string_view>
 #include <vector>
 
+#include "core/text/Csv.h"
+
 namespace cli {
 
 // A text, a number, or nothing.
 class CsvCell {
   public:
     CsvCell() = default;
-    CsvCell(
-        std::string_view text);  // NOLINT(google-explicit-constructor): cells are written as lists
+    CsvCell(std::string_view text)  // NOLINT(google-explicit-constructor): rows are lists of cells
+        : text(CsvText(text)) {}
     CsvCell(const std::string& text)  // NOLINT(google-explicit-constructor)
         : CsvCell(std::string_view(text)) {}
     CsvCell(const char* text)  // NOLINT(google-explicit-constructor)
         : CsvCell(std::string_view(text)) {}
     CsvCell(double number);             // NOLINT(google-explicit-constructor)
     CsvCell(std::integral auto number)  // NOLINT(google-explicit-constructor)
-        : written(std::to_string(number)) {}
+        : text(std::to_string(number)) {}
 
-    const std::string& Written() const { return written; }
+    const std::string& Text() const { return text; }
 
   private:
-    std::string written;
+    std::string text;
 };
 
 class CsvTable {

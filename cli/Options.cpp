@@ -5,6 +5,8 @@
 #include <limits>
 
 #include "cli/Texts.h"
+#include "core/odds/DealLaw.h"
+#include "core/odds/SessionLaw.h"
 #include "core/strategy/Search.h"
 
 namespace cli {
@@ -79,6 +81,44 @@ double ReadRise(const std::string& text, std::string& problem) {
     const auto rise = ReadNumber<double>(text);
     if (rise && *rise > 0 && *rise <= 100) return *rise;
     problem = ": write what the meter grows by in percent of what is played, such as 1";
+    return 1;
+}
+
+std::int64_t ReadSessionHands(const std::string& text, std::string& problem) {
+    const auto hands = ReadNumber<std::int64_t>(text);
+    if (hands && *hands >= 0 && *hands <= SessionWish::kMostHands) return *hands;
+    problem = ": write how many hands the session has, from 0 to " +
+              std::to_string(SessionWish::kMostHands);
+    return 0;
+}
+
+int ReadLinesAtOnce(const std::string& text, std::string& problem) {
+    const auto lines = ReadNumber<int>(text);
+    if (lines && *lines >= 1 && *lines <= kMostLinesAtOnce) return *lines;
+    problem =
+        ": write how many lines are drawn at once, from 1 to " + std::to_string(kMostLinesAtOnce);
+    return 1;
+}
+
+double ReadMoney(const std::string& text, std::string& problem) {
+    constexpr double kMostMoney = 1e12;
+    const auto money = ReadNumber<double>(text);
+    if (money && *money >= 0 && *money <= kMostMoney) return *money;
+    problem = ": write dollars, such as 200, from 0 to 1000000000000";
+    return 0;
+}
+
+double ReadCashBack(const std::string& text, std::string& problem) {
+    const auto percent = ReadNumber<double>(text);
+    if (percent && *percent >= 0 && *percent <= 100) return *percent;
+    problem = ": write percent of what is played, such as 0.25, from 0 to 100";
+    return 0;
+}
+
+double ReadRisk(const std::string& text, std::string& problem) {
+    const auto risk = ReadNumber<double>(text);
+    if (risk && *risk > 0 && *risk <= 1) return *risk;
+    problem = ": write the chance of ruin, such as 0.05, above 0 and at most 1";
     return 1;
 }
 
@@ -225,6 +265,31 @@ void AddChart(CLI::App& parser, Options& options) {
     AddResultFile(parser, "--card", options.cardPath, "Write the chart's text, for --check too");
     AddResultFile(parser, "--check", options.checkPath,
                   "Grade the chart in the file instead of making one");
+}
+
+void AddSession(CLI::App& parser, Options& options) {
+    AddValue(parser, "--hands", "N", ReadSessionHands, options.hands,
+             "How many hands are dealt; of many lines, how many deals")
+        ->required();
+    AddValue(parser, "--bankroll", "B", ReadMoney, options.bankroll,
+             "The dollars brought; who cannot bet any more is broke");
+    AddValue(parser, "--goal", "G", ReadMoney, options.goal,
+             "Stop when there are so many dollars, those brought included");
+    AddValue(parser, "--cashback", "C", ReadCashBack, options.cashBack,
+             "Percent of what is played, paid when the session has ended");
+    AddValue(parser, "--lines", "L", ReadLinesAtOnce, options.linesAtOnce,
+             "So many hands are drawn from each one dealt, with a bet on each (default 1)");
+    AddBet(parser, options);
+}
+
+void AddRuin(CLI::App& parser, Options& options) {
+    AddValue(parser, "--cashback", "C", ReadCashBack, options.cashBack,
+             "Percent of what is played, paid with every hand");
+    AddValue(parser, "--bankroll", "B", ReadMoney, options.bankroll,
+             "What is the risk to lose so many dollars?");
+    AddValue(parser, "--risk", "R", ReadRisk, options.risk,
+             "What money takes the chance of ruin down to this, such as 0.05?");
+    AddBet(parser, options);
 }
 
 }  // namespace cli

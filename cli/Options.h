@@ -21,9 +21,14 @@ struct Options {
     std::vector<std::string> pays;           // in place of the table's own, as given: "FLUSH=5"
     std::optional<std::string> summaryPath;  // a file, or a folder for files of the usual names
     std::optional<std::string> detailPath;   // the same
-    std::int64_t hands = 0;                  // to play, at least 1
+    std::int64_t hands = 0;                  // to play, at least 1; of a session, from 0 on
     std::optional<std::uint32_t> seed;       // of the generator; otherwise the clock's
     std::optional<int> lines;                // of a strategy chart, at least 1
+    int linesAtOnce = 1;                     // 1..kMostLinesAtOnce
+    std::optional<double> bankroll;          // dollars, from 0 on; goal and risk likewise
+    std::optional<double> goal;              // dollars
+    std::optional<double> risk;              // of ruin, above 0 and at most 1
+    double cashBack = 0;                     // percent of what is played, 0..100
     std::optional<double> loss;              // of a chart, percent of the bet, from 0 on
     std::optional<std::string> cardPath;     // the file for a chart's text
     std::optional<std::string> checkPath;    // a chart to grade
@@ -62,5 +67,7 @@ void AddSensitivity(CLI::App& parser, Options& options);
 void AddTwoGames(CLI::App& parser, Options& options);
 void AddMeter(CLI::App& parser, Options& options);
 void AddChart(CLI::App& parser, Options& options);
+void AddSession(CLI::App& parser, Options& options);
+void AddRuin(CLI::App& parser, Options& options);
 
 }  // namespace cli

@@ -162,8 +162,8 @@ void ResultFiles::Write(const GameReport& report, std::vector<std::string>& prob
     const std::string section = TableSection(chosen.place.gameName, chosen.place.tableIndex);
     const AnalysisStamp stamp =
         StampOf(report.totals, chosen.payTable, report.coin, TimeOfAnalysis());
-    const bool whole = StandingOf({cache, path}, section, chosen.payTable) == kWhole;
-    if (stamp.stoppedAt && whole) return;  // a part must not take the place of all
+    // A part must not take the place of all.
+    if (stamp.stoppedAt && HoldsWhole({cache, path}, section, chosen.payTable)) return;
     WriteToCache(entries, stamp, section, {cache, path});
     // What it cannot take, as when there is no such file, it drops without a word.
     const auto& [key, label, value] = entries.front();

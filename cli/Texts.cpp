@@ -133,6 +133,13 @@ std::string Shortened(std::string_view text, std::size_t columns) {
     return shortened.append(kCut);
 }
 
+std::string SentencesOnLines(std::string text) {
+    for (auto at = text.find(". "); at != std::string::npos; at = text.find(". ", at + 2)) {
+        text[at + 1] = '\n';
+    }
+    return text;
+}
+
 std::string DidYouMean(std::string_view typed, const std::vector<std::string>& names) {
     std::vector<std::string> quoted;
     for (const std::string& name : NearestNames(typed, names)) quoted.push_back(Quoted(name));

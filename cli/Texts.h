@@ -34,6 +34,9 @@ std::size_t DisplayWidth(std::string_view text);
 // A UTF-8 text of at most so many columns; the end of a longer one is replaced by "...".
 std::string Shortened(std::string_view text, std::size_t columns);
 
+// The same text with every sentence on a line of its own.
+std::string SentencesOnLines(std::string text);
+
 // ": did you mean "A" or "B"?", with the nearest of the names, at most three, nearest first: those
 // that contain what was typed, otherwise those that the fewest changed characters turn it into,
 // letter case apart. Empty without names.

@@ -7,10 +7,10 @@
 #include "cli/Terminal.h"
 
 int main(int argc, char** argv) {
-    const std::array commands = {cli::GamesCommand(),    cli::ClassifyCommand(),
-                                 cli::HandCommand(),     cli::AnalyzeCommand(),
-                                 cli::StrategyCommand(), cli::CompareCommand(),
-                                 cli::MeterCommand(),    cli::AutoplayCommand()};
+    const std::array commands = {
+        cli::GamesCommand(),    cli::ClassifyCommand(), cli::HandCommand(),  cli::AnalyzeCommand(),
+        cli::StrategyCommand(), cli::CompareCommand(),  cli::MeterCommand(), cli::SessionCommand(),
+        cli::RuinCommand(),     cli::AutoplayCommand()};
     cli::Answer answer = cli::AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {

@@ -6,7 +6,7 @@ set -euo pipefail
 # The release preset builds the tests and benchmarks too, so their libraries are needed by every build.
 build_packages=(
     cmake ninja-build g++
-    libgtest-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
+    libgtest-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev libkissfft-dev
     qt6-base-dev qt6-svg-dev libpulse-dev
     fonts-liberation   # the face that stands for Arial; without any font the window shows no text
     fonts-dejavu-core  # that of menus and dialogs; without it they come out in Liberation's typewriter face

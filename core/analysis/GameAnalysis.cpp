@@ -297,6 +297,7 @@ class GameRun {
         totals.initHands[drawn] += weight;
         totals.initHandsTotal += weight;
         totals.er += weight * hand.best.expectedReturn;
+        totals.erSquares += weight * hand.best.expectedReturn * hand.best.expectedReturn;
         double sum = 0;
         for (std::size_t line = 0; line < kMaxPayLines; ++line) {
             const double hands = weight * hand.best.counts[line];
@@ -411,6 +412,9 @@ GameTotals AnalyzeGame(const LineTables& tables, const PayTable& table, double c
     GameTotals totals = GameRun(tables, table, coin, watcher).Play();
     totals.cost = WeightOfAll(table) * kFullBet * coin;
     totals.payoutPercent = totals.er / totals.cost * 100;
+    const double bet = kFullBet * coin;
+    const double mean = totals.er / totals.cost;
+    totals.holdVariance = totals.erSquares / (totals.cost * bet) - mean * mean;
     Summarize(table, totals);
     ComputeVariance(table, totals);
     return totals;

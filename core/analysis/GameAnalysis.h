@@ -23,7 +23,8 @@ struct GameTotals {
     double nothingTotal = 0;
     std::array<double, kDraws> finalHands{};  // winning or not
     double finalHandsTotal = 0;
-    double er = 0;  // dollars
+    double er = 0;         // dollars
+    double erSquares = 0;  // of the returns of the single hands, dollars squared
     std::int64_t representatives = 0;
 
     // These are filled when the run has ended.
@@ -36,6 +37,9 @@ struct GameTotals {
     double variance = 0;  // per coin, the sum of the parts below
     std::array<double, kMaxPayLines> lineVariance{};
     double nothingVariance = 0;
+    // Of the best holds' returns for each coin: the mean of their squares, less the square of their
+    // mean. Lines that are drawn from one hand share its hold, so this is the covariance of two.
+    double holdVariance = 0;
     bool cancelled = false;  // only a part of the hands was analysed
 };
 

@@ -67,6 +67,10 @@ struct TableOfGame {
 // "%s(%i)", the section that holds a table, its statistics and its cached analysis.
 std::string TableSection(const std::string& gameName, int tableIndex);
 
+// What stands before it in the name of the section of a game file that dates the table's errors. No
+// game's name may begin so.
+inline constexpr std::string_view kErrorDates = "Error Dates ";
+
 // Reads a table from the main profile file and each line's win count from gamePath (empty: all 0).
 // A missing section gives a table without lines. Values that a file edited by hand may hold are
 // taken so:

@@ -113,8 +113,7 @@ std::string GameNameProblem(std::string_view name) {
     }
     // Where a game file keeps the dates of the errors of a game, which would mix with the
     // statistics.
-    constexpr std::string_view kTaken = "Error Dates ";
-    if (SameText(name.substr(0, kTaken.size()), kTaken)) {
+    if (SameText(name.substr(0, kErrorDates.size()), kErrorDates)) {
         return "Game name can not begin with Error Dates";
     }
     if (name.front() == ' ' || name.back() == ' ') {

@@ -93,6 +93,11 @@ bool CopyOwnerAndMode(int descriptor, const struct stat& old) {
     return fchmod(descriptor, old.st_mode & kPermissionBits) == 0;
 }
 
+// Whether it is not there or may be written; otherwise errno says why not.
+bool MayBeReplaced(const std::filesystem::path& file) {
+    return faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) == 0 || errno == ENOENT;
+}
+
 std::filesystem::path FolderOf(const std::filesystem::path& path) {
     return path.has_parent_path() ? path.parent_path() : ".";
 }
@@ -156,9 +161,9 @@ FileReplacement::FileReplacement(const std::string& path) {
     const bool exists = stat(target.c_str(), &old) == 0;
     error = exists && S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
     if (exists && !S_ISREG(old.st_mode)) return;
-    error = EACCES;
-    if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return;
+    if (exists) mode = old.st_mode & kPermissionBits;
 
+    error = EACCES;
     const auto folder = FolderOf(target);
     RemoveLeftovers(folder);
     const std::string name = NewName();
@@ -197,6 +202,11 @@ bool FileReplacement::Write(std::string_view piece) {
 
 bool FileReplacement::Commit() {
     if (descriptor < 0) return false;
+    if (!MayBeReplaced(target)) {
+        Fail();
+        GiveUp();
+        return false;
+    }
     const bool written = fsync(descriptor) == 0 || Fail();
     // A network file system may report here only that it could not write.
     const bool closed = close(std::exchange(descriptor, -1)) == 0 || Fail();
@@ -211,6 +221,8 @@ bool FileReplacement::Commit() {
 bool FileReplacement::CommitAs(const std::string& path) {
     if (descriptor < 0) return false;
     target = FolderOf(target) / std::filesystem::path(path).filename();
+    // It is not to be protected as the old file is, or it could not be written again.
+    if (mode != 0) fchmod(descriptor, mode | S_IWUSR);
     return Commit();
 }
 

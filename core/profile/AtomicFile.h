@@ -1,6 +1,8 @@
 // Files as a whole: telling them apart, reading one, and writing one so that its old contents are
 // there until the new ones are, whatever happens in between.
 #pragma once
+#include <sys/types.h>
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -33,8 +35,8 @@ bool WriteAll(int descriptor, std::string_view contents);
 // replacement in the same folder an hour or more later takes it away.
 class FileReplacement {
   public:
-    // Cannot begin when the path names something else than a plain file, when the old file may not
-    // be written (as when opening it for writing), or when its folder takes no new file.
+    // Cannot begin when the path names something else than a plain file, or when its folder takes
+    // no new file.
     explicit FileReplacement(const std::string& path);
     ~FileReplacement();  // gives up what is not committed and leaves nothing of it
     FileReplacement(const FileReplacement&) = delete;
@@ -43,11 +45,15 @@ class FileReplacement {
     // False once a step has failed; nothing that follows helps then.
     bool Write(std::string_view piece);
 
-    // Puts the new contents into place. True when the file has them; otherwise it is as it was. To
-    // be called at most once.
+    // Puts the new contents into place. True when the file has them; otherwise it is as it was, as
+    // when it may not be written (as when opening it for writing). To be called at most once.
     bool Commit();
-    // The same under another name in the folder of the path, whose file stays as it was.
+    // The same under another name beside the file, behind the links, which stays as it was and may
+    // be one that must not be written.
     bool CommitAs(const std::string& path);
+
+    // The file that gets or has got the contents, behind the links.
+    std::string Path() const { return target.string(); }
 
     // The error number of the step that failed; 0 = none has, or the system does not tell.
     int Error() const { return error; }
@@ -59,6 +65,7 @@ class FileReplacement {
     std::filesystem::path target;  // behind the links
     std::string workingName;
     int descriptor = -1;  // -1 = could not begin, failed or ended
+    mode_t mode = 0;      // of the old file; 0 = there was none
     int error = 0;
 };
 

@@ -30,7 +30,7 @@ int OpenStream(const std::string& path, const struct stat& status) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) {
+OutputFile::OutputFile(const std::string& path) : path(path) {
     struct stat status = {};
     const bool exists = stat(path.c_str(), &status) == 0;
     if (!exists || (S_ISREG(status.st_mode) && OwnOutput(status) < 0)) {
@@ -62,10 +62,10 @@ bool OutputFile::Close() {
     return !failed;
 }
 
-bool OutputFile::CloseAs(const std::string& path) {
+bool OutputFile::CloseAs(const std::string& other) {
     if (!replacement || failed || closed) return Close();
     closed = true;
-    failed = !replacement->CommitAs(path);
+    failed = !replacement->CommitAs(other);
     return !failed;
 }
 

@@ -24,12 +24,16 @@ class OutputFile {
     bool Close();
     // The same, but a plain file gets another name in the folder of the path, and the one there
     // stays as it was.
-    bool CloseAs(const std::string& path);
+    bool CloseAs(const std::string& other);
+
+    // The file that has the output: that of CloseAs, or a device or pipe as it was named.
+    std::string Path() const { return replacement ? replacement->Path() : path; }
 
     // Why a step failed, in words of the system; empty when none did, or the system does not tell.
     std::string Problem() const;
 
   private:
+    std::string path;
     std::optional<FileReplacement> replacement;
     int stream = -1;  // -1 = the file is replaced, or could not be opened
     bool failed = false;

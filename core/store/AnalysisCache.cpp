@@ -194,6 +194,12 @@ AnalysisStanding StandingOf(const AnalysisStamp& stamp, const PayTable& table) {
     return stamp.stoppedAt ? AnalysisStanding::kStopped : AnalysisStanding::kWhole;
 }
 
+bool HoldsWhole(const ProfileOnDisk& cache, const std::string& section, const PayTable& table) {
+    using enum AnalysisStanding;
+    const auto standing = StandingOf(cache, section, table);
+    return standing == kWhole || (standing == kUnknownPays && !ReadStamp(cache, section).stoppedAt);
+}
+
 AnalysisStanding StandingOf(const ProfileOnDisk& cache, const std::string& section,
                             const PayTable& table) {
     if (!HasAnalysis(cache, section)) return AnalysisStanding::kNone;

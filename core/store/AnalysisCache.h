@@ -79,4 +79,9 @@ enum class AnalysisStanding {
 AnalysisStanding StandingOf(const ProfileOnDisk& cache, const std::string& section,
                             const PayTable& table);
 AnalysisStanding StandingOf(const AnalysisStamp& stamp, const PayTable& table);
+
+// Whether a run that was cancelled would take the place of a whole analysis: one of the table's
+// pays, or one of an earlier release, which may be.
+bool HoldsWhole(const ProfileOnDisk& cache, const std::string& section, const PayTable& table);
+
 AnalysisStamp ReadStamp(const ProfileOnDisk& cache, const std::string& section);

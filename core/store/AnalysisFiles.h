@@ -50,6 +50,10 @@ class DetailFile {
     // The same, into another file of the folder: the one named first stays as it was.
     bool CloseAs(const std::string& path);
 
+    // The file that has the lines: of a pipe or device, and behind links, another than was asked
+    // for.
+    std::string Path() const { return file.Path(); }
+
     // Why not; empty when nothing failed.
     std::string Problem() const { return file.Problem(); }
 

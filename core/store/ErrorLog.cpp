@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/paytable/PayTable.h"
 #include "core/profile/ProfileFile.h"
 #include "core/text/IsoTime.h"
 #include "core/text/Numbers.h"

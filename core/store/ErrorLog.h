@@ -23,8 +23,7 @@ struct ErrorLogEntry {
     bool operator==(const ErrorLogEntry&) const = default;
 };
 
-// Where the dates stand: "Error Dates %s(%i)", beside the section of the table.
-inline constexpr std::string_view kErrorDates = "Error Dates ";
+// Where the dates stand (kErrorDates): "Error Dates %s(%i)", beside the section of the table.
 std::string ErrorDatesSection(const std::string& section);
 
 // The ten codes, the two masks and the two returns with four decimals, commas between them; not the

@@ -16,7 +16,16 @@ std::string Quoted(const std::string& cell) {
     return quoted + '"';
 }
 
+bool LooksLikeFormula(std::string_view text) {
+    if (text.size() < 2) return text == "=" || text == "@";
+    return std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
+}
+
 }  // namespace
+
+std::string CsvText(std::string_view text) {
+    return (LooksLikeFormula(text) ? "'" : "") + std::string(text);
+}
 
 std::string CsvRow(std::span<const std::string> cells) {
     std::string row;

@@ -10,6 +10,10 @@
 // some program would otherwise part it or cut its blanks.
 std::string CsvRow(std::span<const std::string> cells);
 
+// The text as a cell: one that a spreadsheet would take for a formula begins with a '. A lone sign
+// is none.
+std::string CsvText(std::string_view text);
+
 // What parts the cells of the first line: a comma, or where there are more of them, a semicolon or
 // a tab.
 char CsvSeparator(std::string_view text);

@@ -48,7 +48,8 @@ void Select(Seat& seat, int id, const std::string& name, std::optional<int> tabl
 GameChoice ChooseGame(Seat& seat, int id, std::optional<int> tableIndex) {
     const std::string name = NameOf(seat.files, id);
     if (name.empty()) return GameChoice::kUnknown;
-    if (LacksPayTable(seat.files, id, name)) {
+    const bool gone = tableIndex && !TableExists(seat.files.Main(), name, *tableIndex);
+    if (gone || LacksPayTable(seat.files, id, name)) {
         TellOfMissingPayTable(seat.player);
         return GameChoice::kNoPayTable;
     }

@@ -132,6 +132,7 @@ void ForgetErrors(Seat& seat) {
 
 void ForgetError(Seat& seat, int index) {
     GameEngine& engine = seat.engine;
+    if (LoggedText(engine, seat.files, index).empty()) return;
     if (engine.replayIndex > index) --engine.replayIndex;
     ReportSave(seat, DeleteError(seat.files.Game(), StatsSection(engine), index,
                                  engine.statistics.nextError));

@@ -19,6 +19,12 @@ void LogError(GameEngine& engine, const GameFiles& files, const ErrorLogEntry& e
 
 }  // namespace
 
+// Exactly: equal counts give equal sums, and what rounding parts is judged alike wherever it shows.
+bool IsBestPlay(const GameEngine& engine, HoldMask hold) {
+    const auto index = static_cast<std::size_t>(hold);
+    return engine.analysis.holds[index].expectedReturn == engine.analysis.bestReturn;
+}
+
 bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfterError& goesOn,
                    bool log) {
     const HoldMask held = HeldMask(engine);
@@ -26,7 +32,7 @@ bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfter
     const double own = engine.analysis.holds[static_cast<std::size_t>(held)].expectedReturn;
     const bool counts = log && engine.settings.mode != PlayMode::kErrorLog;
     if (counts) engine.statistics.bestReturns.Add(best);
-    if (own == best) return true;
+    if (IsBestPlay(engine, held)) return true;
 
     const ErrorLogEntry entry{
         engine.dealtCopy,   engine.drawCards, engine.analysis.best, held, best, own,
@@ -36,7 +42,8 @@ bool CheckBestPlay(GameEngine& engine, const GameFiles& files, const GoesOnAfter
 }
 
 bool CheckDrawAgain(const GameEngine& engine, const GoesOnAfterError& goesOn, bool drawsAgain) {
-    const auto& play = engine.analysis.drawAgain[static_cast<std::size_t>(engine.playedHold)];
+    const auto played = static_cast<std::size_t>(engine.playedHold.value_or(0));
+    const auto& play = engine.analysis.drawAgain[played];
     const bool drawingIsBest = engine.finalLine >= play.drawAgainLine;
     if (drawsAgain) {
         return drawingIsBest || goesOn(std::string(kBetterToHold));

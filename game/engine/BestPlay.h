@@ -8,6 +8,9 @@
 // Shows what a play error costs; true when the player goes on with it all the same.
 using GoesOnAfterError = std::function<bool(const std::string& message)>;
 
+// Whether a hold of the dealt hand returns as much as the best one, so that playing it is no error.
+bool IsBestPlay(const GameEngine& engine, HoldMask hold);
+
 // Judges the held cards when the draw is asked for. True when play goes on: the hold returns as
 // much as the best one, or the player goes on with it.
 //

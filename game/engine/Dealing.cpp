@@ -84,6 +84,7 @@ void ClassifyDeal(GameEngine& engine) {
 
 void Deal(GameEngine& engine, const GameFiles& files) {
     engine.held = {};
+    engine.playedHold.reset();
     engine.hand = kNoCards;
     engine.drawCards = kNoCards;
     engine.charlieNow = engine.charlieOnDeal = false;

@@ -8,6 +8,8 @@ bool IsPickEm(const GameEngine& engine) { return engine.payTable.type == GameTyp
 
 bool IsSneakPeak(const GameEngine& engine) { return engine.payTable.gameId == kSneakPeakGameId; }
 
+bool PaidHandIsOpen(const GameEngine& engine) { return !engine.handOver && !engine.fixedHand; }
+
 bool FeaturePending(const GameEngine& engine) {
     return engine.doubleUpPick || engine.redBlackPending || engine.spinPending ||
            engine.targetPending;
@@ -42,6 +44,7 @@ void UseTable(GameEngine& engine, PayTable table, LineTableCache& tables) {
     engine.drawCards = kNoCards;
     engine.dealtCopy = kNoCards;
     engine.held = {};
+    engine.playedHold.reset();
     engine.readyToDeal = engine.handOver = true;
     engine.handWins = engine.charlieNow = engine.charlieOnDeal = false;
     engine.dealtLine = engine.finalLine = -1;

@@ -3,6 +3,7 @@
 #pragma once
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "core/analysis/HoldAnalysis.h"
@@ -40,9 +41,9 @@ struct GameEngine {
     HandCards drawCards = kNoCards;  // replace discards from left to right, the first one first
     HandCards dealtCopy = kNoCards;  // the hand as it was dealt
     std::array<bool, kHandSize> held{};
-    HoldMask playedHold = 0;  // of the last draw
-    HoldAnalysis analysis;    // of the dealt hand
-    HandFeatures features;    // of the hand last classified
+    std::optional<HoldMask> playedHold;  // in the draw to the dealt hand; none before it
+    HoldAnalysis analysis;               // of the dealt hand
+    HandFeatures features;               // of the hand last classified
 
     bool readyToDeal = true;      // the next DealOrDraw deals
     bool handOver = true;         // no hand is in play
@@ -71,6 +72,9 @@ struct GameEngine {
 // Whether this game is played, which deals and draws in a way of its own.
 bool IsPickEm(const GameEngine& engine);
 bool IsSneakPeak(const GameEngine& engine);
+
+// A hand that a bet was taken for is in play; practice with fixed hands takes none.
+bool PaidHandIsOpen(const GameEngine& engine);
 
 // A feature or a double up waits for the player, who can do nothing else at the table.
 bool FeaturePending(const GameEngine& engine);

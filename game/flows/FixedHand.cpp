@@ -58,13 +58,14 @@ void AssignFixedHand(Seat& seat) {
 
 void DealLoggedHand(Seat& seat, int index) {
     GameEngine& engine = seat.engine;
+    if (PaidHandIsOpen(engine)) return;
     const ErrorLogEntry entry = ParseEntry(LoggedText(engine, seat.files, index));
     SettleFeatures(seat);
     engine.statistics.setCards = entry.hand;
     engine.statistics.setDraws = entry.draws;
     engine.replayIndex = index;
     engine.fixedHand = true;
-    FixedDealDraw(seat);
+    if (CanBeginHand(seat)) DealAgain(seat);  // nothing has been played that could be judged
 }
 
 void FixedDealDraw(Seat& seat) {

@@ -7,7 +7,8 @@
 void AssignFixedHand(Seat& seat);
 
 // Deals an entry of the error log, 0 the oldest, as the fixed hand; in Error Log mode the replay
-// goes on behind it.
+// goes on behind it. What lies there of a fixed hand is given up without being judged; while a paid
+// hand is open nothing happens, or its bet would be lost.
 void DealLoggedHand(Seat& seat, int index);
 
 // DEAL/DRAW in fixed-hand mode.

@@ -3,6 +3,7 @@
 
 #include "core/paytable/GameCatalogue.h"
 #include "core/paytable/ShippedPayTables.h"
+#include "core/store/AnalysisCache.h"
 #include "core/text/Numbers.h"
 #include "game/commands/GameSelection.h"
 #include "game/paytables/PayTableEditor.h"
@@ -27,13 +28,6 @@ std::string AlreadyExists(const std::string& name) { return "\"" + name + "\" al
 bool IsBuiltIn(const std::string& name) {
     return std::ranges::any_of(BuiltInGames(),
                                [&](const BuiltInGame& game) { return SameText(game.name, name); });
-}
-
-// Without what the figures of an analysis, which are those of the full bet, do not depend on.
-PayTable OfFigures(PayTable seat) {
-    seat.maxBet = kFullBet;
-    for (PayLine& line : seat.lines) line.description = line.shortDescription = "";
-    return seat;
 }
 
 }  // namespace
@@ -115,13 +109,13 @@ bool PayTableEditor::Add(PayTableQuestions& questions) {
 
 bool PayTableEditor::WriteInPlace(PayTableQuestions& questions) {
     if (!TakeTypedName(questions)) return false;
-    const PayTable before = StoredTable();
+    const std::string before = PaysHash(StoredTable());
     texts = WithPlainNumbers(texts);
     if (!WritePayTable(Files(), Shown(), texts, IsStored() ? kStoredLinks : kNoNeighbours)) {
         return SaveFails(questions);
     }
     if (!IsStored()) making = Making::kFirstTableStored;
-    if (OfFigures(StoredTable()) != OfFigures(before)) ForgetAnalysis();
+    if (PaysHash(StoredTable()) != before) ForgetAnalysis();
     FinishEdit(seat.files.Main());
     keptName = gameName;
     KeepStored();
@@ -194,9 +188,9 @@ bool PayTableEditor::Restore(PayTableQuestions& questions) {
         "Restore", "Do you wish to restore the default pay table of " + gameName +
                        " as it came with the program? Your changes to it will be lost.");
     if (!confirmed) return false;
-    const PayTable before = StoredTable();
+    const std::string before = PaysHash(StoredTable());
     if (!WriteTableSection(Files(), Shown(), *shipped)) return SaveFails(questions);
-    if (OfFigures(StoredTable()) != OfFigures(before)) ForgetAnalysis();
+    if (PaysHash(StoredTable()) != before) ForgetAnalysis();
     FinishEdit(seat.files.Main());
     Load(gameName, 0);
     BeginTable();

@@ -7,6 +7,7 @@
 #include "core/store/AnalysisCache.h"
 #include "core/text/Amount.h"
 #include "game/reports/ReportCells.h"
+#include "game/reports/ReportHead.h"
 
 namespace {
 
@@ -50,8 +51,14 @@ std::vector<ReportColumn> Columns() {
     };
 }
 
-void AddFigures(const StoredAnalysis& analysis, std::vector<ReportCell>& cells) {
+void AddFigures(const StoredAnalysis& analysis, GameType type, std::vector<ReportCell>& cells) {
     cells.push_back(NumberCell("%.4f", analysis.payoutPercent));
+    if (type == GameType::kDoubleDraw) {
+        // The rest is counted after the first draw and is not what a player meets.
+        cells.resize(kDateColumn);
+        cells.push_back(DateCell(analysis.stamp.date.value_or(0)));
+        return;
+    }
     cells.push_back(NumberCell("%.4f", analysis.variance));
     cells.push_back(NumberCell("%.4f", std::sqrt(analysis.variance)));
     const double misses = analysis.Probability(analysis.nothing);
@@ -70,7 +77,7 @@ ReportRow RowOf(const ListedTable& table, const ProfileOnDisk& cache) {
     const auto standing =
         analysis ? StandingOf(analysis->stamp, table.table) : AnalysisStanding::kNone;
     if (can && standing == AnalysisStanding::kWhole) {
-        AddFigures(*analysis, row.cells);
+        AddFigures(*analysis, table.table.type, row.cells);
     } else {
         row.cells.resize(kDateColumn);
         const std::string reason =
@@ -115,7 +122,8 @@ bool IsMissing(const ListedTable& table, const ProfileOnDisk& cache) {
            StandingOf(cache, section, table.table) != AnalysisStanding::kWhole;
 }
 
-ReportTable AllGamesTable(const std::vector<ListedTable>& tables, const ProfileOnDisk& cache) {
+ReportTable AllGamesTable(const std::vector<ListedTable>& tables, const ProfileOnDisk& cache,
+                          std::int64_t time) {
     ReportTable report;
     report.title = "All Games";
     report.columns = Columns();
@@ -124,6 +132,15 @@ ReportTable AllGamesTable(const std::vector<ListedTable>& tables, const ProfileO
     const auto count = std::ssize(report.rows);
     report.head = {{"Tables", FormatCount(count)},
                    {"Not analyzed", FormatCount(missing)},
-                   {"Bet", std::to_string(kFullBet) + " coins"}};
+                   {"Bet", BetText(kFullBet)},
+                   {"Coin", "any, the figures are for each coin bet"},
+                   DateFact(time)};
+    const bool drawnAgain = std::ranges::any_of(tables, [](const ListedTable& listed) {
+        return listed.table.type == GameType::kDoubleDraw;
+    });
+    if (drawnAgain) {
+        report.head.push_back(
+            {"Double-draw games", "the return alone; the other figures end at the first draw"});
+    }
     return report;
 }

@@ -22,5 +22,7 @@ std::vector<ListedTable> ListTables(const ProfileOnDisk& main);
 bool IsMissing(const ListedTable& table, const ProfileOnDisk& cache);
 
 // A row for each. Figures that are not those of the table are left out, with the reason in place of
-// the date.
-ReportTable AllGamesTable(const std::vector<ListedTable>& tables, const ProfileOnDisk& cache);
+// the date; of a double-draw game only the return counts both draws, and stands alone. The time is
+// that of the table, in seconds since the epoch.
+ReportTable AllGamesTable(const std::vector<ListedTable>& tables, const ProfileOnDisk& cache,
+                          std::int64_t time);

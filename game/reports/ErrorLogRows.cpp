@@ -4,7 +4,6 @@
 #include <map>
 
 #include "core/cards/CardText.h"
-#include "core/text/Amount.h"
 #include "game/engine/GameEngine.h"
 #include "game/engine/PlayErrorText.h"
 #include "game/reports/ErrorLogReport.h"
@@ -12,6 +11,7 @@
 #include "game/reports/HoldKind.h"
 #include "game/reports/Quotient.h"
 #include "game/reports/ReportCells.h"
+#include "game/reports/ReportHead.h"
 
 namespace {
 
@@ -47,11 +47,11 @@ ReportCell HoldCell(const GameEngine& engine, const ErrorLogEntry& error, HoldMa
     return cell;
 }
 
-std::vector<ReportFact> Head(const GameEngine& engine, std::size_t errors) {
-    return {{"Game", engine.settings.gameName},
-            {"Table", std::to_string(engine.settings.activeTable)},
-            {"Coin", FormatDollars("%.2f", engine.settings.coin)},
-            {"Entries", std::to_string(errors)}};
+std::vector<ReportFact> Head(const GameEngine& engine, std::size_t errors, std::int64_t time) {
+    auto facts = GameFacts(engine);
+    facts.push_back(DateFact(time));
+    facts.push_back({"Entries", std::to_string(errors)});
+    return facts;
 }
 
 }  // namespace
@@ -65,10 +65,11 @@ std::vector<ErrorLogEntry> ReadErrors(const GameEngine& engine, const GameFiles&
     return errors;
 }
 
-ReportTable ErrorTable(const GameEngine& engine, const std::vector<ErrorLogEntry>& errors) {
+ReportTable ErrorTable(const GameEngine& engine, const std::vector<ErrorLogEntry>& errors,
+                       std::int64_t time) {
     ReportTable report;
     report.title = "Error Log";
-    report.head = Head(engine, errors.size());
+    report.head = Head(engine, errors.size(), time);
     report.columns = {
         {"Error", "", true, "Its number, the oldest first"},
         {"Date", "", true, "When it was made; errors of earlier releases have no date"},
@@ -102,7 +103,8 @@ ReportTable OnlyKind(ReportTable errors, const std::string& kind) {
     return errors;
 }
 
-ReportTable ErrorKindTable(const GameEngine& engine, const std::vector<ErrorLogEntry>& errors) {
+ReportTable ErrorKindTable(const GameEngine& engine, const std::vector<ErrorLogEntry>& errors,
+                           std::int64_t time) {
     struct Total {
         std::string kind;
         int errors = 0;
@@ -123,7 +125,7 @@ ReportTable ErrorKindTable(const GameEngine& engine, const std::vector<ErrorLogE
     std::ranges::stable_sort(sorted, std::greater(), &Total::cost);
     ReportTable report;
     report.title = "Errors by Kind of Hold";
-    report.head = Head(engine, errors.size());
+    report.head = Head(engine, errors.size(), time);
     report.columns = {{"Kind of hold", "", false, "What the best hold was"},
                       {"Errors", "", true, ""},
                       {"Cost", "$", true, "Of all these errors"},

@@ -9,6 +9,7 @@
 #include "game/reports/GameReport.h"
 #include "game/reports/Quotient.h"
 #include "game/reports/ReportCells.h"
+#include "game/reports/ReportHead.h"
 
 namespace {
 
@@ -132,14 +133,12 @@ ReportTable GameTable(const GameEngine& engine, const ProfileOnDisk& cache) {
     report.title = "Game Analysis";
     report.columns = Columns();
     report.warning = AnalysisWarning(engine, cache);
-    report.head = {{"Game", engine.settings.gameName},
-                   {"Table", std::to_string(engine.settings.activeTable)},
-                   {"Bet", std::to_string(kFullBet) + " coins"}};
+    report.head = GameFacts(CurrentTable(engine.settings), kFullBet,
+                            analysis ? analysis->coin : engine.settings.coin);
     if (!analysis) {
         AddPaysAlone(table, report);
         return report;
     }
-    report.head.push_back({"Coin", FormatDollars("%.2f", analysis->coin)});
     AddFigures(*analysis, table, report);
     AddRows(*analysis, table, report);
     return report;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/cards/CardText.h"
+#include "core/store/ErrorLog.h"
 #include "core/text/Amount.h"
 #include "game/engine/Dealing.h"
 #include "game/engine/PlayErrorText.h"
@@ -49,6 +50,7 @@ void TakeHand(GameEngine& spare) {
     spare.hand = spare.dealtCopy = spare.statistics.setCards;
     spare.drawCards = DrawsBeside(spare);
     spare.held = {};
+    spare.playedHold.reset();
     spare.handOver = true;
     AnalyzeDealtHand(spare);
 }
@@ -100,7 +102,16 @@ void LendHand(const GameEngine& player, GameEngine& spare) {
     }
     TakeHand(spare);
     spare.held = player.held;
+    spare.playedHold = player.playedHold;
     spare.handOver = player.handOver;
+}
+
+bool LendLoggedHand(const ErrorLogEntry& entry, GameEngine& spare) {
+    spare.statistics.setCards = entry.hand;
+    spare.statistics.setDraws = entry.draws;
+    if (!TakeFixedHand(spare)) return false;
+    spare.playedHold = entry.player;
+    return true;
 }
 
 bool TakeFixedHand(GameEngine& spare) {
@@ -141,9 +152,12 @@ std::string TakeTypedHand(GameEngine& spare, std::string_view text) {
     return {};
 }
 
-std::optional<HoldMask> HoldAtMachine(const GameEngine& engine) {
-    if (engine.handOver || IsPickEm(engine)) return std::nullopt;
-    return HeldMask(engine);
+std::optional<HoldMask> PlayersHold(const GameEngine& engine) {
+    if (!IsPickEm(engine)) return engine.handOver ? engine.playedHold : HeldMask(engine);
+    // A pile that was drawn to lies in the hand behind the player's two cards.
+    if (engine.playedHold == kStandPat) return kLeftPile;
+    if (engine.playedHold == kPlayersTwo) return kRightPile;
+    return engine.playedHold;
 }
 
 bool IsAnalyzed(const GameEngine& spare) {

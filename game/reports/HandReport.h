@@ -10,6 +10,7 @@
 #include "core/eval/HandEvaluator.h"
 #include "game/engine/FixedHandEditor.h"
 
+struct ErrorLogEntry;
 struct GameEngine;
 
 // What the report shows of winning and losing draws, and of each pay line.
@@ -24,6 +25,11 @@ enum class HandDisplay {
 // The player's engine may be in the middle of the hand.
 void LendHand(const GameEngine& player, GameEngine& spare);
 
+// Gives the spare engine, on which LoadSpare has put the game of the log, the hand of an entry with
+// the hold that the player chose, and analyses it. False, with nothing analysed, when a card of the
+// hand is missing.
+bool LendLoggedHand(const ErrorLogEntry& entry, GameEngine& spare);
+
 // Takes the fixed hand of the spare engine, as the editor leaves it, for the dealt one and analyses
 // it. False, with nothing changed, when a place of the hand is empty. The spare engine goes on
 // without a fixed hand.
@@ -37,9 +43,10 @@ std::string HandInWords(const GameEngine& engine);
 // stays. What is wrong and how to mend it, with nothing changed, or empty.
 std::string TakeTypedHand(GameEngine& spare, std::string_view text);
 
-// What the player holds of the hand that is played, as it was lent; nothing when no hand is in
-// play, and in Pick 'Em, where a hand is over with its choice.
-std::optional<HoldMask> HoldAtMachine(const GameEngine& engine);
+// The player's own hold of the hand, as it was lent: what is held while the hand is in play, what
+// was held in the draw afterwards, the one that was logged. Nothing for a hand that was not played,
+// and for one of Pick 'Em before a pile is chosen.
+std::optional<HoldMask> PlayersHold(const GameEngine& engine);
 
 // Whether the hand could be analysed: its cards are in the deck, none of them twice.
 bool IsAnalyzed(const GameEngine& spare);

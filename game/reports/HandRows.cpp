@@ -6,23 +6,14 @@
 #include <vector>
 
 #include "core/cards/CardText.h"
-#include "core/text/Amount.h"
+#include "game/engine/BestPlay.h"
 #include "game/engine/GameEngine.h"
 #include "game/reports/HandReport.h"
 #include "game/reports/HoldLine.h"
+#include "game/reports/ReportCells.h"
 #include "game/reports/ReportHead.h"
 
 namespace {
-
-constexpr double kSameWorth = 1e-12;  // of a return: sums of the same parts in another order
-
-ReportCell Number(double value, const char* format) {
-    return {.text = FormatDecimals(format, value), .value = value};
-}
-
-ReportCell Count(std::int64_t count) {
-    return {.text = FormatCount(count), .value = static_cast<double>(count)};
-}
 
 // The cards that stay, each in its place; in Pick 'Em the pile that is chosen with the two others.
 HandCards HeldCards(const GameEngine& engine, HoldMask hold) {
@@ -61,17 +52,17 @@ ReportCell LineCell(const HoldLine& line, LineFigure figure) {
     ReportCell cell;
     switch (figure) {
         case LineFigure::kProbability:
-            cell = Number(line.Probability() * 100, "%.4f");
+            cell = NumberCell("%.4f", line.Probability() * 100);
             break;
         case LineFigure::kHands:
-            cell = Count(line.Draws());
+            cell = CountCell(line.Draws());
             break;
         case LineFigure::kOdds:
             if (line.Draws() == 0) return {.text = "never"};
-            cell = Number(line.Odds(), "%.2f");
+            cell = NumberCell("%.2f", line.Odds());
             break;
         case LineFigure::kShareOfReturn:
-            cell = Number(line.Share(), "%.2f");
+            cell = NumberCell("%.2f", line.Share());
             break;
     }
     if (line.IsDrawnAgain()) cell.text.insert(0, "*");
@@ -125,11 +116,11 @@ ReportRow RowOf(const GameEngine& engine, HoldMask hold, LineFigure figure) {
     const double bet = engine.settings.bet * engine.settings.coin;
     ReportRow row{.id = hold, .cells = {HoldCell(engine, hold), {}}};
     if (IsSneakPeak(engine)) row.cells.push_back(KnownCardCell(engine, hold));
-    row.cells.push_back(Number(result.expectedReturn, "%.4f"));
-    row.cells.push_back(Number(cost, "%.4f"));
-    row.cells.push_back(bet > 0 ? Number(cost / bet * 100, "%.2f") : ReportCell{});
-    row.cells.push_back(Number(result.WinRate() * 100, "%.2f"));
-    row.cells.push_back(Count(result.totalHands));
+    row.cells.push_back(NumberCell("%.4f", result.expectedReturn));
+    row.cells.push_back(NumberCell("%.4f", cost));
+    row.cells.push_back(bet > 0 ? NumberCell("%.2f", cost / bet * 100) : ReportCell{});
+    row.cells.push_back(NumberCell("%.2f", result.WinRate() * 100));
+    row.cells.push_back(CountCell(result.totalHands));
     for (std::size_t line = engine.payTable.lines.size(); line-- > 0;) {
         row.cells.push_back(LineCell({engine, hold, line}, figure));
     }
@@ -143,19 +134,20 @@ void RankRows(const GameEngine& engine, std::vector<ReportRow>& rows) {
     };
     for (std::size_t first = 0, end = 0; first < rows.size(); first = end) {
         for (end = first + 1; end < rows.size(); ++end) {
-            if (worth(first) - worth(end) > kSameWorth * worth(first)) break;
+            if (worth(first) != worth(end)) break;
         }
         for (std::size_t i = first; i < end; ++i) {
             const auto rank = static_cast<double>(first + 1);
             rows[i].cells[1] = {.text = std::to_string(first + 1) + (end > first + 1 ? "=" : ""),
                                 .value = rank};
-            if (first == 0) rows[i].mark = RowMark::kBest;
+            const bool best = IsBestPlay(engine, static_cast<HoldMask>(rows[i].id));
+            if (best) rows[i].mark = RowMark::kBest;
         }
     }
 }
 
 void MarkPlayersHold(const GameEngine& engine, std::vector<ReportRow>& rows) {
-    const auto held = HoldAtMachine(engine);
+    const auto held = PlayersHold(engine);
     const auto own =
         std::ranges::find_if(rows, [&](const ReportRow& row) { return held && row.id == *held; });
     if (own == rows.end()) return;

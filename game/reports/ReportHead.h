@@ -8,9 +8,16 @@
 #include "game/reports/ReportTable.h"
 
 struct GameEngine;
+struct TableOfGame;
+
+// "1 coin", "5 coins".
+std::string BetText(int bet);
 
 // "Game", "Table" (its index), "Bet" ("5 coins") and "Coin" ("$0.25").
 std::vector<ReportFact> GameFacts(const GameEngine& engine);
+
+// The same of any table, at a bet of so many coins of so many dollars.
+std::vector<ReportFact> GameFacts(const TableOfGame& table, int bet, double coin);
 
 // "Date" by the wall clock of this place: "2026-11-23 18:44". The time is in seconds since the
 // epoch.

@@ -25,17 +25,9 @@ std::string OneLine(std::string text) {
     return text;
 }
 
-// A lone sign is no formula.
-bool LooksLikeFormula(std::string_view text) {
-    if (text.size() < 2) return text == "=" || text == "@";
-    return std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
-}
-
-std::string AsText(const std::string& text) { return LooksLikeFormula(text) ? "'" + text : text; }
-
 // What a spreadsheet reads as the number or the text that it is.
 std::string ForSpreadsheet(const ReportCell& cell) {
-    if (!cell.value) return AsText(cell.text);
+    if (!cell.value) return CsvText(cell.text);
     std::string number = cell.text;
     std::erase(number, ',');
     ReplaceAll(number, kMinusSign, "-");
@@ -198,13 +190,13 @@ ReportTable PartOf(const ReportTable& table, std::span<const std::size_t> rows,
 
 std::string Csv(const ReportTable& plain) {
     const ReportTable table = WithMarks(plain);
-    std::string text = CsvLine({AsText(table.title)});
+    std::string text = CsvLine({CsvText(table.title)});
     for (const ReportFact& fact : table.head) {
-        text += CsvLine({AsText(fact.label), AsText(fact.value)});
+        text += CsvLine({CsvText(fact.label), CsvText(fact.value)});
     }
-    if (!table.warning.empty()) text += CsvLine({AsText(table.warning)});
+    if (!table.warning.empty()) text += CsvLine({CsvText(table.warning)});
     std::vector<std::string> cells;
-    for (const ReportColumn& column : table.columns) cells.push_back(AsText(Heading(column)));
+    for (const ReportColumn& column : table.columns) cells.push_back(CsvText(Heading(column)));
     text += '\n' + CsvLine(cells);
     for (const ReportRow& row : table.rows) {
         cells.clear();
@@ -253,7 +245,7 @@ std::string TabSeparated(const ReportTable& table) {
         text += (column > 0 ? "\t" : "") + OneLine(cell);
     };
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        add(AsText(Heading(table.columns[i])), i);
+        add(CsvText(Heading(table.columns[i])), i);
     }
     text += '\n';
     for (const ReportRow& row : table.rows) {

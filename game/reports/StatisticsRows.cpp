@@ -26,12 +26,18 @@ struct Copy {
 constexpr Copy kCopies[] = {{&Counter::session, &DollarSum::session, &PayLine::sessionWins},
                             {&Counter::total, &DollarSum::total, &PayLine::totalWins}};
 
-ReportCell CountCell(std::int64_t count) {
-    return {FormatCount(count), static_cast<double>(count), {}};
+// The bet of the hand in play, which is counted as played before the hand is.
+std::int64_t BetInPlay(const GameEngine& engine) {
+    return PaidHandIsOpen(engine) ? engine.settings.bet : 0;
 }
 
-std::string BetText(const MachineSettings& settings) {
-    return std::to_string(settings.bet) + (settings.bet == 1 ? " coin" : " coins");
+// The credits that were bet on the hands played. The bet of a hand in which the statistics were
+// reset is not in the counter; it is taken for the present one.
+std::int64_t CreditsBet(const GameEngine& engine, std::int32_t Counter::*copy) {
+    const std::int64_t bet = engine.settings.bet;
+    const std::int64_t hands = engine.statistics.handsPlayed.*copy;
+    const std::int64_t played = engine.statistics.creditsPlayed.*copy - BetInPlay(engine);
+    return hands >= 0 && played == (hands - 1) * bet ? played + bet : played;
 }
 
 class RowMaker {
@@ -61,7 +67,7 @@ class RowMaker {
 
   private:
     std::int64_t Hands(const Copy& copy) const { return statistics.handsPlayed.*copy.counter; }
-    std::int64_t Played(const Copy& copy) const { return statistics.creditsPlayed.*copy.counter; }
+    std::int64_t Played(const Copy& copy) const { return CreditsBet(engine, copy.counter); }
 
     // Three cells for each copy: what was seen, what is expected, how unusual that is.
     template <typename Cells>
@@ -127,9 +133,10 @@ class RowMaker {
         rows.push_back(Counted(StatisticsRow::kCreditsPlayed, "Credits played",
                                [this](const Copy& copy) { return Played(copy); }));
         rows.push_back(Earned(StatisticsRow::kCreditsWon, "Credits won on pay lines", mean, won));
-        rows.push_back(
-            Earned(StatisticsRow::kNetGain, "Net gain, credits", mean - 1,
-                   [this](const Copy& copy) { return NetCredits(statistics, copy.counter); }));
+        rows.push_back(Earned(StatisticsRow::kNetGain, "Net gain, credits", mean - 1,
+                              [this](const Copy& copy) {
+                                  return CreditsReturned(statistics, copy.counter) - Played(copy);
+                              }));
         const auto share = [this](const Copy& copy, std::int64_t credits) {
             return Quotient(credits, Played(copy));
         };
@@ -195,7 +202,7 @@ ReportTable OnlySeen(const ReportTable& table) {
 
 std::string ExpectedText(const GameEngine& engine, bool isKnown) {
     if (isKnown) {
-        return "best play of " + BetText(engine.settings) +
+        return "best play of " + BetText(engine.settings.bet) +
                " in every hand, without bonuses and double ups";
     }
     const bool comes = CanAnalyzeGame(engine.payTable) && !engine.payTable.lines.empty();
@@ -205,15 +212,14 @@ std::string ExpectedText(const GameEngine& engine, bool isKnown) {
 // Bets that were mixed show in credits that are not the present bet for each hand.
 std::string MixedBets(const GameEngine& engine) {
     const std::int64_t bet = engine.settings.bet;
-    const std::int64_t played = engine.statistics.creditsPlayed.total;
+    const std::int64_t played = CreditsBet(engine, &Counter::total);
     const std::int64_t hands = engine.statistics.handsPlayed.total;
-    const std::int64_t inPlay = engine.handOver || engine.fixedHand ? 0 : bet;
-    if (played == hands * bet + inPlay) return {};
+    if (played == hands * bet) return {};
     return FormatCount(played) + " credits were played on " + FormatCount(hands) + " hands, not " +
            std::to_string(bet) +
            " on each: bets were mixed, or hands given up. The return expected is that of the "
            "present bet, " +
-           BetText(engine.settings) + ".";
+           BetText(engine.settings.bet) + ".";
 }
 
 }  // namespace
@@ -224,6 +230,9 @@ ReportTable StatisticsRows(const GameEngine& engine, const std::optional<Expecte
     table.title = "Game Play Analysis";
     table.head = GameFacts(engine);
     table.head.push_back(DateFact(time));
+    if (PaidHandIsOpen(engine)) {
+        table.head.push_back({"In play", BetText(engine.settings.bet) + ", not counted here"});
+    }
     table.head.push_back({"Expected", ExpectedText(engine, expected.has_value())});
     table.warning = MixedBets(engine);
     table.columns = Columns();

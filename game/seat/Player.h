@@ -34,8 +34,8 @@ struct WrittenFile {
     std::string problem;  // why it could not be written, as a sentence goes on; empty = it was
 };
 
-// Shown while long work goes on, with which the player cannot do anything but cancel it; gone with
-// the object.
+// Shown while long work goes on, which the player can cancel; gone with the object. Nothing else
+// can be done at the machine meanwhile, but what is put aside and All Games stay in use.
 class Progress {
   public:
     virtual ~Progress() = default;

@@ -1,13 +1,22 @@
 #include "game/session/AllGames.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "core/profile/ProfileFile.h"
 #include "core/store/AnalysisCache.h"
 
 AllGames::AllGames(Seat& seat, const DataFilePaths& paths) : seat(seat), paths(paths) { Refresh(); }
 
-void AllGames::Refresh() { games = ListTables(seat.files.Main()); }
+void AllGames::Refresh() {
+    games = ListTables(seat.files.Main());
+    if (kept) return;
+    // Of a file that is gone nothing is left to be written: its figures are missing again.
+    std::error_code error;
+    const bool gone = !std::filesystem::exists(paths.analysisCache, error);
+    ProfileFile& file = seat.files.file;
+    kept = file.Save(paths.analysisCache) || (gone && file.Flush());
+}
 
 std::optional<TableOfGame> AllGames::PlaceOf(std::int64_t id) const {
     const auto found = std::ranges::find(games, id, &ListedTable::Id);
@@ -51,7 +60,9 @@ bool AllGames::Collect() {
     auto found = run->TakeDone();
     if (over) run.reset();
     std::erase_if(found, [this](const AnalyzedTable& done) {
-        return !TableExists(seat.files.Main(), done.place.gameName, done.place.tableIndex);
+        const auto& [gameId, gameName, tableIndex] = done.place;
+        return !TableExists(seat.files.Main(), gameName, tableIndex) ||
+               PaysHash(LoadPayTable(seat.files.Main(), done.place, "")) != PaysHash(done.table);
     });
     if (found.empty()) return false;
     for (const auto& [place, table, totals] : found) {

@@ -3,6 +3,7 @@
 #pragma once
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "core/store/DataFiles.h"
@@ -15,10 +16,10 @@ class AllGames {
   public:
     AllGames(Seat& seat, const DataFilePaths& paths);
 
-    // Reads the pay tables and the analyses anew.
+    // Reads the pay tables and the analyses anew, and tries again to write what is not kept yet.
     void Refresh();
 
-    ReportTable Table() const { return AllGamesTable(games, Cache()); }
+    ReportTable Table() const { return AllGamesTable(games, Cache(), seat.clock.Now()); }
 
     // The table of a row; nothing for an id that no row has.
     std::optional<TableOfGame> PlaceOf(std::int64_t id) const;
@@ -39,10 +40,14 @@ class AllGames {
     void Cancel();
 
     // Stores what the run has found since; to be called from time to time while one goes on, which
-    // ends here. True when anything was stored. Tables that are gone meanwhile are passed over.
+    // ends here. True when anything was stored. Tables that are gone or
+    // changed meanwhile are passed over.
     bool Collect();
 
-    // Whether all that was stored so far has reached the disk; a later flush may bring the rest.
+    // Where it is stored.
+    const std::string& CacheName() const { return paths.analysisCache; }
+
+    // Whether all that was stored so far has reached the disk; Refresh tries to bring the rest.
     bool IsKept() const { return kept; }
 
   private:

@@ -13,6 +13,7 @@
 #include "core/store/Session.h"
 #include "core/text/Numbers.h"
 #include "game/flows/DealSteps.h"
+#include "game/reports/ReportHead.h"
 #include "game/session/SpareEngine.h"
 
 namespace {
@@ -53,16 +54,16 @@ std::vector<WrittenFile> WriteFiles(const AnalysisFilePaths& files, const GameTo
     if (detail) {
         const std::string path = target(files.detail);
         const bool done = totals.cancelled ? detail->CloseAs(path) : detail->Close();
-        written.push_back({path, problemOf(done, detail->Problem())});
+        const std::string where = totals.cancelled ? detail->Path() : files.detail;
+        written.push_back({where, problemOf(done, detail->Problem())});
     }
     return written;
 }
 
 // Whether the figures of a part of the hands are to take the place of what is stored.
 bool MayReplace(Seat& seat, const ProfileOnDisk& cache, const GameEngine& spare, int percent) {
-    const auto standing = StandingOf(cache, StatsSection(spare), spare.payTable);
-    return standing != AnalysisStanding::kWhole ||
-           seat.player.SaysYes("Run Analysis",
+    if (!HoldsWhole(cache, StatsSection(spare), spare.payTable)) return true;
+    return seat.player.SaysYes("Run Analysis",
                                "The analysis was stopped at " + std::to_string(percent) +
                                    " %, and a whole one of this pay table is stored "
                                    "already.\n\nReplace the whole one by the part? No keeps the "
@@ -129,6 +130,7 @@ GameReportView ReadGameReport(const Seat& seat, const DataFilePaths& paths,
                               const TableOfGame& table) {
     GameEngine engine;
     SetCurrentTable(engine.settings, table);
+    engine.settings.coin = seat.engine.settings.coin;
     engine.payTable = LoadPayTable(seat.files.Main(), table, "");
     const ProfileOnDisk cache{seat.files.file, paths.analysisCache};
     GameReportView view{table,
@@ -137,6 +139,7 @@ GameReportView ReadGameReport(const Seat& seat, const DataFilePaths& paths,
                         LineShares(engine, cache),
                         GameTable(engine, cache),
                         {}};
+    view.table.head.push_back(DateFact(seat.clock.Now()));
     if (CanAnalyzeGame(engine.payTable)) view.payTable = engine.payTable;
     return view;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -17,9 +18,17 @@ int ThreadsFor(std::size_t tables) {
 
 BackgroundAnalysis::BackgroundAnalysis(std::vector<AnalyzedTable> given, double coin)
     : tables(std::move(given)), coin(coin), shares(tables.size()) {
-    running = ThreadsFor(tables.size());
-    const int count = running;
-    for (int i = 0; i < count; ++i) threads.emplace_back([this] { Work(); });
+    const int count = ThreadsFor(tables.size());
+    threads.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        ++running;
+        try {
+            threads.emplace_back([this] { Work(); });
+        } catch (const std::system_error&) {
+            --running;  // the machine has no more of them: those that run do all
+            break;
+        }
+    }
 }
 
 BackgroundAnalysis::~BackgroundAnalysis() {

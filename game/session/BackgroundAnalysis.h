@@ -16,7 +16,8 @@ struct AnalyzedTable {
 
 class BackgroundAnalysis {
   public:
-    // Begins at once. The tables can be analysed (CanAnalyzeGame); their totals are filled in.
+    // Begins at once, in as many threads as can be had; without any it is over at once. The tables
+    // can be analysed (CanAnalyzeGame); their totals are filled in.
     BackgroundAnalysis(std::vector<AnalyzedTable> tables, double coin);
 
     // Cancels and waits, some milliseconds at most.

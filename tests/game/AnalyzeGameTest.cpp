@@ -140,11 +140,35 @@ TEST_F(AnalyzeGameTest, AWholeAnalysisStaysUnlessThePlayerWantsThePartInItsPlace
     ports.progressSteps = -1;
     Command(1);
     EXPECT_EQ(Cached("Jacks or Better(0)", "Stopped"), "(none)");
+    // An earlier release did not say of which pays its figures are.
+    machine.file.WriteString("Jacks or Better(0)", "Pays", std::nullopt, paths.analysisCache);
+    answers = {"no"};
+    EXPECT_EQ(cancelledAt25(), "99.5439");
+    EXPECT_TRUE(answers.empty());
     // Figures of other pays are nothing to keep.
     machine.file.WriteString("Jacks or Better(0)", "Pays", "0", paths.analysisCache);
     Command(0);
     EXPECT_TRUE(warning.starts_with("Figures of other pays")) << warning;
     EXPECT_NE(cancelledAt25(), "99.5439");
+}
+
+// Nobody may write the whole file, which lies behind a link in another folder.
+TEST_F(AnalyzeGameTest, APartIsToldWhereItLies) {
+    std::filesystem::create_directory(machine.folder.Path("else"));
+    const std::string whole = machine.folder.Write("else/whole.txt", "whole");
+    std::filesystem::permissions(whole, std::filesystem::perms::owner_read);
+    std::filesystem::create_symlink(whole, machine.folder.Path("Jacks or Better(0) Detail.txt"));
+    ports.analysisFiles = AnalysisFilesChoice{.summary = false, .detail = true};
+    ports.progressSteps = 1;
+    Command(1);
+    const std::string part = "else/Jacks or Better(0) Detail partial.txt";
+    EXPECT_EQ(ports.lastFiles.at(0).path, machine.folder.Path(part));
+    EXPECT_EQ(ports.lastFiles.at(0).problem, "");
+    EXPECT_EQ(std::ranges::count(machine.folder.Read(part), '\n'), 128 + 1);
+    ports.progressSteps = 1;
+    Command(1);
+    EXPECT_EQ(ports.lastFiles.at(0).problem, "") << "again";
+    EXPECT_TRUE(machine.folder.Read("else/whole.txt") == "whole");
 }
 
 TEST_F(AnalyzeGameTest, WhatCouldNotBeWrittenIsToldWithItsReason) {

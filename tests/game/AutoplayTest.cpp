@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/analysis/GameAnalysis.h"
+#include "core/analysis/LineTableCache.h"
+#include "core/odds/SessionLaw.h"
 #include "tests/game/TestMachine.h"
 
 namespace {
@@ -55,6 +58,36 @@ TEST_F(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
         EXPECT_NEAR(counted.bestReturns.total / hands, exact.er / exact.cost * 5,
                     50 / std::sqrt(hands))
             << name;
+    }
+}
+
+// Sessions fall below each quantile of the exact law as often as it says.
+TEST_F(AutoplayTest, SessionsLieWhereTheirLawHasThem) {
+    constexpr std::int64_t kOfSession = 1000;
+    Play("Jacks or Better", 300);
+    engine.deck.random.RandomInit(2026);
+    std::vector<double> gains;
+    std::int64_t before = 0;
+    PlayHands(engine, files, kHands, [&](std::int64_t played) {
+        if (played % kOfSession != 0) return true;
+        const std::int64_t now = NetCredits(engine.statistics, &Counter::session);
+        gains.push_back(static_cast<double>(now - before) / kFullBet);
+        before = now;
+        return true;
+    });
+    LineTableCache cache;
+    const auto hand = AnalyzeBet(engine.payTable, kFullBet, cache, [] { return true; });
+    ASSERT_TRUE(hand);
+    const GainLaw gain = GainLawOf(*hand, engine.payTable, kFullBet);
+    const auto session = FindSessionLaw(gain, {kOfSession});
+    ASSERT_TRUE(session.law);
+    const auto count = static_cast<double>(gains.size());
+    for (const double share : {0.01, 0.05, 0.1, 0.25, 0.5, 0.75, 0.9, 0.95, 0.99}) {
+        const double quantile = session.law->Quantile(share);
+        const double expected = session.law->ShareUpTo(quantile) * count;
+        const auto seen = static_cast<double>(
+            std::ranges::count_if(gains, [&](double bets) { return bets <= quantile; }));
+        EXPECT_LT(Deviations(seen, expected, expected * (1 - expected / count)), 4) << share;
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
+#include "core/odds/Binomial.h"
 #include "game/reports/Chance.h"
 #include "tests/core/TestGames.h"
 

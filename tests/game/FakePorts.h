@@ -50,7 +50,8 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
     std::function<bool(PayTableEditor&)> atManager;
     std::function<ReportAnswer(GameReportPages&)> atReport;
     std::optional<AnalysisFilesChoice> analysisFiles = AnalysisFilesChoice{};
-    std::function<void()> duringInput;  // what the player does while a win is counted up
+    std::vector<WrittenFile> lastFiles;  // that the player was told of
+    std::function<void()> duringInput;   // what the player does while a win is counted up
 
     std::function<void(const Scene& before, const Scene& now)> looks;  // at each step
     std::function<void(int milliseconds)> passes;                      // in each pause
@@ -122,6 +123,7 @@ class Recorder : public Answering, public SeatDisplay, public Player, public Sou
     }
     void TellOfFiles(const std::string& caption, const std::vector<WrittenFile>& files) override {
         Add("told ", caption, ":");
+        lastFiles = files;
         for (const auto& [path, problem] : files) {
             log.back() += " " + path.substr(path.rfind('/') + 1);
             if (!problem.empty()) log.back() += " not written, " + problem;

@@ -200,6 +200,9 @@ TEST_F(ChangedFileTest, APlayedTableIsLoadedOverOrKeptElsewhereAsThePlayerSays) 
     KeepPlay(seat, true);
     EXPECT_EQ(OnDisk(), kOther) << "and nothing more is asked";
 
+    EXPECT_EQ(ChooseGame(seat, 330, 7), GameChoice::kNoPayTable) << "a table that is gone";
+    EXPECT_TRUE(log.back().starts_with("told Missing pay table: "));
+    EXPECT_EQ(engine.settings.gameId, 300);
     ChooseGame(seat, 330);
     engine.statistics.handsPlayed.Add(4);
     machine.folder.Write("third.qdx", "[main]\nCredits=3\n");

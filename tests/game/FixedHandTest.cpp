@@ -48,6 +48,26 @@ TEST_F(FixedHandTest, ALoggedHandIsDealtAsTheFixedOneInAnyMode) {
     EXPECT_EQ(engine.settings.credits, 100);
 }
 
+// In Warning mode both hands would be errors: nothing is held.
+TEST_F(FixedHandTest, ALoggedHandCostsNoOpenHandItsBetAndIsNoError) {
+    Log("AS KS QS JS TS");
+    engine.settings.mode = PlayMode::kWarning;
+    machine.Stack("JS JD TC 9H 2S");
+    DealDraw(seat);
+    TakeLog();
+    DealLoggedHand(seat, 0);
+    EXPECT_EQ(TakeLog(), "");
+    EXPECT_EQ(machine.HandText(), "JS JD TC 9H 2S ");
+    EXPECT_TRUE(PaidHandIsOpen(engine)) << "to be drawn to";
+    answers = {"yes"};
+    DealDraw(seat);
+    EXPECT_EQ(engine.statistics.playErrors.total, 1);
+    DealLoggedHand(seat, 0);
+    DealLoggedHand(seat, 0);
+    EXPECT_EQ(machine.HandText(), "AS KS QS JS TS ");
+    EXPECT_EQ(engine.statistics.playErrors.total, 1) << "nobody has played it";
+}
+
 TEST_F(FixedHandTest, ADrawCardThatTheHandWasGivenIsReplaced) {
     machine.Play("Sneak Peak Poker", 351);
     engine.fixedHand = true;

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "core/cards/CardText.h"
+#include "core/store/ErrorLog.h"
 #include "game/engine/Dealing.h"
 #include "game/reports/HandReport.h"
 #include "tests/game/TestMachine.h"
@@ -80,7 +81,14 @@ TEST_F(HandRowsTest, ARowSaysWhatAHoldIsWorthAndWhatItCosts) {
     EXPECT_EQ(Table().rows[0].remark, "best, and your hold");
     Draw(30);
     LendHand(engine, spare);
-    EXPECT_EQ(Table().rows[0].remark, "") << "no hand is played";
+    EXPECT_EQ(Table().rows[0].remark, "best, and your hold") << "in the draw";
+    EXPECT_EQ(Typed("AS KS QS JS 9S"), "AS KS QS JS 9S");
+    EXPECT_EQ(Table().rows[0].remark, "") << "nobody has played it";
+    ErrorLogEntry entry{.hand = spare.dealtCopy, .player = kStandPat};
+    EXPECT_TRUE(LendLoggedHand(entry, spare));
+    EXPECT_EQ(Table().rows[1].remark, "your hold");
+    entry.hand[4] = kNoCard;
+    EXPECT_FALSE(LendLoggedHand(entry, spare));
 }
 
 TEST_F(HandRowsTest, HoldsOfEqualWorthHaveTheSameRank) {
@@ -103,6 +111,15 @@ TEST_F(HandRowsTest, GamesWithASecondRowKeepTheirParticulars) {
     EXPECT_EQ(Cells(table, 0, 2), "7S 8S __ __ 9S|1");
     EXPECT_EQ(Cells(table, 1, 2), "7S 8S __ JH __|2");
     EXPECT_EQ(table.rows[1].mark, RowMark::kNone) << "nothing is held in this game";
+    for (const auto& [drawn, row] : {std::pair(kStandPat, 1U), {kPlayersTwo, 0U}}) {
+        Lend("7S 8S JH 2D 3D 9S");
+        Draw(drawn);
+        LendHand(engine, spare);
+        EXPECT_TRUE(Table().rows[row].remark.ends_with("your hold")) << "the pile chosen";
+    }
+    ASSERT_TRUE(LendLoggedHand(
+        {.hand = spare.dealtCopy, .draws = spare.drawCards, .player = kLeftPile}, spare));
+    EXPECT_EQ(Table().rows[1].remark, "your hold");
     EXPECT_EQ(Typed("KC KD 2S KH"), "KC KD 2S KH");
     EXPECT_EQ(Cells(Table(), 0, 1), "KC KD __ __ KH");
     EXPECT_EQ(Typed("KC KD 2S"), "3 cards given where 4 are needed");
@@ -131,10 +148,10 @@ TEST_F(HandRowsTest, AWrongTextChangesNothingAndSaysWhatIsWrong) {
     EXPECT_EQ(Typed("as ks qs js 9s 9s"), "\"9s\" is given twice: a deck holds each card once");
     EXPECT_TRUE(Typed("AS KS QS 1X 9S").starts_with("\"1X\" is not a card"));
     EXPECT_EQ(HandInWords(spare), "AS KS QS JS 9S");
-    EXPECT_EQ(HoldAtMachine(spare), kStandPat);
+    EXPECT_EQ(PlayersHold(spare), kStandPat);
     EXPECT_EQ(Typed(" 10s ks\tqs js AS "), "TS KS QS JS AS");
     EXPECT_EQ(Cells(Table(), 0, 3), "TS KS QS JS AS|1|4,000.0000");
-    EXPECT_EQ(HoldAtMachine(spare), std::nullopt) << "this hand is not the one played";
+    EXPECT_EQ(PlayersHold(spare), std::nullopt) << "this hand is not the one played";
     spare.statistics.setCards[0] = kNoCard;
     engine.dealtCopy[1] = kNoCard;
     LendHand(engine, spare);

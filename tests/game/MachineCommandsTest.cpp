@@ -167,6 +167,9 @@ TEST_F(MachineCommandsTest, OneEntryIsForgottenAndTheReplayStaysWithItsHand) {
     EXPECT_EQ(statistics.nextError, 1);
     EXPECT_EQ(Stored("Jacks or Better(0)", "NextError"), "1");
     EXPECT_EQ(statistics.playErrors.total, 3) << "the errors were made";
+    engine.replayIndex = 5;
+    ForgetError(seat, 3);
+    EXPECT_EQ(engine.replayIndex, 5) << "there is no such entry";
 }
 
 TEST_F(MachineCommandsTest, DollarsBecomeCreditsAndBack) {

@@ -120,6 +120,8 @@ TEST_F(NewGameTest, ATableIsAddedUnderTheNameThatWasTypedLast) {
     EXPECT_EQ(PaysOf("Ours"), (Pays{"250", "77"}));
     EXPECT_EQ(InMain("User Games", "2"), "9002,Ours");
     EXPECT_FALSE(editor.IsEnabled({FormField::kName})) << "from now on with Rename Game";
+    editor.Undo();
+    EXPECT_EQ(editor.texts.lines[0].payout, "250") << "names are steps no more";
     while (editor.CanUndo()) editor.Undo();
     EXPECT_EQ(editor.gameName, "Ours") << "no step can name another game";
     EXPECT_EQ(editor.texts.lines[0].payout, "");

@@ -64,24 +64,30 @@ TEST_F(ReportRowsTest, EveryTableIsListedAndTheMissingOnesAreAnalyzedInTheBackgr
     // All but two are there already, so that the test does not take long.
     for (const ReportRow& row : games.Table().rows) {
         const TableOfGame place = games.PlaceOf(row.id).value_or(TableOfGame{});
-        if (place.gameId <= 301 || place.gameName == "Mine") continue;
+        if (place.gameId <= 302 || place.gameName == "Mine") continue;
         const PayTable table = LoadPayTable(machine.files.Main(), place, "");
-        WriteToCache({{"ER", "", "1"}}, {0, PaysHash(table), {}},
+        WriteToCache({{"ER", "", "1"}, {"Payout%", "", "50"}}, {0, PaysHash(table), {}},
                      TableSection(place.gameName, place.tableIndex), cache);
     }
-    EXPECT_EQ(games.CountMissing(), 4);
+    EXPECT_EQ(games.CountMissing(), 5);
     games.AnalyzeMissing();
     EXPECT_TRUE(games.IsRunning());
     machine.file.DeleteSection("Mine(3)", machine.files.mainPath);
+    const TableOfGame changed = games.PlaceOf(302'000).value_or(TableOfGame{});
+    machine.file.WriteString(TableSection(changed.gameName, 0), "MaxPayout0", "4005",
+                             machine.files.mainPath);
     Wait(games);
     EXPECT_TRUE(games.IsKept());
-    EXPECT_EQ(games.CountMissing(), 1) << "the table that is gone since is not stored";
+    EXPECT_EQ(games.CountMissing(), 2) << "those that are gone or changed since are not stored";
     games.Refresh();
+    EXPECT_EQ(games.CountMissing(), 1);
     const auto rows = RowsOf(games.Table());
     EXPECT_EQ(rows.at("Jacks or Better"),
               "Jacks or Better|0|99.5439|19.5147|4.4175|45.46|40,390.55|2026-09-21 14:13|in the "
               "menu");
     EXPECT_EQ(rows.at("Sneak Peak Poker"), "Sneak Peak Poker|0||||||not available|not in the menu");
+    EXPECT_EQ(rows.at("Dbl Draw Bonus").substr(0, 28), "Dbl Draw Bonus|0|50.0000||||")
+        << "the rest ends at the first draw";
     EXPECT_TRUE(rows.at("Mine").ends_with("|your own")) << rows.at("Mine");
     EXPECT_TRUE(rows.at("Spin Bonus Poker").ends_with("|not in the menu"));
     EXPECT_EQ(games.PlaceOf(9002'000).value_or(TableOfGame{}).gameName, "Mine");
@@ -118,15 +124,33 @@ TEST_F(ReportRowsTest, ARunThatIsCancelledKeepsWhatIsDoneAndStoresNoPart) {
     EXPECT_TRUE(games.Table().rows.empty() && !games.IsRunning()) << "nothing is there to do";
 }
 
+TEST_F(ReportRowsTest, WhatIsNotKeptIsSaidUntilItIs) {
+    std::filesystem::create_directory(paths.analysisCache);  // where the file is to be
+    AllGames games(seat, paths);
+    games.AnalyzeMissing();
+    while (!games.Collect()) std::this_thread::yield();
+    games.Cancel();
+    Wait(games);
+    EXPECT_FALSE(games.IsKept());
+    games.Refresh();
+    EXPECT_FALSE(games.IsKept());
+    std::filesystem::remove(paths.analysisCache);
+    games.Refresh();
+    EXPECT_TRUE(games.IsKept());
+}
+
 TEST_F(ReportRowsTest, ALineHasItsChanceItsShareAndTheCardsThatAreDrawnForIt) {
     const auto before = GameTable(engine, cache);
     EXPECT_EQ(RowsOf(before).at("ROYAL FLUSH"), "ROYAL FLUSH|800|||||||||||");
     EXPECT_NE(before.warning, "");
     GameAnalysisWatcher none;
     const auto totals = AnalyzeGame(LineTables(engine.payTable), engine.payTable, 1, none);
+    engine.settings.coin = 0.25;
+    EXPECT_EQ(GameTable(engine, cache).head[3].value, "$0.25") << "of the machine";
     WriteToCache(AnalysisEntries(totals, engine.payTable, 1),
                  StampOf(totals, engine.payTable, 1, 0), "Jacks or Better(0)", cache);
     const auto table = GameTable(engine, cache);
+    EXPECT_EQ(table.head[2].value + table.head[3].value, "5 coins$1.00");
     const auto rows = RowsOf(table);
     EXPECT_EQ(table.warning, "");
     EXPECT_EQ(table.rows.size(), 10U);
@@ -151,17 +175,19 @@ TEST_F(ReportRowsTest, ErrorsAreListedWithTheirCostAndAddedUpByKind) {
     Log("JS JD TC 9H 2S", 0b11000, 0.5, 1'795'464'909);
     Log("AS KS QS TS 9S", 0b11110, 1.5, 1'795'464'909);
     const auto errors = ReadErrors(engine, machine.files);
-    const auto table = ErrorTable(engine, errors);
+    const auto table = ErrorTable(engine, errors, 1'795'464'909);
+    EXPECT_EQ(table.head[2].value + table.head[4].value, "5 coins2026-11-23 20:15");
     ASSERT_EQ(table.rows.size(), 3U);
     EXPECT_EQ(RowText(table.rows[0]),
               "1||AS KS QS JS 9S|AKQJ_|_____|2.0000|8.0000|4 to a royal flush");
     EXPECT_EQ(RowText(table.rows[1]),
               "2|2026-11-23 20:15|JS JD TC 9H 2S|JJ___|_____|0.5000|2.0000|Pair");
     EXPECT_EQ(table.rows[1].cells[2].cards.size(), 5U);
-    const auto kinds = ErrorKindTable(engine, errors);
+    const auto kinds = ErrorKindTable(engine, errors, 0);
     ASSERT_EQ(kinds.rows.size(), 2U);
     EXPECT_EQ(RowText(kinds.rows[0]), "4 to a royal flush|2|3.5000|14.0000|1.7500|87.50");
-    EXPECT_TRUE(ErrorTable(engine, {}).rows.empty() && ErrorKindTable(engine, {}).rows.empty());
+    EXPECT_TRUE(ErrorTable(engine, {}, 0).rows.empty() &&
+                ErrorKindTable(engine, {}, 0).rows.empty());
 }
 
 TEST(HoldKindTest, AHoldIsNamedByWhatItIsDrawnTo) {

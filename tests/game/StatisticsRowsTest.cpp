@@ -96,7 +96,36 @@ TEST_F(StatisticsRowsTest, MixedBetsAreToldApartFromABetInPlay) {
     EXPECT_TRUE(Table().warning.ends_with("the present bet, 1 coin."));
     expected.emplace();
     expected->otherBets.meanReturn = 0.5;
-    EXPECT_EQ(Cells(Table(), kNetGain), "-700|-2,500.0||10,295|-100,002.5||") << "of another bet";
+    EXPECT_EQ(Cells(Table(), kNetGain), "-699|-2,499.5||10,296|-100,002.0||") << "of another bet";
+}
+
+TEST_F(StatisticsRowsTest, AHandInPlayIsComparedOnceItIsPlayed) {
+    expected.emplace();
+    expected->fullBet.meanReturn = 0.995;
+    engine.statistics = {};
+    engine.statistics.creditsPlayed = {5, 5};
+    engine.handOver = false;
+    EXPECT_EQ(Cells(Table(), kNetGain), "0|0.0||0|0.0||");
+    EXPECT_EQ(Table().head[5].value, "5 coins, not counted here");
+    engine.statistics.handsPlayed = {1, 1};
+    engine.handOver = true;
+    EXPECT_EQ(Cells(Table(), kNetGain), "-5|0.0||-5|0.0||") << "-0.025";
+}
+
+TEST_F(StatisticsRowsTest, AHandInWhichTheStatisticsWereResetIsNoMixedBet) {
+    engine.statistics = {};  // in play, and its bet was counted before
+    engine.handOver = false;
+    EXPECT_EQ(Table().warning, "");
+    EXPECT_EQ(Cells(Table(), kCreditsPlayed), "0|");
+    engine.handOver = true;
+    engine.statistics.handsPlayed = {1, 1};
+    engine.statistics.creditsWon = {5, 5};
+    EXPECT_EQ(Cells(Table(), kReturn), "100.00|");
+    for (const int hands : {2, 100}) {
+        engine.statistics.handsPlayed = {hands, hands};
+        engine.statistics.creditsPlayed = {5 * hands - 5, 5 * hands - 5};
+        EXPECT_EQ(Table().warning, "");
+    }
 }
 
 }  // namespace

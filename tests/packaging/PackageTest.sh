@@ -89,7 +89,7 @@ the_analyser_follows_the_players_pay_tables() {
 each_option_is_in_the_manual() {
     local manual=$temporary/manual option
     gunzip -c "$prefix/share/man/man1/tolvane-cli.1.gz" | sed 's/\\-/-/g' >"$manual"
-    for command in games classify hand analyze strategy autoplay; do
+    for command in games classify hand analyze strategy session ruin autoplay; do
         grep -q "^\.BI* $command" "$manual" || fail "the manual does not know $command"
         for option in $(analyser help $command | grep -o -- '--[a-z]*'); do
             grep -q -- "$option" "$manual" || fail "the manual does not know $option"

@@ -100,12 +100,49 @@ TEST(PayTableEditingTest, KeysMoveLikeInASpreadsheetAndStepsAreTakenBack) {
     EXPECT_EQ(m.Text("payout1"), "750");
 }
 
+TEST(PayTableEditingTest, WithNothingToTakeBackNothingComesBack) {
+    OpenManager m("User Game 1", 9001, true);
+    auto& box = m.Part<QLineEdit>("description0");
+    box.setFocus();
+    QTest::keyClicks(&box, "x");
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_FALSE(m.editor.CanUndo());
+        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(box.text(), "");
+    }
+}
+
+TEST(PayTableEditingTest, KeysOfALineAreTakenAmongTheLinesAlone) {
+    OwnManager m;
+    const auto shifted = Qt::ControlModifier | Qt::ShiftModifier;
+    QApplication::clipboard()->setText("77");
+    m.Key("payout5", Qt::Key_V, shifted);
+    EXPECT_EQ(m.Text("payout5"), "77");
+    QApplication::clipboard()->setText("88");
+    for (const auto key : {Qt::Key_V, Qt::Key_K, Qt::Key_Up}) m.Key("maxBet", key, shifted);
+    EXPECT_EQ(m.Text("payout5") + m.Text("maxBet"), "775");
+    const auto paste = [&] { m.dialog.findChild<QAction*>("pasteRows")->trigger(); };
+    paste();  // from the menu
+    EXPECT_EQ(m.Text("payout5"), "88");
+    m.Part<QWidget>("rank5").setFocus();
+    Answer({Choose(QMessageBox::Discard), Type("Deuces W"), Press(Qt::Key_Return)},
+           [&] { m.Click("changeGame"); });
+    QApplication::clipboard()->setText("99");
+    paste();
+    EXPECT_EQ(m.Text("payout5"), "99") << "the ranks of this game can not be changed";
+}
+
 TEST(PayTableEditingTest, RowsAreDraggedAndPasted) {
     OwnManager m;
     auto& handle = m.Part<QLabel>("handle8");
     const auto at = [&](const char* name) {
         return handle.mapFromGlobal(m.Part<QWidget>(name).mapToGlobal(QPoint(2, 6)));
     };
+    QTest::mousePress(&handle, Qt::LeftButton, {}, QPoint(2, 6));
+    EXPECT_EQ(handle.cursor().shape(), Qt::ClosedHandCursor);
+    QTest::mousePress(&handle, Qt::RightButton, {}, QPoint(2, 6));  // gives it up
+    EXPECT_EQ(handle.cursor().shape(), Qt::OpenHandCursor);
     QTest::mousePress(&handle, Qt::LeftButton, {}, QPoint(2, 6));
     QTest::mouseMove(&handle, at("handle5"));
     QTest::mouseRelease(&handle, Qt::LeftButton, {}, at("handle2"));
@@ -130,11 +167,16 @@ TEST(PayTableEditingTest, EveryLineHasItsFiguresOrSaysWhyItHasNone) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return detail().endsWith("breaks even at 4,880"); }, 30000))
         << detail().toStdString();
     EXPECT_TRUE(detail().startsWith("\"deuces wild\" already exists")) << detail().toStdString();
-    EXPECT_EQ(m.Part<QLabel>("share0").text(), "1.9898");
+    EXPECT_EQ(m.Part<QLabel>("share0").text(), "1.9897");
     EXPECT_EQ(m.Part<QLabel>("probability8").text(), "21.4585");
     EXPECT_EQ(m.Part<QLabel>("coinMore8").text(), "4.29170");
     EXPECT_EQ(m.Part<QLabel>("share9").text(), "");
+    m.Key("maxBet", Qt::Key_0);
+    const auto& share = m.Part<QLabel>("share0");
+    EXPECT_FALSE(share.isEnabled() || m.Part<QLabel>("liveDetail").isEnabled()) << "not yet again";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return share.isEnabled(); }, 30000));
     m.Key("rank4", Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(share.text(), "") << "of other lines";
     const auto& reason = m.Part<QLabel>("reason5");
     EXPECT_TRUE(QTest::qWaitFor([&] { return reason.isVisible(); }, 30000));
     EXPECT_EQ(reason.text(), "Never paid: lines 1, 2 and 5 take all its hands.");

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QPrinter>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -19,6 +20,7 @@
 #include "game/reports/ReportText.h"
 #include "tests/core/profile/TemporaryFolder.h"
 #include "tests/ui/DialogRobot.h"
+#include "ui/tables/PrintedTable.h"
 #include "ui/tables/TableFiles.h"
 
 namespace {
@@ -110,6 +112,24 @@ TEST_F(ReportTableViewTest, AHeadingSortsUpwardsThenDownwardsThenNotAtAll) {
     EXPECT_EQ(Order(), "bdca") << "equal ones as they come now";
 }
 
+TEST_F(ReportTableViewTest, TheOrderStaysWithItsColumnWhenTheUnitChangesOrTheTitleComesTwice) {
+    ReportTable twice = Four();
+    for (std::size_t row = 0; row < twice.rows.size(); ++row) {
+        twice.columns[2] = {.title = "Cost", .unit = "%", .number = true};
+        const auto value = static_cast<double>(row);
+        twice.rows[row].cells[2] = {.text = std::to_string(row), .value = value};
+    }
+    view->SetTable(twice);
+    for (int i = 0; i < 2; ++i) ClickHeading(2);
+    EXPECT_EQ(Order(), "dbac");
+    EXPECT_EQ(view->SortedBy(), "-Cost#2");
+    twice.columns[1].unit = twice.columns[2].unit = "1 in";
+    view->SetTable(twice);
+    EXPECT_EQ(Order(), "dbac");
+    view->SortBy("-Cost");
+    EXPECT_EQ(Order(), "bcda");
+}
+
 TEST_F(ReportTableViewTest, FindGoesOnBackAndAroundAndSaysWhenThereIsNothing) {
     ok->setFocus();
     Key(Qt::Key_F, Qt::ControlModifier);  // from anywhere in the window
@@ -172,6 +192,47 @@ TEST_F(ReportTableViewTest, WhatIsShownIsSavedInEveryFormatAndPrinted) {
                print.reject();
            }},
            [&] { Click("printTable"); });
+}
+
+// A page of 273 x 186 millimetres, 100 dots to an inch.
+QImage FirstPage(const ReportTable& table) {
+    QImage paper(1075, 732, QImage::Format_RGB32);
+    paper.setDotsPerMeterX(3937);
+    paper.setDotsPerMeterY(3937);
+    paper.fill(Qt::white);
+    PrintedTable printed(table);
+    printed.LayOutFor(paper);
+    QPainter painter(&paper);
+    printed.DrawPage(painter, 0);
+    return paper;
+}
+
+bool IsWhite(const QImage& picture, int column) {
+    for (int y = 0; y < picture.height(); ++y) {
+        if (picture.pixel(column, y) != qRgb(255, 255, 255)) return false;
+    }
+    return true;
+}
+
+TEST(PrintedTableTest, TheLastColumnAndTheLastRowAreOnThePaper) {
+    for (const int columns : {3, 13, 60}) {
+        ReportTable table{.title = "Wide", .rows = {{.id = 1}}};
+        for (int i = 0; i < columns; ++i) {
+            table.columns.push_back({.title = "Royal flush " + std::to_string(i), .unit = "%"});
+            table.rows[0].cells.push_back({.text = "123,456.7890"});
+        }
+        const QImage page = FirstPage(table);
+        table.rows[0].cells.back().text = "HHHHHHHHHHHH";
+        EXPECT_NE(FirstPage(table), page) << columns;
+        EXPECT_TRUE(IsWhite(page, page.width() - 1)) << columns;
+        EXPECT_TRUE(columns == 3 || !IsWhite(page, page.width() * 24 / 25)) << columns;
+    }
+    ReportTable tall{.title = "Tall", .columns = {{.title = "A"}}};
+    for (int i = 0; i < 100; ++i) tall.rows.push_back({.id = i, .cells = {{.text = "A"}}});
+    PrintedTable printed(tall);
+    QImage paper = FirstPage(tall);
+    printed.LayOutFor(paper);
+    EXPECT_EQ(printed.PageCount(), 4);
 }
 
 TEST_F(ReportTableViewTest, TheFirstColumnStandsStillAndIsNeverInTheWay) {

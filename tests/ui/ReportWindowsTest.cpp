@@ -11,6 +11,7 @@
 
 #include "core/store/AnalysisCache.h"
 #include "core/store/ErrorLog.h"
+#include "game/commands/GameSelection.h"
 #include "game/reports/AllGamesRows.h"
 #include "tests/ui/TestProgram.h"
 #include "ui/tables/ReportTableView.h"
@@ -97,8 +98,21 @@ TEST_F(ReportWindowsTest, AllGamesAnalyzesWhatIsMissingWhileTheMachineIsPlayed) 
     ASSERT_EQ(games.model()->rowCount(), 3);
     GoTo(games, "Deuces Wild");
     EXPECT_EQ(TextAt(games, games.currentIndex().row(), 2), "100.7620");
-    Click(*window, "play");
+    auto& play = PartOf<QWidget>(*window, "play");
+    play.setFocus();
+    QTest::keyClick(&play, Qt::Key_Space);
     EXPECT_EQ(p.engine.settings.gameName, "Deuces Wild");
+    EXPECT_TRUE(play.isEnabled() && play.hasFocus());
+    p.clock.inPause = [&] {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        EXPECT_FALSE(play.isEnabled()) << "the machine is busy";
+    };
+    p.frame->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(p.frame.get()));
+    p.Deal(kNothing);
+    p.Key(Qt::Key_D);
+    EXPECT_TRUE(play.isEnabled());
     Answer({[](QDialog& dialog) {
                EXPECT_TRUE(PartOf<QPlainTextEdit>(dialog, "report")
                                .toPlainText()
@@ -228,6 +242,61 @@ TEST_F(ReportWindowsTest, AWholeErrorLogIsSortedFilteredAndAddedUp) {
         dialog.reject();
     };
     Answer({use}, [&] { p.Choose(kViewErrorLog); });
+}
+
+TEST_F(ReportWindowsTest, ALogPutAsideIsReadAndAnalyzedWhileTheMachineIsPlayed) {
+    TestProgram& p = Start();
+    LogErrors(p, 2);
+    p.Deal(kNothing);
+    const auto look = [](QDialog& dialog) {
+        PartOf<QTabWidget>(dialog, "tabs").setCurrentIndex(1);
+        for (const char* name : {"dealHand", "deleteError"}) {
+            const auto& button = PartOf<QWidget>(dialog, name);
+            EXPECT_FALSE(button.isEnabled()) << name << ": the bet of the hand would be lost";
+            EXPECT_EQ(button.toolTip(), "Not while a hand is in play: draw first");
+        }
+        Click(dialog, "putAside");
+    };
+    Answer({look}, [&] { p.Choose(kViewErrorLog); });
+    p.Key(Qt::Key_D);
+    ChooseGame(p.document->PlayersSeat(), kSneakPeakGameId);
+    QWidget& log = TopLevel("errorsAside");
+    EXPECT_EQ(log.findChild<QWidget*>("dealHand"), nullptr);
+    GoTo(TableIn(log, "entries"), "2");
+    Click(log, "analyzeHand");
+    QWidget* hand = &TopLevel("handAside");
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(hand->windowTitle().startsWith("Hand Analysis: Jacks or Better, "));
+    const auto& holds = PartOf<ReportTableView>(*hand, "holds").Table();
+    EXPECT_EQ(std::ranges::find(holds.rows, 0, &ReportRow::id)->remark, "your hold");
+
+    auto& known = *PartOf<QWidget>(log, "knownCard").parentWidget();
+    PartOf<QTabWidget>(log, "tabs").setCurrentIndex(0);
+    EXPECT_FALSE(known.isVisible());
+    QTest::keyClick(&TopLevel("errorsAside"), Qt::Key_F5);
+    EXPECT_TRUE(known.isVisible()) << "of the game that is played now";
+}
+
+TEST_F(ReportWindowsTest, WhatAutoplayFoundStaysItsOwn) {
+    TestProgram& p = Start();
+    Answer({Type("10"), Press(Qt::Key_Return), ClickOn("putAside")}, [&] { p.Choose(kAutoplay); });
+    QWidget& aside = TopLevel("statisticsAside");
+    EXPECT_EQ(aside.windowTitle(), "Autoplay: Jacks or Better(0)");
+    EXPECT_EQ(aside.findChild<QWidget*>("refresh"), nullptr);
+    const auto& table = PartOf<ReportTableView>(aside, "statisticsTable").Table();
+    QTest::keyClick(&aside, Qt::Key_F5);
+    EXPECT_EQ(table.rows.at(0).cells.at(table.columns.size() == 3 ? 1 : 2).text, "10");
+}
+
+TEST_F(ReportWindowsTest, WhatAllGamesAsksEndsWithTheProgramAndHoldsTheMachineNotUp) {
+    TestProgram& p = Start();
+    p.Choose(kAllGames);
+    const auto close = [&](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowModality(), Qt::WindowModal);
+        p.frame->close();
+    };
+    Answer({close}, [&] { Click(TopLevel("allGames"), "saveTable"); });
+    EXPECT_FALSE(p.frame->isVisible());
 }
 
 TEST_F(ReportWindowsTest, AnEntryIsAnalyzedDeletedAndDealt) {

@@ -51,6 +51,19 @@ TEST_F(StatisticsPageTest, WhatIsExpectedComesAndIsThatOfTheHandsBet) {
     EXPECT_NE(svg.find(">Jacks or Better(0), 5 × $1.00, "), std::string::npos);
 }
 
+// Of 200 hands of 9/6, one of twenty loses more than 45 bets of five dollars, and one wins more
+// than 45.
+TEST_F(StatisticsPageTest, HandsOfOneBetHaveTheExactBandOfTheirNumber) {
+    engine.settings.bet = 5;
+    PlayHands(200);
+    const StatisticsPage page(engine, 0, nullptr, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return Course(page).ends_with("; nine of ten lie between $-225.00 and $225.00"); },
+        30'000))
+        << Course(page);
+    EXPECT_NE(PartOf<CreditChart>(page, "creditChart").Svg().indexOf("Nine of ten sessions"), -1);
+}
+
 TEST_F(StatisticsPageTest, APageThatIsPutAsideKeepsItsMomentUntilItIsRefreshed) {
     PlayHands(3);
     std::unique_ptr<ReportPage> copy;

@@ -241,6 +241,7 @@ void Chart::Print() {
     printer.setPageOrientation(size.width() > size.height() ? QPageLayout::Landscape
                                                             : QPageLayout::Portrait);
     QPrintDialog dialog(&printer, this);
+    dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() == QDialog::Accepted) PrintOn(printer);
 }
 

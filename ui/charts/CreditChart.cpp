@@ -52,8 +52,10 @@ void CreditChart::ShowSession(CreditHistory shown) {
     ShowExpected(std::nullopt, {});
 }
 
-void CreditChart::ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says) {
+void CreditChart::ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says,
+                               std::vector<BandPoint> exact) {
     expected = shown;
+    band = std::move(exact);
     note = says;
     amounts = AmountAxis();
     FiguresChanged();
@@ -77,7 +79,11 @@ CreditChart::Axis CreditChart::AmountAxis() const {
         low = std::min(low, stretch.lowest);
         high = std::max(high, stretch.highest);
     }
-    for (int stretch = 0; expected && stretch < Points(); ++stretch) {
+    for (const BandPoint& point : band) {
+        low = std::min(low, point.low);
+        high = std::max(high, point.high);
+    }
+    for (int stretch = 0; expected && band.empty() && stretch < Points(); ++stretch) {
         const auto [mean, deviation] = ExpectedAt(stretch);
         low = std::min(low, mean - kMostDeviations * deviation);
         high = std::max(high, mean + kMostDeviations * deviation);
@@ -90,6 +96,12 @@ CreditChart::Axis CreditChart::AmountAxis() const {
 
 ExpectedGain CreditChart::ExpectedAt(int stretch) const {
     return GainOf(history.WagersUntil()[static_cast<std::size_t>(stretch)], *expected);
+}
+
+// What is known for just the hands at the end of the stretch; nullptr for nothing.
+const BandPoint* CreditChart::BandAt(int stretch) const {
+    const auto found = std::ranges::find(band, LastHandOf(stretch), &BandPoint::hands);
+    return found == band.end() ? nullptr : &*found;
 }
 
 std::int64_t CreditChart::HandStep(const ChartSheet& sheet, const QRectF& plot) const {
@@ -159,7 +171,11 @@ QString CreditChart::TextOf(int point) const {
     }
     if (!expected) return text;
     const auto [mean, deviation] = ExpectedAt(point);
-    return tr("%1; expected %2, give or take %3").arg(text, Amount(mean), Amount(deviation));
+    text = tr("%1; expected %2, give or take %3").arg(text, Amount(mean), Amount(deviation));
+    const BandPoint* exact = BandAt(point);
+    if (!exact) return text;
+    return tr("%1; nine of ten lie between %2 and %3")
+        .arg(text, Amount(exact->low), Amount(exact->high));
 }
 
 QString CreditChart::Facts() const {
@@ -261,8 +277,12 @@ QList<int> CreditChart::Columns(const QRectF& plot) const {
 
 void CreditChart::DrawExpected(const Canvas& canvas) const {
     const QColor& colour = canvas.sheet.colours.second;
-    DrawBand(canvas, 2, QPen(colour, 0.8, Qt::DotLine));
-    DrawBand(canvas, 1, QPen(colour, 0.8));
+    if (band.empty()) {
+        DrawDeviations(canvas, 2, QPen(colour, 0.8, Qt::DotLine));
+        DrawDeviations(canvas, 1, QPen(colour, 0.8));
+    } else {
+        DrawExactBand(canvas);
+    }
     QPolygonF mean{QPointF(XOf(canvas.plot, 0), YOf(canvas.plot, 0))};
     for (const int stretch : Columns(canvas.plot)) {
         mean << QPointF(XOf(canvas.plot, static_cast<double>(LastHandOf(stretch))),
@@ -272,8 +292,8 @@ void CreditChart::DrawExpected(const Canvas& canvas) const {
     canvas.painter.drawPolyline(mean);
 }
 
-void CreditChart::DrawBand(const Canvas& canvas, double deviations, const QPen& edge) const {
-    const auto& [painter, sheet, plot, line] = canvas;
+void CreditChart::DrawDeviations(const Canvas& canvas, double deviations, const QPen& edge) const {
+    const QRectF& plot = canvas.plot;
     QPolygonF above{QPointF(XOf(plot, 0), YOf(plot, 0))};
     QPolygonF below = above;
     for (const int stretch : Columns(plot)) {
@@ -282,13 +302,31 @@ void CreditChart::DrawBand(const Canvas& canvas, double deviations, const QPen& 
         above << QPointF(x, YOf(plot, mean + deviations * deviation));
         below << QPointF(x, YOf(plot, mean - deviations * deviation));
     }
-    QPolygonF band = above;
-    std::copy(below.crbegin(), below.crend(), std::back_inserter(band));
+    DrawBand(canvas, above, below, edge);
+}
+
+void CreditChart::DrawExactBand(const Canvas& canvas) const {
+    const QRectF& plot = canvas.plot;
+    QPolygonF above{QPointF(XOf(plot, 0), YOf(plot, 0))};
+    QPolygonF below = above;
+    for (const BandPoint& point : band) {
+        const double x = XOf(plot, static_cast<double>(point.hands));
+        above << QPointF(x, YOf(plot, point.high));
+        below << QPointF(x, YOf(plot, point.low));
+    }
+    DrawBand(canvas, above, below, QPen(canvas.sheet.colours.second, 0.8));
+}
+
+void CreditChart::DrawBand(const Canvas& canvas, const QPolygonF& above, const QPolygonF& below,
+                           const QPen& edge) const {
+    QPainter& painter = canvas.painter;
+    QPolygonF area = above;
+    std::copy(below.crbegin(), below.crend(), std::back_inserter(area));
     QColor shade = edge.color();
     shade.setAlphaF(static_cast<float>(kBandShade));
     painter.setPen(Qt::NoPen);
     painter.setBrush(shade);
-    painter.drawPolygon(band);
+    painter.drawPolygon(area);
     painter.setPen(edge);
     painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(above);
@@ -325,10 +363,10 @@ void CreditChart::DrawCourse(const Canvas& canvas) const {
 
 QStringList CreditChart::LegendTexts() const {
     QStringList texts{tr("Net gain"), tr("Even")};
-    if (expected) {
-        texts << tr("Expected") << tr("One standard deviation") << tr("Two standard deviations");
-    }
-    return texts;
+    if (!expected) return texts;
+    texts << tr("Expected");
+    if (!band.empty()) return texts << tr("Nine of ten sessions (5 to 95 %)");
+    return texts << tr("One standard deviation") << tr("Two standard deviations");
 }
 
 void CreditChart::DrawKey(const Canvas& canvas) const {
@@ -341,20 +379,20 @@ void CreditChart::DrawKey(const Canvas& canvas) const {
                              QPointF(place.right(), place.center().y()));
         };
     };
-    const auto shade = [&](float alpha, Qt::PenStyle edge) {
+    const auto shade = [&](float covers, Qt::PenStyle edge) {
         QColor fill = colours.second;
-        fill.setAlphaF(alpha);
+        fill.setAlphaF(covers);
         return [&painter, fill, pen = QPen(colours.second, 0.8, edge)](const QRectF& place) {
             painter.setPen(pen);
             painter.setBrush(fill);
             painter.drawRect(place.adjusted(0, 0.2 * place.height(), 0, -0.2 * place.height()));
         };
     };
-    const auto band = static_cast<float>(kBandShade);
+    const auto alpha = static_cast<float>(kBandShade);
     const std::function<void(const QRectF&)> samples[] = {
         stroke(QPen(colours.first, kCourseWidth)), stroke(QPen(colours.text, 1)),
-        stroke(QPen(colours.second, 1.6, Qt::DashLine)), shade(2 * band, Qt::SolidLine),
-        shade(band, Qt::DotLine)};
+        stroke(QPen(colours.second, 1.6, Qt::DashLine)),
+        shade(band.empty() ? 2 * alpha : alpha, Qt::SolidLine), shade(alpha, Qt::DotLine)};
     QList<LegendItem> items;
     for (const QString& text : LegendTexts()) items.append({text, samples[items.size()]});
     const double line = canvas.line;

@@ -1,12 +1,15 @@
 // The course of a session's net gain, hand by hand, before what the exact analysis expects of it:
-// the mean, and the bands of one and of two standard deviations. Where hands are drawn together, an
+// the mean, and the exact band that nine of ten sessions lie in; where the bets differed, the bands
+// of one and of two standard deviations instead. Where hands are drawn together, an
 // upright line is what their gains ran through.
 #pragma once
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 #include "game/engine/CreditHistory.h"
 #include "game/reports/ExpectedPlay.h"
+#include "game/reports/SessionBand.h"
 #include "ui/charts/Chart.h"
 
 class CreditChart : public Chart {
@@ -19,7 +22,9 @@ class CreditChart : public Chart {
     void ShowSession(CreditHistory shown);
 
     // Draws what is expected behind the course; a note says of what it is, or why it is not there.
-    void ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says);
+    // Without a band it is that of the standard deviations.
+    void ShowExpected(const std::optional<ExpectedPlay>& shown, const QString& says,
+                      std::vector<BandPoint> exact = {});
 
     QSize minimumSizeHint() const override;
 
@@ -56,18 +61,23 @@ class CreditChart : public Chart {
     std::int64_t FirstHandOf(int stretch) const;
     std::int64_t LastHandOf(int stretch) const;
     ExpectedGain ExpectedAt(int stretch) const;
+    const BandPoint* BandAt(int stretch) const;
     QStringList LegendTexts() const;
     QList<int> Columns(const QRectF& plot) const;
     void DrawAmounts(const Canvas& canvas) const;
     void DrawHands(const Canvas& canvas) const;
     void DrawExpected(const Canvas& canvas) const;
-    void DrawBand(const Canvas& canvas, double deviations, const QPen& edge) const;
+    void DrawDeviations(const Canvas& canvas, double deviations, const QPen& edge) const;
+    void DrawExactBand(const Canvas& canvas) const;
+    void DrawBand(const Canvas& canvas, const QPolygonF& above, const QPolygonF& below,
+                  const QPen& edge) const;
     void DrawCourse(const Canvas& canvas) const;
     void DrawKey(const Canvas& canvas) const;
     void DrawMark(const Canvas& canvas) const;
 
     CreditHistory history;
     std::optional<ExpectedPlay> expected;
+    std::vector<BandPoint> band;  // in the order of the hands
     QString note;
     Axis amounts;
 };

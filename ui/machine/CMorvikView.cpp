@@ -175,7 +175,10 @@ void CMorvikView::Tap(QPoint point) {
 
 // As a click goes, which no dialog lets through to the window behind it.
 void CMorvikView::TapNow(QPoint point) {
-    if (QApplication::activeModalWidget()) return;
+    for (const QWidget* modal = QApplication::activeModalWidget(); modal;
+         modal = modal->parentWidget()) {
+        if (modal == window() || modal->windowModality() == Qt::ApplicationModal) return;
+    }
     PressInHand press;
     actions.Begin(press, input.KindAt(point), [=, this] { input.Press(point); });
     Lift(press, point);

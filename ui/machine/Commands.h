@@ -33,6 +33,7 @@ enum Command : int {
     kAllGames = 710,
     kCompare = 712,
     kMeter = 713,
+    kBankroll = 714,
     kSpeedFast = 800,
     kSpeedNormal = 801,
     kSpeedSlow = 802,

@@ -183,6 +183,7 @@ int ShowMessage(const char* name, QMessageBox::Icon icon, const QString& caption
     box.setObjectName(name);
     box.setTextFormat(Qt::PlainText);
     MakeRoomForCaption(box);
+    if (parent) box.setWindowModality(Qt::WindowModal);  // not the machine beside it
     box.setDefaultButton(enter);
     return box.exec();
 }

@@ -13,7 +13,9 @@
 
 namespace {
 
+// Only the window that asks is held up: beside a report that is saved the machine is played on.
 QString ChosenFile(QFileDialog& dialog) {
+    if (dialog.parentWidget()) dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath();
 }

@@ -18,7 +18,7 @@ bool HasCells(const QString& text) { return text.contains(u'\t') || text.contain
 
 }  // namespace
 
-FieldKeys::FieldKeys(FormFields& fields, PayTableEditor& editor, QDialog& dialog)
+FieldKeys::FieldKeys(FormFields& fields, PayTableEditor& editor, QDialog& dialog, QWidget& lines)
     : QObject(&dialog), fields(fields), editor(editor), dialog(dialog) {
     AddCommand(tr("&Undo"), "undo", {tr("Ctrl+Z")}, &FieldKeys::UndoStep);
     AddCommand(tr("&Redo"), "redo", {tr("Ctrl+Y"), tr("Ctrl+Shift+Z")}, &FieldKeys::RedoStep);
@@ -30,6 +30,11 @@ FieldKeys::FieldKeys(FormFields& fields, PayTableEditor& editor, QDialog& dialog
                &FieldKeys::MoveDown);
     AddCommand(tr("Pa&ste Rows of a Spreadsheet"), "pasteRows", {tr("Ctrl+Shift+V")},
                &FieldKeys::PasteHere);
+    for (auto action = actions.begin() + kInsert; action != actions.end(); ++action) {
+        (*action)->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        lines.addAction(*action);
+    }
+    for (const Command command : {kUndo, kRedo}) dialog.addAction(actions[command]);
     // The boxes have undo keys of their own, which would know of one box alone.
     for (QLineEdit* box : dialog.findChildren<QLineEdit*>()) box->installEventFilter(this);
     for (QWidget* part : dialog.findChildren<QWidget*>()) {
@@ -44,7 +49,6 @@ void FieldKeys::AddCommand(const QString& caption, const char* name,
     action->setObjectName(name);
     action->setShortcuts(keys);
     connect(action, &QAction::triggered, this, command);
-    dialog.addAction(action);
     actions.push_back(action);
 }
 
@@ -70,6 +74,18 @@ void FieldKeys::ShowEnabled() {
     actions[kMoveUp]->setEnabled(own);
     actions[kMoveDown]->setEnabled(own);
     actions[kPaste]->setEnabled(editor.HasTable());
+    FindHere();
+}
+
+// Another game or rank may have switched the field off.
+void FieldKeys::FindHere() {
+    using enum FormField;
+    for (const FieldPlace place :
+         {here, {kRank, here.line}, {kPayout, here.line}, FieldPlace{kPayout, 0}}) {
+        if (!fields.ControlAt(place)->isEnabled()) continue;
+        here = place;
+        return;
+    }
 }
 
 void FieldKeys::GoTo(QWidget* control) {
@@ -97,7 +113,11 @@ bool FieldKeys::eventFilter(QObject* watched, QEvent* event) {
             event->ignore();
             return true;
         case QEvent::KeyPress:
-            if (TakesKey(watched, static_cast<QKeyEvent&>(*event))) return true;
+            // A command that cannot be given now is not left to the box either.
+            if (TakesKey(watched, static_cast<QKeyEvent&>(*event)) ||
+                IsCommandKey(static_cast<QKeyEvent&>(*event))) {
+                return true;
+            }
             break;
         default:
             break;
@@ -136,10 +156,10 @@ void FieldKeys::RedoStep() {
 }
 
 void FieldKeys::GoToLine(int line) {
-    emit Changed();
     here.line = line;
+    emit Changed();
+    FindHere();
     QWidget* control = fields.ControlAt(here);
-    if (!control->isEnabled()) control = fields.ControlAt({FormField::kRank, line});
     GoTo(control);
     emit WentTo(control);
 }

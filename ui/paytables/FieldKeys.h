@@ -16,8 +16,9 @@ class FieldKeys : public QObject {
     Q_OBJECT
 
   public:
-    // All outlive it. The fields are complete.
-    FieldKeys(FormFields& fields, PayTableEditor& editor, QDialog& dialog);
+    // All outlive it. The fields are complete. The keys of the commands for a line are taken while
+    // the focus is among the lines; the menu offers them always.
+    FieldKeys(FormFields& fields, PayTableEditor& editor, QDialog& dialog, QWidget& lines);
 
     // A menu of the commands, which the dialog owns.
     QMenu* MakeMenu();
@@ -52,6 +53,7 @@ class FieldKeys : public QObject {
 
     void AddCommand(const QString& caption, const char* name, const QList<QKeySequence>& keys,
                     void (FieldKeys::*command)());
+    void FindHere();
     bool IsCommandKey(const QKeyEvent& event) const;
     bool TakesKey(QObject* watched, const QKeyEvent& event);
     void UndoStep();
@@ -68,5 +70,6 @@ class FieldKeys : public QObject {
     PayTableEditor& editor;
     QDialog& dialog;
     std::vector<QAction*> actions;         // by command
-    FieldPlace here{FormField::kRank, 0};  // the field of a line that had the focus last
+    FieldPlace here{FormField::kRank, 0};  // the field of a line that had the focus last, or one
+                                           // beside it that can be used
 };

@@ -116,13 +116,13 @@ void LineRows::AddFields(int line) {
         layout->addWidget(box, line, column++);
         return box;
     };
-    add(tr("Description"), "description", 24, texts.description, kDescription);
+    add(tr("Description"), "description", 21, texts.description, kDescription);
     for (auto* box : {add(tr("Payout"), "payout", 7, texts.payout, kPayout),
                       add(tr("Max Payout"), "maxPayout", 7, texts.maxPayout, kMaxPayout)}) {
         box->setAlignment(Qt::AlignRight);
         box->setMaximumWidth(WidthOf(*box, 12));
     }
-    for (auto* box : {add(tr("Bonus/Quads"), "bonusQuads", 18, texts.bonusQuads, kBonusQuads),
+    for (auto* box : {add(tr("Bonus/Quads"), "bonusQuads", 12, texts.bonusQuads, kBonusQuads),
                       add(tr("Kicker"), "kicker", 9, texts.kickers, kKickers)}) {
         connect(box, &QLineEdit::textChanged, box, &QWidget::setToolTip);
     }
@@ -155,7 +155,7 @@ LineRows::Row LineRows::MakeFigures(int line) {
     return row;
 }
 
-void LineRows::ShowFigures(const std::optional<LiveResult>& result) {
+void LineRows::ShowFigures(const std::optional<LiveResult>& result, bool isWaiting) {
     const int count = LineCount(editor.texts);
     for (int line = 0; line < kMaxPayLines; ++line) {
         const auto at = static_cast<std::size_t>(line);
@@ -171,6 +171,7 @@ void LineRows::ShowFigures(const std::optional<LiveResult>& result) {
             }
         }
         ShowLine(line, known ? &result->lines[at] : nullptr, reason);
+        ShowWaiting(line, isWaiting && known);
     }
 }
 
@@ -196,6 +197,12 @@ void LineRows::ShowLine(int line, const LiveLine* figures, const QString& reason
     if (QWidget* rank = fields.ControlAt({FormField::kRank, line})) {
         rank->setAccessibleDescription(reason);
     }
+}
+
+void LineRows::ShowWaiting(int line, bool isWaiting) {
+    const Row& row = rows[static_cast<std::size_t>(line)];
+    for (QLabel* label : row.figures) label->setEnabled(!isWaiting);
+    row.reason->setEnabled(!isWaiting);
 }
 
 void LineRows::SetMovable(bool movable) {

@@ -27,8 +27,8 @@ class LineRows : public QWidget {
     QRect ColumnRect(int column) const;
     void SetLeastWidth(int column, int width);
 
-    // Nothing where there is nothing to say.
-    void ShowFigures(const std::optional<LiveResult>& result);
+    // Nothing where there is nothing to say. Grey while others are reckoned.
+    void ShowFigures(const std::optional<LiveResult>& result, bool isWaiting);
 
     // Whether the lines can be dragged.
     void SetMovable(bool movable);
@@ -48,6 +48,7 @@ class LineRows : public QWidget {
     void AddFields(int line);
     Row MakeFigures(int line);
     void ShowLine(int line, const LiveLine* figures, const QString& reason);
+    void ShowWaiting(int line, bool isWaiting);
     QRect RowRect(int line) const;
     int LineAt(int y) const;
     void MarkDrop(int from, QPoint place);

@@ -1,5 +1,8 @@
 #include "ui/paytables/LiveReturn.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include "core/analysis/GameAnalysis.h"
 
 namespace {
@@ -45,11 +48,20 @@ LiveReturn::Subject LiveReturn::Shown() const {
             editor.StoredFigures()};
 }
 
-// The last line stays to be read, but it does not hold any more.
+bool LiveReturn::HaveSameLines(const Subject& a, const Subject& b) {
+    const auto hand = [](const PayLineTexts& line) {
+        return std::tie(line.rank, line.bonusQuads, line.kickers, line.wildsOK);
+    };
+    return a.gameId == b.gameId && a.tableIndex == b.tableIndex &&
+           std::ranges::equal(a.texts.lines, b.texts.lines, {}, hand, hand);
+}
+
+// What was told last stays to be read, but it does not hold any more.
 void LiveReturn::Wait() {
     analysis.Cancel();
     pause.stop();
     waiting = true;
+    if (result && !HaveSameLines(*resultOf, Shown())) result.reset();
     ShowLine();
 }
 
@@ -71,6 +83,7 @@ void LiveReturn::Begin() {
 void LiveReturn::Take(const LiveResult& reported) {
     if (!analysis.IsLatest(reported)) return;
     result = reported;
+    resultOf = reckoned;
     Tell(QString::fromStdString(LiveText(reported)));
 }
 

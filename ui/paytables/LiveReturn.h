@@ -25,8 +25,8 @@ class LiveReturn : public QLabel {
     // Says what has been done with the table, from now until the next change. Changed follows.
     void Note(const QString& text);
 
-    // What is known of the table, or was of the one before while that is being found out; nothing
-    // where it has a fault.
+    // What is known of the table. While that is being found out, what was known before, as long as
+    // it is of the same lines in the same order. Nothing where the table has a fault.
     const std::optional<LiveResult>& Result() const { return result; }
     bool IsWaiting() const { return waiting; }
 
@@ -46,6 +46,8 @@ class LiveReturn : public QLabel {
         bool operator==(const Subject&) const = default;
     };
 
+    static bool HaveSameLines(const Subject& a, const Subject& b);
+
     Subject Shown() const;
     void Wait();
     void Begin();
@@ -56,6 +58,7 @@ class LiveReturn : public QLabel {
     const PayTableEditor& editor;
     std::optional<Subject> reckoned;  // what the line is about, or will be when it is reckoned
     std::optional<LiveResult> result;
+    std::optional<Subject> resultOf;
     QString told;          // the last return or problem
     bool waiting = false;  // for the next one
     QString note;

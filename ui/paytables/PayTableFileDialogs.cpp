@@ -1,6 +1,5 @@
 #include "ui/paytables/PayTableFileDialogs.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -11,24 +10,19 @@ namespace {
 
 constexpr std::size_t kLongestFile = 4'000'000;  // bytes; 255 tables take a sixth of it
 
-QString FolderOfDocuments() {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
-
 FileKind KindOf(TableFormat format) {
     if (format == TableFormat::kCsv) return {QObject::tr("Tables (*.csv)"), "csv"};
     return {QObject::tr("Text files (*.txt)"), "txt"};
 }
 
 // Writes the text to a file of the player's choice.
-QString WriteText(const std::optional<std::string>& text, QString name, TableFormat format,
+QString WriteText(const std::optional<std::string>& text, const QString& name, TableFormat format,
                   PayTableQuestions& questions, QWidget* parent) {
     if (!text) return {};
     const FileKind kind = KindOf(format);
-    const QString proposed =
-        QDir(FolderOfDocuments()).filePath(name.replace(u'/', u'-') + "." + kind.extension);
     const QString caption = QObject::tr("Export");
-    const auto path = AskFileToSave(caption, kind, proposed.toStdString(), parent);
+    const auto path =
+        AskFileToSave(caption, kind, ProposedFile(name + "." + kind.extension), parent);
     if (!path) return {};
     if (!ReplaceFile(*path, *text)) {
         questions.Tell(caption.toStdString(), *path + " could not be written.");
@@ -41,7 +35,7 @@ QString WriteText(const std::optional<std::string>& text, QString name, TableFor
 
 QString ExportTable(const PayTableEditor& editor, PayTableQuestions& questions, TableFormat format,
                     QWidget* parent) {
-    const std::string name = TableSection(editor.gameName, std::max(editor.TableIndex(), 0));
+    const std::string name = TableSection(editor.gameName, editor.TableIndex());
     return WriteText(editor.ExportTable(questions, format), QString::fromStdString(name), format,
                      questions, parent);
 }
@@ -54,7 +48,8 @@ QString ExportGame(const PayTableEditor& editor, PayTableQuestions& questions, T
 
 QString ImportTables(PayTableEditor& editor, PayTableQuestions& questions, QWidget* parent) {
     const FileKind kind{QObject::tr("Pay tables (*.txt *.csv *.ini);;All files (*)"), ""};
-    const auto path = AskFileToOpen(kind, FolderOfDocuments().toStdString(), parent);
+    const auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const auto path = AskFileToOpen(kind, folder.toStdString(), parent);
     if (!path) return {};
     const auto text = ReadWholeFile(*path);
     if (!text || text->size() > kLongestFile) {

@@ -70,7 +70,7 @@ PayTableManagerDialog::PayTableManagerDialog(PayTableEditor& editor, QWidget* pa
     layout->addWidget(live);
     layout->addWidget(detail);
     layout->addWidget(MakeLines(), 1);
-    keys = new FieldKeys(*fields, editor, *this);
+    keys = new FieldKeys(*fields, editor, *this, *rows);
     layout->addLayout(MakeButtons());
     Connect();
     ShowAll();
@@ -302,7 +302,8 @@ void PayTableManagerDialog::ShowFigures() {
     const bool ofName = problem && problem->where.field == FormField::kName && editor.HasTable();
     if (ofName) text = QString::fromStdString(problem->text) + (text.isEmpty() ? "" : "  ") + text;
     detail->setText(text);
-    rows->ShowFigures(result);
+    detail->setEnabled(!live->IsWaiting());
+    rows->ShowFigures(result, live->IsWaiting());
 }
 
 void PayTableManagerDialog::NoteTable(const QString& text) {

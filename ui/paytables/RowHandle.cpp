@@ -19,6 +19,7 @@ void RowHandle::SetMovable(bool isMovable) {
 void RowHandle::mousePressEvent(QMouseEvent* event) {
     if (dragging) emit GivenUp();
     dragging = !dragging && movable && event->button() == Qt::LeftButton;
+    SetMovable(movable);
     if (dragging) setCursor(Qt::ClosedHandCursor);
 }
 

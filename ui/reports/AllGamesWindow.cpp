@@ -126,19 +126,31 @@ void AllGamesWindow::ShowTable() {
     UpdateButtons();
 }
 
+// A button that is greyed for a while, as by what it has begun itself, gets its focus back.
 void AllGamesWindow::UpdateButtons() {
+    QWidget* focus = focusWidget();
+    GreyButtons();
+    if (focus && !focus->isEnabled()) {
+        greyedWithFocus = focus;
+        table->setFocus();
+    } else if (greyedWithFocus && greyedWithFocus->isEnabled()) {
+        if (focus && table->isAncestorOf(focus)) greyedWithFocus->setFocus();
+        greyedWithFocus = nullptr;
+    }
+}
+
+void AllGamesWindow::GreyButtons() {
     const auto row = table->CurrentRow();
-    const bool chosen = games.PlaceOf(row).has_value();
+    const bool chosen = games.PlaceOf(row).has_value() && !actions.isBusy();
     for (QPushButton* button : {play, edit}) button->setEnabled(chosen && actions.mayChange());
-    analyze->setEnabled(games.CanAnalyze(row));
+    analyze->setEnabled(chosen && games.CanAnalyze(row));
 }
 
 // What others have changed meanwhile is seen when the window is looked at again.
 void AllGamesWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !games.IsRunning()) {
-        Reload();
-    }
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    games.IsRunning() ? UpdateButtons() : Reload();
 }
 
 void AllGamesWindow::AnalyzeMissing() {
@@ -151,8 +163,12 @@ void AllGamesWindow::AnalyzeMissing() {
 void AllGamesWindow::LookAtRun() {
     const bool hadFocus = cancel->hasFocus();
     if (games.Collect()) ShowTable();
-    if (!games.IsRunning()) look.stop();
-    ShowRun();
+    if (games.IsRunning()) {
+        ShowRun();
+    } else {
+        look.stop();
+        Reload();  // tables may have come, changed and gone
+    }
     if (!games.IsRunning() && hadFocus) table->setFocus();
 }
 
@@ -167,7 +183,9 @@ void AllGamesWindow::ShowRun() {
     if (running) {
         state->setText(tr("Analyzing, %1 to go").arg(left));
     } else if (!games.IsKept()) {
-        state->setText(tr("The figures could not be written yet. Make room on the disk."));
+        state->setText(tr("The figures could not be written yet. Make room on the disk, and see to "
+                          "it that you may write %1 and its folder; F5 tries again.")
+                           .arg(QString::fromStdString(games.CacheName())));
     } else {
         state->setText(left == 0   ? tr("All tables are analyzed")
                        : left == 1 ? tr("1 table is not analyzed")

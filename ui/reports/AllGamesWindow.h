@@ -22,6 +22,7 @@ struct TableActions {
     std::function<void(const TableOfGame&)> edit;
     std::function<void(const TableOfGame&)> analyze;
     std::function<bool()> mayChange;  // play and edit: no hand is in play
+    std::function<bool()> isBusy;     // all: the machine would not hear of them
 };
 
 class AllGamesWindow : public QWidget {
@@ -49,6 +50,7 @@ class AllGamesWindow : public QWidget {
     QLayout* MakeRunLine();
     QPushButton* AddAction(QLayout& row, const QString& caption, const char* name,
                            const std::function<void(const TableOfGame&)>& action);
+    void GreyButtons();
     void ShowTable();
     void AnalyzeMissing();
     void LookAtRun();
@@ -61,6 +63,7 @@ class AllGamesWindow : public QWidget {
     QPushButton* play = nullptr;
     QPushButton* edit = nullptr;
     QPushButton* analyze = nullptr;
+    QWidget* greyedWithFocus = nullptr;  // of these; nullptr = none
     QPushButton* missing = nullptr;
     QPushButton* cancel = nullptr;
     QProgressBar* bar = nullptr;

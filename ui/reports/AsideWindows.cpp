@@ -32,7 +32,10 @@ class AsideWindow : public QWidget {
         taken->setObjectName("taken");
         auto* bottom = new QHBoxLayout;
         bottom->addWidget(taken, 1);
-        bottom->addWidget(MakeButton(tr("Refresh"), "refresh", Qt::Key_F5, &AsideWindow::Refresh));
+        if (page->CanRefresh()) {
+            bottom->addWidget(
+                MakeButton(tr("Refresh"), "refresh", Qt::Key_F5, &AsideWindow::Refresh));
+        }
         bottom->addWidget(MakeButton(tr("Close"), "close", Qt::Key_Escape, &AsideWindow::Close));
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(page, 1);
@@ -48,7 +51,7 @@ class AsideWindow : public QWidget {
   protected:
     // What has the focus may have another use for them, as Esc ends a search.
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_F5) return Refresh();
+        if (event->key() == Qt::Key_F5 && page->CanRefresh()) return Refresh();
         if (event->key() == Qt::Key_Escape) return Close();
         QWidget::keyPressEvent(event);
     }

@@ -24,10 +24,10 @@ ErrorLogDialog::ErrorLogDialog(const GameEngine& engine, const GameFiles& files,
     : QDialog(parent) {
     setObjectName("errorLog");
     setWindowTitle(tr("View Error Log"));
-    if (actions.analyze) {
-        actions.deal = [this](int index) {
-            toDeal = index;
+    if (actions.deal) {
+        actions.deal = [this, deal = std::move(actions.deal)](int index) {
             accept();
+            deal(index);
         };
     }
     const auto read = [&engine, &files] { return ReadErrorLog(engine, files); };

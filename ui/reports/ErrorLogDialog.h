@@ -3,7 +3,6 @@
 // game/commands/MachineCommands.h).
 #pragma once
 #include <QDialog>
-#include <optional>
 
 #include "ui/reports/ErrorLogPage.h"
 
@@ -14,18 +13,14 @@ class ErrorLogDialog : public QDialog {
 
   public:
     // All of them outlive the dialog. Without actions and windows to put it aside in, the log can
-    // only be read. Dealing a hand is for the caller, who is told by ToDeal.
+    // only be read. A hand that is to be dealt closes the dialog first.
     ErrorLogDialog(const GameEngine& engine, const GameFiles& files, PictureStore& store,
                    QWidget* parent, ErrorActions actions = {}, AsideWindows* aside = nullptr);
 
     int Index() const { return page->Index(); }
 
-    // The entry whose hand is to be dealt as the fixed one, once the dialog is closed.
-    std::optional<int> ToDeal() const { return toDeal; }
-
   private:
     void AddKeys();  // which turn pages from wherever the focus is
 
     ErrorLogPage* page;
-    std::optional<int> toDeal;
 };

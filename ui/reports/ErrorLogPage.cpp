@@ -2,8 +2,8 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDateTime>
 #include <QEvent>
-#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -11,9 +11,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSyntaxHighlighter>
 #include <QTabWidget>
-#include <QTextDocument>
 #include <algorithm>
 #include <utility>
 
@@ -22,6 +20,7 @@
 #include "game/reports/HandReport.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
+#include "ui/parts/HoldPatterns.h"
 #include "ui/parts/ReportBox.h"
 #include "ui/parts/SmallCard.h"
 #include "ui/reports/ReportFrame.h"
@@ -39,22 +38,13 @@ int WidestLabel(const QFontMetrics& font, const QString& report) {
     return widest;
 }
 
-// The holds of the first two lines are told apart where an underscore is as wide as a letter.
-class FixedHolds : public QSyntaxHighlighter {
-  public:
-    using QSyntaxHighlighter::QSyntaxHighlighter;
-
-  protected:
-    void highlightBlock(const QString& line) override {
-        constexpr int kHoldLines = 2;
-        if (currentBlock().blockNumber() >= kHoldLines) return;
-        QTextCharFormat fixed;
-        fixed.setFontFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
-        fixed.setFontFixedPitch(true);
-        const auto hold = static_cast<int>(line.indexOf(u'\t')) + 1;
-        setFormat(hold, static_cast<int>(line.size()) - hold, fixed);
-    }
-};
+// The holds stand in the first two lines.
+TextSpan PatternOf(const QString& line, int number) {
+    constexpr int kHoldLines = 2;
+    if (number >= kHoldLines) return {};
+    const auto hold = static_cast<int>(line.indexOf(u'\t')) + 1;
+    return {hold, static_cast<int>(line.size()) - hold};
+}
 
 QPushButton* Button(const QString& caption, const char* name, QWidget* parent,
                     const std::function<void()>& action) {
@@ -68,7 +58,7 @@ QPushButton* Button(const QString& caption, const char* name, QWidget* parent,
 }  // namespace
 
 ErrorLogView ReadErrorLog(const GameEngine& engine, const GameFiles& files) {
-    return {engine, ReadErrors(engine, files)};
+    return {engine, ReadErrors(engine, files), QDateTime::currentSecsSinceEpoch()};
 }
 
 ErrorLogPage::ErrorLogPage(ErrorLogView first, Reader read, ErrorActions actions,
@@ -109,7 +99,7 @@ QWidget* ErrorLogPage::MakeEntryPage() {
     title->setMinimumWidth(WidthOf(*title, 16));
     title->installEventFilter(this);
     text = new ReportBox("entry", tr("Play error"), page);
-    new FixedHolds(text->document());
+    new HoldPatterns(*text->document(), PatternOf);
     auto* layout = new QGridLayout(page);
     layout->addWidget(title, 0, 0, Qt::AlignLeft);
     layout->addWidget(text, 1, 0);
@@ -178,7 +168,7 @@ QLayout* ErrorLogPage::MakeActionButtons() {
     auto* row = new QHBoxLayout;
     const auto at = [this] { return static_cast<int>(entries->CurrentRow()); };
     if (actions.analyze) {
-        const auto analyze = [this, at] { actions.analyze(at(), *window()); };
+        const auto analyze = [this, at] { actions.analyze(shown, at(), *window()); };
         AddAction(*row, tr("Analyze &Hand"), "analyzeHand", {}, analyze);
         connect(entries, &ReportTableView::RowActivated, this, analyze);
     }
@@ -250,6 +240,7 @@ void ErrorLogPage::ShowEntry() {
     summary->ShowReport(ErrorSummary(engine));
     const auto cards = PlacesOf(engine, entry.hand, entry.draws[0]);
     for (std::size_t i = 0; i < places.size(); ++i) places[i]->SetCard(cards[i]);
+    knownCard->parentWidget()->setVisible(IsSneakPeak(engine));
     knownCard->SetCard(FaceOf(engine.deck.table, entry.draws[0]));
 
     const bool nextHadFocus = next->hasFocus();
@@ -262,7 +253,7 @@ void ErrorLogPage::ShowEntry() {
 }
 
 void ErrorLogPage::ShowTables() {
-    const ReportTable byKind = ErrorKindTable(shown.engine, shown.errors);
+    const ReportTable byKind = ErrorKindTable(shown.engine, shown.errors, shown.taken);
     const QString wanted = kind->currentIndex() > 0 ? kind->currentText() : QString();
     kind->clear();
     kind->addItem(tr("All"));
@@ -270,7 +261,7 @@ void ErrorLogPage::ShowTables() {
         kind->addItem(QString::fromStdString(row.cells.front().text));
     }
     kind->setCurrentIndex(wanted.isEmpty() ? 0 : std::max(kind->findText(wanted), 0));
-    ReportTable all = ErrorTable(shown.engine, shown.errors);
+    ReportTable all = ErrorTable(shown.engine, shown.errors, shown.taken);
     const std::string only = kind->currentText().toStdString();
     entries->SetTable(kind->currentIndex() == 0 ? all : OnlyKind(std::move(all), only));
     kinds->SetTable(byKind);
@@ -291,9 +282,13 @@ void ErrorLogPage::ShowKind(std::int64_t row) {
 
 void ErrorLogPage::UpdateActions() {
     const bool chosen = entries->CurrentRow() >= 0;
-    const bool mayForget = !actions.mayForget || actions.mayForget();
+    const bool mayChange = !actions.mayChange || actions.mayChange();
     for (QWidget* button : actionButtons) {
-        button->setEnabled(chosen && (mayForget || button->objectName() != "deleteError"));
+        const bool changes = button->objectName() != "analyzeHand";
+        const QString reason =
+            changes && !mayChange ? tr("Not while a hand is in play: draw first") : QString();
+        button->setEnabled(chosen && reason.isEmpty());
+        button->setToolTip(reason);
     }
 }
 
@@ -316,7 +311,9 @@ QString ErrorLogPage::Caption() const {
 }
 
 std::unique_ptr<ReportPage> ErrorLogPage::Copy() const {
-    auto copy = std::make_unique<ErrorLogPage>(shown, read, ErrorActions{}, store, nullptr);
+    ErrorActions looking;
+    looking.analyze = looking.analyzeAside = actions.analyzeAside;
+    auto copy = std::make_unique<ErrorLogPage>(shown, read, looking, store, nullptr);
     copy->ShowError(index);
     return copy;
 }

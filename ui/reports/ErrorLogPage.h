@@ -24,16 +24,20 @@ class SmallCard;
 struct ErrorLogView {
     GameEngine engine;
     std::vector<ErrorLogEntry> errors;  // the oldest first
+    std::int64_t taken = 0;             // seconds since the epoch
 };
 
 ErrorLogView ReadErrorLog(const GameEngine& engine, const GameFiles& files);
 
-// What can be done with an entry, by its index. What is not set is not offered.
+// What can be done with an entry. What is not set is not offered.
 struct ErrorActions {
-    std::function<void(int index, QWidget& over)> analyze;  // its hand, in a dialog
-    std::function<void(int index)> deal;                    // as the fixed hand
+    using Analyze = std::function<void(const ErrorLogView& log, int index, QWidget& over)>;
+
+    Analyze analyze;                      // its hand, in a dialog
+    Analyze analyzeAside;                 // the same from a log put aside: it blocks nothing
+    std::function<void(int index)> deal;  // as the fixed hand
     std::function<void(int index)> forget;
-    std::function<bool()> mayForget;
+    std::function<bool()> mayChange;  // deal and forget: no paid hand is open
 };
 
 class ErrorLogPage : public ReportPage {
@@ -49,7 +53,7 @@ class ErrorLogPage : public ReportPage {
     int Index() const { return index; }
 
     QString Caption() const override;
-    std::unique_ptr<ReportPage> Copy() const override;  // without actions: the log may change
+    std::unique_ptr<ReportPage> Copy() const override;  // which analyses hands, and changes nothing
     void Refresh() override;
     void KeepIn(ReportFrame& frame) override;
 

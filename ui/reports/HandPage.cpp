@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QDateTime>
-#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -10,18 +9,19 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QSyntaxHighlighter>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "core/text/Ranks.h"
+#include "game/engine/BestPlay.h"
 #include "game/engine/GameEngine.h"
 #include "game/reports/HoldLine.h"
 #include "game/reports/ReportHead.h"
 #include "ui/charts/HoldChart.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/parts/FileQuestions.h"
+#include "ui/parts/HoldPatterns.h"
 #include "ui/parts/PlaceButtons.h"
 #include "ui/parts/ReportBox.h"
 #include "ui/parts/SmallCard.h"
@@ -35,22 +35,10 @@ constexpr int kColumnsBeforeLines = 5;
 constexpr int kLeastLines = 12;
 constexpr int kTypedCharacters = 18;
 
-// Patterns of holds are told apart where an underscore is as wide as a letter. The heading is left
-// alone.
-class FixedPatterns : public QSyntaxHighlighter {
-  public:
-    using QSyntaxHighlighter::QSyntaxHighlighter;
-
-  protected:
-    void highlightBlock(const QString& line) override {
-        const auto end = line.indexOf(u'\t');
-        if (end <= 0 || currentBlock().blockNumber() == 0) return;
-        QTextCharFormat fixed;
-        fixed.setFontFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
-        fixed.setFontFixedPitch(true);
-        setFormat(0, static_cast<int>(end), fixed);
-    }
-};
+// Each line but the heading begins with one.
+TextSpan PatternOf(const QString& line, int number) {
+    return {0, number == 0 ? 0 : static_cast<int>(line.indexOf(u'\t'))};
+}
 
 bool WantsHandAgain(QWidget* parent) {
     const int answer =
@@ -133,7 +121,7 @@ QWidget* HandPage::MakeReportPage() {
     report = new ReportBox("report", tr("Holds of the hand"), page);
     report->saveAs = [this] { Save(); };
     report->setMinimumHeight(kLeastLines * report->fontMetrics().lineSpacing());
-    new FixedPatterns(report->document());
+    new HoldPatterns(*report->document(), PatternOf);
     layout->addWidget(report, 1);
     const auto show = [this](int chosen) {
         display = static_cast<HandDisplay>(chosen);
@@ -244,6 +232,7 @@ QString HandPage::Caption() const {
 std::unique_ptr<ReportPage> HandPage::Copy() const {
     auto copy = std::make_unique<HandPage>(CopyOf(engine), store, player, nullptr);
     copy->taken = taken;
+    copy->NameChart();
     copy->ShowTable();
     return copy;
 }
@@ -261,6 +250,7 @@ void HandPage::Refresh() {
 void HandPage::ChangeHand() {
     do {
         AssignFixedHandDialog editor(engine, store, this);
+        editor.setWindowModality(Qt::WindowModal);  // beside a page put aside the machine is played
         if (editor.exec() != QDialog::Accepted) break;
         if (TakeFixedHand(engine)) return ShowHand();
     } while (WantsHandAgain(this));
@@ -337,7 +327,7 @@ void HandPage::ShowChart() {
         if (names.isEmpty()) names.append(tr("nothing"));
         if (result.knownCardPosition >= 0) hold.cards[result.knownCardPosition] = "D";
         hold.value = result.expectedReturn;
-        hold.best = result.expectedReturn == engine.analysis.bestReturn;
+        hold.best = IsBestPlay(engine, mask);
         hold.note =
             tr("%1 %2\nreturns $%3\n%4 draws, %5 of them win")
                 .arg(hold.best ? tr("Best hold:") : tr("Hold"), names.join(", "),

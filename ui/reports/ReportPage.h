@@ -19,6 +19,9 @@ class ReportPage : public QWidget {
     // that goes before the machine's window does; the spare engine is not among what it may hold.
     virtual std::unique_ptr<ReportPage> Copy() const = 0;
 
+    // Whether there is a machine whose report this is, and not one that has played to its end.
+    virtual bool CanRefresh() const { return true; }
+
     // Takes a new copy of what the player's machine shows now.
     virtual void Refresh() = 0;
 

@@ -28,7 +28,7 @@ StatisticsDialog::StatisticsDialog(const GameEngine& engine, std::int64_t now, Q
     buttons->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     auto* bottom = new QHBoxLayout;
     bottom->addStretch();
-    if (player && aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));
+    if (aside) bottom->addWidget(PutAsideButton(*this, *page, *aside, kName));
     bottom->addWidget(buttons);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(page, 1);

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
@@ -69,15 +70,19 @@ PayTable Pays(PayTable table) {
 }  // namespace
 
 StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
-                               const GameEngine* playersOwn, QWidget* parent)
+                               const GameEngine* playersOwn, QWidget* parent,
+                               std::optional<ExpectedPlay> known)
     : ReportPage(parent), taken(now), player(playersOwn), tabs(new QTabWidget(this)) {
-    const auto take = [this](int run, const ExpectedPlay& found) {
+    const auto take = [this](int run, const ExpectedPlay& found,
+                             const std::vector<BandPoint>& exact) {
         if (run != runs) return;
         expected = found;
+        band = exact;
         ShowExpected();
     };
     connect(this, &StatisticsPage::Analyzed, this, take, Qt::QueuedConnection);
     Take(shown);
+    expected = std::move(known);
     tabs->setObjectName("tabs");
     chart = new CreditChart(this);
     table = new ReportTableView("statisticsTable", tr("Play statistics"), this);
@@ -95,6 +100,7 @@ StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
 // What needs other objects is left out: they may go before this page.
 void StatisticsPage::Take(const GameEngine& from) {
     if (Pays(from.payTable) != Pays(engine.payTable)) expected.reset();
+    band.clear();
     engine = from;
     engine.lineTables = nullptr;
     engine.lineTableCache = nullptr;
@@ -102,13 +108,13 @@ void StatisticsPage::Take(const GameEngine& from) {
 }
 
 QString StatisticsPage::Caption() const {
-    return tr("Game Play Analysis: %1(%2)")
+    return (player ? tr("Game Play Analysis: %1(%2)") : tr("Autoplay: %1(%2)"))
         .arg(QString::fromStdString(engine.settings.gameName))
         .arg(engine.settings.activeTable);
 }
 
 std::unique_ptr<ReportPage> StatisticsPage::Copy() const {
-    auto copy = std::make_unique<StatisticsPage>(engine, taken, player, nullptr);
+    auto copy = std::make_unique<StatisticsPage>(engine, taken, player, nullptr, expected);
     copy->FitInto(screen()->availableSize() * kShareOfScreen);
     return copy;
 }
@@ -180,7 +186,7 @@ void StatisticsPage::ShowFigures() {
         tr("%1 session").arg(name));
     table->SetFileName(tr("%1 statistics").arg(name));
     ShowExpected();
-    if (!expected) Analyze();
+    Analyze();
 }
 
 // What an earlier analysis has told, and is not shown yet, is of other figures.
@@ -188,10 +194,14 @@ void StatisticsPage::Analyze() {
     const int run = ++runs;
     analysis = {};
     if (!CanAnalyzeGame(engine.payTable)) return;
-    analysis = std::jthread([this, run, of = engine.payTable](const std::stop_token& stop) {
+    analysis = std::jthread([this, run, of = engine.payTable, known = expected,
+                             history = engine.creditHistory](const std::stop_token& stop) {
+        const auto goesOn = [&stop] { return !stop.stop_requested(); };
         LineTableCache tables;
-        const auto found = AnalyzePlay(of, tables, [&stop] { return !stop.stop_requested(); });
-        if (found) emit Analyzed(run, *found);
+        const auto found = known ? known : AnalyzePlay(of, tables, goesOn);
+        if (!found) return;
+        const auto exact = SessionBand(history, *found, of, goesOn);
+        if (goesOn()) emit Analyzed(run, *found, exact);
     });
 }
 
@@ -199,12 +209,17 @@ void StatisticsPage::ShowExpected() {
     QString note =
         tr("Expected, with its standard deviations: of the best play of these hands as "
            "they were bet, without bonuses and double ups.");
+    if (!band.empty()) {
+        note =
+            tr("Expected, and where nine of ten sessions lie by their exact law: of the best "
+               "play of these hands as they were bet, without bonuses and double ups.");
+    }
     if (!expected && CanAnalyzeGame(engine.payTable)) {
         note = tr("What is expected is being analysed.");
     } else if (!expected) {
         note = tr("What is expected is not known: there is no exact analysis of this game.");
     }
-    chart->ShowExpected(expected, note);
+    chart->ShowExpected(expected, note, band);
     table->SetTable(StatisticsRows(engine, expected, taken));
 }
 

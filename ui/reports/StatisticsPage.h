@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "game/engine/GameEngine.h"
 #include "game/reports/ExpectedPlay.h"
+#include "game/reports/SessionBand.h"
 #include "game/reports/StatisticsReport.h"
 #include "ui/reports/ReportPage.h"
 
@@ -23,12 +25,15 @@ class StatisticsPage : public ReportPage {
 
   public:
     // As they are now, the time of the wall clock in seconds since the epoch. The player's engine
-    // is what Refresh copies; it outlives the page. Without one nothing is refreshed.
+    // is what Refresh copies; it outlives the page. Without one the figures are Autoplay's, and
+    // nothing is refreshed.
+    // What is expected of the pay table is computed where it is not known.
     StatisticsPage(const GameEngine& engine, std::int64_t now, const GameEngine* player,
-                   QWidget* parent);
+                   QWidget* parent, std::optional<ExpectedPlay> known = {});
 
     QString Caption() const override;
     std::unique_ptr<ReportPage> Copy() const override;
+    bool CanRefresh() const override { return player != nullptr; }
     void Refresh() override;
     void KeepIn(ReportFrame& frame) override;
 
@@ -38,7 +43,7 @@ class StatisticsPage : public ReportPage {
 
   signals:
     // From the thread of the analysis.
-    void Analyzed(int run, const ExpectedPlay& found);
+    void Analyzed(int run, const ExpectedPlay& found, const std::vector<BandPoint>& exact);
 
   private:
     struct Section {
@@ -62,6 +67,7 @@ class StatisticsPage : public ReportPage {
 
     GameEngine engine;                     // as it was
     std::optional<ExpectedPlay> expected;  // of its pay table, once it is known
+    std::vector<BandPoint> band;           // of the session shown, likewise
     std::int64_t taken;
     const GameEngine* player;
     QTabWidget* tabs;

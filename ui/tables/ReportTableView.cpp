@@ -37,6 +37,26 @@ bool SameColumns(const ReportTable& a, const ReportTable& b) {
     return std::ranges::equal(a.columns, b.columns, {}, Heading, Heading);
 }
 
+// The columns by their titles, and those with the same one by their number among these.
+QStringList SortNames(const ReportTable& table) {
+    QStringList titles;
+    QStringList names;
+    for (const ReportColumn& column : table.columns) {
+        titles.append(QString::fromStdString(column.title));
+        const auto number = titles.count(titles.constLast());
+        names.append(titles.constLast() + (number > 1 ? QString("#%1").arg(number) : QString()));
+    }
+    return names;
+}
+
+// -1 when there is none.
+int ColumnOf(const ReportTable& table, const QString& sortName) {
+    const auto named = static_cast<int>(SortNames(table).indexOf(sortName));
+    if (named >= 0) return named;
+    const auto found = std::ranges::find(table.columns, sortName.toStdString(), Heading);
+    return found == table.columns.end() ? -1 : static_cast<int>(found - table.columns.begin());
+}
+
 }  // namespace
 
 // Where the player is in a table whose rows may come back in other places.
@@ -219,18 +239,14 @@ void ReportTableView::NoteSort(int column, Qt::SortOrder order) {
     if (column < 0) {
         sortedBy.clear();
     } else if (at < Table().columns.size()) {
-        sortedBy = (order == Qt::DescendingOrder ? "-" : "") +
-                   QString::fromStdString(Heading(Table().columns[at]));
+        sortedBy = (order == Qt::DescendingOrder ? "-" : "") + SortNames(Table())[at];
     }
 }
 
 void ReportTableView::ApplySort() {
     const bool down = sortedBy.startsWith(u'-');
-    const std::string title = sortedBy.mid(down ? 1 : 0).toStdString();
-    const auto& columns = Table().columns;
-    const auto found = std::ranges::find(columns, title, Heading);
-    const bool known = !title.empty() && found != columns.end();
-    const int column = known ? static_cast<int>(found - columns.begin()) : -1;
+    const int column = ColumnOf(Table(), sortedBy.mid(down ? 1 : 0));
+    const bool known = column >= 0;
     const QString wished = sortedBy;
     const Qt::SortOrder order = down && known ? Qt::DescendingOrder : Qt::AscendingOrder;
     table->horizontalHeader()->setSortIndicator(column, order);

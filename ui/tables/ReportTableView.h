@@ -49,8 +49,10 @@ class ReportTableView : public QWidget {
     // Nothing for an id that is not shown.
     void SetCurrentRow(std::int64_t id);
 
-    // "Return ($)" upwards, "-Return ($)" downwards; empty for the report's own order. A heading
-    // that the table does not have is waited for.
+    // "Return" upwards, "-Return" downwards, "Cost#2" the second of two columns with that title;
+    // empty for the report's own order. The unit does not matter, since it may change with what is
+    // shown; a heading with its unit is understood too. One that the table does not have is waited
+    // for.
     QString SortedBy() const;
     void SortBy(const QString& column);
 

@@ -2,7 +2,6 @@
 
 #include <QBuffer>
 #include <QClipboard>
-#include <QFont>
 #include <QGuiApplication>
 #include <QMarginsF>
 #include <QMimeData>
@@ -11,56 +10,20 @@
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QTextDocument>
-#include <algorithm>
 #include <array>
 
 #include "game/reports/ReportText.h"
 #include "ui/parts/FileQuestions.h"
+#include "ui/tables/PrintedTable.h"
 
 namespace {
 
-constexpr double kUsualFont = 9;  // points
-constexpr double kSmallestFont = 4;
-constexpr double kMargin = 12;       // millimetres
-constexpr double kDotsPerInch = 96;  // in which a document measures itself without a printer
-constexpr double kPointsPerInch = 72;
-constexpr qreal kUprightPoints = 520;  // what an upright page has room for
+constexpr double kMargin = 12;  // millimetres
 
 std::string TextOf(const ReportTable& table, std::size_t kind) {
     if (kind == 0) return Csv(table);
     return kind == 1 ? Html(table) : PlainText(table);
 }
-
-// A table of one page of its own, at its natural width.
-class PrintedTable {
-  public:
-    explicit PrintedTable(const ReportTable& table) {
-        UseFont(kUsualFont);
-        document.setDocumentMargin(0);
-        document.setHtml(QString::fromStdString(Html(table)));
-        width = document.idealWidth() * kPointsPerInch / kDotsPerInch;
-    }
-
-    bool IsWide() const { return width > kUprightPoints; }
-
-    // The page layout of the device has been set.
-    void PrintOn(QPagedPaintDevice& device) {
-        const qreal room = device.pageLayout().paintRect(QPageLayout::Point).width();
-        if (width > room) UseFont(std::max(kUsualFont * room / width, kSmallestFont));
-        document.print(&device);
-    }
-
-  private:
-    void UseFont(double points) {
-        QFont font;
-        font.setPointSizeF(points);
-        document.setDefaultFont(font);
-    }
-
-    QTextDocument document;
-    qreal width = 0;  // points
-};
 
 void LayOutPage(QPagedPaintDevice& device, const PrintedTable& printed) {
     device.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
@@ -98,6 +61,7 @@ void PrintTable(const ReportTable& table, QWidget* parent) {
     LayOutPage(printer, PrintedTable(table));
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName("print");
+    if (parent) dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() == QDialog::Accepted) PrintTableTo(table, printer);
 }
 

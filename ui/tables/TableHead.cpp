@@ -1,19 +1,17 @@
 #include "ui/tables/TableHead.h"
 
-#include <QEvent>
 #include <QFontInfo>
 #include <QLabel>
 #include <QStringList>
 #include <QVBoxLayout>
 
 #include "game/reports/ReportTable.h"
-#include "ui/art/Contrast.h"
+#include "ui/parts/WarningBand.h"
 
 namespace {
 
 constexpr double kHeadSize = 0.9;  // of the font
 constexpr const char* kBetweenFacts = "   ";
-constexpr QColor kWarningHue(0xff, 0xc8, 0x57);
 
 QLabel* TextLine(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -38,13 +36,11 @@ QString HeadText(const ReportTable& table) {
 }  // namespace
 
 TableHead::TableHead(QWidget* parent)
-    : QWidget(parent), head(TextLine("head", this)), warning(TextLine("warning", this)) {
+    : QWidget(parent), head(TextLine("head", this)), warning(new WarningBand("warning", this)) {
     QFont small = font();
     small.setPointSizeF(QFontInfo(small).pointSizeF() * kHeadSize);
     head->setFont(small);
-    warning->setAutoFillBackground(true);
-    warning->setMargin(4);
-    ColourWarning();
+    warning->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(head);
@@ -57,28 +53,11 @@ void TableHead::ShowHead(const ReportTable& table) {
     head->setToolTip(facts.toHtmlEscaped().replace(kBetweenFacts, "<br>"));
     head->setVisible(!facts.isEmpty());
     const QString told = QString::fromStdString(table.warning);
-    warning->setText(told.isEmpty() ? QString() : QString::fromUtf8("⚠ ") + told);
-    warning->setAccessibleName(told);
-    warning->setVisible(!told.isEmpty());
+    warning->Warn(told);
     setVisible(!facts.isEmpty() || !told.isEmpty());
 }
 
 QString TableHead::InWords() const {
     const QString told = warning->accessibleName();
     return told.isEmpty() ? head->text() : told + "\n" + head->text();
-}
-
-void TableHead::ColourWarning() {
-    QPalette colours = palette();
-    const bool high = IsHighContrast(colours);
-    const QColor ground = high ? colours.color(QPalette::Base) : kWarningHue;
-    colours.setColor(QPalette::Window, ground);
-    colours.setColor(QPalette::WindowText,
-                     ReadableOn(ground, high ? colours.color(QPalette::Text) : QColor(Qt::black)));
-    warning->setPalette(colours);
-}
-
-void TableHead::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) ColourWarning();
 }

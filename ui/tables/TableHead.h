@@ -5,6 +5,7 @@
 
 struct ReportTable;
 class QLabel;
+class WarningBand;
 
 class TableHead : public QWidget {
     Q_OBJECT
@@ -17,12 +18,7 @@ class TableHead : public QWidget {
     // All that it says, the warning first.
     QString InWords() const;
 
-  protected:
-    void changeEvent(QEvent* event) override;
-
   private:
-    void ColourWarning();
-
     QLabel* head;
-    QLabel* warning;
+    WarningBand* warning;
 };
