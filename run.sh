@@ -15,14 +15,14 @@ show_analyser() {
     echo
     "$bin/tolvane-cli" hand "Jacks or Better" "AS KS QS JS 9H"
     echo
-    echo "Go on with ./run.sh hand, classify, analyze, strategy, session, ruin or autoplay; ./run.sh help explains them."
+    echo "Go on with ./run.sh hand, classify, analyze, strategy, compare, meter, session, ruin or autoplay; ./run.sh help explains them."
 }
 
 "$root/tools/install-packages.sh"
 "$root/tools/build.sh" release Tolvane tolvane-cli  # a player needs no tests
 
 case ${1:-} in
-    games | classify | hand | analyze | strategy | session | ruin | autoplay | help | --help | --version)
+    games | classify | hand | analyze | strategy | compare | meter | session | ruin | autoplay | help | --help | --version)
         exec "$bin/tolvane-cli" "$@"
         ;;
 esac

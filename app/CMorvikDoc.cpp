@@ -3,13 +3,17 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFileInfo>
+#include <algorithm>
 #include <utility>
 
+#include "core/cards/CardText.h"
 #include "core/profile/ProfileFile.h"
+#include "core/text/Ranks.h"
 #include "game/commands/FileCommands.h"
 #include "game/commands/GameSelection.h"
 #include "game/commands/MachineCommands.h"
 #include "game/paytables/EditPayTable.h"
+#include "game/reports/HandReport.h"
 #include "game/saving/SaveGame.h"
 #include "game/seat/ShowScene.h"
 #include "game/seat/Wins.h"
@@ -17,6 +21,7 @@
 #include "game/session/StartAndStop.h"
 #include "ui/machine/Commands.h"
 #include "ui/machine/SceneSounds.h"
+#include "ui/reports/HandPage.h"
 
 namespace {
 
@@ -65,6 +70,8 @@ CMorvikDoc::CMorvikDoc(const ProgramParts& parts, QWidget& window)
     player.charts = &charts;
     desk.showAllGames = [this] { ShowAllGames(); };
     desk.showStrategy = [this] { ShowStrategy(); };
+    desk.showCompare = [this] { OpenWhatIf(compare); };
+    desk.showMeter = [this] { OpenWhatIf(meter); };
     desk.showBankroll = [this] { ShowBankroll(); };
     player.machine = &seat.engine;
     player.beep = [this] { seat.sounds.Sound(Beep::kExclamation); };
@@ -135,6 +142,8 @@ void CMorvikDoc::CloseReports() {
     aside.CloseAll();
     if (allGames) allGames->hide();
     if (strategy) strategy->hide();
+    if (compare) compare->hide();
+    if (meter) meter->hide();
     if (bankroll) bankroll->hide();
 }
 
@@ -151,6 +160,32 @@ void CMorvikDoc::ShowStrategy() {
         strategy = std::make_unique<StrategyWindow>(seat, charts, analyze);
     }
     strategy->Open();
+}
+
+template <typename Window>
+void CMorvikDoc::OpenWhatIf(std::unique_ptr<Window>& window) {
+    if (!window) {
+        window = std::make_unique<Window>(
+            seat, [this](const TableOfGame& place, const PayTable& table, const Hand& hand) {
+                ShowHandOf(place, table, hand);
+            });
+    }
+    window->Open();
+}
+
+// At the full bet, in a window of its own that holds all it shows.
+void CMorvikDoc::ShowHandOf(const TableOfGame& place, const PayTable& table, const Hand& hand) {
+    auto engine = std::make_unique<GameEngine>(seat.engine);
+    SetCurrentTable(engine->settings, place);
+    engine->settings.bet = std::min(kFullBet, table.maxBet);
+    UseTable(*engine, table, lineTables);
+    std::string text;
+    for (const CardFace face : hand) {
+        text += std::string(1, RankChar(face.rank)) +
+                (face.IsJoker() ? "" : std::string(1, SuitChar(face.suit))) + " ";
+    }
+    if (!TakeTypedHand(*engine, text).empty()) return;
+    aside.PutAside(HandPage(std::move(engine), desk.pictures, nullptr, nullptr), "hand");
 }
 
 void CMorvikDoc::ShowBankroll() {

@@ -19,6 +19,8 @@
 #include "ui/reports/AsideWindows.h"
 #include "ui/reports/BankrollWindow.h"
 #include "ui/reports/StrategyWindow.h"
+#include "ui/reports/CompareWindow.h"
+#include "ui/reports/MeterWindow.h"
 
 class PictureStore;
 class ProfileFile;
@@ -102,6 +104,9 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Dispatch(int command);
     void ShowAllGames();
     void ShowStrategy();
+    template <typename Window>
+    void OpenWhatIf(std::unique_ptr<Window>& window);
+    void ShowHandOf(const TableOfGame& place, const PayTable& table, const Hand& hand);
     void ShowBankroll();
     TableActions ActionsOnTables();
     void RunAs(int command, const std::function<void()>& action);
@@ -122,6 +127,8 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     std::unique_ptr<AllGamesWindow> allGames;  // these are made when they are first opened
     std::unique_ptr<StrategyWindow> strategy;
     std::unique_ptr<BankrollWindow> bankroll;
+    std::unique_ptr<CompareWindow> compare;
+    std::unique_ptr<MeterWindow> meter;
     CommandDesk desk;
     Scene heard;                    // what was shown when something was last heard
     QElapsedTimer sinceCard;        // was last heard to be turned

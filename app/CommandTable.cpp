@@ -75,6 +75,12 @@ void ReadAllGames(CommandDesk& desk, int) {
 void ReadStrategy(CommandDesk& desk, int) {
     if (desk.showStrategy) desk.showStrategy();
 }
+void CompareTables(CommandDesk& desk, int) {
+    if (desk.showCompare) desk.showCompare();
+}
+void WatchMeter(CommandDesk& desk, int) {
+    if (desk.showMeter) desk.showMeter();
+}
 void ReadBankroll(CommandDesk& desk, int) {
     if (desk.showBankroll) desk.showBankroll();
 }
@@ -256,6 +262,8 @@ constexpr auto kRows = std::to_array<MenuRow>({
     Row{kAnalyzeGame,       "Game",                   0,   "",       kNever,          ReadGame},
     Row{kAllGames,          "All Games",              0,   "",       kNever,          ReadAllGames},
     Row{kStrategy,          "Strategy",               0,   "",       kNever,          ReadStrategy},
+    Row{kCompare,           "Compare",                0,   "",       kNever,          CompareTables},
+    Row{kMeter,             "Meter",                  0,   "",       kNever,          WatchMeter},
     Row{kBankroll,          "Bankroll",               0,   "",       kNever,          ReadBankroll},
 
     PopupRow{"helpMenu", "&Help"},

@@ -31,6 +31,8 @@ struct CommandDesk {
     QWidget& window;       // the program's; dialogs are over it
     std::function<void()> showAllGames = {};
     std::function<void()> showStrategy = {};
+    std::function<void()> showCompare = {};
+    std::function<void()> showMeter = {};
     std::function<void()> showBankroll = {};
     HelpWindow* help = nullptr;  // made when it is first opened; goes with the window
 };

@@ -50,7 +50,7 @@ class AnalyzeRun {
 
   private:
     GameReport Report(const ChosenTable& chosen, const std::string& note) {
-        GameReport report{chosen, options.coin, {}, 0};
+        GameReport report{chosen, options.coin, {}, 0, {}};
         const auto path = files.DetailPath(chosen);
         std::optional<DetailFile> detail;
         if (path) detail.emplace(*path, chosen.payTable);
@@ -68,6 +68,10 @@ class AnalyzeRun {
         report.totals = AnalyzeGame(tables, chosen.payTable, options.coin, watcher);
         const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
         report.seconds = time.count();
+        if (options.sensitivity && !report.totals.cancelled) {
+            report.sensitivities = LineSensitivities(tables, chosen.payTable, report.totals,
+                                                     [this] { return !interrupt.Wanted(); });
+        }
         if (detail && !detail->Close()) {
             problems.push_back("the detail lines could not be written to " + QuotedPath(*path));
         }
@@ -84,6 +88,7 @@ class AnalyzeRun {
 void AddArguments(CLI::App& parser, Options& options) {
     AddGameOrAll(parser, options);
     AddCsv(parser, options);
+    AddSensitivity(parser, options);
     AddResultFiles(parser, options);
 }
 

@@ -80,7 +80,8 @@ class CommandParser {
         } catch (const CLI::ArgumentMismatch& error) {
             const std::string problem = error.what();  // begins with the option and a colon
             const std::string option = problem.substr(0, problem.find(':'));
-            const bool repeatable = option.starts_with("--pay");
+            const bool repeatable =
+                option.starts_with("--pay") || option == "--line" || option == "--at";
             return WrongUse(option + (repeatable ? " takes one value" : " takes one value, once"));
         } catch (const CLI::ParseError& error) {
             return WrongUse(error.what());

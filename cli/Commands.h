@@ -47,6 +47,8 @@ Command ClassifyCommand();  // the pay line that five cards are paid on
 Command HandCommand();      // what each of the 32 ways to hold a hand is worth
 Command AnalyzeCommand();   // the exact return of a whole game, or of every game
 Command StrategyCommand();  // a chart of the best play, and what it costs
+Command CompareCommand();   // two games side by side
+Command MeterCommand();     // a growing jackpot
 Command SessionCommand();   // what so many hands bring
 Command RuinCommand();      // the money that it takes to play for ever
 Command AutoplayCommand();  // hands dealt by a generator and played with their best holds

@@ -96,6 +96,19 @@ std::string LineTable(const GameReport& report) {
     return text.Text() + Legend(table) + "\n";
 }
 
+// What one coin more on each line is worth; empty when that was not asked for.
+std::string SensitivityTable(const GameReport& report) {
+    if (report.sensitivities.empty()) return "";
+    TextTable text({{"one coin more on"}, {"is worth", true}, {"with the play as it is"}});
+    for (std::size_t i = 0; i < report.sensitivities.size(); ++i) {
+        const LineSensitivity& sensitivity = report.sensitivities[i];
+        text.AddRow({Shortened(report.chosen.payTable.lines[i].description, kLongestDescription),
+                     sensitivity.known ? Percent("%.6f", sensitivity.gain) : "-"},
+                    {Percent("%.6f", sensitivity.slope)});
+    }
+    return text.Text() + "\n";
+}
+
 // How the starting hands are played best.
 std::string DrawTable(const GameReport& report) {
     const GameTotals& totals = report.totals;
@@ -142,13 +155,19 @@ Json LineAsJson(const GameReport& report, std::size_t number) {
     const PayLine& line = report.chosen.payTable.lines[number];
     Json final = Json::array();
     for (const auto& ofDraw : totals.final) final.push_back(Count(ofDraw[number]));
-    return {{"description", line.description},
-            {"payout", LineCoinPay(line)},
-            {"final", final},
-            {"total", Count(totals.total[number])},
-            {"summary", Count(totals.summary[number])},
-            {"percentReturn", LinePercentReturn(totals, report.chosen.payTable, number)},
-            {"variance", totals.lineVariance[number]}};
+    Json json = {{"description", line.description},
+                 {"payout", LineCoinPay(line)},
+                 {"final", final},
+                 {"total", Count(totals.total[number])},
+                 {"summary", Count(totals.summary[number])},
+                 {"percentReturn", LinePercentReturn(totals, report.chosen.payTable, number)},
+                 {"variance", totals.lineVariance[number]}};
+    if (!report.sensitivities.empty()) {
+        const LineSensitivity& sensitivity = report.sensitivities[number];
+        json["oneCoinMore"] = sensitivity.known ? Json(sensitivity.gain) : Json(nullptr);
+        json["slope"] = sensitivity.slope;
+    }
+    return json;
 }
 
 Json ReportAsJson(const GameReport& report) {
@@ -184,7 +203,7 @@ Json ReportAsJson(const GameReport& report) {
 
 std::string GameAsText(const GameReport& report) {
     return Heading(report.chosen, kFullBet, report.coin) + "\n\n" + KeyFigures(report) +
-           LineTable(report) + DrawTable(report);
+           LineTable(report) + SensitivityTable(report) + DrawTable(report);
 }
 
 std::string GamesAsText(std::span<const GameReport> reports) {
@@ -223,16 +242,35 @@ std::string GamesAsJson(std::span<const GameReport> reports) {
 std::string GameAsCsv(const GameReport& report) {
     const GameTotals& totals = report.totals;
     const PayTable& table = report.chosen.payTable;
-    CsvTable csv(
-        {"line", "description", "payout", "maxPayout", "probability", "percentReturn", "variance"});
+    std::vector<CsvCell> cells = {"line",        "description",   "payout",  "maxPayout",
+                                  "probability", "percentReturn", "variance"};
+    const bool sensitive = !report.sensitivities.empty();
+    if (sensitive) cells.insert(cells.end(), {"oneCoinMore", "slope"});
+    CsvTable csv(cells);
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
         const PayLine& line = table.lines[i];
-        csv.AddRow({i, line.description, line.payout, line.maxPayout,
-                    Quotient(totals.summary[i], totals.denominator),
-                    LinePercentReturn(totals, table, i), totals.lineVariance[i]});
+        cells = {i,
+                 line.description,
+                 line.payout,
+                 line.maxPayout,
+                 Quotient(totals.summary[i], totals.denominator),
+                 LinePercentReturn(totals, table, i),
+                 totals.lineVariance[i]};
+        if (sensitive) {
+            const LineSensitivity& more = report.sensitivities[i];
+            cells.insert(cells.end(), {more.known ? CsvCell(more.gain) : CsvCell(), more.slope});
+        }
+        csv.AddRow(cells);
     }
-    csv.AddRow({-1, "NOTHING", 0, 0, Quotient(totals.summaryNothing, totals.denominator), 0,
-                totals.nothingVariance});
+    cells = {-1,
+             "NOTHING",
+             0,
+             0,
+             Quotient(totals.summaryNothing, totals.denominator),
+             0,
+             totals.nothingVariance};
+    if (sensitive) cells.resize(cells.size() + 2);
+    csv.AddRow(cells);
     return csv.Text();
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 #include <span>
 #include <string>
+#include <vector>
 
 #include "cli/ChosenTable.h"
 #include "core/analysis/GameAnalysis.h"
+#include "core/whatif/Sensitivity.h"
 
 namespace cli {
 
@@ -12,7 +14,8 @@ struct GameReport {
     ChosenTable chosen;
     double coin = 1;  // dollars
     GameTotals totals;
-    double seconds = 0;  // building the tables, and the analysis
+    double seconds = 0;                          // building the tables, and the analysis
+    std::vector<LineSensitivity> sensitivities;  // by line; empty when not asked for
 };
 
 // The figures of the Summary, set for reading: the return, every line, how the hands are played.

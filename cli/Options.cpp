@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <limits>
 
 #include "cli/Texts.h"
 #include "core/odds/DealLaw.h"
@@ -65,6 +66,22 @@ double ReadLoss(const std::string& text, std::string& problem) {
     if (loss && *loss >= 0 && *loss <= 100) return *loss;
     problem = ": write what the chart may lose in percent of the bet, such as 0.01";
     return 0;
+}
+
+// One below the largest number, so that a coin more can be paid.
+int ReadMeter(const std::string& text, std::string& problem) {
+    constexpr int most = std::numeric_limits<int>::max() - 1;
+    const auto coins = ReadNumber<int>(text);
+    if (coins && *coins >= 0 && *coins <= most) return *coins;
+    problem = ": write a whole number of coins from 0 to " + std::to_string(most);
+    return 0;
+}
+
+double ReadRise(const std::string& text, std::string& problem) {
+    const auto rise = ReadNumber<double>(text);
+    if (rise && *rise > 0 && *rise <= 100) return *rise;
+    problem = ": write what the meter grows by in percent of what is played, such as 1";
+    return 1;
 }
 
 std::int64_t ReadSessionHands(const std::string& text, std::string& problem) {
@@ -196,6 +213,46 @@ void AddResultFiles(CLI::App& parser, Options& options) {
                   "Write every starting hand and its best play, likewise");
     parser.add_flag("--cache", options.cache,
                     "Keep the figures for the window program, in \"Game Analyses.ini\"");
+}
+
+void AddSensitivity(CLI::App& parser, Options& options) {
+    parser.add_flag("--sensitivity", options.sensitivity,
+                    "What one coin more on each line is worth, beside its probability");
+}
+
+void AddTwoGames(CLI::App& parser, Options& options) {
+    AddGame(parser, options);
+    parser.add_option("GAME2", options.secondGame, "The other game")->type_name("")->required();
+    AddValue(parser, "--table2", "N", ReadWhole, options.secondTable,
+             "The other game's pay table (default 0)");
+    AddList(parser, "--pay2", "LINE=N", options.secondPays, "A pay of the other game");
+}
+
+void AddMeter(CLI::App& parser, Options& options) {
+    AddList(parser, "--line", "LINE", options.meterLines,
+            "The line that grows, by its description or its number from 0; may be given\n"
+            "several times");
+    parser.get_option("--line")->required();
+    const auto take = [&options](const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) {
+            std::string problem;
+            options.meters.push_back(ReadMeter(text, problem));
+            // The parser catches it.
+            if (!problem.empty()) throw CLI::ValidationError("--at " + Quoted(text) + problem);
+        }
+        return true;
+    };
+    parser
+        .add_option("--at", take,
+                    "Where the meter stands (default: what the table pays for the full bet)")
+        ->type_name("COINS")
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddValue(parser, "--rise", "PERCENT", ReadRise, options.rise,
+             "What the meter grows by, of what is played (default 1)");
+    parser.add_flag("--turning-points", options.turningPoints,
+                    "List the meters at which hands come to be played otherwise");
 }
 
 void AddChart(CLI::App& parser, Options& options) {

@@ -32,6 +32,15 @@ struct Options {
     std::optional<double> loss;              // of a chart, percent of the bet, from 0 on
     std::optional<std::string> cardPath;     // the file for a chart's text
     std::optional<std::string> checkPath;    // a chart to grade
+    std::string payOption = "--pay";         // that the pays were given by
+    std::string secondGame;                  // of a comparison, as the first one
+    int secondTable = 0;
+    std::vector<std::string> secondPays;
+    std::vector<std::string> meterLines;  // of growing jackpots
+    std::vector<int> meters;              // where they stand, in coins for the full bet, from 0 on
+    double rise = 1;                      // of a meter, percent of what is played, above 0
+    bool turningPoints = false;           // list all of them
+    bool sensitivity = false;             // what one coin more on each line is worth
     bool json = false;
     bool csv = false;
     bool best = false;         // of a hand, print the best hold only
@@ -54,6 +63,9 @@ void AddBest(CLI::App& parser, Options& options);
 void AddBet(CLI::App& parser, Options& options);
 void AddHandsAndSeed(CLI::App& parser, Options& options);
 void AddResultFiles(CLI::App& parser, Options& options);
+void AddSensitivity(CLI::App& parser, Options& options);
+void AddTwoGames(CLI::App& parser, Options& options);
+void AddMeter(CLI::App& parser, Options& options);
 void AddChart(CLI::App& parser, Options& options);
 void AddSession(CLI::App& parser, Options& options);
 void AddRuin(CLI::App& parser, Options& options);

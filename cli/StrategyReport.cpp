@@ -34,16 +34,6 @@ std::string LinesText(std::size_t lines) {
     return std::to_string(lines) + (lines == 1 ? " line" : " lines");
 }
 
-std::string ExampleText(const RowGrade& row) {
-    std::string text;
-    for (const CardFace face : row.example) {
-        if (face.IsEmpty()) return "";
-        text += (text.empty() ? "" : " ") + std::string(1, RankChar(face.rank));
-        if (!face.IsJoker()) text += SuitChar(face.suit);
-    }
-    return text;
-}
-
 std::string Figures(const StrategyReport& report) {
     const ChartGrade& grade = report.grade;
     std::string text = LinesText(report.chart.size()) + ": " + PercentOf(grade.worst, grade) +
@@ -84,7 +74,7 @@ std::string StrategyAsText(const StrategyReport& report) {
     TextTable table({{"line", true}, {"hold"}, {"hands", true}, {"loss", true}, {"example"}});
     const auto add = [&](const std::string& line, const std::string& text, const RowGrade& row) {
         table.AddRow({line, text, Share(row.hands, grade), PercentOf(row.loss, grade)},
-                     {ExampleText(row)});
+                     {FaceTexts(row.example)});
     };
     for (std::size_t row = 0; row < report.chart.size(); ++row) {
         add(std::to_string(row + 1), RowText(report.chart[row]), grade.rows[row]);
@@ -112,7 +102,7 @@ std::string StrategyAsJson(const StrategyReport& report) {
         json["rows"].push_back({{"text", RowText(report.chart[row])},
                                 {"hands", grade.rows[row].hands},
                                 {"loss", percent(grade.rows[row].loss)},
-                                {"example", ExampleText(grade.rows[row])}});
+                                {"example", FaceTexts(grade.rows[row].example)}});
     }
     return JsonText(json);
 }
@@ -123,7 +113,7 @@ std::string StrategyAsCsv(const StrategyReport& report) {
     for (std::size_t row = 0; row < report.chart.size(); ++row) {
         const RowGrade& decided = grade.rows[row];
         table.AddRow({row + 1, RowText(report.chart[row]), decided.hands,
-                      Percent(decided.loss, grade.Bet()), ExampleText(decided)});
+                      Percent(decided.loss, grade.Bet()), FaceTexts(decided.example)});
     }
     return table.Text();
 }

@@ -106,7 +106,7 @@ bool LoadTable(Catalogue& catalogue, const CatalogueGame& game, int index, Chose
 
 std::optional<Failure> GivePays(const Options& options, std::span<ChosenTable> tables) {
     std::vector<std::string> notes;
-    auto failure = ChangePays(options.pays, "--pay", tables, notes);
+    auto failure = ChangePays(options.pays, options.payOption, tables, notes);
     if (!failure) std::ranges::for_each(notes, Tell);
     return failure;
 }

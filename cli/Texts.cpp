@@ -8,7 +8,9 @@
 #include <nlohmann/json.hpp>
 #include <tuple>
 
+#include "core/cards/CardText.h"
 #include "core/text/Numbers.h"
+#include "core/text/Ranks.h"
 
 namespace cli {
 namespace {
@@ -142,6 +144,16 @@ std::string DidYouMean(std::string_view typed, const std::vector<std::string>& n
     std::vector<std::string> quoted;
     for (const std::string& name : NearestNames(typed, names)) quoted.push_back(Quoted(name));
     return quoted.empty() ? "" : ": did you mean " + Alternatives(quoted) + "?";
+}
+
+std::string FaceTexts(const Hand& hand) {
+    std::string text;
+    for (const CardFace face : hand) {
+        if (face.IsEmpty()) return "";
+        text += (text.empty() ? "" : " ") + std::string(1, RankChar(face.rank));
+        if (!face.IsJoker()) text += SuitChar(face.suit);
+    }
+    return text;
 }
 
 std::string NumberText(double number) {

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/cards/Hand.h"
+
 namespace cli {
 
 // Control characters, which a terminal would obey, shown as '?'.
@@ -39,6 +41,9 @@ std::string SentencesOnLines(std::string text);
 // that contain what was typed, otherwise those that the fewest changed characters turn it into,
 // letter case apart. Empty without names.
 std::string DidYouMean(std::string_view typed, const std::vector<std::string>& names);
+
+// "AS KS QS JS 9H", a joker as "W"; empty for a hand with an empty position.
+std::string FaceTexts(const Hand& hand);
 
 // The shortest decimal text that reads back as the same number; "null" for none, such as infinity.
 std::string NumberText(double number);

@@ -8,8 +8,9 @@
 
 int main(int argc, char** argv) {
     const std::array commands = {
-        cli::GamesCommand(),    cli::ClassifyCommand(), cli::HandCommand(), cli::AnalyzeCommand(),
-        cli::StrategyCommand(), cli::SessionCommand(),  cli::RuinCommand(), cli::AutoplayCommand()};
+        cli::GamesCommand(),    cli::ClassifyCommand(), cli::HandCommand(),  cli::AnalyzeCommand(),
+        cli::StrategyCommand(), cli::CompareCommand(),  cli::MeterCommand(), cli::SessionCommand(),
+        cli::RuinCommand(),     cli::AutoplayCommand()};
     cli::Answer answer = cli::AnswerCommandLine(commands, argc, argv);
     std::cout << answer.output << std::flush;
     if (!std::cout && answer.status == 0) {

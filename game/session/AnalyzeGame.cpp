@@ -133,9 +133,14 @@ GameReportView ReadGameReport(const Seat& seat, const DataFilePaths& paths,
     engine.settings.coin = seat.engine.settings.coin;
     engine.payTable = LoadPayTable(seat.files.Main(), table, "");
     const ProfileOnDisk cache{seat.files.file, paths.analysisCache};
-    GameReportView view{table, GameReport(engine, cache), AnalysisWarning(engine, cache),
-                        LineShares(engine, cache), GameTable(engine, cache)};
+    GameReportView view{table,
+                        GameReport(engine, cache),
+                        AnalysisWarning(engine, cache),
+                        LineShares(engine, cache),
+                        GameTable(engine, cache),
+                        {}};
     view.table.head.push_back(DateFact(seat.clock.Now()));
+    if (CanAnalyzeGame(engine.payTable)) view.payTable = engine.payTable;
     return view;
 }
 

@@ -18,6 +18,7 @@ struct GameReportView {
     std::string warning;  // why the figures must not be trusted; empty = they may be
     std::vector<LineShare> shares;
     ReportTable table;
+    PayTable payTable;  // empty for one that is not there, or cannot be analysed
 };
 
 // Reads the files alone: the spare engine may be at work meanwhile.

@@ -32,6 +32,8 @@ enum Command : int {
     kAnalyzeGame = 702,
     kAllGames = 710,
     kStrategy = 711,
+    kCompare = 712,
+    kMeter = 713,
     kBankroll = 714,
     kSpeedFast = 800,
     kSpeedNormal = 801,

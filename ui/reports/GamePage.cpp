@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "game/reports/WhatIfRows.h"
+#include "game/reports/WhatIfRows.h"
 #include "ui/charts/ShareChart.h"
 #include "ui/parts/FileQuestions.h"
 #include "ui/parts/ReportBox.h"
@@ -19,6 +21,7 @@
 namespace {
 
 constexpr int kStops = 12;
+constexpr int kLookInterval = 50;      // milliseconds
 constexpr int kUnitsPerCharacter = 4;  // columns are measured in quarters of a character
 
 }  // namespace
@@ -33,7 +36,12 @@ GamePage::GamePage(GameReportView first, Reader read, QWidget* parent)
     layout->setContentsMargins({});
     layout->addWidget(band);
     layout->addWidget(tabs, 1);
-    connect(tabs, &QTabWidget::currentChanged, this, [this] { ShowBand(); });
+    look.setInterval(kLookInterval);
+    connect(&look, &QTimer::timeout, this, &GamePage::LookAtWork);
+    connect(tabs, &QTabWidget::currentChanged, this, [this] {
+        ShowBand();
+        ShowTable();
+    });
     SetTabStops();
     Show(std::move(first));
     report->FitToText();
@@ -79,10 +87,38 @@ void GamePage::Show(GameReportView now) {
                                      QDate::currentDate().toString(Qt::ISODate)),
                       FileName(tr("shares")));
     chart->SetShares(shown.shares);
-    table->SetTable(shown.table);
+    work.Cancel();
+    look.stop();
+    sensitivities.clear();
+    ShowTable();
     table->SetFileName(FileName(tr("lines")));
     ShowBand();
     emit CaptionChanged();
+}
+
+// What a coin more is worth takes as many analyses as there are lines, so it is reckoned when the
+// table is looked at.
+void GamePage::ShowTable() {
+    ReportTable lines = shown.table;
+    if (!shown.payTable.lines.empty()) AddSensitivities(sensitivities, lines);
+    table->SetTable(std::move(lines));
+    const bool seen = tabs->currentWidget() == table;
+    if (!seen || shown.payTable.lines.empty() || !sensitivities.empty() || look.isActive()) return;
+    work.Start([payTable = shown.payTable](const auto& goOn) {
+        const LineTables tables(payTable);
+        const GameTotals totals = AnalyzeGame(tables, payTable, 1, {});
+        return LineSensitivities(tables, payTable, totals, [&goOn] { return goOn(0); });
+    });
+    look.start();
+}
+
+void GamePage::LookAtWork() {
+    auto found = work.Take();
+    if (!found && work.IsRunning()) return;
+    look.stop();
+    if (!found) return;
+    sensitivities = std::move(*found);
+    ShowTable();
 }
 
 // The table has a band of its own, which is saved and printed with it.

@@ -1,9 +1,13 @@
 // The report on the whole-game analysis of one table: its text, the shares of its lines and the
 // lines as a table.
 #pragma once
+#include <QTimer>
 #include <functional>
+#include <vector>
 
+#include "core/whatif/Sensitivity.h"
 #include "game/session/AnalyzeGame.h"
+#include "game/session/BackgroundWork.h"
 #include "ui/reports/ReportPage.h"
 
 class QTabWidget;
@@ -35,11 +39,16 @@ class GamePage : public ReportPage {
     void MakeTabs();
     void SetTabStops();
     void ShowBand();
+    void ShowTable();
+    void LookAtWork();
     QString FileName(const QString& what) const;
     void Save();
 
     GameReportView shown;
     Reader read;
+    BackgroundWork<std::vector<LineSensitivity>> work;
+    std::vector<LineSensitivity> sensitivities;  // of the table shown; empty until they are known
+    QTimer look;                                 // at the work
     WarningBand* band;
     QTabWidget* tabs;
     ReportBox* report;

@@ -1,0 +1,18 @@
+// What one coin more on a line is worth.
+#pragma once
+#include <functional>
+#include <vector>
+
+#include "core/analysis/GameAnalysis.h"
+
+struct LineSensitivity {
+    bool known = false;  // the game can be analysed, and the pay is not the largest there is
+    double gain = 0;     // percent of the bet, the best play being found anew
+    double slope = 0;    // the same for the play as it is: the line's probability, in percent
+};
+
+// For each line of the table, whose totals are given, when it pays one coin more for each coin bet.
+// Asked before each line, the function ends the work by false; lines not reached are not known.
+std::vector<LineSensitivity> LineSensitivities(const LineTables& tables, const PayTable& table,
+                                               const GameTotals& totals,
+                                               const std::function<bool()>& goOn = {});

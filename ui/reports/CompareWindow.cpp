@@ -1,0 +1,260 @@
+#include "ui/reports/CompareWindow.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <limits>
+#include <utility>
+
+#include "game/seat/Seat.h"
+#include "ui/parts/DialogParts.h"
+#include "ui/reports/ReportFrame.h"
+#include "ui/reports/TableChoice.h"
+#include "ui/tables/ReportTableView.h"
+
+namespace {
+
+constexpr int kPause = 200;  // milliseconds
+constexpr int kLookInterval = 50;
+constexpr int kShownCharacters = 130;
+constexpr int kShownLines = 36;
+constexpr double kShareOfScreen = 0.9;
+constexpr int kFewestRows = 3;  // shown of the grid, its head included
+constexpr int kPart = 2;        // of the height for the grid, against kParts for the tables
+constexpr int kParts = 3;
+constexpr int kLineColumn = 0;
+constexpr int kPayOfA = 1;
+constexpr int kPayOfB = 2;
+
+}  // namespace
+
+CompareWindow::CompareWindow(Seat& seat, OpenHand openHand)
+    : seat(seat), openHand(std::move(openHand)) {
+    setObjectName("compare");
+    setWindowTitle(tr("Compare"));
+    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(MakeChoice());
+    words = new QLabel(this);
+    words->setObjectName("words");
+    words->setWordWrap(true);
+    words->setTextFormat(Qt::PlainText);
+    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    words->setAccessibleName(tr("What the comparison says"));
+    layout->addWidget(words);
+    layout->addWidget(MakeTabs(), kParts);
+    layout->addLayout(MakeBottom());
+    pause.setSingleShot(true);
+    pause.setInterval(kPause);
+    connect(&pause, &QTimer::timeout, this, &CompareWindow::Begin);
+    look.setInterval(kLookInterval);
+    connect(&look, &QTimer::timeout, this, &CompareWindow::LookAtWork);
+    new QShortcut(Qt::Key_F5, this, [this] { ReadTables(); });
+    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
+    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
+    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
+    auto* frame = new ReportFrame(*this, "compare");
+    frame->Keep(*tabs);
+    frame->Keep(*played);
+}
+
+CompareWindow::~CompareWindow() = default;
+
+QLayout* CompareWindow::MakeChoice() {
+    a = new TableChoice(this);
+    a->setObjectName("tableA");
+    b = new TableChoice(this);
+    b->setObjectName("tableB");
+    otherPays = new QCheckBox(tr("B is A with &other pays"), this);
+    otherPays->setObjectName("otherPays");
+    pays = new QTableWidget(0, 3, this);
+    pays->setObjectName("pays");
+    pays->setAccessibleName(tr("Pays of A and B, in coins for each coin of a full bet"));
+    pays->setHorizontalHeaderLabels({tr("Line"), tr("A pays"), tr("B pays")});
+    pays->horizontalHeader()->setSectionResizeMode(kLineColumn, QHeaderView::Stretch);
+    pays->verticalHeader()->hide();
+    pays->setTabKeyNavigation(false);
+    pays->verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() * 3 / 2);
+    pays->setMinimumHeight(fontMetrics().lineSpacing() * 3 / 2 * kFewestRows);
+    pays->hide();
+    auto* grid = new QGridLayout;
+    grid->addWidget(Caption(tr("&A:"), a), 0, 0);
+    grid->addWidget(a, 0, 1);
+    grid->addWidget(Caption(tr("&B:"), b), 0, 2);
+    grid->addWidget(b, 0, 3);
+    grid->addWidget(otherPays, 1, 0, 1, 4);
+    grid->addWidget(pays, 2, 0, 1, 4);
+    grid->setRowStretch(2, 1);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    connect(a, &TableChoice::currentIndexChanged, this, [this] {
+        FillPays();
+        Wait();
+    });
+    connect(b, &TableChoice::currentIndexChanged, this, &CompareWindow::Wait);
+    connect(otherPays, &QCheckBox::toggled, this, [this](bool on) {
+        pays->setVisible(on);
+        static_cast<QVBoxLayout*>(layout())->setStretch(0, on ? kPart : 0);
+        b->setEnabled(!on);
+        Wait();
+    });
+    connect(pays, &QTableWidget::cellChanged, this, [this](int row) { TakePay(row); });
+    return grid;
+}
+
+QWidget* CompareWindow::MakeTabs() {
+    tabs = new QTabWidget(this);
+    tabs->setObjectName("tabs");
+    played = new ReportTableView("played", tr("What is played differently"), tabs);
+    played->SetFileName(tr("played differently"));
+    lines = new ReportTableView("lines", tr("Where the difference comes from"), tabs);
+    lines->SetFileName(tr("comparison"));
+    tabs->addTab(played, tr("&Played differently"));
+    tabs->addTab(lines, tr("&Lines"));
+    connect(played, &ReportTableView::RowActivated, this, [this] { OpenHands(); });
+    connect(played, &ReportTableView::CurrentRowChanged, this,
+            [this](qint64 row) { hands->setEnabled(row >= 0); });
+    return tabs;
+}
+
+QLayout* CompareWindow::MakeBottom() {
+    hands = new QPushButton(tr("&Hand on Both"), this);
+    hands->setObjectName("hands");
+    hands->setEnabled(false);
+    hands->setToolTip(tr("Opens the hand of the row on A and on B, in windows of their own"));
+    connect(hands, &QPushButton::clicked, this, &CompareWindow::OpenHands);
+    bar = new QProgressBar(this);
+    bar->setObjectName("progress");
+    bar->setAccessibleName(tr("Percent done"));
+    bar->hide();
+    auto* done = new QPushButton(tr("Close"), this);
+    done->setObjectName("close");
+    connect(done, &QPushButton::clicked, this, &QWidget::close);
+    auto* row = new QHBoxLayout;
+    row->addWidget(hands);
+    row->addWidget(bar, 1);
+    row->addStretch();
+    row->addWidget(done);
+    return row;
+}
+
+void CompareWindow::Open() {
+    ReadTables();
+    show();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+    a->setFocus();
+}
+
+void CompareWindow::ReadTables() {
+    const auto tables = ListTables(seat.files.Main());
+    const TableOfGame current = CurrentTable(seat.engine.settings);
+    a->SetTables(tables, current);
+    b->SetTables(tables, current);
+    FillPays();
+    Begin();
+}
+
+void CompareWindow::FillPays() {
+    const QSignalBlocker quiet(pays);
+    const ListedTable* chosen = a->Chosen();
+    pays->setRowCount(0);
+    if (!chosen) return;
+    paysOfB = chosen->table;
+    for (const PayLine& line : paysOfB.lines) {
+        const int row = pays->rowCount();
+        pays->insertRow(row);
+        const QString pay = QString::number(LineCoinPay(line));
+        for (const auto& [column, text] :
+             {std::pair(kLineColumn, QString::fromStdString(line.description)),
+              {kPayOfA, pay},
+              {kPayOfB, pay}}) {
+            auto* item = new QTableWidgetItem(text);
+            if (column != kPayOfB) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+            if (column != kLineColumn) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            pays->setItem(row, column, item);
+        }
+    }
+}
+
+// What is no pay is put back.
+void CompareWindow::TakePay(int row) {
+    PayLine& line = paysOfB.lines[static_cast<std::size_t>(row)];
+    bool valid = false;
+    const int pay = pays->item(row, kPayOfB)->text().trimmed().toInt(&valid);
+    if (valid && pay >= 0 && pay <= std::numeric_limits<int>::max() / kFullBet) {
+        line.payout = pay;
+        line.maxPayout = pay * kFullBet;
+        return Wait();
+    }
+    const QSignalBlocker quiet(pays);
+    pays->item(row, kPayOfB)->setText(QString::number(LineCoinPay(line)));
+    words->setText(tr("A pay is a whole number of coins, 0 or more."));
+}
+
+std::optional<PayTable> CompareWindow::TableB() const {
+    if (otherPays->isChecked()) return paysOfB;
+    if (!b->Chosen()) return std::nullopt;
+    return b->Chosen()->table;
+}
+
+ComparedNames CompareWindow::Names() const {
+    const QString nameA = a->currentText();
+    const QString nameB =
+        otherPays->isChecked() ? tr("%1, with other pays").arg(nameA) : b->currentText();
+    return {nameA.toStdString(), nameB.toStdString()};
+}
+
+void CompareWindow::Wait() {
+    work.Cancel();
+    pause.start();
+}
+
+void CompareWindow::Begin() {
+    pause.stop();
+    const auto tableB = TableB();
+    if (!a->Chosen() || !tableB) return;
+    work.Start([tableA = a->Chosen()->table, tableB = *tableB](const auto& goOn) {
+        return CompareGames(tableA, tableB, goOn);
+    });
+    bar->setValue(0);
+    bar->show();
+    look.start();
+}
+
+void CompareWindow::LookAtWork() {
+    bar->setValue(static_cast<int>(work.Share() * 100));
+    auto found = work.Take();
+    if (!found && work.IsRunning()) return;
+    look.stop();
+    bar->hide();
+    if (!found || found->cancelled) return;
+    result = std::move(found);
+    ShowResult();
+}
+
+void CompareWindow::ShowResult() {
+    words->setText(QString::fromStdString(ComparisonInWords(*result)));
+    played->SetTable(PlayedTable(*result, Names()));
+    lines->SetTable(DifferenceTable(*result, Names()));
+    hands->setEnabled(played->CurrentRow() >= 0);
+}
+
+void CompareWindow::OpenHands() {
+    const auto row = played->CurrentRow();
+    const auto tableB = TableB();
+    if (!result || !result->play || row < 0 || !a->Chosen() || !tableB) return;
+    const Hand& hand = result->play->classes[static_cast<std::size_t>(row)].example;
+    const TableOfGame placeA = a->Chosen()->place;
+    openHand(placeA, a->Chosen()->table, hand);
+    openHand(otherPays->isChecked() ? placeA : b->Chosen()->place, *tableB, hand);
+}
