@@ -10,6 +10,7 @@
 #include "cli/Texts.h"
 #include "core/cards/CardText.h"
 #include "core/strategy/CardDrawing.h"
+#include "core/strategy/MakeCard.h"
 #include "core/strategy/RowText.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"

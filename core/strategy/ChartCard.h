@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/paytable/PayTable.h"
-#include "core/strategy/ChartStudy.h"
+#include "core/cards/CardTable.h"
 
 inline constexpr double kCardWidth = 90;  // millimetres
 inline constexpr double kCardHeight = 130;
@@ -23,9 +22,6 @@ struct ChartCard {
     std::string date;     // "2026-11-23"
     std::vector<Line> lines;
 };
-
-ChartCard MakeCard(const TableOfGame& place, const PayTable& table, const ChartStudy& study,
-                   std::string date);
 
 // With the game, its pays and the figures as remarks.
 std::string CardAsText(const ChartCard& card);

@@ -3,7 +3,7 @@
 #pragma once
 #include <vector>
 
-#include "core/strategy/Search.h"
+#include "core/strategy/SearchWish.h"
 
 // By rising number of rows, each losing less than all that are shorter.
 using ChartLists = std::vector<SearchResult::Found>;

@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -106,7 +107,12 @@ TwoTables::TwoTables(const PayTable& a, const PayTable& b)
 
 bool TwoTables::ForEach(const Visitor& visit) const {
     HandQueue queue;
-    std::thread reader([this, &queue] { ReadAhead(handsA, queue); });
+    std::thread reader;
+    try {
+        reader = std::thread([this, &queue] { ReadAhead(handsA, queue); });
+    } catch (const std::system_error&) {
+        return false;  // the machine has no thread left to give
+    }
     HandQueue::Batch batch;
     std::size_t next = 0;
     const bool all = handsB.ForEach([&](const StartingHand& hand) {

@@ -29,7 +29,8 @@ class TwoTables {
     const StartingHands& Hands() const { return handsB; }
 
     // Each class of hands once, with the same cards and weight under both. The visitor ends the run
-    // by false; it is true when all were visited. One thread reads a table's hands ahead.
+    // by false; it is true when all were visited, and false too when there is no thread for it: one
+    // reads a table's hands ahead.
     using Visitor = std::function<bool(const StartingHand& a, const StartingHand& b)>;
     bool ForEach(const Visitor& visit) const;
 

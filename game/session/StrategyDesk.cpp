@@ -6,6 +6,7 @@
 
 #include "core/profile/ProfileFile.h"
 #include "core/store/AnalysisCache.h"
+#include "core/strategy/StartingHands.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "ui/parts/ChartReasonLabel.h"
 
+#include "core/strategy/StartingHands.h"
 #include "game/engine/GameEngine.h"
 
 namespace {

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/strategy/MakeCard.h"
 #include "ui/charts/LossChart.h"
 #include "ui/reports/CardFiles.h"
 #include "ui/reports/StrategyWindow.h"

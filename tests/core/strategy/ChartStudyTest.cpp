@@ -4,6 +4,7 @@
 #include <set>
 
 #include "core/strategy/CardDrawing.h"
+#include "core/strategy/MakeCard.h"
 #include "core/strategy/RowText.h"
 #include "tests/core/TestGames.h"
 
