@@ -392,8 +392,7 @@ void ComputeVariance(const PayTable& table, GameTotals& totals) {
     const double coinReturn = totals.payoutPercent / 100;
     for (std::size_t line = 0; line < table.lines.size(); ++line) {
         const double probability = totals.summary[line] / totals.denominator;
-        const int coins =
-            table.lines[line].maxPayout / kFullBet;  // whole coins, as the Summary shows
+        const int coins = table.lines[line].maxPayout / kFullBet;  // whole, as in the Summary
         const double gain = coins - coinReturn;
         totals.lineVariance[line] = probability * gain * gain;
         totals.variance += totals.lineVariance[line];
@@ -411,10 +410,9 @@ GameTotals AnalyzeGame(const LineTables& tables, const PayTable& table, double c
     if (!CanAnalyzeGame(table)) return {};
     GameTotals totals = GameRun(tables, table, coin, watcher).Play();
     totals.cost = WeightOfAll(table) * kFullBet * coin;
-    totals.payoutPercent = totals.er / totals.cost * 100;
-    const double bet = kFullBet * coin;
     const double mean = totals.er / totals.cost;
-    totals.holdVariance = totals.erSquares / (totals.cost * bet) - mean * mean;
+    totals.payoutPercent = mean * 100;
+    totals.holdVariance = totals.erSquares / (totals.cost * kFullBet * coin) - mean * mean;
     Summarize(table, totals);
     ComputeVariance(table, totals);
     return totals;

@@ -102,6 +102,7 @@ ReportTableView::ReportTableView(const char* name, const QString& accessibleName
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(head);
+    layout->addWidget(filter);
     layout->addWidget(table, 1);
     layout->addWidget(findBar);
     layout->addLayout(MakeButtons());
@@ -112,7 +113,6 @@ ReportTableView::ReportTableView(const char* name, const QString& accessibleName
 
 QLayout* ReportTableView::MakeButtons() {
     auto* row = new QHBoxLayout;
-    row->addWidget(filter, 1);
     row->addWidget(count);
     row->addStretch(1);
     AddCommand(*row, tr("Copy"), "copyTable", QKeySequence::Copy,

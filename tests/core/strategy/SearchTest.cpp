@@ -183,7 +183,7 @@ TEST(SearchTest, ASecondReaderConfirmsTheLossOfRandomTables) {
     std::mt19937 random(16);
     // More of them, as TOLVANE_RANDOM_TABLES=200 in the environment asks for, take minutes.
     const char* const wished = std::getenv("TOLVANE_RANDOM_TABLES");
-    const int tables = wished != nullptr ? std::atoi(wished) : kSanitized ? 1 : 8;
+    const int tables = wished != nullptr ? std::atoi(wished) : kSanitized ? 1 : 4;
     for (int i = 0; i < tables; ++i) {
         const Game game(RandomTable(random));
         const SearchResult found = game.FindFast({10, -1, i % 4 == 0});
