@@ -6,11 +6,11 @@
 
 #include "core/analysis/AceOrder.h"
 #include "core/analysis/Combinations.h"
+#include "core/analysis/DrawSums.h"
 #include "core/analysis/HoldAnalysis.h"
+#include "core/analysis/PatternBatches.h"
 
 namespace {
-
-using Ranks = std::array<int, kHandSize>;  // 0 a joker
 
 constexpr std::size_t kEmptyPosition = 2;  // of Pick 'Em hands
 constexpr HoldMask kLeftPileHeld = 26;     // position 3 holds the left pile's card here
@@ -55,6 +55,9 @@ class GameRun {
           coin(coin),
           watcher(watcher),
           patterns(table),
+          batchGame(tables, table, kFullBet, coin),
+          batches(batchGame),
+          sums(tables),
           all(WeightOfAll(table)) {
         if (BestHoldFinder::Serves(table)) finder.emplace(tables, table, kFullBet, coin);
     }
@@ -70,6 +73,7 @@ class GameRun {
         } else {
             PlayRanks(0, table.jokers > 0 ? 0 : 1, {});
         }
+        AddSums();
         return totals;
     }
 
@@ -118,9 +122,90 @@ class GameRun {
         const HandShape shape = ShapeOf(ranks, table.type);
         const double factor =
             shape.jokers > 0 ? static_cast<double>(Combinations(table.jokers, shape.jokers)) : 1;
-        for (const SuitPattern& row : patterns.Select(shape)) {
+        const std::span<const SuitPattern> rows = patterns.Select(shape);
+        if (rows.empty()) return;
+        if (PlayedTogether(shape)) return PlayTogether(ranks, rows, factor);
+        for (const SuitPattern& row : rows) {
             if (totals.cancelled) return;
             PlayRow(ranks, row, factor);
+        }
+    }
+
+    // Whether the best holds of hands can be found in batches: the second draw and aces in order
+    // ask for more.
+    bool PlayedTogether(const HandShape& shape) const {
+        switch (table.type) {
+            case GameType::kPickEm:
+            case GameType::kAcesBonus:
+                return false;
+            case GameType::kDoubleDraw:
+                return shape.aces < 2 && !paysAcesInOrder;
+            default:
+                return shape.aces < kAcesInOrder || !paysAcesInOrder;
+        }
+    }
+
+    void PlayTogether(const Ranks& ranks, std::span<const SuitPattern> rows, double factor) {
+        const auto variants = batches.Find(ranks, rows);
+        for (std::size_t first = 0; first < variants.size();) {
+            std::size_t end = first;
+            do AddVariant(variants[end], factor);
+            while (!variants[end++].endsRow);
+            ReportRow(ranks, variants.subspan(first, end - first), factor);
+            first = end;
+        }
+        if (watcher.progress && !watcher.progress(done, all)) totals.cancelled = true;
+    }
+
+    void AddVariant(const PatternBatches::Variant& variant, double factor) {
+        const HoldBatch& batch = batches.BatchOf(variant);
+        const double weight = factor * variant.count;
+        const double worth = batch.Return(variant.number);
+        done += weight;
+        totals.initHands[batch.CardsDrawn(variant.number)] += weight;
+        totals.initHandsTotal += weight;
+        totals.er += weight * worth;
+        totals.erSquares += weight * worth * worth;
+        batch.AddDraws(variant.number, static_cast<std::int64_t>(weight), sums);
+    }
+
+    PlayedHand PlayedOf(const Ranks& ranks, const PatternBatches::Variant& variant, double factor) {
+        const HoldBatch& batch = batches.BatchOf(variant);
+        PlayedHand hand{Deal(ranks, variant.suits), factor * variant.count, {}};
+        hand.best.mask = batch.Mask(variant.number);
+        hand.best.cardsDrawn = static_cast<int>(batch.CardsDrawn(variant.number));
+        hand.best.expectedReturn = batch.Return(variant.number);
+        hand.best.totalHands = batchGame.worths.draws[batch.CardsDrawn(variant.number)];
+        batch.CountLines(variant.number, hand.best.counts);
+        return hand;
+    }
+
+    // A row of one variant that nobody watches is one representative without a look at it.
+    void ReportRow(const Ranks& ranks, std::span<const PatternBatches::Variant> row,
+                   double factor) {
+        if (row.size() == 1 && !watcher.hand) {
+            ++totals.representatives;
+            return;
+        }
+        for (const auto& variant : row) played.push_back(PlayedOf(ranks, variant, factor));
+        EndRow();
+    }
+
+    void AddSums() {
+        const DrawSums::Sums draws = sums.Total();
+        for (std::size_t drawn = 0; drawn < kDraws; ++drawn) {
+            for (std::size_t line = 0; line < kMaxPayLines; ++line) {
+                const auto hands = static_cast<double>(draws[drawn][line]);
+                totals.final[drawn][line] += hands;
+                totals.total[line] += hands;
+                totals.finalHands[drawn] += hands;
+                totals.finalHandsTotal += hands;
+            }
+            const auto nothing = static_cast<double>(draws[drawn][kNothingLane]);
+            totals.nothing[drawn] += nothing;
+            totals.nothingTotal += nothing;
+            totals.finalHands[drawn] += nothing;
+            totals.finalHandsTotal += nothing;
         }
     }
 
@@ -315,6 +400,11 @@ class GameRun {
     // Ends a row. Its variants are one representative as long as they are played alike.
     void Report() {
         if (played.empty()) return;
+        EndRow();
+        if (watcher.progress && !watcher.progress(done, all)) totals.cancelled = true;
+    }
+
+    void EndRow() {
         const bool ordered = table.type == GameType::kAcesBonus;
         const BestHold& first = played.front().best;
         if (!ordered && std::ranges::all_of(played, [&first](const PlayedHand& hand) {
@@ -328,7 +418,6 @@ class GameRun {
             for (const PlayedHand& hand : played) watcher.hand(hand);
         }
         played.clear();
-        if (watcher.progress && !watcher.progress(done, all)) totals.cancelled = true;
     }
 
     void PlayEveryHand() {
@@ -356,11 +445,15 @@ class GameRun {
     double coin;
     const GameAnalysisWatcher& watcher;
     SuitPatternTables patterns;
+    BatchGame batchGame;
+    PatternBatches batches;
+    DrawSums sums;
     std::optional<BestHoldFinder> finder;
     HoldAnalysis analysis;
     std::vector<PlayedHand> played;  // of the row at work
     double all;
     double done = 0;
+    const bool paysAcesInOrder = AceLine(table) >= 0;
     GameTotals totals;
 };
 

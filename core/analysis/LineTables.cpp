@@ -115,7 +115,11 @@ struct LineTables::Building {
 LineTables::LineTables(const PayTable& table) {
     DescribeDeck(table);
     const SuitGroup group = InterchangeableSuits(table);
-    for (int size = 1; size <= kMaxSetSize; ++size) classes.emplace_back(size, extras, group);
+    firstRow[1] = 1;
+    for (std::size_t size = 1; size <= kMaxSetSize; ++size) {
+        classes.emplace_back(static_cast<int>(size), extras, group);
+        firstRow[size + 1] = firstRow[size] + classes.back().Count();
+    }
 
     const Building building(*this, table);
     CountFours(building);
@@ -181,7 +185,7 @@ void LineTables::CountFours(const Building& building) {
         SuitView view;
         std::uint32_t key = 0;
         for (std::size_t i = 0; i < cards.size(); ++i) {
-            view = view + ViewOf(cards[i]);
+            view = view + CardView(cards[i]);
             key += SetKey::Add(static_cast<int>(i), cards[i]);
         }
         if (SetKey::Kinds(key) != lastKinds) {
@@ -193,7 +197,7 @@ void LineTables::CountFours(const Building& building) {
         }
         auto& row = fours[number];
         ForEachFurtherCard(cards, [&](SetCard card, int count) {
-            auto& line = lineOfFive[firstOfKinds[card.kind] + ViewNumber(view + ViewOf(card))];
+            auto& line = lineOfFive[firstOfKinds[card.kind] + ViewNumber(view + CardView(card))];
             if (line == kNotYet) {
                 line = static_cast<std::int8_t>(building.LineOf(WithCard(cards, card)));
             }
@@ -274,10 +278,14 @@ CardFace LineTables::ToFace(SetCard card) const {
     return card.kind == kExtraKind ? extraFace : CardFace{card.kind + 1, card.suit + 1};
 }
 
-int LineTables::LineOfFive(const SortedCards& cards) const {
+std::size_t LineTables::ViewOf(const SortedCards& cards) const {
     SuitView view;
-    for (const SetCard card : cards) view = view + ViewOf(card);
-    return lineOfFive[SetKey::Kinds(KeyOf(cards, kHandSize)) * kViews + ViewNumber(view)];
+    for (const SetCard card : cards) view = view + CardView(card);
+    return ViewNumber(view);
+}
+
+int LineTables::LineOfFive(const SortedCards& cards) const {
+    return LinesOfKinds(SetKey::Kinds(KeyOf(cards, kHandSize)))[ViewOf(cards)];
 }
 
 int LineTables::LineOfHeld(std::span<const SetCard> cards) const {
