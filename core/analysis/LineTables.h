@@ -119,6 +119,9 @@ class LineTables {
     template <int Size, typename Count>
     void CountFromLarger(Rows<Count>& rows) const;
     void ClassifyHeld(const Building& building);
+    std::uint32_t SuitState(const SuitView& view) const;
+    template <typename Compute, typename Copy>
+    void ForEachState(const SetClasses& sets, Compute compute, Copy copy) const;
     template <typename Visitor>
     void ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const;
 

@@ -7,7 +7,7 @@ namespace {
 
 // The number of the class of a subset of the sorted cards among those of the same kinds.
 std::uint32_t ClassAmongKinds(const LineTables& tables, const SortedCards& cards,
-                             std::size_t subset) {
+                              std::size_t subset) {
     std::uint32_t key = 0;
     int size = 0;
     for (std::size_t place = 0; place < kHandSize; ++place) {
