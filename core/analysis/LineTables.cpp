@@ -115,10 +115,12 @@ struct LineTables::Building {
 
 LineTables::LineTables(const PayTable& table) {
     DescribeDeck(table);
-    const SuitGroup group = InterchangeableSuits(table);
+    SetMeaning meaning{extras, InterchangeableSuits(table), {}, {}};
+    meaning.suitsOf = [this](std::span<const SetCard> cards) { return SuitState(cards); };
+    for (std::uint8_t kind = 0; kind < kMaxKinds; ++kind) meaning.marks[kind] = WildSuits(kind);
     firstRow[1] = 1;
     for (std::size_t size = 1; size <= kMaxSetSize; ++size) {
-        classes.emplace_back(static_cast<int>(size), extras, group);
+        classes.emplace_back(static_cast<int>(size), meaning);
         firstRow[size + 1] = firstRow[size] + classes.back().Count();
     }
 
@@ -176,39 +178,13 @@ std::size_t LineTables::ViewNumber(const SuitView& view) const {
 // What a set's suits mean to the hands that hold it. Of two sets of the same kinds for which it is
 // the same, every further card makes the same of both: while all cards, or all natural ones, or all
 // colours are one, the suits say which cards go on with that, and once nothing is, none matters.
-std::uint32_t LineTables::SuitState(const SuitView& view) const {
+std::uint32_t LineTables::SuitState(std::span<const SetCard> cards) const {
+    SuitView view;
+    for (const SetCard card : cards) view = view + CardView(card);
     constexpr std::uint32_t none = 1U << 12;
     const std::uint32_t suits = view.suits | view.naturalSuits << 6;
     const bool matters = (ViewNumber(view) & kSuitsAgree) != 0;
     return view.wildByFace << 13 | (matters ? suits : none);
-}
-
-// Calls compute(number, cards) for one set of every kinds and state of suits, and copy(number,
-// from) for the others, whose counts are those of the set with the number from. The sets of the
-// same kinds come one after the other, and have few states.
-template <typename Compute, typename Copy>
-void LineTables::ForEachState(const SetClasses& sets, Compute compute, Copy copy) const {
-    struct Known {
-        std::uint32_t state;
-        std::uint32_t number;
-    };
-    std::vector<Known> known;
-    std::uint32_t lastKinds = UINT32_MAX;
-    sets.ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
-        SuitView view;
-        std::uint32_t key = 0;
-        for (std::size_t i = 0; i < cards.size(); ++i) {
-            view = view + CardView(cards[i]);
-            key += SetKey::Add(static_cast<int>(i), cards[i]);
-        }
-        if (SetKey::Kinds(key) != lastKinds) known.clear();
-        lastKinds = SetKey::Kinds(key);
-        const std::uint32_t state = SuitState(view);
-        const auto found = std::ranges::find(known, state, &Known::state);
-        if (found != known.end()) return copy(number, found->number);
-        known.push_back({state, number});
-        compute(number, cards);
-    });
 }
 
 // Counts, for each class of four cards, the lines of all fifth cards there are. The evaluator is
@@ -216,7 +192,7 @@ void LineTables::ForEachState(const SetClasses& sets, Compute compute, Copy copy
 void LineTables::CountFours(const Building& building) {
     lineOfFive.assign(MultisetCount(kHandSize, kindCount) * kViews, kNotYet);
     fours.resize(classes[3].Count());
-    const auto count = [&](std::uint32_t number, std::span<const SetCard> cards) {
+    classes[3].ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
         SuitView view;
         for (const SetCard card : cards) view = view + CardView(card);
         auto& row = fours[number];
@@ -228,9 +204,7 @@ void LineTables::CountFours(const Building& building) {
             }
             row[LaneOf(line)] = static_cast<std::uint8_t>(row[LaneOf(line)] + copies);
         });
-    };
-    ForEachState(classes[3], count,
-                 [this](std::uint32_t number, std::uint32_t from) { fours[number] = fours[from]; });
+    });
 }
 
 // Adds up the rows of the sets that are one card larger. A hand that holds the set is met once for
@@ -255,9 +229,7 @@ void LineTables::CountFromLarger(Rows<Count>& rows) const {
         countSet(0, {});
     } else {
         rows.resize(classes[Size - 1].Count());
-        ForEachState(
-            classes[Size - 1], countSet,
-            [&rows](std::uint32_t number, std::uint32_t from) { rows[number] = rows[from]; });
+        classes[Size - 1].ForEachClass(countSet);
     }
 }
 
@@ -296,13 +268,16 @@ void LineTables::ForEachFurtherCard(std::span<const SetCard> cards, Visitor visi
 void LineTables::ClassifyHeld(const Building& building) {
     for (const SetClasses& sets : classes) {
         auto& lines = heldLines.emplace_back(sets.Count());
-        ForEachState(
-            sets,
-            [&](std::uint32_t number, std::span<const SetCard> cards) {
-                lines[number] = static_cast<std::int8_t>(building.LineOfHeld(cards));
-            },
-            [&lines](std::uint32_t number, std::uint32_t from) { lines[number] = lines[from]; });
+        sets.ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
+            lines[number] = static_cast<std::int8_t>(building.LineOfHeld(cards));
+        });
     }
+}
+
+std::uint8_t LineTables::WildSuits(std::uint8_t kind) const {
+    unsigned suits = 0;
+    for (std::size_t suit = 0; suit < kSuits; ++suit) suits |= wild[kind][suit] ? 1U << suit : 0U;
+    return static_cast<std::uint8_t>(suits);
 }
 
 bool LineTables::Contains(CardFace face) const {

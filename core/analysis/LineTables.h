@@ -54,6 +54,7 @@ class LineTables {
     CardFace ToFace(SetCard card) const;
 
     bool IsWild(SetCard card) const { return wild[card.kind][card.suit]; }
+    std::uint8_t WildSuits(std::uint8_t kind) const;  // those in which it is wild, as bits
 
     // The hands that hold a set of Size cards (0..4), by the set's key.
     template <int Size>
@@ -119,9 +120,7 @@ class LineTables {
     template <int Size, typename Count>
     void CountFromLarger(Rows<Count>& rows) const;
     void ClassifyHeld(const Building& building);
-    std::uint32_t SuitState(const SuitView& view) const;
-    template <typename Compute, typename Copy>
-    void ForEachState(const SetClasses& sets, Compute compute, Copy copy) const;
+    std::uint32_t SuitState(std::span<const SetCard> cards) const;
     template <typename Visitor>
     void ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const;
 

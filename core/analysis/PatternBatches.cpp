@@ -29,9 +29,7 @@ std::uint64_t LayoutKey(const LineTables& tables, const HandKinds& kinds) {
     std::uint64_t key = 0;
     for (std::size_t place = 0; place < kHandSize; ++place) {
         key = key << 3 | kinds.positions[place];
-        for (std::uint8_t suit = 0; suit < kSuits; ++suit) {
-            key = key << 1 | (tables.IsWild({kinds.kinds[place], suit}) ? 1U : 0U);
-        }
+        key = key << kSuits | tables.WildSuits(kinds.kinds[place]);
     }
     return key;
 }
