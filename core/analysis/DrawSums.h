@@ -13,8 +13,15 @@ class DrawSums {
   public:
     explicit DrawSums(const LineTables& tables);
 
-    // How often each row of the tables counts in draws of so many cards.
-    std::vector<std::int64_t>& Of(std::size_t drawn) { return times[drawn]; }
+    // Takes down so many hands more that draw so many cards, and returns how often each row of the
+    // tables counts in their draws, by row: the caller adds their own.
+    std::int64_t* Of(std::size_t drawn, std::int64_t hands) {
+        handsByDraw[drawn] += hands;
+        return times[drawn].data();
+    }
+
+    // By cards drawn.
+    std::int64_t Hands(std::size_t drawn) const { return handsByDraw[drawn]; }
 
     // The draws by cards drawn and lane.
     using Sums = std::array<std::array<std::int64_t, kLanes>, kDraws>;
@@ -23,4 +30,5 @@ class DrawSums {
   private:
     const LineTables& tables;
     std::array<std::vector<std::int64_t>, kDraws> times;  // by row
+    std::array<std::int64_t, kDraws> handsByDraw{};
 };

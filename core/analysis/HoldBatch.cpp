@@ -80,7 +80,7 @@ struct LookUp {
     using Worth = typename Eights<Number>::Worth;
 
     [[gnu::always_inline]] void Eight(std::size_t hand, Worth& found) const {
-        for (std::size_t i = 0; i < kHandsAtOnce; ++i) found[i] = worths[classes[hand + i]];
+        for (std::size_t i = 0; i < kColumnsAtOnce; ++i) found[i] = worths[classes[hand + i]];
     }
 };
 
@@ -94,14 +94,14 @@ template <>
     std::memcpy(&numbers, classes + hand, sizeof numbers);
     Worth low;
     std::memcpy(&low, worths, sizeof low);
-    if (count <= kHandsAtOnce) {
+    if (count <= kColumnsAtOnce) {
         found = __builtin_shuffle(low, numbers);
-    } else if (count <= 2 * kHandsAtOnce) {
+    } else if (count <= 2 * kColumnsAtOnce) {
         Worth high;
-        std::memcpy(&high, worths + kHandsAtOnce, sizeof high);
+        std::memcpy(&high, worths + kColumnsAtOnce, sizeof high);
         found = __builtin_shuffle(low, high, numbers);
     } else {
-        for (std::size_t i = 0; i < kHandsAtOnce; ++i) found[i] = worths[numbers[i]];
+        for (std::size_t i = 0; i < kColumnsAtOnce; ++i) found[i] = worths[numbers[i]];
     }
 }
 #endif
@@ -181,21 +181,23 @@ BatchGame::BatchGame(const LineTables& tables, const PayTable& table, int bet, d
     }
 }
 
-// The classes of each subset's kinds, and the lanes of the views of all five.
-void HoldBatch::SetKinds(const HandKinds& ofHands) {
-    kinds = ofHands;
+// The keys of all subsets of the kinds, written out one by one, so that their sizes and places are
+// known to the compiler.
+template <std::size_t... Subsets>
+void HoldBatch::SetFirstRows(std::index_sequence<Subsets...>) {
     const LineTables& tables = game.tables;
     std::array<std::uint32_t, kHolds> keys{};
-    for (std::size_t subset = 1; subset < kHolds; ++subset) {
-        const auto last = static_cast<std::size_t>(std::bit_width(subset)) - 1;
-        const std::size_t others = subset ^ (std::size_t{1} << last);
-        const auto place = static_cast<int>(kSizeOf[others]);
-        keys[subset] = keys[others] + SetKey::Add(place, {kinds.kinds[last], 0});
-        if (subset == kAllFive) continue;
-        const auto ofKinds = tables.Classes(place + 1).Of(SetKey::Kinds(keys[subset]));
-        firstRow[subset] = static_cast<std::uint32_t>(tables.FirstRow(place + 1)) + ofKinds.first;
-    }
-    firstRow[kAllFive] = static_cast<std::uint32_t>(tables.FirstRow(kHandSize));
+    const auto set = [&]<std::size_t Subset>(std::integral_constant<std::size_t, Subset>) {
+        constexpr std::size_t last = std::bit_width(Subset) - 1;
+        constexpr std::size_t others = Subset ^ (std::size_t{1} << last);
+        constexpr int place = std::popcount(others);
+        keys[Subset] = keys[others] + SetKey::Add(place, {kinds.kinds[last], 0});
+        firstRow[Subset] = static_cast<std::uint32_t>(tables.FirstRow(place + 1));
+        if constexpr (Subset != kAllFive) {
+            firstRow[Subset] += tables.Classes(place + 1).Of(SetKey::Kinds(keys[Subset])).first;
+        }
+    };
+    (set(std::integral_constant<std::size_t, Subsets + 1>()), ...);
     const auto lines = tables.LinesOfKinds(SetKey::Kinds(keys[kAllFive]));
     for (std::size_t view = 0; view < lines.size(); ++view) {
         laneOfView[view] = static_cast<std::uint8_t>(LaneOf(lines[view]));
@@ -203,12 +205,14 @@ void HoldBatch::SetKinds(const HandKinds& ofHands) {
 }
 
 void HoldBatch::Find(const HandKinds& ofHands, const SuitLayout& suits) {
-    SetKinds(ofHands);
+    kinds = ofHands;
     layout = &suits;
-    held.resize(suits.hands);
-    returns.resize(suits.hands);
+    SetFirstRows(std::make_index_sequence<kAllFive>());
+    held.resize(suits.columns);
+    returns.resize(suits.columns);
+    weights.assign(suits.columns, 0);
     if (game.narrow.empty()) {
-        // Whole numbers of the same width, the sign of which inclusion and exclusion restores.
+        // The same numbers without a sign, which inclusion and exclusion restores.
         FindAll(reinterpret_cast<const std::uint64_t*>(game.worths.worths.data()));
     } else {
         FindAll(game.narrow.data());
@@ -221,17 +225,17 @@ void HoldBatch::FindAll(const Number* worths) {
     for (std::size_t view = 0; view < worthOfView.size(); ++view) {
         worthOfView[view] = worths[firstRow[kAllFive] + laneOfView[view]];
     }
-    std::array<LookUp<Number>, kHolds> lookUps;  // no card has no classes to look up
+    std::array<LookUp<Number>, kHolds> lookUps;
     for (std::size_t subset = 0; subset < kHolds; ++subset) {
-        lookUps[subset] = {worths + firstRow[subset], layout->classes[subset].data(),
+        lookUps[subset] = {worths + firstRow[subset], layout->Classes(subset),
                            layout->classCounts[subset]};
     }
     lookUps[kAllFive].worths = worthOfView.data();
     Found<Number> found;
     std::array<std::int64_t, kHolds> coins;
-    for (std::size_t first = 0; first < layout->hands; first += kHandsAtOnce) {
+    for (std::size_t first = 0; first < layout->columns; first += kColumnsAtOnce) {
         ::Find(lookUps.data(), first, game.scales.data(), found);
-        const std::size_t count = std::min(kHandsAtOnce, layout->hands - first);
+        const std::size_t count = std::min(kColumnsAtOnce, layout->columns - first);
         for (std::size_t i = 0; i < count; ++i) {
             const std::uint32_t candidates = found.best[i];
             auto best = static_cast<std::size_t>(std::countr_zero(candidates));
@@ -253,7 +257,7 @@ double HoldBatch::ReturnOf(std::size_t hold, std::int64_t coins) const {
            game.coin;
 }
 
-std::size_t HoldBatch::Settle(std::size_t hand, std::uint32_t candidates,
+std::size_t HoldBatch::Settle(std::size_t column, std::uint32_t candidates,
                               const std::array<std::int64_t, kHolds>& coins) const {
     const auto returnOf = [&](std::size_t hold) { return ReturnOf(hold, coins[hold]); };
     double greatest = -std::numeric_limits<double>::infinity();
@@ -267,7 +271,7 @@ std::size_t HoldBatch::Settle(std::size_t hand, std::uint32_t candidates,
         const auto hold = static_cast<std::size_t>(std::countr_zero(left));
         if (returnOf(hold) != greatest) continue;
         if (hold == kAllFive) return hold;
-        const double rate = game.tieRule == TieRule::kWinRate ? WinRate(hand, hold) : 0;
+        const double rate = game.tieRule == TieRule::kWinRate ? WinRate(column, hold) : 0;
         const bool lower = best && MaskOf(hold) < MaskOf(*best);
         if (!best || rate > bestRate || (rate == bestRate && lower)) {
             best = hold;
@@ -277,10 +281,10 @@ std::size_t HoldBatch::Settle(std::size_t hand, std::uint32_t candidates,
     return best.value_or(kAllFive);
 }
 
-double HoldBatch::WinRate(std::size_t hand, std::size_t hold) const {
+double HoldBatch::WinRate(std::size_t column, std::size_t hold) const {
     const std::int64_t total = game.worths.draws[Drawn(hold)];
     LineCounts counts;
-    CountLinesOf(hand, hold, counts);
+    CountLinesOf(column, hold, counts);
     return static_cast<double>(total - counts[kNothingLane]) / static_cast<double>(total);
 }
 
@@ -292,27 +296,29 @@ HoldMask HoldBatch::MaskOf(std::size_t hold) const {
     return mask;
 }
 
-std::size_t HoldBatch::CardsDrawn(std::size_t hand) const { return Drawn(held[hand]); }
+std::size_t HoldBatch::CardsDrawn(std::size_t hand) const {
+    return Drawn(held[layout->columnOf[hand]]);
+}
 
-// The row of a subset of a hand.
-std::size_t HoldBatch::Row(std::size_t hand, std::size_t subset) const {
-    if (subset == 0) return 0;
-    const std::uint32_t number = layout->classes[subset][hand];
+// The row of a subset of the hands of a column.
+std::size_t HoldBatch::Row(std::size_t column, std::size_t subset) const {
+    const std::uint32_t number = layout->Classes(subset)[column];
     return firstRow[subset] + (subset == kAllFive ? laneOfView[number] : number);
 }
 
 void HoldBatch::CountLines(std::size_t hand, LineCounts& counts) const {
-    CountLinesOf(hand, held[hand], counts);
+    const std::size_t column = layout->columnOf[hand];
+    CountLinesOf(column, held[column], counts);
 }
 
 // Numbers that are taken away are so modulo 2^32.
 TOLVANE_WIDE_VECTORS
-void HoldBatch::CountLinesOf(std::size_t hand, std::size_t hold, LineCounts& counts) const {
+void HoldBatch::CountLinesOf(std::size_t column, std::size_t hold, LineCounts& counts) const {
     counts.fill(0);
     for (const Term term : kTerms.Of(hold)) {
         const std::uint32_t sign = term.subtracted ? ~0U : 1U;
         const auto size = static_cast<int>(kSizeOf[term.subset]);
-        const std::size_t row = Row(hand, term.subset) - game.tables.FirstRow(size);
+        const std::size_t row = Row(column, term.subset) - game.tables.FirstRow(size);
         if (term.subset == kAllFive) {
             counts[row] += sign;
             continue;
@@ -323,9 +329,35 @@ void HoldBatch::CountLinesOf(std::size_t hand, std::size_t hold, LineCounts& cou
     }
 }
 
-void HoldBatch::AddDraws(std::size_t hand, std::int64_t hands, DrawSums& sums) const {
-    std::vector<std::int64_t>& times = sums.Of(CardsDrawn(hand));
-    for (const Term term : kTerms.Of(held[hand])) {
-        times[Row(hand, term.subset)] += term.subtracted ? -hands : hands;
+// Most hands that are played alike have the same rows; others are counted to be compared.
+bool HoldBatch::AreAlike(std::size_t a, std::size_t b) const {
+    const std::size_t columnA = layout->columnOf[a];
+    const std::size_t columnB = layout->columnOf[b];
+    if (columnA == columnB) return true;
+    if (held[columnA] != held[columnB] || returns[columnA] != returns[columnB]) return false;
+    if (std::ranges::all_of(kTerms.Of(held[columnA]), [&](Term term) {
+            return Row(columnA, term.subset) == Row(columnB, term.subset);
+        })) {
+        return true;
+    }
+    LineCounts countsA;
+    LineCounts countsB;
+    CountLines(a, countsA);
+    CountLines(b, countsB);
+    return countsA == countsB;
+}
+
+void HoldBatch::AddDraws(std::int64_t factor, DrawSums& sums) const {
+    for (std::size_t column = 0; column < layout->columns; ++column) {
+        const std::size_t hold = held[column];
+        const std::int64_t hands = weights[column] * factor;
+        std::int64_t* const times = sums.Of(Drawn(hold), hands);
+        const auto terms = kTerms.Of(hold);
+        const std::uint32_t* const classes = layout->classes.data() + column;
+        for (const Term term : terms.first(terms.size() - 1)) {
+            const std::size_t row = firstRow[term.subset] + classes[term.subset * layout->stride];
+            times[row] += term.subtracted ? -hands : hands;
+        }
+        times[Row(column, kAllFive)] += terms.back().subtracted ? -hands : hands;
     }
 }

@@ -12,6 +12,7 @@
 #pragma once
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "core/analysis/DrawSums.h"
@@ -54,31 +55,39 @@ class HoldBatch {
     void Find(const HandKinds& ofHands, const SuitLayout& suits);
 
     // These answer for a hand by its number in the layout.
-    HoldMask Mask(std::size_t hand) const { return MaskOf(held[hand]); }
+    HoldMask Mask(std::size_t hand) const { return MaskOf(held[layout->columnOf[hand]]); }
     std::size_t CardsDrawn(std::size_t hand) const;
-    double Return(std::size_t hand) const { return returns[hand]; }  // dollars
+    double Return(std::size_t hand) const { return returns[layout->columnOf[hand]]; }  // dollars
     void CountLines(std::size_t hand, LineCounts& counts) const;
 
-    // Adds the draws of so many hands that are like this one.
-    void AddDraws(std::size_t hand, std::int64_t hands, DrawSums& sums) const;
+    // Whether two hands are played alike: the same cards are held, and the draws are the same.
+    bool AreAlike(std::size_t a, std::size_t b) const;
+
+    // Counts so many more hands that are like this one; AddDraws adds the draws of all of them.
+    void Count(std::size_t hand, std::int64_t more) { weights[layout->columnOf[hand]] += more; }
+    void AddDraws(std::int64_t factor, DrawSums& sums) const;
 
   private:
     void SetKinds(const HandKinds& ofHands);
+    template <std::size_t... Subsets>
+    void SetFirstRows(std::index_sequence<Subsets...> subsets);
     template <typename Number>
     void FindAll(const Number* worths);
-    std::size_t Settle(std::size_t hand, std::uint32_t candidates,
+    std::size_t Settle(std::size_t column, std::uint32_t candidates,
                        const std::array<std::int64_t, kHolds>& coins) const;
     double ReturnOf(std::size_t hold, std::int64_t coins) const;
-    double WinRate(std::size_t hand, std::size_t hold) const;
+    double WinRate(std::size_t column, std::size_t hold) const;
     HoldMask MaskOf(std::size_t hold) const;
-    std::size_t Row(std::size_t hand, std::size_t subset) const;
-    void CountLinesOf(std::size_t hand, std::size_t hold, LineCounts& counts) const;
+    std::size_t Row(std::size_t column, std::size_t subset) const;
+    void CountLinesOf(std::size_t column, std::size_t hold, LineCounts& counts) const;
 
     const BatchGame& game;
     HandKinds kinds;
     const SuitLayout* layout = nullptr;
-    std::array<std::uint32_t, kHolds> firstRow{};  // by subset: of the kinds' classes
+    std::array<std::uint32_t, kHolds> firstRow{};  // by subset: of the classes of its kinds
     std::array<std::uint8_t, LineTables::kViews> laneOfView{};
-    std::vector<std::uint8_t> held;  // by hand: the best hold, a subset
-    std::vector<double> returns;     // by hand: its worth in dollars
+    // By column.
+    std::vector<std::uint8_t> held;  // the best hold, a subset
+    std::vector<double> returns;     // its worth in dollars
+    std::vector<std::int64_t> weights;
 };

@@ -57,9 +57,8 @@ PatternBatches::Table& PatternBatches::TableOf(std::span<const SuitPattern> rows
             auto& members = table.parts[part].variants;
             members.push_back(table.variants.size());
             table.variants.push_back(
-                {variant.suits, variant.count, false, part, members.size() - 1});
+                {variant.suits, variant.count, row.variants.size(), part, members.size() - 1});
         }
-        table.variants.back().endsRow = true;
     }
     return table;
 }
@@ -80,14 +79,42 @@ void PatternBatches::FindPart(const Ranks& ranks, const Table& table, Part& part
         entry->second = LayOut(game.tables, hands);
     }
     batch.Find(kinds, entry->second);
+    for (std::size_t i = 0; i < part.variants.size(); ++i) {
+        batch.Count(i, table.variants[part.variants[i]].count);
+    }
 }
 
 std::span<const PatternBatches::Variant> PatternBatches::Find(const Ranks& ranks,
                                                               std::span<const SuitPattern> rows) {
     Table& table = TableOf(rows);
-    while (batches.size() < table.parts.size()) batches.emplace_back(game);
+    parts = table.parts.size();
+    while (batches.size() < parts) batches.emplace_back(game);
     for (std::size_t i = 0; i < table.parts.size(); ++i) {
         FindPart(ranks, table, table.parts[i], batches[i]);
     }
     return table.variants;
+}
+
+BestHold PatternBatches::Best(const Variant& variant) const {
+    const HoldBatch& batch = BatchOf(variant);
+    const std::size_t drawn = batch.CardsDrawn(variant.number);
+    BestHold best;
+    best.mask = batch.Mask(variant.number);
+    best.cardsDrawn = static_cast<int>(drawn);
+    best.expectedReturn = batch.Return(variant.number);
+    best.totalHands = game.worths.draws[drawn];
+    batch.CountLines(variant.number, best.counts);
+    return best;
+}
+
+bool PatternBatches::AreAlike(const Variant& a, const Variant& b) const {
+    if (a.batch == b.batch) return BatchOf(a).AreAlike(a.number, b.number);
+    const BestHold bestA = Best(a);
+    const BestHold bestB = Best(b);
+    return bestA.mask == bestB.mask && bestA.expectedReturn == bestB.expectedReturn &&
+           bestA.counts == bestB.counts;
+}
+
+void PatternBatches::AddDraws(std::int64_t factor, DrawSums& sums) const {
+    for (std::size_t part = 0; part < parts; ++part) batches[part].AddDraws(factor, sums);
 }

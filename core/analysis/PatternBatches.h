@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "core/analysis/BestHold.h"
 #include "core/analysis/HoldBatch.h"
 #include "core/analysis/SuitPatterns.h"
 
@@ -21,8 +22,8 @@ class PatternBatches {
     // A variant of a pattern, and where its best hold is found.
     struct Variant {
         PositionSuits suits{};
-        int count = 0;         // suit assignments that are like it
-        bool endsRow = false;  // the last one of its row
+        int count = 0;          // suit assignments that are like it
+        std::size_t ofRow = 0;  // so many variants its row has
         std::size_t batch = 0;
         std::size_t number = 0;  // in the batch
     };
@@ -33,7 +34,14 @@ class PatternBatches {
     // until the next call.
     std::span<const Variant> Find(const Ranks& ranks, std::span<const SuitPattern> rows);
 
-    const HoldBatch& BatchOf(const Variant& variant) const { return batches[variant.batch]; }
+    double Return(const Variant& variant) const { return BatchOf(variant).Return(variant.number); }
+    BestHold Best(const Variant& variant) const;
+
+    // Whether two variants are played alike.
+    bool AreAlike(const Variant& a, const Variant& b) const;
+
+    // Adds the draws of all variants, each so many times as it has assignments times the factor.
+    void AddDraws(std::int64_t factor, DrawSums& sums) const;
 
   private:
     // The variants whose cards are of the same kinds, whatever the ranks: where ranks are those of
@@ -47,10 +55,12 @@ class PatternBatches {
         std::vector<Part> parts;
     };
 
+    const HoldBatch& BatchOf(const Variant& variant) const { return batches[variant.batch]; }
     Table& TableOf(std::span<const SuitPattern> rows);
     void FindPart(const Ranks& ranks, const Table& table, Part& part, HoldBatch& batch);
 
     const BatchGame& game;
     std::map<const SuitPattern*, Table> tables;  // by their first row
+    std::size_t parts = 0;                       // of the last ranks' table
     std::vector<HoldBatch> batches;              // those of the last ranks, by part
 };

@@ -1,7 +1,8 @@
 #include "core/analysis/SuitLayout.h"
 
 #include <algorithm>
-#include <bit>
+#include <array>
+#include <map>
 
 namespace {
 
@@ -16,21 +17,36 @@ std::uint32_t ClassAmongKinds(const LineTables& tables, const SortedCards& cards
     return tables.Classes(size).Of(SetKey::Kinds(key)).bySuits[SetKey::Suits(key)];
 }
 
+using Classes = std::array<std::uint32_t, kHolds>;  // by subset
+
+Classes ClassesOf(const LineTables& tables, const SortedCards& cards) {
+    Classes classes{};
+    for (std::size_t subset = 1; subset < kAllFive; ++subset) {
+        classes[subset] = ClassAmongKinds(tables, cards, subset);
+    }
+    classes[kAllFive] = static_cast<std::uint32_t>(tables.ViewOf(cards));
+    return classes;
+}
+
 }  // namespace
 
 SuitLayout LayOut(const LineTables& tables, std::span<const SortedCards> hands) {
     SuitLayout layout;
-    layout.hands = hands.size();
-    const std::size_t padded = (hands.size() + kHandsAtOnce - 1) / kHandsAtOnce * kHandsAtOnce;
-    for (std::size_t subset = 1; subset < kHolds; ++subset) {
-        auto& classes = layout.classes[subset];
-        classes.resize(padded);
-        for (std::size_t hand = 0; hand < hands.size(); ++hand) {
-            classes[hand] = subset == kAllFive
-                                ? static_cast<std::uint32_t>(tables.ViewOf(hands[hand]))
-                                : ClassAmongKinds(tables, hands[hand], subset);
+    std::map<Classes, std::uint32_t> columns;
+    for (const SortedCards& cards : hands) {
+        const auto next = static_cast<std::uint32_t>(columns.size());
+        layout.columnOf.push_back(
+            columns.try_emplace(ClassesOf(tables, cards), next).first->second);
+    }
+    layout.columns = columns.size();
+    layout.stride = (layout.columns + kColumnsAtOnce - 1) / kColumnsAtOnce * kColumnsAtOnce;
+    layout.classes.resize(kHolds * layout.stride);
+    for (const auto& [classes, column] : columns) {
+        for (std::size_t subset = 0; subset < kHolds; ++subset) {
+            layout.classes[subset * layout.stride + column] = classes[subset];
+            layout.classCounts[subset] =
+                std::max(layout.classCounts[subset], classes[subset] + std::size_t{1});
         }
-        layout.classCounts[subset] = *std::ranges::max_element(classes) + std::size_t{1};
     }
     return layout;
 }

@@ -1,8 +1,7 @@
 // Hands of the same kinds beside each other. Which class of its kinds a subset of a hand belongs to
-// depends on the suits and on which of the kinds are equal, so one layout serves the thousands of
-// multisets of kinds that are alike in this.
+// depends on the suits, on which of the kinds are equal and on what is wild, so one layout serves
+// the thousands of multisets of kinds that are alike in this.
 #pragma once
-#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -14,15 +13,20 @@
 // first.
 inline constexpr std::size_t kAllFive = kHolds - 1;
 
-// So many hands are worked on at a time.
-inline constexpr std::size_t kHandsAtOnce = 8;
+// So many columns are worked on at a time.
+inline constexpr std::size_t kColumnsAtOnce = 8;
 
+// Hands all subsets of which are of the same classes are played alike, and share a column.
 struct SuitLayout {
-    std::size_t hands = 0;
-    // By subset of one to four cards, then by hand: the class among those of the subset's kinds; of
-    // all five cards, their view. Filled up with zeros to a multiple of kHandsAtOnce.
-    std::array<std::vector<std::uint32_t>, kHolds> classes;
+    std::vector<std::uint32_t> columnOf;  // by hand
+    std::size_t columns = 0;
+    std::size_t stride = 0;  // the columns filled up with zeros to a multiple of kColumnsAtOnce
+    // By subset, then by column: the class among those of the subset's kinds; of all five cards,
+    // their view; 0 for no card.
+    std::vector<std::uint32_t> classes;
     std::array<std::size_t, kHolds> classCounts{};  // by subset: the greatest of them and one
+
+    const std::uint32_t* Classes(std::size_t subset) const { return &classes[subset * stride]; }
 };
 
 // The layout of hands that have the same kinds.
