@@ -9,6 +9,7 @@
 #include "core/analysis/GameTally.h"
 #include "core/analysis/HandByHand.h"
 #include "core/analysis/PatternBatches.h"
+#include "core/analysis/PileBatches.h"
 
 namespace {
 
@@ -39,6 +40,7 @@ class GameRun {
           tally(tables, watcher, WeightOfAll(table)),
           batchGame(tables, table, kFullBet, coin),
           batches(batchGame),
+          piles(batchGame),
           handByHand(tables, table, coin, tally) {}
 
     GameTotals Play() {
@@ -100,7 +102,8 @@ class GameRun {
         const std::span<const SuitPattern> rows = patterns.Select(shape);
         if (rows.empty()) return;
         const std::int64_t factor = shape.jokers > 0 ? Combinations(table.jokers, shape.jokers) : 1;
-        if (PlayedTogether(shape)) return PlayTogether(ranks, rows, factor);
+        if (IsPickEm()) return PlayTogether(piles, ranks, rows, factor);
+        if (PlayedTogether(shape)) return PlayTogether(batches, ranks, rows, factor);
         for (const SuitPattern& row : rows) {
             if (tally.Cancelled()) return;
             PlayRow(ranks, row, factor);
@@ -111,7 +114,6 @@ class GameRun {
     // ask for more.
     bool PlayedTogether(const HandShape& shape) const {
         switch (table.type) {
-            case GameType::kPickEm:
             case GameType::kAcesBonus:
                 return false;
             case GameType::kDoubleDraw:
@@ -121,7 +123,10 @@ class GameRun {
         }
     }
 
-    void PlayTogether(const Ranks& ranks, std::span<const SuitPattern> rows, std::int64_t factor) {
+    // The batches find the best holds of hands, or the better piles.
+    template <typename Batches>
+    void PlayTogether(Batches& batches, const Ranks& ranks, std::span<const SuitPattern> rows,
+                      std::int64_t factor) {
         const auto variants = batches.Find(ranks, rows);
         const auto jokers = static_cast<double>(factor);
         std::int64_t hands = 0;
@@ -132,15 +137,16 @@ class GameRun {
         batches.AddDraws(factor, tally.Draws());
         for (std::size_t first = 0; first < variants.size();) {
             const std::size_t size = variants[first].ofRow;
-            ReportRow(ranks, variants.subspan(first, size), jokers);
+            ReportRow(batches, ranks, variants.subspan(first, size), jokers);
             first += size;
         }
         tally.Progress(jokers * static_cast<double>(hands));
     }
 
     // The variants of a row are one representative as long as they are played alike.
-    void ReportRow(const Ranks& ranks, std::span<const PatternBatches::Variant> row,
-                   double jokers) {
+    template <typename Batches>
+    void ReportRow(const Batches& batches, const Ranks& ranks,
+                   std::span<const PatternBatches::Variant> row, double jokers) {
         const bool alike = std::ranges::all_of(row.subspan(1), [&](const auto& variant) {
             return batches.AreAlike(row.front(), variant);
         });
@@ -206,6 +212,7 @@ class GameRun {
     GameTally tally;
     BatchGame batchGame;
     PatternBatches batches;
+    PileBatches piles;
     HandByHand handByHand;
 };
 
