@@ -19,10 +19,9 @@ bool SameDraws(const BestHold& a, const BestHold& b) {
     return a.counts == b.counts && a.expectedReturn == b.expectedReturn;
 }
 
-void GameTally::Add(const PlayedHand& hand) {
+void GameTally::AddDraws(const PlayedHand& hand) {
     const auto drawn = static_cast<std::size_t>(hand.best.cardsDrawn);
     const std::int64_t parts = std::llround(hand.weight * static_cast<double>(kParts));
-    AddReturn(hand.weight, hand.best.expectedReturn);
     handParts[drawn] += parts;
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
         drawParts[drawn][lane] += parts * hand.best.counts[lane];

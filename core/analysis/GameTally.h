@@ -16,15 +16,13 @@ class GameTally {
     GameTally(const LineTables& tables, const GameAnalysisWatcher& watcher, double all)
         : watcher(watcher), all(all), draws(tables) {}
 
-    // Adds to the return alone; the hands and their draws go into Draws.
+    // The return, and the hands with their draws, are added apart: the latter here or into Draws.
     void AddReturn(double weight, double expectedReturn) {
         totals.er += weight * expectedReturn;
         totals.erSquares += weight * expectedReturn * expectedReturn;
     }
+    void AddDraws(const PlayedHand& hand);
     DrawSums& Draws() { return draws; }
-
-    // Adds a hand with its draws.
-    void Add(const PlayedHand& hand);
 
     // Hands that are a representative each.
     void Report(const std::vector<PlayedHand>& hands);

@@ -72,7 +72,8 @@ void HandByHand::PlayAlone(const Hand& cards, double weight) {
         if (finder) Look(cards);
         FindBest(kAsGiven, hand);
     }
-    tally.Add(hand);
+    tally.AddReturn(weight, hand.best.expectedReturn);
+    tally.AddDraws(hand);
 }
 
 // Where the order of the aces pays, a hand is worth what the order of its cards is, and every
@@ -132,15 +133,18 @@ void HandByHand::PlayEndCards(const Hand& cards, double weight) {
 void HandByHand::PlayOrders(const Hand& cards, const std::vector<Placement>& orders,
                             double weight) {
     const std::size_t before = played.size();
-    std::vector<HoldMask> heldCards;
+    const double share = weight / static_cast<double>(orders.size());
+    heldCards.clear();
+    PlayedHand hand;
     for (const Placement& order : orders) {
-        PlayedHand hand{Placed(cards, order), weight / static_cast<double>(orders.size()), {}};
+        hand.cards = Placed(cards, order);
+        hand.weight = share;
         FindBest(order, hand);
+        tally.AddReturn(share, hand.best.expectedReturn);
         HoldMask held = 0;
         for (std::size_t i = 0; i < kHandSize; ++i) {
             if (Holds(hand.best.mask, order[i])) held |= 1 << i;
         }
-        tally.Add(hand);
         std::size_t alike = 0;
         while (alike < heldCards.size() &&
                !(heldCards[alike] == held && SameDraws(played[before + alike].best, hand.best))) {
@@ -153,6 +157,7 @@ void HandByHand::PlayOrders(const Hand& cards, const std::vector<Placement>& ord
             played.push_back(hand);
         }
     }
+    for (std::size_t i = before; i < played.size(); ++i) tally.AddDraws(played[i]);
 }
 
 // The hand lies in the order, from the cards that the finder looks at.

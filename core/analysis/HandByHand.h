@@ -37,5 +37,6 @@ class HandByHand {
     GameTally& tally;
     std::optional<BestHoldFinder> finder;
     HoldAnalysis analysis;
-    std::vector<PlayedHand> played;  // of the row at work
+    std::vector<PlayedHand> played;   // of the row at work
+    std::vector<HoldMask> heldCards;  // in the hands of PlayOrders: the cards, the first as bit 1
 };
