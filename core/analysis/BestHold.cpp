@@ -190,7 +190,9 @@ void BestHoldFinder::Look(const std::array<SetCard, kHandSize>& cards) {
     LookUp(std::make_index_sequence<kAllHeld - 1>());
     ComputeReturns();
     plainCounted = kSubsets;
-    if (ordered && aceLine >= 0) ValueAceHolds();
+    if (!ordered) return;
+    if (aceLine >= 0) ValueAceHolds();
+    FindGreatest();
 }
 
 // What a hold is worth when draws of it end in aces in order: those gain so many coins together.
@@ -212,11 +214,19 @@ void BestHoldFinder::ValueAceHolds() {
         acesAndOne[place] =
             WithAceGain(allAces | std::size_t{1} << place, GainBeside(sorted[place]));
     }
+}
+
+void BestHoldFinder::FindGreatest() {
     greatest = *std::ranges::max_element(returns);
     greatestHolds = 0;
     for (std::size_t held = 0; held < kSubsets; ++held) {
         greatestHolds |= static_cast<std::uint32_t>(returns[held] == greatest) << held;
     }
+    oneBest = std::has_single_bit(greatestHolds);
+    if (!ordered || aceLine < 0) return;
+    oneBest = oneBest && IsBehind(acesHeld) &&
+              std::all_of(acesAndOne.begin() + static_cast<std::ptrdiff_t>(aces), acesAndOne.end(),
+                          [this](const AceHold& hold) { return IsBehind(hold); });
 }
 
 // Gives the draws of a hold that lie in order to the line of aces.
@@ -335,20 +345,23 @@ std::size_t BestHoldFinder::Choose(const Choice& choice, const Placement& placem
 }
 
 // Most placements leave a single hold ahead of all that can end in aces in order.
+bool BestHoldFinder::IsBehind(const AceHold& hold) const {
+    return (greatestHolds >> hold.held & 1) == 0 && hold.expectedReturn < greatest;
+}
+
 bool BestHoldFinder::IsPlain(const Choice& choice) const {
+    if (oneBest) return true;
     if (!std::has_single_bit(greatestHolds)) return false;
-    for (std::size_t i = 0; i < choice.count; ++i) {
-        const AceHold& hold = *choice.aceHolds[i];
-        if ((greatestHolds >> hold.held & 1) != 0 || hold.expectedReturn >= greatest) return false;
-    }
-    return true;
+    return std::all_of(choice.aceHolds.begin(),
+                       choice.aceHolds.begin() + static_cast<std::ptrdiff_t>(choice.count),
+                       [this](const AceHold* hold) { return IsBehind(*hold); });
 }
 
 void BestHoldFinder::Best(const Placement& placement, BestHold& best) {
     Choice choice{&returns, {}, 0};
     const bool acesPay = ordered && aceLine >= 0;
-    if (acesPay) OfferAceHolds(placement, choice);
-    const bool plain = acesPay && IsPlain(choice);
+    if (acesPay && !oneBest) OfferAceHolds(placement, choice);
+    const bool plain = ordered && IsPlain(choice);
     const std::size_t held = plain ? static_cast<std::size_t>(std::countr_zero(greatestHolds))
                                    : Choose(choice, placement);
     best.mask = MaskOf(held, placement);

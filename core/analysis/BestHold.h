@@ -51,6 +51,11 @@ class BestHoldFinder {
     // mask, unless four aces in order pay.
     void Best(const Placement& placement, BestHold& best);
 
+    // Whether the same cards, with the same draws, are the best hold of all placements. Known only
+    // where draws are counted with their order.
+    bool HasOneBest() const { return oneBest; }
+    double GreatestReturn() const { return greatest; }  // of that hold
+
   private:
     // A subset of the hand has a bit for each place of its cards in sorted order, 1 for the first.
     // A hold is such a subset too until its mask is asked for.
@@ -75,6 +80,8 @@ class BestHoldFinder {
     void ValueAceHolds();
     AceHold WithAceGain(std::size_t held, std::int64_t gain) const;
     void GiveToAceLine(std::size_t held, LineCounts& counts) const;
+    void FindGreatest();
+    bool IsBehind(const AceHold& hold) const;
     bool IsPlain(const Choice& choice) const;
     void OfferAceHolds(const Placement& placement, Choice& choice) const;
     std::size_t Choose(const Choice& choice, const Placement& placement) const;
@@ -119,6 +126,7 @@ class BestHoldFinder {
     std::array<AceHold, kHandSize> acesAndOne;  // that of the aces and the card at a place
     double greatest = 0;                        // of the returns
     std::uint32_t greatestHolds = 0;            // those that have it, as bits
-    LineCounts plainCounts{};                   // the draws of the last plain best hold
-    std::size_t plainCounted = kSubsets;        // which that is, kSubsets for none
+    bool oneBest = false;
+    LineCounts plainCounts{};             // the draws of the last plain best hold
+    std::size_t plainCounted = kSubsets;  // which that is, kSubsets for none
 };

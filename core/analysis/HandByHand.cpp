@@ -1,7 +1,7 @@
 #include "core/analysis/HandByHand.h"
 
 #include <algorithm>
-#include <functional>
+#include <bit>
 
 #include "core/analysis/AceOrder.h"
 
@@ -33,6 +33,57 @@ Hand Placed(const Hand& cards, const Placement& placement) {
     Hand placed;
     for (std::size_t i = 0; i < kHandSize; ++i) placed[placement[i]] = cards[i];
     return placed;
+}
+
+// Each card first with each other one last.
+const std::vector<Placement>& EndCards() {
+    static const std::vector<Placement> all = [] {
+        std::vector<Placement> orders;
+        for (std::size_t first = 0; first < kHandSize; ++first) {
+            for (std::size_t last = 0; last < kHandSize; ++last) {
+                if (first == last) continue;
+                orders.push_back(Brought(Brought(kAsGiven, first, 0), last, kHandSize - 1));
+            }
+        }
+        return orders;
+    }();
+    return all;
+}
+
+// Where the aces of a hand, given as bits by card, can lie, the others keeping their order.
+std::vector<Placement> MakePlacements(unsigned aces) {
+    std::vector<Placement> placements;
+    Placement order = kAsGiven;  // the positions of the aces, then those of the others, rising
+    do {
+        if (!std::is_sorted(order.begin() + std::popcount(aces), order.end())) continue;
+        Placement& placement = placements.emplace_back();
+        std::size_t next = 0;
+        for (const bool ace : {true, false}) {
+            for (std::size_t card = 0; card < kHandSize; ++card) {
+                if ((aces >> card & 1) == (ace ? 1U : 0U)) placement[card] = order[next++];
+            }
+        }
+    } while (std::ranges::next_permutation(order).found);
+    return placements;
+}
+
+const std::vector<Placement>& PlacementsOf(unsigned aces) {
+    static const auto all = [] {
+        std::array<std::vector<Placement>, std::size_t{1} << kHandSize> byAces;
+        for (unsigned bits = 0; bits < byAces.size(); ++bits) byAces[bits] = MakePlacements(bits);
+        return byAces;
+    }();
+    return all[aces];
+}
+
+bool LieInOrderFrom(std::size_t first, const Hand& cards, unsigned aces,
+                    const Placement& placement) {
+    for (std::size_t card = 0; card < kHandSize; ++card) {
+        if ((aces >> card & 1) == 0) continue;
+        const auto wanted = static_cast<std::size_t>(cards[card].suit - kSpades) + first;
+        if (placement[card] != wanted) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -76,56 +127,48 @@ void HandByHand::PlayAlone(const Hand& cards, double weight) {
     tally.AddDraws(hand);
 }
 
-// Where the order of the aces pays, a hand is worth what the order of its cards is, and every
-// order has the same share of its weight. Only two things matter: where the aces lie, and, when
-// they lie as they have to, which card lies in the place beside them.
+// Where the order of the aces pays, a hand is worth what the order of its cards is, and every order
+// has the same share of its weight. Only two things matter: where the aces lie, and, when they lie
+// as they have to, which card lies in the place beside them. Without aces the four may come to
+// either side of a card that lies first or last.
 void HandByHand::PlayAceOrders(const Hand& cards, double weight) {
     Look(cards);
-    std::vector<std::size_t> aces;
-    std::vector<std::size_t> others;
-    for (std::size_t i = 0; i < kHandSize; ++i) (cards[i].rank == 1 ? aces : others).push_back(i);
+    unsigned aces = 0;
+    for (std::size_t i = 0; i < kHandSize; ++i) aces |= (cards[i].rank == 1 ? 1U : 0U) << i;
     const double all = weight * kAceGameFactor;
-    if (aces.empty()) return PlayEndCards(cards, all);
-    Placement order = kAsGiven;  // the positions of the aces, then those of the others, rising
-    double placements = 1;
-    for (std::size_t i = 0; i < aces.size(); ++i) placements *= static_cast<double>(kHandSize - i);
-    do {
-        if (!std::is_sorted(order.begin() + static_cast<std::ptrdiff_t>(aces.size()),
-                            order.end())) {
-            continue;
-        }
-        Placement placement{};
-        for (std::size_t i = 0; i < aces.size(); ++i) placement[aces[i]] = order[i];
-        for (std::size_t i = 0; i < others.size(); ++i) {
-            placement[others[i]] = order[aces.size() + i];
-        }
-        PlayAcePlacement(cards, placement, others, all / placements);
-    } while (std::ranges::next_permutation(order).found);
-}
-
-void HandByHand::PlayAcePlacement(const Hand& cards, const Placement& placement,
-                                  const std::vector<std::size_t>& others, double weight) {
-    const Hand placed = Placed(cards, placement);
-    const auto fromFirst = AceChanceFrom(placed, 0);
-    const auto chance = fromFirst ? fromFirst : AceChanceFrom(placed, 1);
-    if (!chance) return PlayOrders(cards, {{placement}}, weight);
-    const auto beside = static_cast<std::size_t>(chance->besidePosition);
-    std::vector<Placement> orders;
-    orders.reserve(others.size());
-    for (const std::size_t card : others) orders.push_back(Brought(placement, card, beside));
-    PlayOrders(cards, orders, weight);
-}
-
-// Without aces the four may come to either side of a card that lies first or last.
-void HandByHand::PlayEndCards(const Hand& cards, double weight) {
-    std::vector<Placement> orders;
-    for (std::size_t first = 0; first < kHandSize; ++first) {
-        for (std::size_t last = 0; last < kHandSize; ++last) {
-            if (first == last) continue;
-            orders.push_back(Brought(Brought(kAsGiven, first, 0), last, kHandSize - 1));
+    if (aces == 0) {
+        PlayOrders(cards, EndCards(), all);
+    } else {
+        const std::vector<Placement>& placements = PlacementsOf(aces);
+        const double share = all / static_cast<double>(placements.size());
+        for (const Placement& placement : placements) {
+            PlayAcePlacement(cards, aces, placement, share);
         }
     }
+    if (!IsPlayedAsOne()) return;
+    PlayedHand hand{cards, all, {}};
+    FindBest(kAsGiven, hand);
+    tally.AddDraws(hand);
+}
+
+void HandByHand::PlayAcePlacement(const Hand& cards, unsigned aces, const Placement& placement,
+                                  double weight) {
+    orders.clear();
+    for (const std::size_t first : {std::size_t{0}, std::size_t{1}}) {
+        if (!LieInOrderFrom(first, cards, aces, placement)) continue;
+        const std::size_t beside = first == 0 ? kHandSize - 1 : 0;
+        for (std::size_t card = 0; card < kHandSize; ++card) {
+            if ((aces >> card & 1) == 0) orders.push_back(Brought(placement, card, beside));
+        }
+        break;
+    }
+    if (orders.empty()) orders.push_back(placement);
     PlayOrders(cards, orders, weight);
+}
+
+// Whether nobody asks for the single orders of a hand that is played alike in all of them.
+bool HandByHand::IsPlayedAsOne() const {
+    return finder && finder->HasOneBest() && !tally.IsWatched();
 }
 
 // Orders of the same weight; those with the same cards held and the same draws are one
@@ -134,6 +177,13 @@ void HandByHand::PlayOrders(const Hand& cards, const std::vector<Placement>& ord
                             double weight) {
     const std::size_t before = played.size();
     const double share = weight / static_cast<double>(orders.size());
+    if (IsPlayedAsOne()) {
+        tally.CountRepresentatives(1);
+        for (std::size_t i = 0; i < orders.size(); ++i) {
+            tally.AddReturn(share, finder->GreatestReturn());
+        }
+        return;
+    }
     heldCards.clear();
     PlayedHand hand;
     for (const Placement& order : orders) {

@@ -23,9 +23,9 @@ class HandByHand {
     void PlayAlone(const Hand& cards, double weight);
     void PlayUnordered(const Hand& cards, double weight);
     void PlayAceOrders(const Hand& cards, double weight);
-    void PlayAcePlacement(const Hand& cards, const Placement& placement,
-                          const std::vector<std::size_t>& others, double weight);
-    void PlayEndCards(const Hand& cards, double weight);
+    void PlayAcePlacement(const Hand& cards, unsigned aces, const Placement& placement,
+                          double weight);
+    bool IsPlayedAsOne() const;
     void PlayOrders(const Hand& cards, const std::vector<Placement>& orders, double weight);
     void FindBest(const Placement& order, PlayedHand& hand);
     void FindBestPile(const Hand& cards, BestHold& best);
@@ -38,5 +38,6 @@ class HandByHand {
     std::optional<BestHoldFinder> finder;
     HoldAnalysis analysis;
     std::vector<PlayedHand> played;   // of the row at work
+    std::vector<Placement> orders;    // of PlayAcePlacement
     std::vector<HoldMask> heldCards;  // in the hands of PlayOrders: the cards, the first as bit 1
 };
