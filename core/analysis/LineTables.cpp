@@ -195,10 +195,16 @@ void LineTables::CountFours(const Building& building) {
     classes[3].ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
         SuitView view;
         for (const SetCard card : cards) view = view + CardView(card);
+        std::array<std::size_t, kSuits> withNatural{};  // the views, by the suit of the fifth card
+        for (std::size_t suit = 0; suit < kSuits; ++suit) {
+            withNatural[suit] = ViewNumber(view + SuitView{1U << suit, 1U << suit, 0});
+        }
         auto& row = fours[number];
         ForEachFurtherCard(cards, [&](SetCard card, int copies, std::uint32_t key) {
-            auto& line =
-                lineOfFive[SetKey::Kinds(key) * kViews + ViewNumber(view + CardView(card))];
+            const bool natural = card.kind != kExtraKind && !IsWild(card);
+            const std::size_t with =
+                natural ? withNatural[card.suit] : ViewNumber(view + CardView(card));
+            auto& line = lineOfFive[SetKey::Kinds(key) * kViews + with];
             if (line == kNotYet) {
                 line = static_cast<std::int8_t>(building.LineOf(WithCard(cards, card)));
             }
