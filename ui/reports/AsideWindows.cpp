@@ -116,8 +116,7 @@ void AsideWindows::PutAside(const ReportPage& page, const QString& name) {
 
 void AsideWindows::RefuseQuestions() {
     for (const QPointer<QWidget>& window : windows) {
-        if (!window) continue;
-        for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
+        if (window) RefuseDialogsOver(*window);
     }
 }
 

@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -26,7 +24,6 @@ constexpr int kPause = 200;  // milliseconds
 constexpr int kLookInterval = 50;
 constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 36;
-constexpr double kShareOfScreen = 0.9;
 constexpr int kFewestRows = 3;  // shown of the grid, its head included
 constexpr int kPart = 2;        // of the height for the grid, against kParts for the tables
 constexpr int kParts = 3;
@@ -37,17 +34,11 @@ constexpr int kPayOfB = 2;
 }  // namespace
 
 CompareWindow::CompareWindow(Seat& seat, OpenHand openHand)
-    : seat(seat), openHand(std::move(openHand)) {
-    setObjectName("compare");
+    : BesideWindow("compare"), seat(seat), openHand(std::move(openHand)) {
     setWindowTitle(tr("Compare"));
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeChoice());
-    words = new QLabel(this);
-    words->setObjectName("words");
-    words->setWordWrap(true);
-    words->setTextFormat(Qt::PlainText);
-    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    words = MakeWords("words");
     words->setAccessibleName(tr("What the comparison says"));
     layout->addWidget(words);
     layout->addWidget(MakeTabs(), kParts);
@@ -57,13 +48,9 @@ CompareWindow::CompareWindow(Seat& seat, OpenHand openHand)
     connect(&pause, &QTimer::timeout, this, &CompareWindow::Begin);
     look.setInterval(kLookInterval);
     connect(&look, &QTimer::timeout, this, &CompareWindow::LookAtWork);
-    new QShortcut(Qt::Key_F5, this, [this] { ReadTables(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "compare");
-    frame->Keep(*tabs);
-    frame->Keep(*played);
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { ReadTables(); });
+    frame.Keep(*tabs);
+    frame.Keep(*played);
 }
 
 CompareWindow::~CompareWindow() = default;
@@ -132,26 +119,12 @@ QLayout* CompareWindow::MakeBottom() {
     hands->setToolTip(tr("Opens the hand of the row on A and on B, in windows of their own"));
     connect(hands, &QPushButton::clicked, this, &CompareWindow::OpenHands);
     bar = new QProgressBar(this);
-    bar->setObjectName("progress");
-    bar->setAccessibleName(tr("Percent done"));
-    bar->hide();
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    auto* row = new QHBoxLayout;
-    row->addWidget(hands);
-    row->addWidget(bar, 1);
-    row->addStretch();
-    row->addWidget(done);
-    return row;
+    return MakeFoot(hands, bar);
 }
 
 void CompareWindow::Open() {
     ReadTables();
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     a->setFocus();
 }
 

@@ -3,13 +3,13 @@
 // background.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <functional>
 #include <optional>
 
 #include "core/whatif/GameComparison.h"
 #include "game/reports/WhatIfRows.h"
 #include "game/session/BackgroundWork.h"
+#include "ui/reports/BesideWindow.h"
 
 class TableChoice;
 class QCheckBox;
@@ -26,7 +26,7 @@ struct TableOfGame;
 using OpenHand =
     std::function<void(const TableOfGame& place, const PayTable& table, const Hand& hand)>;
 
-class CompareWindow : public QWidget {
+class CompareWindow : public BesideWindow {
     Q_OBJECT
 
   public:

@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -19,8 +17,8 @@
 #include "game/seat/Seat.h"
 #include "ui/charts/MeterChart.h"
 #include "ui/parts/DialogParts.h"
-#include "ui/reports/TableChoice.h"
 #include "ui/reports/ReportFrame.h"
+#include "ui/reports/TableChoice.h"
 #include "ui/tables/ReportTableView.h"
 
 namespace {
@@ -30,7 +28,6 @@ constexpr int kSettle = 150;
 constexpr int kLookInterval = 50;
 constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 34;
-constexpr double kShareOfScreen = 0.9;
 constexpr int kMostMeter = std::numeric_limits<int>::max() / 4;
 
 // The meters shown are those up to twice the jackpot.
@@ -39,15 +36,9 @@ int LastMeter(int start) { return std::clamp(start, kFullBet, kMostMeter / 2) * 
 }  // namespace
 
 MeterWindow::MeterWindow(Seat& seat, OpenHand openHand)
-    : seat(seat), openHand(std::move(openHand)) {
-    setObjectName("meter");
+    : BesideWindow("meter"), seat(seat), openHand(std::move(openHand)) {
     setWindowTitle(tr("Meter"));
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
-    words = new QLabel(this);
-    words->setObjectName("words");
-    words->setWordWrap(true);
-    words->setTextFormat(Qt::PlainText);
-    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    words = MakeWords("words");
     words->setAccessibleName(tr("What the meter says"));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeChoice());
@@ -63,13 +54,9 @@ MeterWindow::MeterWindow(Seat& seat, OpenHand openHand)
     connect(&settle, &QTimer::timeout, this, &MeterWindow::ShowTurns);
     look.setInterval(kLookInterval);
     connect(&look, &QTimer::timeout, this, &MeterWindow::LookAtWork);
-    new QShortcut(Qt::Key_F5, this, [this] { ReadTables(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "meter");
-    frame->Keep(*tabs);
-    frame->Keep(*turns);
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { ReadTables(); });
+    frame.Keep(*tabs);
+    frame.Keep(*turns);
 }
 
 MeterWindow::~MeterWindow() = default;
@@ -140,26 +127,12 @@ QLayout* MeterWindow::MakeBottom() {
     hand->setToolTip(tr("Opens the hand of the turning point, with the meter where it stands"));
     connect(hand, &QPushButton::clicked, this, &MeterWindow::OpenTheHand);
     bar = new QProgressBar(this);
-    bar->setObjectName("progress");
-    bar->setAccessibleName(tr("Percent done"));
-    bar->hide();
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    auto* row = new QHBoxLayout;
-    row->addWidget(hand);
-    row->addWidget(bar, 1);
-    row->addStretch();
-    row->addWidget(done);
-    return row;
+    return MakeFoot(hand, bar);
 }
 
 void MeterWindow::Open() {
     ReadTables();
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     slider->setFocus();
 }
 

@@ -3,7 +3,6 @@
 // nothing; the work is done in the background, and once it is done the slider needs none.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <map>
 #include <memory>
 #include <optional>
@@ -12,6 +11,7 @@
 #include "core/whatif/Meter.h"
 #include "core/whatif/MeterSearch.h"
 #include "game/session/BackgroundWork.h"
+#include "ui/reports/BesideWindow.h"
 #include "ui/reports/CompareWindow.h"
 
 class MeterChart;
@@ -20,7 +20,7 @@ class QDoubleSpinBox;
 class QSlider;
 class QSpinBox;
 
-class MeterWindow : public QWidget {
+class MeterWindow : public BesideWindow {
     Q_OBJECT
 
   public:

@@ -2,7 +2,6 @@
 // searches in the background.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <atomic>
 #include <functional>
 #include <future>
@@ -12,6 +11,7 @@
 
 #include "game/reports/StrategyRows.h"
 #include "game/session/StrategyDesk.h"
+#include "ui/reports/BesideWindow.h"
 
 class LossChart;
 class QBoxLayout;
@@ -25,7 +25,7 @@ class QSlider;
 class QTabWidget;
 class ReportTableView;
 
-class StrategyWindow : public QWidget {
+class StrategyWindow : public BesideWindow {
     Q_OBJECT
 
   public:
