@@ -6,14 +6,13 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "core/analysis/StartThread.h"
 #include "game/reports/BankrollTexts.h"
 #include "game/reports/LawBars.h"
 #include "ui/charts/LawChart.h"
@@ -31,7 +30,6 @@ constexpr int kMostRate = 5000;
 constexpr double kMostMoney = 1e9;  // dollars
 constexpr int kShownCharacters = 100;
 constexpr int kShownLines = 34;
-constexpr double kShareOfScreen = 0.9;
 
 // Two ways to look at the same: a picture, and a table.
 QTabWidget* PictureAndFigures(LawChart* chart, ReportTableView* table, const char* name,
@@ -47,21 +45,14 @@ QTabWidget* PictureAndFigures(LawChart* chart, ReportTableView* table, const cha
 }  // namespace
 
 BankrollWindow::BankrollWindow(const GameEngine& machine)
-    : engine(machine), tabs(new QTabWidget(this)) {
-    setObjectName("bankroll");
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
+    : BesideWindow("bankroll"), engine(machine), tabs(new QTabWidget(this)) {
     tabs->setObjectName("tabs");
     tabs->addTab(MakeSession(), tr("&Session"));
     tabs->addTab(MakeLongRun(), tr("&Long run"));
     tabs->addTab(MakeLuck(), tr("L&uck"));
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs, 1);
-    layout->addWidget(done, 0, Qt::AlignRight);
-    new QShortcut(Qt::Key_F5, this, [this] { Ask(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
+    layout->addWidget(MakeClose(), 0, Qt::AlignRight);
     connect(this, &BankrollWindow::Reckoned, this, &BankrollWindow::Take, Qt::QueuedConnection);
     wait.setSingleShot(true);
     wait.setInterval(kPatience);
@@ -70,19 +61,8 @@ BankrollWindow::BankrollWindow(const GameEngine& machine)
             words->setText(tr("Reckoning ..."));
         }
     });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "bankroll");
-    frame->Keep(*tabs);
-}
-
-QLabel* BankrollWindow::MakeSentence(const char* name) {
-    auto* words = new QLabel(this);
-    words->setObjectName(name);
-    words->setTextFormat(Qt::PlainText);
-    words->setWordWrap(true);
-    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    return words;
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { Ask(); });
+    frame.Keep(*tabs);
 }
 
 // A caption with its box below it.
@@ -129,7 +109,7 @@ QWidget* BankrollWindow::MakeSession() {
         const QSignalBlocker quiet(hours);
         hours->setValue(static_cast<double>(hands->value()) / rate->value());
     });
-    sessionWords = MakeSentence("sessionWords");
+    sessionWords = MakeWords("sessionWords");
     sessionChart = new LawChart("sessionLaw", tr("Results of such sessions"), this);
     sessionTable = new ReportTableView("sessionTable", tr("Session"), this);
     auto* layout = new QVBoxLayout(page);
@@ -166,7 +146,7 @@ QWidget* BankrollWindow::MakeLongRun() {
     longMoney->setSingleStep(100);
     longMoney->setSpecialValueText(tr("not asked"));
     grid->setColumnStretch(2, 1);
-    longWords = MakeSentence("longWords");
+    longWords = MakeWords("longWords");
     riskTable = new ReportTableView("riskTable", tr("Bankroll for each risk of ruin"), this);
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(grid);
@@ -178,7 +158,7 @@ QWidget* BankrollWindow::MakeLongRun() {
 QWidget* BankrollWindow::MakeLuck() {
     auto* page = new QWidget(this);
     page->setObjectName("luck");
-    luckWords = MakeSentence("luckWords");
+    luckWords = MakeWords("luckWords");
     luckChart = new LawChart("luckLaw", tr("Results of as many hands"), this);
     luckTable = new ReportTableView("luckTable", tr("Lines seen and expected"), this);
     auto* layout = new QVBoxLayout(page);
@@ -188,10 +168,7 @@ QWidget* BankrollWindow::MakeLuck() {
 }
 
 void BankrollWindow::Open() {
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     Ask();
 }
 
@@ -243,11 +220,12 @@ void BankrollWindow::Ask() {
 void BankrollWindow::Reckon() {
     reckons = true;
     const int run = runs;
-    thread = std::jthread([this, run, question = asked](const std::stop_token& stop) {
+    thread = StartThread([this, run, question = asked](const std::stop_token& stop) {
         const auto found = reckoner.Answer(
             question, [this, run, &stop] { return run == runs && !stop.stop_requested(); });
         if (!stop.stop_requested()) emit Reckoned(run, found);
     });
+    reckons = thread.joinable();
 }
 
 void BankrollWindow::Take(int run, const std::optional<BankrollAnswer>& found) {

@@ -3,12 +3,12 @@
 // machine's, which follows what is typed without a button and reckons beside the window's thread.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <atomic>
 #include <thread>
 
 #include "game/engine/GameEngine.h"
 #include "game/reports/BankrollAnswer.h"
+#include "ui/reports/BesideWindow.h"
 
 class LawChart;
 class QDoubleSpinBox;
@@ -18,7 +18,7 @@ class QSpinBox;
 class QTabWidget;
 class ReportTableView;
 
-class BankrollWindow : public QWidget {
+class BankrollWindow : public BesideWindow {
     Q_OBJECT
 
   public:
@@ -46,7 +46,6 @@ class BankrollWindow : public QWidget {
     template <typename Box>
     Box* AddField(QGridLayout& grid, int row, int column, const QString& caption, const char* name,
                   double most, double start);
-    QLabel* MakeSentence(const char* name);
     BankrollQuestion Question() const;
     void Ask();
     void Reckon();
