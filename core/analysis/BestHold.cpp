@@ -59,31 +59,8 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
     : tables(tables),
       coin(coin),
       ordered(table.type == GameType::kAcesBonus),
-      aceLine(AceLine(table)) {
-    for (std::size_t i = 0; i < table.lines.size(); ++i) {
-        pays[i] = LineUnitPay(table, static_cast<int>(i), bet);
-    }
-    LineCounts counts;
-    // One subset of each size serves to go through the sizes 0 to 4.
-    for (std::size_t subset = 0; subset < kAllHeld; subset = subset * 2 + 1) {
-        const int size = kSizeOf[subset];
-        const std::uint32_t classes = size == 0 ? 1 : tables.Classes(size).Count();
-        auto& worths = worth[static_cast<std::size_t>(size)];
-        worths.reserve(classes);
-        for (std::uint32_t number = 0; number < classes; ++number) {
-            if (size == 0) {
-                tables.Read<0>(0, counts);
-            } else {
-                tables.ReadClass(size, number, counts);
-            }
-            worths.push_back(
-                std::inner_product(counts.begin(), counts.end(), pays.begin(), std::int64_t{0}));
-        }
-    }
-    for (int drawn = 0; drawn <= kHandSize; ++drawn) {
-        totalByDrawn[static_cast<std::size_t>(drawn)] =
-            drawn == 0 ? 1 : Combinations(tables.DeckSize() - kHandSize, drawn);
-    }
+      aceLine(AceLine(table)),
+      worths(tables, table, bet) {
     for (std::size_t held = 0; held < kSubsets; ++held) {
         totals[held] = static_cast<double>(TotalFor(held));
     }
@@ -93,7 +70,9 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
 // What a draw gains that ends in the aces beside a card when they lie in order, by the card.
 void BestHoldFinder::FindAceGains() {
     const auto to = static_cast<std::size_t>(aceLine);
-    const auto gainOf = [&](std::size_t lane) { return lane > to ? pays[to] - pays[lane] : 0; };
+    const auto gainOf = [&](std::size_t lane) {
+        return lane > to ? worths.pays[to] - worths.pays[lane] : 0;
+    };
     const bool extra = tables.DeckSize() > kExtraKind * kSuits;
     for (std::uint8_t kind = 1; kind < kExtraKind + (extra ? 1 : 0); ++kind) {
         for (std::uint8_t suit = 0; suit < (kind == kExtraKind ? 1 : kSuits); ++suit) {
@@ -107,7 +86,7 @@ void BestHoldFinder::FindAceGains() {
 }
 
 // The distinct draws of a hold.
-std::int64_t BestHoldFinder::TotalFor(std::size_t held) const { return totalByDrawn[Drawn(held)]; }
+std::int64_t BestHoldFinder::TotalFor(std::size_t held) const { return worths.draws[Drawn(held)]; }
 
 // Sorts the cards and looks up, for every subset, where the classes of its kinds stand: the suits,
 // which come with each hand, then choose among these. Equal kinds come with rising suits, so
@@ -144,17 +123,17 @@ template <std::size_t Subset>
     constexpr int place = std::popcount(others);
     suits[Subset] = suits[others] | static_cast<std::uint32_t>(sorted[last].suit) << (2 * place);
     classOf[Subset] = ofKinds[Subset].ClassOf(suits[Subset]);
-    coins[Subset] = worth[place + 1][classOf[Subset]];
+    coins[Subset] = worths.worths[tables.FirstRow(place + 1) + classOf[Subset]];
 }
 
 // Looks up what every subset is worth; written out one by one, so that the sizes and places are
 // known to the compiler. All five cards are worth what their line pays.
 template <std::size_t... Others>
 void BestHoldFinder::LookUp(std::index_sequence<Others...>) {
-    coins[0] = worth[0][0];
+    coins[0] = worths.OfAllHands();
     (LookUpSubset<Others + 1>(), ...);
     line = tables.LineOfFive(sorted);
-    coins[kAllHeld] = pays[LaneOf(line)];
+    coins[kAllHeld] = worths.pays[LaneOf(line)];
 }
 
 // Inclusion and exclusion: from what the hands that hold a hold's cards are worth, it takes those

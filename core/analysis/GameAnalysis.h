@@ -49,8 +49,8 @@ struct PlayedHand {
 };
 
 struct GameAnalysisWatcher {
-    // Called after every suit pattern, thousands of times a millisecond, with the weight done so
-    // far and the weight of all; false ends the run.
+    // Called after the suit patterns of the same ranks, up to a thousand times a millisecond, with
+    // the weight done so far and the weight of all; false ends the run.
     std::function<bool(double done, double all)> progress;
     // Called with every hand; while it is set, games with single wild jacks are played hand by
     // hand.

@@ -186,7 +186,7 @@ void ExpectSumOfItsHands(const PayTable& table, double coin) {
         for (std::size_t lane = 0; lane < kLanes; ++lane) {
             final[drawn][lane] += hand.weight * hand.best.counts[lane];
         }
-        if (++reported % (kSlow ? 997 : 29) != 0) return;
+        if (++reported % (kSanitized ? 997 : 29) != 0) return;
         const BestHold alone = Alone(tables, table, hand.cards, coin);
         ASSERT_EQ(hand.best.mask, alone.mask) << "hand " << reported;
         ASSERT_EQ(hand.best.expectedReturn, alone.expectedReturn) << "hand " << reported;
