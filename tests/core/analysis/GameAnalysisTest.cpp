@@ -216,6 +216,12 @@ TEST(GameAnalysisTest, TheTotalsAreThoseOfTheHandsThatAreReported) {
     for (PayLine& line : large.lines) line.maxPayout = 2'147'483'647;
     PayTable twins = JokerPoker(2);  // wild ranks beside jokers
     SetWildCards(twins, 2, std::array{4, 12, 1});
+    // Four to a flush are drawn to for 9/47 of a flush, the pair among them for 165/16,215 of a
+    // full house: a tie of different draws, which rounding must not part.
+    PayTable tie = JacksOrBetter();
+    tie.lines = {Natural(kFullHouse, 0), Natural(kFlush, 0)};
+    tie.lines[0].maxPayout = 207 * 6;
+    tie.lines[1].maxPayout = 11 * 6;
     PayTable coloured = WithLine(JacksOrBetter(), Natural(kAllRedOrBlack, 3), 4);
     PayTable jacks = JacksOrBetter();  // rows that fall into variants
     SetWildCards(jacks, 0, std::array{11});
@@ -226,10 +232,10 @@ TEST(GameAnalysisTest, TheTotalsAreThoseOfTheHandsThatAreReported) {
     };
     for (const auto& [name, table, coin] :
          {Case{"flat", flat, 0.05}, Case{"large", large}, Case{"twins", twins, 0.25},
-          Case{"coloured", coloured}, Case{"jacks", jacks}, Case{"free", JacksOrBetter(), 0},
-          Case{"five aces", FiveAces()}, Case{"pick 'em", PickEm(), 0.05},
-          Case{"double draw", DoubleDraw()}, Case{"aces bonus", AcesBonus()},
-          Case{"joker", JokerPoker(5)},
+          Case{"tie", tie}, Case{"dear tie", tie, 0.7}, Case{"coloured", coloured},
+          Case{"jacks", jacks}, Case{"free", JacksOrBetter(), 0}, Case{"five aces", FiveAces()},
+          Case{"pick 'em", PickEm(), 0.05}, Case{"double draw", DoubleDraw()},
+          Case{"aces bonus", AcesBonus()}, Case{"joker", JokerPoker(5)},
           Case{"standing aces", WithLine(JokerPoker(1), Natural(kFourAcesInOrder, 4000))}}) {
         SCOPED_TRACE(name);
         ExpectSumOfItsHands(table, coin);
