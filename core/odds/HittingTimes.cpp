@@ -95,8 +95,9 @@ Coefficient GoneOn(const Frequency& frequency, std::size_t k, const std::vector<
     return sum;
 }
 
-std::vector<Frequency> FrequenciesOf(const GainLaw& law, std::size_t places) {
-    const Spectrum logs = LogSpectrumOf(law, places);
+// None when it is stopped.
+std::vector<Frequency> FrequenciesOf(const GainLaw& law, std::size_t places, const GoesOn& goesOn) {
+    const Spectrum logs = LogSpectrumOf(law, places, goesOn);
     std::vector<Frequency> frequencies(logs.size());
     for (std::size_t j = 0; j < logs.size(); ++j) {
         const double angle =
@@ -107,45 +108,105 @@ std::vector<Frequency> FrequenciesOf(const GainLaw& law, std::size_t places) {
     return frequencies;
 }
 
+constexpr std::size_t kAsked = 64;  // frequencies, until it is asked again whether to go on
+
+// The frequencies on which the first hits are counted.
+class Ring {
+  public:
+    Ring(const GainLaw& law, const Course& course, std::size_t places, const GoesOn& goesOn)
+        : level(course.level),
+          hands(course.hands),
+          places(places),
+          frequencies(FrequenciesOf(law, places, goesOn)),
+          goesOn(goesOn) {}
+
+    // The chance to be broke after 0, 1, ... hands; nothing when it is stopped.
+    std::optional<std::vector<double>> BrokeAt() const {
+        std::vector<double> brokeAt(static_cast<std::size_t>(hands) + 1);
+        const auto k = static_cast<std::size_t>(level);
+        for (std::size_t j = 0; j < frequencies.size(); ++j) {
+            if (j % kAsked == 0 && !goesOn()) return std::nullopt;
+            AddLosses(frequencies[j], k, frequencies[j].weight / static_cast<double>(places),
+                      brokeAt);
+        }
+        for (std::size_t n = k; n < brokeAt.size(); ++n) {
+            brokeAt[n] =
+                std::max(0.0, brokeAt[n] * static_cast<double>(level) / static_cast<double>(n));
+        }
+        return brokeAt;
+    }
+
+    std::optional<WholeLaw> Alive(const std::vector<double>& brokeAt) const {
+        Spectrum spectrum(frequencies.size());
+        for (std::size_t j = 0; j < spectrum.size(); ++j) {
+            if (j % kAsked == 0 && !goesOn()) return std::nullopt;
+            const auto& [log, angle, weight] = frequencies[j];
+            const double fall = log.real() * static_cast<double>(hands);
+            if (fall > kGone) {
+                spectrum[j] = std::exp(log * static_cast<double>(hands) +
+                                       Coefficient(0, angle * static_cast<double>(level)));
+            }
+            spectrum[j] -= GoneOn(frequencies[j], static_cast<std::size_t>(level), brokeAt);
+        }
+        WholeLaw alive{0, LawOnRing(spectrum, places)};
+        alive.probabilities[0] = 0;
+        return alive;
+    }
+
+  private:
+    std::int64_t level;  // at most the hands
+    std::int64_t hands;
+    std::size_t places;
+    std::vector<Frequency> frequencies;  // none when it is stopped
+    const GoesOn& goesOn;
+};
+
+// What loses more than the level and one turn of the ring must not be taken for a loss of the
+// level, nor what wins.
+std::optional<std::size_t> PlacesOf(const GainLaw& law, const Course& course) {
+    const GainWindow window = WindowOf(law, static_cast<double>(course.hands));
+    const auto height = static_cast<double>(course.level);
+    return PlacesFor(std::max(window.highestEver + height, -window.lowest - height) + 2);
+}
+
 }  // namespace
 
-std::optional<WalkEnd> HittingTimes(const GainLaw& law, std::int64_t level, std::int64_t hands) {
-    const auto most = static_cast<std::size_t>(hands);
-    WalkEnd end;
-    end.brokeAt.assign(most + 1, 0);
-    end.brokeWith.assign(1, 0);
-    const GainWindow window = WindowOf(law, static_cast<double>(hands));
-    const auto height = static_cast<double>(level);
-    // What loses more than the level and one turn of the ring must not be taken for a loss of the
-    // level, nor what wins.
-    const auto places =
-        PlacesFor(std::max(window.highestEver + height, -window.lowest - height) + 2);
-    if (!places) return std::nullopt;
-    const std::vector<Frequency> frequencies = FrequenciesOf(law, *places);
-    if (level <= hands) {
-        const auto k = static_cast<std::size_t>(level);
-        for (const Frequency& frequency : frequencies) {
-            AddLosses(frequency, k, frequency.weight / static_cast<double>(*places), end.brokeAt);
-        }
-        for (std::size_t n = k; n <= most; ++n) {
-            double& broke = end.brokeAt[n];
-            broke = std::max(0.0, broke * height / static_cast<double>(n));
-            end.brokeWith[0] += broke;
-        }
+WalkAnswer HittingTimes(const GainLaw& law, const Course& course, const GoesOn& goesOn) {
+    const auto places = PlacesOf(law, course);
+    if (!places) return {std::nullopt, NoEnd::kTooWide};
+    const Ring ring(law, course, *places, goesOn);
+    auto brokeAt = ring.BrokeAt();
+    if (!brokeAt) return {std::nullopt, NoEnd::kStopped};
+    auto alive = ring.Alive(*brokeAt);
+    if (!alive) return {std::nullopt, NoEnd::kStopped};
+    return {WalkEnd{std::move(*alive), std::move(*brokeAt), {}}, {}};
+}
+
+std::optional<std::vector<double>> ChancesToEnd(const GainLaw& law, const Course& course,
+                                                const GoesOn& goesOn) {
+    if (course.NeverEnds(law)) return std::vector<double>{};
+    if (law.FallsByOne() && !course.goal) {
+        const auto places = PlacesOf(law, course);
+        return places ? Ring(law, course, *places, goesOn).BrokeAt() : std::nullopt;
     }
-    Spectrum spectrum(frequencies.size());
-    for (std::size_t j = 0; j < spectrum.size(); ++j) {
-        const auto& [log, angle, weight] = frequencies[j];
-        const double fall = log.real() * static_cast<double>(hands);
-        if (fall > kGone) {
-            spectrum[j] =
-                std::exp(log * static_cast<double>(hands) + Coefficient(0, angle * height));
-        }
-        if (level <= hands) {
-            spectrum[j] -= GoneOn(frequencies[j], static_cast<std::size_t>(level), end.brokeAt);
-        }
+    EndMasses goals(0, course.hands, 1);
+    const WalkAnswer walk = AbsorbingWalk(law, course, goals, goesOn);
+    if (!walk.end) return std::nullopt;
+    const auto stake = static_cast<std::size_t>(law.stake);
+    std::vector<double> ends(walk.end->brokeAt.size() / stake);
+    for (std::size_t i = 0; i < ends.size() * stake; ++i) ends[i / stake] += walk.end->brokeAt[i];
+    for (std::size_t n = 0; n < walk.end->goalAt.size(); ++n) ends[n] += walk.end->goalAt[n];
+    return ends;
+}
+
+WalkAnswer FollowCourse(const GainLaw& law, const Course& course, EndMasses& goals,
+                        const GoesOn& goesOn) {
+    if (course.NeverEnds(law)) {
+        auto sum = SumLaw(law, course.hands, goesOn);
+        if (!sum) return {std::nullopt, goesOn() ? NoEnd::kTooWide : NoEnd::kStopped};
+        sum->first += course.level;
+        return {WalkEnd{std::move(*sum), {}, {}}, {}};
     }
-    end.alive = {0, LawOnRing(spectrum, *places)};
-    end.alive.probabilities[0] = 0;
-    return end;
+    return law.FallsByOne() && !course.goal ? HittingTimes(law, course, goesOn)
+                                            : AbsorbingWalk(law, course, goals, goesOn);
 }

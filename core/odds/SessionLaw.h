@@ -28,10 +28,12 @@ struct SessionLaw {
     std::vector<Result> results;  // they rise
     double ahead = 0;             // the chance to have won
     double even = 0;              // neither won nor lost
-    double broke = 0;             // less left than the next bet takes
-    double goal = 0;              // reached
-    double expected = 0;          // bets
-    double deviation = 0;         // the standard deviation, bets
+    // Less was left than the next bet takes, with hands still to be played: who loses the last of
+    // the money with the last hand has played them all.
+    double broke = 0;
+    double goal = 0;       // reached
+    double expected = 0;   // bets
+    double deviation = 0;  // the standard deviation, bets
 
     // The lowest result that so large a share, 0..1, of all sessions does not exceed. A share that
     // is met but for 1e-12 is met: sums of probabilities are rounded.
@@ -46,8 +48,9 @@ struct SessionAnswer {
     std::string whyNot;  // a clause: "the results spread over ...", with the limit; empty = law
 };
 
-// A session that is followed hand by hand can take seconds; goesOn, which is asked then, may end it
-// without an answer.
+// With cash back beside a goal or a lattice finer than a bet, results may be off by a small part of
+// a unit; EndMasses says by how much. The chances are not. A session that is followed hand by hand
+// can take seconds; goesOn, which is asked all the time, may end it without an answer.
 SessionAnswer FindSessionLaw(
     const GainLaw& law, const SessionWish& wish,
     const std::function<bool()>& goesOn = [] { return true; });
