@@ -122,6 +122,7 @@ class Ring {
 
     // The chance to be broke after 0, 1, ... hands; nothing when it is stopped.
     std::optional<std::vector<double>> BrokeAt() const {
+        if (frequencies.empty()) return std::nullopt;
         std::vector<double> brokeAt(static_cast<std::size_t>(hands) + 1);
         const auto k = static_cast<std::size_t>(level);
         for (std::size_t j = 0; j < frequencies.size(); ++j) {

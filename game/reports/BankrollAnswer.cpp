@@ -29,11 +29,16 @@ std::optional<BankrollAnswer> BankrollReckoner::Answer(const BankrollQuestion& q
         deal = FindDealLaw(table, question.bet, question.lines, tables, goesOn);
         dealOf = of;
     }
+    if (!goesOn()) return std::nullopt;
     BankrollAnswer answer;
     if (deal) {
-        answer.deal = *deal;
         answer.longRun = FindLongRun(deal->gains, question.longCashBack);
         answer.session = FindSessionLaw(deal->gains, question.session, goesOn);
+        if (answer.session.law) {
+            const auto lines = FindLineChances(*deal, question.session, goesOn);
+            if (!lines) return std::nullopt;
+            answer.lines = *lines;
+        }
     } else {
         answer.whyNot = CanAnalyzeGame(table) && !table.lines.empty()
                             ? "So many lines can pay too many different amounts. Take fewer lines."

@@ -9,6 +9,7 @@
 
 #include "core/analysis/LineTableCache.h"
 #include "core/odds/DealLaw.h"
+#include "core/odds/LineChances.h"
 #include "core/odds/Ruin.h"
 #include "core/store/Statistics.h"
 #include "game/reports/Luck.h"
@@ -24,8 +25,8 @@ struct BankrollQuestion {
 };
 
 struct BankrollAnswer {
-    DealLaw deal;
     SessionAnswer session;
+    LineChances lines;  // of the session
     LongRun longRun;
     Luck luck;
     std::string whyNot;  // a sentence instead of the first three; empty = they are there

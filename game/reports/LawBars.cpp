@@ -68,8 +68,8 @@ std::vector<LawBar> BarsOf(const SessionLaw& law, double betDollars, std::option
     return bars;
 }
 
-ReportTable SessionTable(const SessionLaw& law, const DealLaw& deal, const PayTable& table,
-                         std::int64_t hands, double betDollars) {
+ReportTable SessionTable(const SessionLaw& law, const LineChances& lines, const PayTable& table,
+                         double betDollars) {
     ReportTable report;
     report.title = "Session";
     report.columns = {{"Session"},
@@ -87,7 +87,9 @@ ReportTable SessionTable(const SessionLaw& law, const DealLaw& deal, const PayTa
     }
     rows.Add("On average", {}, NumberCell("%.2f", law.expected * betDollars + 0.0));
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
-        rows.Add("At least one " + table.lines[i].description, percent(deal.AtLeastOnce(i, hands)));
+        rows.Add("At least one " + table.lines[i].description +
+                     (lines.areOfAllDeals ? ", all deals played" : ""),
+                 percent(lines.atLeastOnce[i]));
     }
     return report;
 }

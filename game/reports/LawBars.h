@@ -1,10 +1,9 @@
 // The law of a session as bars of a picture, and as the rows of a table.
 #pragma once
-#include <cstdint>
 #include <optional>
 #include <vector>
 
-#include "core/odds/DealLaw.h"
+#include "core/odds/LineChances.h"
 #include "core/odds/Ruin.h"
 #include "core/odds/SessionLaw.h"
 #include "game/reports/ReportTable.h"
@@ -22,8 +21,8 @@ struct LawBar {
 std::vector<LawBar> BarsOf(const SessionLaw& law, double betDollars, std::optional<double> own);
 
 // Chances and results, then the chance to see each line at least once.
-ReportTable SessionTable(const SessionLaw& law, const DealLaw& deal, const PayTable& table,
-                         std::int64_t hands, double betDollars);
+ReportTable SessionTable(const SessionLaw& law, const LineChances& lines, const PayTable& table,
+                         double betDollars);
 
 // The bankroll for each of the usual risks; none where ruin is certain.
 ReportTable RiskTable(const LongRun& run, double betDollars);

@@ -283,8 +283,7 @@ void BankrollWindow::ShowSession(double betDollars) {
                                            Grouped(engine.creditHistory.Hands()))
                                 : QString();
     sessionChart->ShowLaw(BarsOf(*law, betDollars, own), own, ownText, {});
-    sessionTable->SetTable(
-        SessionTable(*law, answer.deal, asked.table, asked.session.hands, betDollars));
+    sessionTable->SetTable(SessionTable(*law, answer.lines, asked.table, betDollars));
 }
 
 void BankrollWindow::ShowLongRun(double betDollars) {

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "core/analysis/LineTableCache.h"
+#include "core/odds/LineChances.h"
 #include "core/odds/Walk.h"
 #include "tests/core/TestGames.h"
 
@@ -155,12 +156,12 @@ TEST(SessionLawTest, BankrollsAndGoalsEndASessionAsFollowingItHandByHandDoes) {
     ASSERT_EQ(odd.stake, 5);
     const GainLaw three = GainsOf(JacksOrBetter(), 3);
     ExpectFollowed(odd, {100, 10, 15, 0.1});
-    ExpectFollowed(odd, {25, 4.2, std::nullopt, 0.05});
+    ExpectFollowed(odd, {12, 4.2, std::nullopt, 0.05});
     ExpectFollowed(odd, {9, 3.5, 99});
     ExpectFollowed(odd, {50, 8, 12.5, 0.0123});
     ExpectFollowed(GainsOf(JacksOrBetter(), 1), {150, 10, 20, 0.02});
     ExpectFollowed(Jacks(), {80, 3.5, 5.5, 0.0033333});
-    ExpectFollowed(Jacks(), {40, 12, std::nullopt, 0.01});
+    ExpectFollowed(Jacks(), {20, 7, std::nullopt, 0.01});
     ExpectFollowed(Jacks(), {9, 4, 6});
     ExpectFollowed(three, {60, 5, 9, 0.25});
 }
@@ -182,6 +183,47 @@ TEST(SessionLawTest, CashBackOnAFineLatticeMovesNoResultThatIsShown) {
     EXPECT_NEAR(with.expected - without.expected, played * 0.00456, 1e-9) << "Wald";
     EXPECT_NEAR(Session(Jacks(), {1000, std::nullopt, std::nullopt, 0.01}).Quantile(0.5), -15,
                 1e-9);
+}
+
+// A line is not seen in the courses that remain when the hands that end in it are taken out.
+TEST(SessionLawTest, LinesAreSeenAsLongAsTheMoneyLasts) {
+    LineTableCache tables;
+    PayTable table = JacksOrBetter();
+    const auto deal = [&](int lines) {
+        return FindDealLaw(table, kFullBet, lines, tables, kGoOn).value_or(DealLaw());
+    };
+    const auto chances = [](const DealLaw& of, const SessionWish& wish) {
+        return FindLineChances(of, wish, kGoOn).value_or(LineChances());
+    };
+    const auto expectFollowed = [&](const DealLaw& one, const SessionWish& wish) {
+        const auto level = static_cast<std::int64_t>(*wish.bankroll / one.gains.unit + 1e-9);
+        const auto goal = static_cast<std::int64_t>(wish.goal.value_or(1e6) / one.gains.unit);
+        for (std::size_t line = 0; line < table.lines.size(); ++line) {
+            GainLaw without = one.gains;
+            for (auto& [gain, probability] : without.outcomes) {
+                if (gain == one.gainOf[line]) probability -= one.seen[line];
+            }
+            double chance = 1;
+            for (const auto& [end, share] :
+                 Followed(without, level, goal, static_cast<int>(wish.hands))) {
+                chance -= share;
+            }
+            EXPECT_NEAR(chances(one, wish).atLeastOnce[line], chance, 1e-12) << line;
+        }
+        EXPECT_FALSE(chances(one, wish).areOfAllDeals);
+    };
+    expectFollowed(deal(1), {12, 3});
+    expectFollowed(deal(1), {60, 3, 5});
+    table.lines[4].maxPayout = table.lines[5].maxPayout;  // two lines of one pay
+    table.lines[3].maxPayout = 47;
+    expectFollowed(deal(1), {20, 3, 5});
+
+    const DealLaw jacks = deal(1);
+    EXPECT_EQ(chances(jacks, {100'000, 0.5}).atLeastOnce[8], 0) << "no hand is played";
+    EXPECT_NEAR(chances(jacks, {1000}).atLeastOnce[0], jacks.AtLeastOnce(0, 1000), 1e-14);
+    EXPECT_FALSE(FindLineChances(jacks, {1000, 50}, [] { return false; }));
+    EXPECT_TRUE(chances(deal(3), {1000, 50}).areOfAllDeals);
+    EXPECT_FALSE(chances(deal(3), {1000}).areOfAllDeals);
 }
 
 TEST(SessionLawTest, SmallAndImpossibleSessionsHaveTheirPlainAnswers) {
