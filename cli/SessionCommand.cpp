@@ -1,24 +1,22 @@
 #include <CLI/CLI.hpp>
-#include <array>
 #include <nlohmann/json.hpp>
 
+#include "cli/ChosenDeal.h"
 #include "cli/Commands.h"
 #include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/Terminal.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
-#include "core/analysis/LineTableCache.h"
 #include "core/odds/LineChances.h"
 #include "core/text/Amount.h"
 #include "game/reports/BankrollTexts.h"
+#include "game/reports/LawBars.h"
 
 namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-constexpr std::array<int, 7> kQuantiles = {1, 5, 25, 50, 75, 95, 99};  // percent
 
 struct SessionReport {
     ChosenTable chosen;
@@ -48,7 +46,7 @@ std::string AsJson(const SessionReport& report) {
                  {"quantiles", Json::object()},
                  {"linesAreOfAllDeals", report.lines.areOfAllDeals},
                  {"lines", Json::array()}};
-    for (const int percent : kQuantiles) {
+    for (const int percent : kUsualPercents) {
         json["quantiles"][std::to_string(percent)] = law.Quantile(percent / 100.0);
     }
     const auto& lines = report.chosen.payTable.lines;
@@ -70,7 +68,7 @@ std::string AsCsv(const SessionReport& report) {
     table.AddRow({"session", "even", law.even});
     table.AddRow({"session", "broke", law.broke});
     table.AddRow({"session", "goal", law.goal});
-    for (const int percent : kQuantiles) {
+    for (const int percent : kUsualPercents) {
         table.AddRow({"quantile", percent, law.Quantile(percent / 100.0)});
     }
     const auto& lines = report.chosen.payTable.lines;
@@ -101,7 +99,7 @@ std::string ResultsText(const SessionReport& report) {
             {name, FormatDecimals("%.2f", bets + 0.0), BetsInDollars(bets, report.BetDollars())},
             {});
     };
-    for (const int percent : kQuantiles) {
+    for (const int percent : kUsualPercents) {
         add(std::to_string(percent) + "%", report.law.Quantile(percent / 100.0));
     }
     add("on average", report.law.expected);
@@ -163,27 +161,16 @@ std::optional<Failure> RunSession(const Options& options, std::string& output) {
     report.linesAtOnce = options.linesAtOnce;
     if (auto failure = ChooseTable(options, report.chosen)) return failure;
     const ChosenTable& chosen = report.chosen;
-    if (!CanAnalyzeGame(chosen.payTable)) {
-        return Failure{kFailed, "the law of a hand is not known for " +
-                                    Quoted(chosen.place.gameName) +
-                                    ": \"tolvane-cli hand\" analyses its hands"};
-    }
     const Interrupt interrupt;
+    DealLaw deal;
+    if (auto failure = FindDeal(options, chosen, interrupt, deal)) return failure;
     const auto goesOn = [&interrupt] { return !interrupt.Wanted(); };
-    LineTableCache tables;
-    const auto deal = FindDealLaw(chosen.payTable, chosen.bet, report.linesAtOnce, tables, goesOn);
-    if (interrupt.Wanted()) return Failure{kFailed, "cancelled"};
-    if (!deal) {
-        return Failure{kFailed,
-                       "a deal of so many lines can pay too many different amounts: ask "
-                       "for fewer lines"};
-    }
     report.wish = WishOf(options, report.BetDollars());
-    SessionAnswer answer = FindSessionLaw(deal->gains, report.wish, goesOn);
+    SessionAnswer answer = FindSessionLaw(deal.gains, report.wish, goesOn);
     if (interrupt.Wanted()) return Failure{kFailed, "cancelled"};
     if (!answer.law) return Failure{kFailed, "no answer: " + answer.whyNot};
     report.law = std::move(*answer.law);
-    const auto lines = FindLineChances(*deal, report.wish, goesOn);
+    const auto lines = FindLineChances(deal, report.wish, goesOn);
     if (!lines) return Failure{kFailed, "cancelled"};
     report.lines = *lines;
     if (options.csv) {

@@ -18,6 +18,8 @@ struct SessionWish {
     std::optional<double> goal{};      // to stop at, of all the money; wants a bankroll
     // 0..1 of what is bet. It is paid when the session has ended, so nothing of it is bet again.
     double cashBack = 0;
+
+    bool operator==(const SessionWish&) const = default;
 };
 
 struct SessionLaw {

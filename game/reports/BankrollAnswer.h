@@ -20,8 +20,11 @@ struct BankrollQuestion {
     double coin = 1;     // dollars
     int lines = 1;       // at once
     SessionWish session;
-    double longCashBack = 0;  // 0..1 of what is played
-    Statistics statistics;    // of the game file
+    double longCashBack = 0;      // 0..1 of what is played
+    Statistics statistics;        // of the game file
+    std::int64_t creditsBet = 0;  // on its hands, those played to their end
+
+    bool operator==(const BankrollQuestion&) const = default;
 };
 
 struct BankrollAnswer {

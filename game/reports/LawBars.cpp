@@ -1,7 +1,6 @@
 #include "game/reports/LawBars.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "game/reports/BankrollTexts.h"
@@ -81,7 +80,7 @@ ReportTable SessionTable(const SessionLaw& law, const LineChances& lines, const 
     rows.Add("Even", percent(law.even));
     rows.Add("Broke before the end", percent(law.broke));
     rows.Add("At the goal", percent(law.goal));
-    for (const int share : {1, 5, 25, 50, 75, 95, 99}) {
+    for (const int share : kUsualPercents) {
         rows.Add(std::to_string(share) + " of 100", percent(share / 100.0),
                  NumberCell("%.2f", law.Quantile(share / 100.0) * betDollars + 0.0));
     }
@@ -102,7 +101,7 @@ ReportTable RiskTable(const LongRun& run, double betDollars) {
                       {"Bankroll", "$", true}};
     if (run.RuinIsCertain()) return report;
     Rows rows(report);
-    for (const double risk : {0.5, 0.2, 0.1, 0.05, 0.02, 0.01, 0.001}) {
+    for (const double risk : kUsualRisks) {
         const double bets = run.BankrollFor(risk);
         rows.Add(ShareInWords(risk), NumberCell("%.1f", bets),
                  NumberCell("%.2f", bets * betDollars));

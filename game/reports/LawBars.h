@@ -1,5 +1,6 @@
 // The law of a session as bars of a picture, and as the rows of a table.
 #pragma once
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -14,6 +15,10 @@ struct LawBar {
     double share = 0;  // of all sessions
     double below = 0;  // all that bring less than "from"
 };
+
+// That are told of every session, in percent, and of every game.
+inline constexpr std::array kUsualPercents = {1, 5, 25, 50, 75, 95, 99};
+inline constexpr std::array kUsualRisks = {0.5, 0.2, 0.1, 0.05, 0.02, 0.01, 0.001};
 
 // From the result that five of a thousand fall below to the one that five of a thousand exceed,
 // and as far as a result of the player's own, in dollars; some dozens of bars, each as wide as
