@@ -1,6 +1,7 @@
 // What becomes of an amount of money that is played with, hand by hand, until it cannot be bet any
-// more, a goal is reached, or all hands are played. Two ways come to it: HittingTimes, for gains
-// that fall by one bet at a time and no goal, and AbsorbingWalk, for all others.
+// more, a goal is reached, or all hands are played. Three ways come to it: HittingTimes, for gains
+// that fall by one unit at a time and no goal, RenewalTimes, for others without a goal, and
+// AbsorbingWalk, for all.
 #pragma once
 #include <cstdint>
 #include <functional>
@@ -54,6 +55,14 @@ std::optional<std::vector<double>> ChancesToEnd(const GainLaw& law, const Course
 // is k / n times the chance that n hands lose k, the theorem of first hits. The law of those still
 // playing is that of all hands, less that of what would have gone on from nothing.
 WalkAnswer HittingTimes(const GainLaw& law, const Course& course, const GoesOn& goesOn);
+// The chances to be broke alone.
+std::optional<std::vector<double>> HittingChances(const GainLaw& law, const Course& course,
+                                                  const GoesOn& goesOn);
+
+// Without a goal: who is broke after n hands, with so many units left, is who could be there, less
+// who was broke before and could have come there since. The equation of renewal, solved from the
+// first hand to the last, by transforms of blocks of hands.
+WalkAnswer RenewalTimes(const GainLaw& law, const Course& course, const GoesOn& goesOn);
 
 // Hand by hand. Without a goal it is a level that is never reached but for a chance of 1e-13. More
 // than kMostWork additions are too much, which is known before it begins where it can be told.

@@ -91,22 +91,34 @@ TEST(SessionLawTest, SumsMeansAndVariancesAreThoseOfTheHands) {
     }
 }
 
-TEST(SessionLawTest, TheTwoWaysToRuinAgree) {
+void ExpectSameEnds(const WalkAnswer& answer, const WalkAnswer& known) {
+    ASSERT_TRUE(answer.end && known.end);
+    ASSERT_EQ(answer.end->brokeAt.size(), known.end->brokeAt.size());
+    for (std::size_t i = 0; i < known.end->brokeAt.size(); ++i) {
+        ASSERT_NEAR(answer.end->brokeAt[i], known.end->brokeAt[i], 1e-14) << i;
+    }
+    const std::vector<double>& alive = answer.end->alive.probabilities;
+    for (std::size_t i = 0; i < known.end->alive.probabilities.size(); ++i) {
+        const auto money = i + static_cast<std::size_t>(known.end->alive.first);
+        const double other = money < alive.size() ? alive[money] : 0;
+        ASSERT_NEAR(other, known.end->alive.probabilities[i], 1e-14) << money;
+    }
+}
+
+TEST(SessionLawTest, TheThreeWaysToRuinAgree) {
     const Course course{.level = 60, .hands = 3000};
     EndMasses goals(0, course.hands, 1);
-    const auto hit = HittingTimes(Jacks(), course, kGoOn).end;
-    const auto walk = AbsorbingWalk(Jacks(), course, goals, kGoOn).end;
-    ASSERT_TRUE(hit && walk);
-    ASSERT_EQ(hit->brokeAt.size(), walk->brokeAt.size());
-    for (std::size_t n = 0; n < hit->brokeAt.size(); ++n) {
-        ASSERT_NEAR(hit->brokeAt[n], walk->brokeAt[n], 1e-14) << n;
+    const WalkAnswer walk = AbsorbingWalk(Jacks(), course, goals, kGoOn);
+    ExpectSameEnds(HittingTimes(Jacks(), course, kGoOn), walk);
+    ExpectSameEnds(RenewalTimes(Jacks(), course, kGoOn), walk);
+    LineTableCache tables;
+    const auto three = FindDealLaw(JacksOrBetter(), kFullBet, 3, tables, kGoOn);
+    const GainLaw bets = GainsOf(JacksOrBetter(), 3);
+    for (const auto& [law, level] : {std::pair{three->gains, 20}, {bets, 25}}) {
+        const Course few{.level = level, .hands = 300};
+        ExpectSameEnds(RenewalTimes(law, few, kGoOn), AbsorbingWalk(law, few, goals, kGoOn));
     }
-    for (std::size_t i = 0; i < walk->alive.probabilities.size(); ++i) {
-        const auto money = i + static_cast<std::size_t>(walk->alive.first);
-        const double other =
-            money < hit->alive.probabilities.size() ? hit->alive.probabilities[money] : 0;
-        ASSERT_NEAR(walk->alive.probabilities[i], other, 1e-14) << money;
-    }
+    EXPECT_NEAR(SumOf(Session(three->gains, {10'000, 200})), 1, 1e-12);
     EXPECT_NEAR(SumOf(Session(Jacks(), {100'000, 200})), 1, 1e-12);
 }
 
