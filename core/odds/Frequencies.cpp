@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/analysis/WideVectors.h"
+
 namespace {
 
 constexpr double kGone = -42.0;      // the logarithm of what adds nothing any more
@@ -49,7 +51,52 @@ std::size_t LifeOf(const Frequency& frequency, std::size_t most) {
     return static_cast<std::size_t>(kGone / fall) + 1;
 }
 
+TOLVANE_WIDE_VECTORS void AddTurned(const double* __restrict re, const double* __restrict im,
+                                    std::size_t count, double turnRe, double turnIm,
+                                    double* __restrict sums) {
+    for (std::size_t n = 0; n < count; ++n) sums[n] += re[n] * turnRe - im[n] * turnIm;
+}
+
 }  // namespace
+
+void PowerSeries::Fill(const Frequency& frequency, std::size_t hands) {
+    const std::size_t end = std::min(LifeOf(frequency, hands), hands) + 1;
+    re.resize(end);
+    im.resize(end);
+    for (std::size_t n = 0; n < end; n += kBlock) {
+        Powers powers(frequency.log, static_cast<double>(n), 0);
+        const std::size_t stop = std::min(n + kBlock, end);
+        for (std::size_t at = n; at < stop; at += kAbreast) {
+            const std::size_t lanes = std::min(kAbreast, stop - at);
+            std::copy_n(powers.re.begin(), lanes, re.begin() + static_cast<std::ptrdiff_t>(at));
+            std::copy_n(powers.im.begin(), lanes, im.begin() + static_cast<std::ptrdiff_t>(at));
+            powers.Next();
+        }
+    }
+}
+
+void PowerSeries::AddTo(Coefficient turn, std::vector<double>& sums) const {
+    AddTurned(re.data() + 1, im.data() + 1, re.size() - 1, turn.real(), turn.imag(),
+              sums.data() + 1);
+}
+
+Coefficient PowerSeries::SumWith(const std::vector<double>& factors) const {
+    std::array<double, kAbreast> sumRe{};
+    std::array<double, kAbreast> sumIm{};
+    std::size_t n = 0;
+    for (; n + kAbreast <= re.size(); n += kAbreast) {
+        for (std::size_t lane = 0; lane < kAbreast; ++lane) {
+            sumRe[lane] += re[n + lane] * factors[n + lane];
+            sumIm[lane] += im[n + lane] * factors[n + lane];
+        }
+    }
+    Coefficient sum = 0;
+    for (; n < re.size(); ++n) sum += Coefficient(re[n] * factors[n], im[n] * factors[n]);
+    for (std::size_t lane = 0; lane < kAbreast; ++lane) {
+        sum += Coefficient(sumRe[lane], sumIm[lane]);
+    }
+    return sum;
+}
 
 void AddChances(const Frequency& frequency, std::int64_t moved, std::size_t from,
                 std::vector<double>& sums) {

@@ -25,5 +25,21 @@ void AddChances(const Frequency& frequency, std::int64_t moved, std::size_t from
 Coefficient GoneOn(const Frequency& frequency, std::size_t from,
                    const std::vector<double>& brokeAt);
 
+// The powers z^0, z^1, ... of one frequency, for who asks for many sums of them.
+class PowerSeries {
+  public:
+    // For at most so many hands, and as long as they say something.
+    void Fill(const Frequency& frequency, std::size_t hands);
+
+    // Adds the real part of each power times the turn to sums[n], from one hand on.
+    void AddTo(Coefficient turn, std::vector<double>& sums) const;
+    // The sum of each power times factors[n].
+    Coefficient SumWith(const std::vector<double>& factors) const;
+
+  private:
+    std::vector<double> re;
+    std::vector<double> im;
+};
+
 // z^hands, turned to where the money begins.
 Coefficient PowerFrom(const Frequency& frequency, std::int64_t level, std::int64_t hands);

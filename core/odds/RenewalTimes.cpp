@@ -117,10 +117,14 @@ std::optional<Columns> ChancesToMove(const std::vector<Frequency>& frequencies, 
                                      std::int64_t hands, std::int64_t first, std::size_t units,
                                      const GoesOn& goesOn) {
     Columns chances(units, std::vector<double>(static_cast<std::size_t>(hands) + 1));
+    PowerSeries powers;
     for (std::size_t j = 0; j < frequencies.size(); ++j) {
         if (j % kAsked == 0 && !goesOn()) return std::nullopt;
+        powers.Fill(frequencies[j], static_cast<std::size_t>(hands));
         for (std::size_t i = 0; i < units; ++i) {
-            AddChances(frequencies[j], first + static_cast<std::int64_t>(i), 1, chances[i]);
+            const double moved = static_cast<double>(first) + static_cast<double>(i);
+            powers.AddTo(std::polar(frequencies[j].weight, -frequencies[j].angle * moved),
+                         chances[i]);
         }
     }
     for (auto& column : chances) {
@@ -138,13 +142,16 @@ double WorkOf(double stake, double hands, std::size_t places) {
 }
 
 std::optional<WholeLaw> Alive(const std::vector<Frequency>& frequencies, std::size_t places,
-                              const Course& course, const Columns& brokeAt, const GoesOn& goesOn) {
+                              const Course& course, Columns brokeAt, const GoesOn& goesOn) {
+    for (auto& column : brokeAt) std::ranges::reverse(column);  // by the hands still to be played
     Spectrum spectrum(frequencies.size());
+    PowerSeries powers;
     for (std::size_t j = 0; j < spectrum.size(); ++j) {
         if (j % kAsked == 0 && !goesOn()) return std::nullopt;
         spectrum[j] = PowerFrom(frequencies[j], course.level, course.hands);
+        powers.Fill(frequencies[j], static_cast<std::size_t>(course.hands));
         for (std::size_t left = 0; left < brokeAt.size(); ++left) {
-            spectrum[j] -= GoneOn(frequencies[j], 1, brokeAt[left]) *
+            spectrum[j] -= powers.SumWith(brokeAt[left]) *
                            std::polar(1.0, frequencies[j].angle * static_cast<double>(left));
         }
     }
