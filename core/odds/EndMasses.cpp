@@ -9,7 +9,8 @@ namespace {
 
 constexpr double kMostPlaces = 8192;
 constexpr double kFewestPlaces = 64;
-constexpr double kMostCells = 1 << 24;
+constexpr double kMostCells = 1 << 23;
+constexpr double kNothing = 1e-21;  // chances that all together are less than a rounding
 constexpr double kWhole = 1e-12;    // of a number of units that only rounding keeps from whole
 constexpr double kRounding = 1e-9;  // of many hands' cash back
 
@@ -62,15 +63,21 @@ void EndMasses::Add(std::int64_t hands, std::int64_t first, std::span<const doub
     }
 }
 
-std::vector<EndMasses::End> EndMasses::Ends() const {
+std::vector<SessionLaw::Result> EndMasses::Results(double unit) const {
     std::vector<const Fraction*> rising;
     std::set<std::int64_t> numbers;
+    std::size_t count = 0;
     for (const Fraction& fraction : fractions) {
         if (!fraction.blocks.empty()) rising.push_back(&fraction);
-        for (const auto& [number, block] : fraction.blocks) numbers.insert(number);
+        for (const auto& [number, block] : fraction.blocks) {
+            numbers.insert(number);
+            const auto isSome = [](double mass) { return mass > kNothing; };
+            count += static_cast<std::size_t>(std::ranges::count_if(block, isSome));
+        }
     }
     std::ranges::sort(rising, {}, &Fraction::Mean);
-    std::vector<End> ends;
+    std::vector<SessionLaw::Result> results;
+    results.reserve(count);
     for (const std::int64_t number : numbers) {
         std::vector<std::pair<double, const Block*>> here;
         for (const Fraction* fraction : rising) {
@@ -79,11 +86,11 @@ std::vector<EndMasses::End> EndMasses::Ends() const {
                 here.emplace_back(fraction->Mean(), &found->second);
         }
         for (std::size_t i = 0; i < kBlock; ++i) {
-            const auto unit = static_cast<double>(number * kBlock) + static_cast<double>(i);
+            const auto whole = static_cast<double>(number * kBlock) + static_cast<double>(i);
             for (const auto& [mean, block] : here) {
-                if ((*block)[i] > 0) ends.push_back({unit + mean, (*block)[i]});
+                if ((*block)[i] > kNothing) results.push_back({(whole + mean) * unit, (*block)[i]});
             }
         }
     }
-    return ends;
+    return results;
 }

@@ -55,9 +55,7 @@ void AddBroke(const WalkEnd& end, const GainLaw& law, std::int64_t level, EndMas
 
 SessionLaw LawOf(const EndMasses& ends, double unit) {
     SessionLaw law;
-    for (const auto& [units, probability] : ends.Ends()) {
-        law.results.push_back({units * unit, probability});
-    }
+    law.results = ends.Results(unit);
     for (const auto& [bets, probability] : law.results) {
         law.expected += probability * bets;
         if (bets > kRounding) law.ahead += probability;
