@@ -115,15 +115,21 @@ std::string LinesText(const SessionReport& report) {
     return table.Text();
 }
 
+// "1,000 hands", "1 deal of 3 lines".
+std::string HandsText(const SessionReport& report) {
+    const bool many = report.linesAtOnce > 1;
+    const std::string text = FormatCount(report.wish.hands) + (many ? " deal" : " hand") +
+                             (report.wish.hands == 1 ? "" : "s");
+    return many ? text + " of " + std::to_string(report.linesAtOnce) + " lines" : text;
+}
+
 std::string AsText(const SessionReport& report) {
     const ChosenTable& chosen = report.chosen;
     const double played =
         static_cast<double>(report.wish.hands) * report.linesAtOnce * report.BetDollars();
     std::string text =
-        Heading(chosen, chosen.bet, report.coin) + "\n\n" + FormatCount(report.wish.hands) +
-        (report.linesAtOnce > 1 ? " deals of " + std::to_string(report.linesAtOnce) + " lines"
-                                : std::string(" hands")) +
-        ", " + FormatDollars("%.2f", played) + " to be played\n" +
+        Heading(chosen, chosen.bet, report.coin) + "\n\n" + HandsText(report) + ", " +
+        FormatDollars("%.2f", played) + " to be played\n" +
         SentencesOnLines(SessionInWords(report.law, report.wish, report.BetDollars())) + "\n\n";
     text += ChancesText(report) + "\n" + ResultsText(report) + "\n" + LinesText(report);
     if (report.lines.areOfAllDeals) {

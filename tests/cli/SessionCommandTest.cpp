@@ -80,6 +80,8 @@ TEST_F(SessionCommandTest, TheTextHasTheSentenceAndTheTables) {
           "ROYAL FLUSH             2.445%\n"}) {
         EXPECT_NE(text.find(part), std::string::npos) << part << text;
     }
+    EXPECT_NE(Ask("session 300 --hands 1 --lines 3").output.find("\n1 deal of 3 lines, $15.00 to"),
+              std::string::npos);
     EXPECT_NE(Ask("session '5 card charlie' --hands 5").output.find("five-card charlie"),
               std::string::npos);
 }

@@ -155,6 +155,7 @@ QWidget* BankrollWindow::MakeLongRun() {
     layout->addLayout(grid);
     layout->addWidget(longWords);
     layout->addWidget(riskTable, 1);
+    layout->addStretch();
     return page;
 }
 
@@ -310,13 +311,19 @@ void BankrollWindow::ShowSession(double betDollars) {
 void BankrollWindow::ShowLongRun(double betDollars) {
     if (!answer.whyNot.empty()) {
         longWords->setText(QString::fromStdString(answer.whyNot));
-        riskTable->SetTable(RiskTable({}, betDollars));
+        ShowRisks(RiskTable({}, betDollars));
         return;
     }
     const auto bankroll =
         longMoney->value() > 0 ? std::optional(longMoney->value() / betDollars) : std::nullopt;
     ShowWords(*longWords, RuinInWords(answer.longRun, asked.longCashBack, bankroll, betDollars));
-    riskTable->SetTable(RiskTable(answer.longRun, betDollars));
+    ShowRisks(RiskTable(answer.longRun, betDollars));
+}
+
+// Where ruin is certain, the words say all.
+void BankrollWindow::ShowRisks(const ReportTable& risks) {
+    riskTable->SetTable(risks);
+    riskTable->setVisible(!risks.rows.empty());
 }
 
 void BankrollWindow::ShowLuck() {

@@ -55,6 +55,7 @@ class BankrollWindow : public BesideWindow {
     void ShowWords(QLabel& label, std::string words);
     void ShowSession(double betDollars);
     void ShowLongRun(double betDollars);
+    void ShowRisks(const ReportTable& risks);
     void ShowLuck();
     QString GameAtTheMachine() const;
     void NameFiles();
