@@ -1,7 +1,6 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QFileInfo>
 #include <algorithm>
 #include <utility>

@@ -81,12 +81,12 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     // The one in use, in full.
     QString GameFile() const { return QString::fromStdString(files.gamePath); }
 
-    // For a window that closes: every question that is open or comes later is refused, until they
-    // are to be answered again.
+    // For a window that closes: every question that is open is refused, those of the windows beside
+    // it too, and so is what the machine asks later, until its questions are to be answered again.
     void RefuseQuestions();
     void AnswerQuestions();
 
-    // With the machine's window go the reports that were put aside.
+    // With the machine's window go the others.
     void CloseReports();
 
     Seat& PlayersSeat() { return seat; }

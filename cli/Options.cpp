@@ -164,6 +164,8 @@ CLI::Option* AddOptionalGame(CLI::App& parser, Options& options) {
 
 }  // namespace
 
+void AddNote(CLI::App& parser, const std::string& note) { parser.footer(note); }
+
 void AddCommonOptions(CLI::App& parser, Options& options) {
     parser
         .add_option("--data", options.dataFolder,

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <cmath>
 #include <nlohmann/json.hpp>
 
@@ -107,9 +106,9 @@ void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
     AddCsv(parser, options);
     AddRuin(parser, options);
-    parser.footer(
-        "Every hand is played with its best hold, for ever; nothing is doubled up. Money is in "
-        "bets unless it\nsays dollars.");
+    AddNote(parser,
+            "Every hand is played with its best hold, for ever; nothing is doubled up. Money is in "
+            "bets unless it\nsays dollars.");
 }
 
 std::optional<Failure> RunRuin(const Options& options, std::string& output) {

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include "cli/ChosenDeal.h"
@@ -143,7 +142,8 @@ void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
     AddCsv(parser, options);
     AddSession(parser, options);
-    parser.footer(
+    AddNote(
+        parser,
         "Every hand is played with its best hold; nothing is doubled up. Results are in bets of "
         "one line\nunless they say dollars.");
 }

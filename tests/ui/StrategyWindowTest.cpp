@@ -83,6 +83,26 @@ TEST_F(StrategyWindowTest, AKeptChartIsReadByKeysAlone) {
     EXPECT_FALSE(window.isVisible());
 }
 
+TEST_F(StrategyWindowTest, TheSameRowsHaveAnotherPriceWhereTheTablePaysOtherwise) {
+    TestProgram& p = StartWithCharts();
+    QWidget& window = Open();
+    ASSERT_TRUE(WaitForRows(window, 8));
+    const QString before = Says(window, "price");
+    p.file.WriteString(kSection, "MaxPayout2", "130", p.paths.mainProfile);
+    PayTable better = p.engine.payTable;
+    better.lines[2].maxPayout = 130;
+    const TableCharts charts{1, 99.8, {{{ParseChart(kLong).rows, 3}}, SearchReach::kWhole}, {}};
+    ASSERT_TRUE(KeepCharts(File(p), kSection, better, charts));
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return Says(window, "price") != before &&
+                   PartOf<QWidget>(window, "saveCard").isEnabled();
+        },
+        60'000))
+        << before.toStdString();
+}
+
 TEST_F(StrategyWindowTest, AnExceptionOpensItsHandAndACardIsSaved) {
     TestProgram& p = StartWithCharts();
     QWidget& window = Open();

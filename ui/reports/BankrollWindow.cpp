@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/analysis/StartThread.h"
 #include "game/reports/BankrollTexts.h"
 #include "game/reports/LawBars.h"
 #include "game/reports/StatisticsRows.h"
@@ -232,11 +233,12 @@ void BankrollWindow::Ask() {
 void BankrollWindow::Reckon() {
     reckons = true;
     const int run = runs;
-    thread = std::jthread([this, run, question = asked](const std::stop_token& stop) {
+    thread = StartThread([this, run, question = asked](const std::stop_token& stop) {
         const auto found = reckoner.Answer(
             question, [this, run, &stop] { return run == runs && !stop.stop_requested(); });
         if (!stop.stop_requested()) emit Reckoned(run, found);
     });
+    reckons = thread.joinable();
 }
 
 void BankrollWindow::Take(int run, const std::optional<BankrollAnswer>& found) {

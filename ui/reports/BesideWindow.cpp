@@ -1,11 +1,12 @@
 #include "ui/reports/BesideWindow.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
+#include <utility>
 
 #include "ui/parts/DialogParts.h"
 #include "ui/reports/ReportFrame.h"
@@ -16,18 +17,19 @@ constexpr double kShareOfScreen = 0.9;
 
 }  // namespace
 
-BesideWindow::BesideWindow(const char* name) {
+BesideWindow::BesideWindow(const QString& name) {
     setObjectName(name);
     setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
 }
 
-ReportFrame& BesideWindow::Furnish(int characters, int lines,
-                                   const std::function<void()>& refresh) {
-    new QShortcut(Qt::Key_F5, this, refresh);
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    const QSize wanted(WidthOf(*this, characters), fontMetrics().lineSpacing() * lines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
+ReportFrame& BesideWindow::Furnish(int characters, int lines, std::function<void()> onRefresh) {
+    RefreshBy(std::move(onRefresh));
+    ResizeOnScreen({WidthOf(*this, characters), fontMetrics().lineSpacing() * lines});
     return *new ReportFrame(*this, objectName());
+}
+
+void BesideWindow::ResizeOnScreen(QSize wanted) {
+    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
 }
 
 void BesideWindow::ShowInFront() {
@@ -40,6 +42,7 @@ void BesideWindow::ShowInFront() {
 QPushButton* BesideWindow::MakeClose() {
     auto* done = new QPushButton(tr("Close"), this);
     done->setObjectName("close");
+    done->setToolTip(tr("Close (Esc)"));
     connect(done, &QPushButton::clicked, this, &QWidget::close);
     return done;
 }
@@ -63,4 +66,13 @@ QLayout* BesideWindow::MakeFoot(QPushButton* command, QProgressBar* bar) {
     row->addStretch();
     row->addWidget(MakeClose());
     return row;
+}
+
+void BesideWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F5 && refresh) return refresh();
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }

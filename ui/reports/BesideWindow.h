@@ -14,11 +14,15 @@ class BesideWindow : public QWidget {
     Q_OBJECT
 
   protected:
-    explicit BesideWindow(const char* name);
+    explicit BesideWindow(const QString& name);
 
     // When all parts are laid out: F5 refreshes, Esc closes, and the window has so many characters
     // and lines where the screen has room for them, or the size and place in which it was left.
-    ReportFrame& Furnish(int characters, int lines, const std::function<void()>& refresh);
+    ReportFrame& Furnish(int characters, int lines, std::function<void()> onRefresh);
+
+    // What F5 does; without it, nothing.
+    void RefreshBy(std::function<void()> onRefresh) { refresh = std::move(onRefresh); }
+    void ResizeOnScreen(QSize wanted);
 
     // In front of the others, and not as an icon.
     void ShowInFront();
@@ -28,4 +32,10 @@ class BesideWindow : public QWidget {
     QLabel* MakeWords(const char* name);
     // One command on what is shown, the progress of the work, hidden, and Close.
     QLayout* MakeFoot(QPushButton* command, QProgressBar* bar);
+
+    // What has the focus may have another use for the keys, as Esc ends a search.
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    std::function<void()> refresh;
 };

@@ -12,6 +12,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/store/AnalysisCache.h"
 #include "game/seat/Seat.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/reports/ReportFrame.h"
@@ -137,16 +138,20 @@ void CompareWindow::ReadTables() {
     Begin();
 }
 
+// What was typed stays as long as A is the same.
 void CompareWindow::FillPays() {
     const QSignalBlocker quiet(pays);
     const ListedTable* chosen = a->Chosen();
+    const bool same = chosen && chosen->table.gameId == paysOfA.gameId &&
+                      PaysHash(chosen->table) == PaysHash(paysOfA);
+    if (same && pays->rowCount() > 0) return;
     pays->setRowCount(0);
     if (!chosen) return;
-    paysOfB = chosen->table;
+    paysOfA = paysOfB = chosen->table;
     for (const PayLine& line : paysOfB.lines) {
         const int row = pays->rowCount();
         pays->insertRow(row);
-        const QString pay = QString::number(LineCoinPay(line));
+        const QString pay = PayOfA(row);
         for (const auto& [column, text] :
              {std::pair(kLineColumn, QString::fromStdString(line.description)),
               {kPayOfA, pay},
@@ -159,25 +164,37 @@ void CompareWindow::FillPays() {
     }
 }
 
-// What is no pay is put back.
+QString CompareWindow::PayOfA(int row) const {
+    const int coins = paysOfA.lines[static_cast<std::size_t>(row)].maxPayout;
+    return QString::number(static_cast<double>(coins) / kFullBet, 'f',
+                           coins % kFullBet == 0 ? 0 : 1);
+}
+
+// What is no pay is put back. A's own need not be whole.
 void CompareWindow::TakePay(int row) {
     PayLine& line = paysOfB.lines[static_cast<std::size_t>(row)];
+    const QString typed = pays->item(row, kPayOfB)->text().trimmed();
+    if (typed == PayOfA(row)) {
+        line = paysOfA.lines[static_cast<std::size_t>(row)];
+        return Wait();
+    }
     bool valid = false;
-    const int pay = pays->item(row, kPayOfB)->text().trimmed().toInt(&valid);
+    const int pay = typed.toInt(&valid);
     if (valid && pay >= 0 && pay <= std::numeric_limits<int>::max() / kFullBet) {
         line.payout = pay;
         line.maxPayout = pay * kFullBet;
         return Wait();
     }
     const QSignalBlocker quiet(pays);
-    pays->item(row, kPayOfB)->setText(QString::number(LineCoinPay(line)));
+    const bool asA = line.maxPayout == paysOfA.lines[static_cast<std::size_t>(row)].maxPayout;
+    pays->item(row, kPayOfB)->setText(asA ? PayOfA(row) : QString::number(LineCoinPay(line)));
     words->setText(tr("A pay is a whole number of coins, 0 or more."));
 }
 
-std::optional<PayTable> CompareWindow::TableB() const {
-    if (otherPays->isChecked()) return paysOfB;
-    if (!b->Chosen()) return std::nullopt;
-    return b->Chosen()->table;
+std::optional<ListedTable> CompareWindow::TableB() const {
+    const ListedTable* chosen = otherPays->isChecked() ? a->Chosen() : b->Chosen();
+    if (!chosen) return std::nullopt;
+    return otherPays->isChecked() ? ListedTable{chosen->place, paysOfB} : *chosen;
 }
 
 ComparedNames CompareWindow::Names() const {
@@ -196,8 +213,9 @@ void CompareWindow::Begin() {
     pause.stop();
     const auto tableB = TableB();
     if (!a->Chosen() || !tableB) return;
-    work.Start([tableA = a->Chosen()->table, tableB = *tableB](const auto& goOn) {
-        return CompareGames(tableA, tableB, goOn);
+    asked = {*a->Chosen(), *tableB};
+    work.Start([tables = asked](const auto& goOn) {
+        return CompareGames(tables.a.table, tables.b.table, goOn);
     });
     bar->setValue(0);
     bar->show();
@@ -212,6 +230,7 @@ void CompareWindow::LookAtWork() {
     bar->hide();
     if (!found || found->cancelled) return;
     result = std::move(found);
+    compared = asked;
     ShowResult();
 }
 
@@ -224,10 +243,8 @@ void CompareWindow::ShowResult() {
 
 void CompareWindow::OpenHands() {
     const auto row = played->CurrentRow();
-    const auto tableB = TableB();
-    if (!result || !result->play || row < 0 || !a->Chosen() || !tableB) return;
+    if (!result || !result->play || row < 0) return;
     const Hand& hand = result->play->classes[static_cast<std::size_t>(row)].example;
-    const TableOfGame placeA = a->Chosen()->place;
-    openHand(placeA, a->Chosen()->table, hand);
-    openHand(otherPays->isChecked() ? placeA : b->Chosen()->place, *tableB, hand);
+    openHand(compared.a.place, compared.a.table, hand);
+    openHand(compared.b.place, compared.b.table, hand);
 }

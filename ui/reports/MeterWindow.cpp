@@ -14,6 +14,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/store/AnalysisCache.h"
 #include "game/seat/Seat.h"
 #include "ui/charts/MeterChart.h"
 #include "ui/parts/DialogParts.h"
@@ -30,8 +31,8 @@ constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 34;
 constexpr int kMostMeter = std::numeric_limits<int>::max() / 4;
 
-// The meters shown are those up to twice the jackpot.
-int LastMeter(int start) { return std::clamp(start, kFullBet, kMostMeter / 2) * 2; }
+// The last meter of the slider.
+int TwiceTheJackpot(int start) { return std::clamp(start, kFullBet, kMostMeter / 2) * 2; }
 
 }  // namespace
 
@@ -71,10 +72,7 @@ QLayout* MeterWindow::MakeChoice() {
     row->addWidget(game, 2);
     row->addWidget(Caption(tr("&Line:"), line));
     row->addWidget(line, 1);
-    connect(game, &TableChoice::currentIndexChanged, this, [this] {
-        meters.clear();
-        FillLines();
-    });
+    connect(game, &TableChoice::currentIndexChanged, this, &MeterWindow::FillLines);
     connect(line, &QComboBox::currentIndexChanged, this, [this] { TakeLine(); });
     return row;
 }
@@ -141,18 +139,33 @@ void MeterWindow::ReadTables() {
     FillLines();
 }
 
+// The meters are those of the lines of one table, as its pays are.
 void MeterWindow::FillLines() {
+    const ListedTable* chosen = game->Chosen();
+    const std::string of =
+        chosen ? game->currentText().toStdString() + PaysHash(chosen->table) : "";
+    if (std::exchange(metersOf, of) != of) meters.clear();
     const int before = std::max(line->currentIndex(), 0);
     {
         const QSignalBlocker quiet(line);
         line->clear();
-        if (!game->Chosen()) return;
-        for (const PayLine& payLine : game->Chosen()->table.lines) {
+        if (!chosen) return ShowNothing();
+        for (const PayLine& payLine : chosen->table.lines) {
             line->addItem(QString::fromStdString(payLine.description));
         }
         line->setCurrentIndex(std::min(before, line->count() - 1));
     }
     TakeLine();
+}
+
+void MeterWindow::ShowNothing() {
+    work.Cancel();
+    look.stop();
+    bar->hide();
+    known.reset();
+    words->setText(tr("There are no pay tables"));
+    chart->SetCurve({});
+    turns->SetTable({});
 }
 
 int MeterWindow::Start() const {
@@ -165,7 +178,7 @@ void MeterWindow::TakeLine() {
     const int at = std::min(moved == meters.end() ? Start() : moved->second, kMostMeter);
     const QSignalBlocker quietSlider(slider);
     const QSignalBlocker quietCoins(coins);
-    const int last = LastMeter(Start());
+    const int last = TwiceTheJackpot(Start());
     slider->setRange(std::min(Start(), last), last);
     slider->setSingleStep(std::max(1, last / 400));
     slider->setPageStep(std::max(1, last / 40));
@@ -187,7 +200,7 @@ void MeterWindow::SetMeter(int value) {
     meters[line->currentIndex()] = value;
     if (known && known->curve) {
         ShowMeter();
-        settle.start();
+        value > known->last ? pause.start() : settle.start();
     } else if (!whyNoCurve.empty()) {
         work.Cancel();
         pause.start();
@@ -209,9 +222,11 @@ void MeterWindow::Begin() {
     const PayTable table = TableNow();
     whyNoCurve = MeterCurve::WhyNot(table);
     const bool curved = whyNoCurve.empty();
-    work.Start([table, number, curved, first = Start(), last = LastMeter(Start()),
+    work.Start([table, number, curved, first = Start(),
+                last = LastMeter(TwiceTheJackpot(Start()) / 2, coins->value()),
                 at = coins->value()](const auto& goOn) {
         Known found;
+        found.last = last;
         if (curved) {
             found.curve = std::make_shared<MeterCurve>(table, number, first, last, goOn);
         } else {
@@ -241,8 +256,8 @@ void MeterWindow::LookAtWork() {
 void MeterWindow::ShowCurve() {
     MeterChart::Curve shown;
     if (known->curve) {
-        shown.first = std::min(Start(), LastMeter(Start()));
-        shown.last = LastMeter(Start());
+        shown.last = known->last;
+        shown.first = std::min<double>(Start(), shown.last);
         shown.percent = [curve = known->curve](double at) { return curve->Return(at); };
     } else {
         shown.nothing =

@@ -36,6 +36,7 @@ class MeterWindow : public BesideWindow {
     struct Known {
         std::shared_ptr<const MeterCurve> curve;
         MeterResult searched;
+        double last = 0;  // meter of the curve
     };
 
     QLayout* MakeChoice();
@@ -44,6 +45,7 @@ class MeterWindow : public BesideWindow {
     QLayout* MakeBottom();
     void ReadTables();
     void FillLines();
+    void ShowNothing();
     void TakeLine();
     void SetMeter(int coins);
     PayTable TableNow() const;
@@ -61,6 +63,7 @@ class MeterWindow : public BesideWindow {
     BackgroundWork<Known> work;
     std::optional<Known> known;
     std::string whyNoCurve;
+    std::string metersOf;       // the table
     std::map<int, int> meters;  // coins by line, of those that were moved
     QTimer pause;               // until a search begins
     QTimer settle;              // until the turning points follow the slider

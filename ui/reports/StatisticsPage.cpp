@@ -13,6 +13,7 @@
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
+#include "core/analysis/StartThread.h"
 #include "game/reports/StatisticsRows.h"
 #include "ui/charts/CreditChart.h"
 #include "ui/parts/DialogParts.h"
@@ -188,8 +189,8 @@ void StatisticsPage::Analyze() {
     const int run = ++runs;
     analysis = {};
     if (!CanAnalyzeGame(engine.payTable)) return;
-    analysis = std::jthread([this, run, of = engine.payTable, known = expected,
-                             history = engine.creditHistory](const std::stop_token& stop) {
+    analysis = StartThread([this, run, of = engine.payTable, known = expected,
+                            history = engine.creditHistory](const std::stop_token& stop) {
         const auto goesOn = [&stop] { return !stop.stop_requested(); };
         LineTableCache tables;
         const auto found = known ? known : AnalyzePlay(of, tables, goesOn);

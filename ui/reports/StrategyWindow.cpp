@@ -85,10 +85,7 @@ QLayout* StrategyWindow::MakeLength() {
     length->setPageStep(kLengthPage);
     length->setMinimumWidth(WidthOf(*length, 16));
     connect(length, &QSlider::valueChanged, this, [this](int rows) { ChooseLength(rows); });
-    price = new QLabel(this);
-    price->setObjectName("price");
-    price->setTextFormat(Qt::PlainText);
-    price->setWordWrap(true);
+    price = MakeWords("price");
     auto* row = new QHBoxLayout;
     row->addWidget(Caption(tr("&Lines"), length));
     row->addWidget(length, 1);
@@ -132,10 +129,7 @@ QWidget* StrategyWindow::MakeExceptions() {
 }
 
 QLayout* StrategyWindow::MakeRunLine() {
-    state = new QLabel(this);
-    state->setObjectName("state");
-    state->setTextFormat(Qt::PlainText);
-    state->setWordWrap(true);
+    state = MakeWords("state");
     bar = new QProgressBar(this);
     bar->setObjectName("progress");
     bar->setAccessibleName(tr("Percent done"));
