@@ -1,6 +1,6 @@
-// Where sessions end when cash back is paid for the hands that were played: who has won the same
-// after more hands has more. The chances are kept by the whole units and by the fraction of a unit
-// that the cash back adds to them, so none of them is spread or averaged.
+// Where sessions end. Cash back is paid for the hands that were played, so who has won the same
+// after more of them has more: the chances are kept by whole units and by the fraction of a unit
+// that the cash back adds to them.
 #pragma once
 #include <cstdint>
 #include <map>

@@ -193,8 +193,29 @@ TEST(SessionLawTest, CashBackOnAFineLatticeMovesNoResultThatIsShown) {
     const SessionLaw without = Session(Jacks(), {20'000, 100});
     const double played = without.expected / Jacks().Mean();
     EXPECT_NEAR(with.expected - without.expected, played * 0.00456, 1e-9) << "Wald";
+    // Whoever is broke after just 12,501 hands is even.
+    const SessionLaw even = Session(Jacks(), {20'000, 100, std::nullopt, 100.0 / 12'501});
+    EXPECT_GT(times->brokeAt[12'501], 1e-6);
+    EXPECT_NEAR(even.even, times->brokeAt[12'501], 1e-12);
     EXPECT_NEAR(Session(Jacks(), {1000, std::nullopt, std::nullopt, 0.01}).Quantile(0.5), -15,
                 1e-9);
+}
+
+// By transforms, which 20 lines are followed with. Wald: what is won and what cash back brings are
+// in proportion to the deals that are played.
+TEST(SessionLawTest, ManyLinesAreFollowedToTheirGoal) {
+    LineTableCache tables;
+    const GainLaw law =
+        FindDealLaw(JacksOrBetter(), kFullBet, 20, tables, kGoOn).value_or(DealLaw()).gains;
+    ASSERT_GT(law.outcomes.size(), 3000U);
+    const SessionLaw without = Session(law, {50, 200, 1000});
+    const SessionLaw with = Session(law, {50, 200, 1000, 0.01});
+    EXPECT_NEAR(SumOf(without), 1, 1e-11);
+    EXPECT_GT(without.goal, 0.01);
+    EXPECT_GT(without.broke, 0.1);
+    EXPECT_NEAR((with.expected - without.expected) / 0.2 * law.Mean(), without.expected, 1e-8);
+    EXPECT_LT(without.Quantile(1 - without.goal - 1e-9), 800);
+    EXPECT_GE(without.Quantile(1 - without.goal + 1e-9), 800);
 }
 
 // A line is not seen in the courses that remain when the hands that end in it are taken out.
