@@ -1,6 +1,11 @@
+#include <algorithm>
+#include <cmath>
+
 #include "core/odds/Walk.h"
 
 namespace {
+
+constexpr double kRounding = 1e-9;  // of amounts, bets
 
 // The faster way for gains that fall by more than one, where it is not too much.
 WalkAnswer FollowMoney(const GainLaw& law, const Course& course, EndMasses& goals,
@@ -13,6 +18,23 @@ WalkAnswer FollowMoney(const GainLaw& law, const Course& course, EndMasses& goal
 }
 
 }  // namespace
+
+std::optional<Course> CourseOf(const GainLaw& law, const SessionWish& wish) {
+    // More than all hands take is never needed.
+    const double most = static_cast<double>(wish.hands + 1) * static_cast<double>(law.stake);
+    Course course{static_cast<std::int64_t>(most), std::nullopt, wish.hands};
+    if (!wish.bankroll) return course;
+    const double money = *wish.bankroll;
+    const double levels = std::floor(money / law.unit + kRounding);
+    if (levels < static_cast<double>(law.stake)) return std::nullopt;
+    if (wish.goal && *wish.goal <= money + kRounding) return std::nullopt;
+    course.level = static_cast<std::int64_t>(std::min(levels, most));
+    if (wish.goal && *wish.goal - money < static_cast<double>(kMostPlaces) * law.unit) {
+        const double above = std::ceil((*wish.goal - money) / law.unit - kRounding);
+        course.goal = course.level + static_cast<std::int64_t>(std::max(above, 1.0));
+    }
+    return course;
+}
 
 std::optional<std::vector<double>> ChancesToEnd(const GainLaw& law, const Course& course,
                                                 const GoesOn& goesOn) {

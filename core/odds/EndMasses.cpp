@@ -63,7 +63,7 @@ void EndMasses::Add(std::int64_t hands, std::int64_t first, std::span<const doub
     }
 }
 
-std::vector<SessionLaw::Result> EndMasses::Results(double unit) const {
+std::vector<EndMasses::End> EndMasses::Ends(double unit) const {
     std::vector<const Fraction*> rising;
     std::set<std::int64_t> numbers;
     std::size_t count = 0;
@@ -76,7 +76,7 @@ std::vector<SessionLaw::Result> EndMasses::Results(double unit) const {
         }
     }
     std::ranges::sort(rising, {}, &Fraction::Mean);
-    std::vector<SessionLaw::Result> results;
+    std::vector<End> results;
     results.reserve(count);
     for (const std::int64_t number : numbers) {
         std::vector<std::pair<double, const Block*>> here;

@@ -7,10 +7,13 @@
 #include <span>
 #include <vector>
 
-#include "core/odds/SessionLaw.h"
-
 class EndMasses {
   public:
+    struct End {
+        double bets = 0;  // won, less those lost; cash back is in it
+        double probability = 0;
+    };
+
     // Of so many units of cash back for each hand, in sessions of at most so many hands that end
     // with about so many different amounts. The fractions are told apart exactly as long as there
     // are no more of them than there are places for: 8,192, fewer from 1,024 amounts on, and 64 at
@@ -25,7 +28,7 @@ class EndMasses {
     bool HasCashBack() const { return cashBack > 0; }
 
     // All that have a chance to speak of, rising, at so many bets a unit.
-    std::vector<SessionLaw::Result> Results(double unit) const;
+    std::vector<End> Ends(double unit) const;
 
   private:
     static constexpr std::int64_t kBlock = 64;  // whole units side by side

@@ -55,7 +55,7 @@ void AddBroke(const WalkEnd& end, const GainLaw& law, std::int64_t level, EndMas
 
 SessionLaw LawOf(const EndMasses& ends, double unit) {
     SessionLaw law;
-    law.results = ends.Results(unit);
+    law.results = ends.Ends(unit);
     for (const auto& [bets, probability] : law.results) {
         law.expected += probability * bets;
         if (bets > kRounding) law.ahead += probability;
@@ -79,23 +79,6 @@ SessionAnswer NothingPlayed(bool broke, bool atGoal) {
 }
 
 }  // namespace
-
-std::optional<Course> CourseOf(const GainLaw& law, const SessionWish& wish) {
-    // More than all hands take is never needed.
-    const double most = static_cast<double>(wish.hands + 1) * static_cast<double>(law.stake);
-    Course course{static_cast<std::int64_t>(most), std::nullopt, wish.hands};
-    if (!wish.bankroll) return course;
-    const double money = *wish.bankroll;
-    const double levels = std::floor(money / law.unit + kRounding);
-    if (levels < static_cast<double>(law.stake)) return std::nullopt;
-    if (wish.goal && *wish.goal <= money + kRounding) return std::nullopt;
-    course.level = static_cast<std::int64_t>(std::min(levels, most));
-    if (wish.goal && *wish.goal - money < static_cast<double>(kMostPlaces) * law.unit) {
-        const double above = std::ceil((*wish.goal - money) / law.unit - kRounding);
-        course.goal = course.level + static_cast<std::int64_t>(std::max(above, 1.0));
-    }
-    return course;
-}
 
 double SessionLaw::Quantile(double share) const {
     double sum = 0;

@@ -1,32 +1,18 @@
 // The exact law of what a session brings: so many hands, or deals of many lines, played with the
 // best holds, all of them or until the money is gone or a goal is reached.
 #pragma once
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "core/odds/EndMasses.h"
 #include "core/odds/GainLaw.h"
+#include "core/odds/SessionWish.h"
 
 // Money is in bets of one line.
-struct SessionWish {
-    static constexpr std::int64_t kMostHands = 10'000'000;
-
-    std::int64_t hands = 0;            // 0..kMostHands
-    std::optional<double> bankroll{};  // brought, from 0 on; without one there is always more
-    std::optional<double> goal{};      // to stop at, of all the money; wants a bankroll
-    // 0..1 of what is bet. It is paid when the session has ended, so nothing of it is bet again.
-    double cashBack = 0;
-
-    bool operator==(const SessionWish&) const = default;
-};
-
 struct SessionLaw {
-    struct Result {
-        double bets = 0;  // won, less those lost; cash back is in it
-        double probability = 0;
-    };
+    using Result = EndMasses::End;
     std::vector<Result> results;  // they rise
     double ahead = 0;             // the chance to have won
     double even = 0;              // neither won nor lost

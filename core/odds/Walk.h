@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/odds/EndMasses.h"
-#include "core/odds/SessionLaw.h"
+#include "core/odds/SessionWish.h"
 #include "core/odds/SumLaw.h"
 
 struct WalkEnd {

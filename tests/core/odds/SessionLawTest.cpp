@@ -254,6 +254,7 @@ TEST(SessionLawTest, LinesAreSeenAsLongAsTheMoneyLasts) {
     const DealLaw jacks = deal(1);
     EXPECT_EQ(chances(jacks, {100'000, 0.5}).atLeastOnce[8], 0) << "no hand is played";
     EXPECT_NEAR(chances(jacks, {1000}).atLeastOnce[0], jacks.AtLeastOnce(0, 1000), 1e-14);
+    EXPECT_NEAR(chances(jacks, {300, 299}).atLeastOnce[8], 1, 1e-14) << "soon seen";
     EXPECT_FALSE(FindLineChances(jacks, {1000, 50}, [] { return false; }));
     EXPECT_TRUE(chances(deal(3), {1000, 50}).areOfAllDeals);
     EXPECT_FALSE(chances(deal(3), {1000}).areOfAllDeals);
