@@ -7,15 +7,10 @@
 #include <numeric>
 #include <random>
 
+#include "tests/Sanitized.h"
 #include "tests/core/TestGames.h"
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kSlow = true;  // every hand of a deck would take minutes
-#else
-constexpr bool kSlow = false;
-#endif
 
 GameTotals Analyze(const PayTable& table, double coin = 1,
                    const GameAnalysisWatcher& watcher = {}) {
@@ -48,7 +43,7 @@ double SumOfReturns(const PayTable& table) {
 }
 
 TEST(GameAnalysisTest, TheReturnIsThatOfEveryHandDealt) {
-    if (kSlow) GTEST_SKIP() << "takes minutes under sanitizers";
+    if (kSanitized) GTEST_SKIP() << "takes minutes under sanitizers";
     // Flushes that pay more than quads, so that hands of three or four of a kind are broken up.
     PayTable flushJokers = JokerPoker(1);
     flushJokers.lines = {Wild(kFlush, 500), Wild(kFiveOfAKind, 3), Wild(kFourOfAKind, 2)};
@@ -99,7 +94,7 @@ SortedFaces ClassOf(const Hand& cards) {
 // The analysis knows every hand by its class; dealing all 120 orders of a hand one by one must come
 // to the same.
 TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
-    if (kSlow) GTEST_SKIP() << "takes a minute under sanitizers";
+    if (kSanitized) GTEST_SKIP() << "takes a minute under sanitizers";
     PayTable plain = JacksOrBetter();
     plain.type = GameType::kAcesBonus;
     plain = WithLine(plain, Natural(kFourAcesInOrder, 800), 1);
@@ -117,7 +112,7 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
         };
         Analyze(table, 1, watcher);
         const LineTables tables(table);
-        for (int i = 0; i < (kSlow ? 200 : 3000); ++i) {
+        for (int i = 0; i < (kSanitized ? 200 : 3000); ++i) {
             // Of every five hands, one has at least four aces, one three, and so on.
             std::array<int, 52> deck;
             std::iota(deck.begin(), deck.end(), 0);
@@ -136,7 +131,7 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
 }
 
 TEST(GameAnalysisTest, OneEyedJacksCanBePlayedHandByHand) {
-    if (kSlow) GTEST_SKIP() << "takes a minute under sanitizers";
+    if (kSanitized) GTEST_SKIP() << "takes a minute under sanitizers";
     std::int64_t hands = 0;
     GameAnalysisWatcher watcher;
     watcher.hand = [&hands](const PlayedHand& hand) { hands += hand.weight == 1 ? 1 : 0; };
