@@ -46,22 +46,28 @@ class BankrollWindow : public BesideWindow {
     template <typename Box>
     Box* AddField(QGridLayout& grid, int row, int column, const QString& caption, const char* name,
                   double most, double start);
+    int UsualHands() const;
     BankrollQuestion Question() const;
     void Ask();
     void Reckon();
     void Take(int run, const std::optional<BankrollAnswer>& found);
     void ShowAnswer();
+    void ShowWords(QLabel& label, std::string words);
     void ShowSession(double betDollars);
     void ShowLongRun(double betDollars);
+    void ShowRisks(const ReportTable& risks);
     void ShowLuck();
+    QString GameAtTheMachine() const;
     void NameFiles();
     std::optional<double> OwnGain() const;
 
     const GameEngine& engine;
     BankrollQuestion asked;  // last
+    QString askedGame;       // with its table
     BankrollAnswer answer;   // to asked, once it is shown
     QTabWidget* tabs;
     QSpinBox* hands = nullptr;
+    int startHands = 0;  // that the window has put there
     QDoubleSpinBox* hours = nullptr;
     QSpinBox* rate = nullptr;  // hands an hour
     QSpinBox* lines = nullptr;

@@ -62,12 +62,6 @@ void Widen(ColumnWidths& widths, const QFontMetrics& font, const QList<std::stri
     }
 }
 
-// All of a table that what is expected of it depends on, and more.
-PayTable Pays(PayTable table) {
-    for (PayLine& line : table.lines) line.sessionWins = line.totalWins = 0;
-    return table;
-}
-
 }  // namespace
 
 StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
@@ -100,7 +94,7 @@ StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
 
 // What needs other objects is left out: they may go before this page.
 void StatisticsPage::Take(const GameEngine& from) {
-    if (Pays(from.payTable) != Pays(engine.payTable)) expected.reset();
+    if (WithoutWins(from.payTable) != WithoutWins(engine.payTable)) expected.reset();
     band.clear();
     engine = from;
     engine.lineTables = nullptr;
