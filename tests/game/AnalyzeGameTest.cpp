@@ -112,7 +112,8 @@ TEST_F(AnalyzeGameTest, ACancelledRunEndsSoonWithFilesAndFiguresThatAreMarkedAsA
     ports.progressSteps = 1;
     Command(1);
     const std::string detail = machine.folder.Read("Jacks or Better(0) Detail partial.txt");
-    EXPECT_EQ(std::ranges::count(detail, '\n'), 128 + 1) << "two looks at the player";
+    EXPECT_EQ(std::ranges::count(detail, '\n'), 940 + 1)
+        << "those of 128 sets of ranks: two looks at the player";
     EXPECT_EQ(detail.back(), '\n');
     EXPECT_EQ(machine.folder.Read("Jacks or Better(0) Detail.txt"), "whole");
     EXPECT_EQ(machine.folder.FileCount(), 5) << "with the cache, the game file and the summary";
@@ -164,7 +165,7 @@ TEST_F(AnalyzeGameTest, APartIsToldWhereItLies) {
     const std::string part = "else/Jacks or Better(0) Detail partial.txt";
     EXPECT_EQ(ports.lastFiles.at(0).path, machine.folder.Path(part));
     EXPECT_EQ(ports.lastFiles.at(0).problem, "");
-    EXPECT_EQ(std::ranges::count(machine.folder.Read(part), '\n'), 128 + 1);
+    EXPECT_EQ(std::ranges::count(machine.folder.Read(part), '\n'), 940 + 1);
     ports.progressSteps = 1;
     Command(1);
     EXPECT_EQ(ports.lastFiles.at(0).problem, "") << "again";
