@@ -258,6 +258,49 @@ Board::Change Board::GuessInsertion(const Looks& looks) const {
     return BestPlace(bySlot);
 }
 
+std::optional<Board::Overlaps> Board::OverlapsOf(const Looks& looks, std::size_t most) {
+    std::vector<Entry> again;
+    for (const std::uint32_t look : looks) {
+        for (std::uint32_t i = lookStarts[look]; i < lookStarts[look + 1]; ++i) {
+            float& first = scratch[byLook[i].at];
+            if (first != kFree) again.push_back(byLook[i]);
+            if (first == kFree) first = byLook[i].cost;
+        }
+    }
+    std::optional<Overlaps> overlaps;
+    if (again.size() <= most) {
+        overlaps.emplace();
+        std::ranges::sort(again, {}, &Entry::at);
+        for (std::size_t i = 0; i < again.size();) {
+            const std::uint32_t hand = again[i].at;
+            float worst = scratch[hand];
+            Overlap overlap{hand, 0, -InUnits(worst)};
+            for (; i < again.size() && again[i].at == hand; ++i, ++overlap.more) {
+                worst = std::max(worst, again[i].cost);
+                overlap.excess -= InUnits(again[i].cost);
+            }
+            overlap.excess += InUnits(worst);
+            overlaps->push_back(overlap);
+        }
+    }
+    for (const std::uint32_t look : looks) {
+        for (std::uint32_t i = lookStarts[look]; i < lookStarts[look + 1]; ++i) {
+            scratch[byLook[i].at] = kFree;
+        }
+    }
+    return overlaps;
+}
+
+Board::Change Board::BestInsertion(const Looks& looks, const Overlaps& overlaps) const {
+    std::array<Whole, kMostRows> bySlot{};
+    AddUp(looks, sums.data(), slots, bySlot);
+    for (const auto& [hand, more, excess] : overlaps) {
+        const Decision& decision = decisions[hand];
+        bySlot[decision.slot] += excess + static_cast<Whole>(more) * InUnits(decision.cost);
+    }
+    return BestPlace(bySlot);
+}
+
 void Board::WeighLooks() {
     hopes.assign(index.Count(), 0);
     for (std::size_t look = 0; look < hopes.size(); ++look) {

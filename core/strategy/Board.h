@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -57,6 +58,19 @@ class Board {
     // The best place for a row. The last row has to stay the last, and to fit all hands.
     Change BestInsertion(const Looks& looks);
     Change GuessInsertion(const Looks& looks) const;
+
+    // The hands that several of the looks fit, and what a guess is mistaken by there: they stay the
+    // same whatever the list is. Nothing when there are more than so many.
+    struct Overlap {
+        std::uint32_t hand = 0;
+        std::uint32_t more = 0;   // looks than one
+        std::int64_t excess = 0;  // of the worst look's cost over the sum of all, in units
+    };
+    using Overlaps = std::vector<Overlap>;
+    std::optional<Overlaps> OverlapsOf(const Looks& looks, std::size_t most);
+
+    // The same as without overlaps, where these are known.
+    Change BestInsertion(const Looks& looks, const Overlaps& overlaps) const;
 
     // What a look would gain by itself, by place.
     void GainsOf(std::uint32_t look, std::span<double> byPlace) const {

@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kNoGain = RowList::kNoGain;
 constexpr double kCoarse = 0.005;  // percent: a chart that loses less has to be fine
+constexpr double kHopeless = 5;    // percent: of a first list that was cut off
 constexpr std::size_t kMostSweeps = 6;
 constexpr std::size_t kDropsTried = 12;    // rows that are missed least
 constexpr std::size_t kDropsPolished = 4;  // of the lists that are left without one of them
@@ -60,7 +61,7 @@ class Searcher {
             limit = done + each;
             const std::size_t all = wish.penalties ? kMostSumsWithPenalties : kMostSums;
             mostSums = list.Sums() + (all - std::min(list.Sums(), all)) / (tolerances.size() - i);
-            Start(tolerances[i]);
+            if (!Start(tolerances[i])) continue;
             Lengthen();
             Deepen();
             Exchange();
@@ -140,17 +141,28 @@ class Searcher {
         if (!best || IsBetter(found, *best)) best = std::move(found);
     }
 
-    // The first candidate is to discard everything: the last row of every list.
-    void Start(double tolerance) {
+    // The first candidate is to discard everything: the last row of every list. Where a list from
+    // the top says too little in as many rows as the board has, one that grows from nothing is the
+    // better beginning, with all the work to itself; false when that was done.
+    bool Start(double tolerance) {
         Rows first = board.FirstList(candidates, tolerance);
         std::erase(first, 0U);
         first.push_back(0);
+        const bool cutOff = first.size() >= Board::kMostRows;
         list.Lay(first);
         list.Tidy();
+        if (cutOff && !wish.penalties && board.Loss() > kHopeless && (!best || fromNothing)) {
+            if (fromNothing) return false;
+            fromNothing = true;
+            mostSums = list.Sums() + kMostSums;
+            limit = 1;
+            list.Lay({0U});
+        }
         if (IsTooLong()) list.Trim(wish.mostRows * kTrimmedParts / kAllParts);
         list.Lay(Rows(list.Get()));  // the board is the faster the fewer places were ever taken
         Note();
         polished = false;
+        return true;
     }
 
     // Takes each row out and puts the best one in. False when nothing changed. A row that was tried
@@ -161,7 +173,7 @@ class Searcher {
             const std::uint32_t old = list.Get()[row];
             if (std::ranges::find(tried, old) != tried.end()) continue;
             list.Remove(row);
-            const auto back = board.BestInsertion(candidates[old].looks);
+            const auto back = list.BestPlace(old);
             const RowList::Pick pick = list.BestRow(-back.loss);
             const double gain = back.loss - pick.change.loss;
             if (pick.candidate != kNone &&
@@ -322,7 +334,8 @@ class Searcher {
     const ListFound& told;
     bool stopped = false;
     std::size_t mostSums = kMostSums;
-    bool polished = false;  // nothing was dropped since
+    bool fromNothing = false;  // a list has grown
+    bool polished = false;     // nothing was dropped since
     double done = 0;
     double limit = kReadingPart;  // of done, in the part at work
     Board board;
