@@ -16,18 +16,18 @@ constexpr std::uint32_t kHandsBetweenQuestions = 4096;
 
 }  // namespace
 
-Board::Board(const StartingHands& hands, const Terms& terms, LookAt at,
-             const std::function<bool()>& goOn) {
+Board::Board(const StartingHands& hands, const Terms& terms, LookAt at, const Progress& goOn) {
     if (!ReadHands(hands, terms, at, goOn)) return;
     decisions.resize(shares.size());
     scratch.assign(shares.size(), kFree);
 }
 
 bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
-                      const std::function<bool()>& goOn) {
+                      const Progress& goOn) {
     const double percent = 100 / (static_cast<double>(hands.Count()) *
                                   static_cast<double>(hands.PartsOfCoin()) * kFullBet);
     HandLooks looks;
+    std::int64_t read = 0;
     double most = 1;  // percent that any sum may come to
     handStarts.push_back(0);
     const bool all = hands.ForEach([&](const StartingHand& hand) {
@@ -52,7 +52,9 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
         handStarts.push_back(static_cast<std::uint32_t>(byHand.size()));
         shares.push_back(static_cast<float>(static_cast<double>(hand.weight) /
                                             static_cast<double>(hands.Count())));
-        return shares.size() % kHandsBetweenQuestions != 0 || goOn();
+        read += hand.weight;
+        return shares.size() % kHandsBetweenQuestions != 0 ||
+               goOn(static_cast<double>(read) / static_cast<double>(hands.Count()));
     });
     units = std::exp2(kBitsOfSums - std::ceil(std::log2(most)));
     return all;

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "core/strategy/Candidates.h"
+#include "core/strategy/Grade.h"
 #include "core/strategy/LookIndex.h"
 #include "core/strategy/StartingHands.h"
 
@@ -29,9 +30,9 @@ class Board {
         std::size_t place = 0;  // the row comes to stand there
     };
 
-    // Reads the hands; without all of them when the progress says so, and then it is of no use.
-    Board(const StartingHands& hands, const Terms& terms, LookAt at,
-          const std::function<bool()>& goOn);
+    // Reads the hands, and tells what share of them it has; without all of them when the progress
+    // says so, and then it is of no use.
+    Board(const StartingHands& hands, const Terms& terms, LookAt at, const Progress& goOn);
 
     const LookIndex& Index() const { return index; }
 
@@ -114,8 +115,7 @@ class Board {
         bool used = false;
     };
 
-    bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
-                   const std::function<bool()>& goOn);
+    bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at, const Progress& goOn);
     std::vector<Entry> Cover(const Looks& looks);
     Change BestPlace(const std::array<Whole, kMostRows>& bySlot) const;
     void Decide(std::uint32_t hand, Decision decision);

@@ -29,7 +29,8 @@ constexpr std::size_t kMostSums = 300'000'000;
 constexpr std::size_t kMostSumsWithPenalties = 700'000'000;
 
 // The parts of the work by which its progress is told.
-constexpr double kReadingPart = 0.1;
+constexpr double kReadingPart = 0.15;
+constexpr double kMostTold = 0.99;  // of a part that is not over
 constexpr double kStepTowardsLimit = 0.005;
 
 class Searcher {
@@ -42,7 +43,7 @@ class Searcher {
           progress(progress),
           told(told),
           board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
-                [this] { return TellProgress(); }) {
+                [this](double share) { return Tell(kReadingPart * share); }) {
         result.chart = {Row()};
         if (stopped) return;
         holds = MakeWordedHolds(terms, table, board.Index(), {wish.penalties});
@@ -57,9 +58,10 @@ class Searcher {
         const std::vector<double> tolerances = Tolerances();
         for (std::size_t i = 0; i < tolerances.size() && !stopped; ++i) {
             const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
-            done = kReadingPart + each * static_cast<double>(i);
-            limit = done + each;
+            begin = kReadingPart + each * static_cast<double>(i);
+            limit = begin + each;
             const std::size_t all = wish.penalties ? kMostSumsWithPenalties : kMostSums;
+            firstSums = list.Sums();
             mostSums = list.Sums() + (all - std::min(list.Sums(), all)) / (tolerances.size() - i);
             if (!Start(tolerances[i])) continue;
             Lengthen();
@@ -77,12 +79,21 @@ class Searcher {
   private:
     using Rows = RowList::Rows;
 
-    // False when it shall go no further.
-    bool TellProgress() {
-        // How long the search goes on is not known: each step comes nearer to the end of its part.
-        done += (limit - done) * kStepTowardsLimit;
+    // False when it shall go no further. What was told is never taken back.
+    bool Tell(double share) {
+        done = std::max(done, share);
         if (!stopped && progress && !progress(done)) stopped = true;
         return !stopped;
+    }
+
+    // A part ends when its sums are used up, or earlier: how much so is not known, so that each
+    // step comes nearer to the end as well.
+    bool TellProgress() {
+        const double sums = static_cast<double>(list.Sums() - firstSums) /
+                            static_cast<double>(std::max(mostSums - firstSums, std::size_t{1}));
+        const double from = std::max(done, begin);
+        return Tell(std::max(from + (limit - from) * kStepTowardsLimit,
+                             begin + (limit - begin) * std::min(sums, kMostTold)));
     }
 
     bool GoOn() { return TellProgress() && list.Sums() < mostSums; }
@@ -333,11 +344,13 @@ class Searcher {
     const Progress& progress;
     const ListFound& told;
     bool stopped = false;
+    std::size_t firstSums = 0;  // when the part began
     std::size_t mostSums = kMostSums;
     bool fromNothing = false;  // a list has grown
     bool polished = false;     // nothing was dropped since
     double done = 0;
-    double limit = kReadingPart;  // of done, in the part at work
+    double begin = 0;             // of the part at work
+    double limit = kReadingPart;  // likewise its end
     Board board;
     std::vector<WordedHold> holds;
     std::optional<RowFinder> finder;

@@ -64,7 +64,15 @@ PayTable NaturalJokers() {
 TEST(SearchTest, TheStandardChartOfJacksOrBetterIsShort) {
     if (kSanitized) GTEST_SKIP() << "takes minutes";
     const Game game(JacksOrBetter());
-    const SearchResult found = game.Find(kStandardChart);
+    std::vector<double> told;
+    const SearchResult found = game.Find(kStandardChart, [&told](double done) {
+        told.push_back(done);
+        return true;
+    });
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_GT(told[15], 0.05) << "while half of the hands are read";
+    EXPECT_GT(told.back(), 0.8);
+    EXPECT_LT(told.back(), 1);
     EXPECT_LE(found.chart.size(), 22U);
     const ChartGrade grade = game.Grade(found.chart);
     EXPECT_EQ(PercentText(grade.worst, grade.Bet(), 6), "99.536052");
