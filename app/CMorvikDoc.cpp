@@ -1,7 +1,6 @@
 #include "app/CMorvikDoc.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QFileInfo>
 #include <algorithm>
 #include <utility>
@@ -21,6 +20,7 @@
 #include "game/session/StartAndStop.h"
 #include "ui/machine/Commands.h"
 #include "ui/machine/SceneSounds.h"
+#include "ui/parts/DialogParts.h"
 #include "ui/reports/HandPage.h"
 
 namespace {
@@ -140,11 +140,13 @@ QString CMorvikDoc::WaitingNote() const {
 // Nothing is deleted yet: what was begun in one of the windows may be waiting further up the stack.
 void CMorvikDoc::CloseReports() {
     aside.CloseAll();
-    if (allGames) allGames->hide();
-    if (strategy) strategy->hide();
-    if (compare) compare->hide();
-    if (meter) meter->hide();
-    if (bankroll) bankroll->hide();
+    for (BesideWindow* window : Beside()) {
+        if (window) window->hide();
+    }
+}
+
+std::array<BesideWindow*, 5> CMorvikDoc::Beside() const {
+    return {allGames.get(), strategy.get(), compare.get(), meter.get(), bankroll.get()};
 }
 
 void CMorvikDoc::ShowAllGames() {
@@ -226,10 +228,8 @@ void CMorvikDoc::RunAs(int command, const std::function<void()>& action) {
 void CMorvikDoc::RefuseQuestions() {
     player.RefuseAll();
     aside.RefuseQuestions();  // one may have come up in a pause of the flow that is to end
-    for (const QWidget* window :
-         {static_cast<QWidget*>(allGames.get()), static_cast<QWidget*>(strategy.get())}) {
-        if (!window) continue;
-        for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
+    for (BesideWindow* window : Beside()) {
+        if (window) RefuseDialogsOver(*window);
     }
 }
 

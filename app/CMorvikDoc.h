@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 #include <QWidget>
+#include <array>
 
 #include "app/CommandTable.h"
 #include "app/DesktopSettings.h"
@@ -18,9 +19,9 @@
 #include "ui/reports/AllGamesWindow.h"
 #include "ui/reports/AsideWindows.h"
 #include "ui/reports/BankrollWindow.h"
-#include "ui/reports/StrategyWindow.h"
 #include "ui/reports/CompareWindow.h"
 #include "ui/reports/MeterWindow.h"
+#include "ui/reports/StrategyWindow.h"
 
 class PictureStore;
 class ProfileFile;
@@ -80,12 +81,12 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     // The one in use, in full.
     QString GameFile() const { return QString::fromStdString(files.gamePath); }
 
-    // For a window that closes: every question that is open or comes later is refused, until they
-    // are to be answered again.
+    // For a window that closes: every question that is open is refused, those of the windows beside
+    // it too, and so is what the machine asks later, until its questions are to be answered again.
     void RefuseQuestions();
     void AnswerQuestions();
 
-    // With the machine's window go the reports that were put aside.
+    // With the machine's window go the others.
     void CloseReports();
 
     Seat& PlayersSeat() { return seat; }
@@ -102,6 +103,7 @@ class CMorvikDoc : public QObject, private SeatDisplay {
     void Show(const Scene& scene) override;
     void Relayout() override { emit PayTableChanged(); }
     void Dispatch(int command);
+    std::array<BesideWindow*, 5> Beside() const;  // nullptr: not opened yet
     void ShowAllGames();
     void ShowStrategy();
     template <typename Window>

@@ -71,6 +71,7 @@ class AnalyzeRun {
         if (options.sensitivity && !report.totals.cancelled) {
             report.sensitivities = LineSensitivities(tables, chosen.payTable, report.totals,
                                                      [this] { return !interrupt.Wanted(); });
+            if (interrupt.Wanted()) problems.push_back("cancelled: not every line was reckoned");
         }
         if (detail && !detail->Close()) {
             problems.push_back("the detail lines could not be written to " + QuotedPath(*path));
@@ -99,6 +100,11 @@ std::optional<Failure> CheckWish(const Options& options) {
     }
     if (!options.allGames && options.game.empty()) {
         return Failure{kWrongUse, "GAME is required, or --all; see \"tolvane-cli help analyze\""};
+    }
+    if (options.allGames && options.sensitivity && !options.json) {
+        return Failure{kWrongUse,
+                       "--sensitivity beside --all needs --json: the table of all games has no "
+                       "room for their lines"};
     }
     if (options.cache && !options.pays.empty()) {
         return Failure{kWrongUse,

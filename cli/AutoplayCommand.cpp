@@ -1,6 +1,5 @@
 #include "cli/Commands.h"
 
-#include <CLI/CLI.hpp>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <numeric>
@@ -146,7 +145,8 @@ void AddArguments(CLI::App& parser, Options& options) {
     AddCsv(parser, options);
     AddHandsAndSeed(parser, options);
     AddBet(parser, options);
-    parser.footer(
+    AddNote(
+        parser,
         "Every hand is dealt from the whole deck and played with its best hold. Nothing is doubled "
         "up,\nno feature is played, and in the double-draw games no second draw is made.");
 }

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 
 #include "cli/Commands.h"
 #include "cli/CompareReport.h"

@@ -104,7 +104,7 @@ std::string SensitivityTable(const GameReport& report) {
         const LineSensitivity& sensitivity = report.sensitivities[i];
         text.AddRow({Shortened(report.chosen.payTable.lines[i].description, kLongestDescription),
                      sensitivity.known ? Percent("%.6f", sensitivity.gain) : "-"},
-                    {Percent("%.6f", sensitivity.slope)});
+                    {sensitivity.slope ? Percent("%.6f", *sensitivity.slope) : "-"});
     }
     return text.Text() + "\n";
 }
@@ -165,7 +165,7 @@ Json LineAsJson(const GameReport& report, std::size_t number) {
     if (!report.sensitivities.empty()) {
         const LineSensitivity& sensitivity = report.sensitivities[number];
         json["oneCoinMore"] = sensitivity.known ? Json(sensitivity.gain) : Json(nullptr);
-        json["slope"] = sensitivity.slope;
+        json["slope"] = sensitivity.slope ? Json(*sensitivity.slope) : Json(nullptr);
     }
     return json;
 }
@@ -258,7 +258,8 @@ std::string GameAsCsv(const GameReport& report) {
                  totals.lineVariance[i]};
         if (sensitive) {
             const LineSensitivity& more = report.sensitivities[i];
-            cells.insert(cells.end(), {more.known ? CsvCell(more.gain) : CsvCell(), more.slope});
+            cells.insert(cells.end(), {more.known ? CsvCell(more.gain) : CsvCell(),
+                                       more.slope ? CsvCell(*more.slope) : CsvCell()});
         }
         csv.AddRow(cells);
     }

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "cli/Commands.h"
@@ -16,9 +15,9 @@ void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
     AddCsv(parser, options);
     AddMeter(parser, options);
-    parser.footer(
-        "A meter is what the line pays for the full bet, in coins. Of several lines, each is\n"
-        "answered with the others at their meters; --at belongs to the lines in their order.");
+    AddNote(parser,
+            "A meter is what the line pays for the full bet, in coins. Of several lines, each is\n"
+            "answered with the others at their meters; --at belongs to the lines in their order.");
 }
 
 // The lines, with what they start from, and the pay table with all of them at their meters.

@@ -29,7 +29,7 @@ std::string EvenText(const MeterReport& meter) {
     std::string text = "The game is even at " + Coins(*meter.breakEven) + " coins, " +
                        FormatDecimals("%.2f", *meter.breakEven / kFullBet) + " bets";
     if (const auto hands = meter.HandsToBreakEven(); hands && *hands > 0) {
-        text += ": " + FormatDecimals("%.0f", *hands) + " hands from here, as the meter grows by " +
+        text += ": " + FormatCount(*hands) + " hands from here, as the meter grows by " +
                 NumberText(meter.rise) + "% of what is played";
     }
     return text + ".\n";
@@ -81,9 +81,7 @@ Json TurnsAsJson(const MeterReport& meter) {
 }
 
 Json MeterAsJson(const ChosenTable& chosen, const MeterReport& meter) {
-    const auto orNull = [](const std::optional<double>& number) {
-        return number ? Json(*number) : Json(nullptr);
-    };
+    const auto orNull = [](const auto& number) { return number ? Json(*number) : Json(nullptr); };
     Json json = {{"line", meter.line},
                  {"description", NameOf(chosen, meter)},
                  {"coins", meter.coins},
@@ -102,12 +100,14 @@ Json MeterAsJson(const ChosenTable& chosen, const MeterReport& meter) {
 
 }  // namespace
 
-double MeterReport::Last() const { return std::max(2.0 * start, static_cast<double>(coins)); }
+double MeterReport::Last() const { return LastMeter(start, coins); }
 
-std::optional<double> MeterReport::HandsToBreakEven() const {
+std::optional<std::int64_t> MeterReport::HandsToBreakEven() const {
     if (!breakEven) return std::nullopt;
     const double coinsByHand = rise / 100 * kFullBet;
-    return std::ceil(std::max(0.0, *breakEven - coins) / coinsByHand);
+    const double hands = std::ceil(std::max(0.0, *breakEven - coins) / coinsByHand);
+    if (hands >= 9e18) return std::nullopt;  // it grows by next to nothing
+    return static_cast<std::int64_t>(hands);
 }
 
 std::string MetersAsText(const ChosenTable& chosen, double coin,
@@ -127,6 +127,15 @@ std::string MetersAsJson(const ChosenTable& chosen, std::span<const MeterReport>
 }
 
 std::string MetersAsCsv(const ChosenTable& chosen, std::span<const MeterReport> meters) {
+    const auto cell = [](const auto& known) { return known ? CsvCell(*known) : CsvCell(); };
+    if (!meters.empty() && !meters.front().whyNoTurns.empty()) {
+        CsvTable table({"line", "description", "coins", "return", "breakEven", "handsToBreakEven"});
+        for (const MeterReport& meter : meters) {
+            table.AddRow({meter.line, NameOf(chosen, meter), meter.coins, meter.percent,
+                          cell(meter.breakEven), cell(meter.HandsToBreakEven())});
+        }
+        return table.Text();
+    }
     CsvTable table({"line", "description", "coins", "from", "to", "hands", "cost", "example"});
     for (const MeterReport& meter : meters) {
         for (const TurningPoint& point : meter.turningPoints) {

@@ -1,5 +1,6 @@
 // What there is to say of a growing jackpot, as it is printed.
 #pragma once
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,14 +22,13 @@ struct MeterReport {
     std::string whyNoTurns;  // as a sentence goes on behind the game; empty when there are some
     std::vector<TurningPoint> turningPoints;
 
-    // The turning points are those up to twice the jackpot, or up to the meter if that is higher.
-    double Last() const;
+    double Last() const;  // the turning points are those up to here
 
     // The meter for which it is said what ignoring them costs.
     double CostsAt() const { return asked ? coins : Last(); }
 
     // Until the meter is at the break-even; 0 when it is there, nothing when it never is.
-    std::optional<double> HandsToBreakEven() const;
+    std::optional<std::int64_t> HandsToBreakEven() const;
 };
 
 std::string MetersAsText(const ChosenTable& chosen, double coin,
@@ -37,7 +37,7 @@ std::string MetersAsText(const ChosenTable& chosen, double coin,
 // An object for one line, a list of them for several.
 std::string MetersAsJson(const ChosenTable& chosen, std::span<const MeterReport> meters);
 
-// A row for each turning point.
+// A row for each turning point; for each line where the game has none to tell.
 std::string MetersAsCsv(const ChosenTable& chosen, std::span<const MeterReport> meters);
 
 }  // namespace cli

@@ -32,94 +32,91 @@ int ReadWhole(const std::string& text, std::string& problem) {
     return 0;
 }
 
+// A number from the least to the most one; otherwise the problem says what to write.
+template <typename Number>
+Number ReadInRange(const std::string& text, Number least, Number most, const std::string& wanted,
+                   std::string& problem) {
+    const auto number = ReadNumber<Number>(text);
+    if (number && *number >= least && *number <= most) return *number;
+    problem = wanted;
+    return most;
+}
+
+// The least number above 0.
+constexpr double kAboveNothing = std::numeric_limits<double>::denorm_min();
+
 double ReadCoin(const std::string& text, std::string& problem) {
-    const auto coin = ReadNumber<double>(text);
-    if (coin && *coin > 0 && *coin <= kMaxCoin) return *coin;
-    problem = " is not a coin: write dollars, such as 0.25, above 0 and at most " +
-              std::to_string(static_cast<int>(kMaxCoin));
-    return 0;
+    return ReadInRange(text, kAboveNothing, kMaxCoin,
+                       " is not a coin: write dollars, such as 0.25, above 0 and at most " +
+                           std::to_string(static_cast<int>(kMaxCoin)),
+                       problem);
 }
 
 std::int32_t ReadHands(const std::string& text, std::string& problem) {
-    const auto hands = ReadNumber<std::int32_t>(text);
-    if (hands && *hands >= 1) return *hands;
-    problem = ": write how many hands to play, from 1 to 2147483647";
-    return 0;
+    return ReadInRange<std::int32_t>(text, 1, std::numeric_limits<std::int32_t>::max(),
+                                     ": write how many hands to play, from 1 to 2147483647",
+                                     problem);
 }
 
 std::uint32_t ReadSeed(const std::string& text, std::string& problem) {
-    const auto seed = ReadNumber<std::uint32_t>(text);
-    if (!seed) problem = ": write a whole number from 0 to 4294967295";
-    return seed.value_or(0);
+    return ReadInRange<std::uint32_t>(text, 0, std::numeric_limits<std::uint32_t>::max(),
+                                      ": write a whole number from 0 to 4294967295", problem);
 }
 
 int ReadLines(const std::string& text, std::string& problem) {
-    const auto lines = ReadNumber<int>(text);
-    if (lines && *lines >= 1 && *lines <= static_cast<int>(SearchWish::kMostRows)) return *lines;
-    problem = ": write how many lines the chart may have, from 1 to " +
-              std::to_string(SearchWish::kMostRows);
-    return 1;
+    constexpr int most = SearchWish::kMostRows;
+    return ReadInRange(
+        text, 1, most,
+        ": write how many lines the chart may have, from 1 to " + std::to_string(most), problem);
 }
 
 double ReadLoss(const std::string& text, std::string& problem) {
-    const auto loss = ReadNumber<double>(text);
-    if (loss && *loss >= 0 && *loss <= 100) return *loss;
-    problem = ": write what the chart may lose in percent of the bet, such as 0.01";
-    return 0;
+    return ReadInRange(text, 0.0, 100.0,
+                       ": write what the chart may lose in percent of the bet, such as 0.01",
+                       problem);
 }
 
 // One below the largest number, so that a coin more can be paid.
 int ReadMeter(const std::string& text, std::string& problem) {
     constexpr int most = std::numeric_limits<int>::max() - 1;
-    const auto coins = ReadNumber<int>(text);
-    if (coins && *coins >= 0 && *coins <= most) return *coins;
-    problem = ": write a whole number of coins from 0 to " + std::to_string(most);
-    return 0;
+    return ReadInRange(text, 0, most,
+                       ": write a whole number of coins from 0 to " + std::to_string(most),
+                       problem);
 }
 
 double ReadRise(const std::string& text, std::string& problem) {
-    const auto rise = ReadNumber<double>(text);
-    if (rise && *rise > 0 && *rise <= 100) return *rise;
-    problem = ": write what the meter grows by in percent of what is played, such as 1";
-    return 1;
+    return ReadInRange(text, kAboveNothing, 100.0,
+                       ": write what the meter grows by in percent of what is played, such as 1",
+                       problem);
 }
 
 std::int64_t ReadSessionHands(const std::string& text, std::string& problem) {
-    const auto hands = ReadNumber<std::int64_t>(text);
-    if (hands && *hands >= 0 && *hands <= SessionWish::kMostHands) return *hands;
-    problem = ": write how many hands the session has, from 0 to " +
-              std::to_string(SessionWish::kMostHands);
-    return 0;
+    constexpr std::int64_t most = SessionWish::kMostHands;
+    return ReadInRange<std::int64_t>(
+        text, 0, most, ": write how many hands the session has, from 0 to " + std::to_string(most),
+        problem);
 }
 
 int ReadLinesAtOnce(const std::string& text, std::string& problem) {
-    const auto lines = ReadNumber<int>(text);
-    if (lines && *lines >= 1 && *lines <= kMostLinesAtOnce) return *lines;
-    problem =
-        ": write how many lines are drawn at once, from 1 to " + std::to_string(kMostLinesAtOnce);
-    return 1;
+    return ReadInRange(
+        text, 1, kMostLinesAtOnce,
+        ": write how many lines are drawn at once, from 1 to " + std::to_string(kMostLinesAtOnce),
+        problem);
 }
 
 double ReadMoney(const std::string& text, std::string& problem) {
-    constexpr double kMostMoney = 1e12;
-    const auto money = ReadNumber<double>(text);
-    if (money && *money >= 0 && *money <= kMostMoney) return *money;
-    problem = ": write dollars, such as 200, from 0 to 1000000000000";
-    return 0;
+    return ReadInRange(text, 0.0, 1e12, ": write dollars, such as 200, from 0 to 1000000000000",
+                       problem);
 }
 
 double ReadCashBack(const std::string& text, std::string& problem) {
-    const auto percent = ReadNumber<double>(text);
-    if (percent && *percent >= 0 && *percent <= 100) return *percent;
-    problem = ": write percent of what is played, such as 0.25, from 0 to 100";
-    return 0;
+    return ReadInRange(text, 0.0, 100.0,
+                       ": write percent of what is played, such as 0.25, from 0 to 100", problem);
 }
 
 double ReadRisk(const std::string& text, std::string& problem) {
-    const auto risk = ReadNumber<double>(text);
-    if (risk && *risk > 0 && *risk <= 1) return *risk;
-    problem = ": write the chance of ruin, such as 0.05, above 0 and at most 1";
-    return 1;
+    return ReadInRange(text, kAboveNothing, 1.0,
+                       ": write the chance of ruin, such as 0.05, above 0 and at most 1", problem);
 }
 
 template <typename Read, typename Value>
@@ -152,6 +149,11 @@ void AddList(CLI::App& parser, const std::string& name, const std::string& type,
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+void AddLinesAtOnce(CLI::App& parser, Options& options) {
+    AddValue(parser, "--lines", "L", ReadLinesAtOnce, options.linesAtOnce,
+             "So many hands are drawn from each one dealt, with a bet on each (default 1)");
+}
+
 CLI::Option* AddOptionalGame(CLI::App& parser, Options& options) {
     AddList(parser, "--pay", "LINE=N", options.pays,
             "Let the line pay N a coin, or SINGLE:FULL as a table stores them; LINE is its\n"
@@ -161,6 +163,8 @@ CLI::Option* AddOptionalGame(CLI::App& parser, Options& options) {
 }
 
 }  // namespace
+
+void AddNote(CLI::App& parser, const std::string& note) { parser.footer(note); }
 
 void AddCommonOptions(CLI::App& parser, Options& options) {
     parser
@@ -277,8 +281,7 @@ void AddSession(CLI::App& parser, Options& options) {
              "Stop when there are so many dollars, those brought included");
     AddValue(parser, "--cashback", "C", ReadCashBack, options.cashBack,
              "Percent of what is played, paid when the session has ended");
-    AddValue(parser, "--lines", "L", ReadLinesAtOnce, options.linesAtOnce,
-             "So many hands are drawn from each one dealt, with a bet on each (default 1)");
+    AddLinesAtOnce(parser, options);
     AddBet(parser, options);
 }
 
@@ -289,6 +292,7 @@ void AddRuin(CLI::App& parser, Options& options) {
              "What is the risk to lose so many dollars?");
     AddValue(parser, "--risk", "R", ReadRisk, options.risk,
              "What money takes the chance of ruin down to this, such as 0.05?");
+    AddLinesAtOnce(parser, options);
     AddBet(parser, options);
 }
 

@@ -49,6 +49,9 @@ struct Options {
     bool noPenalties = false;  // a chart's rows ask nothing of the discards
 };
 
+// What the help says below the options.
+void AddNote(CLI::App& parser, const std::string& note);
+
 // The options of every command.
 void AddCommonOptions(CLI::App& parser, Options& options);
 

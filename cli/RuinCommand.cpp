@@ -1,28 +1,27 @@
-#include <CLI/CLI.hpp>
-#include <array>
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "cli/ChosenDeal.h"
 #include "cli/Commands.h"
 #include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
+#include "cli/Terminal.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
-#include "core/analysis/LineTableCache.h"
 #include "core/odds/Ruin.h"
 #include "core/text/Amount.h"
 #include "game/reports/BankrollTexts.h"
+#include "game/reports/LawBars.h"
 
 namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::array<double, 7> kRisks = {0.5, 0.2, 0.1, 0.05, 0.02, 0.01, 0.001};
-
 struct RuinReport {
     ChosenTable chosen;
     double coin = 1;  // dollars
+    int linesAtOnce = 1;
     LongRun run;
     double cashBack = 0;             // 0..1 of what is played
     std::optional<double> bankroll;  // bets; infinite where none will do
@@ -44,6 +43,7 @@ std::string AsJson(const RuinReport& report) {
                  {"table", report.chosen.place.tableIndex},
                  {"bet", report.chosen.bet},
                  {"coin", report.coin},
+                 {"linesAtOnce", report.linesAtOnce},
                  {"edge", run.edge},
                  {"bankroll", Number(report.bankroll)},
                  {"bankrollDollars", Number(InDollars(report, report.bankroll))},
@@ -51,7 +51,7 @@ std::string AsJson(const RuinReport& report) {
                  {"kelly", run.kelly},
                  {"kellyBankroll", run.KellyBankroll()},
                  {"bankrolls", Json::array()}};
-    for (const double risk : kRisks) {
+    for (const double risk : kUsualRisks) {
         const double bets = run.BankrollFor(risk);
         json["bankrolls"].push_back(
             {{"risk", risk}, {"bankroll", bets}, {"bankrollDollars", bets * report.BetDollars()}});
@@ -68,7 +68,7 @@ std::string AsCsv(const RuinReport& report) {
         table.AddRow({risk, "", ""});
     };
     if (report.bankroll && report.risk) add(*report.risk, *report.bankroll);
-    for (const double risk : kRisks) add(risk, report.run.BankrollFor(risk));
+    for (const double risk : kUsualRisks) add(risk, report.run.BankrollFor(risk));
     return table.Text();
 }
 
@@ -78,7 +78,10 @@ std::string AsText(const RuinReport& report) {
     const ChosenTable& chosen = report.chosen;
     const LongRun& run = report.run;
     std::string text =
-        Heading(chosen, chosen.bet, report.coin) + "\n\n" +
+        Heading(chosen, chosen.bet, report.coin) +
+        (report.linesAtOnce > 1 ? ", " + std::to_string(report.linesAtOnce) + " lines at once"
+                                : std::string()) +
+        "\n\n" +
         SentencesOnLines(RuinInWords(run, report.cashBack, report.bankroll, report.BetDollars())) +
         "\n";
     if (!run.RuinIsCertain()) {
@@ -92,7 +95,7 @@ std::string AsText(const RuinReport& report) {
             add(*report.risk, *report.bankroll);
             table.AddRow({"", "", ""}, {});
         }
-        for (const double risk : kRisks) add(risk, run.BankrollFor(risk));
+        for (const double risk : kUsualRisks) add(risk, run.BankrollFor(risk));
         text += "\n" + table.Text();
     }
     const std::string leftOut = LeftOutInWords(chosen.payTable);
@@ -103,9 +106,9 @@ void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
     AddCsv(parser, options);
     AddRuin(parser, options);
-    parser.footer(
-        "Every hand is played with its best hold, for ever; nothing is doubled up. Money is in "
-        "bets unless it\nsays dollars.");
+    AddNote(parser,
+            "Every hand is played with its best hold, for ever; nothing is doubled up. Money is in "
+            "bets unless it\nsays dollars.");
 }
 
 std::optional<Failure> RunRuin(const Options& options, std::string& output) {
@@ -114,17 +117,14 @@ std::optional<Failure> RunRuin(const Options& options, std::string& output) {
     }
     RuinReport report;
     report.coin = options.coin;
+    report.linesAtOnce = options.linesAtOnce;
     if (auto failure = ChooseTable(options, report.chosen)) return failure;
     const ChosenTable& chosen = report.chosen;
-    LineTableCache tables;
-    const auto hand = AnalyzeBet(chosen.payTable, chosen.bet, tables, [] { return true; });
-    if (!hand) {
-        return Failure{kFailed, "the law of a hand is not known for " +
-                                    Quoted(chosen.place.gameName) +
-                                    ": \"tolvane-cli hand\" analyses its hands"};
-    }
+    const Interrupt interrupt;
+    DealLaw deal;
+    if (auto failure = FindDeal(options, chosen, interrupt, deal)) return failure;
     report.cashBack = options.cashBack / 100;
-    report.run = FindLongRun(GainLawOf(*hand, chosen.payTable, chosen.bet), report.cashBack);
+    report.run = FindLongRun(deal.gains, report.cashBack);
     if (options.bankroll) {
         report.bankroll = *options.bankroll / report.BetDollars();
         report.risk = report.run.RiskOf(*report.bankroll);

@@ -1,35 +1,31 @@
-#include <CLI/CLI.hpp>
-#include <array>
 #include <nlohmann/json.hpp>
 
+#include "cli/ChosenDeal.h"
 #include "cli/Commands.h"
 #include "cli/CsvTable.h"
 #include "cli/TableChoice.h"
 #include "cli/Terminal.h"
 #include "cli/TextTable.h"
 #include "cli/Texts.h"
-#include "core/analysis/LineTableCache.h"
-#include "core/odds/DealLaw.h"
+#include "core/odds/LineChances.h"
 #include "core/text/Amount.h"
 #include "game/reports/BankrollTexts.h"
+#include "game/reports/LawBars.h"
 
 namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::array<int, 7> kQuantiles = {1, 5, 25, 50, 75, 95, 99};  // percent
-
 struct SessionReport {
     ChosenTable chosen;
     double coin = 1;  // dollars
-    int lines = 1;    // at once
-    DealLaw deal;
+    int linesAtOnce = 1;
     SessionWish wish;
     SessionLaw law;
+    LineChances lines;
 
     double BetDollars() const { return chosen.bet * coin; }
-    double AtLeastOnce(std::size_t line) const { return deal.AtLeastOnce(line, wish.hands); }
 };
 
 std::string AsJson(const SessionReport& report) {
@@ -38,7 +34,7 @@ std::string AsJson(const SessionReport& report) {
                  {"table", report.chosen.place.tableIndex},
                  {"bet", report.chosen.bet},
                  {"coin", report.coin},
-                 {"linesAtOnce", report.lines},
+                 {"linesAtOnce", report.linesAtOnce},
                  {"hands", report.wish.hands},
                  {"expected", law.expected},
                  {"deviation", law.deviation},
@@ -47,14 +43,15 @@ std::string AsJson(const SessionReport& report) {
                  {"broke", law.broke},
                  {"goal", law.goal},
                  {"quantiles", Json::object()},
+                 {"linesAreOfAllDeals", report.lines.areOfAllDeals},
                  {"lines", Json::array()}};
-    for (const int percent : kQuantiles) {
+    for (const int percent : kUsualPercents) {
         json["quantiles"][std::to_string(percent)] = law.Quantile(percent / 100.0);
     }
     const auto& lines = report.chosen.payTable.lines;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         json["lines"].push_back(
-            {{"description", lines[i].description}, {"atLeastOne", report.AtLeastOnce(i)}});
+            {{"description", lines[i].description}, {"atLeastOne", report.lines.atLeastOnce[i]}});
     }
     AddPayChanges(report.chosen, json);
     return JsonText(json);
@@ -70,12 +67,13 @@ std::string AsCsv(const SessionReport& report) {
     table.AddRow({"session", "even", law.even});
     table.AddRow({"session", "broke", law.broke});
     table.AddRow({"session", "goal", law.goal});
-    for (const int percent : kQuantiles) {
+    for (const int percent : kUsualPercents) {
         table.AddRow({"quantile", percent, law.Quantile(percent / 100.0)});
     }
     const auto& lines = report.chosen.payTable.lines;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        table.AddRow({"atLeastOne", lines[i].description, report.AtLeastOnce(i)});
+        table.AddRow({report.lines.areOfAllDeals ? "atLeastOneOfAllDeals" : "atLeastOne",
+                      lines[i].description, report.lines.atLeastOnce[i]});
     }
     return table.Text();
 }
@@ -100,7 +98,7 @@ std::string ResultsText(const SessionReport& report) {
             {name, FormatDecimals("%.2f", bets + 0.0), BetsInDollars(bets, report.BetDollars())},
             {});
     };
-    for (const int percent : kQuantiles) {
+    for (const int percent : kUsualPercents) {
         add(std::to_string(percent) + "%", report.law.Quantile(percent / 100.0));
     }
     add("on average", report.law.expected);
@@ -111,24 +109,31 @@ std::string LinesText(const SessionReport& report) {
     TextTable table({{"line"}, {"at least once", true}, {""}});
     const auto& lines = report.chosen.payTable.lines;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        table.AddRow({lines[i].description, Percent(report.AtLeastOnce(i))}, {});
+        table.AddRow({lines[i].description, Percent(report.lines.atLeastOnce[i])}, {});
     }
     return table.Text();
+}
+
+// "1,000 hands", "1 deal of 3 lines".
+std::string HandsText(const SessionReport& report) {
+    const bool many = report.linesAtOnce > 1;
+    const std::string text = FormatCount(report.wish.hands) + (many ? " deal" : " hand") +
+                             (report.wish.hands == 1 ? "" : "s");
+    return many ? text + " of " + std::to_string(report.linesAtOnce) + " lines" : text;
 }
 
 std::string AsText(const SessionReport& report) {
     const ChosenTable& chosen = report.chosen;
     const double played =
-        static_cast<double>(report.wish.hands) * report.lines * report.BetDollars();
+        static_cast<double>(report.wish.hands) * report.linesAtOnce * report.BetDollars();
     std::string text =
-        Heading(chosen, chosen.bet, report.coin) + "\n\n" + FormatCount(report.wish.hands) +
-        (report.lines > 1 ? " deals of " + std::to_string(report.lines) + " lines"
-                          : std::string(" hands")) +
-        ", " + FormatDollars("%.2f", played) + " to be played\n" +
+        Heading(chosen, chosen.bet, report.coin) + "\n\n" + HandsText(report) + ", " +
+        FormatDollars("%.2f", played) + " to be played\n" +
         SentencesOnLines(SessionInWords(report.law, report.wish, report.BetDollars())) + "\n\n";
     text += ChancesText(report) + "\n" + ResultsText(report) + "\n" + LinesText(report);
-    if (report.wish.bankroll)
-        text += "\nThe lines are those of all the hands, played to the end.\n";
+    if (report.lines.areOfAllDeals) {
+        text += "\nThe lines are those of all the deals, whether the money lasts or not.\n";
+    }
     const std::string leftOut = LeftOutInWords(chosen.payTable);
     return leftOut.empty() ? text : text + "\n" + leftOut + "\n";
 }
@@ -137,7 +142,8 @@ void AddArguments(CLI::App& parser, Options& options) {
     AddGame(parser, options);
     AddCsv(parser, options);
     AddSession(parser, options);
-    parser.footer(
+    AddNote(
+        parser,
         "Every hand is played with its best hold; nothing is doubled up. Results are in bets of "
         "one line\nunless they say dollars.");
 }
@@ -158,30 +164,21 @@ std::optional<Failure> RunSession(const Options& options, std::string& output) {
     }
     SessionReport report;
     report.coin = options.coin;
-    report.lines = options.linesAtOnce;
+    report.linesAtOnce = options.linesAtOnce;
     if (auto failure = ChooseTable(options, report.chosen)) return failure;
     const ChosenTable& chosen = report.chosen;
-    if (!CanAnalyzeGame(chosen.payTable)) {
-        return Failure{kFailed, "the law of a hand is not known for " +
-                                    Quoted(chosen.place.gameName) +
-                                    ": \"tolvane-cli hand\" analyses its hands"};
-    }
     const Interrupt interrupt;
+    DealLaw deal;
+    if (auto failure = FindDeal(options, chosen, interrupt, deal)) return failure;
     const auto goesOn = [&interrupt] { return !interrupt.Wanted(); };
-    LineTableCache tables;
-    const auto deal = FindDealLaw(chosen.payTable, chosen.bet, report.lines, tables, goesOn);
-    if (interrupt.Wanted()) return Failure{kFailed, "cancelled"};
-    if (!deal) {
-        return Failure{kFailed,
-                       "a deal of so many lines can pay too many different amounts: ask "
-                       "for fewer lines"};
-    }
-    report.deal = *deal;
     report.wish = WishOf(options, report.BetDollars());
-    SessionAnswer answer = FindSessionLaw(report.deal.gains, report.wish, goesOn);
+    SessionAnswer answer = FindSessionLaw(deal.gains, report.wish, goesOn);
     if (interrupt.Wanted()) return Failure{kFailed, "cancelled"};
     if (!answer.law) return Failure{kFailed, "no answer: " + answer.whyNot};
     report.law = std::move(*answer.law);
+    const auto lines = FindLineChances(deal, report.wish, goesOn);
+    if (!lines) return Failure{kFailed, "cancelled"};
+    report.lines = *lines;
     if (options.csv) {
         output += AsCsv(report);
     } else {

@@ -1,4 +1,5 @@
-#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <system_error>
 
 #include "cli/Commands.h"
 #include "cli/ResultFiles.h"
@@ -22,6 +23,13 @@ std::optional<Failure> CheckOptions(const Options& options) {
         return Failure{kWrongUse,
                        "--check grades a chart that is there: leave --lines, --loss "
                        "and --no-penalties away"};
+    }
+    std::error_code error;
+    if (options.cardPath && options.checkPath &&
+        std::filesystem::equivalent(*options.cardPath, *options.checkPath, error)) {
+        return Failure{kWrongUse, "--card " + QuotedPath(*options.cardPath) +
+                                      " would replace the chart that --check reads: name another "
+                                      "file"};
     }
     if (options.cardPath && IsOwnFile(*options.cardPath, options.dataFolder)) {
         return Failure{kWrongUse, "--card " + QuotedPath(*options.cardPath) +

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""The return of a game as its royal flush grows, drawn as an SVG picture without any library:
+"""The return of a game as one line grows, drawn as an SVG picture without any library:
 
     plot_meter.py "Jacks or Better" 4000 8000 >meter.svg
+    plot_meter.py "Deuces Wild" 1000 2000 --line "FOUR DEUCES" >meter.svg
 """
 import argparse
 
@@ -42,12 +43,13 @@ def main():
     parser.add_argument("game")
     parser.add_argument("least", type=int, help="coins for the full bet")
     parser.add_argument("most", type=int, help="coins for the full bet")
+    parser.add_argument("--line", default="ROYAL FLUSH", help="which one grows")
     wish = parser.parse_args()
     if wish.most <= wish.least:
         parser.error("the second meter has to be the higher one")
     meters = [wish.least + (wish.most - wish.least) * step // STEPS for step in range(STEPS + 1)]
-    answers = [ask("analyze", wish.game, pays=[f"ROYAL FLUSH={meter // 5}:{meter}"]) for meter in meters]
-    even = ask("meter", wish.game, "--line", "ROYAL FLUSH")["breakEven"]
+    answers = [ask("analyze", wish.game, pays=[f"{wish.line}={meter // 5}:{meter}"]) for meter in meters]
+    even = ask("meter", wish.game, "--line", wish.line)["breakEven"]
     print("\n".join(picture(wish.game, meters, [answer["payoutPercent"] for answer in answers], even)))
 
 

@@ -55,11 +55,16 @@ int LineBesideAces(const LineTables& tables, CardFace fifth) {
     return tables.LineOfFive(cards);
 }
 
-LineCounts UnseenBesideAces(const LineTables& tables, const Hand& hand) {
+LineCounts CountsBesideAces(const LineTables& tables) {
     std::uint32_t key = 0;
     for (std::uint8_t suit = 0; suit < kAcesInOrder; ++suit) key += SetKey::Add(suit, {0, suit});
     LineCounts counts;
     tables.Read<kAcesInOrder>(key, counts);
+    return counts;
+}
+
+LineCounts UnseenBesideAces(const LineTables& tables, const Hand& hand) {
+    LineCounts counts = CountsBesideAces(tables);
     for (const CardFace face : hand) {
         if (!HasPlace(face)) --counts[LaneOf(LineBesideAces(tables, face))];
     }

@@ -32,8 +32,10 @@ struct AceChance {
 // The chance from the position first, 0 or 1; nothing when an ace of the hand lies elsewhere.
 std::optional<AceChance> AceChanceFrom(const Hand& hand, int first);
 
-// What four aces are paid in any order beside a fifth card; lane by lane beside all unseen cards.
+// What four aces are paid in any order beside a fifth card; lane by lane beside all cards, and
+// beside all unseen ones.
 int LineBesideAces(const LineTables& tables, CardFace fifth);
+LineCounts CountsBesideAces(const LineTables& tables);
 LineCounts UnseenBesideAces(const LineTables& tables, const Hand& hand);
 
 // Moves the draws, all of which end in four aces in order, to the line, except those that a better

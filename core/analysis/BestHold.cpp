@@ -26,21 +26,23 @@ std::size_t Drawn(std::size_t held) { return static_cast<std::size_t>(kHandSize 
 
 }  // namespace
 
-// The returns to choose from, and the holds among them that can end in four aces in order.
+// The returns to choose from: those of Look, and what the holds are worth that can end in four aces
+// in order as the cards lie.
 struct BestHoldFinder::Choice {
-    Returns returns;
+    const Returns* plain;
     std::array<const AceHold*, 3> aceHolds{};
     std::size_t count = 0;
 
-    void Offer(const AceHold& hold) {
-        returns[hold.held] = hold.expectedReturn;
-        aceHolds[count++] = &hold;
-    }
+    void Offer(const AceHold& hold) { aceHolds[count++] = &hold; }
     const AceHold* Find(std::size_t held) const {
         for (std::size_t i = 0; i < count; ++i) {
             if (aceHolds[i]->held == held) return aceHolds[i];
         }
         return nullptr;
+    }
+    double Return(std::size_t held) const {
+        const AceHold* const hold = Find(held);
+        return hold ? hold->expectedReturn : (*plain)[held];
     }
 };
 
@@ -84,6 +86,23 @@ BestHoldFinder::BestHoldFinder(const LineTables& tables, const PayTable& table, 
     }
     for (std::size_t held = 0; held < kSubsets; ++held) {
         totals[held] = static_cast<double>(TotalFor(held));
+    }
+    if (ordered && aceLine >= 0) FindAceGains();
+}
+
+// What a draw gains that ends in the aces beside a card when they lie in order, by the card.
+void BestHoldFinder::FindAceGains() {
+    const auto to = static_cast<std::size_t>(aceLine);
+    const auto gainOf = [&](std::size_t lane) { return lane > to ? pays[to] - pays[lane] : 0; };
+    const bool extra = tables.DeckSize() > kExtraKind * kSuits;
+    for (std::uint8_t kind = 1; kind < kExtraKind + (extra ? 1 : 0); ++kind) {
+        for (std::uint8_t suit = 0; suit < (kind == kExtraKind ? 1 : kSuits); ++suit) {
+            const CardFace face = tables.ToFace({kind, suit});
+            aceGains[kind][suit] = gainOf(LaneOf(LineBesideAces(tables, face)));
+        }
+    }
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        gainOfAll += CountsBesideAces(tables)[lane] * gainOf(lane);
     }
 }
 
@@ -170,38 +189,59 @@ void BestHoldFinder::Look(const std::array<SetCard, kHandSize>& cards) {
         sorted[place] = cards[cardOfPlace[place]];
     LookUp(std::make_index_sequence<kAllHeld - 1>());
     ComputeReturns();
-    if (ordered && aceLine >= 0) CountAceHolds();
+    plainCounted = kSubsets;
+    if (!ordered) return;
+    if (aceLine >= 0) ValueAceHolds();
+    FindGreatest();
 }
 
-// Counts the ordered draws of a hold, gives those that lie in order to the line of aces, and works
-// out the return. inOrder: the draws that lie in order from one of the two first positions on, by
-// the lane they are in; times: from how many of these positions on they may.
-BestHoldFinder::AceHold BestHoldFinder::CountAceHold(std::size_t held, const LineCounts& inOrder,
-                                                     std::uint32_t times) const {
-    AceHold hold;
-    hold.held = held;
-    CountLines(held, hold.counts);
-    for (auto& count : hold.counts) count *= kDrawOrders[Drawn(held)];
-    for (std::uint32_t i = 0; i < times; ++i) MoveToAceLine(aceLine, inOrder, hold.counts);
-    const auto sum =
-        std::inner_product(hold.counts.begin(), hold.counts.end(), pays.begin(), std::int64_t{0});
-    const std::int64_t total = TotalFor(held) * kDrawOrders[Drawn(held)];
-    hold.expectedReturn = static_cast<double>(sum) / static_cast<double>(total) * coin;
-    return hold;
+// What a hold is worth when draws of it end in aces in order: those gain so many coins together.
+BestHoldFinder::AceHold BestHoldFinder::WithAceGain(std::size_t held, std::int64_t gain) const {
+    const std::int64_t orders = kDrawOrders[Drawn(held)];
+    const std::int64_t total = TotalFor(held) * orders;
+    const std::int64_t sum = coins[held] * orders + gain;
+    return {held, static_cast<double>(sum) / static_cast<double>(total) * coin};
 }
 
 // Only holds of all aces of the hand, and of one card beside them, can end in four aces in order.
 // Without an ace in the hand the four may come from either of the two first positions on.
-void BestHoldFinder::CountAceHolds() {
+void BestHoldFinder::ValueAceHolds() {
     const std::size_t allAces = (std::size_t{1} << aces) - 1;
+    std::int64_t unseen = gainOfAll;
+    for (std::size_t place = aces; place < kHandSize; ++place) unseen -= GainBeside(sorted[place]);
+    acesHeld = WithAceGain(allAces, aces == 0 ? 2 * unseen : unseen);
+    for (std::size_t place = aces; place < kHandSize; ++place) {
+        acesAndOne[place] =
+            WithAceGain(allAces | std::size_t{1} << place, GainBeside(sorted[place]));
+    }
+}
+
+void BestHoldFinder::FindGreatest() {
+    greatest = *std::ranges::max_element(returns);
+    greatestHolds = 0;
+    for (std::size_t held = 0; held < kSubsets; ++held) {
+        greatestHolds |= static_cast<std::uint32_t>(returns[held] == greatest) << held;
+    }
+    oneBest = std::has_single_bit(greatestHolds);
+    if (!ordered || aceLine < 0) return;
+    oneBest = oneBest && IsBehind(acesHeld) &&
+              std::all_of(acesAndOne.begin() + static_cast<std::ptrdiff_t>(aces), acesAndOne.end(),
+                          [this](const AceHold& hold) { return IsBehind(hold); });
+}
+
+// Gives the draws of a hold that lie in order to the line of aces.
+void BestHoldFinder::GiveToAceLine(std::size_t held, LineCounts& counts) const {
     Hand faces;
     for (std::size_t i = 0; i < kHandSize; ++i) faces[i] = tables.ToFace(sorted[i]);
-    acesHeld = CountAceHold(allAces, UnseenBesideAces(tables, faces), aces == 0 ? 2 : 1);
-    for (std::size_t place = aces; place < kHandSize; ++place) {
-        LineCounts beside{};
-        beside[LaneOf(LineBesideAces(tables, faces[place]))] = 1;
-        acesAndOne[place] = CountAceHold(allAces | std::size_t{1} << place, beside, 1);
+    if (held == (std::size_t{1} << aces) - 1) {
+        const LineCounts inOrder = UnseenBesideAces(tables, faces);
+        for (int i = 0; i < (aces == 0 ? 2 : 1); ++i) MoveToAceLine(aceLine, inOrder, counts);
+        return;
     }
+    LineCounts beside{};
+    const std::size_t place = static_cast<std::size_t>(std::bit_width(held)) - 1;
+    beside[LaneOf(LineBesideAces(tables, faces[place]))] = 1;
+    MoveToAceLine(aceLine, beside, counts);
 }
 
 // A hold can end in four aces in order only when the aces of the hand lie where the order wants
@@ -260,14 +300,11 @@ void BestHoldFinder::CountLines(std::size_t held, LineCounts& counts) const {
 
 // The draws of a hold by lane, those with four aces in order and the ordered ones included.
 void BestHoldFinder::CountHold(std::size_t held, const Choice& choice, LineCounts& counts) const {
-    if (const AceHold* hold = choice.Find(held)) {
-        counts = hold->counts;
-        return;
-    }
     CountLines(held, counts);
     if (ordered) {
         for (auto& count : counts) count *= kDrawOrders[Drawn(held)];
     }
+    if (choice.Find(held)) GiveToAceLine(held, counts);
 }
 
 double BestHoldFinder::WinRate(std::size_t held, const Choice& choice) const {
@@ -280,13 +317,16 @@ double BestHoldFinder::WinRate(std::size_t held, const Choice& choice) const {
 // The subset of the greatest return. Standing pat wins a tie, otherwise the larger share of winning
 // draws, then the lower mask. Ties are rare, and the shares are counted only for them.
 std::size_t BestHoldFinder::Choose(const Choice& choice, const Placement& placement) const {
-    const Returns& offered = choice.returns;
-    double greatest = offered[0];
-    for (const double one : offered) greatest = std::max(greatest, one);
-    if (offered[kAllHeld] == greatest) return kAllHeld;
+    Returns offered = *choice.plain;
+    for (std::size_t i = 0; i < choice.count; ++i) {
+        offered[choice.aceHolds[i]->held] = choice.aceHolds[i]->expectedReturn;
+    }
+    double most = offered[0];
+    for (const double one : offered) most = std::max(most, one);
+    if (offered[kAllHeld] == most) return kAllHeld;
     std::uint32_t tied = 0;
     for (std::size_t held = 0; held < kAllHeld; ++held) {
-        tied |= static_cast<std::uint32_t>(offered[held] == greatest) << held;
+        tied |= static_cast<std::uint32_t>(offered[held] == most) << held;
     }
     auto best = static_cast<std::size_t>(std::countr_zero(tied));
     tied &= tied - 1;
@@ -304,13 +344,36 @@ std::size_t BestHoldFinder::Choose(const Choice& choice, const Placement& placem
     return best;
 }
 
-void BestHoldFinder::Best(const Placement& placement, BestHold& best) const {
-    Choice choice{returns, {}, 0};
-    if (ordered && aceLine >= 0) OfferAceHolds(placement, choice);
-    const std::size_t held = Choose(choice, placement);
+// Most placements leave a single hold ahead of all that can end in aces in order.
+bool BestHoldFinder::IsBehind(const AceHold& hold) const {
+    return (greatestHolds >> hold.held & 1) == 0 && hold.expectedReturn < greatest;
+}
+
+bool BestHoldFinder::IsPlain(const Choice& choice) const {
+    if (oneBest) return true;
+    if (!std::has_single_bit(greatestHolds)) return false;
+    return std::all_of(choice.aceHolds.begin(),
+                       choice.aceHolds.begin() + static_cast<std::ptrdiff_t>(choice.count),
+                       [this](const AceHold* hold) { return IsBehind(*hold); });
+}
+
+void BestHoldFinder::Best(const Placement& placement, BestHold& best) {
+    Choice choice{&returns, {}, 0};
+    const bool acesPay = ordered && aceLine >= 0;
+    if (acesPay && !oneBest) OfferAceHolds(placement, choice);
+    const bool plain = ordered && IsPlain(choice);
+    const std::size_t held = plain ? static_cast<std::size_t>(std::countr_zero(greatestHolds))
+                                   : Choose(choice, placement);
     best.mask = MaskOf(held, placement);
     best.cardsDrawn = static_cast<int>(Drawn(held));
-    best.expectedReturn = choice.returns[held];
+    best.expectedReturn = choice.Return(held);
     best.totalHands = TotalFor(held) * (ordered ? kDrawOrders[Drawn(held)] : 1);
+    if (plain && plainCounted == held) {
+        best.counts = plainCounts;
+        return;
+    }
     CountHold(held, choice, best.counts);
+    if (!plain) return;
+    plainCounts = best.counts;
+    plainCounted = held;
 }

@@ -49,7 +49,12 @@ class BestHoldFinder {
 
     // The best hold of the cards last looked at when they lie so. The placement matters only to the
     // mask, unless four aces in order pay.
-    void Best(const Placement& placement, BestHold& best) const;
+    void Best(const Placement& placement, BestHold& best);
+
+    // Whether the same cards, with the same draws, are the best hold of all placements. Known only
+    // where draws are counted with their order.
+    bool HasOneBest() const { return oneBest; }
+    double GreatestReturn() const { return greatest; }  // of that hold
 
   private:
     // A subset of the hand has a bit for each place of its cards in sorted order, 1 for the first.
@@ -60,7 +65,6 @@ class BestHoldFinder {
     // What a hold is worth when it can end in four aces in order.
     struct AceHold {
         std::size_t held = 0;  // the subset
-        LineCounts counts{};   // ordered draws
         double expectedReturn = 0;
     };
     struct Choice;
@@ -71,8 +75,14 @@ class BestHoldFinder {
     template <std::size_t Subset>
     void LookUpSubset();
     void ComputeReturns();
-    void CountAceHolds();
-    AceHold CountAceHold(std::size_t held, const LineCounts& inOrder, std::uint32_t times) const;
+    void FindAceGains();
+    std::int64_t GainBeside(SetCard card) const { return aceGains[card.kind][card.suit]; }
+    void ValueAceHolds();
+    AceHold WithAceGain(std::size_t held, std::int64_t gain) const;
+    void GiveToAceLine(std::size_t held, LineCounts& counts) const;
+    void FindGreatest();
+    bool IsBehind(const AceHold& hold) const;
+    bool IsPlain(const Choice& choice) const;
     void OfferAceHolds(const Placement& placement, Choice& choice) const;
     std::size_t Choose(const Choice& choice, const Placement& placement) const;
     void CountLines(std::size_t held, LineCounts& counts) const;
@@ -90,6 +100,11 @@ class BestHoldFinder {
     std::array<double, kSubsets> totals{};                   // the same by subset
     // The coins that all hands of a set are worth together, by size and class of the set.
     std::array<std::vector<std::int64_t>, kHandSize> worth;
+
+    // What one draw gains when it lays four aces in order, in coins: by the card beside them, and
+    // of all cards together.
+    std::array<std::array<std::int64_t, kSuits>, kMaxKinds> aceGains{};
+    std::int64_t gainOfAll = 0;
 
     // These depend on the kinds of the hand alone, and are kept while they stay the same.
     std::array<std::uint8_t, kHandSize> kinds{};  // by card, as given to Look
@@ -109,4 +124,9 @@ class BestHoldFinder {
     std::size_t aces = 0;                       // so many aces come first in sorted order
     AceHold acesHeld;                           // the hold of the aces alone
     std::array<AceHold, kHandSize> acesAndOne;  // that of the aces and the card at a place
+    double greatest = 0;                        // of the returns
+    std::uint32_t greatestHolds = 0;            // those that have it, as bits
+    bool oneBest = false;
+    LineCounts plainCounts{};             // the draws of the last plain best hold
+    std::size_t plainCounted = kSubsets;  // which that is, kSubsets for none
 };

@@ -10,6 +10,7 @@ struct Pattern {
     int size = 0;
     int extras = 0;  // cards of the extra kind, the last ones of the set
     std::array<bool, kMaxSetSize> sameAsLast{};  // the kind is that of the card before
+    std::array<std::uint8_t, kMaxSetSize> marks{};
 
     auto operator<=>(const Pattern&) const = default;
 };
@@ -49,40 +50,56 @@ int RenamedCode(const Suits& suits, const Pattern& pattern, const SuitRenaming& 
     return CodeOf(renamed, pattern.size);
 }
 
+using Kinds = std::array<std::uint8_t, kMaxSetSize>;
+using Cards = std::array<SetCard, kMaxSetSize>;
+
+Cards CardsOf(const Kinds& kinds, const Suits& suits) {
+    Cards cards;
+    for (std::size_t i = 0; i < cards.size(); ++i) cards[i] = {kinds[i], suits[i]};
+    return cards;
+}
+
 struct PatternClasses {
     std::vector<std::uint8_t> classOfCode;  // by code; 0 for codes of no set
     std::vector<Suits> representatives;     // by class
 };
 
-PatternClasses ClassesOf(const Pattern& pattern, const SuitGroup& group) {
+// The classes of a pattern; the kinds are any that have it.
+PatternClasses ClassesOf(const Pattern& pattern, const Kinds& kinds, const SetMeaning& meaning) {
     PatternClasses classes;
+    std::vector<std::uint32_t> meanings;  // by class
     const int codes = 1 << (2 * pattern.size);
     classes.classOfCode.assign(static_cast<std::size_t>(codes), 0);
     Suits suits{};
     for (int code = 0; code < codes; ++code) {
         if (!SuitsOfCode(code, pattern, suits)) continue;
         int lowest = code;
-        for (const auto& renaming : group) {
+        for (const auto& renaming : meaning.group) {
             lowest = std::min(lowest, RenamedCode(suits, pattern, renaming));
         }
         auto& number = classes.classOfCode[static_cast<std::size_t>(code)];
         if (lowest < code) {
             number = classes.classOfCode[static_cast<std::size_t>(lowest)];
-        } else {
-            number = static_cast<std::uint8_t>(classes.representatives.size());
-            classes.representatives.push_back(suits);
+            continue;
         }
+        const Cards cards = CardsOf(kinds, suits);
+        const std::uint32_t is =
+            meaning.suitsOf({cards.data(), static_cast<std::size_t>(pattern.size)});
+        const auto known = std::ranges::find(meanings, is);
+        number = static_cast<std::uint8_t>(known - meanings.begin());
+        if (known != meanings.end()) continue;
+        meanings.push_back(is);
+        classes.representatives.push_back(suits);
     }
     return classes;
 }
 
-using Kinds = std::array<std::uint8_t, kMaxSetSize>;
-
-Pattern PatternOf(const Kinds& kinds, int size) {
+Pattern PatternOf(const Kinds& kinds, int size, const SetMeaning& meaning) {
     Pattern pattern;
     pattern.size = size;
     for (int i = 0; i < size; ++i) {
         const auto at = static_cast<std::size_t>(i);
+        pattern.marks[at] = meaning.marks[kinds[at]];
         if (kinds[at] == kExtraKind) {
             ++pattern.extras;
         } else {
@@ -109,33 +126,32 @@ bool NextKinds(Kinds& kinds, int size, int kindCount) {
 
 }  // namespace
 
-SetClasses::SetClasses(int size, int extras, const SuitGroup& group)
+SetClasses::SetClasses(int size, const SetMeaning& meaning)
     : setSize(static_cast<std::size_t>(size)) {
     struct KnownPattern {
         PatternClasses classes;
         std::uint32_t suitTable = 0;
     };
     std::map<Pattern, KnownPattern> known;
-    const int kindCount = extras > 0 ? kMaxKinds : kMaxKinds - 1;
+    const int kindCount = meaning.extras > 0 ? kMaxKinds : kMaxKinds - 1;
     multisets.reserve(MultisetCount(size, kindCount));
 
     Kinds kinds{};
     do {
-        const Pattern pattern = PatternOf(kinds, size);
+        const Pattern pattern = PatternOf(kinds, size, meaning);
         auto [entry, isNew] = known.try_emplace(pattern);
         KnownPattern& found = entry->second;
         if (isNew) {
-            found.classes = ClassesOf(pattern, group);
+            found.classes = ClassesOf(pattern, kinds, meaning);
             found.suitTable = static_cast<std::uint32_t>(suitClasses.size());
             suitClasses.insert(suitClasses.end(), found.classes.classOfCode.begin(),
                                found.classes.classOfCode.end());
         }
         multisets.push_back({count, found.suitTable});
-        if (pattern.extras > extras) continue;  // more jokers than the deck has: no such set
+        if (pattern.extras > meaning.extras)
+            continue;  // more jokers than the deck has: no such set
         for (const Suits& suits : found.classes.representatives) {
-            Representative set{count++, {}};
-            for (std::size_t i = 0; i < setSize; ++i) set.cards[i] = {kinds[i], suits[i]};
-            representatives.push_back(set);
+            representatives.push_back({count++, CardsOf(kinds, suits)});
         }
     } while (NextKinds(kinds, size, kindCount));
 }

@@ -1,13 +1,15 @@
-// Numbers for sets of one to four cards, the same number for sets that differ only by a renaming of
-// interchangeable suits. 270,725 sets of four cards become 16,432 classes in an ordinary deck,
-// small enough to keep a row of counts for each in the processor's cache.
+// Numbers for sets of one to four cards, the same number for sets of which the hands that hold them
+// are paid alike: those that differ only by a renaming of interchangeable suits, and those whose
+// suits no longer matter. 270,725 sets of four cards become 2,535 classes in an ordinary deck, and
+// those of all sizes fit with their counts into the processor's fastest cache.
 //
 // A set is taken apart into its kinds (ranks, and the joker or fifth ace) and its suits. The kinds
-// number a multiset; which suit assignments are alike depends only on which of the kinds are equal,
-// so one small table per pattern of equal kinds serves thousands of sets.
+// number a multiset; which suit assignments are alike depends only on which of the kinds are equal
+// and what marks them, so one small table per pattern of these serves thousands of sets.
 #pragma once
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -38,6 +40,16 @@ inline void InsertCard(SortedCards& cards, std::size_t count, SetCard card) {
 // identity.
 using SuitRenaming = std::array<std::uint8_t, kSuits>;
 using SuitGroup = std::vector<SuitRenaming>;
+
+// What tells sets of the same kinds from each other.
+struct SetMeaning {
+    int extras = 0;   // cards of the extra kind in the deck, 0 when there is none
+    SuitGroup group;  // under which sets are alike
+    // Of two sets of the same kinds that a number is the same for, every further card makes the
+    // same. It may depend on a kind only by its mark.
+    std::function<std::uint32_t(std::span<const SetCard>)> suitsOf;
+    std::array<std::uint8_t, kMaxKinds> marks{};
+};
 
 // How many multisets of the given size so many kinds make.
 constexpr std::uint32_t MultisetCount(int size, int kinds) {
@@ -82,8 +94,7 @@ class SetKey {
 // The classes of the sets of one size, 1..4, in one deck.
 class SetClasses {
   public:
-    // extras: cards of the extra kind in the deck, 0 when there is none.
-    SetClasses(int size, int extras, const SuitGroup& group);
+    SetClasses(int size, const SetMeaning& meaning);
 
     std::uint32_t Count() const { return count; }
     std::size_t Bytes() const;

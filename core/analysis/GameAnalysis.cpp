@@ -1,19 +1,19 @@
 #include "core/analysis/GameAnalysis.h"
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 #include <vector>
 
 #include "core/analysis/AceOrder.h"
 #include "core/analysis/Combinations.h"
-#include "core/analysis/HoldAnalysis.h"
+#include "core/analysis/GameTally.h"
+#include "core/analysis/HandByHand.h"
+#include "core/analysis/PatternBatches.h"
+#include "core/analysis/PileBatches.h"
 
 namespace {
 
-using Ranks = std::array<int, kHandSize>;  // 0 a joker
-
 constexpr std::size_t kEmptyPosition = 2;  // of Pick 'Em hands
-constexpr HoldMask kLeftPileHeld = 26;     // position 3 holds the left pile's card here
 constexpr double kAceGameFactor = 5;  // hands count five times where the order of the aces pays
 constexpr double kPickEmFactor = 6;   // ways to choose the player's two of four cards
 
@@ -29,38 +29,21 @@ double WeightOfAll(const PayTable& table) {
     return hands(kHandSize) * (table.type == GameType::kAcesBonus ? kAceGameFactor : 1);
 }
 
-bool SameDraws(const BestHold& a, const BestHold& b) {
-    return a.counts == b.counts && a.expectedReturn == b.expectedReturn;
-}
-
-void TakeBest(const HoldAnalysis& analysis, BestHold& best) {
-    const HoldResult& hold = analysis.holds[static_cast<std::size_t>(analysis.best)];
-    best.mask = analysis.best;
-    best.cardsDrawn = hold.cardsDrawn;
-    best.expectedReturn = analysis.bestReturn;
-    best.totalHands = hold.totalHands;
-    for (std::size_t line = 0; line < kMaxPayLines; ++line) {
-        best.counts[line] = static_cast<std::uint32_t>(hold.lineCounts[line]);
-    }
-    best.counts[kNothingLane] = static_cast<std::uint32_t>(hold.nothing);
-}
-
 // One run over all starting hands.
 class GameRun {
   public:
     GameRun(const LineTables& tables, const PayTable& table, double coin,
             const GameAnalysisWatcher& watcher)
-        : tables(tables),
-          table(table),
-          coin(coin),
-          watcher(watcher),
+        : table(table),
+          eachHandReported(table.type == GameType::kOneEyedJacks && watcher.hand),
           patterns(table),
-          all(WeightOfAll(table)) {
-        if (BestHoldFinder::Serves(table)) finder.emplace(tables, table, kFullBet, coin);
-    }
+          tally(tables, watcher, WeightOfAll(table)),
+          batchGame(tables, table, kFullBet, coin),
+          batches(batchGame),
+          piles(batchGame),
+          handByHand(tables, table, coin, tally) {}
 
     GameTotals Play() {
-        const bool eachHandReported = table.type == GameType::kOneEyedJacks && watcher.hand;
         // Only files edited by hand have these. The patterns of equal ranks give the player and the
         // piles suits in an order that matters to no flush, but to colours.
         const bool noPatterns =
@@ -70,7 +53,7 @@ class GameRun {
         } else {
             PlayRanks(0, table.jokers > 0 ? 0 : 1, {});
         }
-        return totals;
+        return tally.Total();
     }
 
   private:
@@ -88,7 +71,7 @@ class GameRun {
             }
             return;
         }
-        for (int rank = lowest; rank <= 13 && !totals.cancelled; ++rank) {
+        for (int rank = lowest; rank <= 13 && !tally.Cancelled(); ++rank) {
             ranks[position] = rank;
             if (rank == 0 && static_cast<int>(position) >= table.jokers) continue;
             PlayRanks(position + 1, rank, ranks);
@@ -116,38 +99,81 @@ class GameRun {
 
     void PlayPatterns(const Ranks& ranks) {
         const HandShape shape = ShapeOf(ranks, table.type);
-        const double factor =
-            shape.jokers > 0 ? static_cast<double>(Combinations(table.jokers, shape.jokers)) : 1;
-        for (const SuitPattern& row : patterns.Select(shape)) {
-            if (totals.cancelled) return;
+        const std::span<const SuitPattern> rows = patterns.Select(shape);
+        if (rows.empty()) return;
+        const std::int64_t factor = shape.jokers > 0 ? Combinations(table.jokers, shape.jokers) : 1;
+        if (IsPickEm()) return PlayTogether(piles, ranks, rows, factor);
+        if (PlayedTogether(shape)) return PlayTogether(batches, ranks, rows, factor);
+        for (const SuitPattern& row : rows) {
+            if (tally.Cancelled()) return;
             PlayRow(ranks, row, factor);
         }
     }
 
-    void PlayRow(const Ranks& ranks, const SuitPattern& row, double factor) {
-        for (const SuitVariant& variant : row.variants) {
-            const Hand cards = Deal(ranks, variant.suits);
-            const double weight = factor * variant.count;
-            if (table.type == GameType::kAcesBonus) {
-                PlayAceOrders(cards, weight);
-            } else {
-                PlayUnordered(cards, weight);
-            }
+    // Whether the best holds of hands can be found in batches: the second draw and aces in order
+    // ask for more.
+    bool PlayedTogether(const HandShape& shape) const {
+        switch (table.type) {
+            case GameType::kAcesBonus:
+                return false;
+            case GameType::kDoubleDraw:
+                return shape.aces < 2;
+            default:
+                return shape.aces < kAcesInOrder || AceLine(table) < 0;
         }
-        Report();
     }
 
-    // Plays a dealt hand whose order only standing pat on four aces asks for.
-    void PlayUnordered(const Hand& cards, double weight) {
-        if (IsPickEm() || AceLine(table) < 0 || AcesWithPlaces(cards) < kAcesInOrder) {
-            return AnalyzeStartingHand(cards, weight);
+    // The batches find the best holds of hands, or the better piles.
+    template <typename Batches>
+    void PlayTogether(Batches& batches, const Ranks& ranks, std::span<const SuitPattern> rows,
+                      std::int64_t factor) {
+        const auto variants = batches.Find(ranks, rows);
+        const auto jokers = static_cast<double>(factor);
+        std::int64_t hands = 0;
+        for (const PatternBatches::Variant& variant : variants) {
+            tally.AddReturn(jokers * variant.count, batches.Return(variant));
+            hands += variant.count;
         }
-        std::vector<Placement> orders;
-        Placement order = kAsGiven;
-        do {
-            orders.push_back(order);
-        } while (std::ranges::next_permutation(order).found);
-        PlayOrders(cards, orders, weight);
+        batches.AddDraws(factor, tally.Draws());
+        for (std::size_t first = 0; first < variants.size();) {
+            const std::size_t size = variants[first].ofRow;
+            ReportRow(batches, ranks, variants.subspan(first, size), jokers);
+            first += size;
+        }
+        tally.Progress(jokers * static_cast<double>(hands));
+    }
+
+    // The variants of a row are one representative as long as they are played alike.
+    template <typename Batches>
+    void ReportRow(const Batches& batches, const Ranks& ranks,
+                   std::span<const PatternBatches::Variant> row, double jokers) {
+        const bool alike = std::ranges::all_of(row.subspan(1), [&](const auto& variant) {
+            return batches.AreAlike(row.front(), variant);
+        });
+        if (!tally.IsWatched()) {
+            return tally.CountRepresentatives(alike ? 1 : static_cast<std::int64_t>(row.size()));
+        }
+        std::vector<PlayedHand> hands;
+        for (const auto& variant : row) {
+            const double weight = jokers * variant.count;
+            if (alike && !hands.empty()) {
+                hands.front().weight += weight;
+            } else {
+                hands.push_back({Deal(ranks, variant.suits), weight, batches.Best(variant)});
+            }
+        }
+        tally.Report(hands);
+    }
+
+    void PlayRow(const Ranks& ranks, const SuitPattern& row, std::int64_t factor) {
+        double hands = 0;
+        for (const SuitVariant& variant : row.variants) {
+            const double weight = static_cast<double>(factor) * variant.count;
+            handByHand.Play(Deal(ranks, variant.suits), weight);
+            hands += weight;
+        }
+        handByHand.EndRow();
+        tally.Progress(hands * (table.type == GameType::kAcesBonus ? kAceGameFactor : 1));
     }
 
     Hand Deal(const Ranks& ranks, const PositionSuits& suits) const {
@@ -159,178 +185,6 @@ class GameRun {
         return cards;
     }
 
-    // Where the order of the aces pays, a hand is worth what the order of its cards is, and every
-    // order has the same share of its weight. Only two things matter: where the aces lie, and, when
-    // they lie as they have to, which card lies in the place beside them.
-    void PlayAceOrders(const Hand& cards, double weight) {
-        Look(cards);
-        std::vector<std::size_t> aces;
-        std::vector<std::size_t> others;
-        for (std::size_t i = 0; i < kHandSize; ++i)
-            (cards[i].rank == 1 ? aces : others).push_back(i);
-        const double all = weight * kAceGameFactor;
-        if (aces.empty()) return PlayEndCards(cards, all);
-        Placement order = kAsGiven;  // the positions of the aces, then those of the others, rising
-        double placements = 1;
-        for (std::size_t i = 0; i < aces.size(); ++i)
-            placements *= static_cast<double>(kHandSize - i);
-        do {
-            if (!std::is_sorted(order.begin() + static_cast<std::ptrdiff_t>(aces.size()),
-                                order.end())) {
-                continue;
-            }
-            Placement placement{};
-            for (std::size_t i = 0; i < aces.size(); ++i) placement[aces[i]] = order[i];
-            for (std::size_t i = 0; i < others.size(); ++i) {
-                placement[others[i]] = order[aces.size() + i];
-            }
-            PlayAcePlacement(cards, placement, others, all / placements);
-        } while (std::ranges::next_permutation(order).found);
-    }
-
-    void PlayAcePlacement(const Hand& cards, const Placement& placement,
-                          const std::vector<std::size_t>& others, double weight) {
-        const Hand placed = Placed(cards, placement);
-        const auto fromFirst = AceChanceFrom(placed, 0);
-        const auto chance = fromFirst ? fromFirst : AceChanceFrom(placed, 1);
-        if (!chance) return PlayOrders(cards, {{placement}}, weight);
-        const auto beside = static_cast<std::size_t>(chance->besidePosition);
-        std::vector<Placement> orders;
-        orders.reserve(others.size());
-        for (const std::size_t card : others) orders.push_back(Brought(placement, card, beside));
-        PlayOrders(cards, orders, weight);
-    }
-
-    // Without aces the four may come to either side of a card that lies first or last.
-    void PlayEndCards(const Hand& cards, double weight) {
-        std::vector<Placement> orders;
-        for (std::size_t first = 0; first < kHandSize; ++first) {
-            for (std::size_t last = 0; last < kHandSize; ++last) {
-                if (first == last) continue;
-                orders.push_back(Brought(Brought(kAsGiven, first, 0), last, kHandSize - 1));
-            }
-        }
-        PlayOrders(cards, orders, weight);
-    }
-
-    // The placement with a card brought to a position, and the card there put where that one was.
-    static Placement Brought(Placement placement, std::size_t card, std::size_t position) {
-        std::ranges::replace(placement, position, placement[card]);
-        placement[card] = position;
-        return placement;
-    }
-
-    static Hand Placed(const Hand& cards, const Placement& placement) {
-        Hand placed;
-        for (std::size_t i = 0; i < kHandSize; ++i) placed[placement[i]] = cards[i];
-        return placed;
-    }
-
-    // Orders of the same weight; those with the same cards held and the same draws are one
-    // representative.
-    void PlayOrders(const Hand& cards, const std::vector<Placement>& orders, double weight) {
-        const std::size_t before = played.size();
-        std::vector<HoldMask> heldCards;
-        for (const Placement& order : orders) {
-            PlayedHand hand{Placed(cards, order), weight / static_cast<double>(orders.size()), {}};
-            FindBest(order, hand);
-            HoldMask held = 0;
-            for (std::size_t i = 0; i < kHandSize; ++i) {
-                if (Holds(hand.best.mask, order[i])) held |= 1 << i;
-            }
-            Add(hand);
-            std::size_t alike = 0;
-            while (
-                alike < heldCards.size() &&
-                !(heldCards[alike] == held && SameDraws(played[before + alike].best, hand.best))) {
-                ++alike;
-            }
-            if (alike < heldCards.size()) {
-                played[before + alike].weight += hand.weight;
-            } else {
-                heldCards.push_back(held);
-                played.push_back(hand);
-            }
-        }
-    }
-
-    // The hand lies in the order, from the cards that the finder looks at.
-    void FindBest(const Placement& order, PlayedHand& hand) {
-        if (finder) return finder->Best(order, hand.best);
-        AnalyzeHand(tables, table, {hand.cards, {}}, kFullBet, coin, analysis);
-        TakeBest(analysis, hand.best);
-    }
-
-    void AnalyzeStartingHand(const Hand& cards, double weight) {
-        // Filled in place: there are hundreds of thousands of them.
-        PlayedHand& hand = played.emplace_back();
-        hand.cards = cards;
-        hand.weight = weight;
-        if (IsPickEm()) {
-            FindBestPile(cards, hand.best);
-        } else {
-            if (finder) Look(cards);
-            FindBest(kAsGiven, hand);
-        }
-        Add(hand);
-    }
-
-    void Look(const Hand& cards) {
-        std::array<SetCard, kHandSize> setCards;
-        for (std::size_t i = 0; i < kHandSize; ++i) setCards[i] = tables.ToSetCard(cards[i]);
-        finder->Look(setCards);
-    }
-
-    void FindBestPile(const Hand& cards, BestHold& best) {
-        KnownCards known;
-        known.hand = {cards[0], cards[1], cards[3], {}, {}};
-        known.firstDraw = cards[4];
-        AnalyzeHand(tables, table, known, kFullBet, coin, analysis);
-        TakeBest(analysis, best);
-        if (best.mask == kLeftPile) best.mask = kLeftPileHeld;
-    }
-
-    void Add(const PlayedHand& hand) {
-        const auto drawn = static_cast<std::size_t>(hand.best.cardsDrawn);
-        const double weight = hand.weight;
-        done += weight;
-        totals.initHands[drawn] += weight;
-        totals.initHandsTotal += weight;
-        totals.er += weight * hand.best.expectedReturn;
-        totals.erSquares += weight * hand.best.expectedReturn * hand.best.expectedReturn;
-        double sum = 0;
-        for (std::size_t line = 0; line < kMaxPayLines; ++line) {
-            const double hands = weight * hand.best.counts[line];
-            totals.final[drawn][line] += hands;
-            totals.total[line] += hands;
-            sum += hands;
-        }
-        const double nothing = weight * hand.best.counts[kNothingLane];
-        totals.nothing[drawn] += nothing;
-        totals.nothingTotal += nothing;
-        totals.finalHands[drawn] += sum + nothing;
-        totals.finalHandsTotal += sum + nothing;
-    }
-
-    // Ends a row. Its variants are one representative as long as they are played alike.
-    void Report() {
-        if (played.empty()) return;
-        const bool ordered = table.type == GameType::kAcesBonus;
-        const BestHold& first = played.front().best;
-        if (!ordered && std::ranges::all_of(played, [&first](const PlayedHand& hand) {
-                return hand.best.mask == first.mask && SameDraws(hand.best, first);
-            })) {
-            for (std::size_t i = 1; i < played.size(); ++i) played[0].weight += played[i].weight;
-            played.resize(1);
-        }
-        totals.representatives += static_cast<std::int64_t>(played.size());
-        if (watcher.hand) {
-            for (const PlayedHand& hand : played) watcher.hand(hand);
-        }
-        played.clear();
-        if (watcher.progress && !watcher.progress(done, all)) totals.cancelled = true;
-    }
-
     void PlayEveryHand() {
         const CardTable deck = BuildCardTable(DeckOf(table));
         PlayCardsFrom(deck, 0, 0, {});
@@ -340,28 +194,26 @@ class GameRun {
         if (IsPickEm() && position == kEmptyPosition) return PlayCardsFrom(deck, 3, from, cards);
         if (position == kHandSize) {
             const auto play = [this](const Hand& deal) {
-                PlayUnordered(deal, 1);
-                Report();
+                handByHand.Play(deal, 1);
+                handByHand.EndRow();
+                tally.Progress(1);
             };
             return IsPickEm() ? ForEachPickEmDeal(cards, play) : play(cards);
         }
-        for (CardCode card = from; card < deck.deckSize && !totals.cancelled; ++card) {
+        for (CardCode card = from; card < deck.deckSize && !tally.Cancelled(); ++card) {
             cards[position] = FaceOf(deck, card);
             PlayCardsFrom(deck, position + 1, card + 1, cards);
         }
     }
 
-    const LineTables& tables;
     const PayTable& table;
-    double coin;
-    const GameAnalysisWatcher& watcher;
+    bool eachHandReported;
     SuitPatternTables patterns;
-    std::optional<BestHoldFinder> finder;
-    HoldAnalysis analysis;
-    std::vector<PlayedHand> played;  // of the row at work
-    double all;
-    double done = 0;
-    GameTotals totals;
+    GameTally tally;
+    BatchGame batchGame;
+    PatternBatches batches;
+    PileBatches piles;
+    HandByHand handByHand;
 };
 
 // Puts the lines of hands with different draws on one footing: each starting hand counts the same,

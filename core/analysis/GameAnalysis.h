@@ -9,8 +9,6 @@
 #include "core/analysis/HoldCounts.h"
 #include "core/analysis/SuitPatterns.h"
 
-inline constexpr std::size_t kDraws = kHandSize + 1;  // 0..5 cards drawn by the best hold
-
 // Sums over the starting hands analysed, each with its weight. Indexed by the cards that the best
 // hold draws, then by pay line. Final hands are counted without regard to how many there are per
 // starting hand; summary puts them on one footing.

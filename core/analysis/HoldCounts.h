@@ -5,7 +5,8 @@
 #include "core/analysis/LineTables.h"
 
 inline constexpr std::size_t kHolds = 32;
-using HoldCounts = std::array<LineCounts, kHolds>;  // by HoldMask
+inline constexpr std::size_t kDraws = kHandSize + 1;  // 0..5 cards drawn
+using HoldCounts = std::array<LineCounts, kHolds>;    // by HoldMask
 
 // All functions want distinct cards of the deck.
 

@@ -8,7 +8,8 @@ namespace {
 constexpr std::int8_t kNotYet = -2;
 constexpr unsigned kJokerBit = 1U << 4;
 constexpr unsigned kStarsBit = 1U << 5;
-constexpr unsigned kRedBits = 0b1010;  // hearts and diamonds
+constexpr std::size_t kSuitsAgree = 7;  // the bits of ViewNumber that suits decide
+constexpr unsigned kRedBits = 0b1010;   // hearts and diamonds
 constexpr unsigned kBlackBits = 0b0101;
 
 bool IsRed(std::size_t suit) { return suit % 2 == 1; }
@@ -114,8 +115,14 @@ struct LineTables::Building {
 
 LineTables::LineTables(const PayTable& table) {
     DescribeDeck(table);
-    const SuitGroup group = InterchangeableSuits(table);
-    for (int size = 1; size <= kMaxSetSize; ++size) classes.emplace_back(size, extras, group);
+    SetMeaning meaning{extras, InterchangeableSuits(table), {}, {}};
+    meaning.suitsOf = [this](std::span<const SetCard> cards) { return SuitState(cards); };
+    for (std::uint8_t kind = 0; kind < kMaxKinds; ++kind) meaning.marks[kind] = WildSuits(kind);
+    firstRow[1] = 1;
+    for (std::size_t size = 1; size <= kMaxSetSize; ++size) {
+        classes.emplace_back(static_cast<int>(size), meaning);
+        firstRow[size + 1] = firstRow[size] + classes.back().Count();
+    }
 
     const Building building(*this, table);
     CountFours(building);
@@ -168,36 +175,40 @@ std::size_t LineTables::ViewNumber(const SuitView& view) const {
            (flush ? 1 : 0);
 }
 
-// Counts, for each class of four cards, the lines of all fifth cards there are. Classes of the same
-// kinds come one after the other, so the number of the five kinds is worked out once for them, by
-// the kind of the fifth card. The evaluator is asked only the first time that a line is met.
+// What a set's suits mean to the hands that hold it. Of two sets of the same kinds for which it is
+// the same, every further card makes the same of both: while all cards, or all natural ones, or all
+// colours are one, the suits say which cards go on with that, and once nothing is, none matters.
+std::uint32_t LineTables::SuitState(std::span<const SetCard> cards) const {
+    SuitView view;
+    for (const SetCard card : cards) view = view + CardView(card);
+    constexpr std::uint32_t none = 1U << 12;
+    const std::uint32_t suits = view.suits | view.naturalSuits << 6;
+    const bool matters = (ViewNumber(view) & kSuitsAgree) != 0;
+    return view.wildByFace << 13 | (matters ? suits : none);
+}
+
+// Counts, for each class of four cards, the lines of all fifth cards there are. The evaluator is
+// asked only the first time that a line is met.
 void LineTables::CountFours(const Building& building) {
     lineOfFive.assign(MultisetCount(kHandSize, kindCount) * kViews, kNotYet);
     fours.resize(classes[3].Count());
-    std::array<std::size_t, kMaxKinds>
-        firstOfKinds{};  // in lineOfFive, by the kind of the fifth card
-    std::uint32_t lastKinds = UINT32_MAX;
     classes[3].ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
         SuitView view;
-        std::uint32_t key = 0;
-        for (std::size_t i = 0; i < cards.size(); ++i) {
-            view = view + ViewOf(cards[i]);
-            key += SetKey::Add(static_cast<int>(i), cards[i]);
-        }
-        if (SetKey::Kinds(key) != lastKinds) {
-            lastKinds = SetKey::Kinds(key);
-            for (std::uint8_t kind = 0; kind < kMaxKinds; ++kind) {
-                const std::uint32_t five = KeyOf(WithCard(cards, {kind, 0}), kHandSize);
-                firstOfKinds[kind] = SetKey::Kinds(five) * kViews;
-            }
+        for (const SetCard card : cards) view = view + CardView(card);
+        std::array<std::size_t, kSuits> withNatural{};  // the views, by the suit of the fifth card
+        for (std::size_t suit = 0; suit < kSuits; ++suit) {
+            withNatural[suit] = ViewNumber(view + SuitView{1U << suit, 1U << suit, 0});
         }
         auto& row = fours[number];
-        ForEachFurtherCard(cards, [&](SetCard card, int count) {
-            auto& line = lineOfFive[firstOfKinds[card.kind] + ViewNumber(view + ViewOf(card))];
+        ForEachFurtherCard(cards, [&](SetCard card, int copies, std::uint32_t key) {
+            const bool natural = card.kind != kExtraKind && !IsWild(card);
+            const std::size_t with =
+                natural ? withNatural[card.suit] : ViewNumber(view + CardView(card));
+            auto& line = lineOfFive[SetKey::Kinds(key) * kViews + with];
             if (line == kNotYet) {
                 line = static_cast<std::int8_t>(building.LineOf(WithCard(cards, card)));
             }
-            row[LaneOf(line)] = static_cast<std::uint8_t>(row[LaneOf(line)] + count);
+            row[LaneOf(line)] = static_cast<std::uint8_t>(row[LaneOf(line)] + copies);
         });
     });
 }
@@ -206,48 +217,57 @@ void LineTables::CountFours(const Building& building) {
 // every card of it outside the set, so the sum is divided by their number.
 template <int Size, typename Count>
 void LineTables::CountFromLarger(Rows<Count>& rows) const {
-    const auto countSet = [this](std::span<const SetCard> cards) {
+    const auto countSet = [this, &rows](std::uint32_t number, std::span<const SetCard> cards) {
         LineCounts sum{};
-        ForEachFurtherCard(cards, [&](SetCard card, int count) {
+        ForEachFurtherCard(cards, [&](SetCard, int copies, std::uint32_t key) {
             LineCounts larger;
-            Read<Size + 1>(KeyOf(WithCard(cards, card), Size + 1), larger);
+            Read<Size + 1>(key, larger);
             for (std::size_t lane = 0; lane < kLanes; ++lane) {
-                sum[lane] += larger[lane] * static_cast<std::uint32_t>(count);
+                sum[lane] += larger[lane] * static_cast<std::uint32_t>(copies);
             }
         });
-        std::array<Count, kLanes> row{};
         for (std::size_t lane = 0; lane < kLanes; ++lane) {
-            row[lane] = static_cast<Count>(sum[lane] / (kHandSize - Size));
+            rows[number][lane] = static_cast<Count>(sum[lane] / (kHandSize - Size));
         }
-        return row;
     };
     if constexpr (Size == 0) {
-        rows.push_back(countSet({}));
+        rows.resize(1);
+        countSet(0, {});
     } else {
-        const SetClasses& sets = classes[Size - 1];
-        rows.resize(sets.Count());
-        sets.ForEachClass([&](std::uint32_t number, std::span<const SetCard> cards) {
-            rows[number] = countSet(cards);
-        });
+        rows.resize(classes[Size - 1].Count());
+        classes[Size - 1].ForEachClass(countSet);
     }
 }
 
-// Calls visit(card, count) for every card of the deck outside the set; jokers, which are alike,
-// come as one card and their number.
+// Calls visit(card, copies, key) for every card of the deck outside the sorted set, with the key of
+// the set that it makes; jokers, which are alike, come as one card and their number.
 template <typename Visitor>
 void LineTables::ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const {
-    std::uint64_t used = 0;
-    int left = extras;
-    for (const SetCard card : cards) {
-        used |= std::uint64_t{1} << (card.kind * kSuits + card.suit);
-        if (card.kind == kExtraKind) --left;
+    // A card that takes a place moves those behind it by one.
+    std::array<std::uint32_t, SetKey::kPlaces> before{};
+    std::array<std::uint32_t, SetKey::kPlaces> behind{};
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        const auto place = static_cast<int>(i);
+        before[i + 1] = before[i] + SetKey::Add(place, cards[i]);
+        for (std::size_t at = 0; at <= i; ++at) behind[at] += SetKey::Add(place + 1, cards[i]);
     }
+    std::size_t place = 0;
+    const auto keyWith = [&](SetCard card) {
+        return before[place] + SetKey::Add(static_cast<int>(place), card) + behind[place];
+    };
     for (std::uint8_t kind = 0; kind < kExtraKind; ++kind) {
-        for (std::uint8_t suit = 0; suit < kSuits; ++suit, used >>= 1) {
-            if ((used & 1) == 0) visit(SetCard{kind, suit}, 1);
+        for (std::uint8_t suit = 0; suit < kSuits; ++suit) {
+            const SetCard card{kind, suit};
+            if (place < cards.size() && cards[place] == card) {
+                ++place;
+            } else {
+                visit(card, 1, keyWith(card));
+            }
         }
     }
-    if (left > 0) visit(SetCard{kExtraKind, 0}, left);
+    const SetCard extra{kExtraKind, 0};
+    const int left = extras - static_cast<int>(cards.size() - place);
+    if (left > 0) visit(extra, left, keyWith(extra));
 }
 
 // Asks the evaluator for the lines that held cards make by themselves.
@@ -258,6 +278,12 @@ void LineTables::ClassifyHeld(const Building& building) {
             lines[number] = static_cast<std::int8_t>(building.LineOfHeld(cards));
         });
     }
+}
+
+std::uint8_t LineTables::WildSuits(std::uint8_t kind) const {
+    unsigned suits = 0;
+    for (std::size_t suit = 0; suit < kSuits; ++suit) suits |= wild[kind][suit] ? 1U << suit : 0U;
+    return static_cast<std::uint8_t>(suits);
 }
 
 bool LineTables::Contains(CardFace face) const {
@@ -274,10 +300,14 @@ CardFace LineTables::ToFace(SetCard card) const {
     return card.kind == kExtraKind ? extraFace : CardFace{card.kind + 1, card.suit + 1};
 }
 
-int LineTables::LineOfFive(const SortedCards& cards) const {
+std::size_t LineTables::ViewOf(const SortedCards& cards) const {
     SuitView view;
-    for (const SetCard card : cards) view = view + ViewOf(card);
-    return lineOfFive[SetKey::Kinds(KeyOf(cards, kHandSize)) * kViews + ViewNumber(view)];
+    for (const SetCard card : cards) view = view + CardView(card);
+    return ViewNumber(view);
+}
+
+int LineTables::LineOfFive(const SortedCards& cards) const {
+    return LinesOfKinds(SetKey::Kinds(KeyOf(cards, kHandSize)))[ViewOf(cards)];
 }
 
 int LineTables::LineOfHeld(std::span<const SetCard> cards) const {

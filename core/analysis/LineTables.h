@@ -54,12 +54,14 @@ class LineTables {
     CardFace ToFace(SetCard card) const;
 
     bool IsWild(SetCard card) const { return wild[card.kind][card.suit]; }
+    std::uint8_t WildSuits(std::uint8_t kind) const;  // those in which it is wild, as bits
 
     // The hands that hold a set of Size cards (0..4), by the set's key.
     template <int Size>
     void Read(std::uint32_t key, LineCounts& counts) const;
 
-    // The classes of the sets of 1..4 cards, and the hands by class.
+    // The classes of the sets of 1..4 cards, and the hands by class; the empty set is its only
+    // class.
     const SetClasses& Classes(int size) const {
         return classes[static_cast<std::size_t>(size - 1)];
     }
@@ -67,8 +69,22 @@ class LineTables {
     void ReadClass(std::uint32_t number, LineCounts& counts) const;
     void ReadClass(int size, std::uint32_t number, LineCounts& counts) const;
 
+    // The counts of a class are a row. Where rows of all sizes are numbered through, those of a
+    // size, 0..5, start here; sets of five cards have one for each lane.
+    std::size_t FirstRow(int size) const { return firstRow[static_cast<std::size_t>(size)]; }
+    std::size_t RowCount(int size) const { return FirstRow(size + 1) - FirstRow(size); }
+
     // The line that five cards are paid on; -1 for no win.
     int LineOfFive(const SortedCards& cards) const;
+
+    // Five cards of the same kinds are paid by their view alone: what the evaluator can tell of
+    // their suits and wild cards. The lines by view, given the kinds' part of the cards' SetKey; a
+    // view that no such cards have has any line.
+    static constexpr std::size_t kViews = 24;
+    std::size_t ViewOf(const SortedCards& cards) const;
+    std::span<const std::int8_t, kViews> LinesOfKinds(std::uint32_t kinds) const {
+        return std::span<const std::int8_t, kViews>(&lineOfFive[kinds * kViews], kViews);
+    }
 
     // The line that one to four cards, sorted, make by themselves, the other positions being empty;
     // -1 for none. Known for double-draw games only, otherwise always -1.
@@ -93,18 +109,18 @@ class LineTables {
                     wildByFace + other.wildByFace};
         }
     };
-    static constexpr std::size_t kViews = 24;  // numbers that ViewNumber gives
 
     // The evaluator's side of the work, which the constructor alone needs.
     struct Building;
 
-    std::size_t ViewNumber(const SuitView& view) const;
-    const SuitView& ViewOf(SetCard card) const { return views[card.kind][card.suit]; }
+    std::size_t ViewNumber(const SuitView& view) const;  // below kViews
+    const SuitView& CardView(SetCard card) const { return views[card.kind][card.suit]; }
     void DescribeDeck(const PayTable& table);
     void CountFours(const Building& building);
     template <int Size, typename Count>
     void CountFromLarger(Rows<Count>& rows) const;
     void ClassifyHeld(const Building& building);
+    std::uint32_t SuitState(std::span<const SetCard> cards) const;
     template <typename Visitor>
     void ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const;
 
@@ -116,7 +132,8 @@ class LineTables {
     std::array<std::array<bool, kSuits>, kMaxKinds> wild{};
     std::array<std::array<SuitView, kSuits>, kMaxKinds> views{};
 
-    std::vector<SetClasses> classes;      // by size - 1
+    std::vector<SetClasses> classes;  // by size - 1
+    std::array<std::size_t, kHandSize + 1> firstRow{};
     std::vector<std::int8_t> lineOfFive;  // by multiset of kinds, then by view
     LineCounts allHands{};
     Rows<std::uint32_t> ones;  // rows by class
@@ -140,6 +157,9 @@ inline void LineTables::ReadClass(std::uint32_t number, LineCounts& counts) cons
 
 inline void LineTables::ReadClass(int size, std::uint32_t number, LineCounts& counts) const {
     switch (size) {
+        case 0:
+            counts = allHands;
+            return;
         case 1:
             return ReadClass<1>(number, counts);
         case 2:

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr std::uint8_t kFifthSuit = 5;
+constexpr std::size_t kAllRenamings = 24;  // of four suits
 
 // What makes assignments rows of their own, beside a renaming of the suits.
 enum class Grouping {
@@ -115,7 +116,11 @@ bool IsOrdinary(std::uint8_t suit) { return suit >= 1 && suit <= kSuits; }
 class TableBuilder {
   public:
     TableBuilder(const TableRule& rule, const SuitGroup& interchangeable)
-        : rule(rule), interchangeable(interchangeable) {}
+        : rule(rule), interchangeable(interchangeable) {
+        for (std::size_t i = 0; i < kHandSize; ++i) {
+            if (IsCard(i) && SameRankBefore(i)) ranksDiffer = false;
+        }
+    }
 
     std::vector<SuitPattern> Build() {
         Assign(0, {});
@@ -124,6 +129,9 @@ class TableBuilder {
 
   private:
     char Letter(std::size_t position) const { return rule.cards[position]; }
+    bool IsCard(std::size_t position) const {  // with a suit of its own
+        return Letter(position) != 'W' && Letter(position) != '_';
+    }
 
     // The last position before this one that has the same rank.
     std::optional<std::size_t> SameRankBefore(std::size_t position) const {
@@ -137,7 +145,7 @@ class TableBuilder {
     // the suits of equal ranks rise.
     void Assign(std::size_t position, PositionSuits suits) {
         if (position == kHandSize) return Add(suits);
-        if (Letter(position) == 'W' || Letter(position) == '_') return Assign(position + 1, suits);
+        if (!IsCard(position)) return Assign(position + 1, suits);
         const bool fifthAce = Letter(position) == 'A' && rule.type == GameType::kFiveAces;
         const auto before = SameRankBefore(position);
         const int lowest = before ? suits[*before] + 1 : 1;
@@ -166,9 +174,23 @@ class TableBuilder {
         return renamed;
     }
 
+    // The least of what all renamings make of an assignment to different ranks: each suit has the
+    // lowest number left when it first appears.
+    static PositionSuits InOrderOfAppearance(PositionSuits suits) {
+        std::array<std::uint8_t, kFifthSuit + 1> numberOf{};
+        std::uint8_t last = 0;
+        for (std::uint8_t& suit : suits) {
+            if (!IsOrdinary(suit)) continue;
+            if (numberOf[suit] == 0) numberOf[suit] = ++last;
+            suit = numberOf[suit];
+        }
+        return suits;
+    }
+
     // The least of what the renamings make of an assignment: the same for all that they make into
     // each other, so it stands for them.
     PositionSuits LeastOf(const PositionSuits& suits, const SuitGroup& group) const {
+        if (ranksDiffer && group.size() == kAllRenamings) return InOrderOfAppearance(suits);
         PositionSuits least = suits;
         for (const auto& renaming : group) least = std::min(least, Renamed(suits, renaming));
         return least;
@@ -229,10 +251,14 @@ class TableBuilder {
 
     // Counts an assignment in its row and variant, either of which may be new.
     void Add(const PositionSuits& suits) {
-        const auto [entry, isNew] = rowOf.try_emplace(RowKey(suits), rows.size());
+        const auto key = RowKey(suits);
+        const auto [entry, isNew] = rowOf.try_emplace(key, rows.size());
         if (isNew) rows.emplace_back();
         SuitPattern& row = rows[entry->second];
-        const PositionSuits least = LeastOf(suits, interchangeable);
+        const PositionSuits least =
+            interchangeable.size() == kAllRenamings && rule.grouping == kByRenaming
+                ? key.first
+                : LeastOf(suits, interchangeable);
         const auto [variant, isNewVariant] =
             variantOf.try_emplace({entry->second, least}, row.variants.size());
         if (isNewVariant) row.variants.push_back({suits, 0});
@@ -241,6 +267,7 @@ class TableBuilder {
 
     const TableRule& rule;
     const SuitGroup& interchangeable;
+    bool ranksDiffer = true;
     std::vector<SuitPattern> rows;
     std::map<std::pair<PositionSuits, int>, std::size_t> rowOf;
     std::map<std::pair<std::size_t, PositionSuits>, std::size_t> variantOf;
@@ -296,11 +323,12 @@ SuitPatternTables::SuitPatternTables(const PayTable& table) : type(table.type) {
         const TableRule& rule = Rules()[i];
         if (rule.jokers > table.jokers || !IsFor(rule, type)) continue;
         tables[i] = TableBuilder(rule, interchangeable).Build();
+        used.push_back(i);
     }
 }
 
 std::span<const SuitPattern> SuitPatternTables::Select(const HandShape& shape) const {
-    for (std::size_t i = 0; i < kTables; ++i) {
+    for (const std::size_t i : used) {
         if (Fits(Rules()[i], shape, type)) return tables[i];
     }
     return {};

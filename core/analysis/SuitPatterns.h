@@ -72,4 +72,5 @@ class SuitPatternTables {
   private:
     GameType type;
     std::array<std::vector<SuitPattern>, kTables> tables;
+    std::vector<std::size_t> used;  // their numbers, rising
 };

@@ -191,7 +191,12 @@ std::optional<DealLaw> FindDealLaw(const PayTable& table, int bet, int lines,
     if (lines == 1) {
         const auto hand = AnalyzeBet(table, bet, tables, goesOn);
         if (!hand) return std::nullopt;
-        return DealLaw{GainLawOf(*hand, table, bet), hand->lines};
+        DealLaw law{GainLawOf(*hand, table, bet), hand->lines, {}, 1};
+        const std::vector<std::int64_t> pays = PaysInUnits(table, bet);
+        for (std::size_t line = 0; line < pays.size(); ++line) {
+            law.gainOf[line] = pays[line] - law.gains.stake;
+        }
+        return law;
     }
     if (!CanAnalyzeGame(table) || table.lines.empty()) return std::nullopt;
     const std::vector<std::int64_t> pays = PaysInUnits(table, bet);
@@ -206,6 +211,7 @@ std::optional<DealLaw> FindDealLaw(const PayTable& table, int bet, int lines,
     if (AnalyzeGame(*lineTables, schedule, 1, watcher).cancelled) return std::nullopt;
 
     DealLaw law;
+    law.lines = lines;
     Mixture mixture(lines, most);
     for (const HoldClass& hold : holds.classes) {
         if (!goesOn()) return std::nullopt;
@@ -218,6 +224,9 @@ std::optional<DealLaw> FindDealLaw(const PayTable& table, int bet, int lines,
     const std::int64_t unit = UnitOf(table, bet);
     law.gains.stake = bet / unit * lines;
     law.gains.unit = static_cast<double>(unit) / bet;
+    for (std::size_t line = 0; line < pays.size(); ++line) {
+        law.gainOf[line] = pays[line] - bet / unit;
+    }
     const std::vector<double>& paid = mixture.Law();
     const double all = std::accumulate(paid.begin(), paid.end(), 0.0);
     for (std::size_t i = 0; i < paid.size(); ++i) {

@@ -2,6 +2,7 @@
 // a deck of its own. What they share is the hold, and so their gains go together.
 #pragma once
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -15,6 +16,8 @@ inline constexpr int kMostLinesAtOnce = 100;
 struct DealLaw {
     GainLaw gains;
     std::array<double, kMaxPayLines> seen{};  // the chance that one hand or more ends in the line
+    std::array<std::int64_t, kMaxPayLines> gainOf{};  // units that one hand in the line wins
+    int lines = 1;                                    // at once
 
     // That this happens at least once in so many deals.
     double AtLeastOnce(std::size_t line, std::int64_t deals) const;

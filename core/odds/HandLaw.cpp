@@ -57,6 +57,11 @@ PayTable ScheduleOf(PayTable table, int bet) {
     return table;
 }
 
+PayTable WithoutWins(PayTable table) {
+    for (PayLine& line : table.lines) line.sessionWins = line.totalWins = 0;
+    return table;
+}
+
 std::array<double, kMaxPayLines> BestEnd::Of(const PlayedHand& hand) {
     Probabilities shares{};
     const auto draws = static_cast<double>(hand.best.totalHands);

@@ -43,6 +43,9 @@ std::optional<HandLaw> AnalyzeBet(const PayTable& table, int bet, LineTableCache
 // one pays for a bet of so many coins.
 PayTable ScheduleOf(PayTable table, int bet);
 
+// All of a table that a law depends on, and more: the wins, which change with every hand, are 0.
+PayTable WithoutWins(PayTable table);
+
 // Where the best hold of a hand ends: the probability of each line. In a double-draw game the
 // second draw is in it, which the totals of a game do not know.
 class BestEnd {

@@ -54,7 +54,8 @@ LongRun FindLongRun(const GainLaw& law, double cashBack) {
     run.edge = Expect(law, cashBack, [](double gain) { return gain; });
     const double worst =
         static_cast<double>(law.outcomes.front().gain) / static_cast<double>(law.stake) + cashBack;
-    if (worst >= 0) {
+    run.canLose = worst < 0;
+    if (!run.canLose) {
         run.base = run.edge > kNoEdge ? 0 : 1;
         run.kelly = run.edge > kNoEdge ? 1 : 0;
         return run;

@@ -12,7 +12,8 @@ struct LongRun {
     // 1 where nothing can be lost.
     double kelly = 0;
 
-    double stake = 1;  // of one hand or deal
+    bool canLose = false;  // something with a hand, cash back included
+    double stake = 1;      // of one hand or deal
 
     bool RuinIsCertain() const { return base >= 1; }
     double RiskOf(double bankroll) const;  // 0..1

@@ -10,6 +10,7 @@ namespace {
 // A law of more outcomes is transformed as a whole; the sines of fewer are taken one by one, which
 // keeps more digits.
 constexpr std::size_t kFewOutcomes = 64;
+constexpr std::size_t kAsked = 4096;  // frequencies, until it is asked again whether to go on
 
 std::size_t Ring(std::int64_t place, std::size_t places) {
     const auto size = static_cast<std::int64_t>(places);
@@ -21,10 +22,11 @@ Coefficient LogOnePlus(double re, double im) {
     return {std::log1p(2 * re + re * re + im * im) / 2, std::atan2(im, 1 + re)};
 }
 
-Spectrum LogOfFew(const GainLaw& law, std::size_t places) {
+Spectrum LogOfFew(const GainLaw& law, std::size_t places, const GoesOn& goesOn) {
     const double mean = law.Mean();
     Spectrum logs(places / 2 + 1);
     for (std::size_t j = 0; j < logs.size(); ++j) {
+        if (j % kAsked == 0 && !goesOn()) return {};
         const double angle =
             2 * std::numbers::pi * static_cast<double>(j) / static_cast<double>(places);
         double re = 0;
@@ -76,13 +78,14 @@ std::optional<std::size_t> PlacesFor(double atLeast) {
     return best;
 }
 
-Spectrum LogSpectrumOf(const GainLaw& law, std::size_t places) {
-    if (law.outcomes.size() <= kFewOutcomes) return LogOfFew(law, places);
+Spectrum LogSpectrumOf(const GainLaw& law, std::size_t places, const GoesOn& goesOn) {
+    if (law.outcomes.size() <= kFewOutcomes) return LogOfFew(law, places, goesOn);
     // A power of many hands makes the roundings of one so many times as large, so three digits more
     // are taken here.
     std::vector<long double> ring(places);
     for (const auto& [gain, probability] : law.outcomes) ring[Ring(gain, places)] += probability;
     const auto precise = Transform(ring);
+    if (!goesOn()) return {};
     const long double all = precise.front().real();
     Spectrum logs(precise.size());
     for (std::size_t j = 0; j < logs.size(); ++j) {

@@ -4,8 +4,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "core/odds/Spectrum.h"
-
 namespace {
 
 constexpr double kOutside = 30.0;  // -log of the chance on either side, 1e-13
@@ -84,13 +82,14 @@ GainWindow WindowOf(const GainLaw& law, double hands) {
     return window;
 }
 
-std::optional<WholeLaw> SumLaw(const GainLaw& law, std::int64_t hands) {
+std::optional<WholeLaw> SumLaw(const GainLaw& law, std::int64_t hands, const GoesOn& goesOn) {
     if (hands <= 0 || law.outcomes.empty()) return WholeLaw{0, {1}};
     const GainWindow window = WindowOf(law, static_cast<double>(hands));
     const auto places = PlacesFor(window.highest - window.lowest + 1);
     if (!places) return std::nullopt;
     if (hands == 1) return AsGiven(law, window);
-    Spectrum spectrum = LogSpectrumOf(law, *places);
+    Spectrum spectrum = LogSpectrumOf(law, *places, goesOn);
+    if (spectrum.empty()) return std::nullopt;
     for (std::size_t j = 0; j < spectrum.size(); ++j) {
         const double angle =
             2 * std::numbers::pi * static_cast<double>(j) / static_cast<double>(*places);

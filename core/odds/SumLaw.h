@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/odds/GainLaw.h"
+#include "core/odds/Spectrum.h"
 
 // Probabilities of the whole numbers from "first" on.
 struct WholeLaw {
@@ -21,5 +22,6 @@ struct GainWindow {
 };
 GainWindow WindowOf(const GainLaw& law, double hands);
 
-// The law of the sum of so many gains; nothing when it spreads over more than kMostPlaces units.
-std::optional<WholeLaw> SumLaw(const GainLaw& law, std::int64_t hands);
+// The law of the sum of so many gains; nothing when it spreads over more than kMostPlaces units, or
+// when goesOn says no.
+std::optional<WholeLaw> SumLaw(const GainLaw& law, std::int64_t hands, const GoesOn& goesOn);

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/profile/AtomicFile.h"
 #include "core/profile/ProfileFile.h"
+#include "core/store/ComputedFile.h"
 #include "core/text/IsoTime.h"
 #include "core/text/Numbers.h"
 
@@ -133,10 +133,7 @@ AnalysisStamp StampOf(const GameTotals& totals, const PayTable& table, double co
 
 void WriteToCache(const std::vector<AnalysisEntry>& entries, const AnalysisStamp& stamp,
                   const std::string& section, const ProfileOnDisk& cache) {
-    // An empty file is what a profile file starts from; it creates none by itself.
-    std::error_code error;
-    fs::create_directories(fs::path(cache.path).parent_path(), error);
-    if (!fs::exists(cache.path, error)) ReplaceFile(cache.path, "");
+    PrepareComputedFile(cache);
     const auto write = [&](std::string_view key, std::optional<std::string_view> value) {
         cache.file.WriteString(section, key, value, cache.path);
     };

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/profile/AtomicFile.h"
 #include "core/store/AnalysisCache.h"
+#include "core/store/ComputedFile.h"
 #include "core/strategy/RowText.h"
 #include "core/text/IsoTime.h"
 #include "core/text/Numbers.h"
@@ -75,18 +75,23 @@ class Reader {
 
     ChartsOfWording Charts(std::string_view key) const {
         ChartsOfWording found;
+        bool whole = true;
         for (std::size_t size = 1; size <= SearchWish::kMostRows; ++size) {
             const std::string text = Value(std::string(key) + std::to_string(size));
             const auto colon = text.find(':');
             if (colon == std::string::npos) continue;
             SearchResult::Found chart{RowsOf(text.substr(colon + 1)), ParseDouble(text)};
-            if (chart.rows.size() == size) AddChart(found.lists, std::move(chart));
+            const bool readable = chart.rows.size() == size;
+            whole = whole && readable;
+            if (readable) AddChart(found.lists, std::move(chart));
         }
         const auto reach = std::ranges::find_if(
             kReaches, [text = Value(key)](std::string_view word) { return SameText(word, text); });
         if (!found.lists.empty() && reach != kReaches.end()) {
             found.reach = static_cast<SearchReach>(reach - kReaches.begin());
         }
+        // A chart with words that only a newer release knows is searched for again.
+        if (!whole) found.reach = SearchReach::kNone;
         return found;
     }
 
@@ -124,9 +129,7 @@ std::optional<TableCharts> ReadCharts(const ProfileOnDisk& charts, const std::st
 
 bool KeepCharts(const ProfileOnDisk& charts, const std::string& section, const PayTable& table,
                 const TableCharts& found) {
-    std::error_code error;
-    fs::create_directories(fs::path(charts.path).parent_path(), error);
-    if (!fs::exists(charts.path, error)) ReplaceFile(charts.path, "");
+    PrepareComputedFile(charts);
     RowNumbers numbers;
     const std::string lists =
         LinesOf(found.plain, kPlain, numbers) + LinesOf(found.penalties, kPenalties, numbers);

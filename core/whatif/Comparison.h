@@ -15,7 +15,7 @@ struct PlayDifference {
     std::int64_t hands = 0;
     Int128 costOnA = 0;  // of B's hold, in parts of a coin over these hands
     Int128 costOnB = 0;  // of A's hold
-    Hand example;       // one of those that it matters most for
+    Hand example;        // one of those that it matters most for
 };
 
 struct PlayComparison {

@@ -39,6 +39,22 @@ void Split(LineDifference& line) {
     line.byPay = (payB - payA) * (line.probabilityA + line.probabilityB) / 2 * kAll;
 }
 
+// The lines of a double-draw game are counted after the first draw: what the second ones add to its
+// return is the rest.
+LineDifference SecondDraws(const std::vector<LineDifference>& lines, double percentA,
+                           double percentB) {
+    LineDifference rest;
+    rest.description = "(second draws)";
+    rest.percentA = percentA;
+    rest.percentB = percentB;
+    for (const LineDifference& line : lines) {
+        rest.percentA -= line.percentA;
+        rest.percentB -= line.percentB;
+    }
+    rest.byFrequency = rest.percentB - rest.percentA;
+    return rest;
+}
+
 double CoinPay(const PayLine& line) { return static_cast<double>(line.maxPayout) / kFullBet; }
 
 std::vector<LineDifference> LinesOf(const PayTable& a, const GameTotals& totalsA, const PayTable& b,
@@ -66,6 +82,9 @@ std::vector<LineDifference> LinesOf(const PayTable& a, const GameTotals& totalsA
         addB(line, i);
     }
     std::ranges::for_each(lines, Split);
+    if (a.type == GameType::kDoubleDraw || b.type == GameType::kDoubleDraw) {
+        lines.push_back(SecondDraws(lines, totalsA.payoutPercent, totalsB.payoutPercent));
+    }
     return lines;
 }
 

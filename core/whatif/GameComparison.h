@@ -32,11 +32,14 @@ struct LineDifference {
 struct GameComparison {
     TableFigures a;
     TableFigures b;
-    std::vector<LineDifference> lines;   // those of A, then those that B alone has
+    // Those of A, then those that B alone has; where one of the two is a double-draw game, whose
+    // lines are counted after the first draw, last a row for all second draws, which has no pay.
+    std::vector<LineDifference> lines;
     std::optional<PlayComparison> play;  // nothing when the hands cannot be set side by side
     std::string whyNoPlay;               // a sentence
     bool cancelled = false;              // the rest is of no use
 };
 
 // Only for tables that CanAnalyzeGame takes.
-GameComparison CompareGames(const PayTable& a, const PayTable& b, const WhatIfProgress& progress = {});
+GameComparison CompareGames(const PayTable& a, const PayTable& b,
+                            const WhatIfProgress& progress = {});

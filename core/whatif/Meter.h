@@ -3,6 +3,7 @@
 // convex and made of straight pieces: it is known exactly at every meter once the corners are. A
 // meter is coins for the full bet.
 #pragma once
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,6 +24,11 @@ struct TurningPoint {
 
 // What it costs at a meter to play a turning point's hands as before, in percent of the bet.
 double CostOfIgnoring(const TurningPoint& point, double coins);
+
+// A curve goes to twice the jackpot that the meter starts from, or to the meter if that is higher.
+inline double LastMeter(int start, int coins) {
+    return std::max(2.0 * start, static_cast<double>(coins));
+}
 
 class MeterCurve {
   public:
@@ -53,7 +59,7 @@ class MeterCurve {
     // A straight piece of the return, in parts of a coin over all hands.
     struct Piece {
         double from = 0;  // the meter where it begins
-        Int128 base = 0;   // where it would meet a meter of 0
+        Int128 base = 0;  // where it would meet a meter of 0
         Int128 slope = 0;
     };
     struct Reader;

@@ -17,10 +17,14 @@ class Searcher {
     double Return(int coins) {
         const auto known = returns.find(coins);
         if (known != returns.end()) return known->second;
-        if (goOn && !goOn()) cancelled = true;
         if (cancelled) return 0;
         table.lines[line].maxPayout = coins;
-        return returns[coins] = AnalyzeGame(tables, table, 1, {}).payoutPercent;
+        GameAnalysisWatcher watcher;
+        if (goOn) watcher.progress = [this](double, double) { return goOn(); };
+        const GameTotals totals = AnalyzeGame(tables, table, 1, watcher);
+        if (totals.cancelled) cancelled = true;
+        if (cancelled) return 0;
+        return returns[coins] = totals.payoutPercent;
     }
 
     // Percent by coin, behind the meter.

@@ -9,14 +9,20 @@ std::vector<LineSensitivity> LineSensitivities(const LineTables& tables, const P
     std::vector<LineSensitivity> lines(table.lines.size());
     if (!CanAnalyzeGame(table) || totals.denominator <= 0) return lines;
     PayTable changed = table;
+    GameAnalysisWatcher watcher;
+    if (goOn) watcher.progress = [&goOn](double, double) { return goOn(); };
+    if (table.type != GameType::kDoubleDraw) {
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            lines[i].slope = totals.summary[i] / totals.denominator * 100;
+        }
+    }
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (goOn && !goOn()) break;
         PayLine& line = changed.lines[i];
-        lines[i].slope = totals.summary[i] / totals.denominator * 100;
         if (line.payout == most || line.maxPayout > most - kFullBet) continue;
         line.payout += 1;
         line.maxPayout += kFullBet;
-        const GameTotals more = AnalyzeGame(tables, changed, 1, {});
+        const GameTotals more = AnalyzeGame(tables, changed, 1, watcher);
+        if (more.cancelled) break;
         lines[i].gain = more.payoutPercent - totals.payoutPercent;
         lines[i].known = true;
         line = table.lines[i];

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/analysis/StartThread.h"
 #include "core/text/Amount.h"
 #include "core/text/Numbers.h"
 
@@ -85,13 +86,10 @@ std::string LiveText(const FormProblem& problem) {
 }
 
 LiveAnalysis::LiveAnalysis(std::function<void(const LiveResult&)> report)
-    : report(std::move(report)), thread([this](const std::stop_token& stop) { Run(stop); }) {}
+    : report(std::move(report)),
+      thread(StartThread([this](const std::stop_token& stop) { Run(stop); })) {}
 
-LiveAnalysis::~LiveAnalysis() {
-    Cancel();
-    thread.request_stop();
-    thread.join();
-}
+LiveAnalysis::~LiveAnalysis() { Cancel(); }
 
 std::uint64_t LiveAnalysis::Start(PayTable table, std::optional<PayTable> stored) {
     const std::lock_guard lock(mutex);

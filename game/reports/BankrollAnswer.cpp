@@ -1,15 +1,5 @@
 #include "game/reports/BankrollAnswer.h"
 
-namespace {
-
-// Wins change with every hand, and no law depends on them.
-PayTable Pays(PayTable table) {
-    for (PayLine& line : table.lines) line.sessionWins = line.totalWins = 0;
-    return table;
-}
-
-}  // namespace
-
 std::optional<HandLaw> BankrollReckoner::HandAt(int bet, const std::function<bool()>& goesOn) {
     if (const auto known = hands.find(bet); known != hands.end()) return known->second;
     const auto law = AnalyzeBet(table, bet, tables, goesOn);
@@ -19,7 +9,7 @@ std::optional<HandLaw> BankrollReckoner::HandAt(int bet, const std::function<boo
 
 std::optional<BankrollAnswer> BankrollReckoner::Answer(const BankrollQuestion& question,
                                                        const std::function<bool()>& goesOn) {
-    if (PayTable asked = Pays(question.table); asked != table) {
+    if (PayTable asked = WithoutWins(question.table); asked != table) {
         table = std::move(asked);
         hands.clear();
         deal.reset();
@@ -29,18 +19,23 @@ std::optional<BankrollAnswer> BankrollReckoner::Answer(const BankrollQuestion& q
         deal = FindDealLaw(table, question.bet, question.lines, tables, goesOn);
         dealOf = of;
     }
+    if (!goesOn()) return std::nullopt;
     BankrollAnswer answer;
     if (deal) {
-        answer.deal = *deal;
         answer.longRun = FindLongRun(deal->gains, question.longCashBack);
         answer.session = FindSessionLaw(deal->gains, question.session, goesOn);
+        if (answer.session.law) {
+            const auto lines = FindLineChances(*deal, question.session, goesOn);
+            if (!lines) return std::nullopt;
+            answer.lines = *lines;
+        }
     } else {
         answer.whyNot = CanAnalyzeGame(table) && !table.lines.empty()
                             ? "So many lines can pay too many different amounts. Take fewer lines."
                             : "There is no exact analysis of this game.";
     }
     if (!goesOn()) return std::nullopt;
-    answer.luck = FindLuck(question.statistics, question.table, question.coin,
+    answer.luck = FindLuck(question.statistics, question.creditsBet, question.table, question.coin,
                            [&](int bet) { return HandAt(bet, goesOn); });
     if (!goesOn()) return std::nullopt;
     return answer;

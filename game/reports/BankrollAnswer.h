@@ -9,6 +9,7 @@
 
 #include "core/analysis/LineTableCache.h"
 #include "core/odds/DealLaw.h"
+#include "core/odds/LineChances.h"
 #include "core/odds/Ruin.h"
 #include "core/store/Statistics.h"
 #include "game/reports/Luck.h"
@@ -19,13 +20,16 @@ struct BankrollQuestion {
     double coin = 1;     // dollars
     int lines = 1;       // at once
     SessionWish session;
-    double longCashBack = 0;  // 0..1 of what is played
-    Statistics statistics;    // of the game file
+    double longCashBack = 0;      // 0..1 of what is played
+    Statistics statistics;        // of the game file
+    std::int64_t creditsBet = 0;  // on its hands, those played to their end
+
+    bool operator==(const BankrollQuestion&) const = default;
 };
 
 struct BankrollAnswer {
-    DealLaw deal;
     SessionAnswer session;
+    LineChances lines;  // of the session
     LongRun longRun;
     Luck luck;
     std::string whyNot;  // a sentence instead of the first three; empty = they are there

@@ -4,17 +4,11 @@
 #include <cmath>
 
 #include "core/text/Amount.h"
+#include "game/reports/Chance.h"
 
 namespace {
 
 constexpr double kRounding = 1e-12;
-
-// To three digits: 1,230,000.
-std::string OneIn(double share) {
-    const double of = 1 / share;
-    const double unit = std::pow(10, std::max(0.0, std::floor(std::log10(of)) - 2));
-    return "1 in " + FormatCount(std::llround(std::round(of / unit) * unit));
-}
 
 std::string Capital(std::string text) {
     if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') {
@@ -29,6 +23,21 @@ std::string WinsOrLoses(double bets, double betDollars) {
 }
 
 std::string Percent(double share) { return FormatDecimals("%.3f", share * 100) + " %"; }
+
+// Where the cash back is, so rounded, what is there already, with more digits and rounded up.
+std::string WantedCashBack(double wanted, double already) {
+    constexpr double kThousandth = 1e-5;  // of a percent
+    const double rounded = std::round(wanted / kThousandth) * kThousandth;
+    if (rounded > already + kRounding) return Percent(rounded);
+    for (double unit = kThousandth / 10; unit > kRounding; unit /= 10) {
+        const double up = std::ceil(wanted / unit - 1e-3) * unit;
+        if (up > already + unit / 2) {
+            const int digits = static_cast<int>(std::lround(-std::log10(unit))) - 2;
+            return FormatDecimals("%." + std::to_string(digits) + "f", up * 100) + " %";
+        }
+    }
+    return "a little more than " + Percent(already);
+}
 
 }  // namespace
 
@@ -46,9 +55,10 @@ std::string BetsInDollars(double bets, double betDollars) {
 }
 
 std::string SessionInWords(const SessionLaw& law, const SessionWish& wish, double betDollars) {
-    std::string text = Capital(ShareInWords(law.ahead)) +
-                       " such sessions end ahead; the middle one " +
-                       WinsOrLoses(law.Quantile(0.5), betDollars) + ".";
+    std::string text = law.ahead < kRounding
+                           ? "No such session ends ahead"
+                           : Capital(ShareInWords(law.ahead)) + " such sessions end ahead";
+    text += "; the middle one " + WinsOrLoses(law.Quantile(0.5), betDollars) + ".";
     if (wish.bankroll) {
         text += " " + Capital(ShareInWords(law.broke)) + " are broke before the end";
         if (wish.goal) text += ", and " + ShareInWords(law.goal) + " reach the goal";
@@ -63,9 +73,14 @@ std::string SessionInWords(const SessionLaw& law, const SessionWish& wish, doubl
 std::string RuinInWords(const LongRun& run, double cashBack, std::optional<double> bankroll,
                         double betDollars) {
     if (run.RuinIsCertain()) {
+        if (!run.canLose) return "Nothing is ever won or lost.";
         const double wanted = cashBack - run.edge;
-        if (wanted <= kRounding) return "Nothing is ever won or lost.";
-        return "Ruin is certain; cash back of " + Percent(wanted) + " would change that.";
+        if (wanted <= cashBack + kRounding) {
+            const std::string more = cashBack > 0 ? "any more cash back" : "any cash back";
+            return "Ruin is certain; " + more + " would change that.";
+        }
+        return "Ruin is certain; cash back of " + WantedCashBack(wanted, cashBack) +
+               " would change that.";
     }
     if (run.base <= 0) return "Nothing can be lost.";
     std::string text = "Every bet wins " + Percent(run.edge) + " on average.";

@@ -11,14 +11,13 @@ namespace {
 constexpr double kUsual = 0.3;          // what has a larger chance needs no words
 constexpr double kRarestInWords = 1e9;  // players
 
-// To three digits, since nobody needs more: 1,230,000.
-std::int64_t Players(double chance) {
+}  // namespace
+
+std::string OneIn(double chance) {
     const double players = 1 / chance;
     const double unit = std::pow(10, std::max(0.0, std::floor(std::log10(players)) - 2));
-    return std::llround(std::round(players / unit) * unit);
+    return "1 in " + FormatCount(std::llround(std::round(players / unit) * unit));
 }
-
-}  // namespace
 
 Rarity RarityOf(std::int64_t seen, std::int64_t hands, double probability) {
     if (hands <= 0 || seen < 0 || seen > hands) return {};
@@ -30,5 +29,5 @@ Rarity RarityOf(std::int64_t seen, std::int64_t hands, double probability) {
     if (chance * kRarestInWords < 1) {
         return {chance, "less than 1 in " + FormatCount(std::llround(kRarestInWords)) + sees};
     }
-    return {chance, "1 in " + FormatCount(Players(chance)) + sees};
+    return {chance, OneIn(chance) + sees};
 }

@@ -8,5 +8,8 @@ struct Rarity {
     std::string words;  // "as expected", "1 in 40 players sees so few"
 };
 
+// "1 in 1,230" of a chance above 0: to three digits, since nobody needs more.
+std::string OneIn(double chance);
+
 // Nothing unusual is found in numbers that cannot be: no hands, or more seen than there are hands.
 Rarity RarityOf(std::int64_t seen, std::int64_t hands, double probability);

@@ -1,7 +1,6 @@
 #include "game/reports/LawBars.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "game/reports/BankrollTexts.h"
@@ -68,8 +67,8 @@ std::vector<LawBar> BarsOf(const SessionLaw& law, double betDollars, std::option
     return bars;
 }
 
-ReportTable SessionTable(const SessionLaw& law, const DealLaw& deal, const PayTable& table,
-                         std::int64_t hands, double betDollars) {
+ReportTable SessionTable(const SessionLaw& law, const LineChances& lines, const PayTable& table,
+                         double betDollars) {
     ReportTable report;
     report.title = "Session";
     report.columns = {{"Session"},
@@ -81,13 +80,15 @@ ReportTable SessionTable(const SessionLaw& law, const DealLaw& deal, const PayTa
     rows.Add("Even", percent(law.even));
     rows.Add("Broke before the end", percent(law.broke));
     rows.Add("At the goal", percent(law.goal));
-    for (const int share : {1, 5, 25, 50, 75, 95, 99}) {
+    for (const int share : kUsualPercents) {
         rows.Add(std::to_string(share) + " of 100", percent(share / 100.0),
                  NumberCell("%.2f", law.Quantile(share / 100.0) * betDollars + 0.0));
     }
     rows.Add("On average", {}, NumberCell("%.2f", law.expected * betDollars + 0.0));
     for (std::size_t i = 0; i < table.lines.size(); ++i) {
-        rows.Add("At least one " + table.lines[i].description, percent(deal.AtLeastOnce(i, hands)));
+        rows.Add("At least one " + table.lines[i].description +
+                     (lines.areOfAllDeals ? ", all deals played" : ""),
+                 percent(lines.atLeastOnce[i]));
     }
     return report;
 }
@@ -100,7 +101,7 @@ ReportTable RiskTable(const LongRun& run, double betDollars) {
                       {"Bankroll", "$", true}};
     if (run.RuinIsCertain()) return report;
     Rows rows(report);
-    for (const double risk : {0.5, 0.2, 0.1, 0.05, 0.02, 0.01, 0.001}) {
+    for (const double risk : kUsualRisks) {
         const double bets = run.BankrollFor(risk);
         rows.Add(ShareInWords(risk), NumberCell("%.1f", bets),
                  NumberCell("%.2f", bets * betDollars));

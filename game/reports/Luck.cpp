@@ -18,18 +18,19 @@ Luck NoLuck(const std::string& why) {
 
 }  // namespace
 
-Luck FindLuck(const Statistics& statistics, const PayTable& table, double coin,
-              const std::function<std::optional<HandLaw>(int bet)>& handLaw) {
+Luck FindLuck(const Statistics& statistics, std::int64_t creditsBet, const PayTable& table,
+              double coin, const std::function<std::optional<HandLaw>(int bet)>& handLaw) {
     Luck luck;
     luck.hands = statistics.handsPlayed.total;
-    const auto played = static_cast<double>(statistics.creditsPlayed.total);
+    const auto played = static_cast<double>(creditsBet);
     if (luck.hands <= 0 || played <= 0) {
         return NoLuck("No hand of this game has been played in this file yet.");
     }
-    const double mean = played / static_cast<double>(luck.hands);
-    luck.bet = std::clamp(static_cast<int>(std::lround(mean)), 1, std::max(table.maxBet, 1));
+    luck.mean = played / static_cast<double>(luck.hands);
+    const double most = std::max(table.maxBet, 1);
+    luck.bet = static_cast<int>(std::lround(std::clamp(luck.mean, 1.0, most)));
     // Hands of several bets can have the mean of another, but neither the least nor the most.
-    luck.oneBet = mean == luck.bet && (luck.bet == 1 || luck.bet == table.maxBet);
+    luck.oneBet = luck.mean == luck.bet && (luck.bet == 1 || luck.bet == table.maxBet);
     const auto hand = handLaw(luck.bet);
     if (!hand) return NoLuck("There is no exact analysis of this game.");
     luck.hand = *hand;
@@ -39,23 +40,25 @@ Luck FindLuck(const Statistics& statistics, const PayTable& table, double coin,
     luck.law = *answer.law;
     const auto won = static_cast<double>(statistics.creditsWon.total);
     luck.playback = won / played;
-    luck.errorBets = statistics.errorCosts.total / coin / mean;
-    luck.result = (won - played) / mean + luck.errorBets;
+    luck.errors = statistics.errorCosts.total;
+    luck.result = (won - played + luck.errors / coin) / luck.mean;
     luck.less = luck.law.ShareBelow(luck.result);
     return luck;
 }
 
-std::string LuckInWords(const Luck& luck, double coin) {
+std::string LuckInWords(const Luck& luck) {
     if (!luck.whyNot.empty()) return luck.whyNot;
     std::string text = FormatCount(luck.hands) + (luck.hands == 1 ? " hand has" : " hands have") +
                        " brought back " + FormatDecimals("%.2f", luck.playback * 100) +
                        " % of what was bet";
-    if (luck.errorBets > 0) {
-        text += ", and errors have cost " + BetsInDollars(luck.errorBets, luck.bet * coin) +
-                ", which is taken off here";
+    if (luck.errors > 0) {
+        text += ", and errors have cost " + BetsInDollars(luck.errors, 1) +
+                ", which is taken off here, at today's coin";
     }
-    text += ". Of 100 players with your hands " +
-            FormatCount(std::clamp(std::llround(luck.less * 100), 0LL, 100LL)) + " have less.";
+    const auto less = std::clamp(std::llround(luck.less * 100), 0LL, 100LL);
+    text +=
+        luck.hands == 1 ? ". Of 100 players with one hand " : ". Of 100 players with your hands ";
+    text += (less == 0 ? "none" : FormatCount(less)) + (less > 1 ? " have less." : " has less.");
     if (!luck.oneBet) {
         text += " The bets may have differed: this is by the law of the mean bet, and approximate.";
     }

@@ -31,15 +31,6 @@ std::int64_t BetInPlay(const GameEngine& engine) {
     return PaidHandIsOpen(engine) ? engine.settings.bet : 0;
 }
 
-// The credits that were bet on the hands played. The bet of a hand in which the statistics were
-// reset is not in the counter; it is taken for the present one.
-std::int64_t CreditsBet(const GameEngine& engine, std::int32_t Counter::*copy) {
-    const std::int64_t bet = engine.settings.bet;
-    const std::int64_t hands = engine.statistics.handsPlayed.*copy;
-    const std::int64_t played = engine.statistics.creditsPlayed.*copy - BetInPlay(engine);
-    return hands >= 0 && played == (hands - 1) * bet ? played + bet : played;
-}
-
 class RowMaker {
   public:
     RowMaker(const GameEngine& engine, const std::optional<ExpectedPlay>& expected)
@@ -223,6 +214,13 @@ std::string MixedBets(const GameEngine& engine) {
 }
 
 }  // namespace
+
+std::int64_t CreditsBet(const GameEngine& engine, std::int32_t Counter::*copy) {
+    const std::int64_t bet = engine.settings.bet;
+    const std::int64_t hands = engine.statistics.handsPlayed.*copy;
+    const std::int64_t played = engine.statistics.creditsPlayed.*copy - BetInPlay(engine);
+    return hands >= 0 && played == (hands - 1) * bet ? played + bet : played;
+}
 
 ReportTable StatisticsRows(const GameEngine& engine, const std::optional<ExpectedPlay>& expected,
                            std::int64_t time) {

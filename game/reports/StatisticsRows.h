@@ -4,10 +4,16 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/store/Statistics.h"
 #include "game/reports/ExpectedPlay.h"
 #include "game/reports/ReportTable.h"
 
 struct GameEngine;
+
+// The credits that were bet on the hands played to their end, of the session or of the total. The
+// bet of a hand in which the statistics were reset is not in the counter; it is taken for the
+// present one.
+std::int64_t CreditsBet(const GameEngine& engine, std::int32_t Counter::*copy);
 
 // The ids of the rows that are no pay lines; those have their number in the pay table.
 enum class StatisticsRow : int {

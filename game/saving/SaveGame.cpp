@@ -163,8 +163,13 @@ void KeepPlay(Seat& seat, bool rested) {
     if (SaveIsDue(seat, rested)) {
         SaveGame(seat);
     } else if (seat.files.file.IsDirty()) {
-        const bool written = seat.files.file.Flush();
-        if (StandingOf(seat) == Standing::kOurs) ReportSave(seat, written);
+        // Of what else waits to be written, those tell who show it.
+        const GameFiles& files = seat.files;
+        if (StandingOf(seat) == Standing::kOurs) {
+            ReportSave(seat, files.file.Save(files.gamePath));
+        } else {
+            files.file.Flush();
+        }
     }
 }
 

@@ -1,21 +1,18 @@
 #include "game/session/AllGames.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "core/profile/ProfileFile.h"
 #include "core/store/AnalysisCache.h"
+#include "core/store/ComputedFile.h"
 
 AllGames::AllGames(Seat& seat, const DataFilePaths& paths) : seat(seat), paths(paths) { Refresh(); }
 
 void AllGames::Refresh() {
     games = ListTables(seat.files.Main());
     if (kept) return;
-    // Of a file that is gone nothing is left to be written: its figures are missing again.
-    std::error_code error;
-    const bool gone = !std::filesystem::exists(paths.analysisCache, error);
-    ProfileFile& file = seat.files.file;
-    kept = file.Save(paths.analysisCache) || (gone && file.Flush());
+    PrepareComputedFile(Cache());
+    kept = seat.files.file.Save(paths.analysisCache);
 }
 
 std::optional<TableOfGame> AllGames::PlaceOf(std::int64_t id) const {

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <numeric>
-#include <system_error>
 #include <utility>
+
+#include "core/analysis/StartThread.h"
 
 namespace {
 
@@ -22,12 +23,12 @@ BackgroundAnalysis::BackgroundAnalysis(std::vector<AnalyzedTable> given, double 
     threads.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         ++running;
-        try {
-            threads.emplace_back([this] { Work(); });
-        } catch (const std::system_error&) {
-            --running;  // the machine has no more of them: those that run do all
+        std::jthread thread = StartThread([this] { Work(); });
+        if (!thread.joinable()) {
+            --running;  // those that run do all
             break;
         }
+        threads.push_back(std::move(thread));
     }
 }
 

@@ -8,6 +8,8 @@
 #include <thread>
 #include <utility>
 
+#include "core/analysis/StartThread.h"
+
 template <typename Result>
 class BackgroundWork {
   public:
@@ -25,7 +27,7 @@ class BackgroundWork {
         cancelled = false;
         share = 0;
         running = true;
-        thread = std::jthread([this, work = std::move(work)] {
+        thread = StartThread([this, work = std::move(work)] {
             Result found = work([this](double done) {
                 share = done;
                 return !cancelled;
@@ -34,6 +36,7 @@ class BackgroundWork {
             if (!cancelled) result = std::move(found);
             running = false;
         });
+        running = running && thread.joinable();
     }
 
     // Waits until the work has asked, some ten milliseconds; what was not taken is forgotten.
@@ -44,7 +47,11 @@ class BackgroundWork {
         running = false;
     }
 
-    bool IsRunning() const { return running; }
+    // Until its result has been taken, when it has one; without a thread it has none.
+    bool IsRunning() const {
+        const std::lock_guard lock(mutex);
+        return running || result;
+    }
     double Share() const { return share; }  // 0..1 of the work
 
     // Nothing until it is done, and when it was taken.
@@ -57,7 +64,7 @@ class BackgroundWork {
     std::atomic<bool> cancelled = false;
     std::atomic<bool> running = false;
     std::atomic<double> share = 0;
-    std::mutex mutex;  // of the result
+    mutable std::mutex mutex;  // of the result
     std::optional<Result> result;
     std::jthread thread;
 };

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/analysis/StartThread.h"
 #include "core/strategy/Search.h"
 
 namespace {
@@ -34,15 +35,14 @@ std::vector<SearchWish> WishesOf(const ChartWish& wish) {
 }  // namespace
 
 ChartSearch::ChartSearch(ChartWish wanted)
-    : wish(std::move(wanted)), thread([this] {
+    : wish(std::move(wanted)), thread(StartThread([this] {
           Work();
           over = true;
-      }) {}
-
-ChartSearch::~ChartSearch() {
-    Cancel();
-    thread.join();
+      })) {
+    if (!thread.joinable()) over = true;
 }
+
+ChartSearch::~ChartSearch() { Cancel(); }
 
 ChartSearch::Found ChartSearch::Take() {
     const std::lock_guard lock(mutex);

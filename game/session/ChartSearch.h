@@ -17,7 +17,8 @@ struct ChartWish {
 
 class ChartSearch {
   public:
-    // Begins at once, and at a low priority: the player goes on meanwhile.
+    // Begins at once, and at a low priority: the player goes on meanwhile. Where there is no thread
+    // to be had, it is over without having found anything.
     explicit ChartSearch(ChartWish wish);
 
     // Cancels and waits, some tenths of a second at most.

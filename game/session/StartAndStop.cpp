@@ -43,5 +43,6 @@ bool StopGame(Seat& seat, const DataFilePaths& paths) {
     SettleFeatures(seat);
     StoreCurrentGamePath(seat.files.gamePath, paths, seat.files.file);
     const bool saved = SaveGameToStop(seat);
-    return seat.files.file.Flush() && saved;
+    seat.files.file.Flush();
+    return saved;
 }

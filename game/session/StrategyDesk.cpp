@@ -6,6 +6,7 @@
 
 #include "core/profile/ProfileFile.h"
 #include "core/store/AnalysisCache.h"
+#include "core/store/ComputedFile.h"
 #include "core/strategy/StartingHands.h"
 
 namespace {
@@ -46,7 +47,9 @@ void StrategyDesk::Search(const ListedTable& table, bool penalties) {
 
 void StrategyDesk::SearchStandard(const ListedTable& table) {
     const bool possible = !table.table.lines.empty() && StartingHands::WhyNot(table.table).empty();
-    if (search || !possible || StandardChart(table)) return;
+    const TableCharts* charts = Find(table);
+    const bool searched = charts && charts->plain.reach >= SearchReach::kStandard;
+    if (search || !possible || searched) return;
     Begin({table.place, table.table, false, false});
 }
 
@@ -71,7 +74,7 @@ bool StrategyDesk::Collect() {
     const bool over = search->IsOver();
     const ChartSearch::Found found = search->Take();
     const ChartWish& wish = search->Wish();
-    if (found.isNew) Merge(wish, found);
+    if (found.isNew || over) Merge(wish, found);
     if ((over || found.charts.reach > written) && !found.charts.lists.empty()) {
         written = found.charts.reach;
         Keep(wish);
@@ -80,18 +83,20 @@ bool StrategyDesk::Collect() {
     return found.isNew || over;
 }
 
-// A search that is stopped takes nothing from what an earlier one has reached.
+// A search that is stopped takes nothing from what an earlier one has reached. One that found
+// nothing, of a table with a gigantic pay perhaps, is remembered too, so that it is not begun anew.
 void StrategyDesk::Merge(const ChartWish& wish, const ChartSearch::Found& found) {
-    if (found.charts.lists.empty()) return;
     Find({wish.place, wish.table});
     Known& all = known[SectionOf(wish.place)];
     const std::string pays = PaysHash(wish.table);
     if (all.pays != pays) all = {pays, {}};
-    all.charts.best = found.best;
-    all.charts.date = seat.clock.Now();
+    if (!found.charts.lists.empty()) {
+        all.charts.best = found.best;
+        all.charts.date = seat.clock.Now();
+    }
     ChartsOfWording& charts = Of(all.charts, wish.penalties);
     for (const auto& chart : found.charts.lists) AddChart(charts.lists, chart);
-    charts.reach = std::max(charts.reach, found.charts.reach);
+    charts.reach = std::max({charts.reach, found.charts.reach, SearchReach::kSome});
 }
 
 // Only of the table as it is now: its pays may have been changed meanwhile, or it is gone.
@@ -101,6 +106,14 @@ void StrategyDesk::Keep(const ChartWish& wish) {
     const PayTable now = LoadPayTable(seat.files.Main(), wish.place, "");
     if (found == known.end() || found->second.pays != PaysHash(now)) return;
     kept = KeepCharts(File(), section, now, found->second.charts);
+}
+
+bool StrategyDesk::IsKept() {
+    if (!kept) {
+        PrepareComputedFile(File());
+        kept = File().file.Save(paths.strategyCharts);
+    }
+    return kept;
 }
 
 void StrategyDesk::Stop() {

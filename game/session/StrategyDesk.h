@@ -30,8 +30,8 @@ class StrategyDesk {
     // is kept.
     void Search(const ListedTable& table, bool penalties);
 
-    // Searches for the standard chart when nothing is searched for, and there can be one and is
-    // none.
+    // Searches for the standard chart when nothing is searched for, and there can be one and has
+    // been no search to its end.
     void SearchStandard(const ListedTable& table);
 
     bool IsSearching() const { return search != nullptr; }
@@ -45,9 +45,8 @@ class StrategyDesk {
     // which ends here. True when there is anything new.
     bool Collect();
 
-    // Whether all that was to be kept so far has reached the disk; a later flush may bring the
-    // rest.
-    bool IsKept() const { return kept; }
+    // Whether all that was to be kept so far has reached the disk; tries again to bring the rest.
+    bool IsKept();
 
     // Ends the search and keeps what it has found; waits some tenths of a second at most.
     void Stop();

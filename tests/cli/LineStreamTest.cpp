@@ -28,7 +28,8 @@ TEST_F(LineStreamTest, BlankLinesCommentsReturnsAndAByteOrderMarkAreFine) {
     const Printed run = Stream("classify 300",
                                "\xEF\xBB\xBF"
                                "KS KH KD 9C 9S\r\n\r\n  \t\n# none\n"
-                               "2S 3S 4S 5S 7S  # a flush\n\tAS KS QS JS TS");
+                               "2S 3S 4S 5S 7S  # a flush\n\tAS KS QS JS TS #" +
+                                   std::string(10'000, '!'));
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.problem, "");
     const auto objects = Objects(run);

@@ -25,9 +25,11 @@ TEST_F(SessionCommandTest, ASessionIsToldInBetsAndEndsAsTheMoneyAllows) {
     // 250 dollars are 200 bets of 1.25, 500 the goal of 400.
     const Json money =
         AskForJson("session 300 --hands 10000 --coin 0.25 --bankroll 250 --goal 500");
-    EXPECT_NEAR(money["broke"], 0.651865, 1e-6);
+    EXPECT_NEAR(money["broke"], 0.651835, 1e-6);
     EXPECT_NEAR(money["goal"], 0.188047, 1e-6);
     EXPECT_EQ(money["quantiles"]["1"], -200);
+    EXPECT_LT(money["lines"][0]["atLeastOne"], 0.15) << "of the hands that are played";
+    EXPECT_EQ(money["linesAreOfAllDeals"], false);
     const Json back = AskForJson("session 300 --hands 1000 --cashback 1");
     EXPECT_NEAR(back["quantiles"]["5"], -110, 1e-9);
     const Json few = AskForJson("session 300 --hands 1000 --bet 3");
@@ -36,6 +38,8 @@ TEST_F(SessionCommandTest, ASessionIsToldInBetsAndEndsAsTheMoneyAllows) {
     const Json lines = AskForJson("session 300 --hands 10 --lines 10");
     EXPECT_NEAR(lines["deviation"], std::sqrt(10 * 10 * 37.2122), 1e-3);
     EXPECT_NEAR(lines["expected"], -0.456096, 1e-6);
+    EXPECT_EQ(AskForJson("session 300 --hands 10 --lines 10 --bankroll 99")["linesAreOfAllDeals"],
+              true);
 }
 
 TEST_F(SessionCommandTest, RuinIsToldForABankrollForARiskAndForGamesThatLose) {
@@ -50,6 +54,13 @@ TEST_F(SessionCommandTest, RuinIsToldForABankrollForARiskAndForGamesThatLose) {
     const Json risk = AskForJson("ruin 300 --cashback 1 --bankroll 10920.641702 --coin 2");
     EXPECT_NEAR(risk["risk"], 0.5, 1e-8);
 
+    // Three lines share the hold of their deal: it takes more money, and three bets a deal.
+    const Json three = AskForJson("ruin 300 --cashback 1 --risk 0.5 --lines 3");
+    EXPECT_NEAR(three["bankroll"], 1300, 20);
+    EXPECT_EQ(three["linesAtOnce"], 3);
+    EXPECT_NE(Ask("ruin 300 --cashback 1 --lines 3").output.find("3 lines at once"),
+              std::string::npos);
+
     const Json certain = AskForJson("ruin 300 --bankroll 5000");
     EXPECT_EQ(certain["risk"], 1);
     EXPECT_EQ(certain["kelly"], 0);
@@ -63,12 +74,14 @@ TEST_F(SessionCommandTest, TheTextHasTheSentenceAndTheTables) {
     const std::string text = Ask("session 300 --hands 1000 --bankroll 1000").output;
     for (const char* part :
          {"1,000 hands, $5,000.00 to be played\n",
-          "35 of 100 such sessions end ahead; the middle one loses $125.00.\n1 in 992 are broke "
+          "35 of 100 such sessions end ahead; the middle one loses $125.00.\n1 in 1,000 are broke "
           "before the end.\nOn average a session costs $22.80.\n",
-          "broke          0.101%\n", "       5%       -120.00   $-600.00\n",
+          "broke          0.100%\n", "       5%       -120.00   $-600.00\n",
           "ROYAL FLUSH             2.445%\n"}) {
         EXPECT_NE(text.find(part), std::string::npos) << part << text;
     }
+    EXPECT_NE(Ask("session 300 --hands 1 --lines 3").output.find("\n1 deal of 3 lines, $15.00 to"),
+              std::string::npos);
     EXPECT_NE(Ask("session '5 card charlie' --hands 5").output.find("five-card charlie"),
               std::string::npos);
 }

@@ -47,6 +47,8 @@ TEST_F(StrategyCommandTest, ACardIsReadBackAsTheSameChart) {
     EXPECT_EQ(text.find("# My Caf"), 0U) << text;
     EXPECT_NE(text.find("\n# PR 1\n"), std::string::npos) << text;
     const Json read = AskForJson("strategy 9002 --check " + InQuotes(card));
+    ExpectRefused("strategy 9002 --check " + InQuotes(card) + " --card " + InQuotes(card), 2,
+                  {"would replace the chart"});
     EXPECT_EQ(read["rows"], made["rows"]);
     EXPECT_EQ(read["return"], made["return"]);
     ExpectDataUntouched();

@@ -67,6 +67,7 @@ TEST_F(WhatIfCommandTest, MetersThatCannotBe) {
     ExpectRefused("meter 300", 2, {"--line"});
     ExpectRefused("meter 'Pick Em Poker' --line 0 --turning-points", 1, {"turning points"});
     EXPECT_EQ(AskForJson("meter 'Pick Em Poker' --line 0")["turningPoints"], nullptr);
+    EXPECT_EQ(LinesOf("meter 'Pick Em Poker' --line 0 --csv").size(), 2U) << "the line's own row";
     const Printed below = Ask("meter 300 --line 0 --at 3999");
     EXPECT_EQ(below.status, 0);
     EXPECT_NE(below.problem.find("below the 4000 coins"), std::string::npos);
@@ -79,6 +80,8 @@ TEST_F(WhatIfCommandTest, SensitivityIsAColumnOfEachForm) {
     EXPECT_TRUE(
         LinesOf("analyze 300 --sensitivity --csv")[0].ends_with("variance,oneCoinMore,slope"));
     EXPECT_NE(Ask("analyze 300 --sensitivity").output.find("one coin more on"), std::string::npos);
+    EXPECT_EQ(AskForJson("analyze 318 --sensitivity")["lines"][0]["slope"], nullptr);
+    ExpectRefused("analyze --all --sensitivity", 2, {"--json"});
 }
 
 }  // namespace

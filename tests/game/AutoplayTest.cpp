@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
@@ -61,14 +62,17 @@ TEST_F(AutoplayTest, InTheLongRunHandsReturnWhatTheAnalysisSays) {
     }
 }
 
-// Sessions fall below each quantile of the exact law as often as it says.
+// Sessions fall below each quantile of the exact law as often as it says. More of them, as
+// TOLVANE_AUTOPLAY_SESSIONS=10000 in the environment asks for, take longer.
 TEST_F(AutoplayTest, SessionsLieWhereTheirLawHasThem) {
     constexpr std::int64_t kOfSession = 1000;
     Play("Jacks or Better", 300);
     engine.deck.random.RandomInit(2026);
     std::vector<double> gains;
     std::int64_t before = 0;
-    PlayHands(engine, files, kHands, [&](std::int64_t played) {
+    const char* const wished = std::getenv("TOLVANE_AUTOPLAY_SESSIONS");
+    const std::int64_t hands = wished ? std::atoi(wished) * kOfSession : kHands;
+    PlayHands(engine, files, hands, [&](std::int64_t played) {
         if (played % kOfSession != 0) return true;
         const std::int64_t now = NetCredits(engine.statistics, &Counter::session);
         gains.push_back(static_cast<double>(now - before) / kFullBet);

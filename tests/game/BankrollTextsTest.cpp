@@ -33,6 +33,13 @@ TEST(BankrollTextsTest, ASessionIsSaidWithItsEnds) {
     EXPECT_EQ(SessionInWords(Session(kCoin, two), two, 5),
               "25 of 100 such sessions end ahead; the middle one breaks even. On average a session "
               "costs nothing.");
+    EXPECT_EQ(SessionInWords(Session(kCoin, {0}), {0}, 5),
+              "No such session ends ahead; the middle one breaks even. On average a session costs "
+              "nothing.");
+    const SessionWish one{1, 1};
+    EXPECT_NE(SessionInWords(Session(kCoin, one), one, 5).find("None are broke before the end."),
+              std::string::npos)
+        << "the money lasts for the one hand";
     // One of two is broke at once, one of four has three after two hands.
     const SessionWish money{2, 1, 3, 0.01};
     EXPECT_EQ(SessionInWords(Session(kCoin, money), money, 5),
@@ -44,7 +51,20 @@ TEST(BankrollTextsTest, TheLongRunIsSaidInOneSentenceWhereRuinIsCertain) {
     const GainLaw poor{{{-1, 0.6}, {1, 0.4}}, 1, 1};
     EXPECT_EQ(RuinInWords(FindLongRun(poor, 0.05), 0.05, 10, 5),
               "Ruin is certain; cash back of 20.000 % would change that.");
-    EXPECT_EQ(RuinInWords(FindLongRun(kCoin, 0), 0, {}, 5), "Nothing is ever won or lost.");
+    EXPECT_EQ(RuinInWords(FindLongRun(kCoin, 0), 0, {}, 5),
+              "Ruin is certain; any cash back would change that.");
+    const GainLaw worse{{{-1, 0.5022805}, {1, 0.4977195}}, 1, 1};
+    EXPECT_EQ(RuinInWords(FindLongRun(worse, 0.00456), 0.00456, {}, 5),
+              "Ruin is certain; cash back of 0.4561 % would change that.");
+    EXPECT_EQ(RuinInWords(FindLongRun(worse, 0.004561), 0.004561, {}, 5),
+              "Ruin is certain; any more cash back would change that.");
+    const GainLaw nothing{{{-1, 1}}, 1, 1};
+    EXPECT_EQ(RuinInWords(FindLongRun(nothing, 0), 0, {}, 5),
+              "Ruin is certain; cash back of 100.000 % would change that.");
+    EXPECT_EQ(RuinInWords(FindLongRun(nothing, 1), 1, {}, 5), "Nothing is ever won or lost.");
+    EXPECT_EQ(SessionInWords(Session(nothing, {3}), {3}, 5),
+              "No such session ends ahead; the middle one loses $15.00. On average a session costs "
+              "$15.00.");
     const GainLaw rich{{{-1, 0.45}, {1, 0.55}}, 1, 1};
     EXPECT_EQ(RuinInWords(FindLongRun(rich, 0), 0, 10, 5),
               "Every bet wins 10.000 % on average. 13 of 100 who begin with $50.00 and never stop "
@@ -64,7 +84,7 @@ BankrollQuestion Played(std::int32_t won, std::int32_t played = 2000) {
     question.coin = 0.25;
     question.session.hands = 100;
     question.statistics.handsPlayed.total = 400;
-    question.statistics.creditsPlayed.total = played;
+    question.creditsBet = played;
     question.statistics.creditsWon.total = won;
     question.statistics.errorCosts.total = 2.5;  // dollars: two bets
     question.table.lines[0].totalWins = 1;
@@ -82,10 +102,11 @@ TEST(LuckTest, ThoseWhoHaveLessAreCountedWithTheErrorsTakenOff) {
     EXPECT_NEAR(luck.less, luck.law.ShareUpTo(-9), 1e-12);
     EXPECT_GT(luck.less, 0.4);
     EXPECT_LT(luck.less, 0.6);
-    const std::string words = LuckInWords(luck, 0.25);
+    const std::string words = LuckInWords(luck);
     EXPECT_EQ(
-        words.find("400 hands have brought back 97.50 % of what was bet, and errors have cost "
-                   "$2.50, which is taken off here. Of 100 players with your hands "),
+        words.find(
+            "400 hands have brought back 97.50 % of what was bet, and errors have cost "
+            "$2.50, which is taken off here, at today's coin. Of 100 players with your hands "),
         0U)
         << words;
     EXPECT_NE(words.find("It proves nothing"), std::string::npos);
@@ -97,13 +118,18 @@ TEST(LuckTest, ThoseWhoHaveLessAreCountedWithTheErrorsTakenOff) {
     const auto mixed = reckoner.Answer(Played(1950, 1600), kGoOn);
     EXPECT_FALSE(mixed->luck.oneBet)
         << "hands of three and of five coins may have the mean of four";
-    EXPECT_NE(LuckInWords(mixed->luck, 0.25).find("approximate"), std::string::npos);
+    EXPECT_NE(LuckInWords(mixed->luck).find("approximate"), std::string::npos);
     EXPECT_TRUE(reckoner.Answer(Played(400, 400), kGoOn)->luck.oneBet) << "single coins alone";
+    const Luck half = reckoner.Answer(Played(900, 1000), kGoOn)->luck;
+    EXPECT_EQ(half.bet, 3) << "the nearest to two and a half";
+    EXPECT_NEAR(half.result * half.mean * 0.25, -25 + 2.5, 1e-9) << "dollars";
+    EXPECT_NE(LuckInWords(half).find("errors have cost $2.50,"), std::string::npos);
 
     EXPECT_FALSE(reckoner.Answer(Played(5), [] { return false; }));
     BankrollQuestion fresh = Played(0, 0);
     fresh.statistics = {};
-    EXPECT_EQ(LuckInWords(reckoner.Answer(fresh, kGoOn)->luck, 1),
+    fresh.creditsBet = 0;
+    EXPECT_EQ(LuckInWords(reckoner.Answer(fresh, kGoOn)->luck),
               "No hand of this game has been played in this file yet.");
     fresh.table = SneakPeak();
     EXPECT_EQ(reckoner.Answer(fresh, kGoOn)->whyNot, "There is no exact analysis of this game.");

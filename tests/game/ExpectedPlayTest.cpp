@@ -8,6 +8,7 @@
 #include "core/analysis/LineTableCache.h"
 #include "core/odds/Binomial.h"
 #include "game/reports/Chance.h"
+#include "tests/Sanitized.h"
 #include "tests/core/TestGames.h"
 
 namespace {
@@ -54,9 +55,7 @@ void ExpectSame(const HandLaw& law, const HandLaw& dealt) {
 }
 
 TEST(ExpectedPlayTest, TheLawIsThatOfEveryHandDealtAtTheFullBetAndBelow) {
-#if defined(__SANITIZE_ADDRESS__)
-    GTEST_SKIP() << "takes minutes under sanitizers";
-#endif
+    if (kSanitized) GTEST_SKIP() << "takes minutes under sanitizers";
     PayTable table = JacksOrBetter();
     table.lines[0].maxPayout = 9003;  // no whole number of coins for each one bet
     const ExpectedPlay expected = Expected(table);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/store/ComputedFile.h"
 #include "game/commands/GameSelection.h"
 #include "game/commands/MachineCommands.h"
 #include "game/saving/SaveGame.h"
@@ -344,6 +345,24 @@ TEST_F(StartAndStopTest, TheNextStartGoesOnWhereTheLastOneEnded) {
     EXPECT_FALSE(engine.fixedHand) << "until the window is shown";
     FinishStart(seat);
     EXPECT_TRUE(engine.fixedHand && seat.scene == SceneOf(seat));
+}
+
+TEST_F(StartAndStopTest, AFileOfChartsThatIsGoneIsNoLostGame) {
+    files.mainPath = paths.mainProfile;
+    ChooseGame(seat, 353);
+    machine.folder.Write("Strategy Charts.ini", "");
+    const ProfileOnDisk charts{machine.file, paths.strategyCharts};
+    machine.file.WriteString("A", "b", "c", charts.path);
+    fs::remove(charts.path);
+    ASSERT_FALSE(machine.file.Flush()) << "what is gone is not made anew";
+    engine.settings.credits = 77;
+    KeepPlay(seat, true);
+    KeepPlay(seat, true);
+    EXPECT_EQ(TimesTold(), 0);
+    EXPECT_TRUE(StopGame(seat, paths));
+    PrepareComputedFile(charts);
+    EXPECT_TRUE(machine.file.Flush());
+    EXPECT_EQ(machine.folder.Read("Strategy Charts.ini"), "");
 }
 
 TEST_F(StartAndStopTest, AStartWithoutItsFileOrGameFallsBack) {

@@ -5,17 +5,14 @@
 #include "core/paytable/ShippedPayTables.h"
 #include "game/paytables/TableCsv.h"
 #include "game/paytables/TableTextFile.h"
+#include "tests/Sanitized.h"
 #include "tests/core/profile/FullDisk.h"
 #include "tests/game/ManagerTable.h"
 #include "tests/game/RandomTables.h"
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int kTables = 100;
-#else
-constexpr int kTables = 1000;
-#endif
+constexpr int kTables = kSanitized ? 100 : 1000;
 
 std::vector<NamedTable> AsKept(std::vector<NamedTable> tables) {
     for (NamedTable& table : tables) table.texts = AsKept(table.texts);

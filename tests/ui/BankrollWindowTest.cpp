@@ -39,7 +39,7 @@ TEST_F(BankrollWindowTest, TheAnswerFollowsWhatIsTyped) {
                      "loses $125.00."));
     EXPECT_FALSE(PartOf<QWidget>(window, "goal").isEnabled()) << "without a bankroll";
     Type(window, "money", "1000");
-    EXPECT_TRUE(Says(window, "sessionWords", "1 in 992 are broke before the end."));
+    EXPECT_TRUE(Says(window, "sessionWords", "1 in 1,000 are broke before the end."));
     Type(window, "goal", "2000");
     EXPECT_TRUE(Says(window, "sessionWords", "3 of 100 reach the goal"));
     Type(window, "hours", "20");
@@ -75,7 +75,19 @@ TEST_F(BankrollWindowTest, TheHandsAtTheMachineAreFollowedAndMarked) {
     window.Follow();
     EXPECT_TRUE(Says(window, "luckWords",
                      "1 hand has brought back 600.00 % of what was bet. Of "
-                     "100 players with your hands 97 have less."));
+                     "100 players with one hand 97 have less."));
+    const auto said = [&] { return PartOf<QLabel>(window, "luckWords").text(); };
+    const QString after = said();
+    Deal("2S 4S 6S 8S TS");
+    window.Follow();
+    QTest::qWait(20);
+    EXPECT_EQ(said(), after) << "a bet in play is of no hand played yet";
+    Draw(0);
+    engine.settings.gameName = "Another";
+    window.Follow();
+    EXPECT_EQ(window.windowTitle(), "Bankroll: Another(0)") << "of the same pays";
+    Type(window, "hours", "5000000");
+    EXPECT_EQ(PartOf<QSpinBox>(window, "hands").value(), 10'000'000);
     const auto& chart = PartOf<LawChart>(window, "luckLaw");
     EXPECT_NE(chart.accessibleDescription().indexOf("Your hands: $25.00"), -1)
         << chart.accessibleDescription().toStdString();

@@ -41,6 +41,24 @@ TEST_F(CloseTest, AWindowClosedOverAQuestionTakesItBack) {
     EXPECT_EQ(Stored("PlayErrors", "Jacks or Better(0)"), "1");
 }
 
+TEST_F(CloseTest, WhatTheWindowsBesideItAskIsTakenBackToo) {
+    TestProgram& p = Start();
+    for (int command = kAllGames; command <= kBankroll; ++command) p.Choose(command);
+    int asked = 0;
+    int refused = 0;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (qobject_cast<BesideWindow*>(window) == nullptr) continue;
+        auto* question = new QDialog(window);
+        QObject::connect(question, &QDialog::rejected, [&refused] { ++refused; });
+        question->open();
+        ++asked;
+    }
+    EXPECT_EQ(asked, 5);
+    p.frame->close();
+    EXPECT_EQ(refused, asked);
+    ExpectClosed();
+}
+
 TEST_F(CloseTest, WhatWaitsItsTurnIsNotBegunAnyMoreAndASecondCloseAsksNothing) {
     TestProgram& p = Start();
     DialogRobot robot{[&](QDialog& /*dialog*/) {

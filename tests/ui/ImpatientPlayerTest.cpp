@@ -13,15 +13,11 @@
 #include "app/IdleWork.h"
 #include "core/paytable/GameCatalogue.h"
 #include "game/flows/BonusFeatures.h"
+#include "tests/Sanitized.h"
 #include "tests/ui/AnyInput.h"
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool kSanitized = true;  // slower, and freed memory is kept
-#else
-constexpr bool kSanitized = false;
-#endif
 constexpr int kHands = kSanitized ? 2000 : 20'000;
 constexpr int kRounds = 2;  // through all games; after the first one every picture is drawn
 constexpr int kDollars = 5000;

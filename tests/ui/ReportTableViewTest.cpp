@@ -185,8 +185,10 @@ TEST_F(ReportTableViewTest, WhatIsShownIsSavedInEveryFormatAndPrinted) {
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(QString::fromStdString(folder.Path("printed.pdf")));
-    PrintTableTo(view->Table(), printer);
+    EXPECT_TRUE(PrintTableTo(view->Table(), printer));
     EXPECT_NE(folder.Read("printed.pdf").find("/ToUnicode"), std::string::npos);
+    printer.setOutputFileName(QString::fromStdString(folder.Path("nowhere/printed.pdf")));
+    EXPECT_FALSE(PrintTableTo(view->Table(), printer));
     Answer({[](QDialog& print) {
                EXPECT_EQ(print.objectName(), "print");
                print.reject();

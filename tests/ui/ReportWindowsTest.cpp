@@ -96,6 +96,9 @@ TEST_F(ReportWindowsTest, AllGamesAnalyzesWhatIsMissingWhileTheMachineIsPlayed) 
     PartOf<QWidget>(*window, "filter").setFocus();
     QTest::keyClicks(&PartOf<QLineEdit>(*window, "filter"), "deuces wild");
     ASSERT_EQ(games.model()->rowCount(), 3);
+    QTest::keyClick(&PartOf<QLineEdit>(*window, "filter"), Qt::Key_Escape);
+    EXPECT_TRUE(window->isVisible() && games.model()->rowCount() == 42) << "that ends the filter";
+    QTest::keyClicks(&PartOf<QLineEdit>(*window, "filter"), "deuces wild");
     GoTo(games, "Deuces Wild");
     EXPECT_EQ(TextAt(games, games.currentIndex().row(), 2), "100.7620");
     auto& play = PartOf<QWidget>(*window, "play");

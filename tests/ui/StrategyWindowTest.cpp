@@ -24,12 +24,12 @@ constexpr const char* kLong =
 
 class StrategyWindowTest : public ProgramTest {
   protected:
-    TestProgram& StartWithCharts() {
+    TestProgram& StartWithCharts(SearchReach reach = SearchReach::kWhole) {
         TestProgram& p = Start();
         const TableCharts charts{
             1,
             99.543904,
-            {{{ParseChart(kShort).rows, 20}, {ParseChart(kLong).rows, 3}}, SearchReach::kWhole},
+            {{{ParseChart(kShort).rows, 20}, {ParseChart(kLong).rows, 3}}, reach},
             {}};
         EXPECT_TRUE(KeepCharts(File(p), kSection, p.engine.payTable, charts));
         return p;
@@ -81,6 +81,37 @@ TEST_F(StrategyWindowTest, AKeptChartIsReadByKeysAlone) {
     ASSERT_TRUE(WaitForRows(window, 8));
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(StrategyWindowTest, AfterTheStandardChartTheOthersAreSearchedForUntilThatIsStopped) {
+    StartWithCharts(SearchReach::kStandard);
+    QWidget& window = Open();
+    const auto searches = [&] { return Says(window, "state").startsWith("Searching"); };
+    ASSERT_TRUE(QTest::qWaitFor(searches));
+    QTest::mouseClick(&PartOf<QWidget>(window, "cancelSearch"), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !searches(); }, 60'000));
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_FALSE(QTest::qWaitFor(searches, 1000)) << "begins by itself no more";
+}
+
+TEST_F(StrategyWindowTest, TheSameRowsHaveAnotherPriceWhereTheTablePaysOtherwise) {
+    TestProgram& p = StartWithCharts();
+    QWidget& window = Open();
+    ASSERT_TRUE(WaitForRows(window, 8));
+    const QString before = Says(window, "price");
+    p.file.WriteString(kSection, "MaxPayout2", "130", p.paths.mainProfile);
+    PayTable better = p.engine.payTable;
+    better.lines[2].maxPayout = 130;
+    const TableCharts charts{1, 99.8, {{{ParseChart(kLong).rows, 3}}, SearchReach::kWhole}, {}};
+    ASSERT_TRUE(KeepCharts(File(p), kSection, better, charts));
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return Says(window, "price") != before &&
+                   PartOf<QWidget>(window, "saveCard").isEnabled();
+        },
+        60'000))
+        << before.toStdString();
 }
 
 TEST_F(StrategyWindowTest, AnExceptionOpensItsHandAndACardIsSaved) {

@@ -62,6 +62,10 @@ TEST_F(WhatIfWindowsTest, CompareSetsATableBesideItselfWithOtherPays) {
         if (shown->objectName() == "handAside" && shown->isVisible()) ++hands;
     }
     EXPECT_EQ(hands, 2);
+    EXPECT_EQ(TopLevel("handAside").findChild<QWidget*>("refresh"), nullptr);
+
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_EQ(pays.item(4, 2)->text(), "5") << "what was typed stays";
 
     PartOf<QCheckBox>(window, "otherPays").click();
     auto& b = PartOf<QComboBox>(window, "tableB");
@@ -93,6 +97,14 @@ TEST_F(WhatIfWindowsTest, TheMeterFollowsItsSlider) {
     line.setCurrentIndex(1);
     EXPECT_TRUE(Says(words, "With ROYAL FLUSH at 4,880."));
     EXPECT_EQ(slider.value(), 250);
+
+    // Of a table that has changed, the meters begin anew: its lines may be others.
+    PartOf<QComboBox>(window, "line").setCurrentIndex(8);
+    slider.setValue(8);
+    p.file.WriteString("Jacks or Better(0)", "PayLines", "8", p.paths.mainProfile);
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_TRUE(Says(words, "At 10 coins")) << words.text().toStdString();
+    EXPECT_FALSE(words.text().contains("With"));
 
     auto& game = PartOf<QComboBox>(window, "game");
     game.setCurrentIndex(game.findText("Pick Em Poker, table 0"));

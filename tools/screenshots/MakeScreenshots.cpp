@@ -1,10 +1,12 @@
 // Poses the real program, without a screen, and takes the pictures of docs/screenshots into the
 // folder that TOLVANE_SCREENSHOTS names. Every table is dealt and played by real input.
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QTabWidget>
 #include <cstdlib>
+#include <functional>
 
 #include "app/PaletteKeeper.h"
 #include "tests/ui/Palettes.h"
@@ -235,18 +237,34 @@ void ShootDialogs(Studio& studio) {
     }
 }
 
-// The search takes its time.
-void ShootStrategy(Studio& studio) {
-    studio.Program().document->Run(kStrategy);
+// A window that stands beside the machine's, once the label says that its work is done.
+void ShootBeside(Studio& studio, int command, const char* name, const char* label,
+                 const char* saysAtTheEnd, const QStringList& further,
+                 const std::function<void(QWidget&)>& pose = {}) {
+    studio.Program().document->Run(command);
     for (QWidget* shown : QApplication::topLevelWidgets()) {
-        if (shown->objectName() != "strategy") continue;
+        if (shown->objectName() != name) continue;
         shown->resize(kWindow);
-        const auto* state = shown->findChild<QLabel*>("state");
-        EXPECT_TRUE(QTest::qWaitFor([state] { return state->text().startsWith("Charts of all"); },
-                                    300'000));
-        ShootTabs(studio, *shown, "strategy", {"strategy-exceptions", "strategy-curve"});
+        if (pose) pose(*shown);
+        const auto& words = PartOf<QLabel>(*shown, label);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return words.text().contains(saysAtTheEnd); }, 300'000))
+            << name << ": " << words.text().toStdString();
+        ShootTabs(studio, *shown, name, further);
         shown->close();
     }
+}
+
+void ShootWindowsBeside(Studio& studio) {
+    ShootBeside(studio, kStrategy, "strategy", "state", "Charts of all",
+                {"strategy-exceptions", "strategy-curve"});
+    ShootBeside(studio, kCompare, "compare", "words", "hands are played differently",
+                {"compare-lines"}, [](QWidget& window) {
+                    auto& b = PartOf<QComboBox>(window, "tableB");
+                    b.setCurrentIndex(b.findText("Bonus Poker, table 0"));
+                });
+    ShootBeside(studio, kMeter, "meter", "words", "It is even at", {"meter-turning-points"});
+    ShootBeside(studio, kBankroll, "bankroll", "sessionWords", "sessions",
+                {"bankroll-long-run", "bankroll-luck"});
 }
 
 // Not a test, but it needs the same program, set up in the same way.
@@ -260,7 +278,7 @@ TEST(MakeScreenshots, TakesThemAll) {
     ShootDoubleUp(studio);
     ShootFeatures(studio);
     ShootDialogs(studio);
-    ShootStrategy(studio);
+    ShootWindowsBeside(studio);
 }
 
 }  // namespace

@@ -187,9 +187,13 @@ void LawChart::DrawBars(const Canvas& canvas) const {
                      QPointF(plot.right(), OnPixel(plot.bottom())));
 }
 
+bool LawChart::OwnIsShown() const {
+    return own && !bars.empty() && *own >= bars.front().from && *own <= bars.back().to;
+}
+
 void LawChart::DrawOwn(const Canvas& canvas) const {
     const auto& [painter, sheet, plot, line] = canvas;
-    if (!own || *own < bars.front().from || *own > bars.back().to) return;
+    if (!OwnIsShown()) return;
     const double x = XOf(plot, *own);
     painter.setPen(QPen(sheet.colours.text, 2));
     painter.drawLine(QPointF(x, plot.top() - 0.3 * line), QPointF(x, plot.bottom()));
@@ -199,7 +203,8 @@ void LawChart::DrawOwn(const Canvas& canvas) const {
 
 QStringList LawChart::LegendTexts() const {
     QStringList texts{tr("Behind"), tr("Even or ahead")};
-    if (own && !bars.empty()) texts << ownText;
+    if (own && !bars.empty())
+        texts << (OwnIsShown() ? ownText : tr("%1, far outside").arg(ownText));
     return texts;
 }
 

@@ -37,6 +37,7 @@ class LawChart : public PictureChart {
     QRectF Plot(const ChartSheet& sheet) const;
     double XOf(const QRectF& plot, double dollars) const;
     double HighestShare() const;
+    bool OwnIsShown() const;
     QStringList LegendTexts() const;
     void DrawChances(const Canvas& canvas) const;
     void DrawAmounts(const Canvas& canvas) const;

@@ -10,7 +10,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QScrollArea>
 #include <QSvgGenerator>
@@ -22,6 +21,7 @@
 
 #include "ui/charts/ChartAccess.h"
 #include "ui/parts/FileQuestions.h"
+#include "ui/parts/Printing.h"
 
 namespace {
 
@@ -240,19 +240,18 @@ void PictureChart::Print() {
     const QSizeF size = PaperSize();
     printer.setPageOrientation(size.width() > size.height() ? QPageLayout::Landscape
                                                             : QPageLayout::Portrait);
-    QPrintDialog dialog(&printer, this);
-    dialog.setWindowModality(Qt::WindowModal);
-    if (dialog.exec() == QDialog::Accepted) PrintOn(printer);
+    AskAndPrint(printer, "printPictureDialog", this, [this](QPrinter& to) { return PrintOn(to); });
 }
 
-void PictureChart::PrintOn(QPrinter& printer) const {
+bool PictureChart::PrintOn(QPrinter& printer) const {
     QPainter painter;
-    if (!painter.begin(&printer)) return;
+    if (!painter.begin(&printer)) return false;
     const QRectF page(painter.viewport());
     const QSizeF size = PaperSize();
     const double scale = std::min(page.width() / size.width(), page.height() / size.height());
     painter.scale(scale, scale);
     PaintPaper(painter);
+    return painter.end();
 }
 
 void PictureChart::SetRead(std::optional<int> point) {

@@ -29,7 +29,7 @@ class PictureChart : public QWidget, public ChartPoints {
     void Copy() const;  // to the clipboard
 
     // On one page, as large as there is room.
-    void PrintOn(QPrinter& printer) const;
+    bool PrintOn(QPrinter& printer) const;  // false when it takes nothing
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

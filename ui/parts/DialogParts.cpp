@@ -43,6 +43,12 @@ int WidthOf(const QWidget& widget, int characters) {
     return widget.fontMetrics().averageCharWidth() * characters;
 }
 
+void RefuseDialogsOver(const QWidget& window) {
+    const auto dialogs = window.findChildren<QDialog*>();
+    // Those that stand over others come last in the list, and go first.
+    std::for_each(dialogs.rbegin(), dialogs.rend(), [](QDialog* dialog) { dialog->reject(); });
+}
+
 QDialogButtonBox* EndButtons(QDialog& dialog, QDialogButtonBox::StandardButtons shown,
                              QDialogButtonBox::StandardButton enter) {
     auto* buttons = new QDialogButtonBox(shown, &dialog);

@@ -25,6 +25,9 @@ int WidthOf(const QWidget& widget, int characters);
 QDialogButtonBox* EndButtons(QDialog& dialog, QDialogButtonBox::StandardButtons shown,
                              QDialogButtonBox::StandardButton enter);
 
+// Rejects the dialogs over a window, in which somebody further up the stack may be waiting.
+void RefuseDialogsOver(const QWidget& window);
+
 // "OK" and "Cancel", and "OK" alone; Enter is OK.
 QDialogButtonBox* OkAndCancel(QDialog& dialog);
 QDialogButtonBox* OkAlone(QDialog& dialog);

@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -20,17 +18,15 @@ namespace {
 constexpr int kLookInterval = 100;  // milliseconds
 constexpr int kShownCharacters = 160;
 constexpr int kShownLines = 40;
-constexpr double kShareOfScreen = 0.9;
 
 }  // namespace
 
 AllGamesWindow::AllGamesWindow(Seat& seat, const DataFilePaths& paths, TableActions given)
-    : games(seat, paths),
+    : BesideWindow("allGames"),
+      games(seat, paths),
       actions(std::move(given)),
       table(new ReportTableView("games", tr("All games"), this)) {
-    setObjectName("allGames");
     setWindowTitle(tr("All Games"));
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
     table->OfferFilter();
     table->SetFileName(tr("all games"));
     auto* layout = new QVBoxLayout(this);
@@ -41,13 +37,9 @@ AllGamesWindow::AllGamesWindow(Seat& seat, const DataFilePaths& paths, TableActi
     connect(table, &ReportTableView::RowActivated, analyze, &QPushButton::click);
     look.setInterval(kLookInterval);
     connect(&look, &QTimer::timeout, this, &AllGamesWindow::LookAtRun);
-    new QShortcut(Qt::Key_F5, this, [this] { Reload(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
     ShowTable();
     ShowRun();
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    (new ReportFrame(*this, "allGames"))->Keep(*table);
+    Furnish(kShownCharacters, kShownLines, [this] { Reload(); }).Keep(*table);
 }
 
 AllGamesWindow::~AllGamesWindow() = default;
@@ -82,10 +74,7 @@ QLayout* AllGamesWindow::MakeActionButtons() {
     edit = AddAction(*row, tr("&Edit Pay Table"), "edit", actions.edit);
     analyze = AddAction(*row, tr("&Analyze"), "analyze", actions.analyze);
     row->addStretch();
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    row->addWidget(done);
+    row->addWidget(MakeClose());
     return row;
 }
 
@@ -108,10 +97,7 @@ QPushButton* AllGamesWindow::AddAction(QLayout& row, const QString& caption, con
 void AllGamesWindow::Open() {
     Reload();
     if (table->CurrentRow() < 0) table->SetCurrentRow(games.PlayedId());
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     table->setFocus();
 }
 

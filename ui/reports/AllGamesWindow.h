@@ -2,12 +2,12 @@
 // blocks nothing, and analyses in the background what is missing.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "game/session/AllGames.h"
+#include "ui/reports/BesideWindow.h"
 
 class QLabel;
 class QLayout;
@@ -25,7 +25,7 @@ struct TableActions {
     std::function<bool()> isBusy;     // all: the machine would not hear of them
 };
 
-class AllGamesWindow : public QWidget {
+class AllGamesWindow : public BesideWindow {
     Q_OBJECT
 
   public:

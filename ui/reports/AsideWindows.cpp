@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -11,66 +10,51 @@
 #include <algorithm>
 
 #include "ui/parts/DialogParts.h"
+#include "ui/reports/BesideWindow.h"
 #include "ui/reports/ReportFrame.h"
 #include "ui/reports/ReportPage.h"
 
 namespace {
 
-constexpr int kStep = 28;  // logical pixels from one window to the next
-constexpr double kShareOfScreen = 0.9;
+constexpr int kStep = 28;     // logical pixels from one window to the next
 constexpr int kWidest = 160;  // characters
 
-// A window without a parent, so that the machine's can be brought in front of it.
-class AsideWindow : public QWidget {
+// Without a parent, so that the machine's window can be brought in front of it.
+class AsideWindow : public BesideWindow {
   public:
     AsideWindow(std::unique_ptr<ReportPage> shown, const QString& name)
-        : page(shown.release()), taken(new QLabel(this)) {
-        setObjectName(name + "Aside");
+        : BesideWindow(name + "Aside"), page(shown.release()), taken(new QLabel(this)) {
         setAttribute(Qt::WA_DeleteOnClose);
-        setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
         page->setParent(this);
         taken->setObjectName("taken");
         auto* bottom = new QHBoxLayout;
         bottom->addWidget(taken, 1);
-        if (page->CanRefresh()) {
-            bottom->addWidget(
-                MakeButton(tr("Refresh"), "refresh", Qt::Key_F5, &AsideWindow::Refresh));
-        }
-        bottom->addWidget(MakeButton(tr("Close"), "close", Qt::Key_Escape, &AsideWindow::Close));
+        if (page->CanRefresh()) OfferRefresh(*bottom);
+        bottom->addWidget(MakeClose());
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(page, 1);
         layout->addLayout(bottom);
         connect(page, &ReportPage::CaptionChanged, this, [this] { ShowCaption(); });
         ShowCaption();
         ShowTime();
-        const QSize widest(WidthOf(*this, kWidest), QWIDGETSIZE_MAX);
-        resize(sizeHint().boundedTo(screen()->availableSize() * kShareOfScreen).boundedTo(widest));
+        ResizeOnScreen(sizeHint().boundedTo({WidthOf(*this, kWidest), QWIDGETSIZE_MAX}));
         page->KeepIn(*new ReportFrame(*this, name, "asidePlace"));
     }
 
-  protected:
-    // What has the focus may have another use for them, as Esc ends a search.
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_F5 && page->CanRefresh()) return Refresh();
-        if (event->key() == Qt::Key_Escape) return Close();
-        QWidget::keyPressEvent(event);
-    }
-
   private:
-    QPushButton* MakeButton(const QString& caption, const char* name, Qt::Key key,
-                            void (AsideWindow::*action)()) {
-        auto* button = new QPushButton(caption, this);
-        button->setObjectName(name);
-        button->setToolTip(caption + " (" + QKeySequence(key).toString() + ")");
-        connect(button, &QPushButton::clicked, this, action);
-        return button;
+    void OfferRefresh(QLayout& row) {
+        auto* button = new QPushButton(tr("Refresh"), this);
+        button->setObjectName("refresh");
+        button->setToolTip(tr("Refresh (F5)"));
+        RefreshBy([this] { Refresh(); });
+        connect(button, &QPushButton::clicked, this, [this] { Refresh(); });
+        row.addWidget(button);
     }
 
     void Refresh() {
         page->Refresh();
         ShowTime();
     }
-    void Close() { close(); }
 
     void ShowCaption() { setWindowTitle(page->Caption()); }
     void ShowTime() {
@@ -116,8 +100,7 @@ void AsideWindows::PutAside(const ReportPage& page, const QString& name) {
 
 void AsideWindows::RefuseQuestions() {
     for (const QPointer<QWidget>& window : windows) {
-        if (!window) continue;
-        for (auto* dialog : window->findChildren<QDialog*>()) dialog->reject();
+        if (window) RefuseDialogsOver(*window);
     }
 }
 

@@ -6,16 +6,17 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
 
+#include "core/analysis/StartThread.h"
 #include "game/reports/BankrollTexts.h"
 #include "game/reports/LawBars.h"
+#include "game/reports/StatisticsRows.h"
 #include "ui/charts/LawChart.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/reports/ReportFrame.h"
@@ -31,7 +32,6 @@ constexpr int kMostRate = 5000;
 constexpr double kMostMoney = 1e9;  // dollars
 constexpr int kShownCharacters = 100;
 constexpr int kShownLines = 34;
-constexpr double kShareOfScreen = 0.9;
 
 // Two ways to look at the same: a picture, and a table.
 QTabWidget* PictureAndFigures(LawChart* chart, ReportTableView* table, const char* name,
@@ -47,21 +47,14 @@ QTabWidget* PictureAndFigures(LawChart* chart, ReportTableView* table, const cha
 }  // namespace
 
 BankrollWindow::BankrollWindow(const GameEngine& machine)
-    : engine(machine), tabs(new QTabWidget(this)) {
-    setObjectName("bankroll");
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
+    : BesideWindow("bankroll"), engine(machine), tabs(new QTabWidget(this)) {
     tabs->setObjectName("tabs");
     tabs->addTab(MakeSession(), tr("&Session"));
     tabs->addTab(MakeLongRun(), tr("&Long run"));
     tabs->addTab(MakeLuck(), tr("L&uck"));
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs, 1);
-    layout->addWidget(done, 0, Qt::AlignRight);
-    new QShortcut(Qt::Key_F5, this, [this] { Ask(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
+    layout->addWidget(MakeClose(), 0, Qt::AlignRight);
     connect(this, &BankrollWindow::Reckoned, this, &BankrollWindow::Take, Qt::QueuedConnection);
     wait.setSingleShot(true);
     wait.setInterval(kPatience);
@@ -70,19 +63,8 @@ BankrollWindow::BankrollWindow(const GameEngine& machine)
             words->setText(tr("Reckoning ..."));
         }
     });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "bankroll");
-    frame->Keep(*tabs);
-}
-
-QLabel* BankrollWindow::MakeSentence(const char* name) {
-    auto* words = new QLabel(this);
-    words->setObjectName(name);
-    words->setTextFormat(Qt::PlainText);
-    words->setWordWrap(true);
-    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    return words;
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { Ask(); });
+    frame.Keep(*tabs);
 }
 
 // A caption with its box below it.
@@ -107,8 +89,8 @@ QWidget* BankrollWindow::MakeSession() {
     auto* page = new QWidget(this);
     page->setObjectName("session");
     auto* grid = new QGridLayout;
-    const std::int64_t played = engine.creditHistory.Hands();
-    const double start = played > kFewHands ? static_cast<double>(played) : kUsualHands;
+    startHands = UsualHands();
+    const double start = startHands;
     hands = AddField<QSpinBox>(*grid, 0, 0, tr("&Hands"), "hands", SessionWish::kMostHands, start);
     hours = AddField<QDoubleSpinBox>(*grid, 0, 1, tr("H&ours"), "hours", SessionWish::kMostHands,
                                      start / kUsualRate);
@@ -120,7 +102,9 @@ QWidget* BankrollWindow::MakeSession() {
     // Hands and hours say the same, each moves the other.
     const auto handsFromHours = [this] {
         const QSignalBlocker quiet(hands);
-        hands->setValue(static_cast<int>(std::llround(hours->value() * rate->value())));
+        const double most = SessionWish::kMostHands;
+        hands->setValue(
+            static_cast<int>(std::min(std::round(hours->value() * rate->value()), most)));
         Ask();
     };
     connect(hours, &QDoubleSpinBox::valueChanged, this, handsFromHours);
@@ -129,7 +113,7 @@ QWidget* BankrollWindow::MakeSession() {
         const QSignalBlocker quiet(hours);
         hours->setValue(static_cast<double>(hands->value()) / rate->value());
     });
-    sessionWords = MakeSentence("sessionWords");
+    sessionWords = MakeWords("sessionWords");
     sessionChart = new LawChart("sessionLaw", tr("Results of such sessions"), this);
     sessionTable = new ReportTableView("sessionTable", tr("Session"), this);
     auto* layout = new QVBoxLayout(page);
@@ -166,19 +150,20 @@ QWidget* BankrollWindow::MakeLongRun() {
     longMoney->setSingleStep(100);
     longMoney->setSpecialValueText(tr("not asked"));
     grid->setColumnStretch(2, 1);
-    longWords = MakeSentence("longWords");
+    longWords = MakeWords("longWords");
     riskTable = new ReportTableView("riskTable", tr("Bankroll for each risk of ruin"), this);
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(grid);
     layout->addWidget(longWords);
     layout->addWidget(riskTable, 1);
+    layout->addStretch();
     return page;
 }
 
 QWidget* BankrollWindow::MakeLuck() {
     auto* page = new QWidget(this);
     page->setObjectName("luck");
-    luckWords = MakeSentence("luckWords");
+    luckWords = MakeWords("luckWords");
     luckChart = new LawChart("luckLaw", tr("Results of as many hands"), this);
     luckTable = new ReportTableView("luckTable", tr("Lines seen and expected"), this);
     auto* layout = new QVBoxLayout(page);
@@ -187,22 +172,25 @@ QWidget* BankrollWindow::MakeLuck() {
     return page;
 }
 
+// Of the player's own session, so that its mark stands in the law of as many hands.
+int BankrollWindow::UsualHands() const {
+    const std::int64_t played = engine.creditHistory.Hands();
+    return static_cast<int>(played > kFewHands ? std::min(played, SessionWish::kMostHands)
+                                               : kUsualHands);
+}
+
 void BankrollWindow::Open() {
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    if (!isVisible() && hands->value() == startHands) {
+        startHands = UsualHands();
+        hands->setValue(startHands);
+    }
+    ShowInFront();
     Ask();
 }
 
 void BankrollWindow::Follow() {
     if (!isVisible()) return;
-    const MachineSettings& settings = engine.settings;
-    if (settings.bet == asked.bet && settings.coin == asked.coin &&
-        engine.payTable == asked.table && engine.statistics == asked.statistics) {
-        return;
-    }
-    Ask();
+    if (Question() != asked || GameAtTheMachine() != askedGame) Ask();
 }
 
 // What others have changed meanwhile is seen when the window is looked at again.
@@ -218,6 +206,7 @@ BankrollQuestion BankrollWindow::Question() const {
     question.coin = engine.settings.coin;
     question.lines = lines->value();
     question.statistics = engine.statistics;
+    question.creditsBet = CreditsBet(engine, &Counter::total);
     const double bet = question.bet * question.coin;
     question.session.hands = hands->value();
     if (money->value() > 0) {
@@ -232,6 +221,7 @@ BankrollQuestion BankrollWindow::Question() const {
 void BankrollWindow::Ask() {
     if (!luckTable) return;  // the fields are still being made
     asked = Question();
+    askedGame = GameAtTheMachine();
     goal->setEnabled(money->value() > 0);
     ++runs;
     NameFiles();
@@ -243,11 +233,12 @@ void BankrollWindow::Ask() {
 void BankrollWindow::Reckon() {
     reckons = true;
     const int run = runs;
-    thread = std::jthread([this, run, question = asked](const std::stop_token& stop) {
+    thread = StartThread([this, run, question = asked](const std::stop_token& stop) {
         const auto found = reckoner.Answer(
             question, [this, run, &stop] { return run == runs && !stop.stop_requested(); });
         if (!stop.stop_requested()) emit Reckoned(run, found);
     });
+    reckons = thread.joinable();
 }
 
 void BankrollWindow::Take(int run, const std::optional<BankrollAnswer>& found) {
@@ -264,10 +255,15 @@ std::optional<double> BankrollWindow::OwnGain() const {
     return stretches.empty() ? std::nullopt : std::optional(stretches.back().last);
 }
 
+QString BankrollWindow::GameAtTheMachine() const {
+    const MachineSettings& settings = engine.settings;
+    return QString::fromStdString(TableSection(settings.gameName, settings.activeTable));
+}
+
 void BankrollWindow::NameFiles() {
     const MachineSettings& settings = engine.settings;
     const QString name = QString::fromStdString(settings.gameName);
-    setWindowTitle(tr("Bankroll: %1(%2)").arg(name).arg(settings.activeTable));
+    setWindowTitle(tr("Bankroll: %1").arg(askedGame));
     const QString subject =
         PictureSubject(settings.gameName, settings.activeTable, settings.bet, settings.coin,
                        QDate::currentDate().toString(Qt::ISODate));
@@ -285,6 +281,13 @@ void BankrollWindow::ShowAnswer() {
     ShowLuck();
 }
 
+// What the law leaves out of the game stands behind them.
+void BankrollWindow::ShowWords(QLabel& label, std::string words) {
+    const std::string leftOut = LeftOutInWords(asked.table);
+    if (!leftOut.empty()) words += " " + leftOut;
+    label.setText(QString::fromStdString(words));
+}
+
 void BankrollWindow::ShowSession(double betDollars) {
     const auto& law = answer.session.law;
     if (!law) {
@@ -297,40 +300,39 @@ void BankrollWindow::ShowSession(double betDollars) {
         sessionTable->SetTable({.title = "Session", .warning = why, .columns = {{"Session"}}});
         return;
     }
-    std::string words = SessionInWords(*law, asked.session, betDollars);
-    const std::string leftOut = LeftOutInWords(asked.table);
-    if (!leftOut.empty()) words += " " + leftOut;
-    sessionWords->setText(QString::fromStdString(words));
+    ShowWords(*sessionWords, SessionInWords(*law, asked.session, betDollars));
     const auto own = OwnGain();
     const QString ownText = own ? tr("Your session: %1 after %2 hands")
                                       .arg(QString::fromStdString(BetsInDollars(*own, 1)),
                                            Grouped(engine.creditHistory.Hands()))
                                 : QString();
     sessionChart->ShowLaw(BarsOf(*law, betDollars, own), own, ownText, {});
-    sessionTable->SetTable(
-        SessionTable(*law, answer.deal, asked.table, asked.session.hands, betDollars));
+    sessionTable->SetTable(SessionTable(*law, answer.lines, asked.table, betDollars));
 }
 
 void BankrollWindow::ShowLongRun(double betDollars) {
     if (!answer.whyNot.empty()) {
         longWords->setText(QString::fromStdString(answer.whyNot));
-        riskTable->SetTable(RiskTable({}, betDollars));
+        ShowRisks(RiskTable({}, betDollars));
         return;
     }
     const auto bankroll =
         longMoney->value() > 0 ? std::optional(longMoney->value() / betDollars) : std::nullopt;
-    std::string words = RuinInWords(answer.longRun, asked.longCashBack, bankroll, betDollars);
-    const std::string leftOut = LeftOutInWords(asked.table);
-    if (!leftOut.empty()) words += " " + leftOut;
-    longWords->setText(QString::fromStdString(words));
-    riskTable->SetTable(RiskTable(answer.longRun, betDollars));
+    ShowWords(*longWords, RuinInWords(answer.longRun, asked.longCashBack, bankroll, betDollars));
+    ShowRisks(RiskTable(answer.longRun, betDollars));
+}
+
+// Where ruin is certain, the words say all.
+void BankrollWindow::ShowRisks(const ReportTable& risks) {
+    riskTable->SetTable(risks);
+    riskTable->setVisible(!risks.rows.empty());
 }
 
 void BankrollWindow::ShowLuck() {
     const Luck& luck = answer.luck;
-    const QString words = QString::fromStdString(LuckInWords(luck, asked.coin));
+    const QString words = QString::fromStdString(LuckInWords(luck));
     luckWords->setText(words);
-    const double betDollars = luck.bet * asked.coin;
+    const double betDollars = luck.mean * asked.coin;
     if (luck.whyNot.empty()) {
         const double own = luck.result * betDollars;
         luckChart->ShowLaw(BarsOf(luck.law, betDollars, own), own,

@@ -3,12 +3,12 @@
 // machine's, which follows what is typed without a button and reckons beside the window's thread.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <atomic>
 #include <thread>
 
 #include "game/engine/GameEngine.h"
 #include "game/reports/BankrollAnswer.h"
+#include "ui/reports/BesideWindow.h"
 
 class LawChart;
 class QDoubleSpinBox;
@@ -18,7 +18,7 @@ class QSpinBox;
 class QTabWidget;
 class ReportTableView;
 
-class BankrollWindow : public QWidget {
+class BankrollWindow : public BesideWindow {
     Q_OBJECT
 
   public:
@@ -46,23 +46,28 @@ class BankrollWindow : public QWidget {
     template <typename Box>
     Box* AddField(QGridLayout& grid, int row, int column, const QString& caption, const char* name,
                   double most, double start);
-    QLabel* MakeSentence(const char* name);
+    int UsualHands() const;
     BankrollQuestion Question() const;
     void Ask();
     void Reckon();
     void Take(int run, const std::optional<BankrollAnswer>& found);
     void ShowAnswer();
+    void ShowWords(QLabel& label, std::string words);
     void ShowSession(double betDollars);
     void ShowLongRun(double betDollars);
+    void ShowRisks(const ReportTable& risks);
     void ShowLuck();
+    QString GameAtTheMachine() const;
     void NameFiles();
     std::optional<double> OwnGain() const;
 
     const GameEngine& engine;
     BankrollQuestion asked;  // last
+    QString askedGame;       // with its table
     BankrollAnswer answer;   // to asked, once it is shown
     QTabWidget* tabs;
     QSpinBox* hands = nullptr;
+    int startHands = 0;  // that the window has put there
     QDoubleSpinBox* hours = nullptr;
     QSpinBox* rate = nullptr;  // hands an hour
     QSpinBox* lines = nullptr;

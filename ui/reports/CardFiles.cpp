@@ -8,7 +8,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QSvgRenderer>
 #include <algorithm>
@@ -16,6 +15,7 @@
 
 #include "core/strategy/CardDrawing.h"
 #include "ui/parts/FileQuestions.h"
+#include "ui/parts/Printing.h"
 
 namespace {
 
@@ -56,14 +56,15 @@ void SaveCard(const ChartCard& card, const QString& name, QWidget* parent) {
 void PrintCard(const ChartCard& card, QWidget* parent) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(QString::fromStdString(card.title));
-    QPrintDialog dialog(&printer, parent);
-    dialog.setObjectName("printCardDialog");
-    if (dialog.exec() == QDialog::Accepted) PrintCardTo(card, printer);
+    AskAndPrint(printer, "printCardDialog", parent,
+                [&card](QPrinter& to) { return PrintCardTo(card, to); });
 }
 
-void PrintCardTo(const ChartCard& card, QPrinter& printer) {
+bool PrintCardTo(const ChartCard& card, QPrinter& printer) {
     QPainter painter;
-    if (painter.begin(&printer)) Draw(card, painter, printer.resolution());
+    if (!painter.begin(&printer)) return false;
+    Draw(card, painter, printer.resolution());
+    return painter.end();
 }
 
 QByteArray CardPdf(const ChartCard& card) {

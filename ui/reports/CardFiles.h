@@ -15,7 +15,8 @@ void SaveCard(const ChartCard& card, const QString& name, QWidget* parent);
 
 // Asks for a printer and how to print, and prints the card in its own size at the top left.
 void PrintCard(const ChartCard& card, QWidget* parent);
-void PrintCardTo(const ChartCard& card, QPrinter& printer);
+// False when the printer takes nothing.
+bool PrintCardTo(const ChartCard& card, QPrinter& printer);
 
 // On a page of the card's size, in any letters.
 QByteArray CardPdf(const ChartCard& card);

@@ -6,14 +6,13 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <limits>
 #include <utility>
 
+#include "core/store/AnalysisCache.h"
 #include "game/seat/Seat.h"
 #include "ui/parts/DialogParts.h"
 #include "ui/reports/ReportFrame.h"
@@ -26,7 +25,6 @@ constexpr int kPause = 200;  // milliseconds
 constexpr int kLookInterval = 50;
 constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 36;
-constexpr double kShareOfScreen = 0.9;
 constexpr int kFewestRows = 3;  // shown of the grid, its head included
 constexpr int kPart = 2;        // of the height for the grid, against kParts for the tables
 constexpr int kParts = 3;
@@ -37,17 +35,11 @@ constexpr int kPayOfB = 2;
 }  // namespace
 
 CompareWindow::CompareWindow(Seat& seat, OpenHand openHand)
-    : seat(seat), openHand(std::move(openHand)) {
-    setObjectName("compare");
+    : BesideWindow("compare"), seat(seat), openHand(std::move(openHand)) {
     setWindowTitle(tr("Compare"));
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeChoice());
-    words = new QLabel(this);
-    words->setObjectName("words");
-    words->setWordWrap(true);
-    words->setTextFormat(Qt::PlainText);
-    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    words = MakeWords("words");
     words->setAccessibleName(tr("What the comparison says"));
     layout->addWidget(words);
     layout->addWidget(MakeTabs(), kParts);
@@ -57,13 +49,9 @@ CompareWindow::CompareWindow(Seat& seat, OpenHand openHand)
     connect(&pause, &QTimer::timeout, this, &CompareWindow::Begin);
     look.setInterval(kLookInterval);
     connect(&look, &QTimer::timeout, this, &CompareWindow::LookAtWork);
-    new QShortcut(Qt::Key_F5, this, [this] { ReadTables(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "compare");
-    frame->Keep(*tabs);
-    frame->Keep(*played);
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { ReadTables(); });
+    frame.Keep(*tabs);
+    frame.Keep(*played);
 }
 
 CompareWindow::~CompareWindow() = default;
@@ -132,26 +120,12 @@ QLayout* CompareWindow::MakeBottom() {
     hands->setToolTip(tr("Opens the hand of the row on A and on B, in windows of their own"));
     connect(hands, &QPushButton::clicked, this, &CompareWindow::OpenHands);
     bar = new QProgressBar(this);
-    bar->setObjectName("progress");
-    bar->setAccessibleName(tr("Percent done"));
-    bar->hide();
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    auto* row = new QHBoxLayout;
-    row->addWidget(hands);
-    row->addWidget(bar, 1);
-    row->addStretch();
-    row->addWidget(done);
-    return row;
+    return MakeFoot(hands, bar);
 }
 
 void CompareWindow::Open() {
     ReadTables();
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     a->setFocus();
 }
 
@@ -164,16 +138,20 @@ void CompareWindow::ReadTables() {
     Begin();
 }
 
+// What was typed stays as long as A is the same.
 void CompareWindow::FillPays() {
     const QSignalBlocker quiet(pays);
     const ListedTable* chosen = a->Chosen();
+    const bool same = chosen && chosen->table.gameId == paysOfA.gameId &&
+                      PaysHash(chosen->table) == PaysHash(paysOfA);
+    if (same && pays->rowCount() > 0) return;
     pays->setRowCount(0);
     if (!chosen) return;
-    paysOfB = chosen->table;
+    paysOfA = paysOfB = chosen->table;
     for (const PayLine& line : paysOfB.lines) {
         const int row = pays->rowCount();
         pays->insertRow(row);
-        const QString pay = QString::number(LineCoinPay(line));
+        const QString pay = PayOfA(row);
         for (const auto& [column, text] :
              {std::pair(kLineColumn, QString::fromStdString(line.description)),
               {kPayOfA, pay},
@@ -186,25 +164,37 @@ void CompareWindow::FillPays() {
     }
 }
 
-// What is no pay is put back.
+QString CompareWindow::PayOfA(int row) const {
+    const int coins = paysOfA.lines[static_cast<std::size_t>(row)].maxPayout;
+    return QString::number(static_cast<double>(coins) / kFullBet, 'f',
+                           coins % kFullBet == 0 ? 0 : 1);
+}
+
+// What is no pay is put back. A's own need not be whole.
 void CompareWindow::TakePay(int row) {
     PayLine& line = paysOfB.lines[static_cast<std::size_t>(row)];
+    const QString typed = pays->item(row, kPayOfB)->text().trimmed();
+    if (typed == PayOfA(row)) {
+        line = paysOfA.lines[static_cast<std::size_t>(row)];
+        return Wait();
+    }
     bool valid = false;
-    const int pay = pays->item(row, kPayOfB)->text().trimmed().toInt(&valid);
+    const int pay = typed.toInt(&valid);
     if (valid && pay >= 0 && pay <= std::numeric_limits<int>::max() / kFullBet) {
         line.payout = pay;
         line.maxPayout = pay * kFullBet;
         return Wait();
     }
     const QSignalBlocker quiet(pays);
-    pays->item(row, kPayOfB)->setText(QString::number(LineCoinPay(line)));
+    const bool asA = line.maxPayout == paysOfA.lines[static_cast<std::size_t>(row)].maxPayout;
+    pays->item(row, kPayOfB)->setText(asA ? PayOfA(row) : QString::number(LineCoinPay(line)));
     words->setText(tr("A pay is a whole number of coins, 0 or more."));
 }
 
-std::optional<PayTable> CompareWindow::TableB() const {
-    if (otherPays->isChecked()) return paysOfB;
-    if (!b->Chosen()) return std::nullopt;
-    return b->Chosen()->table;
+std::optional<ListedTable> CompareWindow::TableB() const {
+    const ListedTable* chosen = otherPays->isChecked() ? a->Chosen() : b->Chosen();
+    if (!chosen) return std::nullopt;
+    return otherPays->isChecked() ? ListedTable{chosen->place, paysOfB} : *chosen;
 }
 
 ComparedNames CompareWindow::Names() const {
@@ -223,8 +213,9 @@ void CompareWindow::Begin() {
     pause.stop();
     const auto tableB = TableB();
     if (!a->Chosen() || !tableB) return;
-    work.Start([tableA = a->Chosen()->table, tableB = *tableB](const auto& goOn) {
-        return CompareGames(tableA, tableB, goOn);
+    asked = {*a->Chosen(), *tableB};
+    work.Start([tables = asked](const auto& goOn) {
+        return CompareGames(tables.a.table, tables.b.table, goOn);
     });
     bar->setValue(0);
     bar->show();
@@ -239,6 +230,7 @@ void CompareWindow::LookAtWork() {
     bar->hide();
     if (!found || found->cancelled) return;
     result = std::move(found);
+    compared = asked;
     ShowResult();
 }
 
@@ -251,10 +243,8 @@ void CompareWindow::ShowResult() {
 
 void CompareWindow::OpenHands() {
     const auto row = played->CurrentRow();
-    const auto tableB = TableB();
-    if (!result || !result->play || row < 0 || !a->Chosen() || !tableB) return;
+    if (!result || !result->play || row < 0) return;
     const Hand& hand = result->play->classes[static_cast<std::size_t>(row)].example;
-    const TableOfGame placeA = a->Chosen()->place;
-    openHand(placeA, a->Chosen()->table, hand);
-    openHand(otherPays->isChecked() ? placeA : b->Chosen()->place, *tableB, hand);
+    openHand(compared.a.place, compared.a.table, hand);
+    openHand(compared.b.place, compared.b.table, hand);
 }

@@ -3,13 +3,14 @@
 // background.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <functional>
 #include <optional>
 
 #include "core/whatif/GameComparison.h"
+#include "game/reports/AllGamesRows.h"
 #include "game/reports/WhatIfRows.h"
 #include "game/session/BackgroundWork.h"
+#include "ui/reports/BesideWindow.h"
 
 class TableChoice;
 class QCheckBox;
@@ -26,7 +27,7 @@ struct TableOfGame;
 using OpenHand =
     std::function<void(const TableOfGame& place, const PayTable& table, const Hand& hand)>;
 
-class CompareWindow : public QWidget {
+class CompareWindow : public BesideWindow {
     Q_OBJECT
 
   public:
@@ -44,7 +45,8 @@ class CompareWindow : public QWidget {
     void ReadTables();
     void FillPays();
     void TakePay(int row);
-    std::optional<PayTable> TableB() const;
+    QString PayOfA(int row) const;
+    std::optional<ListedTable> TableB() const;
     ComparedNames Names() const;
     void Wait();
     void Begin();
@@ -52,13 +54,21 @@ class CompareWindow : public QWidget {
     void ShowResult();
     void OpenHands();
 
+    struct Compared {
+        ListedTable a;
+        ListedTable b;
+    };
+
     Seat& seat;
     OpenHand openHand;
     BackgroundWork<GameComparison> work;
+    Compared asked;  // of the work
     std::optional<GameComparison> result;
-    PayTable paysOfB;  // A's table, with the pays that were typed
-    QTimer pause;      // until the work begins, so that nothing is begun at every key
-    QTimer look;       // at the work
+    Compared compared;  // of the result
+    PayTable paysOfA;   // as they stand in the grid
+    PayTable paysOfB;   // the same table, with the pays that were typed
+    QTimer pause;       // until the work begins, so that nothing is begun at every key
+    QTimer look;        // at the work
     TableChoice* a = nullptr;
     TableChoice* b = nullptr;
     QCheckBox* otherPays = nullptr;

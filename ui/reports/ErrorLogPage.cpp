@@ -340,6 +340,7 @@ std::unique_ptr<ReportPage> ErrorLogPage::Copy() const {
 
 void ErrorLogPage::Refresh() {
     shown = read();
+    SetTabStops();
     ShowEntry();
     ShowTables();
     emit CaptionChanged();

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "game/reports/WhatIfRows.h"
+#include "core/analysis/GameAnalysis.h"
 #include "game/reports/WhatIfRows.h"
 #include "ui/charts/ShareChart.h"
 #include "ui/parts/FileQuestions.h"
@@ -106,7 +106,9 @@ void GamePage::ShowTable() {
     if (!seen || shown.payTable.lines.empty() || !sensitivities.empty() || look.isActive()) return;
     work.Start([payTable = shown.payTable](const auto& goOn) {
         const LineTables tables(payTable);
-        const GameTotals totals = AnalyzeGame(tables, payTable, 1, {});
+        GameAnalysisWatcher watcher;
+        watcher.progress = [&goOn](double, double) { return goOn(0); };
+        const GameTotals totals = AnalyzeGame(tables, payTable, 1, watcher);
         return LineSensitivities(tables, payTable, totals, [&goOn] { return goOn(0); });
     });
     look.start();

@@ -37,6 +37,7 @@ class HandPage : public ReportPage {
 
     QString Caption() const override;
     std::unique_ptr<ReportPage> Copy() const override;
+    bool CanRefresh() const override { return player != nullptr; }
     void Refresh() override;
     void KeepIn(ReportFrame& frame) override;
 

@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -16,11 +14,12 @@
 #include <limits>
 #include <utility>
 
+#include "core/store/AnalysisCache.h"
 #include "game/seat/Seat.h"
 #include "ui/charts/MeterChart.h"
 #include "ui/parts/DialogParts.h"
-#include "ui/reports/TableChoice.h"
 #include "ui/reports/ReportFrame.h"
+#include "ui/reports/TableChoice.h"
 #include "ui/tables/ReportTableView.h"
 
 namespace {
@@ -30,24 +29,17 @@ constexpr int kSettle = 150;
 constexpr int kLookInterval = 50;
 constexpr int kShownCharacters = 130;
 constexpr int kShownLines = 34;
-constexpr double kShareOfScreen = 0.9;
 constexpr int kMostMeter = std::numeric_limits<int>::max() / 4;
 
-// The meters shown are those up to twice the jackpot.
-int LastMeter(int start) { return std::clamp(start, kFullBet, kMostMeter / 2) * 2; }
+// The last meter of the slider.
+int TwiceTheJackpot(int start) { return std::clamp(start, kFullBet, kMostMeter / 2) * 2; }
 
 }  // namespace
 
 MeterWindow::MeterWindow(Seat& seat, OpenHand openHand)
-    : seat(seat), openHand(std::move(openHand)) {
-    setObjectName("meter");
+    : BesideWindow("meter"), seat(seat), openHand(std::move(openHand)) {
     setWindowTitle(tr("Meter"));
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
-    words = new QLabel(this);
-    words->setObjectName("words");
-    words->setWordWrap(true);
-    words->setTextFormat(Qt::PlainText);
-    words->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    words = MakeWords("words");
     words->setAccessibleName(tr("What the meter says"));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeChoice());
@@ -63,13 +55,9 @@ MeterWindow::MeterWindow(Seat& seat, OpenHand openHand)
     connect(&settle, &QTimer::timeout, this, &MeterWindow::ShowTurns);
     look.setInterval(kLookInterval);
     connect(&look, &QTimer::timeout, this, &MeterWindow::LookAtWork);
-    new QShortcut(Qt::Key_F5, this, [this] { ReadTables(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "meter");
-    frame->Keep(*tabs);
-    frame->Keep(*turns);
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { ReadTables(); });
+    frame.Keep(*tabs);
+    frame.Keep(*turns);
 }
 
 MeterWindow::~MeterWindow() = default;
@@ -84,10 +72,7 @@ QLayout* MeterWindow::MakeChoice() {
     row->addWidget(game, 2);
     row->addWidget(Caption(tr("&Line:"), line));
     row->addWidget(line, 1);
-    connect(game, &TableChoice::currentIndexChanged, this, [this] {
-        meters.clear();
-        FillLines();
-    });
+    connect(game, &TableChoice::currentIndexChanged, this, &MeterWindow::FillLines);
     connect(line, &QComboBox::currentIndexChanged, this, [this] { TakeLine(); });
     return row;
 }
@@ -140,26 +125,12 @@ QLayout* MeterWindow::MakeBottom() {
     hand->setToolTip(tr("Opens the hand of the turning point, with the meter where it stands"));
     connect(hand, &QPushButton::clicked, this, &MeterWindow::OpenTheHand);
     bar = new QProgressBar(this);
-    bar->setObjectName("progress");
-    bar->setAccessibleName(tr("Percent done"));
-    bar->hide();
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    auto* row = new QHBoxLayout;
-    row->addWidget(hand);
-    row->addWidget(bar, 1);
-    row->addStretch();
-    row->addWidget(done);
-    return row;
+    return MakeFoot(hand, bar);
 }
 
 void MeterWindow::Open() {
     ReadTables();
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     slider->setFocus();
 }
 
@@ -168,18 +139,33 @@ void MeterWindow::ReadTables() {
     FillLines();
 }
 
+// The meters are those of the lines of one table, as its pays are.
 void MeterWindow::FillLines() {
+    const ListedTable* chosen = game->Chosen();
+    const std::string of =
+        chosen ? game->currentText().toStdString() + PaysHash(chosen->table) : "";
+    if (std::exchange(metersOf, of) != of) meters.clear();
     const int before = std::max(line->currentIndex(), 0);
     {
         const QSignalBlocker quiet(line);
         line->clear();
-        if (!game->Chosen()) return;
-        for (const PayLine& payLine : game->Chosen()->table.lines) {
+        if (!chosen) return ShowNothing();
+        for (const PayLine& payLine : chosen->table.lines) {
             line->addItem(QString::fromStdString(payLine.description));
         }
         line->setCurrentIndex(std::min(before, line->count() - 1));
     }
     TakeLine();
+}
+
+void MeterWindow::ShowNothing() {
+    work.Cancel();
+    look.stop();
+    bar->hide();
+    known.reset();
+    words->setText(tr("There are no pay tables"));
+    chart->SetCurve({});
+    turns->SetTable({});
 }
 
 int MeterWindow::Start() const {
@@ -192,7 +178,7 @@ void MeterWindow::TakeLine() {
     const int at = std::min(moved == meters.end() ? Start() : moved->second, kMostMeter);
     const QSignalBlocker quietSlider(slider);
     const QSignalBlocker quietCoins(coins);
-    const int last = LastMeter(Start());
+    const int last = TwiceTheJackpot(Start());
     slider->setRange(std::min(Start(), last), last);
     slider->setSingleStep(std::max(1, last / 400));
     slider->setPageStep(std::max(1, last / 40));
@@ -214,7 +200,7 @@ void MeterWindow::SetMeter(int value) {
     meters[line->currentIndex()] = value;
     if (known && known->curve) {
         ShowMeter();
-        settle.start();
+        value > known->last ? pause.start() : settle.start();
     } else if (!whyNoCurve.empty()) {
         work.Cancel();
         pause.start();
@@ -236,9 +222,11 @@ void MeterWindow::Begin() {
     const PayTable table = TableNow();
     whyNoCurve = MeterCurve::WhyNot(table);
     const bool curved = whyNoCurve.empty();
-    work.Start([table, number, curved, first = Start(), last = LastMeter(Start()),
+    work.Start([table, number, curved, first = Start(),
+                last = LastMeter(TwiceTheJackpot(Start()) / 2, coins->value()),
                 at = coins->value()](const auto& goOn) {
         Known found;
+        found.last = last;
         if (curved) {
             found.curve = std::make_shared<MeterCurve>(table, number, first, last, goOn);
         } else {
@@ -268,8 +256,8 @@ void MeterWindow::LookAtWork() {
 void MeterWindow::ShowCurve() {
     MeterChart::Curve shown;
     if (known->curve) {
-        shown.first = std::min(Start(), LastMeter(Start()));
-        shown.last = LastMeter(Start());
+        shown.last = known->last;
+        shown.first = std::min<double>(Start(), shown.last);
         shown.percent = [curve = known->curve](double at) { return curve->Return(at); };
     } else {
         shown.nothing =

@@ -3,7 +3,6 @@
 // nothing; the work is done in the background, and once it is done the slider needs none.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <map>
 #include <memory>
 #include <optional>
@@ -12,6 +11,7 @@
 #include "core/whatif/Meter.h"
 #include "core/whatif/MeterSearch.h"
 #include "game/session/BackgroundWork.h"
+#include "ui/reports/BesideWindow.h"
 #include "ui/reports/CompareWindow.h"
 
 class MeterChart;
@@ -20,7 +20,7 @@ class QDoubleSpinBox;
 class QSlider;
 class QSpinBox;
 
-class MeterWindow : public QWidget {
+class MeterWindow : public BesideWindow {
     Q_OBJECT
 
   public:
@@ -36,6 +36,7 @@ class MeterWindow : public QWidget {
     struct Known {
         std::shared_ptr<const MeterCurve> curve;
         MeterResult searched;
+        double last = 0;  // meter of the curve
     };
 
     QLayout* MakeChoice();
@@ -44,6 +45,7 @@ class MeterWindow : public QWidget {
     QLayout* MakeBottom();
     void ReadTables();
     void FillLines();
+    void ShowNothing();
     void TakeLine();
     void SetMeter(int coins);
     PayTable TableNow() const;
@@ -61,6 +63,7 @@ class MeterWindow : public QWidget {
     BackgroundWork<Known> work;
     std::optional<Known> known;
     std::string whyNoCurve;
+    std::string metersOf;       // the table
     std::map<int, int> meters;  // coins by line, of those that were moved
     QTimer pause;               // until a search begins
     QTimer settle;              // until the turning points follow the slider

@@ -13,6 +13,7 @@
 
 #include "core/analysis/GameAnalysis.h"
 #include "core/analysis/LineTableCache.h"
+#include "core/analysis/StartThread.h"
 #include "game/reports/StatisticsRows.h"
 #include "ui/charts/CreditChart.h"
 #include "ui/parts/DialogParts.h"
@@ -61,12 +62,6 @@ void Widen(ColumnWidths& widths, const QFontMetrics& font, const QList<std::stri
     }
 }
 
-// All of a table that what is expected of it depends on, and more.
-PayTable Pays(PayTable table) {
-    for (PayLine& line : table.lines) line.sessionWins = line.totalWins = 0;
-    return table;
-}
-
 }  // namespace
 
 StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
@@ -99,7 +94,7 @@ StatisticsPage::StatisticsPage(const GameEngine& shown, std::int64_t now,
 
 // What needs other objects is left out: they may go before this page.
 void StatisticsPage::Take(const GameEngine& from) {
-    if (Pays(from.payTable) != Pays(engine.payTable)) expected.reset();
+    if (WithoutWins(from.payTable) != WithoutWins(engine.payTable)) expected.reset();
     band.clear();
     engine = from;
     engine.lineTables = nullptr;
@@ -194,8 +189,8 @@ void StatisticsPage::Analyze() {
     const int run = ++runs;
     analysis = {};
     if (!CanAnalyzeGame(engine.payTable)) return;
-    analysis = std::jthread([this, run, of = engine.payTable, known = expected,
-                             history = engine.creditHistory](const std::stop_token& stop) {
+    analysis = StartThread([this, run, of = engine.payTable, known = expected,
+                            history = engine.creditHistory](const std::stop_token& stop) {
         const auto goesOn = [&stop] { return !stop.stop_requested(); };
         LineTableCache tables;
         const auto found = known ? known : AnalyzePlay(of, tables, goesOn);

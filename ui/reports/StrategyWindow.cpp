@@ -8,8 +8,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QTabWidget>
@@ -28,15 +26,12 @@ constexpr int kBeforeSearch = 500;
 constexpr int kLengthPage = 5;  // lines
 constexpr int kShownCharacters = 120;
 constexpr int kShownLines = 38;
-constexpr double kShareOfScreen = 0.9;
 
 }  // namespace
 
 StrategyWindow::StrategyWindow(const Seat& seat, StrategyDesk& desk, Analyze analyze)
-    : seat(seat), desk(desk), analyze(std::move(analyze)) {
-    setObjectName("strategy");
+    : BesideWindow("strategy"), seat(seat), desk(desk), analyze(std::move(analyze)) {
     setWindowTitle(tr("Strategy"));
-    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with the machine's window
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeChoice());
     layout->addLayout(MakeLength());
@@ -48,14 +43,10 @@ StrategyWindow::StrategyWindow(const Seat& seat, StrategyDesk& desk, Analyze ana
     begin.setInterval(kBeforeSearch);
     begin.setSingleShot(true);
     connect(&begin, &QTimer::timeout, this, &StrategyWindow::BeginIfNothingIsKnown);
-    new QShortcut(Qt::Key_F5, this, [this] { Reload(); });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    const QSize wanted(WidthOf(*this, kShownCharacters), fontMetrics().lineSpacing() * kShownLines);
-    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
-    auto* frame = new ReportFrame(*this, "strategy");
-    frame->Keep(*tabs);
-    frame->Keep(*rows);
-    frame->Keep(*exceptions);
+    ReportFrame& frame = Furnish(kShownCharacters, kShownLines, [this] { Reload(); });
+    frame.Keep(*tabs);
+    frame.Keep(*rows);
+    frame.Keep(*exceptions);
 }
 
 StrategyWindow::~StrategyWindow() = default;
@@ -94,10 +85,7 @@ QLayout* StrategyWindow::MakeLength() {
     length->setPageStep(kLengthPage);
     length->setMinimumWidth(WidthOf(*length, 16));
     connect(length, &QSlider::valueChanged, this, [this](int rows) { ChooseLength(rows); });
-    price = new QLabel(this);
-    price->setObjectName("price");
-    price->setTextFormat(Qt::PlainText);
-    price->setWordWrap(true);
+    price = MakeWords("price");
     auto* row = new QHBoxLayout;
     row->addWidget(Caption(tr("&Lines"), length));
     row->addWidget(length, 1);
@@ -141,10 +129,7 @@ QWidget* StrategyWindow::MakeExceptions() {
 }
 
 QLayout* StrategyWindow::MakeRunLine() {
-    state = new QLabel(this);
-    state->setObjectName("state");
-    state->setTextFormat(Qt::PlainText);
-    state->setWordWrap(true);
+    state = MakeWords("state");
     bar = new QProgressBar(this);
     bar->setObjectName("progress");
     bar->setAccessibleName(tr("Percent done"));
@@ -165,10 +150,7 @@ QLayout* StrategyWindow::MakeButtons() {
     printCard = AddButton(*row, tr("&Print Card..."), "printCard", &StrategyWindow::PrintCard);
     printCard->setToolTip(tr("Prints the chart as a card of 9 by 13 cm"));
     row->addStretch();
-    auto* done = new QPushButton(tr("Close"), this);
-    done->setObjectName("close");
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    row->addWidget(done);
+    row->addWidget(MakeClose());
     for (ReportTableView* table : {rows, exceptions}) {
         auto* entry = new QAction(tr("Analyze Hand"), this);
         connect(entry, &QAction::triggered, this, &StrategyWindow::AnalyzeHand);
@@ -192,10 +174,7 @@ void StrategyWindow::Open() {
         place = {settings.gameId, settings.gameName, settings.activeTable};
     }
     Reload();
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ShowInFront();
     rows->setFocus();
 }
 

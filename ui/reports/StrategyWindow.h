@@ -2,16 +2,17 @@
 // searches in the background.
 #pragma once
 #include <QTimer>
-#include <QWidget>
 #include <atomic>
 #include <functional>
 #include <future>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "game/reports/StrategyRows.h"
 #include "game/session/StrategyDesk.h"
+#include "ui/reports/BesideWindow.h"
 
 class LossChart;
 class QBoxLayout;
@@ -25,7 +26,7 @@ class QSlider;
 class QTabWidget;
 class ReportTableView;
 
-class StrategyWindow : public QWidget {
+class StrategyWindow : public BesideWindow {
     Q_OBJECT
 
   public:
@@ -49,6 +50,7 @@ class StrategyWindow : public QWidget {
     // Reckons on a thread of its own, and is cancelled with its object.
     struct Study {
         std::atomic<bool> cancelled = false;
+        std::string table;  // its key
         Chart chart;
         std::future<ChartStudy> result;  // last: its end is waited for before the rest goes
         ~Study() { cancelled = true; }
@@ -64,6 +66,8 @@ class StrategyWindow : public QWidget {
                            void (StrategyWindow::*action)());
 
     const ListedTable* Current() const;
+    std::string CurrentKey() const;
+    std::string SearchKey() const;
     QString WhyNot() const;
     void ChooseGame();
     void ChooseTable();
@@ -94,6 +98,9 @@ class StrategyWindow : public QWidget {
     double best = 0;            // percent that its best play returns
     std::optional<int> wanted;  // lines that the player has chosen
     std::optional<ShownChart> shown;
+    std::string shownTable;         // its key
+    std::set<std::string> stopped;  // searches that the player has ended, by table and wording
+    bool searching = false;         // when it was last looked
     std::unique_ptr<Study> study;
     QTimer look;   // at what is reckoned
     QTimer begin;  // a search, once the player has stopped to choose

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/store/AnalysisCache.h"
 #include "core/strategy/MakeCard.h"
 #include "ui/charts/LossChart.h"
 #include "ui/reports/CardFiles.h"
@@ -38,6 +39,13 @@ const ListedTable* StrategyWindow::Current() const {
     const auto found = std::ranges::find_if(
         tables, [this](const ListedTable& table) { return SamePlace(table.place, place); });
     return found == tables.end() ? nullptr : &*found;
+}
+
+// Tables that have a key in common have the same charts at the same prices.
+std::string StrategyWindow::CurrentKey() const {
+    const ListedTable* table = Current();
+    if (!table) return {};
+    return TableSection(place.gameName, place.tableIndex) + "\n" + PaysHash(table->table);
 }
 
 QString StrategyWindow::WhyNot() const {
@@ -130,16 +138,19 @@ void StrategyWindow::ShowLength() {
 
 bool StrategyWindow::IsStudied() const {
     const SearchResult::Found* chosen = Chosen();
-    return chosen && shown && SamePlace(shown->place, place) && shown->study.chart == chosen->rows;
+    return chosen && shown && shownTable == CurrentKey() && shown->study.chart == chosen->rows;
 }
 
 // One at a time; a chart that is found in between is studied when this one is done.
 void StrategyWindow::BeginStudy() {
     const ListedTable* table = Current();
     const SearchResult::Found* chosen = Chosen();
-    if (!table || !chosen || (study && study->chart == chosen->rows)) return;
+    if (!table || !chosen) return;
+    const std::string key = CurrentKey();
+    if (study && study->table == key && study->chart == chosen->rows) return;
     if (study && desk.IsSearching()) return;
     study = std::make_unique<Study>();
+    study->table = key;
     study->chart = chosen->rows;
     study->result = std::async(std::launch::async, Reckon, table->table, chosen->rows,
                                std::cref(study->cancelled));
@@ -160,7 +171,7 @@ void StrategyWindow::ShowStudy() {
             QString::fromStdString(PriceText(IsStudied() ? PriceOf(shown->study) : nearly, coin)));
     }
     length->setAccessibleDescription(price->text());
-    const bool stale = shown && !SamePlace(shown->place, place);
+    const bool stale = shown && shownTable != CurrentKey();
     if (stale) shown.reset();
     const QString name = QString::fromStdString(place.gameName);
     rows->SetFileName(tr("%1 strategy").arg(name));
@@ -192,40 +203,57 @@ void StrategyWindow::ShowExceptions() {
                              : ExceptionHandTable(*shown, static_cast<std::size_t>(chosen) - 1));
 }
 
+// A search that was stopped is not begun again unasked; one that only the reason of a best play
+// asked for has gone no further than the standard chart.
 void StrategyWindow::BeginIfNothingIsKnown() {
     const ListedTable* table = Current();
-    if (!isVisible() || !table || !WhyNot().isEmpty()) return;
+    if (!isVisible() || !table || !WhyNot().isEmpty() || desk.IsSearching()) return;
     const TableCharts* known = desk.Find(*table);
-    const bool none = !known || (penalties->isChecked() ? known->penalties : known->plain).reach ==
-                                    SearchReach::kNone;
-    if (none && !desk.IsSearching()) Find();
+    const SearchReach reach = known
+                                  ? (penalties->isChecked() ? known->penalties : known->plain).reach
+                                  : SearchReach::kNone;
+    const bool whole = reach == SearchReach::kWhole || reach == SearchReach::kSome;
+    if (!whole && !stopped.contains(SearchKey())) Find();
+}
+
+std::string StrategyWindow::SearchKey() const {
+    return CurrentKey() + (penalties->isChecked() ? "\npenalties" : "");
 }
 
 void StrategyWindow::Find() {
     const ListedTable* table = Current();
     if (!table || !WhyNot().isEmpty()) return;
     desk.Search(*table, penalties->isChecked());
+    searching = true;
     ShowLists();
     if (isActiveWindow() && find->hasFocus()) cancel->setFocus();
 }
 
-void StrategyWindow::Cancel() { desk.Cancel(); }
+void StrategyWindow::Cancel() {
+    stopped.insert(SearchKey());
+    desk.Cancel();
+}
 
 void StrategyWindow::Look() {
     const bool hadFocus = cancel->hasFocus();
     const bool isNew = desk.Collect();
     if (study && study->result.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
         ChartStudy done = study->result.get();
-        study.reset();
+        const std::string key = std::exchange(study, nullptr)->table;
         const SearchResult::Found* chosen = Chosen();
         const bool known =
             std::ranges::any_of(lists, [&](const auto& each) { return each.rows == done.chart; });
-        if (!done.cancelled && chosen && (known || done.chart == chosen->rows)) {
+        if (!done.cancelled && key == CurrentKey() && chosen &&
+            (known || done.chart == chosen->rows)) {
             shown = {place, seat.engine.settings.coin, std::move(done)};
+            shownTable = key;
         }
         ShowLength();
     }
-    if (isNew) ShowLists();
+    // The lines below a report take up what is found as well.
+    const bool ended = std::exchange(searching, desk.IsSearching()) && !searching;
+    if (isNew || ended) ShowLists();
+    if (ended) begin.start();
     ShowRun();
     if (hadFocus && !cancel->isVisible()) rows->setFocus();
     if (!desk.IsSearching() && !study) look.stop();
@@ -269,7 +297,7 @@ void StrategyWindow::ShowRun() {
 
 // Of the row with the cursor, in the tab that is seen.
 std::optional<std::string> StrategyWindow::HandOfRow() const {
-    if (!shown || !SamePlace(shown->place, place)) return std::nullopt;
+    if (!shown || shownTable != CurrentKey()) return std::nullopt;
     const ChartStudy& chart = shown->study;
     const auto textOf = [](const Hand& hand) -> std::optional<std::string> {
         if (hand[0].IsEmpty()) return std::nullopt;

@@ -64,10 +64,10 @@ void PrintedTable::DrawPage(QPainter& painter, int page) {
     painter.restore();
 }
 
-void PrintedTable::PrintOn(QPagedPaintDevice& device) {
+bool PrintedTable::PrintOn(QPagedPaintDevice& device) {
     LayOutFor(device);
     QPainter painter;
-    if (!painter.begin(&device)) return;
+    if (!painter.begin(&device)) return false;
     bool first = true;
     for (int page = 0; page < PageCount(); ++page) {
         const QPageRanges wanted = device.pageRanges();
@@ -76,4 +76,5 @@ void PrintedTable::PrintOn(QPagedPaintDevice& device) {
         first = false;
         DrawPage(painter, page);
     }
+    return painter.end();
 }

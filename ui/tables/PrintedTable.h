@@ -20,8 +20,8 @@ class PrintedTable {
     int PageCount() const { return document.pageCount(); }
     void DrawPage(QPainter& painter, int page);  // the first is 0
 
-    // All of it, or the pages that the device has been told to print.
-    void PrintOn(QPagedPaintDevice& device);
+    // All of it, or the pages that the device has been told to print. False when it takes nothing.
+    bool PrintOn(QPagedPaintDevice& device);
 
   private:
     QTextDocument document;

@@ -28,7 +28,7 @@
 
 namespace {
 
-constexpr int kWidestColumn = 40;       // characters
+constexpr int kWidestColumn = 52;       // characters
 constexpr int kWidestFirstColumn = 32;  // so that some of the others are seen beside it
 constexpr int kNarrowestColumn = 4;
 constexpr int kLeastRows = 5;

@@ -8,12 +8,12 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <array>
 
 #include "game/reports/ReportText.h"
 #include "ui/parts/FileQuestions.h"
+#include "ui/parts/Printing.h"
 #include "ui/tables/PrintedTable.h"
 
 namespace {
@@ -59,14 +59,12 @@ void PrintTable(const ReportTable& table, QWidget* parent) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(QString::fromStdString(table.title));
     LayOutPage(printer, PrintedTable(table));
-    QPrintDialog dialog(&printer, parent);
-    dialog.setObjectName("print");
-    if (parent) dialog.setWindowModality(Qt::WindowModal);
-    if (dialog.exec() == QDialog::Accepted) PrintTableTo(table, printer);
+    AskAndPrint(printer, "print", parent,
+                [&table](QPrinter& to) { return PrintTableTo(table, to); });
 }
 
-void PrintTableTo(const ReportTable& table, QPrinter& printer) {
-    PrintedTable(table).PrintOn(printer);
+bool PrintTableTo(const ReportTable& table, QPrinter& printer) {
+    return PrintedTable(table).PrintOn(printer);
 }
 
 QByteArray TablePdf(const ReportTable& table) {

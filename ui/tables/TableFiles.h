@@ -20,8 +20,9 @@ void SaveTableAsPdf(const ReportTable& table, const QString& name, QWidget* pare
 // Asks for a printer and how to print, and prints.
 void PrintTable(const ReportTable& table, QWidget* parent);
 
-// Prints to a printer that is ready. A wide table is printed across the page, and smaller.
-void PrintTableTo(const ReportTable& table, QPrinter& printer);
+// Prints to a printer that is ready; false when it takes nothing. A wide table is printed across
+// the page, and smaller.
+bool PrintTableTo(const ReportTable& table, QPrinter& printer);
 
 // The pages of a PDF.
 QByteArray TablePdf(const ReportTable& table);

@@ -7,15 +7,10 @@
 #include <numeric>
 #include <random>
 
+#include "tests/Sanitized.h"
 #include "tests/core/TestGames.h"
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kSlow = true;  // every hand of a deck would take minutes
-#else
-constexpr bool kSlow = false;
-#endif
 
 GameTotals Analyze(const PayTable& table, double coin = 1,
                    const GameAnalysisWatcher& watcher = {}) {
@@ -48,7 +43,7 @@ double SumOfReturns(const PayTable& table) {
 }
 
 TEST(GameAnalysisTest, TheReturnIsThatOfEveryHandDealt) {
-    if (kSlow) GTEST_SKIP() << "takes minutes under sanitizers";
+    if (kSanitized) GTEST_SKIP() << "takes minutes under sanitizers";
     // Flushes that pay more than quads, so that hands of three or four of a kind are broken up.
     PayTable flushJokers = JokerPoker(1);
     flushJokers.lines = {Wild(kFlush, 500), Wild(kFiveOfAKind, 3), Wild(kFourOfAKind, 2)};
@@ -99,7 +94,7 @@ SortedFaces ClassOf(const Hand& cards) {
 // The analysis knows every hand by its class; dealing all 120 orders of a hand one by one must come
 // to the same.
 TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
-    if (kSlow) GTEST_SKIP() << "takes a minute under sanitizers";
+    if (kSanitized) GTEST_SKIP() << "takes a minute under sanitizers";
     PayTable plain = JacksOrBetter();
     plain.type = GameType::kAcesBonus;
     plain = WithLine(plain, Natural(kFourAcesInOrder, 800), 1);
@@ -117,7 +112,7 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
         };
         Analyze(table, 1, watcher);
         const LineTables tables(table);
-        for (int i = 0; i < (kSlow ? 200 : 3000); ++i) {
+        for (int i = 0; i < (kSanitized ? 200 : 3000); ++i) {
             // Of every five hands, one has at least four aces, one three, and so on.
             std::array<int, 52> deck;
             std::iota(deck.begin(), deck.end(), 0);
@@ -136,7 +131,7 @@ TEST(GameAnalysisTest, FourAcesInOrderAreExactOverAllOrders) {
 }
 
 TEST(GameAnalysisTest, OneEyedJacksCanBePlayedHandByHand) {
-    if (kSlow) GTEST_SKIP() << "takes a minute under sanitizers";
+    if (kSanitized) GTEST_SKIP() << "takes a minute under sanitizers";
     std::int64_t hands = 0;
     GameAnalysisWatcher watcher;
     watcher.hand = [&hands](const PlayedHand& hand) { hands += hand.weight == 1 ? 1 : 0; };
@@ -156,6 +151,89 @@ TEST(GameAnalysisTest, WhatCannotBeAnalysedHasNoFigures) {
     const GameTotals totals = Analyze(nothingPays);
     EXPECT_EQ(totals.payoutPercent, 0);
     EXPECT_EQ(totals.initHands[0], 2598960) << "standing pat wins the tie of nothing";
+}
+
+// What AnalyzeHand makes of a reported hand; in Pick 'Em the mask is that of the report.
+BestHold Alone(const LineTables& tables, const PayTable& table, const Hand& cards, double coin) {
+    KnownCards known{cards, {}};
+    const bool pickEm = table.type == GameType::kPickEm;
+    if (pickEm) known = {{cards[0], cards[1], cards[3]}, cards[4]};
+    HoldAnalysis analysis;
+    AnalyzeHand(tables, table, known, kFullBet, coin, analysis);
+    const HoldResult& hold = analysis.holds[static_cast<std::size_t>(analysis.best)];
+    BestHold best{analysis.best, hold.cardsDrawn, analysis.bestReturn, hold.totalHands, {}};
+    if (pickEm && best.mask == kLeftPile) best.mask = 26;
+    std::ranges::transform(hold.lineCounts, best.counts.begin(),
+                           [](std::int64_t draws) { return static_cast<std::uint32_t>(draws); });
+    best.counts[kNothingLane] = static_cast<std::uint32_t>(hold.nothing);
+    return best;
+}
+
+// The totals, which count no hand's draws, against the draws of the hands that are reported, and
+// those against each hand analysed by itself: ties, draws and the last bit of the return.
+void ExpectSumOfItsHands(const PayTable& table, double coin) {
+    const LineTables tables(table);
+    const GameTotals totals = AnalyzeGame(tables, table, coin, {});
+    std::array<std::array<double, kLanes>, kDraws> final{};
+    std::array<double, kDraws> hands{};
+    double er = 0;
+    std::int64_t reported = 0;
+    GameAnalysisWatcher watcher;
+    watcher.hand = [&](const PlayedHand& hand) {
+        const auto drawn = static_cast<std::size_t>(hand.best.cardsDrawn);
+        hands[drawn] += hand.weight;
+        er += hand.weight * hand.best.expectedReturn;
+        for (std::size_t lane = 0; lane < kLanes; ++lane) {
+            final[drawn][lane] += hand.weight * hand.best.counts[lane];
+        }
+        if (++reported % (kSlow ? 997 : 29) != 0) return;
+        const BestHold alone = Alone(tables, table, hand.cards, coin);
+        ASSERT_EQ(hand.best.mask, alone.mask) << "hand " << reported;
+        ASSERT_EQ(hand.best.expectedReturn, alone.expectedReturn) << "hand " << reported;
+        ASSERT_EQ(hand.best.counts, alone.counts) << "hand " << reported;
+        ASSERT_EQ(hand.best.totalHands, alone.totalHands);
+    };
+    const GameTotals watched = AnalyzeGame(tables, table, coin, watcher);
+    EXPECT_EQ(watched.er, totals.er);
+    EXPECT_EQ(watched.erSquares, totals.erSquares);
+    EXPECT_EQ(watched.final, totals.final);
+    EXPECT_EQ(totals.representatives, reported);
+    EXPECT_NEAR(er, totals.er, totals.er * 1e-10);
+    for (std::size_t drawn = 0; drawn < kDraws; ++drawn) {
+        EXPECT_NEAR(totals.initHands[drawn], hands[drawn], 1e-6);
+        EXPECT_NEAR(totals.nothing[drawn], final[drawn][kNothingLane],
+                    final[drawn][kNothingLane] * 1e-12);
+        for (std::size_t line = 0; line < kMaxPayLines; ++line) {
+            EXPECT_NEAR(totals.final[drawn][line], final[drawn][line], final[drawn][line] * 1e-12);
+        }
+    }
+}
+
+TEST(GameAnalysisTest, TheTotalsAreThoseOfTheHandsThatAreReported) {
+    PayTable flat = JacksOrBetter();  // ties everywhere
+    for (PayLine& line : flat.lines) line.maxPayout = 5;
+    PayTable large = DeucesDeluxe();  // worths beyond 32 bits
+    for (PayLine& line : large.lines) line.maxPayout = 2'147'483'647;
+    PayTable twins = JokerPoker(2);  // wild ranks beside jokers
+    SetWildCards(twins, 2, std::array{4, 12, 1});
+    PayTable coloured = WithLine(JacksOrBetter(), Natural(kAllRedOrBlack, 3), 4);
+    PayTable jacks = JacksOrBetter();  // rows that fall into variants
+    SetWildCards(jacks, 0, std::array{11});
+    struct Case {
+        std::string name;
+        PayTable table;
+        double coin = 1;
+    };
+    for (const auto& [name, table, coin] :
+         {Case{"flat", flat, 0.05}, Case{"large", large}, Case{"twins", twins, 0.25},
+          Case{"coloured", coloured}, Case{"jacks", jacks}, Case{"free", JacksOrBetter(), 0},
+          Case{"five aces", FiveAces()}, Case{"pick 'em", PickEm(), 0.05},
+          Case{"double draw", DoubleDraw()}, Case{"aces bonus", AcesBonus()},
+          Case{"joker", JokerPoker(5)},
+          Case{"standing aces", WithLine(JokerPoker(1), Natural(kFourAcesInOrder, 4000))}}) {
+        SCOPED_TRACE(name);
+        ExpectSumOfItsHands(table, coin);
+    }
 }
 
 // Both ways to find a best hold come to the same hold and the same draws.

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <numeric>
+#include <random>
 #include <utility>
+#include <vector>
 
 #include "core/analysis/Combinations.h"
 #include "core/analysis/LineTableCache.h"
@@ -45,6 +49,47 @@ TEST(LineTablesTest, HandsThatLookAlikeToTheTablesArePaidAlike) {
           WithLine(OneEyedJacks(), Wild(kAllRedOrBlack, 3), 2),
           WithLine(JacksOrBetter(), Natural(kAllRedOrBlack, 3), 4), FiveAces()}) {
         EXPECT_EQ(AllHands(table), DealtOneByOne(table)) << table.gameId;
+    }
+}
+
+// Sets share their counts when no card that comes tells them apart. Dealt out, each has its own.
+TEST(LineTablesTest, SetsOfAClassAreCountedAsDealingTheRestCountsThem) {
+    PayTable coloured = OneEyedJacks();
+    SetWildCards(coloured, 0, std::array{2, 12});
+    coloured = WithLine(WithLine(coloured, Wild(kAllRedOrBlack, 3), 2), Natural(kFlush, 6), 1);
+    std::mt19937 random(3);
+    for (const PayTable& table : {coloured, OneEyedJacks(), DeucesDeluxe(), FiveAces(),
+                                  WithLine(JokerPoker(3), Natural(kAllRedOrBlack, 3), 1)}) {
+        const LineTables tables(table);
+        const CardTable deck = BuildCardTable(DeckOf(table));
+        std::vector<CardCode> order(static_cast<std::size_t>(deck.deckSize));
+        std::iota(order.begin(), order.end(), 0);
+        for (int i = 0; i < 300; ++i) {
+            // Often of few suits, or of wild ranks.
+            std::ranges::shuffle(order, random);
+            std::stable_partition(order.begin(), order.end(), [&](CardCode code) {
+                const CardFace face = FaceOf(deck, code);
+                return i % 3 == 0 ? face.suit % 2 == 0 : i % 3 == 1 ? face.suit < 2 : face.rank > 9;
+            });
+            std::array<SetCard, 4> cards;
+            for (std::size_t at = 0; at < 4; ++at) {
+                cards[at] = tables.ToSetCard(FaceOf(deck, order[at]));
+            }
+            std::ranges::sort(cards);
+            std::uint32_t key = 0;
+            for (int at = 0; at < 4; ++at) {
+                key += SetKey::Add(at, cards[static_cast<std::size_t>(at)]);
+            }
+            LineCounts dealt{};
+            for (std::size_t last = 4; last < order.size(); ++last) {
+                const std::array<CardCode, 5> five = {order[0], order[1], order[2], order[3],
+                                                      order[last]};
+                ++dealt[LaneOf(EvaluateHand(FacesOf(deck, five), table, 1).line)];
+            }
+            LineCounts counted;
+            tables.Read<4>(key, counted);
+            ASSERT_EQ(counted, dealt) << table.gameId << " set " << i;
+        }
     }
 }
 

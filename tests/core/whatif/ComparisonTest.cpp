@@ -124,6 +124,21 @@ TEST(ComparisonTest, HoldsAreCalledByWordsThatFitThem) {
     }
 }
 
+TEST(ComparisonTest, TheLinesAddUpToTheDifferenceOfTheReturns) {
+    const PayTable twice = Shipped("Dbl Draw Bonus");
+    for (const auto& [a, b] : {std::pair(NineFive(), Shipped("Double Double Bonus Poker")),
+                               {Shipped("Deuces Wild"), Shipped("Deuces and Joker Wild")},
+                               {twice, Shipped("Dbl Draw Dbl Bonus")},
+                               {NineFive(), twice}}) {
+        const GameComparison found = CompareGames(a, b);
+        double sum = 0;
+        for (const LineDifference& line : found.lines) sum += line.byFrequency + line.byPay;
+        EXPECT_NEAR(sum, found.b.percent - found.a.percent, kNear) << a.gameId << " " << b.gameId;
+        EXPECT_EQ(found.lines.back().description == "(second draws)",
+                  b.type == GameType::kDoubleDraw);
+    }
+}
+
 TEST(ComparisonTest, OneCoinMoreIsWorthWhatTheGameThenReturnsMore) {
     const PayTable table = EightFive();
     const LineTables tables(table);
@@ -132,8 +147,9 @@ TEST(ComparisonTest, OneCoinMoreIsWorthWhatTheGameThenReturnsMore) {
     // Published: 8/5 returns 97.2984 %, 9/5 98.4498 %, 8/6 98.3927 %.
     EXPECT_NEAR(lines[3].gain, 98.4498 - 97.2984, 1e-4);
     EXPECT_NEAR(lines[4].gain, 98.3927 - 97.2984, 1e-4);
-    for (const LineSensitivity& line : lines) EXPECT_GE(line.gain, line.slope - kNear);
-    EXPECT_FALSE(LineSensitivities(tables, table, totals, [] { return false; })[0].known);
+    for (const LineSensitivity& line : lines) EXPECT_GE(line.gain, *line.slope - kNear);
+    const auto stopped = LineSensitivities(tables, table, totals, [] { return false; });
+    EXPECT_TRUE(!stopped[0].known && stopped[8].slope == lines[8].slope);
 }
 
 }  // namespace
