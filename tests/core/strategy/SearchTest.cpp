@@ -191,7 +191,10 @@ TEST(SearchTest, PenaltiesAreSeenAsTheDiscardsShowThem) {
         }
         return true;
     });
-    for (std::size_t i = 0; i < fits.size(); ++i) EXPECT_GT(fits[i], 0) << i;
+    for (std::size_t i = 0; i < fits.size(); ++i) {
+        EXPECT_GT(fits[i], 0) << i;
+        EXPECT_TRUE(asked.rows[i].AsksOfDiscards()) << i;
+    }
 }
 
 TEST(SearchTest, OpenStraightsAreTriedBehindSingleLowCardsAlone) {
