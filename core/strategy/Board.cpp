@@ -16,18 +16,18 @@ constexpr std::uint32_t kHandsBetweenQuestions = 4096;
 
 }  // namespace
 
-Board::Board(const StartingHands& hands, const Terms& terms, LookAt at,
-             const std::function<bool()>& goOn) {
+Board::Board(const StartingHands& hands, const Terms& terms, LookAt at, const Progress& goOn) {
     if (!ReadHands(hands, terms, at, goOn)) return;
     decisions.resize(shares.size());
     scratch.assign(shares.size(), kFree);
 }
 
 bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
-                      const std::function<bool()>& goOn) {
+                      const Progress& goOn) {
     const double percent = 100 / (static_cast<double>(hands.Count()) *
                                   static_cast<double>(hands.PartsOfCoin()) * kFullBet);
     HandLooks looks;
+    std::int64_t read = 0;
     double most = 1;  // percent that any sum may come to
     handStarts.push_back(0);
     const bool all = hands.ForEach([&](const StartingHand& hand) {
@@ -52,7 +52,9 @@ bool Board::ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
         handStarts.push_back(static_cast<std::uint32_t>(byHand.size()));
         shares.push_back(static_cast<float>(static_cast<double>(hand.weight) /
                                             static_cast<double>(hands.Count())));
-        return shares.size() % kHandsBetweenQuestions != 0 || goOn();
+        read += hand.weight;
+        return shares.size() % kHandsBetweenQuestions != 0 ||
+               goOn(static_cast<double>(read) / static_cast<double>(hands.Count()));
     });
     units = std::exp2(kBitsOfSums - std::ceil(std::log2(most)));
     return all;
@@ -255,6 +257,49 @@ static void AddUp(const Board::Looks& looks, const std::int64_t* sums, std::size
 Board::Change Board::GuessInsertion(const Looks& looks) const {
     std::array<Whole, kMostRows> bySlot{};
     AddUp(looks, sums.data(), slots, bySlot);
+    return BestPlace(bySlot);
+}
+
+std::optional<Board::Overlaps> Board::OverlapsOf(const Looks& looks, std::size_t most) {
+    std::vector<Entry> again;
+    for (const std::uint32_t look : looks) {
+        for (std::uint32_t i = lookStarts[look]; i < lookStarts[look + 1]; ++i) {
+            float& first = scratch[byLook[i].at];
+            if (first != kFree) again.push_back(byLook[i]);
+            if (first == kFree) first = byLook[i].cost;
+        }
+    }
+    std::optional<Overlaps> overlaps;
+    if (again.size() <= most) {
+        overlaps.emplace();
+        std::ranges::sort(again, {}, &Entry::at);
+        for (std::size_t i = 0; i < again.size();) {
+            const std::uint32_t hand = again[i].at;
+            float worst = scratch[hand];
+            Overlap overlap{hand, 0, -InUnits(worst)};
+            for (; i < again.size() && again[i].at == hand; ++i, ++overlap.more) {
+                worst = std::max(worst, again[i].cost);
+                overlap.excess -= InUnits(again[i].cost);
+            }
+            overlap.excess += InUnits(worst);
+            overlaps->push_back(overlap);
+        }
+    }
+    for (const std::uint32_t look : looks) {
+        for (std::uint32_t i = lookStarts[look]; i < lookStarts[look + 1]; ++i) {
+            scratch[byLook[i].at] = kFree;
+        }
+    }
+    return overlaps;
+}
+
+Board::Change Board::BestInsertion(const Looks& looks, const Overlaps& overlaps) const {
+    std::array<Whole, kMostRows> bySlot{};
+    AddUp(looks, sums.data(), slots, bySlot);
+    for (const auto& [hand, more, excess] : overlaps) {
+        const Decision& decision = decisions[hand];
+        bySlot[decision.slot] += excess + static_cast<Whole>(more) * InUnits(decision.cost);
+    }
     return BestPlace(bySlot);
 }
 

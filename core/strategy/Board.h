@@ -11,10 +11,12 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "core/strategy/Candidates.h"
+#include "core/strategy/Grade.h"
 #include "core/strategy/LookIndex.h"
 #include "core/strategy/StartingHands.h"
 
@@ -28,9 +30,9 @@ class Board {
         std::size_t place = 0;  // the row comes to stand there
     };
 
-    // Reads the hands; without all of them when the progress says so, and then it is of no use.
-    Board(const StartingHands& hands, const Terms& terms, LookAt at,
-          const std::function<bool()>& goOn);
+    // Reads the hands, and tells what share of them it has; without all of them when the progress
+    // says so, and then it is of no use.
+    Board(const StartingHands& hands, const Terms& terms, LookAt at, const Progress& goOn);
 
     const LookIndex& Index() const { return index; }
 
@@ -57,6 +59,19 @@ class Board {
     // The best place for a row. The last row has to stay the last, and to fit all hands.
     Change BestInsertion(const Looks& looks);
     Change GuessInsertion(const Looks& looks) const;
+
+    // The hands that several of the looks fit, and what a guess is mistaken by there: they stay the
+    // same whatever the list is. Nothing when there are more than so many.
+    struct Overlap {
+        std::uint32_t hand = 0;
+        std::uint32_t more = 0;   // looks than one
+        std::int64_t excess = 0;  // of the worst look's cost over the sum of all, in units
+    };
+    using Overlaps = std::vector<Overlap>;
+    std::optional<Overlaps> OverlapsOf(const Looks& looks, std::size_t most);
+
+    // The same as without overlaps, where these are known.
+    Change BestInsertion(const Looks& looks, const Overlaps& overlaps) const;
 
     // What a look would gain by itself, by place.
     void GainsOf(std::uint32_t look, std::span<double> byPlace) const {
@@ -100,8 +115,7 @@ class Board {
         bool used = false;
     };
 
-    bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at,
-                   const std::function<bool()>& goOn);
+    bool ReadHands(const StartingHands& hands, const Terms& terms, LookAt at, const Progress& goOn);
     std::vector<Entry> Cover(const Looks& looks);
     Change BestPlace(const std::array<Whole, kMostRows>& bySlot) const;
     void Decide(std::uint32_t hand, Decision decision);

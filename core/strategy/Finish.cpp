@@ -38,8 +38,8 @@ std::vector<Change> Changes() {
         AddChange(changes, &Row::flushPenalty, condition);
     }
     for (std::int8_t n = 0; n <= 4; ++n) {
-        for (Amount Row::*amount :
-             {&Row::flushPenalties, &Row::suitsDiscarded, &Row::highDiscards}) {
+        for (Amount Row::*amount : {&Row::openStraights, &Row::flushPenalties, &Row::suitsDiscarded,
+                                    &Row::highDiscards}) {
             AddChange(changes, amount, Amount{n, n});
             if (n > 0) AddChange(changes, amount, Amount{n, Amount::kNoEnd});
         }

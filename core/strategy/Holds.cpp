@@ -21,6 +21,8 @@ constexpr int kStraightPenaltyBit = 47;
 constexpr int kDiscardedSuitsShift = 48;
 constexpr int kDiscardsShift = 51;
 constexpr int kLineShift = kDiscardsShift;  // holds the line and one
+// More suits than there are: the number of open straights stands in place of the discards.
+constexpr HoldLook kPenaltiesOnly = 7;
 constexpr HoldLook kOne = 1;
 constexpr HoldLook kAllRanks = (1U << kRanks) - 1;
 
@@ -109,7 +111,8 @@ struct SubsetSums {
     unsigned suits = kAllSuits;                 // that all natural cards have
     unsigned straights = kAllStraights;         // that hold all natural ranks
     RankSet ranks = 0;                          // natural
-    unsigned suitsSeen = 0;                     // of natural cards
+    int naturals = 0;
+    unsigned suitsSeen = 0;  // of natural cards
     bool blank = false;
 };
 
@@ -131,6 +134,7 @@ SubsetSums With(SubsetSums sums, const Terms& terms, SetCard card) {
         sums.suitsSeen |= suitBit;
         sums.straights &= kStraightsOfRank[static_cast<std::size_t>(rank)];
         sums.ranks |= static_cast<RankSet>(1 << rank);
+        ++sums.naturals;
     }
     return sums;
 }
@@ -139,6 +143,15 @@ SubsetSums With(SubsetSums sums, const Terms& terms, SetCard card) {
 HoldLook FlushPenalties(const SubsetSums& in, const SubsetSums& out, LookAt at) {
     const HoldLook penalties = out.ofSuit[static_cast<std::size_t>(std::countr_zero(in.suits))];
     return at == LookAt::kDiscardsToo ? penalties : std::min(penalties, kOne);
+}
+
+// How many of the straights no rank of these stands in.
+int CountOpen(unsigned straights, RankSet discards) {
+    unsigned closed = 0;
+    for (unsigned rest = discards; rest != 0; rest &= rest - 1) {
+        closed |= kStraightsOfRank[static_cast<std::size_t>(std::countr_zero(rest))];
+    }
+    return std::popcount(straights & ~closed);
 }
 
 HoldLook Flag(bool set, int bit) { return set ? kOne << bit : 0; }
@@ -202,6 +215,13 @@ void LookAtHand(const Terms& terms, const StartingHand& hand, LookAt at, HandLoo
             if (at == LookAt::kDiscardsToo) {
                 look |= static_cast<HoldLook>(out.ranks) << kDiscardsShift;
                 look |= static_cast<HoldLook>(std::popcount(out.suitsSeen)) << kDiscardedSuitsShift;
+            } else {
+                // A rank that is held twice has no straights, nor has a hold of no natural card.
+                const auto others = static_cast<RankSet>(out.ranks & ~in.ranks);
+                const bool any = in.ranks != 0 && in.naturals == std::popcount(in.ranks);
+                const int open = any ? CountOpen(in.straights, others) : 0;
+                look |= static_cast<HoldLook>(open) << kDiscardsShift;
+                look |= kPenaltiesOnly << kDiscardedSuitsShift;
             }
         }
         looks[held] = look;
@@ -250,8 +270,12 @@ HoldTraits TraitsOf(const Terms& terms, HoldLook look) {
         if (rank != hold.groupRank && (hold.ranks >> rank & 1) != 0) hold.kickerRank = rank;
     }
     hold.cards = hold.naturals + hold.wilds + (hold.blank ? hold.jokers : 0);
+    const bool penaltiesOnly =
+        static_cast<HoldLook>(FieldOf(look, kDiscardedSuitsShift)) == kPenaltiesOnly;
     if (hold.cards == kHandSize) {
         hold.line = static_cast<int>(look >> kLineShift & kAllRanks) - 1;
+    } else if (penaltiesOnly) {
+        hold.openStraights = FieldOf(look, kDiscardsShift);
     } else {
         hold.suitsDiscarded = FieldOf(look, kDiscardedSuitsShift);
         hold.discards = static_cast<RankSet>(look >> kDiscardsShift & kAllRanks);
@@ -260,6 +284,10 @@ HoldTraits TraitsOf(const Terms& terms, HoldLook look) {
     hold.distinct = most == 1;
     hold.straights = hold.distinct ? std::popcount(straights) : 0;
     if (hold.straights > 0) hold.gaps = GapsIn(hold.ranks);
+    if (hold.straights > 0 && hold.cards < kHandSize && !penaltiesOnly) {
+        const auto others = static_cast<RankSet>(hold.discards & ~hold.ranks);
+        hold.openStraights = CountOpen(straights, others);
+    }
     return hold;
 }
 
@@ -376,6 +404,7 @@ bool FitsDiscards(const Row& row, const HoldTraits& hold) {
            row.flushPenalties.Holds(hold.flushPenalties) &&
            row.suitsDiscarded.Holds(hold.suitsDiscarded) &&
            FitsCondition(row.straightPenalty, hold.straightPenalty) &&
+           row.openStraights.Holds(hold.openStraights) &&
            row.highDiscards.Holds(hold.highDiscards) &&
            (hold.discards & row.discarding) == row.discarding &&
            (hold.discards & row.notDiscarding) == 0;

@@ -76,7 +76,8 @@ struct HoldTraits {
 
     int flushPenalties = 0;  // natural cards
     bool straightPenalty = false;
-    RankSet discards = 0;  // natural cards
+    int openStraights = 0;  // of those above, in which no discard stands
+    RankSet discards = 0;   // natural cards
     int suitsDiscarded = 0;
     int highDiscards = 0;  // ranks
 };

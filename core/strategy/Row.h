@@ -103,6 +103,7 @@ struct Row {
 
     Condition flushPenalty = Condition::kAny;
     Condition straightPenalty = Condition::kAny;
+    Amount openStraights;
     Amount flushPenalties;
     Amount suitsDiscarded;
     Amount highDiscards;
@@ -111,8 +112,8 @@ struct Row {
 
     bool AsksOfDiscards() const {
         return flushPenalty != Condition::kAny || straightPenalty != Condition::kAny ||
-               !flushPenalties.IsAny() || !suitsDiscarded.IsAny() || !highDiscards.IsAny() ||
-               discarding != 0 || notDiscarding != 0;
+               !openStraights.IsAny() || !flushPenalties.IsAny() || !suitsDiscarded.IsAny() ||
+               !highDiscards.IsAny() || discarding != 0 || notDiscarding != 0;
     }
     bool operator==(const Row&) const = default;
 };

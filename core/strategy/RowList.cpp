@@ -8,6 +8,8 @@ constexpr double kRounding = 1e-6;       // percent: of guesses
 constexpr std::size_t kMostPasses = 60;  // over the hands of rows that a guess calls alike
 constexpr std::size_t kHeirsMoved = 3;
 constexpr std::size_t kSumsAtOnce = 16;
+constexpr std::size_t kMostOverlaps = 20'000;         // of a candidate
+constexpr std::size_t kMostOverlapsKept = 2'000'000;  // of all together
 
 }  // namespace
 
@@ -102,13 +104,28 @@ void RowList::FindGuesses(double gain) {
     guesses.resize(std::min(guesses.size(), kMostPasses));
 }
 
+Board::Change RowList::BestPlace(std::uint32_t candidate) {
+    const Board::Looks& looks = candidates[candidate].looks;
+    if (candidate >= overlaps.size()) {
+        overlaps.resize(candidates.size());
+        looked.resize(candidates.size());
+    }
+    if (!looked[candidate] && overlapsKept < kMostOverlapsKept) {
+        looked[candidate] = true;
+        overlaps[candidate] = board.OverlapsOf(looks, kMostOverlaps);
+        if (overlaps[candidate]) overlapsKept += overlaps[candidate]->size();
+    }
+    return overlaps[candidate] ? board.BestInsertion(looks, *overlaps[candidate])
+                               : board.BestInsertion(looks);
+}
+
 RowList::Pick RowList::BestRow(double gain) {
     FindHopes(gain);
     FindGuesses(gain);
     Pick pick{{-gain, 0}, kNone};
     for (const auto& [guess, candidate] : guesses) {
         if (guess < -pick.change.loss - kRounding) break;
-        const auto change = board.BestInsertion(candidates[candidate].looks);
+        const auto change = BestPlace(candidate);
         const double more = pick.change.loss - change.loss;
         if (more > kNoGain || (more > -kNoGain && candidate < pick.candidate)) {
             pick = {change, candidate};
@@ -126,6 +143,6 @@ void RowList::DropAndMove(std::size_t row) {
     for (const std::uint32_t heir : heirs) {
         const auto place = static_cast<std::size_t>(std::ranges::find(rows, heir) - rows.begin());
         Remove(place);
-        Insert(heir, board.BestInsertion(candidates[heir].looks).place);
+        Insert(heir, BestPlace(heir).place);
     }
 }

@@ -1,6 +1,7 @@
 // A list of rows in the making: the steps that a search is made of. Rows are numbers of candidates,
 // the first of which discards everything.
 #pragma once
+#include <optional>
 #include <vector>
 
 #include "core/strategy/Board.h"
@@ -44,6 +45,9 @@ class RowList {
     // plainest.
     Pick BestRow(double gain);
 
+    // The best place for a candidate.
+    Board::Change BestPlace(std::uint32_t candidate);
+
     // Takes a row out, and moves those that inherit its hands to their best places.
     void DropAndMove(std::size_t row);
 
@@ -65,4 +69,8 @@ class RowList {
     std::vector<bool> promising;  // by candidate
     std::vector<Hope> hopes;
     std::vector<Hope> guesses;
+    // What is known of candidates that were tried: few of them are tried again and again.
+    std::vector<std::optional<Board::Overlaps>> overlaps;
+    std::vector<bool> looked;  // for overlaps
+    std::size_t overlapsKept = 0;
 };

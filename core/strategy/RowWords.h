@@ -48,6 +48,7 @@ inline constexpr AmountName kAmountNames[] = {
     {&Row::straightsAndHighCards, "straight or high card", "straights and high cards"},
     {&Row::wildCards, "wild card", "wild cards"},
     {&Row::jokers, "joker", "jokers"},
+    {&Row::openStraights, "open straight", "open straights"},
     {&Row::flushPenalties, "flush penalty", "flush penalties"},
     {&Row::suitsDiscarded, "suit discarded", "suits discarded"},
     {&Row::highDiscards, "high card discarded", "high cards discarded"},

@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kNoGain = RowList::kNoGain;
 constexpr double kCoarse = 0.005;  // percent: a chart that loses less has to be fine
+constexpr double kHopeless = 5;    // percent: of a first list that was cut off
 constexpr std::size_t kMostSweeps = 6;
 constexpr std::size_t kDropsTried = 12;    // rows that are missed least
 constexpr std::size_t kDropsPolished = 4;  // of the lists that are left without one of them
@@ -28,7 +29,8 @@ constexpr std::size_t kMostSums = 300'000'000;
 constexpr std::size_t kMostSumsWithPenalties = 700'000'000;
 
 // The parts of the work by which its progress is told.
-constexpr double kReadingPart = 0.1;
+constexpr double kReadingPart = 0.15;
+constexpr double kMostTold = 0.99;  // of a part that is not over
 constexpr double kStepTowardsLimit = 0.005;
 
 class Searcher {
@@ -41,7 +43,7 @@ class Searcher {
           progress(progress),
           told(told),
           board(hands, terms, wish.penalties ? LookAt::kPenaltiesToo : LookAt::kHeldCards,
-                [this] { return TellProgress(); }) {
+                [this](double share) { return Tell(kReadingPart * share); }) {
         result.chart = {Row()};
         if (stopped) return;
         holds = MakeWordedHolds(terms, table, board.Index(), {wish.penalties});
@@ -56,11 +58,12 @@ class Searcher {
         const std::vector<double> tolerances = Tolerances();
         for (std::size_t i = 0; i < tolerances.size() && !stopped; ++i) {
             const double each = (1 - kReadingPart) / static_cast<double>(tolerances.size());
-            done = kReadingPart + each * static_cast<double>(i);
-            limit = done + each;
+            begin = kReadingPart + each * static_cast<double>(i);
+            limit = begin + each;
             const std::size_t all = wish.penalties ? kMostSumsWithPenalties : kMostSums;
+            firstSums = list.Sums();
             mostSums = list.Sums() + (all - std::min(list.Sums(), all)) / (tolerances.size() - i);
-            Start(tolerances[i]);
+            if (!Start(tolerances[i])) continue;
             Lengthen();
             Deepen();
             Exchange();
@@ -76,12 +79,21 @@ class Searcher {
   private:
     using Rows = RowList::Rows;
 
-    // False when it shall go no further.
-    bool TellProgress() {
-        // How long the search goes on is not known: each step comes nearer to the end of its part.
-        done += (limit - done) * kStepTowardsLimit;
+    // False when it shall go no further. What was told is never taken back.
+    bool Tell(double share) {
+        done = std::max(done, share);
         if (!stopped && progress && !progress(done)) stopped = true;
         return !stopped;
+    }
+
+    // A part ends when its sums are used up, or earlier: how much so is not known, so that each
+    // step comes nearer to the end as well.
+    bool TellProgress() {
+        const double sums = static_cast<double>(list.Sums() - firstSums) /
+                            static_cast<double>(std::max(mostSums - firstSums, std::size_t{1}));
+        const double from = std::max(done, begin);
+        return Tell(std::max(from + (limit - from) * kStepTowardsLimit,
+                             begin + (limit - begin) * std::min(sums, kMostTold)));
     }
 
     bool GoOn() { return TellProgress() && list.Sums() < mostSums; }
@@ -140,17 +152,28 @@ class Searcher {
         if (!best || IsBetter(found, *best)) best = std::move(found);
     }
 
-    // The first candidate is to discard everything: the last row of every list.
-    void Start(double tolerance) {
+    // The first candidate is to discard everything: the last row of every list. Where a list from
+    // the top says too little in as many rows as the board has, one that grows from nothing is the
+    // better beginning, with all the work to itself; false when that was done.
+    bool Start(double tolerance) {
         Rows first = board.FirstList(candidates, tolerance);
         std::erase(first, 0U);
         first.push_back(0);
+        const bool cutOff = first.size() >= Board::kMostRows;
         list.Lay(first);
         list.Tidy();
+        if (cutOff && !wish.penalties && board.Loss() > kHopeless && (!best || fromNothing)) {
+            if (fromNothing) return false;
+            fromNothing = true;
+            mostSums = list.Sums() + kMostSums;
+            limit = 1;
+            list.Lay({0U});
+        }
         if (IsTooLong()) list.Trim(wish.mostRows * kTrimmedParts / kAllParts);
         list.Lay(Rows(list.Get()));  // the board is the faster the fewer places were ever taken
         Note();
         polished = false;
+        return true;
     }
 
     // Takes each row out and puts the best one in. False when nothing changed. A row that was tried
@@ -161,7 +184,7 @@ class Searcher {
             const std::uint32_t old = list.Get()[row];
             if (std::ranges::find(tried, old) != tried.end()) continue;
             list.Remove(row);
-            const auto back = board.BestInsertion(candidates[old].looks);
+            const auto back = list.BestPlace(old);
             const RowList::Pick pick = list.BestRow(-back.loss);
             const double gain = back.loss - pick.change.loss;
             if (pick.candidate != kNone &&
@@ -321,10 +344,13 @@ class Searcher {
     const Progress& progress;
     const ListFound& told;
     bool stopped = false;
+    std::size_t firstSums = 0;  // when the part began
     std::size_t mostSums = kMostSums;
-    bool polished = false;  // nothing was dropped since
+    bool fromNothing = false;  // a list has grown
+    bool polished = false;     // nothing was dropped since
     double done = 0;
-    double limit = kReadingPart;  // of done, in the part at work
+    double begin = 0;             // of the part at work
+    double limit = kReadingPart;  // likewise its end
     Board board;
     std::vector<WordedHold> holds;
     std::optional<RowFinder> finder;

@@ -12,8 +12,8 @@
 #include "core/strategy/SearchWish.h"
 #include "core/strategy/StartingHands.h"
 
-// Told of each chart that is better than those of its length before, the first of them when a tenth
-// of the work is done.
+// Told of each chart that is better than those of its length before, the first of them when a
+// sixth of the work is done.
 using ListFound = std::function<void(const SearchResult::Found& found)>;
 
 // Works on the calling thread, by which the progress is asked and what is found is told.

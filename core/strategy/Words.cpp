@@ -128,7 +128,8 @@ bool GoTogether(const Word& a, const Word& b) {
 }
 
 Words::Words(const Terms& terms, const PayTable& table, const Wording& wording)
-    : high(terms.HighRanks() != 0),
+    : highRanks(terms.HighRanks()),
+      high(terms.HighRanks() != 0),
       oneEyed(terms.OneEyedSuits() != 0),
       suitedWilds(terms.WildsKeepSuits()),
       penalties(wording.penalties) {
@@ -170,6 +171,7 @@ std::vector<Word> Words::For(const Row& row) {
             Add({Ask::kFlushPenalty, AddCondition<&Row::flushPenalty>, present});
             Add({Ask::kStraightPenalty, AddCondition<&Row::straightPenalty>, present});
         }
+        if (IsOneLowCard(row)) AddOpenStraights();
     }
     return words;
 }
@@ -189,6 +191,18 @@ void Words::AddAmounts(Ask ask, std::int8_t least, std::int8_t most) {
         Add({ask, AddAmount<Member>, n, n});
         if (n > least) Add({ask, AddAmount<Member>, n, Amount::kNoEnd});
         if (n > 0 && n < most && least == 0) Add({ask, AddAmount<Member>, 0, n});
+    }
+}
+
+// A single natural card, with a wild one or without, that is held for its straights alone.
+bool Words::IsOneLowCard(const Row& row) const {
+    return row.base == Base::kRanks && !((highRanks >> row.ranks[0]) & 1) &&
+           (row.count == 1 || (row.count == 2 && row.ranks[1] == kWildRank));
+}
+
+void Words::AddOpenStraights() {
+    for (std::int8_t n = 1; n <= 4; ++n) {
+        Add({Ask::kOpenStraights, AddAmount<&Row::openStraights>, n, Amount::kNoEnd});
     }
 }
 

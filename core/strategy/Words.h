@@ -22,6 +22,7 @@ enum class Ask : std::uint8_t {
     kWithout,
     kFlushPenalty,
     kStraightPenalty,
+    kOpenStraights,
 };
 
 struct Word {
@@ -51,10 +52,13 @@ class Words {
     void AddAmounts(Ask ask, std::int8_t least, std::int8_t most);
     template <RankSpan Row::*Member>
     void AddSpans(Ask ask, const std::vector<std::int8_t>& starts);
+    bool IsOneLowCard(const Row& row) const;
+    void AddOpenStraights();
     void AddDrawWords(const Row& row);
 
     bool wilds = false;
     bool jokers = false;
+    RankSet highRanks = 0;
     bool high = false;
     bool oneEyed = false;
     bool suitedWilds = false;

@@ -76,10 +76,12 @@ pair, discarding A K
 3 to a straight flush, 1 high card, 2+ straights
 K Q J suited
 4 to a straight, unsuited, 1-2 straights and high cards, 0 gaps
+3 to a straight, 1 open straight
 3 to a straight, 1 gap
 low pair, not discarding T 9
 3 to a flush, 2+ flush penalties
 3 to a flush, flush penalty
+2 high cards, 0-2 open straights
 2 high cards, suited, 1 straight or high card
 2 to a straight, ranks 9-J, no straight penalty, 2-3 suits discarded
 1 high card, 1 high card discarded
@@ -108,6 +110,7 @@ pair, 0 wild cards
 2 to a royal flush, without A, 1 flush penalty, 1 suit discarded
 W 5, suited wild card
 W 6, two-eyed suit
+W 7, 2+ open straights
 3 to a straight flush, one-eyed suit
 )";
 

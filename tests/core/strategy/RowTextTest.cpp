@@ -55,9 +55,10 @@ Row RandomRow(std::mt19937& random) {
     }
     row.suiting = static_cast<Suiting>(below(5));
     row.suitedWild = condition();
-    for (Amount Row::*member : {&Row::straights, &Row::gaps, &Row::highCards,
-                                &Row::straightsAndHighCards, &Row::wildCards, &Row::jokers,
-                                &Row::flushPenalties, &Row::suitsDiscarded, &Row::highDiscards}) {
+    for (Amount Row::*member :
+         {&Row::straights, &Row::gaps, &Row::highCards, &Row::straightsAndHighCards,
+          &Row::wildCards, &Row::jokers, &Row::openStraights, &Row::flushPenalties,
+          &Row::suitsDiscarded, &Row::highDiscards}) {
         row.*member = amount();
     }
     for (RankSpan Row::*member : {&Row::of, &Row::kicker, &Row::all}) row.*member = span();

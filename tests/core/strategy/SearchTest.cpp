@@ -4,6 +4,7 @@
 #include <random>
 
 #include "core/strategy/RowText.h"
+#include "core/strategy/Words.h"
 #include "tests/core/strategy/SecondGrade.h"
 
 namespace {
@@ -64,7 +65,15 @@ PayTable NaturalJokers() {
 TEST(SearchTest, TheStandardChartOfJacksOrBetterIsShort) {
     if (kSanitized) GTEST_SKIP() << "takes minutes";
     const Game game(JacksOrBetter());
-    const SearchResult found = game.Find(kStandardChart);
+    std::vector<double> told;
+    const SearchResult found = game.Find(kStandardChart, [&told](double done) {
+        told.push_back(done);
+        return true;
+    });
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_GT(told[15], 0.05) << "while half of the hands are read";
+    EXPECT_GT(told.back(), 0.8);
+    EXPECT_LT(told.back(), 1);
     EXPECT_LE(found.chart.size(), 22U);
     const ChartGrade grade = game.Grade(found.chart);
     EXPECT_EQ(PercentText(grade.worst, grade.Bet(), 6), "99.536052");
@@ -150,6 +159,55 @@ TEST(SearchTest, ACancelledSearchHasAValidChart) {
         EXPECT_EQ(game.Grade(found.chart).rest.hands, 0);
         EXPECT_LT(game.Loss(found.chart), last == 60 ? 0.1 : 100);
     }
+}
+
+// A search looks at less of the discards than a grade does, and must see the same in it.
+TEST(SearchTest, PenaltiesAreSeenAsTheDiscardsShowThem) {
+    const Game game(JokerPoker(2));
+    const ReadChart asked = ParseChart(
+        "T, 3+ open straights\nT W, 2+ open straights\npair, 0 open straights\n"
+        "2 to a flush, 1-2 open straights\n4 to a straight, 1+ open straights\n"
+        "3 to a flush, flush penalty\npair, straight penalty\nJ T, no straight penalty\n"
+        "discard everything, 0 open straights");
+    ASSERT_TRUE(asked.valid);
+    std::vector<int> fits(asked.rows.size());
+    int visited = 0;
+    game.hands.ForEach([&](const StartingHand& hand) {
+        if (++visited % 7 != 0) return true;
+        HandLooks few{}, all{};
+        LookAtHand(game.terms, hand, LookAt::kPenaltiesToo, few);
+        LookAtHand(game.terms, hand, LookAt::kDiscardsToo, all);
+        for (std::size_t held = 0; held < kSubsets; ++held) {
+            const HoldTraits a = TraitsOf(game.terms, few[held]);
+            const HoldTraits b = TraitsOf(game.terms, all[held]);
+            for (std::size_t i = 0; i < fits.size(); ++i) {
+                const bool fit = Fits(asked.rows[i], b, game.terms);
+                fits[i] += fit ? 1 : 0;
+                if (Fits(asked.rows[i], a, game.terms) != fit) {
+                    ADD_FAILURE() << RowText(asked.rows[i]);
+                    return false;
+                }
+            }
+        }
+        return true;
+    });
+    for (std::size_t i = 0; i < fits.size(); ++i) {
+        EXPECT_GT(fits[i], 0) << i;
+        EXPECT_TRUE(asked.rows[i].AsksOfDiscards()) << i;
+    }
+}
+
+TEST(SearchTest, OpenStraightsAreTriedBehindSingleLowCardsAlone) {
+    const auto asks = [](const PayTable& table, const char* row, bool penalties) {
+        const Game game(table);
+        const auto words = Words(game.terms, table, {penalties}).For(ParseRow(row).row);
+        return std::ranges::count(words, Ask::kOpenStraights, &Word::ask);
+    };
+    EXPECT_EQ(asks(JokerPoker(2), "T", true), 4);
+    EXPECT_EQ(asks(JokerPoker(2), "T W", true), 4);
+    EXPECT_EQ(asks(JokerPoker(2), "T", false), 0);
+    EXPECT_EQ(asks(JokerPoker(2), "T 8", true), 0);
+    EXPECT_EQ(asks(JacksOrBetter(), "K", true), 0);
 }
 
 TEST(SearchTest, TablesThatNoChartServesAreRefused) {

@@ -76,6 +76,7 @@ inline Grade GradeSlowly(const PayTable& table, const std::string& chart) {
     if (oneEyed.size() == 4) oneEyed.clear();
     // What up to four cards are is known by them alone, unless a row asks of the others.
     const bool asksOfDiscards = chart.find("penalt") != std::string::npos ||
+                                chart.find("open") != std::string::npos ||
                                 chart.find("discarded") != std::string::npos ||
                                 chart.find("discarding") != std::string::npos;
     std::unordered_map<std::uint64_t, std::size_t> known;

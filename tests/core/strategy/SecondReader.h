@@ -310,6 +310,20 @@ class Reader {
         return false;
     }
 
+    static int OpenStraights(const Cards& c) {
+        int open = 0;
+        for (int straight = 0; straight < 10 && c.straights > 0; ++straight) {
+            bool stands = true;
+            for (int rank = 0; rank < 13; ++rank)
+                stands = stands && (!c.HasRank(rank) || Stands(rank, straight));
+            for (const Card& card : c.out)
+                if (!card.wild && card.rank >= 0 && !c.HasRank(card.rank))
+                    stands = stands && !Stands(card.rank, straight);
+            open += stands ? 1 : 0;
+        }
+        return open;
+    }
+
     // The fewest ranks missing in a run of neighbours that holds them, the ace at either end.
     static int Gaps(const Cards& c) {
         int gaps = c.straights > 0 ? 99 : 0;
@@ -342,6 +356,7 @@ class Reader {
                 number = c.straights + Highs(c);
             if (what.starts_with("wild card")) number = c.wilds;
             if (what.starts_with("joker")) number = c.jokers;
+            if (what.starts_with("open straight")) number = OpenStraights(c);
             if (what.starts_with("flush penalt")) number = FlushPenalties(c);
             if (what.starts_with("suit")) number = SuitsDiscarded(c);
             if (what.starts_with("high") && what.ends_with("discarded")) {
