@@ -130,7 +130,7 @@ class GameRun {
         const auto variants = batches.Find(ranks, rows);
         const auto jokers = static_cast<double>(factor);
         std::int64_t hands = 0;
-        for (const PatternBatches::Variant& variant : variants) {
+        for (const PatternVariant& variant : variants) {
             tally.AddReturn(jokers * variant.count, batches.Return(variant));
             hands += variant.count;
         }
@@ -145,8 +145,8 @@ class GameRun {
 
     // The variants of a row are one representative as long as they are played alike.
     template <typename Batches>
-    void ReportRow(const Batches& batches, const Ranks& ranks,
-                   std::span<const PatternBatches::Variant> row, double jokers) {
+    void ReportRow(const Batches& batches, const Ranks& ranks, std::span<const PatternVariant> row,
+                   double jokers) {
         const bool alike = std::ranges::all_of(row.subspan(1), [&](const auto& variant) {
             return batches.AreAlike(row.front(), variant);
         });

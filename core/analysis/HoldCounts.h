@@ -5,8 +5,7 @@
 #include "core/analysis/LineTables.h"
 
 inline constexpr std::size_t kHolds = 32;
-inline constexpr std::size_t kDraws = kHandSize + 1;  // 0..5 cards drawn
-using HoldCounts = std::array<LineCounts, kHolds>;    // by HoldMask
+using HoldCounts = std::array<LineCounts, kHolds>;  // by HoldMask
 
 // All functions want distinct cards of the deck.
 

@@ -29,6 +29,8 @@ inline constexpr std::size_t kLanes = kMaxPayLines + 1;
 inline constexpr std::size_t kNothingLane = kLanes - 1;
 using LineCounts = std::array<std::uint32_t, kLanes>;
 
+inline constexpr std::size_t kDraws = kHandSize + 1;  // 0..5 cards drawn
+
 // line: -1 for no win.
 inline std::size_t LaneOf(int line) {
     return line < 0 ? kNothingLane : static_cast<std::size_t>(line);

@@ -36,11 +36,6 @@ std::uint64_t LayoutKey(const LineTables& tables, const HandKinds& kinds) {
 
 }  // namespace
 
-SetCard ToSetCard(int rank, std::uint8_t suit) {
-    if (rank == 0 || suit == kStars) return {kExtraKind, 0};
-    return {static_cast<std::uint8_t>(rank - 1), static_cast<std::uint8_t>(suit - 1)};
-}
-
 PatternBatches::Table& PatternBatches::TableOf(std::span<const SuitPattern> rows) {
     const auto [entry, isNew] = tables.try_emplace(rows.data());
     Table& table = entry->second;
@@ -84,8 +79,8 @@ void PatternBatches::FindPart(const Ranks& ranks, const Table& table, Part& part
     }
 }
 
-std::span<const PatternBatches::Variant> PatternBatches::Find(const Ranks& ranks,
-                                                              std::span<const SuitPattern> rows) {
+std::span<const PatternVariant> PatternBatches::Find(const Ranks& ranks,
+                                                     std::span<const SuitPattern> rows) {
     Table& table = TableOf(rows);
     parts = table.parts.size();
     while (batches.size() < parts) batches.emplace_back(game);
@@ -95,7 +90,7 @@ std::span<const PatternBatches::Variant> PatternBatches::Find(const Ranks& ranks
     return table.variants;
 }
 
-BestHold PatternBatches::Best(const Variant& variant) const {
+BestHold PatternBatches::Best(const PatternVariant& variant) const {
     const HoldBatch& batch = BatchOf(variant);
     const std::size_t drawn = batch.CardsDrawn(variant.number);
     BestHold best;
@@ -107,7 +102,7 @@ BestHold PatternBatches::Best(const Variant& variant) const {
     return best;
 }
 
-bool PatternBatches::AreAlike(const Variant& a, const Variant& b) const {
+bool PatternBatches::AreAlike(const PatternVariant& a, const PatternVariant& b) const {
     if (a.batch == b.batch) return BatchOf(a).AreAlike(a.number, b.number);
     const BestHold bestA = Best(a);
     const BestHold bestB = Best(b);

@@ -9,36 +9,23 @@
 
 #include "core/analysis/BestHold.h"
 #include "core/analysis/HoldBatch.h"
-#include "core/analysis/SuitPatterns.h"
-
-// The ranks of a hand, 0 a joker, by position.
-using Ranks = std::array<int, kHandSize>;
-
-// A card of a deck, or a joker, as sets are made of it; its suit is that of SuitVariant.
-SetCard ToSetCard(int rank, std::uint8_t suit);
+#include "core/analysis/PatternVariant.h"
 
 class PatternBatches {
   public:
-    // A variant of a pattern, and where its best hold is found.
-    struct Variant {
-        PositionSuits suits{};
-        int count = 0;          // suit assignments that are like it
-        std::size_t ofRow = 0;  // so many variants its row has
-        std::size_t batch = 0;
-        std::size_t number = 0;  // in the batch
-    };
-
     explicit PatternBatches(const BatchGame& game) : game(game) {}
 
     // Finds the best holds of the hands of the ranks, which are those of the rows. They are known
     // until the next call.
-    std::span<const Variant> Find(const Ranks& ranks, std::span<const SuitPattern> rows);
+    std::span<const PatternVariant> Find(const Ranks& ranks, std::span<const SuitPattern> rows);
 
-    double Return(const Variant& variant) const { return BatchOf(variant).Return(variant.number); }
-    BestHold Best(const Variant& variant) const;
+    double Return(const PatternVariant& variant) const {
+        return BatchOf(variant).Return(variant.number);
+    }
+    BestHold Best(const PatternVariant& variant) const;
 
     // Whether two variants are played alike.
-    bool AreAlike(const Variant& a, const Variant& b) const;
+    bool AreAlike(const PatternVariant& a, const PatternVariant& b) const;
 
     // Adds the draws of all variants, each so many times as it has assignments times the factor.
     void AddDraws(std::int64_t factor, DrawSums& sums) const;
@@ -51,11 +38,11 @@ class PatternBatches {
         std::map<std::uint64_t, SuitLayout> layouts;  // by the order of the kinds, and what is wild
     };
     struct Table {
-        std::vector<Variant> variants;
+        std::vector<PatternVariant> variants;
         std::vector<Part> parts;
     };
 
-    const HoldBatch& BatchOf(const Variant& variant) const { return batches[variant.batch]; }
+    const HoldBatch& BatchOf(const PatternVariant& variant) const { return batches[variant.batch]; }
     Table& TableOf(std::span<const SuitPattern> rows);
     void FindPart(const Ranks& ranks, const Table& table, Part& part, HoldBatch& batch);
 

@@ -46,7 +46,7 @@ PileBatches::PileBatches(const BatchGame& game)
 
 PileBatches::Table& PileBatches::TableOf(std::span<const SuitPattern> rows) {
     const auto [entry, isNew] = tables.try_emplace(rows.data());
-    std::vector<Variant>& members = entry->second.variants;
+    std::vector<PatternVariant>& members = entry->second.variants;
     if (!isNew) return entry->second;
     for (const SuitPattern& row : rows) {
         for (const SuitVariant& variant : row.variants) {
@@ -57,8 +57,8 @@ PileBatches::Table& PileBatches::TableOf(std::span<const SuitPattern> rows) {
     return entry->second;
 }
 
-std::span<const PileBatches::Variant> PileBatches::Find(const Ranks& ranks,
-                                                        std::span<const SuitPattern> rows) {
+std::span<const PatternVariant> PileBatches::Find(const Ranks& ranks,
+                                                  std::span<const SuitPattern> rows) {
     Table& table = TableOf(rows);
     variants = table.variants;
     Numbers first{};
@@ -99,7 +99,7 @@ PileBatches::Result PileBatches::Judge(const Numbers& rows) const {
     return right > left ? Result{rows, kRight, right} : Result{rows, kLeft, left};
 }
 
-BestHold PileBatches::Best(const Variant& variant) const {
+BestHold PileBatches::Best(const PatternVariant& variant) const {
     const Result& result = results[variant.number];
     BestHold best;
     best.mask = result.pile == kRight ? kRightPile : kLeftPileHeld;
@@ -118,7 +118,7 @@ BestHold PileBatches::Best(const Variant& variant) const {
     return best;
 }
 
-bool PileBatches::AreAlike(const Variant& a, const Variant& b) const {
+bool PileBatches::AreAlike(const PatternVariant& a, const PatternVariant& b) const {
     const Result& ofA = results[a.number];
     const Result& ofB = results[b.number];
     if (ofA.pile != ofB.pile || ofA.worth != ofB.worth) return false;
@@ -126,7 +126,7 @@ bool PileBatches::AreAlike(const Variant& a, const Variant& b) const {
 }
 
 void PileBatches::AddDraws(std::int64_t factor, DrawSums& sums) const {
-    for (const Variant& variant : variants) {
+    for (const PatternVariant& variant : variants) {
         const Result& result = results[variant.number];
         const std::int64_t hands = variant.count * factor;
         std::int64_t* const times = sums.Of(kCardsDrawn, hands);

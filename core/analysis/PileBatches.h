@@ -7,20 +7,20 @@
 #include <span>
 #include <vector>
 
-#include "core/analysis/PatternBatches.h"
+#include "core/analysis/BestHold.h"
+#include "core/analysis/HoldBatch.h"
+#include "core/analysis/PatternVariant.h"
 
 class PileBatches {
   public:
-    using Variant = PatternBatches::Variant;
-
     // The game must outlive this.
     explicit PileBatches(const BatchGame& game);
 
     // As those of PatternBatches; the ranks are those of a deal, position 2 being empty.
-    std::span<const Variant> Find(const Ranks& ranks, std::span<const SuitPattern> rows);
-    double Return(const Variant& variant) const { return results[variant.number].worth; }
-    BestHold Best(const Variant& variant) const;
-    bool AreAlike(const Variant& a, const Variant& b) const;
+    std::span<const PatternVariant> Find(const Ranks& ranks, std::span<const SuitPattern> rows);
+    double Return(const PatternVariant& variant) const { return results[variant.number].worth; }
+    BestHold Best(const PatternVariant& variant) const;
+    bool AreAlike(const PatternVariant& a, const PatternVariant& b) const;
     void AddDraws(std::int64_t factor, DrawSums& sums) const;
 
   private:
@@ -30,7 +30,7 @@ class PileBatches {
     using Numbers = std::array<std::uint32_t, kSets>;  // by set
 
     struct Table {
-        std::vector<Variant> variants;
+        std::vector<PatternVariant> variants;
         // The classes of the variants' sets among those of their kinds, by the order of the kinds
         // and what is wild.
         std::map<std::uint64_t, std::vector<Numbers>> classes;
@@ -47,6 +47,6 @@ class PileBatches {
     const BatchGame& game;
     std::int64_t draws;
     std::map<const SuitPattern*, Table> tables;  // by their first row
-    std::span<const Variant> variants;           // of the last ranks
+    std::span<const PatternVariant> variants;    // of the last ranks
     std::vector<Result> results;                 // of these, by number
 };

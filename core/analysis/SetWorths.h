@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/analysis/HoldCounts.h"
 #include "core/analysis/LineTables.h"
 #include "core/paytable/PayTable.h"
 
