@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "core/strategy/Candidates.h"
-#include "core/strategy/Grade.h"
 #include "core/strategy/LookIndex.h"
 #include "core/strategy/StartingHands.h"
 

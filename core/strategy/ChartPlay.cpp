@@ -2,11 +2,17 @@
 
 #include <algorithm>
 
+namespace {
+
+// The quicker look does not see whether a wild card has the suit of the others either.
+bool NeedsAll(const Row& row) { return row.AsksOfDiscards() || row.suitedWild != Condition::kAny; }
+
+}  // namespace
+
 ChartReader::ChartReader(const Terms& terms, const Chart& chart)
     : terms(terms),
       chart(chart),
-      at(std::ranges::any_of(chart, &Row::AsksOfDiscards) ? LookAt::kDiscardsToo
-                                                          : LookAt::kHeldCards) {}
+      at(std::ranges::any_of(chart, NeedsAll) ? LookAt::kDiscardsToo : LookAt::kHeldCards) {}
 
 ChartPlay ChartReader::Play(const StartingHand& hand) {
     HandLooks looks{};
@@ -19,6 +25,7 @@ ChartPlay ChartReader::Play(const StartingHand& hand) {
     for (std::size_t held = 0; held < kSubsets; ++held) {
         if (play.rowOf[held] != play.row) continue;
         if (first || hand.values[held] < hand.values[play.held]) play.held = held;
+        if (first || hand.values[held] > hand.values[play.luckiest]) play.luckiest = held;
         first = false;
     }
     return play;

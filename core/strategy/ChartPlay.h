@@ -10,8 +10,9 @@
 
 struct ChartPlay {
     std::array<std::size_t, kSubsets> rowOf{};  // by hold, the first that fits; the size for none
-    std::size_t row = 0;   // the one that decides; the chart's size when none does
-    std::size_t held = 0;  // what counts as held: the worst hold of the row
+    std::size_t row = 0;       // the one that decides; the chart's size when none does
+    std::size_t held = 0;      // what counts as held: the worst hold of the row
+    std::size_t luckiest = 0;  // the best hold of the row
 };
 
 // Quick for many hands, since holds that look alike are read once.

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::int64_t kHandsBetweenReports = 4096;
-
 HoldMask MaskOf(std::size_t held) {
     HoldMask mask = 0;
     for (std::size_t i = 0; i < kHandSize; ++i) {
@@ -20,11 +18,10 @@ HoldMask MaskOf(std::size_t held) {
 
 class Student {
   public:
-    Student(const Terms& terms, const Chart& chart, const LineTables& tables)
-        : tables(tables), reader(terms, chart), examples(chart.size()), right(chart.size()) {}
+    Student(const Chart& chart, const LineTables& tables)
+        : tables(tables), examples(chart.size()), right(chart.size()) {}
 
-    void Add(const StartingHand& hand) {
-        const ChartPlay play = reader.Play(hand);
+    void Add(const StartingHand& hand, const ChartPlay& play) {
         const auto best =
             static_cast<std::size_t>(std::ranges::max_element(hand.values) - hand.values.begin());
         const std::int64_t cost = hand.values[best] - hand.values[play.held];
@@ -69,7 +66,6 @@ class Student {
     }
 
     const LineTables& tables;
-    ChartReader reader;
     std::vector<HeldHand> examples;
     std::vector<bool> right;
     std::map<std::pair<std::size_t, std::size_t>, ExceptionGroup> groups;
@@ -81,15 +77,15 @@ ChartStudy StudyChart(const StartingHands& hands, const Terms& terms, Chart char
                       const Progress& progress) {
     ChartStudy study;
     study.chart = std::move(chart);
-    study.grade = GradeChart(hands, terms, study.chart, progress);
-    study.cancelled = study.grade.cancelled;
-    if (study.cancelled) return study;
-    Student student(terms, study.chart, hands.Tables());
-    std::int64_t visited = 0;
-    study.cancelled = !hands.ForEach([&](const StartingHand& hand) {
-        student.Add(hand);
-        return ++visited % kHandsBetweenReports != 0 || !progress || progress(1);
-    });
+    ChartGrader grader(study.chart, hands);
+    Student student(study.chart, hands.Tables());
+    study.cancelled = !ForEachPlay(hands, terms, study.chart, progress,
+                                   [&](const StartingHand& hand, const ChartPlay& play) {
+                                       grader.Add(hand, play);
+                                       student.Add(hand, play);
+                                   });
+    grader.grade.cancelled = study.cancelled;
+    study.grade = std::move(grader.grade);
     study.examples = student.Examples();
     study.exceptions = student.Groups();
     return study;

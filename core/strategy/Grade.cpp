@@ -1,87 +1,10 @@
 #include "core/strategy/Grade.h"
 
-#include <algorithm>
-
-#include "core/strategy/LookIndex.h"
+#include "core/strategy/ChartPlay.h"
 
 namespace {
 
 constexpr std::int64_t kHandsBetweenReports = 4096;
-
-// Finds the row of each hand.
-class Grader {
-  public:
-    Grader(const Terms& terms, const Chart& chart, const LineTables& tables)
-        : terms(terms), chart(chart), tables(tables) {
-        const bool all = std::ranges::any_of(chart, [](const Row& row) {
-            return row.AsksOfDiscards() || row.suitedWild != Condition::kAny;
-        });
-        at = all ? LookAt::kDiscardsToo : LookAt::kHeldCards;
-        grade.rows.resize(chart.size());
-    }
-
-    void Add(const StartingHand& hand) {
-        LookAtHand(terms, hand, at, looks);
-        std::array<std::size_t, kSubsets> rowOf{};
-        std::size_t row = chart.size();
-        for (std::size_t held = 0; held < kSubsets; ++held) {
-            rowOf[held] = FirstRow(looks[held]);
-            row = std::min(row, rowOf[held]);
-        }
-        // Without a row, all is discarded.
-        std::int64_t least = hand.values[0];
-        std::int64_t most = least;
-        bool first = row < chart.size();
-        for (std::size_t held = 0; held < kSubsets && row < chart.size(); ++held) {
-            if (rowOf[held] != row) continue;
-            least = first ? hand.values[held] : std::min(least, hand.values[held]);
-            most = first ? hand.values[held] : std::max(most, hand.values[held]);
-            first = false;
-        }
-        const auto weighted = [&hand](std::int64_t value) {
-            return static_cast<Worth>(value) * hand.weight;
-        };
-        grade.best += weighted(hand.best);
-        grade.worst += weighted(least);
-        grade.bestReading += weighted(most);
-        if (least != most) grade.ambiguousHands += hand.weight;
-        grade.hands += hand.weight;
-        RowGrade& decided = row < chart.size() ? grade.rows[row] : grade.rest;
-        decided.hands += hand.weight;
-        decided.loss += weighted(hand.best - least);
-        const bool right = hand.best == least;
-        const bool hasExample = !decided.example[0].IsEmpty();
-        const std::size_t place = std::min(row, chart.size());
-        if (hasExample && (!right || exampleIsRight[place])) return;
-        for (std::size_t i = 0; i < kHandSize; ++i) {
-            decided.example[i] = tables.ToFace(hand.cards[i]);
-        }
-        exampleIsRight[place] = right;
-    }
-
-    ChartGrade grade;
-
-  private:
-    std::size_t FirstRow(HoldLook look) {
-        const std::uint32_t number = index.NumberOf(look);
-        if (number == firstRows.size()) {
-            const HoldTraits hold = TraitsOf(terms, look);
-            const auto fits = [&](const Row& row) { return Fits(row, hold, terms); };
-            firstRows.push_back(
-                static_cast<std::uint32_t>(std::ranges::find_if(chart, fits) - chart.begin()));
-        }
-        return firstRows[number];
-    }
-
-    const Terms& terms;
-    const Chart& chart;
-    const LineTables& tables;
-    LookAt at = LookAt::kHeldCards;
-    HandLooks looks{};
-    LookIndex index;
-    std::vector<std::uint32_t> firstRows;  // by number of the look; the chart's size for none
-    std::vector<bool> exampleIsRight = std::vector<bool>(chart.size() + 1);  // by row, then rest
-};
 
 // The digits of a number that is not negative.
 std::string Digits(Worth number) {
@@ -95,18 +18,55 @@ std::string Digits(Worth number) {
 
 }  // namespace
 
+ChartGrader::ChartGrader(const Chart& chart, const StartingHands& hands)
+    : tables(hands.Tables()), exampleIsRight(chart.size() + 1) {
+    grade.rows.resize(chart.size());
+    grade.partsOfCoin = hands.PartsOfCoin();
+}
+
+void ChartGrader::Add(const StartingHand& hand, const ChartPlay& play) {
+    const std::int64_t least = hand.values[play.held];
+    const std::int64_t most = hand.values[play.luckiest];
+    const auto weighted = [&hand](std::int64_t value) {
+        return static_cast<Worth>(value) * hand.weight;
+    };
+    grade.best += weighted(hand.best);
+    grade.worst += weighted(least);
+    grade.bestReading += weighted(most);
+    if (least != most) grade.ambiguousHands += hand.weight;
+    grade.hands += hand.weight;
+    RowGrade& decided = play.row < grade.rows.size() ? grade.rows[play.row] : grade.rest;
+    decided.hands += hand.weight;
+    decided.loss += weighted(hand.best - least);
+    const bool right = hand.best == least;
+    const bool hasExample = !decided.example[0].IsEmpty();
+    if (hasExample && (!right || exampleIsRight[play.row])) return;
+    for (std::size_t i = 0; i < kHandSize; ++i) {
+        decided.example[i] = tables.ToFace(hand.cards[i]);
+    }
+    exampleIsRight[play.row] = right;
+}
+
+bool ForEachPlay(
+    const StartingHands& hands, const Terms& terms, const Chart& chart, const Progress& progress,
+    const std::function<void(const StartingHand& hand, const ChartPlay& play)>& visit) {
+    ChartReader reader(terms, chart);
+    std::int64_t visited = 0;
+    std::int64_t done = 0;
+    return hands.ForEach([&](const StartingHand& hand) {
+        visit(hand, reader.Play(hand));
+        done += hand.weight;
+        if (++visited % kHandsBetweenReports != 0 || !progress) return true;
+        return progress(static_cast<double>(done) / static_cast<double>(hands.Count()));
+    });
+}
+
 ChartGrade GradeChart(const StartingHands& hands, const Terms& terms, const Chart& chart,
                       const Progress& progress) {
-    Grader grader(terms, chart, hands.Tables());
-    std::int64_t visited = 0;
-    const auto visit = [&](const StartingHand& hand) {
-        grader.Add(hand);
-        if (++visited % kHandsBetweenReports != 0 || !progress) return true;
-        return progress(static_cast<double>(grader.grade.hands) /
-                        static_cast<double>(hands.Count()));
-    };
-    grader.grade.cancelled = !hands.ForEach(visit);
-    grader.grade.partsOfCoin = hands.PartsOfCoin();
+    ChartGrader grader(chart, hands);
+    grader.grade.cancelled =
+        !ForEachPlay(hands, terms, chart, progress,
+                     [&grader](const auto& hand, const auto& play) { grader.Add(hand, play); });
     return grader.grade;
 }
 

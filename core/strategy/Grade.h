@@ -10,6 +10,8 @@
 #include "core/strategy/Row.h"
 #include "core/strategy/StartingHands.h"
 
+struct ChartPlay;
+
 // Parts of a coin, summed over starting hands.
 using Worth = Int128;
 
@@ -36,8 +38,26 @@ struct ChartGrade {
     Worth Bet() const { return static_cast<Worth>(hands) * partsOfCoin * kFullBet; }
 };
 
-// The progress is asked from time to time, with the share done, and ends the work by false.
-using Progress = std::function<bool(double done)>;
+// Adds up hands to a grade.
+class ChartGrader {
+  public:
+    // Of such hands, which outlive the grader.
+    ChartGrader(const Chart& chart, const StartingHands& hands);
+
+    void Add(const StartingHand& hand, const ChartPlay& play);
+
+    ChartGrade grade;
+
+  private:
+    const LineTables& tables;
+    std::vector<bool> exampleIsRight;  // by row, then rest
+};
+
+// Calls visit for all starting hands, with what the chart makes of each. False when it was ended.
+bool ForEachPlay(const StartingHands& hands, const Terms& terms, const Chart& chart,
+                 const Progress& progress,
+                 const std::function<void(const StartingHand& hand, const ChartPlay& play)>& visit);
+
 ChartGrade GradeChart(const StartingHands& hands, const Terms& terms, const Chart& chart,
                       const Progress& progress = {});
 

@@ -17,6 +17,9 @@ __extension__ using Int128 = __int128;
 inline constexpr std::size_t kSubsets = 32;
 inline constexpr std::size_t kAllCards = kSubsets - 1;
 
+// Long work asks from time to time, with the share done, and ends at the answer false.
+using Progress = std::function<bool(double done)>;
+
 struct StartingHand {
     SortedCards cards{};
     std::int64_t weight = 0;                      // hands of the class
