@@ -1,7 +1,12 @@
 #include "game/engine/Autoplay.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <tuple>
+#include <utility>
 
+#include "core/analysis/BestHold.h"
 #include "game/engine/BestPlay.h"
 #include "game/engine/Dealing.h"
 #include "game/engine/Money.h"
@@ -21,11 +26,44 @@ void ChoosePile(GameEngine& engine, const GameFiles& files) {
     HoldCards(engine, left ? kStandPat : kPlayersTwo);
 }
 
-void PlayHand(GameEngine& engine, const GameFiles& files) {
+// Finds the best hold of each hand, and of the others nothing: they are most of the work.
+class BestHoldChooser {
+  public:
+    explicit BestHoldChooser(GameEngine& engine) : tables(LineTablesOf(engine)) {
+        const MachineSettings& settings = engine.settings;
+        if (!BestHoldFinder::Serves(engine.payTable)) return;
+        finder.emplace(tables, engine.payTable, settings.bet, settings.coin);
+    }
+
+    void Analyze(GameEngine& engine) {
+        if (!finder) return AnalyzeDealtHand(engine);
+        std::array<std::pair<SetCard, std::size_t>, kHandSize> cards;
+        for (std::size_t i = 0; i < kHandSize; ++i) {
+            cards[i] = {tables.ToSetCard(FaceOf(engine.deck.table, engine.dealtCopy[i])), i};
+        }
+        std::ranges::sort(cards);
+        std::array<SetCard, kHandSize> sorted;
+        Placement placement;
+        for (std::size_t i = 0; i < kHandSize; ++i) std::tie(sorted[i], placement[i]) = cards[i];
+        finder->Look(sorted);
+        finder->Best(placement, best);
+        engine.analysis.best = best.mask;
+        engine.analysis.bestReturn = best.expectedReturn;
+        engine.analysis.holds[static_cast<std::size_t>(best.mask)].expectedReturn =
+            best.expectedReturn;
+    }
+
+  private:
+    const LineTables& tables;
+    std::optional<BestHoldFinder> finder;
+    BestHold best;
+};
+
+void PlayHand(GameEngine& engine, const GameFiles& files, BestHoldChooser& chooser) {
     if (engine.settings.credits < engine.settings.bet) EnterDollars(engine, kDollarsEntered);
     engine.settings.credits = AddCapped(engine.settings.credits, -engine.settings.bet);
     engine.deck.DrawTop(kCardsOfHand);
-    DealOrDraw(engine, files);
+    DealOrDraw(engine, files, [&chooser](GameEngine& dealt) { chooser.Analyze(dealt); });
     if (IsPickEm(engine)) {
         ChoosePile(engine, files);
     } else {
@@ -42,10 +80,13 @@ std::int64_t PlayHands(GameEngine& engine, const GameFiles& files, std::int64_t 
     if (engine.payTable.lines.empty()) return 0;
     engine.settings.mode = PlayMode::kAutoHold;
     engine.fixedHand = false;
-    for (std::int64_t played = 0; played < hands;) {
-        PlayHand(engine, files);
+    BestHoldChooser chooser(engine);
+    std::int64_t played = 0;
+    while (played < hands) {
+        PlayHand(engine, files, chooser);
         ++played;
-        if (progress && !progress(played)) return played;
+        if (progress && !progress(played)) break;
     }
-    return std::max<std::int64_t>(hands, 0);
+    if (played > 0) AnalyzeDealtHand(engine);  // what is left behind is a hand like any other
+    return played;
 }

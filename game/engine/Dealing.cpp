@@ -82,7 +82,7 @@ void ClassifyDeal(GameEngine& engine) {
     engine.charlieOnDeal = engine.charlieNow;
 }
 
-void Deal(GameEngine& engine, const GameFiles& files) {
+void Deal(GameEngine& engine, const GameFiles& files, const HandAnalyzer& analyze) {
     engine.held = {};
     engine.playedHold.reset();
     engine.hand = kNoCards;
@@ -96,7 +96,7 @@ void Deal(GameEngine& engine, const GameFiles& files) {
         DealFromTop(engine);
     }
     engine.dealtCopy = engine.hand;
-    AnalyzeDealtHand(engine);
+    analyze(engine);
     ClassifyDeal(engine);
     engine.readyToDeal = engine.handOver = false;
 }
@@ -161,9 +161,9 @@ void HoldCards(GameEngine& engine, HoldMask mask) {
     for (std::size_t i = 0; i < kHandSize; ++i) engine.held[i] = Holds(mask, i);
 }
 
-int DealOrDraw(GameEngine& engine, const GameFiles& files) {
+int DealOrDraw(GameEngine& engine, const GameFiles& files, const HandAnalyzer& analyze) {
     if (!engine.readyToDeal) return Draw(engine);
-    Deal(engine, files);
+    Deal(engine, files, analyze);
     return 0;
 }
 

@@ -109,6 +109,7 @@ TEST_F(AutoplayTest, DollarsAreEnteredExactlyWhenTheCreditsDoNotCoverTheBet) {
 
 TEST_F(AutoplayTest, ARunEndsWhenItIsTold) {
     EXPECT_EQ(PlayHands(engine, files, 1000, [](std::int64_t played) { return played < 17; }), 17);
+    EXPECT_GT(engine.analysis.holds[0].totalHands, 0) << "the last hand is known whole";
     EXPECT_EQ(engine.statistics.handsPlayed.total, 17);
     EXPECT_EQ(PlayHands(engine, files, 0, {}), 0);
     EXPECT_EQ(PlayHands(engine, files, -5, {}), 0);
