@@ -153,11 +153,12 @@ void LineTables::DescribeDeck(const PayTable& table) {
             wild[kind][suit] = IsWildCard(deck, rank, static_cast<int>(suit) + 1);
         }
         const auto wilds = std::ranges::count(wild[kind], true);
+        partlyWild[kind] = wilds > 0 && wilds < kSuits;
         for (std::size_t suit = 0; suit < kSuits; ++suit) {
             SuitView& view = views[kind][suit];
             view.suits = extra ? extraBit : 1U << suit;
             view.naturalSuits = wild[kind][suit] ? 0 : view.suits;
-            view.wildByFace = wild[kind][suit] && wilds < kSuits ? 1 : 0;
+            view.wildByFace = wild[kind][suit] && partlyWild[kind] ? 1 : 0;
         }
     }
 }
@@ -199,8 +200,10 @@ void LineTables::CountFours(const Building& building) {
         for (std::size_t suit = 0; suit < kSuits; ++suit) {
             withNatural[suit] = ViewNumber(view + SuitView{1U << suit, 1U << suit, 0});
         }
+        const bool suitsMatter =
+            std::ranges::adjacent_find(withNatural, std::not_equal_to()) != withNatural.end();
         auto& row = fours[number];
-        ForEachFurtherCard(cards, [&](SetCard card, int copies, std::uint32_t key) {
+        const auto add = [&](SetCard card, int copies, std::uint32_t key) {
             const bool natural = card.kind != kExtraKind && !IsWild(card);
             const std::size_t with =
                 natural ? withNatural[card.suit] : ViewNumber(view + CardView(card));
@@ -209,7 +212,12 @@ void LineTables::CountFours(const Building& building) {
                 line = static_cast<std::int8_t>(building.LineOf(WithCard(cards, card)));
             }
             row[LaneOf(line)] = static_cast<std::uint8_t>(row[LaneOf(line)] + copies);
-        });
+        };
+        if (suitsMatter) {
+            ForEachFurtherCard(cards, add);
+        } else {
+            ForEachFurtherCard<true>(cards, add);
+        }
     });
 }
 
@@ -240,8 +248,9 @@ void LineTables::CountFromLarger(Rows<Count>& rows) const {
 }
 
 // Calls visit(card, copies, key) for every card of the deck outside the sorted set, with the key of
-// the set that it makes; jokers, which are alike, come as one card and their number.
-template <typename Visitor>
+// the set that it makes; jokers, which are alike, come as one card and their number. Where suits do
+// not matter, so do cards of a kind that are wild together or not at all, with any suit in the key.
+template <bool kKindsTogether, typename Visitor>
 void LineTables::ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const {
     // A card that takes a place moves those behind it by one.
     std::array<std::uint32_t, SetKey::kPlaces> before{};
@@ -256,6 +265,12 @@ void LineTables::ForEachFurtherCard(std::span<const SetCard> cards, Visitor visi
         return before[place] + SetKey::Add(static_cast<int>(place), card) + behind[place];
     };
     for (std::uint8_t kind = 0; kind < kExtraKind; ++kind) {
+        if (kKindsTogether && !partlyWild[kind]) {
+            int free = kSuits;
+            for (; place < cards.size() && cards[place].kind == kind; ++place) --free;
+            if (free > 0) visit(SetCard{kind, 0}, free, keyWith({kind, 0}));
+            continue;
+        }
         for (std::uint8_t suit = 0; suit < kSuits; ++suit) {
             const SetCard card{kind, suit};
             if (place < cards.size() && cards[place] == card) {

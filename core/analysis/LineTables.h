@@ -123,7 +123,7 @@ class LineTables {
     void CountFromLarger(Rows<Count>& rows) const;
     void ClassifyHeld(const Building& building);
     std::uint32_t SuitState(std::span<const SetCard> cards) const;
-    template <typename Visitor>
+    template <bool kKindsTogether = false, typename Visitor>
     void ForEachFurtherCard(std::span<const SetCard> cards, Visitor visit) const;
 
     int deckSize = 0;               // cards
@@ -132,6 +132,7 @@ class LineTables {
     CardFace extraFace;
     bool coloursCount = false;  // a line asks for cards of one colour
     std::array<std::array<bool, kSuits>, kMaxKinds> wild{};
+    std::array<bool, kMaxKinds> partlyWild{};  // in some suits, not in all
     std::array<std::array<SuitView, kSuits>, kMaxKinds> views{};
 
     std::vector<SetClasses> classes;  // by size - 1
